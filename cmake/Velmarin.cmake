@@ -1,0 +1,43 @@
+# What every folder's CMakeLists.txt uses.
+
+option(VELMARIN_WERROR "Treat warnings as errors" ON)
+option(VELMARIN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+
+add_library(velmarin_options INTERFACE)
+target_compile_features(velmarin_options INTERFACE cxx_std_20)
+target_compile_options(velmarin_options INTERFACE -Wall -Wextra -Wpedantic $<$<BOOL:${VELMARIN_WERROR}>:-Werror>)
+if(VELMARIN_SANITIZE)
+  target_compile_options(velmarin_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                    -fno-omit-frame-pointer)
+  target_link_options(velmarin_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# velmarin_library(NAME SOURCES ... LINKS ...): the library of the present folder.
+#
+# A folder's headers are included as "folder/File.h". They are reached through a directory of links that holds this one
+# folder alone, so that a folder that is not linked cannot be included: the order of the folders is kept by the compiler.
+function(velmarin_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  get_filename_component(folder ${CMAKE_CURRENT_SOURCE_DIR} NAME)
+  set(root ${CMAKE_BINARY_DIR}/include/${folder})
+  file(MAKE_DIRECTORY ${root})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${root}/${folder} SYMBOLIC)
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${root})
+  target_link_libraries(${name} PUBLIC velmarin_options ${ARG_LINKS})
+endfunction()
+
+# velmarin_test(NAME SOURCES ... LINKS ... [WIDGETS]): a GoogleTest program. WIDGETS gives it a QApplication on the
+# offscreen platform; without it no Qt is linked.
+function(velmarin_test name)
+  cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE velmarin_options velmarin_test_support ${ARG_LINKS})
+  if(ARG_WIDGETS)
+    target_link_libraries(${name} PRIVATE velmarin_widget_test_main)
+  else()
+    target_link_libraries(${name} PRIVATE GTest::gtest GTest::gtest_main)
+  endif()
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+endfunction()

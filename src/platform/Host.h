@@ -1,0 +1,40 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+/// What the system asks of its host. One implementation over Qt, and a scripted one for tests.
+class Host {
+  public:
+    virtual ~Host() = default;
+
+    /// A modal message with an OK button. Text in UTF-8; line ends CR, LF or CR LF.
+    virtual void MsgBox(std::string_view text) = 0;
+
+    enum class Answer { Yes = 6, No = 7 };
+    /// A modal question with the buttons Yes and No. Closing it means No.
+    virtual Answer askYesNo(std::string_view text) = 0;
+
+    /// The keys as they are at this moment, not as of some event.
+    virtual bool AsyncShiftKey() = 0;
+    virtual bool AsyncCommandKey() = 0;
+    virtual bool AsyncOptionKey() = 0;
+
+    /// A folder chosen by the user; empty where the dialog was cancelled.
+    virtual std::filesystem::path SelectFolder(std::string_view prompt) = 0;
+    /// A file chosen by the user among those with the given extensions (".txt", none: all); empty where cancelled.
+    virtual std::filesystem::path GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) = 0;
+
+    /// Opens a file or folder in the host's own browser. False where the host could not.
+    virtual bool Launch(const std::filesystem::path& item) = 0;
+
+    /// Lets waiting events run, at most every 30 ms: cheap enough to call in the innermost pass of a long loop.
+    virtual void Yield() = 0;
+};
+
+} // namespace velmarin

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+/// A reference to a file or folder, which may not exist. Default-made it is nil: using a nil one raises
+/// NilObjectException. Symbolic links are the system's aliases.
+class FolderItem {
+  public:
+    FolderItem() = default;
+    explicit FolderItem(std::filesystem::path path);
+
+    bool isNil() const { return path_.empty(); }
+    /// The path as it was reached: links in it are not resolved.
+    const std::filesystem::path& path() const;
+    /// The absolute path without ".", ".." and links, which is the same for every way to one item.
+    std::string AbsolutePath() const;
+
+    std::string Name() const;
+    /// Something is there, links followed: a link to nothing does not exist.
+    bool Exists() const;
+    bool Directory() const;
+    bool regularFile() const;
+    /// The item itself is a link.
+    bool Alias() const;
+    /// Its name does not begin with a point.
+    bool Visible() const;
+    FolderItem Parent() const;
+
+    /// The item called `name` in this folder: the exact name first, then one that is equal when case and Unicode
+    /// composition are ignored (the first in listing order). Where there is none, an item that does not exist.
+    /// A name that is no single path component (empty, ".", "..", with "/" or NUL) gives one that does not exist and
+    /// cannot be made.
+    FolderItem Child(std::string_view name) const;
+
+    /// All items of the folder in ListingOrder, links as they stand. Empty where it cannot be listed.
+    std::vector<FolderItem> items() const;
+    /// This item with a link followed; a link to nothing stays as it is.
+    FolderItem resolved() const;
+
+    /// Makes the folder, and says whether it is there afterwards.
+    bool CreateAsFolder() const;
+
+    friend bool operator==(const FolderItem& a, const FolderItem& b) { return a.path_ == b.path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+} // namespace velmarin

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "store/AtomicFile.h"
+#include "store/DictionaryItem.h"
+#include "store/FolderItem.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmarin {
+
+/// A row of the group pop-up: the name as it stands in the folder (an alias's own), and the folder with aliases followed.
+struct GroupRow {
+    std::string name;
+    FolderItem folder;
+};
+
+/// The groups of a `DictionaryFolder` by name: every visible folder in it, aliases of folders included.
+std::vector<GroupRow> listGroups(const FolderItem& dictionaryFolder);
+
+/// `DictionaryPreferences.txt`, both as a window writes it (with modes) and as the order editor does (names alone).
+struct GroupPreferences {
+    struct Entry {
+        std::string name;
+        int ImageMode = 0;
+    };
+    std::string groupName;
+    bool separately = false;
+    std::vector<Entry> dictionaries;
+};
+GroupPreferences parseGroupPreferences(std::string_view text);
+/// Line 1: name, TAB, "1" or "0", TAB. Then name, TAB, mode, a line each. LF ends.
+std::string formatGroupPreferences(const GroupPreferences& preferences);
+
+using DictionaryList = std::vector<std::shared_ptr<DictionaryItem>>;
+
+/// A group as read from its folder.
+struct ReadGroup {
+    std::string groupName;
+    bool separately = false;
+    /// In display order: those of the preferences file (kept even where they fail to load), then the others by name
+    /// (kept only where they load, with "Adjust by width").
+    DictionaryList dictionaries;
+};
+
+/// Reads a group. A folder that does not exist is made, after the message "Threre are no dictionaries."; a nil one raises
+/// NilObjectException. `afterEach` is called after each dictionary, so that a caller can keep its window alive.
+ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
+
+/// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.
+struct WindowPlacement {
+    int left = 0, top = 0, width = 0, height = 0;
+};
+/// Missing numbers are 0; nothing for a file that is missing or unreadable.
+std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder);
+WriteResult writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement);
+
+} // namespace velmarin

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+/// The search words of one dictionary in file order (`IND`): one buffer of text with 32-bit offsets.
+///
+/// firstGreater answers for any list what the plain loop from the front would, the first entry greater than the word:
+/// it bisects over the running maximum, which is kept only for a list that turns out not to be sorted.
+class HeadwordIndex {
+  public:
+    void reserve(std::size_t entries, std::size_t bytes);
+    /// Words are upper-case forms already; their order is that of their bytes. False where the 4 GiB are full.
+    bool append(std::string_view word);
+    /// To be called once after the last append.
+    void finish();
+
+    std::size_t size() const;
+    std::string_view operator[](std::size_t i) const;
+    bool sorted() const;
+
+    /// The first i with word < (*this)[i]; size() where there is none. `word` is an upper-case form.
+    std::size_t firstGreater(std::string_view word) const;
+
+    /// Bytes held, for measuring.
+    std::size_t memory() const;
+
+  private:
+    std::string text_;
+    std::vector<std::uint32_t> ends_;
+    std::vector<std::uint32_t> runningMaximum_;
+    bool sorted_ = true;
+};
+
+} // namespace velmarin

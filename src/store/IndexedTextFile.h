@@ -1,0 +1,38 @@
+#pragma once
+
+#include "store/FolderItem.h"
+#include "store/TextFile.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmarin {
+
+/// A text file whose lines are asked for by number. The places of its lines are noted as far as a question needs and
+/// kept; a file whose size, identity or time of change differs is read anew. Nothing of its text is kept.
+class IndexedTextFile {
+  public:
+    IndexedTextFile() = default;
+    explicit IndexedTextFile(FolderItem file);
+
+    const FolderItem& item() const { return file_; }
+
+    enum class Status { Found, NoSuchLine, NoFile };
+    struct Line {
+        Status status = Status::NoFile;
+        std::string text;
+    };
+    /// Line `number`, counted from 1, without its end.
+    Line line(std::uint64_t number);
+
+  private:
+    FolderItem file_;
+    FileStamp stamp_;
+    std::vector<std::uint64_t> everyNth_;
+    std::uint64_t knownLines_ = 0;
+    std::uint64_t knownTo_ = 0;
+};
+
+} // namespace velmarin

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QPointer>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+class MenuPopup;
+class RowModel;
+
+/// A small flat button: a plain one (`clicked`), one that stays pressed in (`setToggle`, then `isChecked`), or one that
+/// opens a menu (`rowChosen`). It takes the focus by Tab alone, so that a click leaves the typing where it is.
+///
+/// The menu's rows count from 0; `MenuValue` is the current one. What code changes emits nothing.
+class BevelButton : public QAbstractButton {
+    Q_OBJECT
+  public:
+    explicit BevelButton(std::string_view caption = {}, QWidget* parent = nullptr);
+    ~BevelButton() override;
+
+    std::string Caption() const;
+    void setCaption(std::string_view caption);
+
+    /// Each click then presses it in or lets it out. `setChecked` does so from code.
+    void setToggle(bool toggle) { setCheckable(toggle); }
+
+    /// Marks it as a menu button even while it has no rows. The first added row does so too.
+    void setHasMenu(bool hasMenu);
+    bool hasMenu() const { return hasMenu_; }
+
+    void AddRow(std::string text);
+    void AddSeparator();
+    /// All rows at once, in place of those that there were.
+    void setRows(std::vector<std::string> texts);
+    void DeleteAllRows();
+    /// Takes a row out; a row that is not there stays so. The rows behind move up, and `MenuValue` with them; where the
+    /// row was the current one, it counts as not set.
+    void RemoveRow(int row);
+    int rowCount() const;
+    /// The row's text byte for byte as it was added; empty for separators and rows that are not there.
+    std::string List(int row) const;
+
+    /// 0 where nothing has been set since the rows were last deleted.
+    int MenuValue() const { return menuValue_; }
+    /// Held to the rows that there are; without rows nothing is set.
+    void setMenuValue(int row);
+    bool menuValueSet() const { return menuValueSet_; }
+
+    /// The button then shows its current row instead of its caption, once one has been set.
+    void setShowsCurrentRow(bool shows);
+
+    /// What stands on the button: as a whole, and as it is painted.
+    QString wholeText() const;
+    QString shownText() const;
+
+    /// Opens the menu as Space does. Nothing happens without rows, or where the menu is open.
+    void openMenu();
+    bool menuIsOpen() const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  signals:
+    /// The user picked a row, be it the current one again. `MenuValue` is that row.
+    void rowChosen(int row);
+
+  protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void showPopup(bool byMouse);
+    void closePopup();
+    void choose(int row);
+    void rowsChanged();
+    QRect textRect() const;
+    QFont textFont() const;
+    void paintFrame(QPainter& painter) const;
+    void paintArrow(QPainter& painter) const;
+
+    RowModel* rows_;
+    QPointer<MenuPopup> popup_;
+    int menuValue_ = 0;
+    bool menuValueSet_ = false;
+    bool hasMenu_ = false;
+    bool showsCurrentRow_ = false;
+};
+
+} // namespace velmarin

@@ -1,0 +1,165 @@
+#include "controls/MenuPopup.h"
+
+#include "controls/RowDelegate.h"
+#include "controls/RowModel.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace velmarin {
+
+namespace {
+
+constexpr int mostVisibleRows = 30;
+constexpr int widestPopup = 520;
+constexpr int measuredRows = 600;
+
+} // namespace
+
+MenuList::MenuList(QWidget* parent) : QListView(parent) {
+    setUniformItemSizes(true);
+    setFrameShape(QFrame::NoFrame);
+    setMouseTracking(true);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setTextElideMode(Qt::ElideMiddle);
+}
+
+void MenuList::ignoreReleaseAt(const QPoint& globalPosition) {
+    opening_ = true;
+    openedAt_ = globalPosition;
+}
+
+void MenuList::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (model()->flags(currentIndex()).testFlag(Qt::ItemIsEnabled))
+            emit picked(currentIndex().row());
+        return;
+    case Qt::Key_Escape:
+    case Qt::Key_F4:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        emit dismissed();
+        return;
+    default:
+        QListView::keyPressEvent(event);
+    }
+}
+
+void MenuList::mouseMoveEvent(QMouseEvent* event) {
+    // No autoscroll here, as QListView does while a button is down: rows would run away under the pointer.
+    const QModelIndex under = indexAt(event->position().toPoint());
+    if (viewport()->rect().contains(event->position().toPoint()) && under.flags().testFlag(Qt::ItemIsEnabled))
+        selectionModel()->setCurrentIndex(under, QItemSelectionModel::ClearAndSelect);
+}
+
+void MenuList::mousePressEvent(QMouseEvent*) {
+    opening_ = false;
+}
+
+void MenuList::mouseReleaseEvent(QMouseEvent* event) {
+    const QPoint moved = event->globalPosition().toPoint() - openedAt_;
+    const bool ofTheOpeningPress = opening_ && moved.manhattanLength() < QApplication::startDragDistance();
+    opening_ = false;
+    if (ofTheOpeningPress || event->button() != Qt::LeftButton)
+        return;
+    const QModelIndex under = indexAt(event->position().toPoint());
+    if (viewport()->rect().contains(event->position().toPoint()) && under.flags().testFlag(Qt::ItemIsEnabled))
+        emit picked(under.row());
+}
+
+MenuPopup::MenuPopup(RowModel* rows, int currentRow, QWidget* owner)
+    : QFrame(owner, Qt::Popup), rows_(rows), currentRow_(currentRow), owner_(owner), list_(new MenuList(this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(list_);
+    list_->setItemDelegate(new MenuRowDelegate(currentRow, list_));
+    list_->setModel(rows);
+    list_->setAccessibleName(owner->accessibleName());
+    setFocusProxy(list_);
+    connect(list_, &MenuList::picked, this, &MenuPopup::picked);
+    connect(list_, &MenuList::dismissed, this, &QWidget::close);
+}
+
+void MenuPopup::open(bool byMouse) {
+    place();
+    if (currentRow_ >= 0) {
+        const QModelIndex current = rows_->index(currentRow_);
+        list_->setCurrentIndex(current);
+        list_->scrollTo(current, QAbstractItemView::PositionAtCenter);
+    }
+    if (byMouse)
+        list_->ignoreReleaseAt(QCursor::pos());
+    show();
+    list_->setFocus(Qt::PopupFocusReason);
+}
+
+int MenuPopup::contentWidth(int visibleRows) const {
+    const QFontMetrics metrics(list_->font());
+    int widest = 0;
+    const auto measure = [&](int row) {
+        if (rows_->has(row))
+            widest = std::max(widest, metrics.horizontalAdvance(rows_->index(row).data().toString()));
+    };
+    const int first = std::max(0, currentRow_ - visibleRows);
+    for (int row = first; row < first + 2 * visibleRows; ++row)
+        measure(row);
+    // Of a long list a sample tells what the rest looks like; a row that is wider still is cut short.
+    const int step = std::max(1, rows_->count() / measuredRows);
+    for (int row = 0; row < rows_->count(); row += step)
+        measure(row);
+    return widest + MenuRowDelegate::sideRoom;
+}
+
+void MenuPopup::place() {
+    const QRect button(owner_->mapToGlobal(QPoint(0, 0)), owner_->size());
+    const QScreen* screen = owner_->screen();
+    const QRect room = screen->availableGeometry();
+    const int frame = 2 * frameWidth();
+    const int rowHeight = std::max(1, list_->sizeHintForRow(0));
+    const int wanted = std::min(rows_->count(), mostVisibleRows) * rowHeight + frame;
+
+    const int below = room.bottom() - button.bottom();
+    const int above = button.top() - room.top();
+    const bool under = wanted <= below || below >= above;
+    const int height = std::clamp(wanted, std::min(rowHeight + frame, room.height()),
+                                  std::max(under ? below : above, rowHeight + frame));
+
+    const int visibleRows = (height - frame) / rowHeight;
+    int width = contentWidth(visibleRows) + frame;
+    if (visibleRows < rows_->count())
+        width += list_->verticalScrollBar()->sizeHint().width();
+    width = std::min({std::max(width, button.width()), std::max(widestPopup, button.width()), room.width()});
+
+    const int left = std::clamp(button.left(), room.left(), room.right() + 1 - width);
+    const int top = under ? button.bottom() + 1 : button.top() - height;
+    setGeometry(left, std::clamp(top, room.top(), std::max(room.top(), room.bottom() + 1 - height)), width, height);
+}
+
+void MenuPopup::mousePressEvent(QMouseEvent* event) {
+    if (rect().contains(event->position().toPoint()))
+        return;
+    // A press on the button itself closes the menu; handed on to it, it would open it again.
+    const QPoint onOwner = owner_->mapFromGlobal(event->globalPosition().toPoint());
+    setAttribute(Qt::WA_NoMouseReplay, owner_->rect().contains(onOwner));
+    close();
+}
+
+void MenuPopup::hideEvent(QHideEvent* event) {
+    QFrame::hideEvent(event);
+    emit closed();
+}
+
+} // namespace velmarin

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QFrame>
+#include <QListView>
+
+namespace velmarin {
+
+class RowModel;
+
+/// The list inside a MenuPopup: highlights the row under the pointer, picks on release or Enter, searches as one types.
+class MenuList : public QListView {
+    Q_OBJECT
+  public:
+    explicit MenuList(QWidget* parent);
+
+    /// A release this close to where the pointer was when the list opened belongs to the press that opened it.
+    void ignoreReleaseAt(const QPoint& globalPosition);
+
+  signals:
+    void picked(int row);
+    void dismissed();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    bool opening_ = false;
+    QPoint openedAt_;
+};
+
+/// The rows of a menu button as a pop-up window: opens at once however many rows there are, stays inside the screen,
+/// and closes by a pick, Escape or a press elsewhere. Destroys itself when closed.
+class MenuPopup : public QFrame {
+    Q_OBJECT
+  public:
+    /// `currentRow` is marked and shown; -1: none.
+    MenuPopup(RowModel* rows, int currentRow, QWidget* owner);
+
+    /// Shows it beside its owner. `byMouse`: the button is still down, and its release over another row picks that.
+    void open(bool byMouse);
+
+  signals:
+    void picked(int row);
+    void closed();
+
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    int contentWidth(int visibleRows) const;
+    void place();
+
+    RowModel* rows_;
+    int currentRow_;
+    QWidget* owner_;
+    MenuList* list_;
+};
+
+} // namespace velmarin

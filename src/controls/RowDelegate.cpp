@@ -1,0 +1,61 @@
+#include "controls/RowDelegate.h"
+
+#include "controls/FittedText.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+namespace velmarin {
+
+int RowDelegate::textWidth(int width) const {
+    return width - 2 * (QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+}
+
+bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString text = index.data().toString();
+    const bool cut = view->fontMetrics().horizontalAdvance(text) > textWidth(option.rect.width());
+    QToolTip::showText(event->globalPos(), cut ? text.toHtmlEscaped() : QString(), view);
+    return true;
+}
+
+void MenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const QRect row = option.rect;
+    const bool enabled = index.flags().testFlag(Qt::ItemIsEnabled);
+    if (!enabled) {
+        const DevicePixels device(*painter);
+        QRect line = device.rect(row);
+        const int inset = device.length(6);
+        line = QRect(line.left() + inset, line.center().y(), line.width() - 2 * inset, device.length(1));
+        painter->fillRect(line, option.palette.color(QPalette::Mid));
+        return;
+    }
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    if (selected)
+        painter->fillRect(row, option.palette.brush(QPalette::Highlight));
+    const QColor ink = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    painter->save();
+    if (index.row() == currentRow_) {
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(ink);
+        painter->drawEllipse(QPointF(row.left() + markRoom / 2.0, row.center().y() + 0.5), 2.5, 2.5);
+    }
+    painter->setPen(ink);
+    painter->setFont(option.font);
+    const QRect text = row.adjusted(markRoom, 0, -rightPadding, 0);
+    painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      elidedInMiddle(option.font, index.data().toString(), text.width()));
+    painter->restore();
+}
+
+QSize MenuRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+    return {sideRoom, option.fontMetrics.height() + 4};
+}
+
+} // namespace velmarin

@@ -1,0 +1,70 @@
+#include "platform/Busy.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace velmarin {
+
+BusyState::BusyState(Post post) : post_(std::move(post)), self_(std::make_shared<BusyState*>(this)) {}
+
+void BusyState::whenFree(Action action) {
+    if (!busy() && waiting_.empty()) {
+        action();
+        return;
+    }
+    waiting_.push_back(std::move(action));
+    if (!busy())
+        postNext();
+}
+
+std::shared_ptr<void> BusyState::onChange(Listener listener) {
+    auto kept = std::make_shared<Listener>(std::move(listener));
+    listeners_.push_back(kept);
+    return kept;
+}
+
+void BusyState::begin() {
+    if (++guards_ == 1)
+        tell(true);
+}
+
+void BusyState::end() {
+    if (--guards_ > 0)
+        return;
+    tell(false);
+    if (!waiting_.empty())
+        postNext();
+}
+
+void BusyState::tell(bool busy) {
+    std::erase_if(listeners_, [](const auto& listener) { return listener.expired(); });
+    // A copy, since a listener may add or drop listeners.
+    const auto told = listeners_;
+    for (const auto& listener : told)
+        if (const auto held = listener.lock())
+            (*held)(busy);
+}
+
+void BusyState::postNext() {
+    if (posted_)
+        return;
+    posted_ = true;
+    post_([self = std::weak_ptr<BusyState*>(self_)] {
+        if (const auto held = self.lock())
+            (*held)->runNext();
+    });
+}
+
+void BusyState::runNext() {
+    posted_ = false;
+    // The turn may come inside a loop that has begun since: its end posts anew.
+    if (busy() || waiting_.empty())
+        return;
+    const Action action = std::move(waiting_.front());
+    waiting_.pop_front();
+    if (!waiting_.empty())
+        postNext();
+    action();
+}
+
+} // namespace velmarin

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace velmarin {
+
+/// Knows whether a loop that pumps events is under way, so that commands that would pull the ground from under it can
+/// be refused (`busy()`), greyed out (`onChange`) or put off to its end (`whenFree`). Owned by the application object
+/// and handed on by reference; used on the main thread only.
+class BusyState {
+  public:
+    using Action = std::function<void()>;
+    using Listener = std::function<void(bool busy)>;
+    /// Runs the given action later, from the event loop, and never before it returns itself. See EventLoopPost.h.
+    using Post = std::function<void(Action)>;
+
+    explicit BusyState(Post post);
+    BusyState(const BusyState&) = delete;
+    BusyState& operator=(const BusyState&) = delete;
+
+    bool busy() const { return guards_ > 0; }
+
+    /// Runs `action` at once where nothing is under way and nothing waits. Otherwise it waits: once the last guard has
+    /// ended the waiting actions run from the event loop, in the order in which they came, one a turn of the loop, so
+    /// that whatever the loop's owner still does after its guard is done first. An action that finds a new guard held
+    /// goes on waiting. What it throws reaches the event loop; those behind it still run. An action outlives whoever
+    /// put it off, so it must look whether what it works on is still there.
+    void whenFree(Action action);
+
+    /// `listener` is told true as the first guard begins and false as the last one ends, until the returned handle is
+    /// dropped. It must not throw.
+    [[nodiscard]] std::shared_ptr<void> onChange(Listener listener);
+
+  private:
+    friend class Busy;
+
+    void begin();
+    void end();
+    void tell(bool busy);
+    void postNext();
+    void runNext();
+
+    Post post_;
+    int guards_ = 0;
+    bool posted_ = false;
+    std::deque<Action> waiting_;
+    std::vector<std::weak_ptr<Listener>> listeners_;
+    std::shared_ptr<BusyState*> self_; // lets a posted turn see that the state has died
+};
+
+/// Held by a loop that pumps events, for as long as it runs. Guards nest.
+class Busy {
+  public:
+    explicit Busy(BusyState& state) : state_(state) { state_.begin(); }
+    ~Busy() { state_.end(); }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    BusyState& state_;
+};
+
+} // namespace velmarin

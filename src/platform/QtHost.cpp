@@ -1,0 +1,135 @@
+#include "platform/QtHost.h"
+
+#include "platform/QtText.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QUrl>
+
+#include <memory>
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::chrono::milliseconds pumpInterval{30};
+constexpr qsizetype shownCharacters = 2000;
+constexpr qsizetype shownLines = 24;
+
+QString shownText(std::string_view text) {
+    QString shown = toQ(text);
+    shown.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    shown.replace(u'\r', u'\n');
+    shown.replace(QChar(u'\0'), QChar(QChar::ReplacementCharacter));
+    return shown;
+}
+
+QString firstLines(const QString& text) {
+    qsizetype end = 0;
+    for (qsizetype line = 0; line < shownLines; ++line) {
+        end = text.indexOf(u'\n', end);
+        if (end < 0)
+            break;
+        ++end;
+    }
+    const qsizetype length = std::min(end < 0 ? text.size() : end, shownCharacters);
+    return length == text.size() ? text : text.left(length).trimmed() + QChar(0x2026);
+}
+
+QWidget* dialogParent() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+/// The button that closed a box. The box may die with its parent while it is up, which counts as closing it.
+QMessageBox::StandardButton run(QMessageBox::Icon icon, std::string_view text, QMessageBox::StandardButtons buttons,
+                                QMessageBox::StandardButton escape) {
+    const QString whole = shownText(text);
+    const QString shown = firstLines(whole);
+    QPointer<QMessageBox> box =
+        new QMessageBox(icon, QGuiApplication::applicationDisplayName(), shown, buttons, dialogParent());
+    // Names of files and dictionaries stand in these texts: none of it is markup.
+    box->setTextFormat(Qt::PlainText);
+    if (shown != whole)
+        box->setDetailedText(whole);
+    box->setEscapeButton(escape);
+    const int result = box->exec();
+    if (box.isNull())
+        return escape;
+    delete box;
+    return static_cast<QMessageBox::StandardButton>(result);
+}
+
+} // namespace
+
+QtHost::QtHost(Clock clock) : clock_(std::move(clock)) {}
+
+void QtHost::MsgBox(std::string_view text) {
+    run(QMessageBox::Warning, text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+Host::Answer QtHost::askYesNo(std::string_view text) {
+    const auto button = run(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+bool QtHost::AsyncShiftKey() {
+    return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
+}
+
+bool QtHost::AsyncCommandKey() {
+    return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ControlModifier);
+}
+
+bool QtHost::AsyncOptionKey() {
+    return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::AltModifier);
+}
+
+std::filesystem::path QtHost::SelectFolder(std::string_view prompt) {
+    const QString chosen = QFileDialog::getExistingDirectory(dialogParent(), toQ(prompt), pathToQ(lastFolder_));
+    if (chosen.isEmpty())
+        return {};
+    lastFolder_ = pathFromQ(chosen);
+    return lastFolder_;
+}
+
+std::filesystem::path QtHost::GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) {
+    QStringList patterns;
+    for (const std::string& extension : extensions)
+        patterns << QLatin1String("*") + toQ(extension);
+    const QString filter =
+        patterns.isEmpty() ? QString() : QLatin1String("(") + patterns.join(u' ') + QLatin1String(")");
+    const QString chosen = QFileDialog::getOpenFileName(dialogParent(), toQ(prompt), pathToQ(lastFolder_), filter);
+    if (chosen.isEmpty())
+        return {};
+    const std::filesystem::path file = pathFromQ(chosen);
+    lastFolder_ = file.parent_path();
+    return file;
+}
+
+bool QtHost::Launch(const std::filesystem::path& item) {
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(item, error);
+    if (error || !std::filesystem::exists(whole, error))
+        return false;
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(pathToQ(whole)));
+}
+
+void QtHost::Yield() {
+    if (pumping_ || clock_() - lastPump_ < pumpInterval)
+        return;
+    pumping_ = true;
+    const auto done = [this](void*) {
+        pumping_ = false;
+        lastPump_ = clock_();
+    };
+    const std::unique_ptr<void, decltype(done)> guard(this, done);
+    QCoreApplication::processEvents();
+}
+
+} // namespace velmarin

@@ -22,4 +22,11 @@ struct WriteResult {
 WriteResult writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
                                 Durability durability = Durability::Flushed);
 
+/// Removes what killed runs have left in a folder: the temporary files and folders (store/TemporaryName.h) that no
+/// process holds locked. Every flushed write does this for its own folder first.
+void clearLeftoverTemporaries(const std::filesystem::path& folder);
+
+/// What the system says of an error number.
+std::string errorInWords(int error);
+
 } // namespace velmarin

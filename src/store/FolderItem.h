@@ -29,6 +29,8 @@ class FolderItem {
     bool regularFile() const;
     /// The item itself is a link.
     bool Alias() const;
+    /// Its name is taken, even if only by a link to nothing.
+    bool occupied() const;
     /// Its name does not begin with a point.
     bool Visible() const;
     FolderItem Parent() const;
@@ -52,5 +54,14 @@ class FolderItem {
   private:
     std::filesystem::path path_;
 };
+
+/// Whether a name is one path component that a folder can hold: not empty, not "." or "..", no "/" and no NUL.
+bool isMemberName(std::string_view name);
+
+/// What ListingOrder would make of them, with the capitals of each name worked out once.
+std::vector<std::string> sortedByListingOrder(std::vector<std::string> names);
+
+/// The names in a folder in ListingOrder; nothing where it cannot be listed.
+std::optional<std::vector<std::string>> listNames(const std::filesystem::path& folder);
 
 } // namespace velmarin

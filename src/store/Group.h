@@ -12,7 +12,8 @@
 
 namespace velmarin {
 
-/// A row of the group pop-up: the name as it stands in the folder (an alias's own), and the folder with aliases followed.
+/// A row of the group pop-up: the name as it stands in the folder (an alias's own), and the folder with aliases
+/// followed.
 struct GroupRow {
     std::string name;
     FolderItem folder;
@@ -46,8 +47,8 @@ struct ReadGroup {
     DictionaryList dictionaries;
 };
 
-/// Reads a group. A folder that does not exist is made, after the message "Threre are no dictionaries."; a nil one raises
-/// NilObjectException. `afterEach` is called after each dictionary, so that a caller can keep its window alive.
+/// Reads a group. A folder that does not exist is made, after the message "Threre are no dictionaries."; a nil one
+/// raises NilObjectException. `afterEach` is called after each dictionary, so that a caller can keep its window alive.
 ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
 
 /// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/Descriptor.h"
 #include "store/FolderItem.h"
 
 #include <cstddef>
@@ -7,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmarin {
 
@@ -24,22 +26,26 @@ class ReadOnlyFile {
   public:
     /// Nothing where the file is missing, is no regular file or cannot be read.
     static std::optional<ReadOnlyFile> open(const FolderItem& item);
-    ReadOnlyFile(ReadOnlyFile&& other) noexcept;
-    ReadOnlyFile& operator=(ReadOnlyFile&& other) noexcept;
-    ~ReadOnlyFile();
 
     FileStamp stamp() const;
     /// Up to `count` bytes from `offset`; 0 at the end of the file and on an error.
     std::size_t read(std::uint64_t offset, char* to, std::size_t count) const;
-    int descriptor() const { return descriptor_; }
+    int descriptor() const { return descriptor_.number(); }
 
   private:
-    explicit ReadOnlyFile(int descriptor) : descriptor_(descriptor) {}
-    int descriptor_ = -1;
+    explicit ReadOnlyFile(Descriptor descriptor) : descriptor_(std::move(descriptor)) {}
+    Descriptor descriptor_;
 };
 
 /// The whole of a regular file, or nothing (missing, no regular file, unreadable, or longer than `limit` bytes).
 std::optional<std::string> readWholeFile(const FolderItem& item, std::uint64_t limit = std::uint64_t{1} << 31);
+
+/// Whether a file's last change lies so far back that a further one would show in its stamp. The time of a change is
+/// coarse: a file rewritten in place within the same tick, at the same length, keeps its stamp.
+bool settled(const FileStamp& stamp);
+
+/// The first bytes of a file, at most `most`.
+std::string readFileStart(const ReadOnlyFile& file, std::size_t most);
 
 /// Takes a text apart into lines that end in LF, CR or CR LF; the last needs no end, and an end at the very end starts
 /// no further line. A byte-order mark at the start belongs to no line.
@@ -54,6 +60,33 @@ class LineReader {
 
   private:
     std::string_view text_;
+    std::size_t at_ = 0;
+};
+
+/// The lines of a file, by the rules of LineReader, through a window of fixed size, whatever the length of the file.
+class FileLineReader {
+  public:
+    /// `file` must outlive the reader; `offset` is where a line begins.
+    explicit FileLineReader(const ReadOnlyFile& file, std::uint64_t offset = 0);
+
+    bool EOF_();
+    /// The next line without its end; what goes beyond kLongestLine bytes is left out. Empty at the end of the file.
+    std::string ReadLine();
+    void skipLine() { takeLine(nullptr); }
+    /// Where the next line begins, in bytes.
+    std::uint64_t position() const { return windowAt_ + at_; }
+
+    static constexpr std::size_t kLongestLine = std::size_t{1} << 24;
+    static constexpr std::size_t kWindow = std::size_t{1} << 16;
+
+  private:
+    bool refill();
+    void takeLine(std::string* line);
+
+    const ReadOnlyFile& file_;
+    std::vector<char> window_;
+    std::uint64_t windowAt_ = 0;
+    std::size_t filled_ = 0;
     std::size_t at_ = 0;
 };
 

@@ -1,0 +1,37 @@
+#include "store/DataModule.h"
+
+#include "text/StringRules.h"
+
+#include <chrono>
+#include <ctime>
+
+namespace velmarin {
+
+std::string mDataMod_MakeDateName() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    std::string name;
+    for (const int part : {local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec})
+        name += Format(part, "00");
+
+    using Microseconds = std::chrono::duration<double, std::micro>;
+    const double sinceStart = Microseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+    const std::string digits = Format(sinceStart, "#.######");
+    const std::string last = digits.size() > 6 ? digits.substr(digits.size() - 6) : digits;
+    for (const char c : last) {
+        if (c != '.' && c != ',')
+            name += c;
+    }
+    return name;
+}
+
+std::string mDataMod_ConvertBooleanToString(bool b) {
+    return b ? "True" : "False";
+}
+
+std::string mDataMod_ConvertBooleanTo1or0(bool b) {
+    return b ? "1" : "0";
+}
+
+} // namespace velmarin

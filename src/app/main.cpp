@@ -1,0 +1,56 @@
+#include "platform/QtHost.h"
+#include "platform/QtText.h"
+#include "shell/App.h"
+#include "shell/Application.h"
+#include "shell/PictureRun.h"
+#include "store/FolderItem.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QTimer>
+
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+bool hasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (const char* value = std::getenv(name); value != nullptr && *value != '\0')
+            return true;
+    return false;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    velmarin::StartRequest request;
+    CLI::App options("Velmarin finds a word in scanned dictionaries and shows the page on which it stands.", "velmarin");
+    options.add_option("--group", request.group, "Open with this group picked")->option_text("NAME");
+    options.add_option("--picture", request.pictureFile, "Save a picture of the window to this file and end")
+        ->option_text("FILE");
+    options.add_option("WORD", request.word, "Search this word in the group");
+    options.set_version_flag("--version", "velmarin " VELMARIN_VERSION);
+    try {
+        options.parse(argc, argv);
+    } catch (const CLI::ParseError& failure) {
+        return options.exit(failure) == 0 ? 0 : 2;
+    }
+    if (!hasDisplay()) {
+        std::cerr << "velmarin: there is no display. To save a picture without one: ./run --picture FILE [--group NAME] [WORD]\n";
+        return 2;
+    }
+
+    QCoreApplication::setApplicationName(QStringLiteral("velmarin"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VELMARIN_VERSION));
+    velmarin::Application qt(argc, argv);
+    velmarin::QtHost host;
+    qt.setHost(&host);
+    velmarin::App app(host, velmarin::FolderItem(velmarin::fromQ(QCoreApplication::applicationDirPath())),
+                      VELMARIN_VERSION);
+    QTimer::singleShot(0, &app, [&app, &request] {
+        app.Event_Open();
+        velmarin::runStartRequest(app, request);
+    });
+    return velmarin::Application::exec();
+}

@@ -1,0 +1,109 @@
+#include "search/ControlSet.h"
+
+#include "controls/AnchoredLayout.h"
+#include "controls/BevelButton.h"
+#include "controls/QtText.h"
+#include "controls/TabPanel.h"
+#include "search/WindowState.h"
+#include "view/SmartCanvas.h"
+
+#include <array>
+
+namespace velmarin {
+
+namespace {
+
+struct ButtonPlan {
+    BevelButton* ControlSet::*member;
+    const char* name;
+    const char* caption;
+    const char* accessibleName;
+    const char* toolTip;
+    int left, width;
+};
+
+// In the order of the layout from left to right, which is also the order of the Tab key.
+constexpr std::array<ButtonPlan, 8> kButtons{{
+    {&ControlSet::BVback, "BVback", "Back", "Previous page", "Previous page (Ctrl+Left)", 18, 70},
+    {&ControlSet::BVnext, "BVnext", "Next", "Next page", "Next page (Ctrl+Right)", 91, 70},
+    {&ControlSet::BVup, "BVup", "Up", "One screenful up", "One screenful up (Ctrl+Up)", 167, 70},
+    {&ControlSet::BVdown, "BVdown", "Down", "One screenful down", "One screenful down (Ctrl+Down)", 239, 70},
+    {&ControlSet::BVjump, "BVjump", "Page", "Page", "Go to a page", 331, 80},
+    {&ControlSet::BVHistory, "BVHistory", "History", "History",
+     "Pages seen (back with Ctrl+Alt+Left, forward with Ctrl+Alt+Right)", 414, 80},
+    {&ControlSet::BVErrata, "BVErrata", "Errata", "Errata", "Further pages of this entry", 501, 80},
+    {&ControlSet::BVimage, "BVimage", "Image size", "Image size", "How the page fits the window", 582, 96},
+}};
+
+constexpr int kButtonTop = 67;
+constexpr int kButtonHeight = 16;
+
+/// A place of the window's layout in the coordinates of a tab's panel.
+QRect onPanel(int left, int top, int width, int height) {
+    return {left - design::kTabPanelLeft, top - design::kTabPanelTop - TabPanel::kBarHeight, width, height};
+}
+
+} // namespace
+
+ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
+    ControlSet set;
+    auto* layout = new AnchoredLayout(
+        panel, QSize(design::kTabPanelWidth, design::kTabPanelHeight - TabPanel::kBarHeight));
+    const auto nameIt = [index](QWidget* control, const char* name) {
+        control->setObjectName(QStringLiteral("%1.%2").arg(QLatin1String(name)).arg(index));
+    };
+    for (const ButtonPlan& plan : kButtons) {
+        auto* button = new BevelButton(panel);
+        button->setCaption(plan.caption);
+        button->setAccessibleName(QString::fromUtf8(plan.accessibleName));
+        button->setToolTip(QString::fromUtf8(plan.toolTip));
+        button->setEnabled(false);
+        nameIt(button, plan.name);
+        layout->add(button, onPanel(plan.left, kButtonTop, plan.width, kButtonHeight), Anchor::Left | Anchor::Top);
+        set.*plan.member = button;
+    }
+    set.BVjump->setShowsCurrentRow(true);
+    set.BVimage->setShowsCurrentRow(true);
+    set.BVjump->setHasMenu(true);
+    set.BVErrata->setHasMenu(true);
+    set.BVimage->setRows({"Adjust by height", "Original size", "Adjust by width"});
+    set.resetHistory();
+
+    set.ImageNameST = new QLabel(panel);
+    nameIt(set.ImageNameST, "ImageNameST");
+    set.ImageNameST->setAccessibleName(QStringLiteral("Name of the page image"));
+    set.ImageNameST->setTextFormat(Qt::PlainText);
+    set.ImageNameST->setStyleSheet(QStringLiteral("color: #ff8000"));
+    layout->add(set.ImageNameST, onPanel(679, 67, 135, 18), Anchor::Left | Anchor::Top | Anchor::Right);
+
+    set.MainCanvas = new SmartCanvas(host, panel);
+    nameIt(set.MainCanvas, "MainCanvas");
+    set.MainCanvas->setAccessibleName(QStringLiteral("Page"));
+    layout->add(set.MainCanvas, onPanel(18, 84, 796, 714),
+                Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
+    return set;
+}
+
+void ControlSet::reset() const {
+    BVjump->DeleteAllRows();
+    BVErrata->DeleteAllRows();
+    BVErrata->setEnabled(false);
+    resetHistory();
+    enablePaging(false);
+    ImageNameST->clear();
+    MainCanvas->dropImage();
+    MainCanvas->Refresh();
+}
+
+void ControlSet::resetHistory() const {
+    BVHistory->DeleteAllRows();
+    BVHistory->AddRow("Delete");
+    BVHistory->AddSeparator();
+}
+
+void ControlSet::enablePaging(bool enabled) const {
+    for (BevelButton* button : {BVnext, BVback, BVjump, BVHistory, BVimage, BVup, BVdown})
+        button->setEnabled(enabled);
+}
+
+} // namespace velmarin

@@ -1,0 +1,70 @@
+#include "search/HitList.h"
+
+#include "controls/AnchoredLayout.h"
+#include "controls/BevelButton.h"
+#include "controls/ListBox.h"
+#include "controls/QtText.h"
+#include "controls/TabPanel.h"
+#include "search/PageDeck.h"
+#include "view/SmartCanvas.h"
+
+namespace velmarin {
+
+namespace {
+
+constexpr QRect kSilentInfo{11, 804, 803, 8};
+constexpr QRect kSpeakingInfo{11, 784, 803, 20};
+
+} // namespace
+
+HitList::HitList(WindowState& state, PageDeck& deck, QWidget* parent, AnchoredLayout& layout)
+    : QObject(parent), state_(state), deck_(deck), layout_(layout), LB_(new ListBox(parent)),
+      InfoST_(new QLabel(parent)) {
+    LB_->setObjectName(QStringLiteral("LB"));
+    LB_->setAccessibleName(QStringLiteral("Hits, one dictionary a row"));
+    LB_->hide();
+    layout.add(LB_, QRect(5, 52, 140, 740), Anchor::Left | Anchor::Top | Anchor::Bottom);
+    InfoST_->setObjectName(QStringLiteral("InfoST"));
+    InfoST_->setAccessibleName(QStringLiteral("Message about the page"));
+    InfoST_->setTextFormat(Qt::PlainText);
+    InfoST_->setStyleSheet(QStringLiteral("color: #ff0000"));
+    layout.add(InfoST_, kSilentInfo, Anchor::Left | Anchor::Right | Anchor::Bottom);
+    connect(LB_, &ListBox::Change, this, &HitList::LB_Change);
+}
+
+void HitList::setInfo(const std::string& text) {
+    InfoST_->setText(toQ(text));
+    InfoST_->setToolTip(toQ(text));
+    InfoST_->setAutoFillBackground(!text.empty());
+    layout_.setRect(InfoST_, text.empty() ? kSilentInfo : kSpeakingInfo);
+    InfoST_->raise();
+    InfoST_->repaint();
+}
+
+void HitList::LB_Change() {
+    setInfo("");
+    const int row = LB_->ListIndex();
+    if (LB_->SelCount() != 1 || row < 0 || row >= static_cast<int>(state_.pHiteItems.size()))
+        return;
+    showHit(HitItem(state_.pHiteItems[static_cast<std::size_t>(row)]));
+}
+
+void HitList::showHit(const HitItem& hit) {
+    const ControlSet& target = deck_.set(0);
+    target.BVjump->DeleteAllRows();
+    deck_.showErrata(0, {});
+    state_.pListMode_CurrentDicNum = hit.DictionaryNumber;
+    deck_.TB()->setCaption(0, hit.DictionaryName);
+    const std::shared_ptr<DictionaryItem> item = state_.dictionary(hit.DictionaryNumber);
+    target.MainCanvas->setMode(target.BVimage->MenuValue());
+    if (!target.MainCanvas->SetPicture(item->ImageFolder.Child(hit.ImageName))) {
+        setInfo("We cant finde the picture. This dictionary has some probleme: " + hit.DictionaryName);
+        target.MainCanvas->dropImage();
+    }
+    target.MainCanvas->Refresh();
+    deck_.mMakeBVjump(hit.DictionaryNumber);
+    target.BVjump->setMenuValue(item->ImageDictionary.value(hit.ImageName));
+    deck_.showErrata(0, hit.PageImageName);
+}
+
+} // namespace velmarin

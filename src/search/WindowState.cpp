@@ -1,0 +1,14 @@
+#include "search/WindowState.h"
+
+#include "text/NilObjectException.h"
+#include "text/StringRules.h"
+
+namespace velmarin {
+
+std::shared_ptr<DictionaryItem> WindowState::dictionary(int index) const {
+    if (index < 0 || index >= static_cast<int>(pDictionaryItem.size()))
+        throw NilObjectException("There is no dictionary number " + Str(index) + " in this group.");
+    return pDictionaryItem[static_cast<std::size_t>(index)];
+}
+
+} // namespace velmarin

@@ -1,0 +1,65 @@
+#include "shell/AboutPanel.h"
+
+#include "controls/AnchoredLayout.h"
+#include "controls/QtText.h"
+#include "shell/Artwork.h"
+
+#include <QEvent>
+
+namespace velmarin {
+
+namespace {
+
+constexpr QSize kLogoSize{96, 28};
+
+QString aboutText() {
+    return QStringLiteral("Velmarin\n\n"
+                          "finds a word in scanned dictionaries and shows the page on which it stands.\n\n"
+                          "Pick a group of dictionaries at the top left, type a word and press Return.\n\n"
+                          "With thanks to all who scanned, indexed and shared old dictionaries, and to the makers "
+                          "of the libraries that Velmarin stands on: Qt, Leptonica, GraphicsMagick, utf8proc and "
+                          "PCRE2.\n\n"
+                          "This text disappears immediately when you execute a search.");
+}
+
+} // namespace
+
+AboutPanel::AboutPanel(QWidget* parent, AnchoredLayout& layout)
+    : QObject(parent), LOGO_(new QLabel(parent)), AboutST_(new QLabel(aboutText(), parent)) {
+    LOGO_->setObjectName(QStringLiteral("LOGO"));
+    LOGO_->setAccessibleName(QStringLiteral("Logo"));
+    LOGO_->installEventFilter(this);
+    layout.add(LOGO_, QRect(QPoint(723, 3), kLogoSize), Anchor::Top | Anchor::Right);
+    showLogo();
+
+    AboutST_->setObjectName(QStringLiteral("AboutST"));
+    AboutST_->setTextFormat(Qt::PlainText);
+    AboutST_->setWordWrap(true);
+    AboutST_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    AboutST_->setStyleSheet(QStringLiteral("color: #000080"));
+    AboutST_->installEventFilter(this);
+    layout.add(AboutST_, QRect(554, 155, 247, 570), Anchor::Top | Anchor::Right | Anchor::Bottom);
+}
+
+void AboutPanel::append(const std::string& text) { AboutST_->setText(AboutST_->text() + toQ(text)); }
+
+void AboutPanel::hideAbout() { AboutST_->hide(); }
+
+void AboutPanel::showLogo() {
+    const qreal ratio = LOGO_->devicePixelRatioF();
+    LOGO_->setPixmap(shownLogo_ == 0 ? Selorin_Logo_VerySmall(kLogoSize, ratio) : Halvenmark(kLogoSize, ratio));
+}
+
+bool AboutPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Enter) {
+        if (watched == AboutST_)
+            hideAbout();
+        if (watched == LOGO_) {
+            shownLogo_ = 1 - shownLogo_;
+            showLogo();
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace velmarin

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Busy.h"
+#include "platform/Host.h"
+#include "search/GroupPicks.h"
+#include "shell/PreferenceWriter.h"
+#include "shell/ThisAppliModule.h"
+
+#include <QObject>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+class MainWindow;
+
+/// The application object: holds all main windows and what they share, and handles the commands that need no window.
+class App : public QObject {
+    Q_OBJECT
+
+  public:
+    /// @param applicationFolder the folder that holds the program, beside which dictionaries and preferences stand
+    /// @param version "major.minor"
+    App(Host& host, const FolderItem& applicationFolder, std::string version);
+    ~App() override;
+
+    /// The first event of a run: opens the modules and makes the first window.
+    void Event_Open();
+    /// Makes a main window if a group is free for it; nothing where every group has one.
+    void mMakeNewMainWin();
+
+    /// All main windows in order of making. A closed window stays, and answers as one without a pick.
+    const std::vector<std::unique_ptr<MainWindow>>& MainWinList() const { return windows_; }
+    MainWindow* ActiveMainWin = nullptr;
+    SelectedDicRows SelectedDic;
+    ThisAppliModule module;
+
+    Host& host() { return host_; }
+    BusyState& busy() { return busy_; }
+    PreferenceWriter& preferences() { return preferences_; }
+
+    /// Takes the rows in use from the windows anew.
+    void rebuildSelectedDic();
+    /// The caption of a window's row in the menu "Mainwindow".
+    void setWinItemText(int index, const std::string& text);
+    const std::vector<std::string>& winItems() const { return winItems_; }
+
+    bool handles(std::string_view command) const;
+    /// Runs a command of the application's own. False for a name that it does not handle.
+    bool handle(std::string_view command, int index);
+
+    /// Closes all windows, which write their preferences, and ends the run.
+    void quit();
+
+  private:
+    void showVersion(MainWindow& window) const;
+
+    Host& host_;
+    FolderItem applicationFolder_;
+    std::string version_;
+    BusyState busy_;
+    PreferenceWriter preferences_;
+    std::vector<std::unique_ptr<MainWindow>> windows_;
+    std::vector<std::string> winItems_{"Default Window"};
+};
+
+} // namespace velmarin

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QPixmap>
+#include <QSize>
+
+namespace velmarin {
+
+/// The program's own pictures, drawn at the asked size (logical pixels) for a screen of the given device pixel ratio,
+/// so that they are sharp on every screen and cannot be missing.
+QPixmap Selorin_Logo_VerySmall(QSize size, qreal devicePixelRatio);
+QPixmap Halvenmark(QSize size, qreal devicePixelRatio);
+/// The pictures of the look-up and the find target, and of the button that empties a field.
+QPixmap DicApp(QSize size, qreal devicePixelRatio);
+QPixmap Find(QSize size, qreal devicePixelRatio);
+QPixmap Close(QSize size, qreal devicePixelRatio);
+
+} // namespace velmarin

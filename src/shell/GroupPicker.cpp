@@ -1,0 +1,84 @@
+#include "shell/GroupPicker.h"
+
+#include "controls/AnchoredLayout.h"
+#include "controls/PopupMenu.h"
+#include "controls/QtText.h"
+#include "shell/App.h"
+#include "shell/MainWindow.h"
+#include "store/Group.h"
+#include "text/StringRules.h"
+
+namespace velmarin {
+
+GroupPicker::GroupPicker(App& app, MainWindow& window, QWidget* parent, AnchoredLayout& layout)
+    : QObject(parent), app_(app), window_(window), SelectDicFolPU_(new PopupMenu(parent)) {
+    SelectDicFolPU_->setObjectName(QStringLiteral("SelectDicFolPU"));
+    SelectDicFolPU_->setAccessibleName(QStringLiteral("Dictionary group"));
+    layout.add(SelectDicFolPU_, QRect(11, 3, 160, 20), Anchor::Left | Anchor::Top);
+    connect(SelectDicFolPU_, &PopupMenu::aboutToChoose, this, &GroupPicker::SelectDicFolPU_MouseEnter);
+    connect(SelectDicFolPU_, &PopupMenu::MouseDown, this, [this] { window_.SelectDicFolPU_MouseDown(); });
+    connect(SelectDicFolPU_, &PopupMenu::Change, this, &GroupPicker::SelectDicFolPU_Change);
+}
+
+void GroupPicker::mMakeSelectDicPU() {
+    SelectDicFolPU_->DeleteAllRows();
+    for (const GroupRow& row : listGroups(app_.module.pDictionaryFolder))
+        SelectDicFolPU_->AddRow(row.name, std::any(row.folder));
+}
+
+void GroupPicker::pickOnlyRow() {
+    if (SelectDicFolPU_->rowCount() == 1)
+        SelectDicFolPU_->setListIndex(0);
+}
+
+bool GroupPicker::pickNamed(const std::string& name) {
+    for (int row = 0; row < SelectDicFolPU_->rowCount(); ++row)
+        if (equalStrings(SelectDicFolPU_->List(row), name)) {
+            pSelectedDicIndex_ = SelectDicFolPU_->ListIndex();
+            SelectDicFolPU_->setListIndex(row);
+            return true;
+        }
+    return false;
+}
+
+int GroupPicker::rowCount() const { return SelectDicFolPU_->rowCount(); }
+
+WindowPick GroupPicker::pick() const {
+    const int row = SelectDicFolPU_->ListIndex();
+    return {row, row < 0 ? std::string() : SelectDicFolPU_->List(row)};
+}
+
+void GroupPicker::dropPick() {
+    SelectDicFolPU_->setListIndexQuietly(-1);
+    pSelectedDicIndex_ = -1;
+}
+
+void GroupPicker::SelectDicFolPU_MouseEnter() {
+    SelectDicFolPU_->setToolTip(toQ(app_.module.pSelectedDicTag));
+    // A pick that waits for the end of a search shows already, and is not yet one to go back to.
+    if (!app_.busy().busy())
+        pSelectedDicIndex_ = SelectDicFolPU_->ListIndex();
+}
+
+void GroupPicker::SelectDicFolPU_Change() {
+    const int row = SelectDicFolPU_->ListIndex();
+    if (row < 0)
+        return;
+    if (app_.busy().busy()) {
+        app_.busy().whenFree([this] { SelectDicFolPU_Change(); });
+        return;
+    }
+    if (app_.SelectedDic.contains(row)) {
+        SelectDicFolPU_->setListIndexQuietly(pSelectedDicIndex_);
+        return;
+    }
+    window_.changeGroup(std::any_cast<FolderItem>(SelectDicFolPU_->Tag(row)));
+    app_.rebuildSelectedDic();
+    app_.module.pSelectedDicTag = takenGroupsHelp(app_.SelectedDic, SelectDicFolPU_->rowCount());
+    pSelectedDicIndex_ = row;
+    SelectDicFolPU_->setToolTip(toQ(app_.module.pSelectedDicTag));
+    if (!app_.module.pSelectedDicTag.empty())
+        app_.setWinItemText(window_.pMyIndex, window_.title());
+}
+
+} // namespace velmarin

@@ -1,0 +1,267 @@
+#include "shell/MainWindow.h"
+
+#include "controls/AnchoredLayout.h"
+#include "controls/BevelButton.h"
+#include "controls/PopupMenu.h"
+#include "controls/ProgressBar.h"
+#include "controls/ListBox.h"
+#include "controls/QtText.h"
+#include "controls/TabPanel.h"
+#include "search/HitList.h"
+#include "search/PageDeck.h"
+#include "search/QueryBar.h"
+#include "search/Searcher.h"
+#include "shell/AboutPanel.h"
+#include "shell/App.h"
+#include "shell/GroupPicker.h"
+#include "text/NilObjectException.h"
+#include "view/SmartCanvas.h"
+
+#include <QCloseEvent>
+
+#include <array>
+
+namespace velmarin {
+
+namespace {
+
+struct WindowCommand {
+    std::string_view name;
+    void (*run)(PageDeck&, int index);
+};
+
+constexpr std::array<WindowCommand, 5> kCommands{{
+    {"TabBackNext", [](PageDeck& deck, int index) { deck.stepTab(index); }},
+    {"ImageBackNext", [](PageDeck& deck, int index) { deck.mNextBack(index, deck.TB()->Value()); }},
+    {"ImageUpDown", [](PageDeck& deck, int index) { deck.mUpDown(index, deck.TB()->Value()); }},
+    {"TabTopTail", [](PageDeck& deck, int index) { deck.goToEndTab(index); }},
+    {"ImageHistory", [](PageDeck& deck, int index) { deck.stepHistory(index); }},
+}};
+
+/// While set, control events that come of restoring a window's state write nothing.
+class Protection {
+  public:
+    explicit Protection(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~Protection() { flag_ = before_; }
+    Protection(const Protection&) = delete;
+    Protection& operator=(const Protection&) = delete;
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+
+} // namespace
+
+MainWindow::MainWindow(App& app) : app_(app) {
+    auto* content = new QWidget(this);
+    content->setMinimumSize(64, 64);
+    layout_ = new AnchoredLayout(content, QSize(design::kWindowWidth, design::kWindowHeight));
+    setCentralWidget(content);
+    menus_ = new MenuBar([this](std::string_view name, int index) { route(name, index); },
+                         [this](std::string_view name) { return handles(name) || app_.handles(name); }, this);
+    setMenuBar(menus_);
+    menus_->setWindowItems(app_.winItems());
+    menus_->setItemEnabled("SubwinDic", false);
+    menus_->setItemEnabled("SubwinFind", false);
+    makeParts();
+    setTitle("VELMARIN");
+    resize(design::kWindowWidth, design::kWindowHeight + menus_->sizeHint().height());
+    mSetSize();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::makeParts() {
+    QWidget* content = centralWidget();
+    groupPicker_ = new GroupPicker(app_, *this, content, *layout_);
+
+    SubWinBV_ = new BevelButton(content);
+    SubWinBV_->setObjectName(QStringLiteral("SubWinBV"));
+    SubWinBV_->setCaption("Subwindow");
+    SubWinBV_->setAccessibleName(QStringLiteral("Side window"));
+    SubWinBV_->setEnabled(false);
+    layout_->add(SubWinBV_, QRect(174, 3, 71, 28), Anchor::Left | Anchor::Top);
+
+    deck_ = new PageDeck(state_, app_.host(), content);
+    searcher_ = std::make_unique<Searcher>(
+        state_, *deck_, [this]() -> HitList& { return app_.MainWinList().front()->hitList(); });
+    queryBar_ = new QueryBar(state_, *searcher_, *deck_, app_.host(), app_.busy(), content, *layout_);
+    layout_->add(deck_->TB(),
+                 QRect(design::kTabPanelLeft, design::kTabPanelTop, design::kTabPanelWidth, design::kTabPanelHeight),
+                 Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
+    hitList_ = new HitList(state_, *deck_, content, *layout_);
+    about_ = new AboutPanel(content, *layout_);
+
+    connect(queryBar_, &QueryBar::finished, about_, &AboutPanel::hideAbout);
+    connect(queryBar_, &QueryBar::separatelyClicked, this, [this] {
+        if (!state_.pProtect)
+            mWritePreferences_DicGroup();
+    });
+}
+
+std::string MainWindow::title() const { return fromQ(windowTitle()); }
+
+void MainWindow::setTitle(const std::string& title) {
+    // Qt reads "[*]" in a title as the mark of an unsaved file.
+    setWindowTitle(toQ(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+}
+
+void MainWindow::appendToAbout(const std::string& text) { about_->append(text); }
+
+void MainWindow::bringToFront() {
+    show();
+    raise();
+    activateWindow();
+}
+
+void MainWindow::changeGroup(const FolderItem& group) {
+    {
+        const Busy guard(app_.busy());
+        mWritePreferences_DicGroup();
+        ReadDictionaryFolder(group);
+    }
+    queryBar_->SearchEF()->clear();
+    for (QWidget* control : std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB()})
+        control->setEnabled(true);
+    deck_->set(0).MainCanvas->dropImage();
+    deck_->set(0).MainCanvas->Refresh();
+}
+
+void MainWindow::SelectDicFolPU_MouseDown() {}
+
+void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
+    const Protection protection(state_.pProtect);
+    try {
+        state_.pDictionaryItem.clear();
+        ReadGroup read = readGroup(group, [this] { app_.host().Yield(); });
+        state_.pDictionaryGroupFolder = group;
+        state_.pDicGroupName = read.groupName;
+        setTitle(read.groupName);
+        queryBar_->SeparatelyCB()->setChecked(read.separately);
+        state_.pDictionaryItem = std::move(read.dictionaries);
+        mSetSize();
+        mInitialize();
+    } catch (const NilObjectException&) {
+        app_.host().MsgBox("Error: ReadDictionaryFolder 0");
+    }
+    app_.setWinItemText(pMyIndex, state_.pDicGroupName);
+}
+
+void MainWindow::mInitialize() {
+    deck_->reset();
+    const int count = static_cast<int>(state_.pDictionaryItem.size());
+    if (count == 0)
+        return;
+    if (count >= kFewestForList) {
+        state_.pListMode = true;
+        for (const auto& item : state_.pDictionaryItem) {
+            hitList_->LB()->AddRow(item->name);
+            item->ImageMode = kListModeImageMode;
+        }
+        deck_->set(0).BVimage->setMenuValue(kListModeImageMode);
+        const QRect list = layout_->rect(hitList_->LB());
+        QRect tabs = layout_->rect(deck_->TB());
+        tabs.setLeft(list.x() + list.width() + 5);
+        layout_->setRect(deck_->TB(), tabs);
+        hitList_->LB()->show();
+        return;
+    }
+    deck_->TB()->setCaption(0, state_.pDictionaryItem.front()->name);
+    bool unreadable = false;
+    for (int i = 0; i < count; ++i) {
+        const DictionaryItem& item = *state_.pDictionaryItem[static_cast<std::size_t>(i)];
+        if (i > 0)
+            deck_->mMakeNewTB(item);
+        try {
+            deck_->mMakeBVjump(i);
+        } catch (const NilObjectException&) {
+            // One dictionary without pages does not take the tabs of the others with it.
+            unreadable = true;
+        }
+        deck_->set(i).BVimage->setMenuValue(item.ImageMode);
+    }
+    if (unreadable)
+        throw NilObjectException("A dictionary of this group has no list of pages.");
+}
+
+void MainWindow::mSetSize() {
+    const Protection protection(state_.pProtect);
+    const auto placement = readWindowPlacement(app_.module.pThis_PreferencesFolder);
+    if (!placement)
+        return;
+    move(placement->left, placement->top);
+    const int width = std::max(placement->width, centralWidget()->minimumWidth());
+    const int height = std::max(placement->height, centralWidget()->minimumHeight());
+    resize(width, height + menus_->heightForWidth(width));
+}
+
+void MainWindow::mWritePreferences_DicGroup() {
+    app_.preferences().writeGroup(state_, queryBar_->SeparatelyCB()->isChecked(), app_.module);
+}
+
+void MainWindow::mWritePreferences_Window() {
+    if (!pDefaultMainWindow || state_.pProtect || !isVisible())
+        return;
+    app_.preferences().writePlacement({x(), y(), centralWidget()->width(), centralWidget()->height()}, app_.module);
+}
+
+void MainWindow::leaveGroup() {
+    groupPicker_->dropPick();
+    state_.pDictionaryItem.clear();
+    state_.pHiteItems.clear();
+    state_.pDictionaryGroupFolder = FolderItem();
+    deck_->reset();
+    for (QWidget* control : std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), SubWinBV_})
+        control->setEnabled(false);
+}
+
+bool MainWindow::handles(std::string_view command) const {
+    return std::any_of(kCommands.begin(), kCommands.end(),
+                       [command](const WindowCommand& each) { return each.name == command; });
+}
+
+bool MainWindow::handle(std::string_view command, int index) {
+    for (const WindowCommand& each : kCommands)
+        if (each.name == command) {
+            each.run(*deck_, index);
+            return true;
+        }
+    return false;
+}
+
+void MainWindow::route(std::string_view command, int index) {
+    if (!handle(command, index))
+        app_.handle(command, index);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (app_.busy().busy()) {
+        event->ignore();
+        app_.busy().whenFree([this] { close(); });
+        return;
+    }
+    mWritePreferences_DicGroup();
+    leaveGroup();
+    event->accept();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        queryBar_->SearchEF()->setFocus();
+        app_.ActiveMainWin = this;
+    }
+}
+
+void MainWindow::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    mWritePreferences_Window();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    mWritePreferences_Window();
+}
+
+} // namespace velmarin

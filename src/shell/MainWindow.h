@@ -1,0 +1,87 @@
+#pragma once
+
+#include "search/WindowState.h"
+#include "shell/MenuBar.h"
+
+#include <QLabel>
+#include <QMainWindow>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace velmarin {
+
+class AboutPanel;
+class AnchoredLayout;
+class App;
+class BevelButton;
+class GroupPicker;
+class HitList;
+class PageDeck;
+class QueryBar;
+class Searcher;
+
+/// A main window: the front of its parts. It owns them, tells them of the window's events, and hands commands on.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+  public:
+    explicit MainWindow(App& app);
+    ~MainWindow() override;
+
+    /// True for the first window only: only that one saves its placement.
+    bool pDefaultMainWindow = false;
+    /// Its position in MainWinList, and the index of its row in the menu "Mainwindow".
+    int pMyIndex = 0;
+
+    GroupPicker& groupPicker() const { return *groupPicker_; }
+    HitList& hitList() const { return *hitList_; }
+    PageDeck& deck() const { return *deck_; }
+    QueryBar& queryBar() const { return *queryBar_; }
+    MenuBar& menus() const { return *menus_; }
+    const WindowState& state() const { return state_; }
+
+    std::string title() const;
+    void setTitle(const std::string& title);
+    void appendToAbout(const std::string& text);
+    void bringToFront();
+
+    /// What a pick of a free group does: saves the group being left and reads the new one.
+    void changeGroup(const FolderItem& group);
+    /// A press on the group pop-up closes the side window.
+    void SelectDicFolPU_MouseDown();
+
+    bool handles(std::string_view command) const;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void makeParts();
+    void ReadDictionaryFolder(const FolderItem& group);
+    void mInitialize();
+    void mSetSize();
+    void mWritePreferences_DicGroup();
+    void mWritePreferences_Window();
+    void leaveGroup();
+    void route(std::string_view command, int index);
+    bool handle(std::string_view command, int index);
+
+    App& app_;
+    WindowState state_;
+    AnchoredLayout* layout_;
+    MenuBar* menus_;
+    std::unique_ptr<Searcher> searcher_;
+    PageDeck* deck_ = nullptr;
+    HitList* hitList_ = nullptr;
+    QueryBar* queryBar_ = nullptr;
+    GroupPicker* groupPicker_ = nullptr;
+    BevelButton* SubWinBV_ = nullptr;
+    AboutPanel* about_ = nullptr;
+};
+
+} // namespace velmarin

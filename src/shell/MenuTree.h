@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+/// One row of a menu. `name` is what handlers are bound to; an item of a family passes `index` to its handler.
+struct MenuItemPlan {
+    std::string_view name;
+    int index = 0;
+    /// "-" makes a separator.
+    std::string_view caption;
+    /// In the host's terms ("Ctrl" for the command key, "Alt" for the option key); empty for none.
+    std::string_view shortcut;
+};
+
+struct MenuPlan {
+    std::string_view name;
+    std::string_view caption;
+    std::vector<MenuItemPlan> items;
+};
+
+/// The whole menu bar, `MenuBar1`, from left to right and top to bottom. The rows of `WinItem` grow at run time.
+const std::vector<MenuPlan>& menuTree();
+
+} // namespace velmarin

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "store/FolderItem.h"
+
+#include <string>
+#include <vector>
+
+namespace velmarin {
+
+/// What all windows share, beside the application object's own lists.
+struct ThisAppliModule {
+    FolderItem pDictionaryFolder;
+    FolderItem pThis_PreferencesFolder;
+    /// The lines of the last save in the order editor; while there are any, every write of a group's preferences
+    /// writes these.
+    std::vector<std::string> pNewDicPref;
+    /// The help tag of every group pop-up.
+    std::string pSelectedDicTag;
+    bool pPageImageShown = false;
+};
+
+} // namespace velmarin

@@ -76,9 +76,13 @@ bool MakeDictionaryItem(const FolderItem& folder, DictionaryItem& item, int numb
 /// that a dictionary can have.
 bool mSub_DicOrNot(const FolderItem& item);
 
-/// The page list of a dictionary's `mImg`, from `ImageIndex2` or else `ImageIndex`, which is made where there is
-/// neither. Raises NilObjectException where there is no index and none can be made. An index that promises more lines
-/// than it has gives empty names up to the promised count, at most kMostPages of them.
+/// The page list of a dictionary's `mImg`: `ImageIndex2` (name, TAB, caption) or else `ImageIndex` (name), whose first
+/// line is the index of the last page. Where there is neither, `ImageIndex` is made; where it cannot be written, as on
+/// a read-only medium, the list of the pictures is used without it, since the pages are there to be read.
+///
+/// Raises NilObjectException where an index cannot be opened, and where there is none and no picture. A first line that
+/// is no number counts as 0. An index that promises more lines than it has gives empty names up to the promised count,
+/// at most kMostPages of them.
 PageList readPageList(const FolderItem& imageFolder);
 inline constexpr int kMostPages = 200'000;
 

@@ -35,6 +35,10 @@ struct GroupPreferences {
 GroupPreferences parseGroupPreferences(std::string_view text);
 /// Line 1: name, TAB, "1" or "0", TAB. Then name, TAB, mode, a line each. LF ends.
 std::string formatGroupPreferences(const GroupPreferences& preferences);
+/// Writes `DictionaryPreferences.txt` of a group. Once the order editor has saved, its lines `pNewDicPref` are written
+/// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone.
+WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
+                                  const std::vector<std::string>& pNewDicPref = {});
 
 using DictionaryList = std::vector<std::shared_ptr<DictionaryItem>>;
 

@@ -24,12 +24,21 @@ class IndexedTextFile {
         Status status = Status::NoFile;
         std::string text;
     };
-    /// Line `number`, counted from 1, without its end.
+    /// Line `number`, counted from 1, without its end (and without what FileLineReader leaves out of a huge one).
     Line line(std::uint64_t number);
 
   private:
+    /// Of how many lines one place is noted.
+    static constexpr std::uint64_t kStep = 64;
+
+    void forgetPlacesUnlessSame(const FileStamp& stamp);
+    /// `place` is where the line after the known ones begins.
+    void notePlace(std::uint64_t place);
+
     FolderItem file_;
     FileStamp stamp_;
+    bool wasSettled_ = false;
+    /// Where lines 1, 1 + kStep, 1 + 2 kStep ... begin, as far as known.
     std::vector<std::uint64_t> everyNth_;
     std::uint64_t knownLines_ = 0;
     std::uint64_t knownTo_ = 0;

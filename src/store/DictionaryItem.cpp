@@ -1,0 +1,91 @@
+#include "store/DictionaryItem.h"
+
+#include "store/FolderListing.h"
+#include "store/TextFile.h"
+#include "text/NilObjectException.h"
+#include "text/StringRules.h"
+
+#include <algorithm>
+#include <array>
+
+namespace velmarin {
+
+namespace {
+
+/// Far above any real index, and low enough that a hostile one takes no memory worth speaking of.
+constexpr std::uint64_t kLargestIndex = std::uint64_t{1} << 28;
+
+/// The two lines that count lie well within this.
+constexpr std::size_t kFormatBytes = std::size_t{1} << 16;
+
+void readFormat(const FolderItem& file, DictionaryItem& item) {
+    const auto opened = ReadOnlyFile::open(file);
+    if (!opened)
+        throw NilObjectException("The number format \"" + file.path().native() + "\" could not be opened.");
+    const std::string text = readFileStart(*opened, kFormatBytes);
+    LineReader lines(text);
+    item.order.FormatFom = lines.ReadLine();
+    item.Independent = equalStrings(lines.ReadLine(), "true");
+}
+
+void readIndex(const FolderItem& file, DictionaryItem& item) {
+    const auto text = readWholeFile(file, kLargestIndex);
+    if (!text)
+        throw NilObjectException("The index \"" + file.path().native() + "\" could not be opened.");
+    HeadwordIndex words;
+    words.reserve(static_cast<std::size_t>(std::count(text->begin(), text->end(), '\n')) + 1, text->size());
+    for (LineReader lines(*text); !lines.EOF_();) {
+        if (!words.append(indexSearchWord(lines.ReadLine(), item.order)))
+            throw NilObjectException("The index \"" + file.path().native() + "\" is too long.");
+    }
+    words.finish();
+    item.IND = std::move(words);
+}
+
+} // namespace
+
+void ImageDictionaryMap::set(std::string_view name, int position) {
+    positions_[foldedFileName(name)] = position;
+}
+
+int ImageDictionaryMap::value(std::string_view name) const {
+    const auto found = positions_.find(foldedFileName(name));
+    return found == positions_.end() ? 0 : found->second;
+}
+
+bool ImageDictionaryMap::has(std::string_view name) const {
+    return positions_.contains(foldedFileName(name));
+}
+
+bool MakeDictionaryItem(const FolderItem& folder, DictionaryItem& item, int number) {
+    const FolderListing members(folder);
+    item.loaded = false;
+    item.name = folder.Name();
+    item.DictionaryFolderitem = folder;
+    item.TabNum = number;
+    item.ImageFolder = members.Child("mImg");
+    item.PageImageFi = members.Child("mPimg");
+    item.TxtFi = members.Child("txt");
+    item.txtLines = IndexedTextFile(item.TxtFi);
+    item.order.SpanishMode = members.has("Spanish");
+    item.order.IJUVMode = members.has("IJUV");
+    if (const FolderItem format = members.Child("Format"); format.Exists())
+        readFormat(format, item);
+    const FolderItem ind = members.Child("ind");
+    if (!ind.Exists() || !item.ImageFolder.Exists() || !item.TxtFi.Exists())
+        return false;
+    readIndex(ind, item);
+    item.loaded = true;
+    return true;
+}
+
+bool mSub_DicOrNot(const FolderItem& item) {
+    static constexpr std::array kMembers = {"FW",   "BW",    "ind",  "KW",   "KWTB", "format",
+                                            "mImg", "mPimg", "mHtm", "mMov", "mSnd"};
+    if (item.Alias() || !item.Directory())
+        return false;
+    const FolderListing members(item);
+    return std::any_of(kMembers.begin(), kMembers.end(), [&](const char* name) { return members.has(name); });
+}
+
+} // namespace velmarin

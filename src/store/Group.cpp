@@ -1,0 +1,172 @@
+#include "store/Group.h"
+
+#include "store/FolderListing.h"
+#include "store/TextFile.h"
+#include "text/Message.h"
+#include "text/NilObjectException.h"
+#include "text/StringRules.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::uint64_t kLargestPreferences = std::uint64_t{1} << 24;
+
+int numberIn(std::string_view field) {
+    return toInt32(CDbl(field));
+}
+
+/// The dictionary folders of a group, each by one name: two links to one folder are one dictionary.
+class FoundDictionaries {
+  public:
+    explicit FoundDictionaries(const FolderListing& group) {
+        for (const std::string& name : group.names()) {
+            const FolderItem item(group.folder().path() / name);
+            if (!item.resolved().Visible() || !item.Directory() || !item.Child("FW").Exists())
+                continue;
+            const std::string key = item.AbsolutePath();
+            keyOfName_.emplace(name, key);
+            order_.push_back(item);
+            // The folder itself goes before a link to it, and among links the first.
+            const auto [left, isNew] = left_.emplace(key, item);
+            if (!isNew && left->second.Alias() && !item.Alias())
+                left->second = item;
+        }
+    }
+
+    /// Whether `item` is one that has not been taken yet, which it then is.
+    bool take(const FolderItem& item) {
+        const auto key = keyOfName_.find(item.Name());
+        return key != keyOfName_.end() && left_.erase(key->second) > 0;
+    }
+
+    std::vector<FolderItem> left() const {
+        std::vector<FolderItem> items;
+        for (const FolderItem& item : order_) {
+            const auto found = left_.find(keyOfName_.at(item.Name()));
+            if (found != left_.end() && found->second == item)
+                items.push_back(item);
+        }
+        return items;
+    }
+
+  private:
+    std::vector<FolderItem> order_;
+    std::unordered_map<std::string, std::string> keyOfName_;
+    std::unordered_map<std::string, FolderItem> left_;
+};
+
+/// Appends a dictionary and loads it. The item stands in the list while it loads, and after an exception.
+bool appendAndLoad(const FolderItem& folder, int imageMode, DictionaryList& list) {
+    auto item = std::make_shared<DictionaryItem>();
+    item->ImageMode = imageMode;
+    list.push_back(item);
+    return MakeDictionaryItem(folder, *item, static_cast<int>(list.size()) - 1);
+}
+
+void readListed(const FolderItem& file, const FolderListing& members, FoundDictionaries& found, ReadGroup& into,
+                const std::function<void()>& afterEach) {
+    const auto text = readWholeFile(file, kLargestPreferences);
+    if (!text)
+        throw NilObjectException("The preferences \"" + file.path().native() + "\" could not be opened.");
+    const GroupPreferences preferences = parseGroupPreferences(*text);
+    into.groupName = preferences.groupName;
+    into.separately = preferences.separately;
+    for (const GroupPreferences::Entry& entry : preferences.dictionaries) {
+        const FolderItem folder = members.Child(entry.name);
+        if (!found.take(folder))
+            continue;
+        appendAndLoad(folder, entry.ImageMode, into.dictionaries);
+        if (afterEach)
+            afterEach();
+    }
+}
+
+} // namespace
+
+std::vector<GroupRow> listGroups(const FolderItem& dictionaryFolder) {
+    std::vector<GroupRow> rows;
+    for (const FolderItem& item : dictionaryFolder.items()) {
+        FolderItem folder = item.resolved();
+        if (folder.Visible() && folder.Directory())
+            rows.push_back({item.Name(), std::move(folder)});
+    }
+    return rows;
+}
+
+GroupPreferences parseGroupPreferences(std::string_view text) {
+    GroupPreferences preferences;
+    LineReader lines(text);
+    const std::string_view first = lines.ReadLine();
+    preferences.groupName = NthField(first, "\t", 1);
+    preferences.separately = NthField(first, "\t", 2) == "1";
+    while (!lines.EOF_()) {
+        const std::string_view line = lines.ReadLine();
+        preferences.dictionaries.push_back(
+            {.name = std::string(NthField(line, "\t", 1)), .ImageMode = numberIn(NthField(line, "\t", 2))});
+    }
+    return preferences;
+}
+
+std::string formatGroupPreferences(const GroupPreferences& preferences) {
+    std::string text = preferences.groupName + "\t" + (preferences.separately ? "1" : "0") + "\t\n";
+    for (const GroupPreferences::Entry& entry : preferences.dictionaries)
+        text += entry.name + "\t" + Str(entry.ImageMode) + "\n";
+    return text;
+}
+
+WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
+                                  const std::vector<std::string>& pNewDicPref) {
+    if (group.isNil() || !group.Exists())
+        return {};
+    std::string text;
+    for (const std::string& line : pNewDicPref)
+        text += line + "\n";
+    return writeFileAtomically(group.Child("DictionaryPreferences.txt").path(),
+                               pNewDicPref.empty() ? formatGroupPreferences(preferences) : text);
+}
+
+void readGroup(const FolderItem& group, ReadGroup& into, const std::function<void()>& afterEach) {
+    into = {};
+    if (!group.Exists()) {
+        group.CreateAsFolder();
+        MsgBox("Threre are no dictionaries.");
+    }
+    const FolderListing members(group);
+    FoundDictionaries found(members);
+    if (const FolderItem file = members.Child("DictionaryPreferences.txt"); file.Exists())
+        readListed(file, members, found, into, afterEach);
+    for (const FolderItem& folder : found.left()) {
+        if (!appendAndLoad(folder, kAdjustByWidth, into.dictionaries))
+            into.dictionaries.pop_back();
+        if (afterEach)
+            afterEach();
+    }
+}
+
+ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach) {
+    ReadGroup read;
+    readGroup(group, read, afterEach);
+    return read;
+}
+
+std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder) {
+    const auto text = readWholeFile(preferencesFolder.Child("MainWindow"), kLargestPreferences);
+    if (!text)
+        return std::nullopt;
+    const std::string_view line = LineReader(*text).ReadLine();
+    const auto number = [&](std::size_t n) { return numberIn(NthField(line, "\t", n)); };
+    return WindowPlacement{.left = number(1), .top = number(2), .width = number(3), .height = number(4)};
+}
+
+WriteResult writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement) {
+    std::string line;
+    for (const int number : {placement.left, placement.top, placement.width, placement.height})
+        line += Str(number) + "\t";
+    return writeFileAtomically(preferencesFolder.Child("MainWindow").path(), line + "\n", Durability::RenamedOnly);
+}
+
+} // namespace velmarin

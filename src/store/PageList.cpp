@@ -1,0 +1,52 @@
+#include "store/DictionaryItem.h"
+#include "store/Fi_Module.h"
+#include "store/FolderListing.h"
+#include "store/TextFile.h"
+#include "text/NilObjectException.h"
+#include "text/StringRules.h"
+
+#include <algorithm>
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::uint64_t kLargestImageIndex = std::uint64_t{1} << 26;
+
+/// Line 1 is the index of the last page; the pages follow, a line each. `captioned` lines are a name, TAB and a
+/// caption.
+PageList readImageIndex(const FolderItem& file, bool captioned) {
+    const auto text = readWholeFile(file, kLargestImageIndex);
+    if (!text)
+        throw NilObjectException("The page list \"" + file.path().native() + "\" could not be opened.");
+    LineReader lines(*text);
+    const std::int64_t promised = std::int64_t{toInt32(CDbl(lines.ReadLine()))} + 1;
+    PageList pages;
+    for (std::int64_t i = 0; i < std::min<std::int64_t>(promised, kMostPages); ++i) {
+        const std::string_view line = lines.ReadLine();
+        pages.names.emplace_back(captioned ? NthField(line, "\t", 1) : line);
+        pages.captions.emplace_back(captioned ? NthField(line, "\t", 2) : line);
+    }
+    return pages;
+}
+
+} // namespace
+
+PageList readPageList(const FolderItem& imageFolder) {
+    const FolderListing members(imageFolder);
+    if (const FolderItem captioned = members.Child("ImageIndex2"); captioned.Exists())
+        return readImageIndex(captioned, true);
+    if (const FolderItem plain = members.Child("ImageIndex"); plain.Exists())
+        return readImageIndex(plain, false);
+    if (mFiMod_MakeImageIndex(imageFolder))
+        return readImageIndex(imageFolder.Child("ImageIndex"), false);
+
+    std::vector<std::string> names = pictureNames(imageFolder);
+    if (names.empty())
+        throw NilObjectException("There is no page list in \"" + imageFolder.path().native() +
+                                 "\", and no picture to make one from.");
+    std::vector<std::string> captions = names;
+    return {.names = std::move(names), .captions = std::move(captions)};
+}
+
+} // namespace velmarin

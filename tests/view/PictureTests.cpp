@@ -1,0 +1,116 @@
+#include "Pictures.h"
+#include "text/NilObjectException.h"
+
+#include <gtest/gtest.h>
+
+namespace velmarin {
+namespace {
+
+using test::drawn;
+using test::noise;
+using test::samePixels;
+
+constexpr Color white = RGB(255, 255, 255);
+
+TEST(Picture, IsMadeWhiteInAnyDepth) {
+    for (const int depth : {1, 8, 32}) {
+        const Picture p = Picture::make(70, 3, depth);
+        EXPECT_EQ(p.pixel(0, 0), white) << depth;
+        EXPECT_EQ(p.pixel(69, 2), white) << depth;
+    }
+}
+
+TEST(Picture, OfASizeThatIsNoneIsNil) {
+    const std::pair<int, int> sizes[] = {{0, 5},      {5, 0}, {-1, 5}, {40000, 40000}, {2147483647, 2147483647},
+                                         {5000000, 1}};
+    for (const auto& [w, h] : sizes)
+        EXPECT_TRUE(Picture::make(w, h).isNil()) << w << "x" << h;
+    EXPECT_TRUE(Picture::make(30000, 30000, 32).isNil()) << "more than memory is given for";
+}
+
+TEST(Picture, NilHasNoPixels) {
+    Picture nil;
+    EXPECT_EQ(nil.Width(), 0);
+    EXPECT_EQ(nil.id(), 0u);
+    EXPECT_THROW(nil.pixel(0, 0), NilObjectException);
+    EXPECT_THROW(nil.DrawPicture(Picture::make(1, 1), 0, 0, 1, 1, 0, 0, 1, 1), NilObjectException);
+    EXPECT_THROW(Picture::make(1, 1).DrawPicture(nil, 0, 0, 1, 1, 0, 0, 1, 1), NilObjectException);
+}
+
+TEST(WhiteEdges, TakeTheFirstRowAndColumnAndNothingElse) {
+    for (const int depth : {1, 8, 32}) {
+        const Picture page = noise(65, 34, depth, 1);
+        const Picture edged = Picture(page).withWhiteEdges();
+        EXPECT_EQ(edged.depth(), depth);
+        for (int y = 0; y < 34; ++y)
+            for (int x = 0; x < 65; ++x)
+                ASSERT_EQ(edged.pixel(x, y), x == 0 || y == 0 ? white : page.pixel(x, y))
+                    << depth << ": " << x << "," << y;
+        EXPECT_TRUE(samePixels(page, noise(65, 34, depth, 1))) << "the shared picture was drawn on";
+    }
+}
+
+TEST(WhiteEdges, CopyNothingOfAPictureThatIsNotShared) {
+    Picture page = noise(65, 34, 8, 1);
+    const Pix* before = page.pix();
+    const std::uint64_t id = page.id();
+    const Picture edged = std::move(page).withWhiteEdges();
+    EXPECT_EQ(edged.pix(), before);
+    EXPECT_NE(edged.id(), id) << "a cache of the old pixels would be kept";
+}
+
+TEST(DrawingIntoAPicture, ClipsWithoutChangingTheScale) {
+    struct Case {
+        const char* name;
+        int x, y, sx, sy;
+    };
+    const Picture source = noise(20, 12, 8, 2);
+    for (const Case& c : {Case{"inside", 3, 2, 0, 0}, Case{"over the right bottom", 15, 8, 0, 0},
+                          Case{"over the top left", -4, -5, 0, 0}, Case{"source overruns", 0, 0, 7, 6},
+                          Case{"source begins before", 2, 1, -3, -4}, Case{"outside", 40, 0, 0, 0}}) {
+        SCOPED_TRACE(c.name);
+        Picture canvas = Picture::make(24, 14);
+        ASSERT_TRUE(canvas.DrawPicture(source, c.x, c.y, 20, 12, c.sx, c.sy, 20, 12));
+        for (int y = 0; y < 14; ++y)
+            for (int x = 0; x < 24; ++x) {
+                const int u = x - c.x, v = y - c.y;
+                const bool covered = u >= 0 && u < 20 && v >= 0 && v < 12 && u + c.sx >= 0 && u + c.sx < 20 &&
+                                     v + c.sy >= 0 && v + c.sy < 12;
+                ASSERT_EQ(canvas.pixel(x, y), covered ? source.pixel(u + c.sx, v + c.sy) : white) << x << "," << y;
+            }
+    }
+}
+
+TEST(DrawingIntoAPicture, LosesNothingOfTheSourcesDepth) {
+    for (const int depth : {1, 8, 32}) {
+        const Picture source = noise(40, 9, depth, 3);
+        Picture canvas = Picture::make(40, 9, 1);
+        ASSERT_TRUE(canvas.DrawPicture(source, 0, 0, 40, 9, 0, 0, 40, 9));
+        EXPECT_TRUE(samePixels(canvas, source)) << depth;
+    }
+}
+
+TEST(DrawingIntoAPicture, SmoothsOnlyWhenAsked) {
+    const Picture dots = drawn(4, 4, 1, [](int x, int y) { return static_cast<std::uint32_t>((x + y) % 2); });
+    Picture smooth = Picture::make(12, 12, 1);
+    ASSERT_TRUE(smooth.DrawPicture(dots, 0, 0, 12, 12, 0, 0, 4, 4));
+    EXPECT_EQ(smooth.depth(), 8);
+    Picture sharp = Picture::make(12, 12, 1);
+    sharp.AntiAlias = false;
+    ASSERT_TRUE(sharp.DrawPicture(dots, 0, 0, 12, 12, 0, 0, 4, 4));
+    EXPECT_EQ(sharp.depth(), 1);
+    for (int y = 0; y < 12; ++y)
+        for (int x = 0; x < 12; ++x)
+            ASSERT_EQ(sharp.pixel(x, y), dots.pixel(x / 3, y / 3));
+}
+
+TEST(DrawingIntoAPicture, OfItselfReadsWhatItWas) {
+    const Picture before = noise(30, 30, 32, 4);
+    Picture p = before;
+    ASSERT_TRUE(p.DrawPicture(p, 5, 5, 30, 30, 0, 0, 30, 30));
+    EXPECT_EQ(p.pixel(29, 29), before.pixel(24, 24));
+    EXPECT_EQ(p.pixel(4, 29), before.pixel(4, 29));
+}
+
+} // namespace
+} // namespace velmarin

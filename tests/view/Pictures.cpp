@@ -1,0 +1,32 @@
+#include "Pictures.h"
+
+#include <allheaders.h>
+
+#include <random>
+
+namespace velmarin::test {
+
+Picture drawn(int width, int height, int depth, const std::function<std::uint32_t(int, int)>& value) {
+    Pix* pix = pixCreate(width, height, depth);
+    for (int y = 0; y < height; ++y)
+        for (int x = 0; x < width; ++x)
+            pixSetPixel(pix, x, y, depth == 32 ? value(x, y) << 8 : value(x, y) & (depth == 8 ? 0xffu : 1u));
+    return Picture::adopt(pix);
+}
+
+Picture noise(int width, int height, int depth, unsigned seed) {
+    std::mt19937 random(seed);
+    return drawn(width, height, depth, [&](int, int) { return static_cast<std::uint32_t>(random() & 0xffffff); });
+}
+
+bool samePixels(const Picture& a, const Picture& b) {
+    if (a.Width() != b.Width() || a.Height() != b.Height())
+        return false;
+    for (int y = 0; y < a.Height(); ++y)
+        for (int x = 0; x < a.Width(); ++x)
+            if (a.pixel(x, y) != b.pixel(x, y))
+                return false;
+    return true;
+}
+
+} // namespace velmarin::test

@@ -1,0 +1,204 @@
+#include "Pictures.h"
+#include "view/Scaling.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+namespace velmarin {
+namespace {
+
+using test::drawn;
+using test::noise;
+
+struct Shape {
+    int sx, sy, sw, sh, width, height;
+};
+
+/// How much of a source pixel lies under a pixel of the result, in units of 1/result.
+std::int64_t overlap(std::int64_t d, std::int64_t length, std::int64_t result, std::int64_t pixel) {
+    return std::max<std::int64_t>(0, std::min((d + 1) * length, (pixel + 1) * result) -
+                                         std::max(d * length, pixel * result));
+}
+
+/// The mean of what lies under a pixel of the result, written out.
+Color literalMean(const Picture& p, const Shape& s, int x, int y) {
+    std::int64_t red = 0, green = 0, blue = 0, area = 0;
+    for (int v = 0; v < s.sh; ++v) {
+        const std::int64_t down = overlap(y, s.sh, s.height, v);
+        if (down == 0 || s.sy + v < 0 || s.sy + v >= p.Height())
+            continue;
+        for (int u = 0; u < s.sw; ++u) {
+            const std::int64_t weight = down * overlap(x, s.sw, s.width, u);
+            if (weight == 0 || s.sx + u < 0 || s.sx + u >= p.Width())
+                continue;
+            const Color c = p.pixel(s.sx + u, s.sy + v);
+            area += weight;
+            red += weight * c.red;
+            green += weight * c.green;
+            blue += weight * c.blue;
+        }
+    }
+    auto mean = [&](std::int64_t sum) { return static_cast<std::uint8_t>((2 * sum + area) / (2 * area)); };
+    return {mean(red), mean(green), mean(blue)};
+}
+
+/// All the visible pixels of a scaling, in rows.
+std::vector<std::uint8_t> whole(const Scaling& s) {
+    const std::ptrdiff_t stride = std::ptrdiff_t{s.right() - s.left()} * s.bytesPerPixel();
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(stride * (s.bottom() - s.top())));
+    s.band(s.left(), s.right(), s.top(), s.bottom(), bytes.data(), stride);
+    return bytes;
+}
+
+Color pixelOf(const Scaling& s, const std::vector<std::uint8_t>& bytes, int x, int y) {
+    const auto at = static_cast<std::size_t>((y - s.top()) * (s.right() - s.left()) + x - s.left());
+    if (!s.colour())
+        return {bytes[at], bytes[at], bytes[at]};
+    const std::uint32_t word = reinterpret_cast<const std::uint32_t*>(bytes.data())[at];
+    return {static_cast<std::uint8_t>(word >> 16), static_cast<std::uint8_t>(word >> 8),
+            static_cast<std::uint8_t>(word)};
+}
+
+void expectLiteralMean(const Picture& p, const Shape& s) {
+    const Scaling scaling(p, s.sx, s.sy, s.sw, s.sh, s.width, s.height);
+    const std::vector<std::uint8_t> bytes = whole(scaling);
+    for (int y = scaling.top(); y < scaling.bottom(); ++y)
+        for (int x = scaling.left(); x < scaling.right(); ++x)
+            ASSERT_EQ(pixelOf(scaling, bytes, x, y), literalMean(p, s, x, y))
+                << p.depth() << " bits, " << p.Width() << "x" << p.Height() << " from " << s.sx << "," << s.sy << " "
+                << s.sw << "x" << s.sh << " to " << s.width << "x" << s.height << " at " << x << "," << y;
+}
+
+TEST(Reduction, IsTheMeanOfTheAreaAtAnyRatio) {
+    std::mt19937 random(1);
+    auto upTo = [&](int n) { return 1 + static_cast<int>(random() % static_cast<unsigned>(n)); };
+    for (int round = 0; round < 150; ++round) {
+        const int width = upTo(150), height = upTo(60);
+        const int depth = round % 3 == 0 ? 1 : round % 3 == 1 ? 8 : 32;
+        expectLiteralMean(noise(width, height, depth, random()), {0, 0, width, height, upTo(width), upTo(height)});
+    }
+}
+
+TEST(Reduction, OfAPartThatOverrunsThePictureKeepsTheScale) {
+    std::mt19937 random(2);
+    auto within = [&](int low, int high) {
+        return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
+    };
+    for (int round = 0; round < 150; ++round) {
+        const int width = within(1, 120), height = within(1, 50);
+        const int depth = round % 3 == 0 ? 1 : round % 3 == 1 ? 8 : 32;
+        const int sw = within(1, 150), sh = within(1, 70);
+        expectLiteralMean(noise(width, height, depth, random()),
+                          {within(-40, 100), within(-20, 40), sw, sh, within(1, sw), within(1, sh)});
+    }
+}
+
+TEST(Reduction, HoldsAtTheEdgesOfPackedWords) {
+    for (const Shape& s : {Shape{0, 0, 330, 3, 10, 1}, Shape{0, 0, 320, 3, 10, 3}, Shape{0, 0, 330, 3, 1, 2},
+                           Shape{31, 0, 64, 3, 2, 2}, Shape{32, 1, 33, 2, 1, 1}, Shape{1, 0, 255, 3, 255, 2},
+                           Shape{0, 0, 330, 3, 400, 2}, Shape{63, 0, 267, 3, 8, 1}})
+        expectLiteralMean(noise(330, 3, 1, 3), s);
+}
+
+TEST(Reduction, OfManyRowsOfWhiteStaysWhite) {
+    // More rows and columns under one pixel than 16-bit sums or 32-bit words hold.
+    for (const int depth : {1, 8, 32}) {
+        const Picture white = Picture::make(70, 3000, depth);
+        const Scaling scaling(white, 0, 0, 70, 3000, 1, 2);
+        EXPECT_EQ(pixelOf(scaling, whole(scaling), 0, 1), RGB(255, 255, 255)) << depth;
+    }
+}
+
+TEST(Reduction, KeepsEveryThinStroke) {
+    // A line of one pixel on a page seven times as large as its view: never white, wherever it falls.
+    for (int at = 0; at < 49; ++at) {
+        const Picture page = drawn(49, 49, 1, [&](int x, int) { return x == at ? 1u : 0u; });
+        const Scaling scaling(page, 0, 0, 49, 49, 7, 7);
+        EXPECT_EQ(pixelOf(scaling, whole(scaling), at / 7, 3).red, 255 - 255 / 7) << at;
+    }
+}
+
+TEST(Scaling, OfABandEqualsThatPartOfTheWhole) {
+    struct Case {
+        const char* name;
+        int depth, width, height;
+    };
+    for (const Case& c :
+         {Case{"ink reduced", 1, 37, 29}, Case{"grey reduced", 8, 37, 29}, Case{"colour reduced", 32, 37, 29},
+          Case{"ink enlarged", 1, 300, 211}, Case{"colour enlarged", 32, 300, 211}, Case{"grey as it is", 8, 101, 90},
+          Case{"ink wider and lower", 1, 200, 40}}) {
+        SCOPED_TRACE(c.name);
+        const Scaling s(noise(101, 90, c.depth, 4), 0, 0, 101, 90, c.width, c.height);
+        const std::vector<std::uint8_t> all = whole(s);
+        const int x0 = c.width / 3, x1 = c.width - 2, y0 = c.height / 4, y1 = c.height / 2;
+        const int bpp = s.bytesPerPixel();
+        std::vector<std::uint8_t> part(static_cast<std::size_t>((x1 - x0) * (y1 - y0) * bpp));
+        s.band(x0, x1, y0, y1, part.data(), std::ptrdiff_t{x1 - x0} * bpp);
+        for (int y = y0; y < y1; ++y)
+            ASSERT_TRUE(std::equal(part.begin() + std::ptrdiff_t{y - y0} * (x1 - x0) * bpp,
+                                   part.begin() + std::ptrdiff_t{y - y0 + 1} * (x1 - x0) * bpp,
+                                   all.begin() + (std::ptrdiff_t{y} * c.width + x0) * bpp))
+                << "row " << y;
+    }
+}
+
+TEST(Scaling, ToTheSameSizeCopies) {
+    for (const int depth : {1, 8, 32}) {
+        const Picture p = noise(67, 41, depth, 5);
+        const Scaling s(p, 3, 2, 67, 41, 67, 41);
+        EXPECT_EQ(s.right(), 64) << "what overruns is clipped";
+        EXPECT_EQ(s.bottom(), 39);
+        const std::vector<std::uint8_t> bytes = whole(s);
+        for (int y = 0; y < 39; ++y)
+            for (int x = 0; x < 64; ++x)
+                ASSERT_EQ(pixelOf(s, bytes, x, y), p.pixel(x + 3, y + 2));
+    }
+}
+
+TEST(Enlargement, RunsEvenlyFromOnePixelToTheNext) {
+    const Picture step = drawn(2, 1, 8, [](int x, int) { return x == 0 ? 0u : 200u; });
+    const Scaling s(step, 0, 0, 2, 1, 8, 4);
+    const std::vector<std::uint8_t> bytes = whole(s);
+    std::vector<int> row;
+    for (int x = 0; x < 8; ++x)
+        row.push_back(pixelOf(s, bytes, x, 2).red);
+    EXPECT_EQ(row, (std::vector<int>{0, 0, 25, 75, 125, 175, 200, 200}));
+}
+
+TEST(Enlargement, OfAPartLooksAtThePixelsAroundIt) {
+    const Picture p = noise(40, 30, 32, 6);
+    const Scaling all(p, 0, 0, 40, 30, 120, 90);
+    const Scaling part(p, 10, 7, 20, 10, 60, 30);
+    const std::vector<std::uint8_t> a = whole(all), b = whole(part);
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 60; ++x)
+            ASSERT_EQ(pixelOf(part, b, x, y), pixelOf(all, a, x + 30, y + 21));
+}
+
+TEST(Enlargement, WithoutSmoothingRepeatsPixels) {
+    const Picture p = noise(9, 7, 1, 7);
+    const Scaling s(p, 0, 0, 9, 7, 27, 21, Scaling::Smoothing::Nearest);
+    const std::vector<std::uint8_t> bytes = whole(s);
+    for (int y = 0; y < 21; ++y)
+        for (int x = 0; x < 27; ++x)
+            ASSERT_EQ(pixelOf(s, bytes, x, y), p.pixel(x / 3, y / 3));
+}
+
+TEST(Scaling, OfWhatCannotBeScaledShowsNothing) {
+    const Picture p = noise(9, 7, 1, 8);
+    const Shape none[] = {{0, 0, 0, 7, 9, 7},          {0, 0, 9, -1, 9, 7},         {0, 0, 9, 7, 0, 7},
+                          {9, 0, 9, 7, 9, 7},          {0, -7, 9, 7, 9, 7},         {0, 0, 2147483647, 7, 9, 7},
+                          {0, 0, 9, 7, 9, 2147483647}, {-2147483647, 0, 9, 7, 9, 7}};
+    for (const Shape& s : none) {
+        const Scaling scaling(p, s.sx, s.sy, s.sw, s.sh, s.width, s.height);
+        EXPECT_EQ(scaling.right() - scaling.left(), 0) << s.sx << " " << s.sw << " " << s.width;
+    }
+    const Scaling nil(Picture(), 0, 0, 1, 1, 1, 1);
+    EXPECT_EQ(nil.bottom(), 0);
+}
+
+} // namespace
+} // namespace velmarin

@@ -3,6 +3,7 @@
 #include "controls/BevelButtonAccessible.h"
 #include "controls/FittedText.h"
 #include "controls/MenuPopup.h"
+#include "controls/PlainToolTip.h"
 #include "controls/QtText.h"
 #include "controls/RowModel.h"
 
@@ -11,7 +12,6 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -34,6 +34,8 @@ BevelButton::BevelButton(std::string_view caption, QWidget* parent)
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     connect(this, &QAbstractButton::toggled, this, [this] { update(); });
 }
+
+BevelButton::BevelButton(QWidget* parent) : BevelButton(std::string_view(), parent) {}
 
 BevelButton::~BevelButton() {
     delete popup_;
@@ -189,12 +191,10 @@ void BevelButton::choose(int row) {
 }
 
 bool BevelButton::event(QEvent* event) {
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+    if (event->type() == QEvent::ToolTip) {
         const QString whole = wholeText();
-        if (shownText() != whole)
-            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), whole.toHtmlEscaped(), this);
-        else
-            QToolTip::hideText();
+        showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(),
+                         toolTipWithWhole(whole, shownText() != whole, toolTip()), this);
         return true;
     }
     return QAbstractButton::event(event);

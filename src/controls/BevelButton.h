@@ -19,7 +19,8 @@ class RowModel;
 class BevelButton : public QAbstractButton {
     Q_OBJECT
   public:
-    explicit BevelButton(std::string_view caption = {}, QWidget* parent = nullptr);
+    explicit BevelButton(QWidget* parent = nullptr);
+    explicit BevelButton(std::string_view caption, QWidget* parent = nullptr);
     ~BevelButton() override;
 
     std::string Caption() const;

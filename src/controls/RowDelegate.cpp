@@ -1,12 +1,12 @@
 #include "controls/RowDelegate.h"
 
 #include "controls/FittedText.h"
+#include "controls/PlainToolTip.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QToolTip>
 
 namespace velmarin {
 
@@ -20,7 +20,7 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
     const bool cut = view->fontMetrics().horizontalAdvance(text) > textWidth(option.rect.width());
-    QToolTip::showText(event->globalPos(), cut ? text.toHtmlEscaped() : QString(), view);
+    showPlainToolTip(event->globalPos(), cut ? text : QString(), view);
     return true;
 }
 

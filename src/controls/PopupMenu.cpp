@@ -1,0 +1,165 @@
+#include "controls/PopupMenu.h"
+
+#include "controls/FittedText.h"
+#include "controls/PlainToolTip.h"
+#include "controls/QtText.h"
+
+#include <QAbstractItemView>
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QSignalBlocker>
+#include <QStylePainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+constexpr int widestList = 520;
+
+} // namespace
+
+PopupMenu::PopupMenu(QWidget* parent) : QComboBox(parent) {
+    // A box with a prompt does not pick its first row by itself.
+    setPrompt("Choose");
+    setFocusPolicy(Qt::TabFocus);
+    setMinimumSize(0, 0);
+    connect(this, &QComboBox::activated, this, &PopupMenu::Change);
+}
+
+void PopupMenu::AddRow(std::string text, std::any tag) {
+    addItem(toQ(text));
+    rows_.push_back({std::move(text), std::move(tag)});
+}
+
+void PopupMenu::DeleteAllRows() {
+    const QSignalBlocker quiet(this);
+    hidePopup();
+    clear();
+    rows_.clear();
+}
+
+std::string PopupMenu::List(int row) const {
+    return row >= 0 && row < rowCount() ? rows_[static_cast<std::size_t>(row)].text : std::string();
+}
+
+std::any PopupMenu::Tag(int row) const {
+    return row >= 0 && row < rowCount() ? rows_[static_cast<std::size_t>(row)].tag : std::any();
+}
+
+void PopupMenu::setListIndex(int row) {
+    setListIndexQuietly(row);
+    emit Change();
+}
+
+void PopupMenu::setListIndexQuietly(int row) {
+    const QSignalBlocker quiet(this);
+    setCurrentIndex(row >= 0 && row < rowCount() ? row : -1);
+}
+
+void PopupMenu::setPrompt(std::string_view prompt) {
+    setPlaceholderText(toQ(prompt));
+}
+
+void PopupMenu::showPopup() {
+    emit aboutToChoose();
+    if (rows_.empty() || !isEnabled())
+        return;
+    const int frame = 2 * (view()->frameWidth() + 12);
+    const int widest = std::min(widestList, screen()->availableGeometry().width());
+    view()->setMinimumWidth(std::clamp(view()->sizeHintForColumn(0) + frame, std::min(width(), widest), widest));
+    view()->setTextElideMode(Qt::ElideMiddle);
+    QComboBox::showPopup();
+}
+
+QFont PopupMenu::textFont() const {
+    return fontForHeight(font(), height() - 4);
+}
+
+QString PopupMenu::wholeText() const {
+    return currentIndex() < 0 ? placeholderText() : currentText();
+}
+
+int PopupMenu::textWidth() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    return field.width() - 4;
+}
+
+bool PopupMenu::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const bool cut = elidedInMiddle(textFont(), wholeText(), textWidth()) != wholeText();
+        showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), toolTipWithWhole(wholeText(), cut, toolTip()),
+                         this);
+        return true;
+    }
+    return QComboBox::event(event);
+}
+
+void PopupMenu::enterEvent(QEnterEvent* event) {
+    QComboBox::enterEvent(event);
+    emit aboutToChoose();
+    emit MouseEntered();
+}
+
+void PopupMenu::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    // Coming back from its own list is the end of choosing.
+    if (event->reason() != Qt::PopupFocusReason)
+        emit aboutToChoose();
+}
+
+void PopupMenu::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+    case Qt::Key_Space:
+    case Qt::Key_F4:
+        showPopup();
+        return;
+    default:
+        break;
+    }
+    const QString typed = event->text();
+    const bool searches = !typed.isEmpty() && typed.front().isPrint() &&
+                          !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (!searches) {
+        event->ignore();
+        return;
+    }
+    showPopup();
+    view()->keyboardSearch(typed);
+}
+
+void PopupMenu::mousePressEvent(QMouseEvent* event) {
+    emit MouseDown();
+    QComboBox::mousePressEvent(event);
+}
+
+void PopupMenu::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QFont font = textFont();
+    painter.setFont(font);
+    option.fontMetrics = QFontMetrics(font);
+    const QBrush ink = currentIndex() < 0 ? palette().placeholderText() : palette().buttonText();
+    option.palette.setBrush(QPalette::ButtonText, ink);
+    option.palette.setBrush(QPalette::Text, ink);
+    painter.setPen(ink.color());
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    option.currentText = elidedInMiddle(font, wholeText(), textWidth());
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+void PopupMenu::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+} // namespace velmarin

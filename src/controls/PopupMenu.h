@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QComboBox>
+
+#include <any>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+/// A pop-up of rows, each with a tag of any kind. A row is picked from the open list only, by a click or Enter: the
+/// wheel and the arrow keys on the closed control change nothing. Down, Up, Space, F4 and Alt with an arrow open the
+/// list, and so does typing, which searches in it.
+class PopupMenu : public QComboBox {
+    Q_OBJECT
+  public:
+    explicit PopupMenu(QWidget* parent = nullptr);
+
+    void AddRow(std::string text, std::any tag = {});
+    /// No row is picked then; nothing is emitted.
+    void DeleteAllRows();
+    int rowCount() const { return static_cast<int>(rows_.size()); }
+    /// The row's text byte for byte as it was added; empty for a row that is not there.
+    std::string List(int row) const;
+    /// Empty for a row that is not there.
+    std::any Tag(int row) const;
+
+    /// The picked row, -1 for none.
+    int ListIndex() const { return currentIndex(); }
+    /// Picks a row as the user does, `Change` included. A row that is not there means none.
+    void setListIndex(int row);
+    void setListIndexQuietly(int row);
+
+    /// What stands there in grey while no row is picked.
+    void setPrompt(std::string_view prompt);
+
+    void showPopup() override;
+
+  signals:
+    /// A row was picked, be it the one that was so already.
+    void Change();
+    void MouseEntered();
+    /// The mouse was pressed on the control; the list has not opened yet.
+    void MouseDown();
+    /// The user is about to be able to choose: the pointer came in, the focus came in, or the list is going to open.
+    void aboutToChoose();
+
+  protected:
+    bool event(QEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    struct Row {
+        std::string text;
+        std::any tag;
+    };
+    QFont textFont() const;
+    QString wholeText() const;
+    int textWidth() const;
+
+    std::vector<Row> rows_;
+};
+
+} // namespace velmarin

@@ -115,7 +115,7 @@ void BevelButton::setMenuValue(int row) {
     menuValue_ = held;
     menuValueSet_ = true;
     update();
-    QAccessibleEvent changed(this, QAccessible::ValueChanged);
+    QAccessibleValueChangeEvent changed(this, toQ(List(held)));
     QAccessible::updateAccessibility(&changed);
 }
 

@@ -9,6 +9,9 @@ namespace velmarin {
 /// ASCII, katakana to hiragana, accents off, capitals. Pure; bytes that are not UTF-8 pass unchanged.
 std::string mSub_MakeSearchWord(std::string_view text);
 
+/// The same, written at the end of `words`.
+void appendSearchWord(std::string& words, std::string_view text);
+
 /// Direction 0 makes letters of their own of the digraphs: "ch" to "cʃ", then "ll" to "lʎ", whatever their case, the
 /// replacement in small letters. Any other direction takes that back.
 std::string mSub_Spanish(std::string_view text, int direction);
@@ -17,8 +20,9 @@ std::string mSub_Spanish(std::string_view text, int direction);
 std::string mSub_IJUV(std::string_view text);
 
 /// Rewrites a numeric query after a dictionary's number format: by "000-00" "12-3" becomes "012-03". Any character that
-/// is no ASCII letter, digit or underscore separates the fields of the query; the format's first such character stands
-/// between the fields of the result. Fields beyond the format's stay as typed. No case or width is folded.
+/// is no ASCII letter, digit or underscore separates the fields of the query (one beyond ASCII counts once for each of
+/// its bytes); the format's first such character stands between the fields of the result. Fields that are no number,
+/// and fields beyond the format's, stay as typed. No case or width is folded.
 std::string mSub_Format(std::string_view text, std::string_view format);
 
 /// Which order a dictionary's index stands in, and how its numbers are written.

@@ -11,8 +11,19 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <memory>
 
 namespace {
+
+/// For a run that nobody watches: what would be a box is a line on standard error.
+class UnwatchedHost : public velmarin::QtHost {
+  public:
+    void MsgBox(std::string_view text) override { std::cerr << "velmarin: " << text << '\n'; }
+    Answer askYesNo(std::string_view text) override {
+        MsgBox(text);
+        return Answer::No;
+    }
+};
 
 bool hasDisplay() {
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
@@ -25,7 +36,8 @@ bool hasDisplay() {
 
 int main(int argc, char** argv) {
     velmarin::StartRequest request;
-    CLI::App options("Velmarin finds a word in scanned dictionaries and shows the page on which it stands.", "velmarin");
+    CLI::App options("Velmarin finds a word in scanned dictionaries and shows the page on which it stands.",
+                     "velmarin");
     options.add_option("--group", request.group, "Open with this group picked")->option_text("NAME");
     options.add_option("--picture", request.pictureFile, "Save a picture of the window to this file and end")
         ->option_text("FILE");
@@ -37,16 +49,21 @@ int main(int argc, char** argv) {
         return options.exit(failure) == 0 ? 0 : 2;
     }
     if (!hasDisplay()) {
-        std::cerr << "velmarin: there is no display. To save a picture without one: ./run --picture FILE [--group NAME] [WORD]\n";
+        std::cerr << "velmarin: there is no display. To save a picture without one: ./run --picture FILE [--group "
+                     "NAME] [WORD]\n";
         return 2;
     }
 
     QCoreApplication::setApplicationName(QStringLiteral("velmarin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELMARIN_VERSION));
     velmarin::Application qt(argc, argv);
-    velmarin::QtHost host;
-    qt.setHost(&host);
-    velmarin::App app(host, velmarin::FolderItem(velmarin::fromQ(QCoreApplication::applicationDirPath())),
+    std::unique_ptr<velmarin::Host> host;
+    if (request.pictureFile.empty())
+        host = std::make_unique<velmarin::QtHost>();
+    else
+        host = std::make_unique<UnwatchedHost>();
+    qt.setHost(host.get());
+    velmarin::App app(*host, velmarin::FolderItem(velmarin::fromQ(QCoreApplication::applicationDirPath())),
                       VELMARIN_VERSION);
     QTimer::singleShot(0, &app, [&app, &request] {
         app.Event_Open();

@@ -47,8 +47,8 @@ QRect onPanel(int left, int top, int width, int height) {
 
 ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
     ControlSet set;
-    auto* layout = new AnchoredLayout(
-        panel, QSize(design::kTabPanelWidth, design::kTabPanelHeight - TabPanel::kBarHeight));
+    auto* layout =
+        new AnchoredLayout(panel, QSize(design::kTabPanelWidth, design::kTabPanelHeight - TabPanel::kBarHeight));
     const auto nameIt = [index](QWidget* control, const char* name) {
         control->setObjectName(QStringLiteral("%1.%2").arg(QLatin1String(name)).arg(index));
     };
@@ -79,8 +79,7 @@ ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
     set.MainCanvas = new SmartCanvas(host, panel);
     nameIt(set.MainCanvas, "MainCanvas");
     set.MainCanvas->setAccessibleName(QStringLiteral("Page"));
-    layout->add(set.MainCanvas, onPanel(18, 84, 796, 714),
-                Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
+    layout->add(set.MainCanvas, onPanel(18, 84, 796, 714), Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
     return set;
 }
 

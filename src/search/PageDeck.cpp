@@ -101,7 +101,9 @@ void PageDeck::mNextBack(int direction, int tabIndex) {
     mSetPicture(name, tabIndex, true);
 }
 
-void PageDeck::mUpDown(int direction, int tabIndex) { set(tabIndex).MainCanvas->mJumpScroll_vertical(direction); }
+void PageDeck::mUpDown(int direction, int tabIndex) {
+    set(tabIndex).MainCanvas->mJumpScroll_vertical(direction);
+}
 
 void PageDeck::showErrata(int tabIndex, const std::vector<std::string>& names) {
     BevelButton* menu = set(tabIndex).BVErrata;
@@ -171,6 +173,8 @@ void PageDeck::stepTab(int direction) {
         TB_->setValue((TB_->Value() + (direction != 0 ? 1 : count - 1)) % count);
 }
 
-void PageDeck::goToEndTab(int direction) { TB_->setValue(direction != 0 ? TB_->PanelCount() - 1 : 0); }
+void PageDeck::goToEndTab(int direction) {
+    TB_->setValue(direction != 0 ? TB_->PanelCount() - 1 : 0);
+}
 
 } // namespace velmarin

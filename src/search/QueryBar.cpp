@@ -40,12 +40,14 @@ class ShownProgress {
 
 constexpr int kListProgressStep = 10;
 
-bool isArrow(int key) { return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down; }
+bool isArrow(int key) {
+    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+}
 
 } // namespace
 
-QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host& host, BusyState& busy,
-                   QWidget* parent, AnchoredLayout& layout)
+QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host& host, BusyState& busy, QWidget* parent,
+                   AnchoredLayout& layout)
     : QObject(parent), state_(state), searcher_(searcher), deck_(deck), host_(host), busy_(busy),
       SearchEF_(new QLineEdit(parent)), SeparatelyCB_(new QCheckBox(QStringLiteral("Search separately"), parent)),
       OKBT_(new QPushButton(QStringLiteral("OK"), parent)), PB_(new ProgressBar(Qt::Vertical, parent)) {
@@ -57,8 +59,8 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     layout.add(SearchEF_, QRect(257, 3, 295, 28), Anchor::Left | Anchor::Top | Anchor::Right);
 
     SeparatelyCB_->setObjectName(QStringLiteral("SeparatelyCB"));
-    SeparatelyCB_->setToolTip(QStringLiteral(
-        "By pushing the shift key, you can change temporally the selection of this checkbox."));
+    SeparatelyCB_->setToolTip(
+        QStringLiteral("By pushing the shift key, you can change temporally the selection of this checkbox."));
     SeparatelyCB_->setEnabled(false);
     layout.add(SeparatelyCB_, QRect(554, 3, 121, 23), Anchor::Top | Anchor::Right);
 

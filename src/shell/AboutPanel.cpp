@@ -41,9 +41,13 @@ AboutPanel::AboutPanel(QWidget* parent, AnchoredLayout& layout)
     layout.add(AboutST_, QRect(554, 155, 247, 570), Anchor::Top | Anchor::Right | Anchor::Bottom);
 }
 
-void AboutPanel::append(const std::string& text) { AboutST_->setText(AboutST_->text() + toQ(text)); }
+void AboutPanel::append(const std::string& text) {
+    AboutST_->setText(AboutST_->text() + toQ(text));
+}
 
-void AboutPanel::hideAbout() { AboutST_->hide(); }
+void AboutPanel::hideAbout() {
+    AboutST_->hide();
+}
 
 void AboutPanel::showLogo() {
     const qreal ratio = LOGO_->devicePixelRatioF();

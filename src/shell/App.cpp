@@ -1,5 +1,6 @@
 #include "shell/App.h"
 
+#include "platform/EventLoopPost.h"
 #include "shell/EditCommands.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
@@ -45,12 +46,14 @@ constexpr std::array<AppCommand, 5> kCommands{{
 } // namespace
 
 App::App(Host& host, const FolderItem& applicationFolder, std::string version)
-    : host_(host), applicationFolder_(applicationFolder), version_(std::move(version)),
+    : host_(host), applicationFolder_(applicationFolder), version_(std::move(version)), busy_(eventLoopPost()),
       preferences_([&host](std::string_view text) { host.MsgBox(text); }) {
     setMessageHandler([&host](std::string_view text) { host.MsgBox(text); });
 }
 
-App::~App() { setMessageHandler({}); }
+App::~App() {
+    setMessageHandler({});
+}
 
 void App::Event_Open() {
     try {

@@ -35,7 +35,9 @@ const EditCommand* find(std::string_view name) {
 
 } // namespace
 
-bool isEditCommand(std::string_view name) { return find(name) != nullptr; }
+bool isEditCommand(std::string_view name) {
+    return find(name) != nullptr;
+}
 
 void runEditCommand(std::string_view name) {
     const EditCommand* command = find(name);

@@ -41,7 +41,9 @@ bool GroupPicker::pickNamed(const std::string& name) {
     return false;
 }
 
-int GroupPicker::rowCount() const { return SelectDicFolPU_->rowCount(); }
+int GroupPicker::rowCount() const {
+    return SelectDicFolPU_->rowCount();
+}
 
 WindowPick GroupPicker::pick() const {
     const int row = SelectDicFolPU_->ListIndex();

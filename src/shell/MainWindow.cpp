@@ -2,9 +2,9 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
+#include "controls/ListBox.h"
 #include "controls/PopupMenu.h"
 #include "controls/ProgressBar.h"
-#include "controls/ListBox.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "search/HitList.h"
@@ -84,8 +84,8 @@ void MainWindow::makeParts() {
     layout_->add(SubWinBV_, QRect(174, 3, 71, 28), Anchor::Left | Anchor::Top);
 
     deck_ = new PageDeck(state_, app_.host(), content);
-    searcher_ = std::make_unique<Searcher>(
-        state_, *deck_, [this]() -> HitList& { return app_.MainWinList().front()->hitList(); });
+    searcher_ = std::make_unique<Searcher>(state_, *deck_,
+                                           [this]() -> HitList& { return app_.MainWinList().front()->hitList(); });
     queryBar_ = new QueryBar(state_, *searcher_, *deck_, app_.host(), app_.busy(), content, *layout_);
     layout_->add(deck_->TB(),
                  QRect(design::kTabPanelLeft, design::kTabPanelTop, design::kTabPanelWidth, design::kTabPanelHeight),
@@ -100,14 +100,18 @@ void MainWindow::makeParts() {
     });
 }
 
-std::string MainWindow::title() const { return fromQ(windowTitle()); }
+std::string MainWindow::title() const {
+    return fromQ(windowTitle());
+}
 
 void MainWindow::setTitle(const std::string& title) {
     // Qt reads "[*]" in a title as the mark of an unsaved file.
     setWindowTitle(toQ(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
-void MainWindow::appendToAbout(const std::string& text) { about_->append(text); }
+void MainWindow::appendToAbout(const std::string& text) {
+    about_->append(text);
+}
 
 void MainWindow::bringToFront() {
     show();

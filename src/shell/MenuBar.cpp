@@ -13,7 +13,9 @@ namespace {
 constexpr std::string_view kWindowItem = "WinItem";
 
 /// A menu reads "&" as the mark of a key; a name is shown as it is.
-QString menuText(std::string_view text) { return toQ(text).replace(QLatin1Char('&'), QLatin1String("&&")); }
+QString menuText(std::string_view text) {
+    return toQ(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 
 } // namespace
 
@@ -44,8 +46,7 @@ QAction* MenuBar::addItem(QMenu* menu, std::string_view name, int index, std::st
     action->setMenuRole(QAction::NoRole);
     if (!shortcut.empty())
         action->setShortcut(QKeySequence(toQ(shortcut)));
-    connect(action, &QAction::triggered, this,
-            [this, kept = std::string(name), index] { router_(kept, index); });
+    connect(action, &QAction::triggered, this, [this, kept = std::string(name), index] { router_(kept, index); });
     actions_.insert(toQ(name), action);
     return action;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/ThisAppliModule.h"
 #include "search/WindowState.h"
+#include "shell/ThisAppliModule.h"
 #include "store/AtomicFile.h"
 
 #include <functional>

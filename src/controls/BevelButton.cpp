@@ -8,6 +8,7 @@
 #include "controls/RowModel.h"
 
 #include <QAccessible>
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -19,7 +20,7 @@ namespace velmarin {
 
 namespace {
 
-constexpr int sidePadding = 4;
+constexpr int sidePadding = 3;
 constexpr int arrowWidth = 7;
 constexpr int arrowRoom = arrowWidth + 3; // and the gap between it and the text
 
@@ -145,13 +146,16 @@ QRect BevelButton::textRect() const {
 
 QFont BevelButton::textFont() const {
     const QFont font = fontForHeight(this->font(), textRect().height());
-    // A page's name is shown in one size whatever its length, since it changes while one pages on.
-    return showsCurrentRow_ && menuValueSet_ ? font : fontForWidth(font, text(), textRect().width());
+    if (!showsCurrentRow_ || !menuValueSet_)
+        return fontForWidth(font, text(), textRect().width());
+    // A row may be of any length: rather cut it short than let its size jump while one pages on.
+    const int smallest = std::max(kSmallestPixelSize, QFontInfo(font).pixelSize() * 3 / 4);
+    return fontForWidth(font, wholeText(), textRect().width(), smallest);
 }
 
 QSize BevelButton::sizeHint() const {
     const QFontMetrics metrics(font());
-    const int width = metrics.horizontalAdvance(text()) + 2 * sidePadding + (hasMenu_ ? arrowRoom : 0);
+    const int width = textWidth(font(), text()) + 2 * sidePadding + (hasMenu_ ? arrowRoom : 0);
     return {std::max(width, 3 * sidePadding), metrics.height() + 4};
 }
 

@@ -4,32 +4,34 @@
 #include <QFontMetrics>
 
 #include <algorithm>
+#include <cmath>
 
 namespace velmarin {
 
 namespace {
 
-constexpr int smallestPixelSize = 8;
-
 template <typename Fits> QFont shrunk(QFont font, int smallest, Fits fits) {
     int size = QFontInfo(font).pixelSize();
-    while (!fits(QFontMetrics(font)) && size > smallest) {
+    while (!fits(font) && size > smallest)
         font.setPixelSize(--size);
-    }
     return font;
 }
 
 } // namespace
 
 QFont fontForHeight(QFont font, int height) {
-    return shrunk(std::move(font), smallestPixelSize,
-                  [height](const QFontMetrics& metrics) { return metrics.ascent() + metrics.descent() <= height; });
+    return shrunk(std::move(font), kSmallestPixelSize, [height](const QFont& tried) {
+        const QFontMetrics metrics(tried);
+        return metrics.ascent() + metrics.descent() <= height;
+    });
 }
 
-QFont fontForWidth(QFont font, const QString& text, int width) {
-    const int smallest = std::max(smallestPixelSize, QFontInfo(font).pixelSize() * 3 / 4);
-    return shrunk(std::move(font), smallest,
-                  [&](const QFontMetrics& metrics) { return metrics.horizontalAdvance(text) <= width; });
+QFont fontForWidth(QFont font, const QString& text, int width, int smallest) {
+    return shrunk(std::move(font), smallest, [&](const QFont& tried) { return textWidth(tried, text) <= width; });
+}
+
+int textWidth(const QFont& font, const QString& text) {
+    return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text)));
 }
 
 QString elidedInMiddle(const QFont& font, const QString& text, int width) {

@@ -6,12 +6,18 @@
 
 namespace velmarin {
 
-/// `font`, made smaller where a line of it is higher than `height` logical pixels, but never smaller than can be read
-/// (8 pixels). The layout's buttons are 16 pixels high whatever the desktop's font is.
+/// Smaller text cannot be read.
+inline constexpr int kSmallestPixelSize = 8;
+
+/// `font`, made smaller where a line of it is higher than `height` logical pixels, but not below what can be read. The
+/// layout's buttons are 16 pixels high whatever the desktop's font is.
 QFont fontForHeight(QFont font, int height);
 
-/// `font`, made up to a quarter smaller as far as that lets `text` stand in `width` logical pixels.
-QFont fontForWidth(QFont font, const QString& text, int width);
+/// `font`, made smaller as far as that lets `text` stand in `width` logical pixels, but not below `smallest` pixels.
+QFont fontForWidth(QFont font, const QString& text, int width, int smallest = kSmallestPixelSize);
+
+/// The logical pixels that `text` needs, rounded up: a fraction too little would cut it short.
+int textWidth(const QFont& font, const QString& text);
 
 /// `text` as it fits `width` logical pixels, with an ellipsis in its middle where it is too long.
 QString elidedInMiddle(const QFont& font, const QString& text, int width);

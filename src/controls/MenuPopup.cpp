@@ -1,5 +1,6 @@
 #include "controls/MenuPopup.h"
 
+#include "controls/FittedText.h"
 #include "controls/RowDelegate.h"
 #include "controls/RowModel.h"
 
@@ -81,7 +82,9 @@ MenuPopup::MenuPopup(RowModel* rows, int currentRow, QWidget* owner)
     : QFrame(owner, Qt::Popup), rows_(rows), currentRow_(currentRow), owner_(owner), list_(new MenuList(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFrameStyle(QFrame::Box | QFrame::Plain);
-    setLineWidth(1);
+    QPalette edge = palette();
+    edge.setColor(QPalette::WindowText, edge.color(QPalette::Button).darker(165));
+    setPalette(edge);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(list_);
@@ -95,23 +98,22 @@ MenuPopup::MenuPopup(RowModel* rows, int currentRow, QWidget* owner)
 
 void MenuPopup::open(bool byMouse) {
     place();
+    if (byMouse)
+        list_->ignoreReleaseAt(QCursor::pos());
+    show();
     if (currentRow_ >= 0) {
         const QModelIndex current = rows_->index(currentRow_);
         list_->setCurrentIndex(current);
         list_->scrollTo(current, QAbstractItemView::PositionAtCenter);
     }
-    if (byMouse)
-        list_->ignoreReleaseAt(QCursor::pos());
-    show();
     list_->setFocus(Qt::PopupFocusReason);
 }
 
 int MenuPopup::contentWidth(int visibleRows) const {
-    const QFontMetrics metrics(list_->font());
     int widest = 0;
     const auto measure = [&](int row) {
         if (rows_->has(row))
-            widest = std::max(widest, metrics.horizontalAdvance(rows_->index(row).data().toString()));
+            widest = std::max(widest, textWidth(list_->font(), rows_->index(row).data().toString()));
     };
     const int first = std::max(0, currentRow_ - visibleRows);
     for (int row = first; row < first + 2 * visibleRows; ++row)

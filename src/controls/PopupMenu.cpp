@@ -85,7 +85,7 @@ QString PopupMenu::wholeText() const {
     return currentIndex() < 0 ? placeholderText() : currentText();
 }
 
-int PopupMenu::textWidth() const {
+int PopupMenu::textRoom() const {
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
@@ -94,7 +94,7 @@ int PopupMenu::textWidth() const {
 
 bool PopupMenu::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
-        const bool cut = elidedInMiddle(textFont(), wholeText(), textWidth()) != wholeText();
+        const bool cut = elidedInMiddle(textFont(), wholeText(), textRoom()) != wholeText();
         showPlainToolTip(static_cast<QHelpEvent*>(event)->globalPos(), toolTipWithWhole(wholeText(), cut, toolTip()),
                          this);
         return true;
@@ -154,7 +154,7 @@ void PopupMenu::paintEvent(QPaintEvent*) {
     option.palette.setBrush(QPalette::Text, ink);
     painter.setPen(ink.color());
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
-    option.currentText = elidedInMiddle(font, wholeText(), textWidth());
+    option.currentText = elidedInMiddle(font, wholeText(), textRoom());
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 

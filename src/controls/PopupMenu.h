@@ -62,7 +62,7 @@ class PopupMenu : public QComboBox {
     };
     QFont textFont() const;
     QString wholeText() const;
-    int textWidth() const;
+    int textRoom() const;
 
     std::vector<Row> rows_;
 };

@@ -8,9 +8,11 @@
 #include <QHelpEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace velmarin {
 
-int RowDelegate::textWidth(int width) const {
+int RowDelegate::roomIn(int width) const {
     return width - 2 * (QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
 }
 
@@ -19,9 +21,14 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     if (event->type() != QEvent::ToolTip)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
-    const bool cut = view->fontMetrics().horizontalAdvance(text) > textWidth(option.rect.width());
+    const bool cut = textWidth(view->font(), text) > roomIn(option.rect.width());
     showPlainToolTip(event->globalPos(), cut ? text : QString(), view);
     return true;
+}
+
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const QSize dense = QStyledItemDelegate::sizeHint(option, index);
+    return {dense.width(), std::max(dense.height(), option.fontMetrics.height() + 3)};
 }
 
 void MenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -4,7 +4,7 @@
 
 namespace velmarin {
 
-/// Shows the whole text of a row that is cut short in a tool tip.
+/// Rows of a list, a little less dense than the style's; the whole text of a row that is cut short is its tool tip.
 class RowDelegate : public QStyledItemDelegate {
     Q_OBJECT
   public:
@@ -12,10 +12,11 @@ class RowDelegate : public QStyledItemDelegate {
 
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
   protected:
     /// The logical pixels that a row's text has in a row of `width`.
-    virtual int textWidth(int width) const;
+    virtual int roomIn(int width) const;
 };
 
 /// Rows of a menu: a mark before the current one, separators as lines.
@@ -33,7 +34,7 @@ class MenuRowDelegate : public RowDelegate {
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
   protected:
-    int textWidth(int width) const override { return width - sideRoom; }
+    int roomIn(int width) const override { return width - sideRoom; }
 
   private:
     int currentRow_;

@@ -5,6 +5,8 @@
 #include "controls/TabPanel.h"
 
 #include <QHelpEvent>
+#include <QStyleOptionTab>
+#include <QStylePainter>
 
 #include <algorithm>
 
@@ -12,7 +14,7 @@ namespace velmarin {
 
 namespace {
 
-constexpr int sidePadding = 12;
+constexpr int sidePadding = 7;
 constexpr int narrowestTab = 64;
 constexpr int widestTab = 200;
 
@@ -39,7 +41,7 @@ bool SmallTabBar::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const int tab = tabAt(help->pos());
-        const bool cut = tab >= 0 && captionWidth(tab) > tabRect(tab).width();
+        const bool cut = tab >= 0 && shownCaption(tab) != tabWhatsThis(tab);
         showPlainToolTip(help->globalPos(), cut ? tabWhatsThis(tab) : QString(), this);
         return true;
     }
@@ -60,8 +62,35 @@ void SmallTabBar::fitFont() {
     fitting_ = false;
 }
 
+QString SmallTabBar::shownCaption(int tab) const {
+    return fontMetrics().elidedText(tabWhatsThis(tab), Qt::ElideRight, tabRect(tab).width() - 2 * sidePadding);
+}
+
+void SmallTabBar::paintEvent(QPaintEvent* event) {
+    QStylePainter painter(this);
+    const int front = currentIndex();
+    for (int tab = 0; tab < count(); ++tab)
+        if (tab != front && tabRect(tab).intersects(event->rect()))
+            paintTab(painter, tab);
+    if (front >= 0)
+        paintTab(painter, front);
+}
+
+void SmallTabBar::paintTab(QStylePainter& painter, int tab) const {
+    QStyleOptionTab option;
+    initStyleOption(&option, tab);
+    painter.drawControl(QStyle::CE_TabBarTabShape, option);
+    const QRect caption = option.rect.adjusted(sidePadding, 0, -sidePadding, 0);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(caption, Qt::AlignCenter | Qt::TextSingleLine, shownCaption(tab));
+    if (tab == currentIndex() && hasFocus()) {
+        const int line = caption.bottom() - 2;
+        painter.fillRect(caption.left(), line, caption.width(), 2, palette().color(QPalette::Highlight));
+    }
+}
+
 int SmallTabBar::captionWidth(int tab) const {
-    return fontMetrics().horizontalAdvance(tabWhatsThis(tab)) + 2 * sidePadding;
+    return textWidth(font(), tabWhatsThis(tab)) + 2 * sidePadding;
 }
 
 QSize SmallTabBar::tabSizeHint(int tab) const {

@@ -40,6 +40,12 @@ fs::path impossiblePath(std::string_view name) {
     return fs::path("/dev/null") / shown;
 }
 
+fs::path withoutSlashAtTheEnd(fs::path path) {
+    while (!path.has_filename() && path.has_relative_path())
+        path = path.parent_path();
+    return path;
+}
+
 } // namespace
 
 bool isMemberName(std::string_view name) {
@@ -87,12 +93,11 @@ std::optional<std::vector<std::string>> listNames(const fs::path& folder) {
 FolderItem::FolderItem(fs::path path) : path_(std::move(path)) {
     if (path_.empty())
         return;
-    while (!path_.has_filename() && path_.has_relative_path())
-        path_ = path_.parent_path();
+    path_ = withoutSlashAtTheEnd(std::move(path_));
     if (path_.filename() == "." || path_.filename() == "..") {
         std::error_code error;
         fs::path real = fs::canonical(path_, error);
-        path_ = error ? fs::absolute(path_, error).lexically_normal() : std::move(real);
+        path_ = withoutSlashAtTheEnd(error ? fs::absolute(path_, error).lexically_normal() : std::move(real));
     }
 }
 

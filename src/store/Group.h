@@ -51,8 +51,16 @@ struct ReadGroup {
     DictionaryList dictionaries;
 };
 
-/// Reads a group. A folder that does not exist is made, after the message "Threre are no dictionaries."; a nil one
-/// raises NilObjectException. `afterEach` is called after each dictionary, so that a caller can keep its window alive.
+/// Reads a group. A folder that does not exist is made, with the message "Threre are no dictionaries.". `afterEach` is
+/// called after each dictionary, so that a caller can keep its window alive.
+///
+/// A dictionary is a folder with the mark `FW`, or a link to one, and bears the name that it has in the group: a link
+/// its own. Where two names lead to one folder it stands in the list once: under the name in the preferences file, else
+/// under the folder's own name, else under the first link's.
+///
+/// A nil folder, a preferences file that cannot be opened, and what MakeDictionaryItem raises end the reading with
+/// NilObjectException; `into` then holds what was read so far, the dictionary at fault as its last.
+void readGroup(const FolderItem& group, ReadGroup& into, const std::function<void()>& afterEach = {});
 ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
 
 /// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.

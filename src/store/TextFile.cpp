@@ -73,12 +73,11 @@ std::optional<std::string> readWholeFile(const FolderItem& item, std::uint64_t l
         text.resize(want);
         const std::size_t got = file->read(had, text.data() + had, want - had);
         text.resize(had + got);
-        if (text.size() < want)
-            break;
         if (text.size() > limit)
             return std::nullopt;
+        if (text.size() < want)
+            return text;
     }
-    return text;
 }
 
 std::string readFileStart(const ReadOnlyFile& file, std::size_t most) {

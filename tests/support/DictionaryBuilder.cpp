@@ -131,13 +131,13 @@ std::map<std::string, std::string> DictionaryBuilder::allFiles() const {
         files["mImg/" + page] = oneBitBmp();
     for (const std::string& name : errata_)
         files["mPimg/" + name] = oneBitBmp();
-    for (const auto& [name, bytes] : members_)
-        files[name] = bytes;
     std::erase_if(files, [&](const auto& file) {
         return std::any_of(without_.begin(), without_.end(), [&](const std::string& name) {
             return file.first == name || file.first.starts_with(name + "/");
         });
     });
+    for (const auto& [name, bytes] : members_)
+        files[name] = bytes;
     return files;
 }
 

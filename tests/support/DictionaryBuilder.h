@@ -45,7 +45,7 @@ class DictionaryBuilder {
 
     /// Any member with these very bytes ("ind", "mImg/ImageIndex"), in place of what would have been written.
     DictionaryBuilder& member(const std::string& name, std::string bytes);
-    /// Leaves a member out ("FW", "txt", "mImg", "mImg/ImageIndex", "mImg/p1.bmp").
+    /// Leaves out what would have been written unasked ("FW", "txt", "mImg", "mImg/ImageIndex", "mImg/p1.bmp").
     DictionaryBuilder& without(const std::string& name);
 
     const std::string& name() const { return name_; }

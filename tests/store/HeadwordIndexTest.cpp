@@ -1,0 +1,98 @@
+#include "store/HeadwordIndex.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace velmarin {
+namespace {
+
+using Words = std::vector<std::string>;
+
+HeadwordIndex indexOf(const Words& words) {
+    HeadwordIndex index;
+    for (const std::string& word : words)
+        EXPECT_TRUE(index.append(word));
+    index.finish();
+    return index;
+}
+
+/// The selection as it is told: from the front, the first entry that sorts after the word.
+std::size_t plainLoop(const Words& words, const std::string& word) {
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        if (word < words[i])
+            return i;
+    }
+    return words.size();
+}
+
+std::string randomWord(std::mt19937& random) {
+    static const Words kLetters = {
+        "A", "B", "\xC6\xA9", "\xE3\x81\x82", "\xF0\x90\x80\x80", "\xFF", std::string(1, '\0')};
+    std::string word;
+    for (std::size_t length = random() % 4; length > 0; --length)
+        word += kLetters[random() % kLetters.size()];
+    return word;
+}
+
+TEST(HeadwordIndex, FindsTheFirstGreaterEntryOfAnyListAsThePlainLoopDoes) {
+    std::mt19937 random(5);
+    int unsortedLists = 0;
+    for (int round = 0; round < 2000; ++round) {
+        Words words(random() % 40);
+        std::generate(words.begin(), words.end(), [&] { return randomWord(random); });
+        if (round % 3 == 0)
+            std::sort(words.begin(), words.end());
+        const HeadwordIndex index = indexOf(words);
+        ASSERT_EQ(index.size(), words.size());
+        ASSERT_EQ(index.sorted(), std::is_sorted(words.begin(), words.end()));
+        unsortedLists += index.sorted() ? 0 : 1;
+        for (std::size_t i = 0; i < words.size(); ++i)
+            ASSERT_EQ(index[i], words[i]);
+        for (int question = 0; question < 20; ++question) {
+            const std::string word = randomWord(random);
+            ASSERT_EQ(index.firstGreater(word), plainLoop(words, word)) << "round " << round;
+        }
+    }
+    EXPECT_GT(unsortedLists, 1000);
+}
+
+struct GreaterCase {
+    const char* reason;
+    Words words;
+    std::string word;
+    std::size_t first;
+};
+
+class FirstGreater : public testing::TestWithParam<GreaterCase> {};
+
+TEST_P(FirstGreater, IsThePlaceTold) {
+    EXPECT_EQ(indexOf(GetParam().words).firstGreater(GetParam().word), GetParam().first);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lists, FirstGreater,
+                         testing::Values(GreaterCase{"EmptyList", {}, "A", 0},
+                                         GreaterCase{"Between", {"ABA", "ABB", "ABD"}, "ABC", 2},
+                                         GreaterCase{"EqualDoesNotStop", {"ABA", "ABB", "ABD"}, "ABB", 2},
+                                         GreaterCase{"BeforeTheFirst", {"ABA", "ABB"}, "AA", 0},
+                                         GreaterCase{"EqualToTheLast", {"ABA", "ABB"}, "ABB", 2},
+                                         GreaterCase{"PastAllThatAreEqual", {"A", "B", "B", "B", "C"}, "B", 4},
+                                         GreaterCase{"EmptyEntriesAreNeverGreater", {"", "", "A"}, "", 2},
+                                         GreaterCase{"WordBeforeItsExtension", {"AB", "ABC"}, "AB", 1},
+                                         GreaterCase{"BytesAreUnsigned", {"Z", "\xC3\x84"}, "Z", 1},
+                                         GreaterCase{"FirstInFileOrderOfAnUnsortedList", {"M", "Z", "B", "C"}, "N", 1},
+                                         GreaterCase{"LaterSmallerEntriesAreNotSeen", {"Z", "A", "B"}, "A", 0}),
+                         [](const auto& info) { return info.param.reason; });
+
+TEST(HeadwordIndex, HoldsLittleMoreThanItsText) {
+    HeadwordIndex index;
+    index.reserve(1'000'000, 100'000'000);
+    for (int i = 0; i < 10'000; ++i)
+        index.append("HEADWORD");
+    index.finish();
+    EXPECT_LE(index.memory(), 10'000 * (8 + 4) + 1000u);
+}
+
+} // namespace
+} // namespace velmarin

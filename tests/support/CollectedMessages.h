@@ -1,0 +1,24 @@
+#pragma once
+
+#include "text/Message.h"
+
+#include <string>
+#include <vector>
+
+namespace velmarin::test {
+
+/// Collects what MsgBox is told for as long as it lives. For tests that link velmarin_text.
+class CollectedMessages {
+  public:
+    CollectedMessages() : before_(setMessageHandler([this](std::string_view text) { texts.emplace_back(text); })) {}
+    ~CollectedMessages() { setMessageHandler(std::move(before_)); }
+    CollectedMessages(const CollectedMessages&) = delete;
+    CollectedMessages& operator=(const CollectedMessages&) = delete;
+
+    std::vector<std::string> texts;
+
+  private:
+    MessageHandler before_;
+};
+
+} // namespace velmarin::test

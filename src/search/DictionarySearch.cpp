@@ -4,12 +4,11 @@
 #include "text/Grep.h"
 #include "text/StringRules.h"
 
+#include <algorithm>
+
 namespace velmarin {
 
 namespace {
-
-constexpr std::string_view kPageMarker = "<@_(.+?)_>";
-constexpr std::string_view kErrataMarker = "<\\^_(.+?)_>";
 
 std::string readTxtLine(DictionaryItem& item, std::size_t number) {
     const IndexedTextFile::Line line = item.txtLines.line(number);
@@ -32,12 +31,19 @@ bool independentAt(const std::vector<std::shared_ptr<DictionaryItem>>& dictionar
 TxtLine parseTxtLine(std::string_view line) {
     TxtLine result;
     std::string text(line.substr(0, kLongestTxtLine));
-    if (text.find("<@_") != std::string::npos && mStrMod_GrepMBS_Search(0, text, std::string(kPageMarker)) != 0)
-        result.imageName = mStrMod_GrepMBS_Find(0, text, std::string(kPageMarker));
-    const std::string errata(kErrataMarker);
-    while (text.find("<^_") != std::string::npos && mStrMod_GrepMBS_Search(0, text, errata) != 0) {
-        result.errata.push_back(mStrMod_GrepMBS_Find(0, text, errata));
-        text = mStrMod_GrepMBS_Replace(text, errata, "");
+    if (text.find("<@_") != std::string::npos)
+        result.imageName = mStrMod_GrepMBS_Find(0, text, pageMarkerPattern);
+    constexpr std::string_view opening = "<^_";
+    constexpr std::string_view closing = "_>";
+    while (text.find(opening) != std::string::npos && mStrMod_GrepMBS_Search(0, text, errataMarkerPattern) != 0) {
+        const std::string marker = mStrMod_GrepMBS_FoundStr();
+        const std::size_t at = text.find(marker);
+        if (at == std::string::npos)
+            break;
+        result.errata.push_back(marker.substr(opening.size(), marker.size() - opening.size() - closing.size()));
+        // With the marker out, the next can begin at most in the two characters before the gap.
+        const std::size_t kept = std::min(at, opening.size() - 1);
+        text = text.substr(at - kept, kept) + text.substr(at + marker.size());
     }
     return result;
 }

@@ -19,7 +19,7 @@ struct TxtLine {
 
 /// Reads the markup of one line. Of a line longer than kLongestTxtLine only that much is looked at.
 TxtLine parseTxtLine(std::string_view line);
-inline constexpr std::size_t kLongestTxtLine = 64 * 1024;
+inline constexpr std::size_t kLongestTxtLine = 16 * 1024;
 
 /// How a search of one dictionary ended.
 enum class SearchOutcome {

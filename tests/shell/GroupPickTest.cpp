@@ -1,0 +1,170 @@
+#include "Started.h"
+
+#include "controls/BevelButton.h"
+#include "controls/PopupMenu.h"
+#include "controls/QtText.h"
+#include "controls/TabPanel.h"
+#include "shell/GroupPicker.h"
+#include "view/SmartCanvas.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace velmarin::test {
+namespace {
+
+TEST(GroupPick, ASingleGroupIsPickedAtOnceAndWorks) {
+    Started run;
+    run.group(fruitGroup("Only", 2).preferences("Fruit\t0\t\n")).start();
+    EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), 0);
+    EXPECT_EQ(run.window().title(), "Fruit version 1.0");
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+    run.search("banana");
+    EXPECT_EQ(run.imageName(0), "2.bmp");
+    EXPECT_EQ(run.imageName(1), "2.bmp");
+}
+
+TEST(GroupPick, OfTwoGroupsNoneIsPickedAndTheSearchIsOff) {
+    Started run;
+    run.group(fruitGroup("One", 1)).group(fruitGroup("Two", 1)).start();
+    EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1);
+    EXPECT_FALSE(run.control<QPushButton>("OKBT")->isEnabled());
+    EXPECT_EQ(run.control<QLineEdit>("SearchEF")->text(), "To execute a search, select a dictionary.");
+    EXPECT_EQ(run.window().title(), "VELMARIN version 1.0");
+    run.pick("Two");
+    EXPECT_TRUE(run.control<QPushButton>("OKBT")->isEnabled());
+    EXPECT_EQ(run.control<QLineEdit>("SearchEF")->text(), "");
+}
+
+TEST(GroupPick, AGroupThatStandsInAWindowIsRefusedAndTheMenuGoesBack) {
+    Started run;
+    run.group(fruitGroup("One", 1).preferences("First\t0\t\n"))
+        .group(fruitGroup("Two", 2).preferences("Second\t0\t\n"))
+        .start();
+    run.pick("One");
+    run.app().mMakeNewMainWin();
+    ASSERT_EQ(run.app().MainWinList().size(), 2U);
+    run.pick("One", 1);
+    EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex(), -1);
+    EXPECT_TRUE(run.window(1).state().pDictionaryItem.empty());
+    run.pick("Two", 1);
+    EXPECT_EQ(run.window(1).title(), "Second");
+    run.pick("One", 1);
+    EXPECT_EQ(run.window(1).title(), "Second");
+    EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex(), 1);
+    EXPECT_EQ(run.app().module.pSelectedDicTag,
+              "You cant select following items which are already selected: \rOne\rTwo");
+    run.pick("Two", 1);
+    EXPECT_EQ(run.window(1).title(), "Second");
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
+TEST(GroupPick, WindowsAreMadeUntilGroupsRunOutAndThenTheVersionIsAppended) {
+    Started run;
+    run.group(fruitGroup("One", 1)).group(fruitGroup("Two", 1)).start();
+    run.app().mMakeNewMainWin();
+    run.app().mMakeNewMainWin();
+    EXPECT_EQ(run.app().MainWinList().size(), 2U);
+    EXPECT_EQ(run.window().title(), "VELMARIN version 1.0 version 1.0");
+    const QString about = run.control<QLabel>("AboutST")->text();
+    EXPECT_EQ(about.count("This Velmarin is at the version 1.0"), 2);
+    EXPECT_EQ(run.window(1).pMyIndex, 1);
+    EXPECT_FALSE(run.window(1).pDefaultMainWindow);
+}
+
+TEST(GroupPick, AClosedWindowCountsButItsGroupIsFreeFromTheNextPick) {
+    Started run;
+    run.group(fruitGroup("One", 1)).group(fruitGroup("Two", 1)).group(fruitGroup("Three", 1)).start();
+    run.pick("One");
+    run.app().mMakeNewMainWin();
+    run.pick("Two", 1);
+    run.window(1).close();
+    EXPECT_EQ(run.app().MainWinList().size(), 2U);
+    run.pick("Two");
+    EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), 0) << "still marked as in use";
+    run.pick("Three");
+    run.pick("Two");
+    EXPECT_EQ(run.window().state().pDictionaryGroupFolder.Name(), "Two");
+}
+
+TEST(GroupPick, AGroupWithoutDictionariesShowsOneEmptyTab) {
+    Started run;
+    run.group(fruitGroup("Full", 3)).start();
+    run.quit();
+    run.files().write("DictionaryFolder/Empty/readme", "nothing");
+    run.start();
+    run.pick("Full");
+    run.search("apple");
+    run.pick("Empty");
+    EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 1);
+    EXPECT_FALSE(run.control<BevelButton>("BVnext.0")->isEnabled());
+    EXPECT_EQ(run.imageName(0), "");
+    EXPECT_FALSE(run.control<SmartCanvas>("MainCanvas.0")->hasImage());
+    run.search("apple");
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
+TEST(GroupPick, TabsUpTo21AndAListFrom22) {
+    Started run;
+    run.group(GroupBuilder("T21").manyDictionaries(21, {"a", "b"}))
+        .group(GroupBuilder("T22").manyDictionaries(22, {"a", "b"}))
+        .start();
+    run.pick("T21");
+    EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 21);
+    EXPECT_FALSE(run.control<QWidget>("LB")->isVisible());
+    run.pick("T22");
+    EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 1);
+    EXPECT_TRUE(run.control<QWidget>("LB")->isVisible());
+    for (const auto& item : run.window().state().pDictionaryItem)
+        EXPECT_EQ(item->ImageMode, 3);
+}
+
+TEST(GroupPick, AListedDictionaryThatDoesNotLoadKeepsItsTabAndItsNeighboursWork) {
+    Started run;
+    run.group(GroupBuilder("G")
+                  .dictionary(fruit("A").without("mImg").without("txt"))
+                  .dictionary(fruit("B"))
+                  .dictionary(
+                      DictionaryBuilder("NotListed").member("FW", "").without("ind").without("txt").without("mImg"))
+                  .preferences("G\t0\t\nA\t2\nGone\t1\nB\t0\n"))
+        .group(fruitGroup("Other", 1))
+        .start();
+    run.pick("G");
+    auto* tabs = run.control<TabPanel>("TB");
+    ASSERT_EQ(tabs->PanelCount(), 2);
+    EXPECT_EQ(tabs->caption(0), "A");
+    EXPECT_FALSE(run.control<BevelButton>("BVnext.0")->isEnabled());
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{"Error: ReadDictionaryFolder 0"});
+    run.search("cherry");
+    EXPECT_EQ(run.imageName(1), "3.bmp");
+    run.pick("Other");
+    EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), "G\t0\t\nA\t2\nB\t0\n");
+}
+
+TEST(GroupPick, APickDuringASearchWaitsForItsEnd) {
+    Started run;
+    run.group(GroupBuilder("Many").manyDictionaries(30, {"apple", "banana", "zzz"}))
+        .group(fruitGroup("Few", 1))
+        .start();
+    run.pick("Many");
+    bool picked = false;
+    run.host.onYield = [&] {
+        if (!std::exchange(picked, true)) {
+            run.pick("Few");
+            EXPECT_EQ(run.window().state().pDictionaryItem.size(), 30U) << "the ground was pulled away";
+        }
+    };
+    run.search("apple");
+    QTest::qWait(0);
+    QApplication::processEvents();
+    EXPECT_TRUE(picked);
+    EXPECT_EQ(run.window().state().pDictionaryItem.size(), 1U);
+}
+
+} // namespace
+} // namespace velmarin::test

@@ -1,0 +1,103 @@
+#include "Started.h"
+
+#include "controls/BevelButton.h"
+#include "controls/ListBox.h"
+#include "controls/QtText.h"
+#include "controls/TabPanel.h"
+#include "view/SmartCanvas.h"
+
+#include <QApplication>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+namespace velmarin::test {
+namespace {
+
+GroupBuilder manyFruits(const std::string& name) {
+    GroupBuilder group(name);
+    for (int i = 0; i < 25; ++i)
+        group.dictionary(fruit("D" + std::to_string(10 + i)));
+    return group;
+}
+
+TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
+    Started run;
+    run.group(manyFruits("Many")).start();
+    auto* rows = run.control<ListBox>("LB");
+    EXPECT_EQ(rows->rowCount(), 25);
+    run.search("banana");
+    EXPECT_EQ(rows->rowCount(), 25);
+    EXPECT_EQ(rows->ListIndex(), 0);
+    EXPECT_EQ(rows->List(3), "D13");
+    for (int row = 0; row < 25; ++row) {
+        rows->setListIndex(row);
+        EXPECT_TRUE(run.control<SmartCanvas>("MainCanvas.0")->hasImage());
+        EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), rows->List(row));
+        EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 1);
+    }
+    EXPECT_EQ(run.imageName(0), "") << "a chosen hit touches neither name nor history";
+    run.click("BVnext.0");
+    EXPECT_EQ(run.imageName(0), "3.bmp");
+    EXPECT_EQ(run.control<BevelButton>("BVHistory.0")->rowCount(), 3);
+    run.search("apple");
+    EXPECT_EQ(rows->rowCount(), 25) << "a second search empties the list first";
+}
+
+TEST(ListMode, ARowWithoutAPageSaysSoReadably) {
+    Started run;
+    run.group(manyFruits("Many")).start();
+    run.search("aaa");
+    auto* info = run.control<QLabel>("InfoST");
+    EXPECT_EQ(info->text(), "We cant finde the picture. This dictionary has some probleme: D10");
+    EXPECT_GE(info->height(), info->fontMetrics().height());
+    EXPECT_FALSE(run.control<SmartCanvas>("MainCanvas.0")->hasImage());
+    EXPECT_TRUE(run.control<BevelButton>("BVjump.0")->isEnabled());
+    run.search("banana");
+    EXPECT_EQ(info->text(), "");
+}
+
+TEST(ListMode, JumpsReadTheFirstDictionarysPages) {
+    Started run;
+    GroupBuilder group("Many");
+    group.dictionary(DictionaryBuilder("A0").entry("apple", "first.bmp").entry("zzz", "second.bmp"));
+    for (int i = 0; i < 24; ++i)
+        group.dictionary(fruit("D" + std::to_string(10 + i)));
+    run.group(group).start();
+    run.search("apple");
+    run.control<ListBox>("LB")->setListIndex(1);
+    run.choose("BVjump.0", 1);
+    EXPECT_EQ(run.imageName(0), "") << "the first dictionary's page has no file in the one shown";
+    run.control<ListBox>("LB")->setListIndex(0);
+    run.choose("BVjump.0", 1);
+    EXPECT_EQ(run.imageName(0), "second.bmp");
+}
+
+TEST(ListMode, TheListLayoutStaysForLaterGroupsWithItsRows) {
+    Started run;
+    run.group(manyFruits("Many")).group(fruitGroup("Two", 2)).start();
+    run.pick("Many");
+    const int left = run.control<TabPanel>("TB")->x();
+    EXPECT_EQ(left, 150);
+    run.pick("Two");
+    EXPECT_TRUE(run.control<ListBox>("LB")->isVisible());
+    EXPECT_EQ(run.control<ListBox>("LB")->rowCount(), 25);
+    EXPECT_EQ(run.control<TabPanel>("TB")->x(), left);
+    run.search("banana");
+    EXPECT_EQ(run.control<ListBox>("LB")->rowCount(), 2) << "a window in list mode searches into its list";
+}
+
+TEST(ListMode, RowsOfASecondWindowGoToTheFirstOnesList) {
+    Started run;
+    run.group(fruitGroup("A few", 2)).group(manyFruits("Many")).start();
+    run.pick("A few");
+    run.app().mMakeNewMainWin();
+    run.pick("Many", 1);
+    EXPECT_EQ(run.control<ListBox>("LB", 1)->rowCount(), 25) << "the layout's rows are the window's own";
+    run.search("banana", 1);
+    EXPECT_EQ(run.control<ListBox>("LB", 0)->rowCount(), 25);
+    EXPECT_EQ(run.window(1).state().pHiteItems.size(), 25U);
+}
+
+} // namespace
+} // namespace velmarin::test

@@ -1,0 +1,80 @@
+#include "Started.h"
+
+#include "shell/MenuTree.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace velmarin::test {
+namespace {
+
+QAction* item(MainWindow& window, const QString& name, const QString& caption) {
+    for (QAction* action : window.menuBar()->findChildren<QAction*>(name))
+        if (action->text() == caption)
+            return action;
+    return nullptr;
+}
+
+TEST(Menus, EveryShortcutBelongsToOneItem) {
+    QStringList seen;
+    for (const MenuPlan& menu : menuTree())
+        for (const MenuItemPlan& plan : menu.items) {
+            if (plan.shortcut.empty())
+                continue;
+            const QKeySequence keys(QString::fromUtf8(plan.shortcut.data(), static_cast<int>(plan.shortcut.size())));
+            ASSERT_FALSE(keys.isEmpty()) << plan.shortcut;
+            EXPECT_FALSE(seen.contains(keys.toString())) << plan.shortcut;
+            seen << keys.toString();
+        }
+}
+
+TEST(Menus, WindowRowsFollowTheirWindowsGroups) {
+    Started run;
+    run.group(fruitGroup("One", 1).preferences("First\t0\t\n"))
+        .group(fruitGroup("Two", 1).preferences("Second & last\t0\t\n"))
+        .start();
+    EXPECT_NE(item(run.window(), "WinItem", "Default Window"), nullptr);
+    run.pick("One");
+    EXPECT_NE(item(run.window(), "WinItem", "First"), nullptr);
+    run.key(Qt::Key_N, Qt::ControlModifier);
+    ASSERT_EQ(run.app().MainWinList().size(), 2U);
+    run.pick("Two", 1);
+    for (int each : {0, 1}) {
+        QAction* second = item(run.window(each), "WinItem", "Second && last");
+        ASSERT_NE(second, nullptr);
+        EXPECT_EQ(second->shortcut(), QKeySequence("Ctrl+1"));
+    }
+}
+
+TEST(Menus, EditItemsActOnTheFocusedField) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    auto* field = run.control<QLineEdit>("SearchEF");
+    run.window().activateWindow();
+    QApplication::setActiveWindow(&run.window());
+    field->setFocus();
+    field->setText("palimpsest");
+    item(run.window(), "EditSelectAll", "SelectAll")->trigger();
+    EXPECT_EQ(field->selectedText(), "palimpsest");
+    item(run.window(), "EditClear", "削除")->trigger();
+    EXPECT_EQ(field->text(), "");
+    item(run.window(), "EditUndo", "Undo")->trigger();
+    EXPECT_EQ(field->text(), "palimpsest");
+}
+
+TEST(Menus, CheckDictionairesDoesNothingAndTheFolderIsOpenedByTheHost) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    item(run.window(), "SpecialCheckDictionaires", "Check Dictionaires")->trigger();
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+    item(run.window(), "SpecialOpenDictionaryFolder", "Open DictionaryFolder")->trigger();
+    EXPECT_EQ(run.host.launched, std::vector<std::filesystem::path>{run.folder() / "DictionaryFolder"});
+}
+
+} // namespace
+} // namespace velmarin::test

@@ -1,0 +1,185 @@
+#include "Started.h"
+
+#include "controls/BevelButton.h"
+#include "controls/QtText.h"
+#include "controls/TabPanel.h"
+#include "view/SmartCanvas.h"
+
+#include <QApplication>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+namespace velmarin::test {
+namespace {
+
+TEST(Pages, StepsStayWithinTheBook) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    auto* jump = run.control<BevelButton>("BVjump.0");
+    EXPECT_EQ(jump->wholeText(), "Page");
+    run.click("BVnext.0");
+    EXPECT_EQ(run.imageName(0), "") << "no page is shown yet, so there is none to step from";
+    run.search("date");
+    EXPECT_EQ(jump->MenuValue(), 3);
+    EXPECT_EQ(jump->wholeText(), "4.bmp");
+    run.click("BVnext.0");
+    run.click("BVnext.0");
+    EXPECT_EQ(run.imageName(0), "5.bmp");
+    EXPECT_EQ(jump->MenuValue(), 4);
+    for (int i = 0; i < 6; ++i)
+        run.click("BVback.0");
+    EXPECT_EQ(run.imageName(0), "1.bmp");
+    EXPECT_EQ(jump->MenuValue(), 0);
+    run.choose("BVjump.0", 2);
+    EXPECT_EQ(run.imageName(0), "3.bmp");
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
+TEST(Pages, NamesThatDifferInCaseOrCompositionAreOnePage) {
+    Started run;
+    run.group(GroupBuilder("G").dictionary(DictionaryBuilder("A")
+                                               .entry("apple", "PAGE1.BMP")
+                                               .entry("banana", "\xc3\xa9.bmp")
+                                               .entry("zzz", "3.bmp")
+                                               .without("mImg/PAGE1.BMP")
+                                               .without("mImg/\xc3\xa9.bmp")
+                                               .picture("page1.bmp")
+                                               .picture("e\xcc\x81.bmp")
+                                               .imageIndex({"3.bmp", "page1.bmp", "e\xcc\x81.bmp"})))
+        .start();
+    run.search("apple");
+    EXPECT_EQ(run.imageName(0), "PAGE1.BMP");
+    EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 1);
+    run.search("banana");
+    EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 2);
+}
+
+struct Broken {
+    const char* reason;
+    std::string page;
+    bool keepsThePage;
+};
+
+TEST(Pages, APageThatCannotBeShownSaysNoPictureAndLeavesNameAndMenu) {
+    const std::vector<Broken> cases{
+        {"a missing file leaves the page before it", "missing.bmp", true},
+        {"a file that cannot be decoded clears it", "broken.bmp", false},
+        {"a name that leads out of the folder is no name", "../mPimg/e.bmp", true},
+    };
+    for (const Broken& c : cases) {
+        SCOPED_TRACE(c.reason);
+        Started run;
+        run.group(GroupBuilder("G").dictionary(DictionaryBuilder("A")
+                                                   .entry("apple", "1.bmp")
+                                                   .entry("banana", c.page)
+                                                   .entry("zzz", "3.bmp")
+                                                   .without("mImg/" + c.page)
+                                                   .picture("broken.bmp", "no picture at all")
+                                                   .extraPicture("e.bmp")
+                                                   .imageIndex({"1.bmp", "3.bmp"})))
+            .start();
+        run.search("apple");
+        auto* canvas = run.control<SmartCanvas>("MainCanvas.0");
+        const QImage before = canvas->grab().toImage();
+        run.search("banana");
+        EXPECT_EQ(canvas->hasImage(), c.keepsThePage);
+        EXPECT_EQ(run.imageName(0), "1.bmp");
+        EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 0);
+        EXPECT_NE(canvas->grab().toImage(), before) << "nothing says that there is no picture";
+        run.search("zzy");
+        EXPECT_EQ(run.imageName(0), "1.bmp");
+    }
+}
+
+TEST(Pages, ImageSizeChangesTheCanvasAndTheDictionary) {
+    Started run;
+    run.group(fruitGroup("G", 2)).start();
+    run.search("apple");
+    run.choose("BVimage.0", 1);
+    EXPECT_EQ(run.control<SmartCanvas>("MainCanvas.0")->Mode(), 1);
+    EXPECT_EQ(run.window().state().pDictionaryItem[0]->ImageMode, 1);
+    EXPECT_EQ(run.window().state().pDictionaryItem[1]->ImageMode, 2);
+    EXPECT_EQ(run.control<BevelButton>("BVimage.0")->wholeText(), "Original size");
+}
+
+TEST(Pages, ADictionaryWithoutAnIndexGetsOneAndIndex2WinsOverIt) {
+    Started run;
+    run.group(GroupBuilder("G")
+                  .dictionary(fruit("A").without("mImg/ImageIndex").picture("notes.txt", "no page"))
+                  .dictionary(fruit("B").captions({{"2.bmp", "page ii"}, {"1.bmp", "page i"}})))
+        .start();
+    EXPECT_EQ(run.read("DictionaryFolder/G/A/mImg/ImageIndex"), "4\n1.bmp\n2.bmp\n3.bmp\n4.bmp\n5.bmp\n");
+    auto* jump = run.control<BevelButton>("BVjump.1");
+    EXPECT_EQ(jump->rowCount(), 2);
+    run.search("apple");
+    EXPECT_EQ(jump->wholeText(), "page i");
+    EXPECT_EQ(run.imageName(1), "1.bmp");
+}
+
+TEST(History, RemembersWhatWasShownAndWalksIt) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    auto* history = run.control<BevelButton>("BVHistory.0");
+    const Qt::KeyboardModifiers commandOption = Qt::ControlModifier | Qt::AltModifier;
+    run.key(Qt::Key_Right, commandOption);
+    run.key(Qt::Key_Left, commandOption);
+    run.choose("BVHistory.0", 0);
+    EXPECT_EQ(history->rowCount(), 2);
+
+    run.search("apple");
+    run.search("APPLE");
+    EXPECT_EQ(history->rowCount(), 3) << "landing on the page on show adds nothing";
+    run.search("banana");
+    run.search("cherry");
+    EXPECT_EQ(history->MenuValue(), 4);
+    run.key(Qt::Key_Right, commandOption);
+    EXPECT_EQ(run.imageName(0), "3.bmp");
+    run.key(Qt::Key_Left, commandOption);
+    run.key(Qt::Key_Left, commandOption);
+    run.key(Qt::Key_Left, commandOption);
+    EXPECT_EQ(run.imageName(0), "1.bmp");
+    EXPECT_EQ(history->MenuValue(), 2);
+    EXPECT_EQ(history->rowCount(), 5) << "walking the history adds nothing to it";
+    run.search("date");
+    EXPECT_EQ(history->MenuValue(), 5) << "a new page goes to the end, the later ones stay";
+    EXPECT_EQ(history->rowCount(), 6);
+    run.choose("BVHistory.0", 3);
+    EXPECT_EQ(run.imageName(0), "2.bmp");
+
+    run.choose("BVHistory.0", 0);
+    EXPECT_EQ(history->rowCount(), 2);
+    run.key(Qt::Key_Left, commandOption);
+    EXPECT_EQ(run.imageName(0), "2.bmp");
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
+TEST(Tabs, CommandsGoRoundAndToTheEnds) {
+    Started run;
+    run.group(fruitGroup("G", 3)).start();
+    auto* tabs = run.control<TabPanel>("TB");
+    const Qt::KeyboardModifiers commandShift = Qt::ControlModifier | Qt::ShiftModifier;
+    run.key(Qt::Key_Left, commandShift);
+    EXPECT_EQ(tabs->Value(), 2);
+    run.key(Qt::Key_Right, commandShift);
+    EXPECT_EQ(tabs->Value(), 0);
+    run.key(Qt::Key_Down, commandShift);
+    EXPECT_EQ(tabs->Value(), 2);
+    run.key(Qt::Key_Up, commandShift);
+    EXPECT_EQ(tabs->Value(), 0);
+}
+
+TEST(Tabs, PageCommandsGoToTheTabInFront) {
+    Started run;
+    run.group(fruitGroup("G", 2)).start();
+    run.search("banana");
+    run.control<TabPanel>("TB")->setValue(1);
+    run.key(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(run.imageName(0), "2.bmp");
+    EXPECT_EQ(run.imageName(1), "3.bmp");
+    run.key(Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(run.imageName(1), "2.bmp");
+}
+
+} // namespace
+} // namespace velmarin::test

@@ -1,0 +1,92 @@
+#include "Started.h"
+
+#include "controls/BevelButton.h"
+#include "controls/TabPanel.h"
+
+#include <QApplication>
+#include <QCheckBox>
+
+#include <gtest/gtest.h>
+
+namespace velmarin::test {
+namespace {
+
+const char* const kPreferences = "DictionaryFolder/G/DictionaryPreferences.txt";
+
+TEST(GroupPreferences, OrderModesAndTheCheckBoxComeBackAtTheNextStart) {
+    Started run;
+    run.group(fruitGroup("G", 3).preferences("Fruit\t1\t\nC\t1\nA\t0\nGone\t2\n")).start();
+    EXPECT_TRUE(run.control<QCheckBox>("SeparatelyCB")->isChecked());
+    EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "C");
+    EXPECT_EQ(run.control<BevelButton>("BVimage.1")->wholeText(), "Adjust by height");
+    EXPECT_EQ(run.read(kPreferences), "Fruit\t1\t\nC\t1\nA\t0\nGone\t2\n") << "reading writes nothing";
+    run.choose("BVimage.1", 1);
+    run.control<QCheckBox>("SeparatelyCB")->click();
+    EXPECT_EQ(run.read(kPreferences), "Fruit\t0\t\nC\t1\nA\t1\nB\t2\n");
+    run.choose("BVimage.2", 0);
+    run.quit();
+    EXPECT_EQ(run.read(kPreferences), "Fruit\t0\t\nC\t1\nA\t1\nB\t0\n");
+}
+
+TEST(GroupPreferences, TheLinesOfTheOrderEditorAreCarriedOverToEveryGroup) {
+    Started run;
+    run.group(fruitGroup("G", 2)).group(fruitGroup("H", 1)).start();
+    run.pick("G");
+    run.app().module.pNewDicPref = {"New name", "B", "A"};
+    run.pick("H");
+    run.quit();
+    EXPECT_EQ(run.read(kPreferences), "New name\nB\nA\n");
+    EXPECT_EQ(run.read("DictionaryFolder/H/DictionaryPreferences.txt"), "New name\nB\nA\n");
+}
+
+TEST(Placement, OnlyTheFirstWindowSavesItAndEveryWindowTakesIt) {
+    Started run;
+    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1));
+    run.files().write("Preferences/MainWindow", "40\t50\t700\t500\t\n");
+    run.start();
+    EXPECT_EQ(run.window().centralWidget()->size(), QSize(700, 500));
+    run.window().resize(run.window().width() + 20, run.window().height());
+    QApplication::processEvents();
+    EXPECT_EQ(run.read("Preferences/MainWindow"), "40\t50\t720\t500\t\n");
+    run.app().mMakeNewMainWin();
+    EXPECT_EQ(run.window(1).centralWidget()->size(), QSize(720, 500));
+    run.window(1).resize(400, 400);
+    QApplication::processEvents();
+    EXPECT_EQ(run.read("Preferences/MainWindow"), "40\t50\t720\t500\t\n");
+}
+
+TEST(Placement, AFolderThatCannotBeWrittenIsToldOnce) {
+    Started run;
+    run.group(fruitGroup("G", 1));
+    run.files().write("Preferences", "a file stands where the folder belongs");
+    run.start();
+    for (int i = 1; i <= 5; ++i) {
+        run.window().resize(600 + i, 500);
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(run.host.messages.size(), 1U);
+}
+
+TEST(Placement, ALineOfZerosGivesTheSmallestWindowAndNotNone) {
+    Started run;
+    run.group(fruitGroup("G", 1));
+    run.files().write("Preferences/MainWindow", "\n");
+    run.start();
+    EXPECT_EQ(run.window().centralWidget()->height(), 64);
+    EXPECT_GE(run.window().centralWidget()->width(), 64);
+}
+
+TEST(GroupPreferences, AGroupFolderThatCannotBeWrittenIsToldAndTheProgramStaysUp) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    std::filesystem::create_directory(run.groupFolder("G") / "DictionaryPreferences.txt");
+    run.control<QCheckBox>("SeparatelyCB")->click();
+    run.control<QCheckBox>("SeparatelyCB")->click();
+    ASSERT_EQ(run.host.messages.size(), 1U);
+    EXPECT_NE(run.host.messages[0].find("DictionaryPreferences.txt"), std::string::npos);
+    run.search("banana");
+    EXPECT_EQ(run.imageName(0), "2.bmp");
+}
+
+} // namespace
+} // namespace velmarin::test

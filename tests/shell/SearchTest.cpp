@@ -1,0 +1,143 @@
+#include "Started.h"
+
+#include "controls/BevelButton.h"
+#include "controls/ProgressBar.h"
+#include "controls/QtText.h"
+#include "controls/TabPanel.h"
+#include "search/QueryBar.h"
+#include "view/SmartCanvas.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace velmarin::test {
+namespace {
+
+struct RouteCase {
+    const char* reason;
+    bool separately, shift;
+    std::vector<std::string> shown;
+};
+
+TEST(Search, TheCheckBoxAndShiftDecideWhichTabsAreSearched) {
+    const std::vector<RouteCase> cases{
+        {"all tabs", false, false, {"2.bmp", "2.bmp", "2.bmp"}},
+        {"Shift: the front tab", false, true, {"", "2.bmp", ""}},
+        {"separately: the front tab", true, false, {"", "2.bmp", ""}},
+        {"separately with Shift: all tabs", true, true, {"2.bmp", "2.bmp", "2.bmp"}},
+    };
+    for (const RouteCase& c : cases) {
+        SCOPED_TRACE(c.reason);
+        Started run;
+        run.group(fruitGroup("G", 3)).start();
+        run.control<TabPanel>("TB")->setValue(1);
+        run.control<QCheckBox>("SeparatelyCB")->setChecked(c.separately);
+        run.host.shift.held = c.shift;
+        run.search("banana");
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(run.imageName(i), c.shown[static_cast<std::size_t>(i)]) << "tab " << i;
+    }
+}
+
+TEST(Search, AShiftKeyThatChangesBetweenTheLooksIsTold) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    run.host.shift.next = {false, true};
+    run.search("banana");
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{"OKBT unexpected error at ACTION."});
+}
+
+TEST(Search, LeavesTheWordSelectedAndTheAcknowledgementGone) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    auto* about = run.control<QLabel>("AboutST");
+    run.search("");
+    EXPECT_TRUE(about->isVisible()) << "an empty field searches nothing";
+    run.search("banana");
+    EXPECT_FALSE(about->isVisible());
+    EXPECT_EQ(run.control<QLineEdit>("SearchEF")->selectedText(), "banana");
+    EXPECT_FALSE(run.control<ProgressBar>("PB")->isVisible());
+}
+
+TEST(Search, ErrataFollowTheLineAndNotThePage) {
+    Started run;
+    run.group(GroupBuilder("G").dictionary(DictionaryBuilder("A")
+                                               .entry("apple", "1.bmp", {"e1.bmp", "e2.bmp"})
+                                               .entry("banana", "2.bmp")
+                                               .entry("zzz", "3.bmp")))
+        .start();
+    auto* errata = run.control<BevelButton>("BVErrata.0");
+    EXPECT_FALSE(errata->isEnabled());
+    run.search("apple");
+    EXPECT_TRUE(errata->isEnabled());
+    EXPECT_EQ(errata->rowCount(), 2);
+    EXPECT_EQ(errata->List(1), "e2.bmp");
+    run.click("BVnext.0");
+    EXPECT_EQ(run.imageName(0), "2.bmp");
+    EXPECT_EQ(errata->rowCount(), 2) << "a step keeps the errata of the last search";
+    run.search("zzzz");
+    EXPECT_EQ(errata->rowCount(), 2) << "a search past the end changes nothing";
+    run.search("aaa");
+    EXPECT_EQ(run.imageName(0), "2.bmp") << "a word before the first entry keeps the page";
+    EXPECT_EQ(errata->rowCount(), 0);
+    EXPECT_FALSE(errata->isEnabled());
+}
+
+TEST(Search, ASecondSearchDuringTheFirstWaitsForItsEnd) {
+    Started run;
+    run.group(fruitGroup("G", 3)).start();
+    bool pressed = false;
+    run.host.onYield = [&] {
+        if (!std::exchange(pressed, true)) {
+            run.control<QLineEdit>("SearchEF")->setText("cherry");
+            run.window().queryBar().OKBT_Action();
+            EXPECT_EQ(run.imageName(0), "2.bmp");
+        }
+    };
+    run.search("banana");
+    EXPECT_TRUE(pressed);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(run.imageName(i), "3.bmp") << "tab " << i;
+}
+
+TEST(Search, ClosingDuringASearchWaitsForItsEnd) {
+    Started run;
+    run.group(fruitGroup("G", 3)).start();
+    run.host.onYield = [&] {
+        run.window().close();
+        EXPECT_EQ(run.window().state().pDictionaryItem.size(), 3U);
+    };
+    run.search("banana");
+    QApplication::processEvents();
+    EXPECT_FALSE(run.window().isVisible());
+}
+
+TEST(SearchField, UpAndDownScrollThePageUnlessCommandOrOptionIsHeld) {
+    Started run;
+    run.group(GroupBuilder("G").dictionary(DictionaryBuilder("A")
+                                               .entry("apple", "1.bmp")
+                                               .entry("zzz", "2.bmp")
+                                               .picture("1.bmp", oneBitBmp(400, 4000))))
+        .start();
+    auto* field = run.control<QLineEdit>("SearchEF");
+    QTest::keyClick(field, Qt::Key_Down);
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{}) << "no page, nothing to scroll";
+    run.search("apple");
+    auto* canvas = run.control<SmartCanvas>("MainCanvas.0");
+    const int step = canvas->height() / 50;
+    const auto top = [&] { return canvas->view().ScrollPosition[1]; };
+    QTest::keyClick(field, Qt::Key_Down);
+    EXPECT_EQ(top(), step);
+    QTest::keyClick(field, Qt::Key_Up);
+    EXPECT_EQ(top(), 0);
+    QTest::keyClick(field, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(top(), 0);
+}
+
+} // namespace
+} // namespace velmarin::test

@@ -1,0 +1,224 @@
+#include "platform/QtHost.h"
+
+#include "platform/QtText.h"
+#include "support/TempFolder.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace velmarin {
+namespace {
+
+/// Does `act` with the box or dialog that comes up next.
+template <typename Dialog, typename Act> void whenUp(Act act) {
+    QTimer::singleShot(0, [act] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        act(dialog);
+    });
+}
+
+struct TextCase {
+    const char* name;
+    std::string text;
+    QString shown;
+};
+
+class MessageTexts : public ::testing::TestWithParam<TextCase> {};
+
+TEST_P(MessageTexts, AreShownAsTheyStand) {
+    QtHost host;
+    QString shown;
+    Qt::TextFormat format = Qt::AutoText;
+    whenUp<QMessageBox>([&](QMessageBox* box) {
+        shown = box->text();
+        format = box->textFormat();
+        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+    });
+    host.MsgBox(GetParam().text);
+    EXPECT_EQ(shown, GetParam().shown);
+    EXPECT_EQ(format, Qt::PlainText);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    QtHost, MessageTexts,
+    ::testing::Values(TextCase{"Markup", "<b>a</b> & <img src=x>", "<b>a</b> & <img src=x>"},
+                      TextCase{"CarriageReturn", "taken:\rEnglish\rLatin", "taken:\nEnglish\nLatin"},
+                      TextCase{"BothLineEnds", "one\r\ntwo\nthree", "one\ntwo\nthree"},
+                      TextCase{"Japanese", "\xE8\xBE\x9E\xE6\x9B\xB8", QStringLiteral(u"\u8F9E\u66F8")},
+                      TextCase{"InvalidUtf8", "a\xFF", QStringLiteral(u"a\uFFFD")},
+                      TextCase{"Nul", std::string("a\0b", 3), QStringLiteral(u"a\uFFFDb")}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(QtHost, LongMessageIsShownInPartWithTheWholeOneClickAway) {
+    std::string text;
+    for (int line = 0; line < 5000; ++line)
+        text += "dictionary " + std::to_string(line) + "\n";
+    QtHost host;
+    QString shown, whole;
+    int height = 0;
+    whenUp<QMessageBox>([&](QMessageBox* box) {
+        shown = box->text();
+        whole = box->detailedText();
+        height = box->height();
+        box->reject();
+    });
+    host.MsgBox(text);
+    EXPECT_TRUE(shown.startsWith("dictionary 0\n"));
+    EXPECT_LT(shown.count('\n'), 30);
+    EXPECT_LT(height, 800);
+    EXPECT_EQ(whole, toQ(text));
+}
+
+struct AnswerCase {
+    const char* name;
+    std::function<void(QMessageBox*)> act;
+    Host::Answer answer;
+};
+
+class Questions : public ::testing::TestWithParam<AnswerCase> {};
+
+TEST_P(Questions, AreAnsweredAsTheUserDoes) {
+    QtHost host;
+    whenUp<QMessageBox>(GetParam().act);
+    EXPECT_EQ(host.askYesNo("Update?"), GetParam().answer);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    QtHost, Questions,
+    ::testing::Values(
+        AnswerCase{"Yes", [](QMessageBox* box) { QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton); },
+                   Host::Answer::Yes},
+        AnswerCase{"No", [](QMessageBox* box) { QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton); },
+                   Host::Answer::No},
+        AnswerCase{"Escape", [](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); }, Host::Answer::No},
+        AnswerCase{"CloseButton", [](QMessageBox* box) { box->close(); }, Host::Answer::No}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(QtHost, QuestionWhoseWindowDiesIsAnsweredNo) {
+    auto window = std::make_unique<QWidget>();
+    window->show();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QtHost host;
+    whenUp<QMessageBox>([&](QMessageBox* box) {
+        EXPECT_EQ(box->parentWidget(), window.get());
+        window.reset();
+    });
+    EXPECT_EQ(host.askYesNo("Update?"), Host::Answer::No);
+}
+
+TEST(QtHost, KeysAreThoseHeldNow) {
+    QWidget window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QtHost host;
+    const auto held = [&](Qt::KeyboardModifiers modifiers) {
+        QTest::keyPress(&window, Qt::Key_A, modifiers);
+        const auto keys = std::vector<bool>{host.AsyncShiftKey(), host.AsyncCommandKey(), host.AsyncOptionKey()};
+        QTest::keyRelease(&window, Qt::Key_A);
+        return keys;
+    };
+    EXPECT_EQ(held(Qt::NoModifier), (std::vector<bool>{false, false, false}));
+    EXPECT_EQ(held(Qt::ShiftModifier), (std::vector<bool>{true, false, false}));
+    EXPECT_EQ(held(Qt::ControlModifier), (std::vector<bool>{false, true, false}));
+    EXPECT_EQ(held(Qt::AltModifier), (std::vector<bool>{false, false, true}));
+}
+
+TEST(QtHost, FolderDialogGivesTheFolderAndStartsThereTheNextTime) {
+    const test::TempFolder folder;
+    std::filesystem::create_directory(folder.path() / "Latin \xC3\xA9");
+    QtHost host;
+    whenUp<QFileDialog>([&](QFileDialog* dialog) {
+        EXPECT_EQ(dialog->windowTitle(), "Choose a folder");
+        dialog->setDirectory(pathToQ(folder.path() / "Latin \xC3\xA9"));
+        dialog->selectFile(QString());
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(host.SelectFolder("Choose a folder"), folder.path() / "Latin \xC3\xA9");
+    whenUp<QFileDialog>([&](QFileDialog* dialog) {
+        EXPECT_EQ(pathFromQ(dialog->directory().absolutePath()), folder.path() / "Latin \xC3\xA9");
+        dialog->reject();
+    });
+    EXPECT_EQ(host.SelectFolder("Choose a folder"), "");
+}
+
+TEST(QtHost, FileDialogOffersTheExtensionsAlone) {
+    const test::TempFolder folder;
+    folder.write("words.txt", "x");
+    QtHost host;
+    whenUp<QFileDialog>([&](QFileDialog* dialog) {
+        EXPECT_EQ(dialog->nameFilters(), QStringList{"(*.txt *.dic)"});
+        dialog->setDirectory(pathToQ(folder.path()));
+        dialog->selectFile("words.txt");
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    EXPECT_EQ(host.GetOpenFile("Choose", {".txt", ".dic"}), folder.path() / "words.txt");
+}
+
+TEST(QtHost, LaunchingWhatIsNotThereFails) {
+    const test::TempFolder folder;
+    QtHost host;
+    EXPECT_FALSE(host.Launch(folder.path() / "missing"));
+    EXPECT_FALSE(host.Launch(""));
+}
+
+/// A host whose clock is set by hand, and an event that counts its runs.
+struct YieldTest : ::testing::Test {
+    std::chrono::steady_clock::time_point now = std::chrono::steady_clock::now();
+    QtHost host{[this] { return now; }};
+    int pumped = 0;
+
+    void SetUp() override { QCoreApplication::processEvents(); }
+    void postEvent() {
+        QMetaObject::invokeMethod(
+            qApp, [this] { ++pumped; }, Qt::QueuedConnection);
+    }
+};
+
+TEST_F(YieldTest, PumpsAtMostEveryThirtyMilliseconds) {
+    struct Step {
+        int milliseconds;
+        bool pumps;
+    };
+    for (const Step step : {Step{0, true}, Step{29, false}, Step{1, true}, Step{10, false}, Step{19, false},
+                            Step{1, true}, Step{0, false}, Step{1000, true}}) {
+        now += std::chrono::milliseconds(step.milliseconds);
+        pumped = 0;
+        postEvent();
+        host.Yield();
+        EXPECT_EQ(pumped > 0, step.pumps) << "after " << step.milliseconds << " ms";
+    }
+}
+
+TEST_F(YieldTest, LoopInsideAPumpedHandlerDoesNotPumpAgain) {
+    QMetaObject::invokeMethod(
+        qApp,
+        [this] {
+            postEvent();
+            now += std::chrono::seconds(1);
+            host.Yield();
+            EXPECT_EQ(pumped, 0);
+        },
+        Qt::QueuedConnection);
+    host.Yield();
+    now += std::chrono::seconds(1);
+    host.Yield();
+    EXPECT_EQ(pumped, 1);
+}
+
+TEST(QtText, NamesOfFilesSurviveTheWayThroughAWidget) {
+    for (const std::string name : {"plain", "\xE8\xBE\x9E\xE6\x9B\xB8.txt", "e\xCC\x81"})
+        EXPECT_EQ(pathFromQ(pathToQ(name)).native(), name);
+}
+
+} // namespace
+} // namespace velmarin

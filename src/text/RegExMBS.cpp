@@ -17,12 +17,12 @@ namespace velmarin {
 
 namespace {
 
-// A lazy group that is tried from every place of a line takes time by the square of the line's length, which the
+// A lazy group that is tried from every place of a line can take time by the square of the line's length, which the
 // engine's own limits do not see, as they count anew at each place. Texts up to this length cannot take long; for
 // longer ones the pattern is compiled with a callout before every item, and the callouts are counted.
 constexpr std::size_t longText = 16 * 1024;
-constexpr std::uint64_t leastBudget = 10'000'000;
-constexpr std::uint64_t budgetPerByte = 32;
+constexpr std::uint64_t leastBudget = 2'000'000;
+constexpr std::uint64_t budgetPerByte = 8;
 
 constexpr std::uint32_t matchLimit = 1'000'000;
 constexpr std::uint32_t heapLimitKiB = 64 * 1024;

@@ -1,0 +1,184 @@
+#include "text/Grep.h"
+#include "text/Message.h"
+#include "text/StringModule.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace velmarin {
+namespace {
+
+constexpr const char* badPatternMessage = "failed to compile: Bad regular expression";
+
+class GrepTest : public testing::Test {
+  protected:
+    GrepTest() {
+        before_ = setMessageHandler([this](std::string_view text) { messages.emplace_back(text); });
+        mStrMod_OpenThisModule();
+    }
+    ~GrepTest() override { setMessageHandler(before_); }
+
+    std::vector<std::string> messages;
+
+  private:
+    MessageHandler before_;
+};
+
+TEST_F(GrepTest, SearchTellsThePositionOfAMatchFromOne) {
+    const struct {
+        const char* reason;
+        int start;
+        std::string text, pattern;
+        int position;
+    } rows[] = {
+        {"at the very start", 0, "<@_a_>", "<@_(.+?)_>", 1},
+        {"inside", 0, "xy<@_a_>", "<@_(.+?)_>", 3},
+        {"characters, not bytes", 0, "éé<@_a_>", "<@_(.+?)_>", 3},
+        {"none", 0, "xy", "<@_(.+?)_>", 0},
+        {"empty name is none", 0, "<@__>", "<@_(.+?)_>", 0},
+        {"empty text", 0, "", "a", 0},
+        {"empty match", 0, "", "^", 1},
+        {"start is included", 3, "abab", "a", 3},
+        {"start in characters", 2, "éa", "a", 2},
+        {"behind the last match", 4, "abab", "a", 0},
+        {"beyond the text", 9, "abab", "a", 0},
+        {"below nought", -1, "abab", "a", 1},
+        {"case counts", 0, "ABC", "b", 0},
+        {"line start inside the text", 0, "a\nb", "^b", 3},
+        {"CR LF is one end", 0, "a\r\nb", "^b", 3},
+        {"CR is an end", 0, "a\rb", "a$", 1},
+        {"the point stops at an end", 0, "a\rb", "a.b", 0},
+        {"word characters are ASCII", 0, "aé", "[^\\w]", 2},
+        {"NUL is a character", 0, std::string("a\0b", 3), "a.b", 1},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(mStrMod_GrepMBS_Search(row.start, row.text, row.pattern), row.position) << row.reason;
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(GrepTest, FindTakesTheNameOutOfAMarker) {
+    const struct {
+        const char* reason;
+        std::string text, name;
+    } rows[] = {
+        {"page marker", "text <@_page 1.tif_> text", "page 1.tif"},
+        {"the first of two", "<@_a_><@_b_>", "a"},
+        {"underscores inside", "<@_a_b_c_>", "a_b_c"},
+        {"name beyond ASCII", "<@_ページ.tif_>", "ページ.tif"},
+        {"none", "<@_a>", ""},
+        {"not over a line end", "<@_a\r_>", ""},
+        {"stray byte before the marker", "caf\xE9 <@_a_>", "a"},
+        {"stray byte in the name", "<@_caf\xE9.tif_>", "caf\xE9.tif"},
+        {"cut character before the closing sign", "<@_\xE3\x83_> \xFF", "\xE3\x83"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(mStrMod_GrepMBS_Find(0, row.text, pageMarkerPattern), row.name) << row.reason;
+    EXPECT_EQ(mStrMod_GrepMBS_Find(0, "abc", "b"), "") << "no group";
+}
+
+TEST_F(GrepTest, ReplaceTakesOneMarkerAPass) {
+    std::string text = "<^_a_>x<@_p_><^_b_>\r\n<^_c_>";
+    std::vector<std::string> names;
+    while (mStrMod_GrepMBS_Search(0, text, errataMarkerPattern) != 0) {
+        names.push_back(mStrMod_GrepMBS_Find(0, text, errataMarkerPattern));
+        text = mStrMod_GrepMBS_Replace(text, errataMarkerPattern, "");
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"a", "b", "c"}));
+    EXPECT_EQ(text, "x<@_p_>\n");
+}
+
+TEST_F(GrepTest, ReplacePutsInTheReplacementAsItStands) {
+    const struct {
+        const char* reason;
+        std::string text, pattern, replacement, first, all;
+    } rows[] = {
+        {"two matches", "a-b-c", "-", "+", "a+b-c", "a+b+c"},
+        {"no match, line ends", "a\r\nb\r", "x", "y", "a\nb\n", "a\nb\n"},
+        {"references mean nothing", "ab", "(b)", "$1\\1", "a$1\\1", "a$1\\1"},
+        {"line end put in", "ab", "b", "\r\n", "a\n", "a\n"},
+        {"longer than the text", "--", "-", std::string(200, 'x'), std::string(200, 'x') + "-", std::string(400, 'x')},
+        {"empty matches", "ab", "x*", "-", "-ab", "-a-b-"},
+        {"character beyond ASCII", "é", "[^\\w]", "-", "-", "--"},
+        {"stray byte", "\xE9-", "-", "+", "\xE9+", "\xE9+"},
+        {"bad pattern", "a\rb", "(", "x", "a\rb", "a\rb"},
+        {"empty text, bad pattern", "", "(", "x", "", ""},
+        {"empty text, empty match", "", "^", "x", "", ""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(mStrMod_GrepMBS_Replace(row.text, row.pattern, row.replacement), row.first) << row.reason;
+        EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(row.text, row.pattern, row.replacement), row.all) << row.reason;
+    }
+    EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(GrepTest, ABadPatternIsToldAndFindsNothing) {
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, "((", "("), 0);
+    EXPECT_EQ(mStrMod_GrepMBS_Find(0, "((", "("), "");
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, "\xE9", "\xE9"), 0) << "a pattern is UTF-8";
+    EXPECT_EQ(messages, std::vector<std::string>(3, badPatternMessage));
+}
+
+TEST_F(GrepTest, FoundStrIsTheLastMatchOfGrepAlone) {
+    EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "");
+    mStrMod_GrepMBS_Search(0, "000-00", fieldSeparatorPattern);
+    mStrMod_GrepMBS_ReplaceAll("a.b", fieldSeparatorPattern, "");
+    EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "-");
+    mStrMod_GrepMBS_Find(0, "x<@_a_>", pageMarkerPattern);
+    EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "<@_a_>");
+    mStrMod_GrepMBS_Search(0, "000", fieldSeparatorPattern);
+    EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "") << "a miss leaves no match behind";
+    mStrMod_GrepMBS_Search(0, "000-00", fieldSeparatorPattern);
+    mStrMod_GrepMBS_Search(0, "000-00", "(");
+    EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "") << "nor does a bad pattern";
+}
+
+TEST_F(GrepTest, LongTextsAreSearchedToTheirEnd) {
+    std::string text(3'000'000, 'x');
+    for (std::size_t i = 0; i < text.size(); i += 100)
+        text[i] = '<';
+    text += "<@_a_>";
+    EXPECT_EQ(mStrMod_GrepMBS_Find(0, text, pageMarkerPattern), "a");
+    EXPECT_EQ(mStrMod_GrepMBS_Find(0, "\xFF" + text, pageMarkerPattern), "a");
+    EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(text, "[^\\w]", "").size(), text.size() - 30'003);
+}
+
+TEST_F(GrepTest, EndlessTryingEndsAsNoMatch) {
+    std::string markers;
+    while (markers.size() < 1'000'000)
+        markers += "<@_";
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, markers, pageMarkerPattern), 0);
+    EXPECT_EQ(mStrMod_GrepMBS_Replace(markers, pageMarkerPattern, ""), markers);
+    const std::string run(40, 'a');
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, run + "b", "(a+)+$"), 0);
+    EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(run + "b", "(a+)+$", ""), run + "b");
+    const std::string deep(100'000, 'a');
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, deep, "(a|b)*c"), 0);
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, "b", "b"), 1) << "and the next search works";
+}
+
+TEST_F(GrepTest, ManyPatternsAreNotKeptForEver) {
+    for (int i = 0; i < 500; ++i) {
+        const std::string number = std::to_string(i);
+        ASSERT_EQ(mStrMod_GrepMBS_Search(0, "x" + number, number + "$"), 2);
+    }
+}
+
+TEST_F(GrepTest, ExpressionsAskForWhatTheyAreToldTo) {
+    RegExMBS expression;
+    EXPECT_EQ(expression.Execute("abc", 0), 0) << "nothing compiled";
+    EXPECT_EQ(expression.ReplaceAll("abc", ""), "abc");
+    ASSERT_TRUE(expression.Compile("(x)?(b)|q"));
+    EXPECT_EQ(expression.Execute("ab", 0), 3);
+    EXPECT_EQ(expression.OffsetCharacters(0), 2);
+    EXPECT_EQ(expression.OffsetCharacters(1), 0) << "a group that took no part";
+    EXPECT_EQ(expression.Substring(2), "b");
+    EXPECT_EQ(expression.Substring(3), "");
+    EXPECT_EQ(expression.Substring(-1), "");
+    EXPECT_EQ(expression.Execute("B", 0), 0);
+    expression.CompileOptionCaseLess = true;
+    ASSERT_TRUE(expression.Compile("b"));
+    EXPECT_EQ(expression.Execute("B", 0), 1) << "a changed option makes another expression of the same pattern";
+}
+
+} // namespace
+} // namespace velmarin

@@ -1,0 +1,205 @@
+#include "text/SearchWord.h"
+#include "RandomText.h"
+#include "text/StringModule.h"
+#include "text/StringRules.h"
+
+#include <gtest/gtest.h>
+
+namespace velmarin {
+namespace {
+
+TEST(SearchWord, FoldsWhatAReaderMayTypeInMoreThanOneWay) {
+    const struct {
+        const char* reason;
+        std::string text, word;
+    } rows[] = {
+        {"empty", "", ""},
+        {"full width", "Ａｂｃ", "ABC"},
+        {"small letters", "abc", "ABC"},
+        {"katakana", "ア", "あ"},
+        {"hiragana", "あ", "あ"},
+        {"the letter without a row", "セ", "セ"},
+        {"sharp s", "Straße", "STRASSE"},
+        {"ligature", "œuvre", "OEUVRE"},
+        {"accent that stays is a capital", "ãø", "ÃØ"},
+        {"blanks stay", "  a\u3000 b ", "  A  B "},
+        {"punctuation stays", "a-b (c).", "A-B (C)."},
+        {"closing quotes only", "“a”‘b’", "“A\"‘B'"},
+        {"full-width digits", "１２．５", "12.5"},
+        {"outside the tables", "½", "½"},
+        {"NUL", std::string("a\0é", 4), std::string("A\0E", 3)},
+        {"stray bytes", "\xE9\xE3\x82z", "\xE9\xE3\x82Z"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(mSub_MakeSearchWord(row.text), row.word) << row.reason;
+        std::string words = "before\xC3";
+        appendSearchWord(words, row.text);
+        EXPECT_EQ(words, "before\xC3" + row.word) << row.reason;
+    }
+}
+
+std::string rowByRow(std::string text) {
+    for (const ConversionTable* table : {&zenToHanAlphTable(), &zenToHanMarkTable(), &zenToHanNumTable(),
+                                         &zenToHanSpaceTable(), &kataToHiraTable(), &removeAccentTable()})
+        for (const ConversionRow& row : table->rows)
+            text = table->caseRule == CaseRule::ByteExact ? ReplaceAllB(text, row.find, row.replacement)
+                                                          : ReplaceAll(text, row.find, row.replacement);
+    return Uppercase(text);
+}
+
+TEST(SearchWord, EqualsTheChainOfAllRows) {
+    std::vector<std::string> pieces;
+    for (const ConversionTable* table : {&zenToHanAlphTable(), &zenToHanMarkTable(), &zenToHanNumTable(),
+                                         &zenToHanSpaceTable(), &kataToHiraTable(), &removeAccentTable()})
+        for (const ConversionRow& row : table->rows) {
+            pieces.push_back(row.find);
+            pieces.push_back(row.find.substr(0, row.find.size() - 1));
+            ASSERT_EQ(mSub_MakeSearchWord(row.find), rowByRow(row.find));
+        }
+    RandomText random(pieces, 5);
+    for (int i = 0; i < 1500; ++i) {
+        const std::string text = random(40);
+        ASSERT_EQ(mSub_MakeSearchWord(text), rowByRow(text)) << text;
+    }
+    // Every character of the first plane; many in one string, to keep the passes of the chain few.
+    for (char32_t c = 0; c < 0x10000;) {
+        std::string text;
+        for (const char32_t end = c + 0x4000; c < end; ++c)
+            appendUtf8(text, c);
+        ASSERT_EQ(mSub_MakeSearchWord(text), rowByRow(text));
+    }
+}
+
+TEST(SearchWord, IsAnUpperCaseForm) {
+    RandomText random({"é", "ß", "ｱ", "ア", "ａ", "\u0283", "\xEF\xBD"}, 6);
+    for (int i = 0; i < 3000; ++i) {
+        const std::string word = mSub_MakeSearchWord(random(15));
+        ASSERT_EQ(Uppercase(word), word);
+    }
+}
+
+TEST(SpanishOrder, MakesLettersOfTheDigraphsAndTakesThemBack) {
+    const struct {
+        const char* reason;
+        std::string plain, encoded, decoded;
+    } rows[] = {
+        {"ch", "mucho", "muc\u0283o", "mucho"},
+        {"ll", "calle", "cal\u028Ee", "calle"},
+        {"any case, written small", "CHico Llama LLANO cHa", "c\u0283ico l\u028Eama l\u028EANO c\u0283a",
+         "chico llama llANO cha"},
+        {"three l", "lll", "l\u028El", "lll"},
+        {"none", "casa", "casa", "casa"},
+        {"empty", "", "", ""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(mSub_Spanish(row.plain, 0), row.encoded) << row.reason;
+        EXPECT_EQ(mSub_Spanish(row.encoded, 1), row.decoded) << row.reason;
+        EXPECT_EQ(mSub_Spanish(row.encoded, -1), row.decoded) << row.reason;
+    }
+    EXPECT_EQ(mSub_Spanish("C\u01A9A", 1), "chA");
+}
+
+TEST(LatinFolding, TakesJToIAndVToU) {
+    EXPECT_EQ(mSub_IJUV("jJvV iIuU wé\xEA"), "iIuU iIuU wé\xEA");
+    EXPECT_EQ(mSub_IJUV("Ｊ"), "Ｊ");
+}
+
+IndexOrder order(bool spanish, bool ijuv, std::string format = {}) {
+    return {spanish, ijuv, std::move(format)};
+}
+
+TEST(SearchWordOfALine, GoesUpToTheDelimiterAndTakesTheModeFirst) {
+    const struct {
+        const char* reason;
+        IndexOrder order;
+        std::string line, word;
+    } rows[] = {
+        {"no mode", order(false, false), "abc__DLM__rest", "ABC"},
+        {"no delimiter: all is key", order(false, false), "a_DLM_b", "A_DLM_B"},
+        {"delimiter in front", order(false, false), "__DLM__abc", ""},
+        {"second delimiter", order(false, false), "a__DLM__b__DLM__c", "A"},
+        {"Spanish", order(true, false), "mucho__DLM__", "MUC\u01A9O"},
+        {"Latin", order(false, true), "Julius venit", "IULIUS UENIT"},
+        {"Spanish wins", order(true, true), "jvch", "JVC\u01A9"},
+        {"full width is folded after the mode", order(false, true), "Ｊ", "J"},
+        {"and after the Spanish one", order(true, false), "ｃｈ", "CH"},
+        {"no number format", order(false, false, "000"), "7", "7"},
+        {"empty", order(false, false), "", ""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(indexSearchWord(row.line, row.order), row.word) << row.reason;
+}
+
+TEST(SearchWordOfAQuery, TakesTheModeLast) {
+    const struct {
+        const char* reason;
+        IndexOrder order;
+        std::string query, word, plain;
+    } rows[] = {
+        {"no mode", order(false, false), "abc", "ABC", "ABC"},
+        {"Spanish", order(true, false), "mucho", "MUc\u0283O", "MUCHO"},
+        {"Latin", order(false, true), "Julius", "IULIUS", "JULIUS"},
+        {"Spanish wins", order(true, true), "jch", "Jc\u0283", "JCH"},
+        {"full width is folded before the mode", order(false, true), "Ｊ", "I", "J"},
+        {"number", order(false, false, "000"), "7", "007", "007"},
+        {"nought is a word", order(false, false, "000"), "0", "0", "0"},
+        {"no number", order(false, false, "000-00"), "a-3", "A-3", "A-3"},
+        {"full-width digits are a word", order(false, false, "000"), "７", "7", "7"},
+        {"no format", order(false, false), "7", "7", "7"},
+        {"formatted words are not folded", order(false, false, "000-00"), "7-x", "007-x", "007-x"},
+        {"formatted words take the mode", order(false, true, "000-00"), "7-v", "007-u", "007-v"},
+        {"delimiter of lines means nothing here", order(false, false), "a__DLM__b", "A__DLM__B", "A__DLM__B"},
+        {"empty", order(true, true, "000"), "", "", ""},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(querySearchWord(row.query, row.order), row.word) << row.reason;
+        EXPECT_EQ(querySearchWord(row.query, row.order, true), row.plain) << row.reason;
+    }
+}
+
+TEST(SearchWords, OfTheSameTextMeetUnderEveryMode) {
+    for (const IndexOrder& mode : {order(false, false), order(true, false), order(false, true), order(true, true)})
+        for (const char* text : {"mucho", "LLAMA", "Achilles", "Julius", "vivo", "Straße", "セカイ", "chchll"})
+            EXPECT_TRUE(equalStrings(indexSearchWord(text, mode), querySearchWord(text, mode))) << text;
+}
+
+TEST(NumberFormat, RewritesAQueryFieldByField) {
+    const struct {
+        const char* reason;
+        std::string query, format, word;
+    } rows[] = {
+        {"one field", "7", "000", "007"},
+        {"one field, the text untouched", "7-3", "000", "007"},
+        {"one field, no number", "abc", "000", "000"},
+        {"two fields", "12-3", "000-00", "012-03"},
+        {"any separator", "12 3", "000-00", "012-03"},
+        {"the first separator of the format, the second in its picture", "12.3/4", "000-00:0", "012-00:3-4"},
+        {"surplus field as typed", "12-3-4", "000-00", "012-03-4"},
+        {"surplus format", "12", "000-00", "012"},
+        {"letters are kept", "A-3", "000-00", "A-03"},
+        {"nought is formatted", "0-0", "000-00", "000-00"},
+        {"two noughts are no number", "00-3", "000-00", "00-03"},
+        {"empty field is kept", "12--3", "000-00", "012--3"},
+        {"separator at the ends", "-5-", "000-00", "-05-"},
+        {"empty query", "", "000-00", ""},
+        {"underscore is no separator", "12_3", "000-00", "012"},
+        {"underscore in the format neither", "12", "0_0", "1_2"},
+        {"point", "3.7", "00.00", "03.07"},
+        {"dollar", "3-7", "00$00", "03$07"},
+        {"backslash", "3-7", "00\\00", "03\\07"},
+        {"number sign separates", "12-3", "##0-00", "12#3"},
+        {"separator beyond ASCII", "12-3", "000・00", "012・03"},
+        {"each byte of the query separates", "12é3", "000-00", "012--3"},
+        {"format with a stray byte", "1-2",
+         "00\xE9"
+         "00",
+         "01\xE9"
+         "02"},
+        {"fraction rounded", "1.5-2", "00", "02"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(mSub_Format(row.query, row.format), row.word) << row.reason;
+}
+
+} // namespace
+} // namespace velmarin

@@ -1,0 +1,133 @@
+#include "RandomText.h"
+#include "text/StringRules.h"
+
+#include <gtest/gtest.h>
+
+namespace velmarin {
+namespace {
+
+TEST(Fields, AreCutAtTheSeparatorByteByByte) {
+    const struct {
+        const char* reason;
+        std::string text, separator;
+        std::vector<std::string> fields;
+    } rows[] = {
+        {"several", "a,b,c", ",", {"a", "b", "c"}},
+        {"empty text is one field", "", ",", {""}},
+        {"empty ones at both ends", ",a,", ",", {"", "a", ""}},
+        {"no separator inside", "abc", "__DLM__", {"abc"}},
+        {"long separator", "key__DLM__rest__DLM__", "__DLM__", {"key", "rest", ""}},
+        {"separator in small letters is none", "key__dlm__rest", "__DLM__", {"key__dlm__rest"}},
+        {"overlapping separators count once", "a___b", "__", {"a", "_b"}},
+        {"empty separator", "a,b", "", {"a,b"}},
+        {"NUL in the text", std::string("a\0,b", 4), ",", {std::string("a\0", 2), "b"}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Split(row.text, row.separator), row.fields) << row.reason;
+        EXPECT_EQ(Join(row.fields, row.separator), row.text) << row.reason;
+        for (std::size_t n = 0; n < row.fields.size(); ++n)
+            EXPECT_EQ(NthField(row.text, row.separator, n + 1), row.fields[n]) << row.reason;
+        EXPECT_EQ(NthField(row.text, row.separator, 0), "") << row.reason;
+        EXPECT_EQ(NthField(row.text, row.separator, row.fields.size() + 1), "") << row.reason;
+    }
+    EXPECT_EQ(Join({}, ","), "");
+}
+
+TEST(InStr, GivesAByteFromOneOrNought) {
+    const struct {
+        const char* reason;
+        std::size_t start;
+        std::string text, find;
+        std::size_t at;
+    } rows[] = {
+        {"start of the text", 1, "abc", "a", 1},
+        {"from 0 as from 1", 0, "abc", "a", 1},
+        {"start is included", 3, "abab", "a", 3},
+        {"behind the last", 4, "abab", "a", 0},
+        {"start beyond the text", 99, "abab", "a", 0},
+        {"case", 0, "xyABc", "abC", 3},
+        {"accented case", 0, "café", "É", 4},
+        {"bytes, not characters", 0, "ééa", "a", 5},
+        {"empty word", 0, "abc", "", 0},
+        {"empty text", 0, "", "a", 0},
+        {"longer than the text", 0, "ab", "abc", 0},
+        {"cut at the end of the text", 0, "xxab", "abc", 0},
+        {"found after a false start", 0, "aab", "ab", 2},
+        {"capital within ASCII of one beyond it", 0, "aſı", "si", 2},
+        {"the other way round", 0, "xSI", "ſı", 2},
+        {"Kelvin sign is no k", 0, "\u212A", "k", 0},
+        {"stray byte", 0, "a\xE9z", "\xE9Z", 2},
+        {"byte of a character", 0, "é", "\xA9", 0},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(InStr(row.start, row.text, row.find), row.at) << row.reason;
+}
+
+/// The units of a text, each by its capital, and where each begins.
+struct Units {
+    explicit Units(std::string_view text) {
+        for (std::size_t pos = 0; pos < text.size();) {
+            const Utf8Unit unit = decodeUtf8(text, pos);
+            capitals += capitalOf(unit.value);
+            begins.push_back(pos);
+            pos += unit.length;
+        }
+        begins.push_back(text.size());
+    }
+    std::u32string capitals;
+    std::vector<std::size_t> begins;
+};
+
+TEST(InStr, AndReplaceAllAgreeWithAnArrayOfCapitals) {
+    RandomText random({"i", "s", "ı", "ſ", "é", "É", "a", "A", "\xC3", "\xA9"}, 3);
+    int found = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const std::string text = random(12), find = random(2);
+        if (find.empty())
+            continue;
+        const Units inText(text), inFind(find);
+        std::string replaced;
+        std::size_t from = 0, first = 0;
+        for (std::size_t at; (at = inText.capitals.find(inFind.capitals, from)) != std::u32string::npos;) {
+            first = first ? first : inText.begins[at] + 1;
+            replaced += text.substr(inText.begins[from], inText.begins[at] - inText.begins[from]) + "<>";
+            from = at + inFind.capitals.size();
+        }
+        replaced += text.substr(inText.begins[from]);
+        found += first > 0;
+        ASSERT_EQ(InStr(0, text, find), first) << text << " / " << find;
+        ASSERT_EQ(ReplaceAll(text, find, "<>"), replaced) << text << " / " << find;
+    }
+    EXPECT_GT(found, 1000);
+}
+
+TEST(ReplaceAll, PutsInOnceWhatItIsGiven) {
+    const struct {
+        const char* reason;
+        std::string text, find, replacement, ignoringCase, byteExact;
+    } rows[] = {
+        {"case", "aAa", "a", "b", "bbb", "bAb"},
+        {"what was put in is not looked at", "aa", "a", "aa", "aaaa", "aaaa"},
+        {"left to right", "aaa", "aa", "b", "ba", "ba"},
+        {"taken out", "a-b-c", "-", "", "abc", "abc"},
+        {"empty find", "abc", "", "x", "abc", "abc"},
+        {"empty text", "", "a", "x", "", ""},
+        {"not found", "abc", "d", "x", "abc", "abc"},
+        {"accented case", "éÉ", "É", "e", "ee", "ée"},
+        {"cut character before it",
+         "\xE3"
+         "a",
+         "a", "b",
+         "\xE3"
+         "b",
+         "\xE3"
+         "b"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(ReplaceAll(row.text, row.find, row.replacement), row.ignoringCase) << row.reason;
+        EXPECT_EQ(ReplaceAllB(row.text, row.find, row.replacement), row.byteExact) << row.reason;
+    }
+}
+
+} // namespace
+} // namespace velmarin

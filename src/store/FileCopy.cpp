@@ -45,6 +45,11 @@ std::vector<Identity> folderAndThoseAbove(const fs::path& folder) {
     }
 }
 
+std::string noName(std::string_view name) {
+    std::string words = "\"";
+    return words.append(name).append("\" is no name for a file or folder");
+}
+
 /// False with errno EEXIST where the new name is taken, so that nothing is ever replaced.
 bool renameToFreeName(const fs::path& from, const fs::path& to) {
     if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
@@ -106,7 +111,7 @@ class Copier {
 
     void copy(const fs::path& source, const fs::path& destFolder, const std::string& newName) {
         if (!isMemberName(newName))
-            return fail(source, "\"" + newName + "\" is no name for a file or folder");
+            return fail(source, noName(newName));
         struct stat found {};
         const int answer = links_ == Links::Kept ? ::lstat(source.c_str(), &found) : ::stat(source.c_str(), &found);
         if (answer != 0)
@@ -213,7 +218,7 @@ std::vector<CopyFailure> copyItem(const FolderItem& source, const FolderItem& de
 std::vector<CopyFailure> moveItem(const FolderItem& source, const FolderItem& destFolder, std::string_view newName) {
     const auto failed = [&](std::string reason) { return std::vector<CopyFailure>{{source, std::move(reason)}}; };
     if (!isMemberName(newName))
-        return failed("\"" + std::string(newName) + "\" is no name for a file or folder");
+        return failed(noName(newName));
     const FolderItem target(destFolder.path() / newName);
     if (target.occupied())
         return failed(errorInWords(EEXIST));

@@ -40,6 +40,36 @@ fs::path impossiblePath(std::string_view name) {
     return fs::path("/dev/null") / shown;
 }
 
+char small(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+/// The first name in a folder, by ListingOrder, that folds as `name` does; empty where there is none. Folding in full
+/// costs more than reading the folder does, so two ASCII names are compared as they stand.
+std::string firstAlike(const fs::path& folder, std::string_view name) {
+    const bool plain = isAscii(name);
+    const std::string folded = foldedFileName(name);
+    const auto alike = [&](const std::string& other) {
+        if (plain && isAscii(other))
+            return std::equal(name.begin(), name.end(), other.begin(), other.end(),
+                              [](char a, char b) { return small(a) == small(b); });
+        return foldedFileName(other) == folded;
+    };
+    std::string first;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+         entry.increment(error)) {
+        const std::string other = entry->path().filename().native();
+        if (alike(other) && (first.empty() || ListingOrder{}(other, first)))
+            first = other;
+    }
+    return first;
+}
+
 fs::path withoutSlashAtTheEnd(fs::path path) {
     while (!path.has_filename() && path.has_relative_path())
         path = path.parent_path();
@@ -161,15 +191,8 @@ FolderItem FolderItem::Child(std::string_view name) const {
     FolderItem exact(own / name);
     if (exact.occupied())
         return exact;
-    const auto names = listNames(own);
-    if (!names)
-        return exact;
-    const std::string folded = foldedFileName(name);
-    for (const std::string& other : *names) {
-        if (foldedFileName(other) == folded)
-            return FolderItem(own / other);
-    }
-    return exact;
+    const std::string alike = firstAlike(own, name);
+    return alike.empty() ? exact : FolderItem(own / alike);
 }
 
 std::vector<FolderItem> FolderItem::items() const {

@@ -1,6 +1,5 @@
 #include "store/DictionaryItem.h"
 #include "store/Fi_Module.h"
-#include "store/FolderListing.h"
 #include "store/TextFile.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"
@@ -33,10 +32,9 @@ PageList readImageIndex(const FolderItem& file, bool captioned) {
 } // namespace
 
 PageList readPageList(const FolderItem& imageFolder) {
-    const FolderListing members(imageFolder);
-    if (const FolderItem captioned = members.Child("ImageIndex2"); captioned.Exists())
+    if (const FolderItem captioned = imageFolder.Child("ImageIndex2"); captioned.Exists())
         return readImageIndex(captioned, true);
-    if (const FolderItem plain = members.Child("ImageIndex"); plain.Exists())
+    if (const FolderItem plain = imageFolder.Child("ImageIndex"); plain.Exists())
         return readImageIndex(plain, false);
     if (mFiMod_MakeImageIndex(imageFolder))
         return readImageIndex(imageFolder.Child("ImageIndex"), false);

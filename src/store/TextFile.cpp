@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <ctime>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -12,6 +14,26 @@ namespace velmarin {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// Where the first LF or CR stands, or `end`. Looks through pieces, so that a text without the one is not searched
+/// through for it at every line.
+const char* findLineEnd(const char* at, const char* end) {
+    constexpr std::ptrdiff_t kPiece = 256;
+    while (at < end) {
+        const char* stop = at + std::min(kPiece, end - at);
+        const auto find = [&](char c) {
+            const void* found = std::memchr(at, c, static_cast<std::size_t>(stop - at));
+            return found != nullptr ? static_cast<const char*>(found) : stop;
+        };
+        const char* lineFeed = find('\n');
+        const char* pieceEnd = std::exchange(stop, lineFeed);
+        const char* first = find('\r');
+        if (first < pieceEnd)
+            return first;
+        at = pieceEnd;
+    }
+    return end;
+}
 
 } // namespace
 
@@ -95,9 +117,8 @@ std::string_view LineReader::ReadLine() {
     if (at_ >= text_.size())
         return {};
     const std::size_t begin = at_;
-    std::size_t end = begin;
-    while (end < text_.size() && text_[end] != '\n' && text_[end] != '\r')
-        ++end;
+    const char* all = text_.data();
+    const auto end = static_cast<std::size_t>(findLineEnd(all + begin, all + text_.size()) - all);
     at_ = end;
     if (at_ < text_.size()) {
         const bool pair = text_[at_] == '\r' && at_ + 1 < text_.size() && text_[at_ + 1] == '\n';
@@ -129,8 +150,8 @@ bool FileLineReader::EOF_() {
 void FileLineReader::takeLine(std::string* line) {
     while (at_ < filled_ || refill()) {
         const std::size_t begin = at_;
-        while (at_ < filled_ && window_[at_] != '\n' && window_[at_] != '\r')
-            ++at_;
+        const char* all = window_.data();
+        at_ = static_cast<std::size_t>(findLineEnd(all + at_, all + filled_) - all);
         if (line != nullptr && line->size() < kLongestLine)
             line->append(window_.data() + begin, std::min(at_ - begin, kLongestLine - line->size()));
         if (at_ >= filled_)

@@ -171,7 +171,7 @@ bool BevelButton::menuIsOpen() const {
     return !popup_.isNull() && popup_->isVisible();
 }
 
-void BevelButton::showPopup(bool byMouse) {
+void BevelButton::openMenu() {
     if (rowCount() == 0 || menuIsOpen() || !isEnabled())
         return;
     closePopup();
@@ -179,7 +179,7 @@ void BevelButton::showPopup(bool byMouse) {
     connect(popup_, &MenuPopup::picked, this, &BevelButton::choose);
     connect(popup_, &MenuPopup::closed, this, [this] { setDown(false); });
     setDown(true);
-    popup_->open(byMouse);
+    popup_->open();
 }
 
 void BevelButton::closePopup() {
@@ -208,6 +208,11 @@ void BevelButton::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         closePopup();
     QAbstractButton::changeEvent(event);
+}
+
+void BevelButton::hideEvent(QHideEvent* event) {
+    closePopup();
+    QAbstractButton::hideEvent(event);
 }
 
 void BevelButton::keyPressEvent(QKeyEvent* event) {
@@ -239,7 +244,7 @@ void BevelButton::mousePressEvent(QMouseEvent* event) {
         return;
     }
     if (event->button() == Qt::LeftButton)
-        showPopup(true);
+        openMenu();
 }
 
 void BevelButton::paintEvent(QPaintEvent*) {

@@ -72,12 +72,12 @@ class BevelButton : public QAbstractButton {
   protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void showPopup(bool byMouse);
     void closePopup();
     void choose(int row);
     void rowsChanged();

@@ -4,7 +4,6 @@
 #include "controls/RowDelegate.h"
 #include "controls/RowModel.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
@@ -33,11 +32,6 @@ MenuList::MenuList(QWidget* parent) : QListView(parent) {
     setTextElideMode(Qt::ElideMiddle);
 }
 
-void MenuList::ignoreReleaseAt(const QPoint& globalPosition) {
-    opening_ = true;
-    openedAt_ = globalPosition;
-}
-
 void MenuList::keyPressEvent(QKeyEvent* event) {
     switch (event->key()) {
     case Qt::Key_Return:
@@ -56,25 +50,22 @@ void MenuList::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+QModelIndex MenuList::rowUnder(const QMouseEvent& event) const {
+    const QPoint place = event.position().toPoint();
+    const QModelIndex under = viewport()->rect().contains(place) ? indexAt(place) : QModelIndex();
+    return under.flags().testFlag(Qt::ItemIsEnabled) ? under : QModelIndex();
+}
+
 void MenuList::mouseMoveEvent(QMouseEvent* event) {
-    // No autoscroll here, as QListView does while a button is down: rows would run away under the pointer.
-    const QModelIndex under = indexAt(event->position().toPoint());
-    if (viewport()->rect().contains(event->position().toPoint()) && under.flags().testFlag(Qt::ItemIsEnabled))
+    // Without the scrolling of QListView while a button is down: rows would run away under the pointer.
+    const QModelIndex under = rowUnder(*event);
+    if (under.isValid())
         selectionModel()->setCurrentIndex(under, QItemSelectionModel::ClearAndSelect);
 }
 
-void MenuList::mousePressEvent(QMouseEvent*) {
-    opening_ = false;
-}
-
 void MenuList::mouseReleaseEvent(QMouseEvent* event) {
-    const QPoint moved = event->globalPosition().toPoint() - openedAt_;
-    const bool ofTheOpeningPress = opening_ && moved.manhattanLength() < QApplication::startDragDistance();
-    opening_ = false;
-    if (ofTheOpeningPress || event->button() != Qt::LeftButton)
-        return;
-    const QModelIndex under = indexAt(event->position().toPoint());
-    if (viewport()->rect().contains(event->position().toPoint()) && under.flags().testFlag(Qt::ItemIsEnabled))
+    const QModelIndex under = rowUnder(*event);
+    if (event->button() == Qt::LeftButton && under.isValid())
         emit picked(under.row());
 }
 
@@ -96,10 +87,8 @@ MenuPopup::MenuPopup(RowModel* rows, int currentRow, QWidget* owner)
     connect(list_, &MenuList::dismissed, this, &QWidget::close);
 }
 
-void MenuPopup::open(bool byMouse) {
+void MenuPopup::open() {
     place();
-    if (byMouse)
-        list_->ignoreReleaseAt(QCursor::pos());
     show();
     if (currentRow_ >= 0) {
         const QModelIndex current = rows_->index(currentRow_);

@@ -13,9 +13,6 @@ class MenuList : public QListView {
   public:
     explicit MenuList(QWidget* parent);
 
-    /// A release this close to where the pointer was when the list opened belongs to the press that opened it.
-    void ignoreReleaseAt(const QPoint& globalPosition);
-
   signals:
     void picked(int row);
     void dismissed();
@@ -23,12 +20,12 @@ class MenuList : public QListView {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent*) override {}
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    bool opening_ = false;
-    QPoint openedAt_;
+    /// The row that can be picked there; an invalid one for separators and outside.
+    QModelIndex rowUnder(const QMouseEvent& event) const;
 };
 
 /// The rows of a menu button as a pop-up window: opens at once however many rows there are, stays inside the screen,
@@ -39,8 +36,9 @@ class MenuPopup : public QFrame {
     /// `currentRow` is marked and shown; -1: none.
     MenuPopup(RowModel* rows, int currentRow, QWidget* owner);
 
-    /// Shows it beside its owner. `byMouse`: the button is still down, and its release over another row picks that.
-    void open(bool byMouse);
+    /// Shows it beside its owner, never over it: a mouse that is still down where it opened the menu picks nothing by
+    /// its release there, and picks a row when it is drawn to that and released.
+    void open();
 
   signals:
     void picked(int row);

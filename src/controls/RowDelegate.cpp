@@ -27,8 +27,9 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    const QSize dense = QStyledItemDelegate::sizeHint(option, index);
-    return {dense.width(), std::max(dense.height(), option.fontMetrics.height() + 3)};
+    // Without a width of its own a row is as wide as the list, so that its text is cut with an ellipsis and not by the
+    // list's edge.
+    return {0, std::max(QStyledItemDelegate::sizeHint(option, index).height(), option.fontMetrics.height() + 3)};
 }
 
 void MenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
@@ -62,7 +63,7 @@ void MenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
 }
 
 QSize MenuRowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
-    return {sideRoom, option.fontMetrics.height() + 4};
+    return {0, option.fontMetrics.height() + 4};
 }
 
 } // namespace velmarin

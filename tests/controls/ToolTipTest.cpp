@@ -1,0 +1,104 @@
+#include "controls/BevelButton.h"
+#include "controls/ListBox.h"
+#include "controls/PlainToolTip.h"
+#include "controls/PopupMenu.h"
+#include "controls/SmallTabBar.h"
+#include "controls/TabPanel.h"
+
+#include <QHelpEvent>
+#include <QTest>
+#include <QToolTip>
+
+#include <gtest/gtest.h>
+
+namespace velmarin {
+namespace {
+
+/// What appears when the pointer rests on a place of a shown widget.
+QString tipAt(QWidget* widget, const QPoint& place) {
+    QToolTip::hideText();
+    QHelpEvent rest(QEvent::ToolTip, place, widget->mapToGlobal(place));
+    QCoreApplication::sendEvent(widget, &rest);
+    return QToolTip::text();
+}
+
+struct TipCase {
+    const char* name;
+    QString row;
+    QString tip;
+    QString shown;
+};
+
+class ButtonTips : public ::testing::TestWithParam<TipCase> {};
+
+TEST_P(ButtonTips, TellWhatIsCutShortAndWhatTheButtonIsFor) {
+    BevelButton button("Page");
+    button.resize(80, 16);
+    button.setShowsCurrentRow(true);
+    button.setRows({GetParam().row.toStdString()});
+    button.setMenuValue(0);
+    button.setToolTip(GetParam().tip);
+    button.show();
+    EXPECT_EQ(tipAt(&button, {5, 5}).toStdString(), GetParam().shown.toStdString());
+}
+
+const QString longRow = "webster_unabridged_1913_page_0123.tif";
+
+INSTANTIATE_TEST_SUITE_P(
+    Controls, ButtonTips,
+    ::testing::Values(TipCase{"ShortRow", "p1", "", ""},
+                      TipCase{"ShortRowWithTip", "p1", "Go to a page", "Go to a page"},
+                      TipCase{"LongRow", longRow, "", longRow},
+                      TipCase{"LongRowWithTip", longRow, "Go to a page", longRow + "\nGo to a page"},
+                      TipCase{"LineEnds", "p1", "taken:\rEnglish\r\nLatin", "taken:\nEnglish\nLatin"},
+                      TipCase{"Ampersand", "p1", "Back & forth", "Back & forth"}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(ToolTips, MarkupIsShownAsText) {
+    BevelButton button("Page");
+    button.resize(80, 16);
+    button.setToolTip("<b>bold</b>");
+    button.show();
+    EXPECT_TRUE(tipAt(&button, {5, 5}).contains("&lt;b&gt;"));
+}
+
+TEST(ToolTips, RowOfAListThatIsCutShortIsShownWhole) {
+    ListBox box;
+    box.resize(140, 200);
+    box.AddRow("Latin");
+    box.AddRow("A dictionary of the English language in two volumes");
+    box.show();
+    const auto tip = [&](int row) {
+        return tipAt(box.viewport(), box.visualRect(box.model()->index(row, 0)).center());
+    };
+    EXPECT_EQ(tip(0), "");
+    EXPECT_EQ(tip(1), "A dictionary of the English language in two volumes");
+}
+
+TEST(ToolTips, CaptionOfATabThatIsCutShortIsShownWhole) {
+    TabPanel panel;
+    panel.resize(400, 200);
+    panel.insertPanel(0, "Latin");
+    panel.insertPanel(1, "A dictionary of the English language in two volumes & more");
+    panel.show();
+    auto* bar = panel.findChild<SmallTabBar*>();
+    EXPECT_EQ(tipAt(bar, bar->tabRect(0).center()), "");
+    EXPECT_EQ(tipAt(bar, bar->tabRect(1).center()), "A dictionary of the English language in two volumes & more");
+}
+
+TEST(ToolTips, PopUpShowsItsHelpAndALongPick) {
+    PopupMenu menu;
+    menu.resize(160, 20);
+    menu.AddRow("Latin");
+    menu.AddRow("Dictionaries of the nineteenth century");
+    menu.show();
+    menu.setListIndexQuietly(0);
+    EXPECT_EQ(tipAt(&menu, {5, 5}), "");
+    menu.setToolTip("taken:\rLatin");
+    EXPECT_EQ(tipAt(&menu, {5, 5}), "taken:\nLatin");
+    menu.setListIndexQuietly(1);
+    EXPECT_EQ(tipAt(&menu, {5, 5}), "Dictionaries of the nineteenth century\ntaken:\nLatin");
+}
+
+} // namespace
+} // namespace velmarin

@@ -20,14 +20,14 @@ namespace {
 // A lazy group that is tried from every place of a line can take time by the square of the line's length, which the
 // engine's own limits do not see, as they count anew at each place. Texts up to this length cannot take long; for
 // longer ones the pattern is compiled with a callout before every item, and the callouts are counted.
-constexpr std::size_t longText = 16 * 1024;
+constexpr std::size_t longText = 16'384;
 constexpr std::uint64_t leastBudget = 2'000'000;
 constexpr std::uint64_t budgetPerByte = 8;
 
 constexpr std::uint32_t matchLimit = 1'000'000;
-constexpr std::uint32_t heapLimitKiB = 64 * 1024;
-constexpr std::size_t jitStackStart = 32 * 1024;
-constexpr std::size_t jitStackMost = 1024 * 1024;
+constexpr std::uint32_t heapLimitKiB = 65'536;
+constexpr std::size_t jitStackStart = 32'768;
+constexpr std::size_t jitStackMost = 1'048'576;
 constexpr std::size_t mostPatternsKept = 64;
 
 using CompiledKey = std::pair<std::string, std::uint32_t>;
@@ -194,8 +194,9 @@ int RegExMBS::Execute(std::string text, int start) {
     if (!pattern || from > text_.size())
         return 0;
     const int count = pattern->match(text_, from);
-    for (int i = 0; i < count; ++i)
-        groups_.push_back({pattern->offsets()[2 * i], pattern->offsets()[2 * i + 1]});
+    const PCRE2_SIZE* offsets = pattern->offsets();
+    for (int i = 0; i < count; ++i, offsets += 2)
+        groups_.push_back({offsets[0], offsets[1]});
     return static_cast<int>(groups_.size());
 }
 

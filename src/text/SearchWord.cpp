@@ -147,7 +147,7 @@ std::string indexSearchWord(std::string_view line, const IndexOrder& order) {
 
 std::string querySearchWord(std::string_view query, const IndexOrder& order, bool plain) {
     const bool isNumber = !order.FormatFom.empty() && CDbl(query) != 0;
-    const std::string word = isNumber ? mSub_Format(query, order.FormatFom) : mSub_MakeSearchWord(query);
+    std::string word = isNumber ? mSub_Format(query, order.FormatFom) : mSub_MakeSearchWord(query);
     if (plain)
         return word;
     if (order.SpanishMode)

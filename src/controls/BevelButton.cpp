@@ -163,10 +163,6 @@ QSize BevelButton::minimumSizeHint() const {
     return {0, 0};
 }
 
-void BevelButton::openMenu() {
-    showPopup(false);
-}
-
 bool BevelButton::menuIsOpen() const {
     return !popup_.isNull() && popup_->isVisible();
 }

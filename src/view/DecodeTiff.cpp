@@ -1,0 +1,240 @@
+#include "view/Formats.h"
+
+#include "view/Picture.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include <tiffio.h>
+
+namespace velmarin {
+namespace {
+
+/// What libtiff may ask for at once: a picture in one strip of 16 bits a pixel.
+constexpr tmsize_t maxAllocation = tmsize_t{2} * maxPixels + (1 << 20);
+
+/// A file in memory, as libtiff reads it; and what libtiff has to say.
+struct Source {
+    std::string_view bytes;
+    std::uint64_t at = 0;
+    std::string error; ///< the first
+
+    static Source& of(thandle_t handle) { return *static_cast<Source*>(handle); }
+
+    static tmsize_t read(thandle_t handle, void* to, tmsize_t count) {
+        Source& self = of(handle);
+        if (count <= 0 || self.at >= self.bytes.size())
+            return 0;
+        const std::size_t got = std::min<std::size_t>(static_cast<std::size_t>(count), self.bytes.size() - self.at);
+        std::memcpy(to, self.bytes.data() + self.at, got);
+        self.at += got;
+        return static_cast<tmsize_t>(got);
+    }
+    static toff_t seek(thandle_t handle, toff_t offset, int whence) {
+        Source& self = of(handle);
+        const std::uint64_t from = whence == SEEK_CUR ? self.at : whence == SEEK_END ? self.bytes.size() : 0;
+        return self.at = from + offset;
+    }
+    /// Without this, libtiff 4.5 refuses tiles that are not compressed and no whole kilobyte. It only reads.
+    static int map(thandle_t handle, void** base, toff_t* size) {
+        *base = const_cast<char*>(of(handle).bytes.data());
+        *size = of(handle).bytes.size();
+        return 1;
+    }
+    static int note(TIFF*, void* self, const char*, const char* format, va_list values) {
+        auto& source = *static_cast<Source*>(self);
+        if (source.error.empty()) {
+            char text[300];
+            std::vsnprintf(text, sizeof text, format, values);
+            source.error = text;
+        }
+        return 1;
+    }
+    static int ignore(TIFF*, void*, const char*, const char*, va_list) { return 1; }
+};
+
+struct TiffCloser {
+    void operator()(TIFF* tiff) const { TIFFClose(tiff); }
+};
+using TiffPtr = std::unique_ptr<TIFF, TiffCloser>;
+
+TiffPtr open(Source& source) {
+    const std::unique_ptr<TIFFOpenOptions, decltype(&TIFFOpenOptionsFree)> options(TIFFOpenOptionsAlloc(),
+                                                                                   &TIFFOpenOptionsFree);
+    if (!options)
+        return nullptr;
+    TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), maxAllocation);
+    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), &Source::note, &source);
+    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), &Source::ignore, &source);
+    return TiffPtr(TIFFClientOpenExt(
+        "picture", "r", &source, &Source::read, [](thandle_t, void*, tmsize_t) -> tmsize_t { return 0; }, &Source::seek,
+        [](thandle_t) { return 0; }, [](thandle_t handle) -> toff_t { return Source::of(handle).bytes.size(); },
+        &Source::map, [](thandle_t, void*, toff_t) {}, options.get()));
+}
+
+template <typename Value> Value tag(TIFF* tiff, std::uint32_t which, Value otherwise) {
+    Value value = otherwise;
+    return TIFFGetFieldDefaulted(tiff, which, &value) == 1 ? value : otherwise;
+}
+
+struct Header {
+    std::uint32_t width, height;
+    std::uint16_t bits, samples, photometric, compression, orientation, format;
+
+    explicit Header(TIFF* tiff)
+        : width(tag<std::uint32_t>(tiff, TIFFTAG_IMAGEWIDTH, 0)),
+          height(tag<std::uint32_t>(tiff, TIFFTAG_IMAGELENGTH, 0)),
+          bits(tag<std::uint16_t>(tiff, TIFFTAG_BITSPERSAMPLE, 1)),
+          samples(tag<std::uint16_t>(tiff, TIFFTAG_SAMPLESPERPIXEL, 1)),
+          photometric(tag<std::uint16_t>(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE)),
+          compression(tag<std::uint16_t>(tiff, TIFFTAG_COMPRESSION, COMPRESSION_NONE)),
+          orientation(tag<std::uint16_t>(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT)),
+          format(tag<std::uint16_t>(tiff, TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_UINT)) {}
+
+    /// One sample a pixel that says how much ink or light: read as it stands, in its own depth. All else goes through
+    /// libtiff's own conversion to colour.
+    bool plain() const {
+        return samples == 1 && (photometric == PHOTOMETRIC_MINISWHITE || photometric == PHOTOMETRIC_MINISBLACK) &&
+               (bits == 1 || bits == 2 || bits == 4 || bits == 8 || bits == 16) && compression != COMPRESSION_OJPEG &&
+               (format == SAMPLEFORMAT_UINT || format == SAMPLEFORMAT_VOID);
+    }
+};
+
+/// Hands every row of a plain picture to `take(y, x, bytes, pixels)`, a strip or a tile at a time. False where one of
+/// them cannot be read.
+template <typename Take> bool readPlain(TIFF* tiff, const Header& header, Take take) {
+    const bool tiled = TIFFIsTiled(tiff) != 0;
+    const tmsize_t size = tiled ? TIFFTileSize(tiff) : TIFFStripSize(tiff);
+    const tmsize_t rowSize = tiled ? TIFFTileRowSize(tiff) : TIFFScanlineSize(tiff);
+    const auto wide = tiled ? tag<std::uint32_t>(tiff, TIFFTAG_TILEWIDTH, 0) : header.width;
+    const auto high = std::min(tiled ? tag<std::uint32_t>(tiff, TIFFTAG_TILELENGTH, 0)
+                                     : tag<std::uint32_t>(tiff, TIFFTAG_ROWSPERSTRIP, header.height),
+                               tiled ? 0xffffffffu : header.height);
+    if (size <= 0 || size > maxAllocation || rowSize <= 0 || wide == 0 || high == 0)
+        return false;
+    const std::unique_ptr<std::uint8_t[]> bytes(new (std::nothrow) std::uint8_t[static_cast<std::size_t>(size)]);
+    if (!bytes)
+        return false;
+    for (std::uint32_t y = 0; y < header.height; y += std::min(high, header.height - y)) {
+        for (std::uint32_t x = 0; x < header.width; x += std::min(wide, header.width - x)) {
+            const std::uint32_t which = tiled ? TIFFComputeTile(tiff, x, y, 0, 0) : TIFFComputeStrip(tiff, y, 0);
+            const std::uint32_t rows = std::min(high, header.height - y);
+            const tmsize_t need = tmsize_t{rows} * rowSize;
+            const tmsize_t got = tiled ? TIFFReadEncodedTile(tiff, which, bytes.get(), size)
+                                       : TIFFReadEncodedStrip(tiff, which, bytes.get(), size);
+            if (got < need)
+                return false;
+            for (std::uint32_t row = 0; row < rows; ++row)
+                take(y + row, x, bytes.get() + tmsize_t{row} * rowSize, std::min(wide, header.width - x));
+        }
+    }
+    return true;
+}
+
+/// The light of pixel i of a row of 2, 4, 8 or 16 bits, as 8 bits.
+std::uint8_t lightAt(const std::uint8_t* bytes, std::uint32_t i, int bits) {
+    if (bits == 8)
+        return bytes[i];
+    if (bits == 16) {
+        std::uint16_t value = 0;
+        std::memcpy(&value, bytes + std::size_t{2} * i, 2);
+        return static_cast<std::uint8_t>((value * 255u + 32767u) / 65535u);
+    }
+    const auto inByte = static_cast<std::uint32_t>(8 / bits);
+    const int shift = 8 - bits * static_cast<int>(i % inByte + 1);
+    const int most = (1 << bits) - 1;
+    return static_cast<std::uint8_t>((bytes[i / inByte] >> shift & most) * 255 / most);
+}
+
+DecodedPix decodePlain(TIFF* tiff, const Header& header, const Source& source) {
+    PixPtr pix = newPix(static_cast<int>(header.width), static_cast<int>(header.height), header.bits == 1 ? 1 : 8);
+    if (!pix)
+        return DecodedPix::noMemory();
+    const std::ptrdiff_t words = pixGetWpl(pix.get());
+    l_uint32* data = pixGetData(pix.get());
+    const std::uint8_t flip = header.photometric == PHOTOMETRIC_MINISWHITE ? 0xff : 0;
+    const bool read =
+        readPlain(tiff, header, [&](std::uint32_t y, std::uint32_t x, const std::uint8_t* bytes, std::uint32_t pixels) {
+            l_uint32* row = data + std::ptrdiff_t{y} * words;
+            if (header.bits == 1) // a tile begins at a whole byte
+                std::memcpy(reinterpret_cast<std::uint8_t*>(row) + x / 8, bytes, (pixels + 7) / 8);
+            else
+                for (std::uint32_t i = 0; i < pixels; ++i)
+                    SET_DATA_BYTE(row, x + i, lightAt(bytes, i, header.bits) ^ flip);
+        });
+    if (!read)
+        return DecodedPix::failed(source.error.empty() ? "a part of the picture cannot be read" : source.error);
+    if (header.bits == 1) {
+        pixEndianByteSwap(pix.get());
+        if (header.photometric == PHOTOMETRIC_MINISBLACK)
+            pixInvert(pix.get(), pix.get());
+    }
+    return {std::move(pix), {}};
+}
+
+DecodedPix decodeColour(TIFF* tiff, const Header& header, const Source& source) {
+    TIFFRGBAImage image{};
+    char why[1024] = {};
+    if (TIFFRGBAImageBegin(&image, tiff, 1, why) == 0)
+        return DecodedPix::failed(why);
+    const std::unique_ptr<TIFFRGBAImage, decltype(&TIFFRGBAImageEnd)> ended(&image, &TIFFRGBAImageEnd);
+    image.req_orientation = image.orientation; // turned afterwards, for all kinds alike
+    PixPtr pix = newPix(static_cast<int>(header.width), static_cast<int>(header.height), 32);
+    if (!pix)
+        return DecodedPix::noMemory();
+    l_uint32* data = pixGetData(pix.get());
+    if (TIFFRGBAImageGet(&image, data, header.width, header.height) == 0)
+        return DecodedPix::failed(source.error.empty() ? "the picture cannot be read" : source.error);
+    // libtiff's words hold red lowest and colours that are already multiplied by their alpha.
+    const auto pixels = static_cast<std::size_t>(header.width) * header.height;
+    for (std::size_t i = 0; i < pixels; ++i) {
+        const std::uint32_t word = data[i];
+        const std::uint32_t paper = image.alpha != 0 ? 255 - TIFFGetA(word) : 0;
+        auto over = [&](std::uint32_t light) { return std::min(light + paper, 255u); };
+        data[i] = over(TIFFGetR(word)) << 24 | over(TIFFGetG(word)) << 16 | over(TIFFGetB(word)) << 8 | 0xff;
+    }
+    return {leanest(std::move(pix)), {}};
+}
+
+/// Turns a picture whose first row and column stand elsewhere than at the top and the left.
+PixPtr upright(PixPtr pix, int orientation) {
+    const bool sideways = orientation >= ORIENTATION_LEFTTOP && orientation <= ORIENTATION_LEFTBOT;
+    if (sideways) {
+        const bool fromLeft = orientation == ORIENTATION_LEFTTOP || orientation == ORIENTATION_LEFTBOT;
+        pix.reset(pixRotate90(pix.get(), fromLeft ? -1 : 1));
+    }
+    if (!pix)
+        return pix;
+    if (orientation == ORIENTATION_TOPRIGHT)
+        pixFlipLR(pix.get(), pix.get());
+    else if (orientation == ORIENTATION_BOTRIGHT)
+        pixRotate180(pix.get(), pix.get());
+    else if (orientation == ORIENTATION_BOTLEFT || orientation == ORIENTATION_LEFTTOP ||
+             orientation == ORIENTATION_RIGHTBOT)
+        pixFlipTB(pix.get(), pix.get());
+    return pix;
+}
+
+} // namespace
+
+DecodedPix decodeTiff(std::string_view bytes) {
+    Source source{.bytes = bytes, .at = 0, .error = {}};
+    const TiffPtr tiff = open(source);
+    if (!tiff)
+        return DecodedPix::failed(source.error.empty() ? "its content is no TIFF picture" : source.error);
+    const Header header(tiff.get());
+    if (!isPictureSize(header.width, header.height))
+        return DecodedPix::tooLarge(header.width, header.height);
+    DecodedPix decoded =
+        header.plain() ? decodePlain(tiff.get(), header, source) : decodeColour(tiff.get(), header, source);
+    if (!decoded.pix)
+        return decoded;
+    decoded.pix = upright(std::move(decoded.pix), header.orientation);
+    return decoded.pix ? std::move(decoded) : DecodedPix::noMemory();
+}
+
+} // namespace velmarin

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "view/PixTools.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace velmarin {
+
+/// What a decoder made of a file's bytes: a picture in normal form, or null and the reason; a picture with a reason is
+/// damaged.
+struct DecodedPix {
+    PixPtr pix;
+    std::string reason;
+
+    static DecodedPix failed(std::string reason) { return {nullptr, std::move(reason)}; }
+    static DecodedPix tooLarge(std::int64_t width, std::int64_t height);
+    static DecodedPix noMemory() { return failed("there is not enough memory for the picture"); }
+};
+
+DecodedPix decodeTiff(std::string_view bytes);
+DecodedPix decodeJpeg(std::string_view bytes);
+DecodedPix decodePng(std::string_view bytes);
+DecodedPix decodeBmp(std::string_view bytes);
+DecodedPix decodeJpeg2000(std::string_view bytes);
+
+/// Whether the bytes are a PICT, with or without the 512 bytes that come before it in a file.
+bool isPict(std::string_view bytes);
+DecodedPix decodePict(std::string_view bytes);
+
+/// By GraphicsMagick, as the one format named: "PICT", "GIF", "WEBP", "PNM", "PCX", "TGA" or "BMP". It knows no other
+/// here, and thus runs no program and reads no other file.
+DecodedPix decodeByMagick(std::string_view bytes, const char* format);
+
+/// Lays the colour and alpha words of a 32-bit picture over white.
+void blendOverWhite(Pix* pix);
+
+} // namespace velmarin

@@ -1,0 +1,60 @@
+#include "maintenance/Install.h"
+
+#include "maintenance/FolderChanges.h"
+#include "maintenance/StagedItem.h"
+#include "maintenance/TreePlan.h"
+#include "store/AtomicFile.h"
+
+#include <cerrno>
+
+namespace velmarin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool isEmptyFolder(const FolderItem& item) {
+    return !item.Alias() && item.Directory() && item.items().empty();
+}
+
+} // namespace
+
+Record installDictionary(const FolderItem& dictionary, const FolderItem& group, const Progress& progress) {
+    Record record;
+    Work work(progress);
+    const auto fail = [&record](const FolderItem& item, std::string reason) {
+        record.failures.push_back({item, std::move(reason)});
+        return std::move(record);
+    };
+    if (!group.Directory())
+        return fail(group, "it is not a folder");
+    clearLeftovers(group.path(), work);
+
+    const TreePlan plan = planTree(dictionary.path(), group.path(), Links::Kept, Purpose::Copy, work);
+    record.failures = plan.unreadable;
+    record.failures.insert(record.failures.end(), plan.leftOut.begin(), plan.leftOut.end());
+    if (!plan.whole())
+        return record;
+
+    const FolderItem target(group.path() / dictionary.Name());
+    const FolderItem there = group.Child(dictionary.Name());
+    if (there.occupied() && !(there == target && isEmptyFolder(there))) {
+        if (!sameContents(plan, there.path(), work))
+            return fail(there, "an item of that name stands there already");
+        record.deeds.push_back({Deed::AlreadyThere, there});
+        return record;
+    }
+
+    work.expect(plan.bytes);
+    auto staged = StagedItem::copy(plan, group.path(), work, record.failures);
+    if (!staged)
+        return record;
+    if (!staged->moveToEvenOverEmptyFolder(target.path()))
+        return fail(dictionary, "it could not be given its name in the group: " + errorInWords(errno));
+    record.deeds.push_back({Deed::Installed, target});
+    if (!flushFolder(group.path()))
+        return fail(target, errorInWords(errno));
+    return record;
+}
+
+} // namespace velmarin

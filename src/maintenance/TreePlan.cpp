@@ -1,0 +1,168 @@
+#include "maintenance/TreePlan.h"
+
+#include "store/AtomicFile.h"
+#include "store/FolderItem.h"
+#include "store/TemporaryName.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace velmarin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Of a folder: device and inode.
+using Identity = std::pair<dev_t, ino_t>;
+
+Identity identityOf(const struct stat& found) {
+    return {found.st_dev, found.st_ino};
+}
+
+/// The folder itself and all that it lies in.
+std::vector<Identity> folderAndThoseAbove(const fs::path& folder) {
+    std::vector<Identity> chain;
+    std::error_code error;
+    fs::path at = fs::canonical(folder, error);
+    if (error)
+        return chain;
+    for (;; at = at.parent_path()) {
+        struct stat found {};
+        if (::stat(at.c_str(), &found) == 0)
+            chain.push_back(identityOf(found));
+        if (!at.has_relative_path())
+            return chain;
+    }
+}
+
+bool has(const std::vector<Identity>& all, Identity one) {
+    return std::find(all.begin(), all.end(), one) != all.end();
+}
+
+class Planner {
+  public:
+    Planner(const fs::path& destination, Links links, Purpose purpose, Work& work)
+        : links_(links), purpose_(purpose), work_(work), above_(folderAndThoseAbove(destination)) {}
+
+    TreePlan plan(const fs::path& source) {
+        plan_.source = source;
+        add({});
+        return std::move(plan_);
+    }
+
+  private:
+    void add(const fs::path& name) {
+        work_.pass();
+        if (++visited_ > kMostItems) {
+            if (visited_ == kMostItems + 1)
+                plan_.unreadable.push_back(
+                    {FolderItem(plan_.source), "it holds more than " + std::to_string(kMostItems) + " items"});
+            return;
+        }
+        const fs::path path = pathOf(name);
+        struct stat found {};
+        const int answer = links_ == Links::Kept ? ::lstat(path.c_str(), &found) : ::stat(path.c_str(), &found);
+        if (answer != 0)
+            return addMissing(path, errno);
+        PlannedItem item;
+        item.name = name;
+        item.permissions = found.st_mode & 0777;
+        item.read = found.st_atim;
+        item.changed = found.st_mtim;
+        if (S_ISDIR(found.st_mode))
+            return addFolder(std::move(item), identityOf(found));
+        if (S_ISREG(found.st_mode))
+            return addFile(std::move(item), static_cast<std::uint64_t>(found.st_size));
+        if (S_ISLNK(found.st_mode))
+            return addLink(std::move(item));
+        leaveOut(path, "it is neither a file nor a folder, and was left out");
+    }
+
+    void addMissing(const fs::path& path, int error) {
+        struct stat found {};
+        const bool link = ::lstat(path.c_str(), &found) == 0 && S_ISLNK(found.st_mode);
+        if (link && error == ENOENT)
+            return leaveOut(path, "it is a link that leads nowhere, and was left out");
+        if (link && error == ELOOP)
+            return leaveOut(path, "it is a link that leads in a circle, and was left out");
+        plan_.unreadable.push_back({FolderItem(path), error == ENOENT ? "it is not there" : errorInWords(error)});
+    }
+
+    void addFile(PlannedItem item, std::uint64_t size) {
+        const fs::path path = pathOf(item.name);
+        if (::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0) {
+            plan_.unreadable.push_back({FolderItem(path), errorInWords(errno)});
+            return;
+        }
+        item.kind = PlannedItem::Kind::File;
+        item.size = size;
+        plan_.bytes += size;
+        plan_.items.push_back(std::move(item));
+    }
+
+    void addLink(PlannedItem item) {
+        const fs::path path = pathOf(item.name);
+        std::error_code error;
+        item.kind = PlannedItem::Kind::Link;
+        item.leadsTo = fs::read_symlink(path, error).native();
+        if (error)
+            plan_.unreadable.push_back({FolderItem(path), error.message()});
+        else
+            plan_.items.push_back(std::move(item));
+    }
+
+    void addFolder(PlannedItem item, Identity self) {
+        const fs::path path = pathOf(item.name);
+        if (has(open_, self))
+            return leaveOut(path, "it is a link back into the folder that is being copied, and was left out");
+        if (has(above_, self))
+            return leaveOut(path, "a folder cannot be copied into itself");
+        const auto names = listNames(path);
+        if (!names) {
+            plan_.unreadable.push_back({FolderItem(path), "it cannot be listed"});
+            return;
+        }
+        item.kind = PlannedItem::Kind::Folder;
+        const fs::path name = item.name;
+        plan_.items.push_back(std::move(item));
+        open_.push_back(self);
+        for (const std::string& each : *names) {
+            if (purpose_ == Purpose::Move || !isTemporaryName(each))
+                add(name / each);
+        }
+        open_.pop_back();
+    }
+
+    void leaveOut(const fs::path& path, std::string reason) {
+        plan_.leftOut.push_back({FolderItem(path), std::move(reason)});
+    }
+
+    fs::path pathOf(const fs::path& name) const { return name.empty() ? plan_.source : plan_.source / name; }
+
+    Links links_;
+    Purpose purpose_;
+    Work& work_;
+    std::vector<Identity> above_;
+    std::vector<Identity> open_;
+    std::size_t visited_ = 0;
+    TreePlan plan_;
+};
+
+} // namespace
+
+TreePlan planTree(const fs::path& source, const fs::path& destination, Links links, Purpose purpose, Work& work) {
+    return Planner(destination, links, purpose, work).plan(source);
+}
+
+bool liesIn(const fs::path& item, const fs::path& folder) {
+    struct stat found {};
+    return ::stat(folder.c_str(), &found) == 0 && has(folderAndThoseAbove(item), identityOf(found));
+}
+
+} // namespace velmarin

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "maintenance/Work.h"
+#include "store/FileCopy.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <sys/stat.h>
+
+namespace velmarin {
+
+struct PlannedItem {
+    enum class Kind { Folder, File, Link };
+    /// Below the top; empty for the top itself.
+    std::filesystem::path name;
+    Kind kind = Kind::File;
+    std::uint64_t size = 0; ///< of a file
+    std::string leadsTo;    ///< of a link
+    mode_t permissions = 0;
+    timespec read{}, changed{};
+};
+
+/// What a copy will consist of, found out before the first byte of it is written: what stands in its way is known at
+/// once, and the amount of work too.
+struct TreePlan {
+    std::filesystem::path source;
+    /// The top first, every folder before what is in it. Empty where nothing can be copied.
+    std::vector<PlannedItem> items;
+    std::uint64_t bytes = 0;
+    /// What no copy can hold: FIFOs, devices and sockets; where links are followed, those that lead nowhere, in a
+    /// circle, or to a folder that the destination lies in. The copy counts as whole without them.
+    std::vector<CopyFailure> leftOut;
+    /// What ought to be in the copy and cannot be read: without it the copy would not be whole.
+    std::vector<CopyFailure> unreadable;
+
+    bool whole() const { return !items.empty() && unreadable.empty(); }
+};
+
+/// How many items a dictionary may hold: links that branch could otherwise make a small folder endless.
+inline constexpr std::size_t kMostItems = 1'000'000;
+
+/// What is copied leaves behind the hidden leftovers of earlier runs (store/TemporaryName.h); what is moved takes all.
+enum class Purpose { Copy, Move };
+
+/// Plans the copy of `source` into the folder `destination`. With Links::Followed the source itself is followed too.
+TreePlan planTree(const std::filesystem::path& source, const std::filesystem::path& destination, Links links,
+                  Purpose purpose, Work& work);
+
+/// Whether `item` is the folder `folder` or lies in it, however the two are reached.
+bool liesIn(const std::filesystem::path& item, const std::filesystem::path& folder);
+
+/// Whether what was planned and what stands at `other` (its links as they stand) are the same, byte for byte: names,
+/// kinds and contents. What stands at `other` is read from the disk, where the system lets go of what it holds of it.
+bool sameContents(const TreePlan& plan, const std::filesystem::path& other, Work& work);
+
+} // namespace velmarin

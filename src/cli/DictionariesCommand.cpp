@@ -1,0 +1,60 @@
+#include "cli/Commands.h"
+#include "cli/FolderArgument.h"
+#include "cli/Operands.h"
+#include "text/StringRules.h"
+
+namespace velmarin {
+
+namespace {
+
+constexpr const char* kHelp = R"help(Columns:
+  1  the dictionary's name: that of its folder
+  2  its image mode: 0 adjusted by height, 1 original size, 2 adjusted by width
+  3  the number of entries; empty where the dictionary does not load, because
+     ind, txt or mImg is missing
+  4  its marks, with commas between them: spanish, ijuv, independent, format=...
+     The number format comes last, since it can hold a comma itself.
+
+The dictionaries come in the order of the tabs, those of the group's
+DictionaryPreferences.txt first, the others by name. One that does not load is
+listed only where that file names it; "velmarin-cli check" tells of the others.
+
+Exit status: 0 dictionaries were listed, 1 there are none, 2 the group cannot be
+read.
+
+Example: the five largest dictionaries of a group
+  velmarin-cli dictionaries English | sort -t "$(printf '\t')" -k3,3nr | head -5)help";
+
+std::string marksOf(const DictionaryItem& item) {
+    std::vector<std::string> marks;
+    if (item.order.SpanishMode)
+        marks.emplace_back("spanish");
+    if (item.order.IJUVMode)
+        marks.emplace_back("ijuv");
+    if (item.Independent)
+        marks.emplace_back("independent");
+    if (!item.order.FormatFom.empty())
+        marks.push_back("format=" + item.order.FormatFom);
+    return Join(marks, ",");
+}
+
+Status listDictionaries(const std::string& argument, Session& session) {
+    const ReadGroup group = groupArgument(argument, session);
+    for (const auto& item : group.dictionaries) {
+        const std::string entries = item->loaded ? std::to_string(item->IND.size()) : std::string();
+        session.out().record({item->name, std::to_string(item->ImageMode), entries, marksOf(*item)});
+    }
+    return group.dictionaries.empty() ? Status::NothingFound : Status::Done;
+}
+
+} // namespace
+
+void addDictionariesCommand(CLI::App& program, Job& chosen) {
+    CLI::App* command = program.add_subcommand("dictionaries", "List the dictionaries of a group");
+    command->footer(kHelp);
+    const CLI::Option* group = addGroupOperand(*command);
+    command->callback(
+        [&chosen, group] { chosen = [group](Session& session) { return listDictionaries(operand(group), session); }; });
+}
+
+} // namespace velmarin

@@ -1,0 +1,164 @@
+#include "cli/DictionaryCheck.h"
+
+#include "cli/IndexCheck.h"
+#include "cli/LineCheck.h"
+#include "cli/PageListCheck.h"
+#include "cli/PictureNames.h"
+#include "search/DictionarySearch.h"
+#include "store/FolderListing.h"
+
+#include <algorithm>
+
+namespace velmarin {
+
+namespace {
+
+/// What `txt` says.
+struct TextSummary {
+    explicit TextSummary(const FolderItem& txt) : pages(txt.path()), extraPages(txt.path()) {}
+    std::optional<std::uint64_t> lines;
+    PictureNames pages;
+    PictureNames extraPages;
+};
+
+/// The line of the closing entry is never shown, and needs no page; its number is `closingLine`, 0 where there is none.
+TextSummary checkText(const FolderItem& txt, std::uint64_t closingLine, std::vector<Finding>& findings) {
+    TextSummary summary(txt);
+    summary.lines = checkLines(txt, findings, [&](const std::string& line, std::uint64_t number) {
+        if (line.size() > kLongestTxtLine)
+            findings.push_back({txt.path(), number, "is longer than 64 kilobytes; what goes beyond is not looked at"});
+        const TxtLine parsed = parseTxtLine(line);
+        if (!parsed.imageName.empty())
+            summary.pages.add(parsed.imageName, number);
+        else if (number != closingLine)
+            findings.push_back({txt.path(), number, "names no page"});
+        for (const std::string& name : parsed.errata)
+            summary.extraPages.add(name, number);
+    });
+    return summary;
+}
+
+void compareLengths(const FolderItem& ind, std::uint64_t entries, const FolderItem& txt, std::uint64_t lines,
+                    std::vector<Finding>& findings) {
+    const std::string numbers = " (ind has " + std::to_string(entries) + ", txt " + std::to_string(lines) + ")";
+    if (entries > lines)
+        findings.push_back({ind.path(), lines + 1, "no line of txt belongs to this entry: unequal lengths" + numbers});
+    else if (lines > entries)
+        findings.push_back({txt.path(), entries + 1, "no entry belongs to this line: unequal lengths" + numbers});
+}
+
+void compareWithPageList(const PictureNames& named, const FolderItem& txt, const PageListSummary& list,
+                         const FolderListing& mImg, std::vector<Finding>& findings) {
+    for (const std::string& name : named.names()) {
+        if (!list.pages.has(name) && mImg.has(name))
+            findings.push_back({txt.path(), named.firstLine(name),
+                                "names " + inQuotes(name) + ", which is not in " + list.name +
+                                    ": stepping does not go on from it" + named.furtherLines(name)});
+    }
+}
+
+/// A member that has to be there; nothing, and a finding, where it is not.
+std::optional<FolderItem> neededMember(const FolderListing& members, const char* name, std::vector<Finding>& findings) {
+    FolderItem item = members.Child(name);
+    if (item.Exists())
+        return item;
+    findings.push_back({item.path(), 0, "is missing"});
+    return std::nullopt;
+}
+
+/// The checks of one dictionary, and what they have found so far.
+class DictionaryChecker {
+  public:
+    explicit DictionaryChecker(const FolderItem& folder) : members_(folder) {}
+
+    std::vector<Finding> run(Images images) {
+        if (!members_.has("FW"))
+            findings_.push_back({members_.folder().path() / "FW", 0, "is missing: no group shows the dictionary"});
+        checkFormat();
+        const auto ind = neededMember(members_, "ind", findings_);
+        const auto txt = neededMember(members_, "txt", findings_);
+        const auto mImg = neededMember(members_, "mImg", findings_);
+        if (ind)
+            checkInd(*ind);
+        if (txt)
+            checkTxt(*txt, ind);
+        if (mImg)
+            checkPages(*mImg, txt);
+        if (images == Images::Decoded)
+            decodeAll(pictures_, findings_);
+        sortFindings({ind, txt});
+        return std::move(findings_);
+    }
+
+  private:
+    void checkFormat() {
+        const FolderItem format = members_.Child("Format");
+        if (format.Exists())
+            checkLines(format, findings_, [](const std::string&, std::uint64_t) {});
+    }
+
+    void checkInd(const FolderItem& ind) {
+        const IndexOrder order = {
+            .SpanishMode = members_.has("Spanish"), .IJUVMode = members_.has("IJUV"), .FormatFom = {}};
+        index_ = checkIndex(ind, order, findings_);
+    }
+
+    void checkTxt(const FolderItem& txt, const std::optional<FolderItem>& ind) {
+        text_.emplace(checkText(txt, index_ && index_->closed ? index_->lines : 0, findings_));
+        if (index_ && text_->lines)
+            compareLengths(*ind, index_->lines, txt, *text_->lines, findings_);
+        addPictures(text_->extraPages.look(FolderListing(members_.Child("mPimg")), findings_));
+    }
+
+    void checkPages(const FolderItem& folder, const std::optional<FolderItem>& txt) {
+        if (!folder.Directory()) {
+            findings_.push_back({folder.path(), 0, "is no folder"});
+            return;
+        }
+        const FolderListing mImg(folder);
+        const auto list = checkPageList(mImg, findings_);
+        if (text_) {
+            addPictures(text_->pages.look(mImg, findings_));
+            if (list)
+                compareWithPageList(text_->pages, *txt, *list, mImg, findings_);
+        }
+        if (list)
+            addPictures(list->pictures);
+    }
+
+    void addPictures(const std::vector<NamedPicture>& pictures) {
+        pictures_.insert(pictures_.end(), pictures.begin(), pictures.end());
+    }
+
+    /// `ind` and `txt` after the members, the image index after them, each by line.
+    void sortFindings(const std::vector<std::optional<FolderItem>>& files) {
+        const auto rank = [&](const Finding& finding) {
+            if (finding.line == 0)
+                return std::size_t{0};
+            for (std::size_t i = 0; i < files.size(); ++i) {
+                if (files[i] && files[i]->path().native() == finding.file.native())
+                    return i + 1;
+            }
+            return files.size() + 1;
+        };
+        std::stable_sort(findings_.begin(), findings_.end(), [&](const Finding& a, const Finding& b) {
+            const std::size_t rankOfA = rank(a);
+            const std::size_t rankOfB = rank(b);
+            return rankOfA != rankOfB ? rankOfA < rankOfB : a.line < b.line;
+        });
+    }
+
+    FolderListing members_;
+    std::vector<Finding> findings_;
+    std::vector<NamedPicture> pictures_;
+    std::optional<IndexSummary> index_;
+    std::optional<TextSummary> text_;
+};
+
+} // namespace
+
+std::vector<Finding> checkDictionary(const FolderItem& folder, Images images) {
+    return DictionaryChecker(folder).run(images);
+}
+
+} // namespace velmarin

@@ -1,0 +1,50 @@
+#include "cli/LineCheck.h"
+
+#include "store/TextFile.h"
+#include "text/StringRules.h"
+#include "text/Utf8.h"
+
+namespace velmarin {
+
+namespace {
+
+/// Where the first byte stands that is not UTF-8, from 1.
+std::size_t firstInvalidByte(std::string_view line) {
+    std::size_t at = 0;
+    while (at < line.size()) {
+        const Utf8Unit unit = decodeUtf8(line, at);
+        if (unit.value >= invalidByteUnit)
+            break;
+        at += unit.length;
+    }
+    return at + 1;
+}
+
+} // namespace
+
+std::string inQuotes(std::string_view text) {
+    return '"' + std::string(text) + '"';
+}
+
+std::optional<std::uint64_t>
+checkLines(const FolderItem& file, std::vector<Finding>& findings,
+           const std::function<void(const std::string& line, std::uint64_t number)>& each) {
+    const auto opened = ReadOnlyFile::open(file);
+    if (!opened) {
+        findings.push_back({file.path(), 0, "is no file that can be read"});
+        return std::nullopt;
+    }
+    FileLineReader lines(*opened);
+    std::uint64_t number = 0;
+    while (!lines.EOF_()) {
+        const std::string line = lines.ReadLine();
+        ++number;
+        if (!isValidUtf8(line))
+            findings.push_back(
+                {file.path(), number, "is not UTF-8 from byte " + std::to_string(firstInvalidByte(line)) + " on"});
+        each(line, number);
+    }
+    return number;
+}
+
+} // namespace velmarin

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "cli/DictionaryCheck.h"
+#include "store/FolderItem.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+/// `text` in double quotes, as findings show words and names.
+std::string inQuotes(std::string_view text);
+
+/// Hands each line of a text file to `each` with its number, from 1, and notes the lines that are not UTF-8. The number
+/// of lines; nothing, and a finding, where the file cannot be read.
+std::optional<std::uint64_t> checkLines(const FolderItem& file, std::vector<Finding>& findings,
+                                        const std::function<void(const std::string& line, std::uint64_t number)>& each);
+
+} // namespace velmarin

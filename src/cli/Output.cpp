@@ -1,0 +1,96 @@
+#include "cli/Output.h"
+
+#include "store/AtomicFile.h"
+#include "text/Utf8.h"
+
+#include <cerrno>
+
+#include <unistd.h>
+
+namespace velmarin {
+
+namespace {
+
+/// Everything, or the number of the error that stopped it.
+int writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return errno;
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return 0;
+}
+
+constexpr char32_t kControlPictures = 0x2400;
+constexpr char32_t kDelete = 0x7F;
+constexpr char32_t kDeletePicture = 0x2421;
+constexpr char32_t kReplacement = 0xFFFD;
+
+char32_t shown(char32_t unit) {
+    if (unit < ' ')
+        return kControlPictures + unit;
+    if (unit == kDelete)
+        return kDeletePicture;
+    return unit >= invalidByteUnit ? kReplacement : unit;
+}
+
+void appendColumn(std::string& to, std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const Utf8Unit unit = decodeUtf8(text, at);
+        appendUtf8(to, shown(unit.value));
+        at += unit.length;
+    }
+}
+
+} // namespace
+
+std::string columnText(std::string_view text) {
+    std::string result;
+    appendColumn(result, text);
+    return result;
+}
+
+void Output::record(std::span<const std::string_view> columns) {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (i > 0)
+            buffer_ += '\t';
+        appendColumn(buffer_, columns[i]);
+    }
+    buffer_ += '\n';
+    flushWhereFull();
+}
+
+void Output::text(std::string_view text) {
+    buffer_ += text;
+    flushWhereFull();
+}
+
+void Output::flushWhereFull() {
+    if (buffer_.size() >= kBuffer)
+        flush();
+}
+
+void Output::flush() {
+    if (buffer_.empty())
+        return;
+    used_ = true;
+    const int error = writeAll(descriptor_, buffer_);
+    buffer_.clear();
+    if (error != 0)
+        throw CannotDo("standard output: " + errorInWords(error));
+}
+
+void Output::close() {
+    flush();
+    // A run that had nothing to say does not mind a standard output that was never open.
+    if (::close(descriptor_) != 0 && used_)
+        throw CannotDo("standard output: " + errorInWords(errno));
+}
+
+void complain(std::string_view text) {
+    writeAll(STDERR_FILENO, "velmarin-cli: " + columnText(text) + "\n");
+}
+
+} // namespace velmarin

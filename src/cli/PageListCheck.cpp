@@ -1,0 +1,103 @@
+#include "cli/PageListCheck.h"
+
+#include "cli/LineCheck.h"
+#include "store/Fi_Module.h"
+#include "text/StringRules.h"
+
+namespace velmarin {
+
+namespace {
+
+/// What an image index says, line by line.
+struct IndexLines {
+    std::string first;
+    PictureNames names;
+    std::uint64_t count = 0;
+    /// The last line that names a page.
+    std::uint64_t lastNamed = 1;
+    std::vector<std::uint64_t> empty;
+    std::vector<std::uint64_t> withoutCaption;
+};
+
+std::optional<IndexLines> readIndexLines(const FolderItem& file, bool captioned, std::vector<Finding>& findings) {
+    IndexLines lines{.first = {}, .names = PictureNames(file.path()), .empty = {}, .withoutCaption = {}};
+    const auto count = checkLines(file, findings, [&](const std::string& line, std::uint64_t number) {
+        if (number == 1) {
+            lines.first = line;
+            return;
+        }
+        const std::string_view name = captioned ? NthField(line, "\t", 1) : std::string_view(line);
+        if (name.empty()) {
+            lines.empty.push_back(number);
+            return;
+        }
+        lines.lastNamed = number;
+        lines.names.add(name, number);
+        if (captioned && NthField(line, "\t", 2).empty())
+            lines.withoutCaption.push_back(number);
+    });
+    if (!count)
+        return std::nullopt;
+    lines.count = *count;
+    return lines;
+}
+
+bool beginsWithDigit(std::string_view text) {
+    const std::size_t at = text.find_first_not_of(" \t");
+    return at != std::string_view::npos && text[at] >= '0' && text[at] <= '9';
+}
+
+void checkCount(const FolderItem& file, const IndexLines& lines, std::vector<Finding>& findings) {
+    const std::uint64_t pages = lines.lastNamed - 1;
+    if (pages == 0) {
+        findings.push_back({file.path(), 1, "lists no pages"});
+        return;
+    }
+    const std::string right = std::to_string(pages - 1) + ", the number of pages less one";
+    if (!beginsWithDigit(lines.first))
+        findings.push_back({file.path(), 1, inQuotes(lines.first) + " is no number; it should be " + right});
+    else if (toInt32(CDbl(lines.first)) != static_cast<std::int64_t>(pages) - 1)
+        findings.push_back({file.path(), 1, "the count is " + inQuotes(lines.first) + "; it should be " + right});
+}
+
+std::optional<PageListSummary> checkImageIndex(const FolderItem& file, bool captioned, const FolderListing& mImg,
+                                               std::vector<Finding>& findings) {
+    const auto lines = readIndexLines(file, captioned, findings);
+    if (!lines)
+        return std::nullopt;
+    PageListSummary summary;
+    summary.name = file.Name();
+    checkCount(file, *lines, findings);
+    for (const std::uint64_t number : lines->empty) {
+        // Empty lines at the end are beyond the count, and do no harm.
+        if (number < lines->lastNamed)
+            findings.push_back({file.path(), number, "names no page"});
+    }
+    for (const std::uint64_t number : lines->withoutCaption)
+        findings.push_back({file.path(), number, "has no caption: the name and the caption are parted by a TAB"});
+    for (const std::string& name : lines->names.names())
+        summary.pages.set(name, 0);
+    summary.pictures = lines->names.look(mImg, findings);
+    return summary;
+}
+
+} // namespace
+
+std::optional<PageListSummary> checkPageList(const FolderListing& mImg, std::vector<Finding>& findings) {
+    if (const FolderItem captioned = mImg.Child("ImageIndex2"); captioned.Exists())
+        return checkImageIndex(captioned, true, mImg, findings);
+    if (const FolderItem plain = mImg.Child("ImageIndex"); plain.Exists())
+        return checkImageIndex(plain, false, mImg, findings);
+
+    PageListSummary summary;
+    summary.name = "the page list that will be made of the pictures";
+    const std::vector<std::string> pictures = pictureNames(mImg.folder());
+    for (const std::string& name : pictures)
+        summary.pages.set(name, 0);
+    if (!pictures.empty())
+        return summary;
+    findings.push_back({mImg.folder().path(), 0, "holds no picture and no image index"});
+    return std::nullopt;
+}
+
+} // namespace velmarin

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "cli/DictionaryCheck.h"
+#include "cli/PictureNames.h"
+#include "store/DictionaryItem.h"
+#include "store/FolderListing.h"
+
+#include <optional>
+#include <vector>
+
+namespace velmarin {
+
+struct PageListSummary {
+    /// What the page list is called in a finding.
+    std::string name;
+    /// All its pages.
+    ImageDictionaryMap pages;
+    /// Those of an image index whose file is there.
+    std::vector<NamedPicture> pictures;
+};
+
+/// Checks the image index that a dictionary would be shown with, or, where there is none, whether one can be made.
+/// Nothing where there is no page list.
+std::optional<PageListSummary> checkPageList(const FolderListing& mImg, std::vector<Finding>& findings);
+
+} // namespace velmarin

@@ -1,0 +1,20 @@
+#include "cli/Session.h"
+
+namespace velmarin {
+
+Session::Session(Output& out) : out_(out) {
+    handlerBefore_ = setMessageHandler([this](std::string_view text) {
+        couldNot(subject_.empty() ? std::string(text) : subject_ + ": " + std::string(text));
+    });
+}
+
+Session::~Session() {
+    setMessageHandler(std::move(handlerBefore_));
+}
+
+void Session::couldNot(std::string_view what) {
+    if (told_.emplace(what).second)
+        complain(what);
+}
+
+} // namespace velmarin

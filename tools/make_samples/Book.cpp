@@ -1,0 +1,183 @@
+#include "make_samples/Book.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <memory>
+
+#include "make_samples/Pagination.h"
+#include "make_samples/Parallel.h"
+#include "make_samples/Press.h"
+#include "make_samples/TextPieces.h"
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::size_t mostSupplementPages = 3;
+
+using Presses = std::vector<std::unique_ptr<Press>>;
+
+std::string numbered(const char* prefix, std::size_t number, PageKind kind) {
+    std::array<char, 32> digits{};
+    std::snprintf(digits.data(), digits.size(), "%s%04zu", prefix, number);
+    return digits.data() + std::string(extensionOf(kind));
+}
+
+/// The kana that heads the row in which `c` stands; the voiced and small ones go with the plain.
+std::string kanaRow(char32_t c) {
+    static constexpr std::u32string_view heads = U"あかさたなはまやらわ";
+    static constexpr std::u32string_view firsts = U"ぁかさたなはまゃらゎ";
+    if (c == U'セ')
+        return "さ";
+    if (c < 0x3041 || c > 0x3096)
+        return {};
+    std::string row;
+    for (std::size_t i = 0; i < heads.size(); ++i) {
+        if (c < firsts[i])
+            break;
+        row.clear();
+        appendUtf8(row, heads[i]);
+    }
+    return row;
+}
+
+/// The letter under which a search word stands; empty for what is no letter.
+std::string initialOf(const std::string& word) {
+    if (word.empty())
+        return {};
+    if (word.starts_with("CƩ"))
+        return "Ch";
+    if (word.starts_with("Lʎ"))
+        return "Ll";
+    std::size_t at = 0;
+    const char32_t c = nextCodePoint(word, at);
+    if (c >= 0x3040 && c <= 0x30FF)
+        return kanaRow(c);
+    if (c < 'A' || (c > 'Z' && c < 0xC0))
+        return {};
+    return word.substr(0, at);
+}
+
+void sortArticles(Book& book) {
+    std::vector<std::pair<std::string, std::size_t>> order;
+    order.reserve(book.articles.size());
+    for (std::size_t i = 0; i < book.articles.size(); ++i)
+        order.emplace_back(indexSearchWord(book.articles[i].key, book.shape.order), i);
+    std::sort(order.begin(), order.end());
+    std::vector<Article> sorted;
+    sorted.reserve(order.size());
+    std::vector<std::size_t> newPlace(order.size());
+    for (const auto& [word, i] : order) {
+        newPlace[i] = sorted.size();
+        sorted.push_back(std::move(book.articles[i]));
+    }
+    book.articles = std::move(sorted);
+    for (auto& [key, article] : book.furtherKeys)
+        article = newPlace[article];
+}
+
+/// All lines of the book, letters between the parts of the alphabet.
+std::vector<FlowLine> flowOf(const Book& book, Presses& presses) {
+    std::vector<std::vector<FlowLine>> set(book.articles.size());
+    parallelFor(presses, book.articles.size(),
+                [&](Press& press, std::size_t i) { set[i] = press.set(book.articles[i].paragraphs, i); });
+    std::vector<FlowLine> flow;
+    std::string last;
+    for (std::size_t i = 0; i < set.size(); ++i) {
+        if (book.design.letterHeads) {
+            const std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.shape.order));
+            if (!initial.empty() && initial != last) {
+                for (FlowLine& line : presses.front()->initial(initial, i))
+                    flow.push_back(std::move(line));
+                last = initial;
+            }
+        }
+        std::move(set[i].begin(), set[i].end(), std::back_inserter(flow));
+    }
+    return flow;
+}
+
+/// Prints title page and pages; their list, in order.
+std::vector<ListedPage> printPages(const Book& book, const std::vector<FlowLine>& flow, const std::vector<Page>& pages,
+                                   Presses& presses, const std::filesystem::path& folder) {
+    const PageKind kind = book.design.kind;
+    std::vector<ListedPage> listed(pages.size() + 1);
+    parallelFor(presses, listed.size(), [&](Press& press, std::size_t i) {
+        listed[i].name = numbered("p", i, kind);
+        const auto path = folder / "mImg" / listed[i].name;
+        if (i == 0) {
+            listed[i].caption = "Title";
+            press.titlePage(book.title).write(path, kind, book.design.dpi);
+            return;
+        }
+        listed[i].caption = std::to_string(i);
+        const Page& page = pages[i - 1];
+        const Press::Head head{book.articles[page.firstArticle].guide, listed[i].caption,
+                               book.articles[page.lastArticle].guide};
+        press.page(page, flow, head).write(path, kind, book.design.dpi);
+    });
+    return listed;
+}
+
+/// Prints the supplements; for each article the names of its pages.
+std::vector<std::vector<std::string>> printSupplements(const Book& book, Presses& presses,
+                                                       const std::filesystem::path& folder) {
+    std::vector<std::vector<std::string>> names(book.articles.size());
+    std::vector<std::size_t> wanted;
+    for (std::size_t i = 0; i < book.articles.size(); ++i)
+        if (!book.articles[i].supplement.empty())
+            wanted.push_back(i);
+    if (wanted.empty())
+        return names;
+    std::filesystem::create_directories(folder / "mPimg");
+    const Design& design = book.design;
+    parallelFor(presses, wanted.size(), [&](Press& press, std::size_t n) {
+        const Article& article = book.articles[wanted[n]];
+        const auto flow = press.set(article.supplement, 0);
+        auto pages = paginate(flow, design.textBottom - design.textTop);
+        pages.resize(std::min(pages.size(), mostSupplementPages));
+        for (std::size_t k = 0; k < pages.size(); ++k) {
+            const std::string name = numbered(("s" + std::to_string(k + 1) + "-").c_str(), n + 1, design.kind);
+            press.page(pages[k], flow, {article.guide, "Supplement", std::to_string(k + 1)})
+                .write(folder / "mPimg" / name, design.kind, design.dpi);
+            names[wanted[n]].push_back(name);
+        }
+    });
+    return names;
+}
+
+} // namespace
+
+BookResult makeBook(Book book, const std::filesystem::path& folder, unsigned threads) {
+    std::filesystem::create_directories(folder / "mImg");
+    Presses presses;
+    for (unsigned t = 0; t < std::max(threads, 1U); ++t)
+        presses.push_back(std::make_unique<Press>(book.design));
+    sortArticles(book);
+    const auto flow = flowOf(book, presses);
+    const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
+    const auto listed = printPages(book, flow, pages, presses, folder);
+    const auto supplements = printSupplements(book, presses, folder);
+
+    std::vector<std::string> pageOf(book.articles.size());
+    for (std::size_t p = 0; p < pages.size(); ++p)
+        for (const SetLine& set : pages[p].lines)
+            if (flow[set.line].opensArticle)
+                pageOf[flow[set.line].article] = listed[p + 1].name;
+    std::vector<IndexLine> lines;
+    for (std::size_t i = 0; i < book.articles.size(); ++i)
+        if (!pageOf[i].empty())
+            lines.push_back({book.articles[i].key, book.articles[i].note, pageOf[i], supplements[i]});
+    for (const auto& [key, article] : book.furtherKeys)
+        if (!pageOf[article].empty())
+            lines.push_back({key, "", pageOf[article], supplements[article]});
+    lines = indexLines(std::move(lines), book.shape.order);
+    writeDictionary(folder, lines, listed, book.shape);
+    BookResult result{listed.size(), lines.size(), 0};
+    for (const auto& names : supplements)
+        result.extraPages += names.size();
+    return result;
+}
+
+} // namespace velmarin

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "make_samples/LineBreaker.h"
+
+namespace velmarin {
+
+/// One line in the stream of a book's text.
+struct FlowLine {
+    Line line;
+    double spaceBefore = 0;    ///< dropped at the head of a column
+    bool keepWithNext = false; ///< no column may end after this line
+    bool opensArticle = false;
+    std::size_t article = 0; ///< which article it belongs to
+};
+
+/// A line at its place on a page.
+struct SetLine {
+    std::size_t line = 0; ///< index in the flow
+    int column = 0;
+    double baseline = 0; ///< from the top of the text
+};
+
+struct Page {
+    std::vector<SetLine> lines;
+    /// The articles for the head of the page: the first and the last that open on it, or the one that runs through it.
+    std::size_t firstArticle = 0;
+    std::size_t lastArticle = 0;
+};
+
+/// Fills pages of two columns of `height`. Columns end level where a little more space between articles can make them
+/// so; the last page is divided evenly. A line that is to be kept with the next is carried over with it.
+std::vector<Page> paginate(const std::vector<FlowLine>& flow, double height);
+
+} // namespace velmarin

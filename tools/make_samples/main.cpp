@@ -1,0 +1,34 @@
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <thread>
+
+#include <CLI/CLI.hpp>
+
+#include "make_samples/Catalogue.h"
+#include "make_samples/SampleFolder.h"
+
+int main(int argc, char** argv) {
+    CLI::App app("Makes a DictionaryFolder of sample dictionaries from the data of the packages dict-*: scanned books "
+                 "to try Velmarin with, typeset here.");
+    std::string folder;
+    std::string dictFolder = "/usr/share/dictd";
+    unsigned threads = std::thread::hardware_concurrency();
+    app.add_option("FOLDER", folder, "The folder to make; one that has anything in it is left alone")->required();
+    app.add_option("--dict-dir", dictFolder, "Where the dictionaries' .index and .dict.dz files are")
+        ->capture_default_str();
+    app.add_option("--threads", threads, "How many threads set and print pages")->check(CLI::Range(1, 64));
+    CLI11_PARSE(app, argc, argv);
+    try {
+        const bool made = velmarin::makeSampleFolder(folder, dictFolder, velmarin::allSamples(), threads,
+                                                     [](const std::string& line) {
+                                                         std::printf("%s\n", line.c_str());
+                                                         std::fflush(stdout);
+                                                     });
+        std::printf("%s %s\n", folder.c_str(), made ? "is made" : "is there already");
+        return 0;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "velmarin-make-samples: %s\n", failure.what());
+        return 2;
+    }
+}

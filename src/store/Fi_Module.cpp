@@ -139,7 +139,7 @@ std::string mFiMod_GetUniqueFileName(std::string_view name, const FolderItem& fo
     for (int n = 1;; ++n) {
         const std::string digits = Str(n);
         std::string candidate = base + "_" + digits + ext;
-        // Takes the extension off twice, and so cuts sooner than the first cut: names that exist were made this way.
+        // The candidate has its extension already, which `room` has taken off: the cut is asked for sooner than needed.
         if (std::ssize(candidate) > room)
             candidate = leftBytes(base, room - std::ssize(digits) - 1) + "_" + digits + ext;
         if (free(candidate))

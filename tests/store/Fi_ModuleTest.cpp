@@ -73,12 +73,13 @@ INSTANTIATE_TEST_SUITE_P(
                    {times(27, "x") + ".tif"},
                    times(27, "x") + ".tif",
                    times(25, "x") + "_1.tif"},
-        // base_1.tif of 28 bytes would do, and is cut all the same: the room has the extension taken off twice.
-        UniqueCase{
-            "NumberedFormIsCutSooner", {times(22, "x") + ".tif"}, times(22, "x") + ".tif", times(22, "x") + "_1.tif"},
-        UniqueCase{"NumberedFormIsCutSoonerBelowTheOldLimit",
+        UniqueCase{"NumberedFormOf31BytesIsWhole",
                    {times(24, "x") + ".jpeg"},
                    times(24, "x") + ".jpeg",
+                   times(24, "x") + "_1.jpeg"},
+        UniqueCase{"NumberedFormOf32BytesIsNot",
+                   {times(25, "x") + ".jpeg"},
+                   times(25, "x") + ".jpeg",
                    times(24, "x") + "_1.jpeg"},
         UniqueCase{"TwoDigitsCutOneMore",
                    {times(27, "x") + ".tif", times(25, "x") + "_1.tif", times(25, "x") + "_2.tif",

@@ -141,7 +141,7 @@ std::string plainNumber(double value) {
     std::string out = value < 0 ? "-" : "";
     out += digits.whole.empty() ? "0" : digits.whole;
     if (!digits.fraction.empty())
-        out += "." + digits.fraction;
+        out.append(1, '.').append(digits.fraction);
     return out;
 }
 
@@ -193,7 +193,10 @@ std::string Format(double value, std::string_view spec) {
         digits.whole.insert(0, picture.leastWhole - digits.whole.size(), '0');
     while (digits.fraction.size() > picture.leastFraction && digits.fraction.back() == '0')
         digits.fraction.pop_back();
-    return (negative ? "-" : "") + writeWhole(picture, digits.whole) + writeFraction(picture, digits.fraction);
+    std::string out(negative ? 1 : 0, '-');
+    out += writeWhole(picture, digits.whole);
+    out += writeFraction(picture, digits.fraction);
+    return out;
 }
 
 std::string Str(std::int64_t value) {

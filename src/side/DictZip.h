@@ -1,0 +1,41 @@
+#pragma once
+
+#include "store/FolderItem.h"
+#include "store/TextFile.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmarin {
+
+/// The text of a dictionary in the dictd format, `*.dict` or `*.dict.dz`, read piece by piece. The latter is dictzip: a
+/// gzip file (RFC 1952) whose header has an extra field "RA" with the lengths of its chunks, each of which can be
+/// inflated by itself (dictzip(1)).
+class DictZip {
+  public:
+    /// Nothing where the file cannot be read, or is compressed without a table of chunks, or its table is damaged.
+    static std::optional<DictZip> open(const FolderItem& file);
+
+    /// `size` bytes from `offset` of the uncompressed text; nothing where they are not all there, or are damaged, or
+    /// are more than kLongestPiece.
+    std::optional<std::string> read(std::uint64_t offset, std::uint64_t size) const;
+
+    FileStamp stamp() const { return file_.stamp(); }
+
+    static constexpr std::uint64_t kLongestPiece = std::uint64_t{1} << 22;
+
+  private:
+    explicit DictZip(ReadOnlyFile file) : file_(std::move(file)) {}
+    bool readHeader();
+    std::optional<std::string> chunk(std::size_t number) const;
+
+    ReadOnlyFile file_;
+    /// 0 for text that is not compressed.
+    std::uint32_t chunkLength_ = 0;
+    /// Where each chunk begins in the file, and where the last one ends.
+    std::vector<std::uint64_t> chunkAt_;
+};
+
+} // namespace velmarin

@@ -1,0 +1,115 @@
+#include "side/DictionaryModule.h"
+#include "side/LineScanner.h"
+#include "side/UserDictionary.h"
+#include "store/AtomicFile.h"
+#include "store/Fi_Module.h"
+#include "text/NilObjectException.h"
+#include "text/StringRules.h"
+
+#include <algorithm>
+
+namespace velmarin {
+
+namespace {
+
+constexpr int kFirstPassStep = 1000;
+constexpr int kLaterPassStep = 2000;
+/// Sorting gives events a chance at each so many comparisons.
+constexpr unsigned kComparisonsAYield = 64;
+
+/// All search words in one buffer, each known by its end.
+struct Words {
+    std::string letters;
+    std::vector<std::size_t> ends;
+};
+
+Words makeWords(const DictionaryModule& module, const ReadOnlyFile& source, BuildProgress& progress) {
+    Words words;
+    LineScanner lines(source);
+    std::string_view line;
+    for (std::size_t counter = 0; lines.next(line); ++counter) {
+        if (counter % kFirstPassStep == 0)
+            progress.setValue(static_cast<int>(counter));
+        words.letters += module.m__SubMakeSearchWord(NthField(line, "\t", 1));
+        words.ends.push_back(words.letters.size());
+        progress.yield();
+    }
+    return words;
+}
+
+/// A line for each word, with its end.
+std::string makeElements(const Words& words, BuildProgress& progress) {
+    constexpr std::size_t kTabNumberAndEnd = 10;
+    std::string elements;
+    elements.reserve(words.letters.size() + words.ends.size() * kTabNumberAndEnd);
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i < words.ends.size(); ++i) {
+        if (i % kLaterPassStep == 0)
+            progress.setValue(static_cast<int>(i));
+        elements.append(words.letters, begin, words.ends[i] - begin);
+        elements.append("\t").append(Str(static_cast<std::int64_t>(i))).append("\n");
+        begin = words.ends[i];
+        progress.yield();
+    }
+    return elements;
+}
+
+std::vector<std::string_view> sortedLines(std::string_view text, BuildProgress& progress) {
+    std::vector<std::string_view> lines;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = text.find('\n', begin) + 1;
+        lines.push_back(text.substr(begin, end - begin));
+        begin = end;
+    }
+    unsigned comparisons = 0;
+    std::sort(lines.begin(), lines.end(), [&](std::string_view a, std::string_view b) {
+        if (++comparisons % kComparisonsAYield == 0)
+            progress.yield();
+        return a < b;
+    });
+    return lines;
+}
+
+} // namespace
+
+void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index,
+                                      BuildProgress& progress) const {
+    if (source.isNil() || index.isNil())
+        return;
+    progress.message("I'm counting the lines of the data.");
+    const int lineCount = mFiMod_GetLineCountFromTextFi(source);
+    const auto file = ReadOnlyFile::open(source);
+    if (!file)
+        throw NilObjectException("\"" + source.path().native() + "\" could not be read.");
+    progress.showBar();
+
+    progress.message("I'm making the word for sorting and searching.");
+    progress.setMaximum(lineCount);
+    const Words words = makeWords(*this, *file, progress);
+    progress.setValue(lineCount);
+
+    progress.message("I'm making the index data.");
+    const int last = static_cast<int>(words.ends.size()) - 1;
+    progress.setMaximum(last);
+    const std::string elements = makeElements(words, progress);
+
+    progress.message("I'm sorting the index data. The progress bar looks frozen.");
+    progress.setValue(last);
+    const std::vector<std::string_view> sorted = sortedLines(elements, progress);
+
+    progress.message("Now I'm writing data.");
+    std::string bytes;
+    bytes.reserve(elements.size());
+    for (std::size_t i = 0; i < sorted.size(); ++i) {
+        if (i % kLaterPassStep == 0)
+            progress.setValue(static_cast<int>(i));
+        bytes += sorted[i];
+        progress.yield();
+    }
+    if (const WriteResult written = writeFileAtomically(index.path(), bytes); !written)
+        throw NilObjectException(written.reason);
+    progress.setValue(last);
+    progress.message("");
+}
+
+} // namespace velmarin

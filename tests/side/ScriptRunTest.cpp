@@ -1,0 +1,126 @@
+#include "side/ScriptRun.h"
+
+#include "support/TempFolder.h"
+
+#include <fstream>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+namespace velmarin {
+namespace {
+
+using End = ScriptResult::End;
+
+struct RunCase {
+    const char* name;
+    const char* script;
+    End end;
+    int exitStatus;
+    const char* output;
+};
+
+class ScriptRun : public testing::TestWithParam<RunCase> {};
+
+TEST_P(ScriptRun, EndsAs) {
+    const test::TempFolder folder;
+    const ScriptResult result = runScript(folder.write("s.sh", GetParam().script), [] { return true; });
+    EXPECT_EQ(result.end, GetParam().end);
+    EXPECT_EQ(result.exitStatus, GetParam().exitStatus);
+    EXPECT_EQ(result.output, GetParam().output);
+    EXPECT_EQ(result.ok(), GetParam().end == End::Exited && GetParam().exitStatus == 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Scripts, ScriptRun,
+    testing::Values(RunCase{"Success", "printf 'a\\nb'", End::Exited, 0, "a\nb"},
+                    RunCase{"Silence", "true", End::Exited, 0, ""},
+                    RunCase{"Failure", "echo lost; exit 3", End::Exited, 3, "lost\n"},
+                    RunCase{"NoSuchProgram", "/no/such/program", End::Exited, 127, ""},
+                    RunCase{"LastCommandDecides", "cd /no/such/folder\necho x", End::Exited, 0, "x\n"},
+                    RunCase{"UnendedQuote", "echo 'x", End::Exited, 2, ""},
+                    RunCase{"NothingToRead", "cat; echo end", End::Exited, 0, "end\n"},
+                    RunCase{"ErrorOutputIsLeftOut", "echo x >&2; echo y", End::Exited, 0, "y\n"},
+                    RunCase{"ClosesItsOutputAndGoesOn", "echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
+                    RunCase{"EndsBySignal", "kill -TERM $$", End::Killed, -1, ""}),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST(ScriptRunOutput, IsTakenByteForByte) {
+    const test::TempFolder folder;
+    const ScriptResult result = runScript(folder.write("s.sh", "printf 'a\\000\\377\\r\\n'"), [] { return true; });
+    EXPECT_EQ(result.output, std::string("a\0\xFF\r\n", 5));
+}
+
+TEST(ScriptRunOutput, OfSomeMegabytesArrivesWhole) {
+    const test::TempFolder folder;
+    const auto script = folder.write("s.sh", "head -c 5000000 /dev/zero | tr '\\000' x");
+    EXPECT_EQ(runScript(script, [] { return true; }).output, std::string(5'000'000, 'x'));
+}
+
+TEST(ScriptRunOutput, WithoutEndIsCutOffAndIsAFailure) {
+    const test::TempFolder folder;
+    const auto script = folder.write("s.sh", "yes");
+    const ScriptResult result = runScript(script, [] { return true; });
+    EXPECT_EQ(result.end, End::TooMuch);
+    EXPECT_EQ(result.output, "");
+    EXPECT_EQ(runScript(
+                  folder.write("s.sh", "printf 12345"), [] { return true; }, 5)
+                  .output,
+              "12345");
+    EXPECT_EQ(runScript(
+                  folder.write("s.sh", "printf 123456"), [] { return true; }, 5)
+                  .end,
+              End::TooMuch);
+}
+
+bool runs(const std::string& pid) {
+    std::ifstream stat("/proc/" + pid + "/stat");
+    std::stringstream text;
+    text << stat.rdbuf();
+    const std::string fields = text.str();
+    const std::size_t behindName = fields.rfind(')');
+    return behindName != std::string::npos && fields[behindName + 2] != 'Z' && fields[behindName + 2] != 'X';
+}
+
+/// Waits until a process is gone: it has been killed, and only the kernel's own work is left.
+bool comesToAnEnd(const std::string& pid) {
+    constexpr int kTurns = 2'000'000;
+    for (int turn = 0; turn < kTurns; ++turn)
+        if (!runs(pid))
+            return true;
+    return false;
+}
+
+std::string firstLine(const std::filesystem::path& path) {
+    std::ifstream in(path);
+    std::string line;
+    std::getline(in, line);
+    return line;
+}
+
+TEST(ScriptRunStop, EndsTheWholeGroup) {
+    const test::TempFolder folder;
+    const auto pids = folder.path() / "pid";
+    const auto script = folder.write("s.sh", "sleep 1000 & echo $! > '" + pids.string() + "'; trap '' TERM; wait");
+    int asked = 0;
+    const ScriptResult result = runScript(script, [&] {
+        ++asked;
+        return firstLine(pids).empty();
+    });
+    EXPECT_EQ(result.end, End::Stopped);
+    EXPECT_GT(asked, 0);
+    EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
+}
+
+TEST(ScriptRunStop, WhatAScriptLeavesBehindIsNotWaitedForAndEnds) {
+    const test::TempFolder folder;
+    const auto pids = folder.path() / "pid";
+    const auto script = folder.write("s.sh", "sleep 1000 & echo $! > '" + pids.string() + "'; echo done");
+    const ScriptResult result = runScript(script, [] { return true; });
+    EXPECT_TRUE(result.ok());
+    EXPECT_EQ(result.output, "done\n");
+    EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
+}
+
+} // namespace
+} // namespace velmarin

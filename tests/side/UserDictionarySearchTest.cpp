@@ -1,0 +1,158 @@
+#include "side/DictionaryModule.h"
+
+#include "support/CollectedMessages.h"
+#include "support/TempFolder.h"
+#include "text/NilObjectException.h"
+#include "text/StringRules.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace velmarin {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST(UserSearchWord, IsCutAtTheMarkerAndFolded) {
+    DictionaryModule module;
+    EXPECT_EQ(module.m__SubMakeSearchWord(""), "");
+    EXPECT_EQ(module.m__SubMakeSearchWord("amo__NUM__2"), "AMO");
+    EXPECT_EQ(module.m__SubMakeSearchWord("a__NUM__1b__NUM__2"), "A");
+    EXPECT_EQ(module.m__SubMakeSearchWord("Ｊｕｓ　Élan"), "JUS ELAN");
+    EXPECT_EQ(module.m__SubSpanish("chillar", 0), "chillar");
+    module.pIJUV = true;
+    EXPECT_EQ(module.m__SubMakeSearchWord("Julius v"), "IULIUS U");
+    module.pIJUV = false;
+    module.pSpanish = true;
+    EXPECT_EQ(module.m__SubMakeSearchWord("chillar"), "cʃIlʎAR");
+    EXPECT_EQ(module.m__SubSpanish("cʃilʎar", 1), "chillar");
+}
+
+struct MatchCase {
+    const char* name;
+    const char* indexWord;
+    const char* searchWord;
+    const char* modes; ///< those of 0 to 5 that match
+};
+
+class UserMatch : public testing::TestWithParam<MatchCase> {};
+
+TEST_P(UserMatch, MatchesIn) {
+    std::string modes;
+    for (int mode = -1; mode <= 5; ++mode)
+        if (DictionaryModule::m__SubMatch(GetParam().indexWord, GetParam().searchWord, mode))
+            modes += std::to_string(mode);
+    EXPECT_EQ(modes, GetParam().modes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Words, UserMatch,
+    testing::Values(MatchCase{"Same", "AMOR", "AMOR", "01234"}, MatchCase{"CaseDoesNotCount", "Amor", "aMOR", "01234"},
+                    MatchCase{"CaseBeyondAscii", "ÀMOR", "àmor", "01234"}, MatchCase{"Start", "AMORIS", "AMOR", "034"},
+                    MatchCase{"End", "CLAMOR", "AMOR", "134"}, MatchCase{"Inside", "CLAMORIS", "AMOR", "34"},
+                    MatchCase{"Longer", "AMO", "AMOR", ""}, MatchCase{"Pattern", "AMOR", "^A.+R$", "4"},
+                    MatchCase{"BadPattern", "AMOR", "(", ""}, MatchCase{"EmptyWordBeginsAndEndsAll", "AMOR", "", "014"},
+                    MatchCase{"BothEmpty", "", "", "0124"}),
+    [](const auto& tested) { return tested.param.name; });
+
+struct Dictionary {
+    test::TempFolder folder;
+    FolderItem item() const { return FolderItem(folder.path()); }
+
+    Dictionary(const std::string& index, const std::string& text) {
+        folder.write("Index.txt", index);
+        folder.write("Text.txt", text);
+    }
+};
+
+struct SearchCase {
+    const char* name;
+    const char* index;
+    const char* word;
+    Lines found;
+};
+
+class UserSearch : public testing::TestWithParam<SearchCase> {};
+
+TEST_P(UserSearch, FindsTheLines) {
+    const Dictionary dictionary(GetParam().index, "zero\tm\r\none\tm\rtwo\tm\nthree");
+    DictionaryModule module;
+    module.pResult = {"of the last search"};
+    EXPECT_EQ(module.mSearch(dictionary.item(), GetParam().word, 2, false), !GetParam().found.empty());
+    EXPECT_EQ(module.pResult, GetParam().found);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Indexes, UserSearch,
+    testing::Values(SearchCase{"One", "AMO\t1\n", "amo", {"one\tm"}}, SearchCase{"None", "AMO\t1\n", "amor", {}},
+                    SearchCase{"InTheOrderOfTheText", "AMO\t2\nAMO\t0\n", "amo", {"zero\tm", "two\tm"}},
+                    SearchCase{"EqualWordsAnywhere", "AMO\t2\nB\t1\nAMO\t3\n", "amo", {"two\tm", "three"}},
+                    SearchCase{"RepeatedNumberOnce", "AMO\t1\nAMO\t1\n", "amo", {"one\tm"}},
+                    SearchCase{"NumberBehindTheEnd", "AMO\t9\nAMO\t3\n", "amo", {"three"}},
+                    SearchCase{"NegativeNumber", "AMO\t-1\n", "amo", {}},
+                    SearchCase{"NoSecondField", "AMO\n", "amo", {"zero\tm"}},
+                    SearchCase{"QueryIsCutAtTheMarker", "AMO\t1\n", "amo__NUM__7", {"one\tm"}},
+                    SearchCase{"EmptyWord", "\t1\nAMO\t2\n", "", {"one\tm"}},
+                    SearchCase{"CarriageReturns", "B\t1\rAMO\t2\rC\t0\r", "amo", {"two\tm"}}),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST(UserSearchMode, OfTheIndexAloneGivesTheNumbersAsTheyStand) {
+    const Dictionary dictionary("AMO\t07\nAMOR\t1\nB\t2\nAMO\n", "");
+    DictionaryModule module;
+    EXPECT_TRUE(module.mSearch(dictionary.item(), "amo", 0, true));
+    EXPECT_EQ(module.pResult, (Lines{"07", "1", ""}));
+    EXPECT_FALSE(module.mSearch(dictionary.item(), "amo", 5, true));
+}
+
+TEST(UserSearchFailure, WithoutAnIndexRaises) {
+    const test::TempFolder folder;
+    DictionaryModule module;
+    EXPECT_THROW(module.mSearch(FolderItem(folder.path()), "amo", 2, false), NilObjectException);
+}
+
+TEST(UserSearchFailure, WithoutATextIsTold) {
+    const test::TempFolder folder;
+    folder.write("Index.txt", "AMO\t0\n");
+    test::CollectedMessages messages;
+    DictionaryModule module;
+    EXPECT_FALSE(module.mSearch(FolderItem(folder.path()), "amo", 2, false));
+    EXPECT_EQ(messages.texts, (Lines{"DictionaryModule, m__SubGetText: something wrong"}));
+}
+
+TEST(UserSearch, AgreesWithThePlainLoop) {
+    std::mt19937 random(11);
+    const auto word = [&] {
+        std::string made;
+        for (unsigned i = random() % 3; i > 0; --i)
+            made += "aBé"[random() % 2];
+        return made;
+    };
+    for (int round = 0; round < 200; ++round) {
+        std::string index, text;
+        Lines words, lines;
+        std::vector<std::size_t> numbers;
+        for (unsigned count = random() % 30; count > 0; --count) {
+            lines.push_back("line " + std::to_string(lines.size()));
+            text += lines.back() + "\n";
+            words.push_back(word());
+            numbers.push_back(random() % 30);
+            index += words.back() + "\t" + std::to_string(numbers.back()) + "\n";
+        }
+        const std::string asked = word();
+        const int mode = static_cast<int>(random() % 4);
+        Lines expected;
+        for (std::size_t number = 0; number < lines.size(); ++number)
+            for (std::size_t i = 0; i < words.size(); ++i)
+                if (numbers[i] == number && DictionaryModule::m__SubMatch(words[i], Uppercase(asked), mode)) {
+                    expected.push_back(lines[number]);
+                    break;
+                }
+        DictionaryModule module;
+        module.mSearch(Dictionary(index, text).item(), asked, mode, false);
+        EXPECT_EQ(module.pResult, expected);
+    }
+}
+
+} // namespace
+} // namespace velmarin

@@ -5,6 +5,13 @@
 
 namespace velmarin {
 
+void WindowState::leaveGroup() {
+    pDictionaryItem.clear();
+    pHiteItems.clear();
+    pDictionaryGroupFolder = FolderItem();
+    pListMode_CurrentDicNum = 0;
+}
+
 std::shared_ptr<DictionaryItem> WindowState::dictionary(int index) const {
     if (index < 0 || index >= static_cast<int>(pDictionaryItem.size()))
         throw NilObjectException("There is no dictionary number " + Str(index) + " in this group.");

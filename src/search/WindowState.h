@@ -23,6 +23,8 @@ struct WindowState {
     /// While the window restores its state, control events write nothing.
     bool pProtect = false;
 
+    /// Drops all that belongs to the present group; list mode stays.
+    void leaveGroup();
     /// The dictionary that a tab shows: its own number, in list mode the one that was chosen.
     int shownDictionary(int tabIndex) const { return pListMode ? pListMode_CurrentDicNum : tabIndex; }
     /// The dictionary at `index`, held; raises NilObjectException outside the list.

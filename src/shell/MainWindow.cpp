@@ -18,6 +18,7 @@
 #include "view/SmartCanvas.h"
 
 #include <QCloseEvent>
+#include <QFrame>
 
 #include <array>
 
@@ -76,6 +77,9 @@ void MainWindow::makeParts() {
     QWidget* content = centralWidget();
     groupPicker_ = new GroupPicker(app_, *this, content, *layout_);
 
+    auto* placard = new QFrame(content);
+    placard->setObjectName(QStringLiteral("Placard1"));
+    layout_->add(placard, QRect(174, 3, 80, 28), Anchor::Left | Anchor::Top);
     SubWinBV_ = new BevelButton(content);
     SubWinBV_->setObjectName(QStringLiteral("SubWinBV"));
     SubWinBV_->setCaption("Subwindow");
@@ -137,7 +141,8 @@ void MainWindow::SelectDicFolPU_MouseDown() {}
 void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
     const Protection protection(state_.pProtect);
     try {
-        state_.pDictionaryItem.clear();
+        // Until the new group is read there is none to write: a group that was read in part must not be written back.
+        state_.leaveGroup();
         ReadGroup read = readGroup(group, [this] { app_.host().Yield(); });
         state_.pDictionaryGroupFolder = group;
         state_.pDicGroupName = read.groupName;
@@ -212,9 +217,7 @@ void MainWindow::mWritePreferences_Window() {
 
 void MainWindow::leaveGroup() {
     groupPicker_->dropPick();
-    state_.pDictionaryItem.clear();
-    state_.pHiteItems.clear();
-    state_.pDictionaryGroupFolder = FolderItem();
+    state_.leaveGroup();
     deck_->reset();
     for (QWidget* control : std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), SubWinBV_})
         control->setEnabled(false);

@@ -1,29 +1,18 @@
 #include "shell/PreferenceWriter.h"
 
-#include "text/StringRules.h"
-
 namespace velmarin {
 
-namespace {
-
-std::string groupText(const WindowState& state, bool separately, const ThisAppliModule& module) {
-    if (!module.pNewDicPref.empty())
-        return Join(module.pNewDicPref, "\n") + "\n";
+void PreferenceWriter::writeGroup(const WindowState& state, bool separately, const ThisAppliModule& module) {
+    const FolderItem& group = state.pDictionaryGroupFolder;
+    if (group.isNil())
+        return;
     GroupPreferences preferences;
     preferences.groupName = state.pDicGroupName;
     preferences.separately = separately;
     for (const auto& item : state.pDictionaryItem)
         preferences.dictionaries.push_back({item->name, item->ImageMode});
-    return formatGroupPreferences(preferences);
-}
-
-} // namespace
-
-void PreferenceWriter::writeGroup(const WindowState& state, bool separately, const ThisAppliModule& module) {
-    if (state.pDictionaryGroupFolder.isNil() || !state.pDictionaryGroupFolder.Exists())
-        return;
-    const FolderItem file = state.pDictionaryGroupFolder.Child("DictionaryPreferences.txt");
-    note(file.path().string(), writeFileAtomically(file.path(), groupText(state, separately, module)));
+    note((group.path() / "DictionaryPreferences.txt").string(),
+         writeGroupPreferences(group, preferences, module.pNewDicPref));
 }
 
 void PreferenceWriter::writePlacement(const WindowPlacement& placement, const ThisAppliModule& module) {

@@ -100,7 +100,7 @@ TEST(Pages, ImageSizeChangesTheCanvasAndTheDictionary) {
     EXPECT_EQ(run.control<SmartCanvas>("MainCanvas.0")->Mode(), 1);
     EXPECT_EQ(run.window().state().pDictionaryItem[0]->ImageMode, 1);
     EXPECT_EQ(run.window().state().pDictionaryItem[1]->ImageMode, 2);
-    EXPECT_EQ(run.control<BevelButton>("BVimage.0")->wholeText(), "Original size");
+    EXPECT_EQ(fromQ(run.control<BevelButton>("BVimage.0")->wholeText()), "Original size");
 }
 
 TEST(Pages, ADictionaryWithoutAnIndexGetsOneAndIndex2WinsOverIt) {

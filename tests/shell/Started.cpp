@@ -1,6 +1,7 @@
 #include "Started.h"
 
 #include "controls/BevelButton.h"
+#include "controls/MenuPopup.h"
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
 #include "shell/GroupPicker.h"
@@ -80,11 +81,12 @@ void Started::choose(const char* button, int row, int window) {
     QApplication::processEvents();
     QWidget* popup = QApplication::activePopupWidget();
     ASSERT_NE(popup, nullptr) << button << " opened no menu";
-    QTest::keyClick(popup, Qt::Key_Home);
+    auto* rows = popup->findChild<MenuList*>();
+    QTest::keyClick(rows, Qt::Key_Home);
     const bool separatorBefore = menu->List(1).empty() && row > 1;
     for (int i = 0; i < row - (separatorBefore ? 1 : 0); ++i)
-        QTest::keyClick(popup, Qt::Key_Down);
-    QTest::keyClick(popup, Qt::Key_Return);
+        QTest::keyClick(rows, Qt::Key_Down);
+    QTest::keyClick(rows, Qt::Key_Return);
     QApplication::processEvents();
 }
 

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QTextEdit>
+
+#include <string_view>
+
+namespace velmarin {
+
+/// A styled text of many lines. Positions count from 0 in UTF-16 code units; styles are set on the selection, or where
+/// nothing is selected for what is inserted next. The selection shows only while the text has the focus.
+class TextArea : public QTextEdit {
+    Q_OBJECT
+  public:
+    explicit TextArea(QWidget* parent = nullptr);
+
+    QString Text() const { return toPlainText(); }
+    int textLength() const;
+    /// The whole text anew: all styles are gone, and the insertion point stands at the end.
+    void setWholeText(const QString& text);
+
+    int SelStart() const { return textCursor().selectionStart(); }
+    int SelLength() const { return textCursor().selectionEnd() - textCursor().selectionStart(); }
+    /// Held to the text that there is.
+    void select(int start, int length);
+    /// Puts `text` in place of the selection; the insertion point stands behind it.
+    void setSelText(const QString& text);
+
+    QColor SelTextColor() const;
+    void setSelTextColor(const QColor& colour);
+    /// In points.
+    double SelTextSize() const;
+    void setSelTextSize(double points);
+    void setSelTextFont(const QString& family);
+    void setSelBold(bool bold);
+
+    /// The font of all text that has none of its own.
+    void setTextFont(const QString& family);
+    void setTextSize(double points);
+
+    /// Scrolls so that the line with this position is the first visible one, as far as the text goes.
+    void scrollToLineOf(int position);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    int held(int position) const;
+    void mergeStyle(const QTextCharFormat& style);
+};
+
+} // namespace velmarin

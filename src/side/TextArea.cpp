@@ -1,4 +1,4 @@
-#include "controls/TextArea.h"
+#include "side/TextArea.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPaintEvent>

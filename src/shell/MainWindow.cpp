@@ -65,6 +65,10 @@ MainWindow::MainWindow(App& app) : app_(app) {
     menus_->setWindowItems(app_.winItems());
     menus_->setItemEnabled("SubwinDic", false);
     menus_->setItemEnabled("SubwinFind", false);
+    // The layout is in pixels, and so is its text: at any other size captions would be cut off.
+    QFont font = content->font();
+    font.setPixelSize(12);
+    content->setFont(font);
     makeParts();
     setTitle("VELMARIN");
     resize(design::kWindowWidth, design::kWindowHeight + menus_->sizeHint().height());
@@ -151,6 +155,8 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
         state_.pDictionaryItem = std::move(read.dictionaries);
         mSetSize();
         mInitialize();
+        if (!read.failures.empty())
+            throw NilObjectException(read.failures.front());
     } catch (const NilObjectException&) {
         app_.host().MsgBox("Error: ReadDictionaryFolder 0");
     }

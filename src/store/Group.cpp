@@ -59,12 +59,17 @@ class FoundDictionaries {
     std::unordered_map<std::string, FolderItem> left_;
 };
 
-/// Appends a dictionary and loads it. The item stands in the list while it loads, and after an exception.
-bool appendAndLoad(const FolderItem& folder, int imageMode, DictionaryList& list) {
+/// Appends a dictionary and loads it; false where it does not load.
+bool appendAndLoad(const FolderItem& folder, int imageMode, ReadGroup& into) {
     auto item = std::make_shared<DictionaryItem>();
     item->ImageMode = imageMode;
-    list.push_back(item);
-    return MakeDictionaryItem(folder, *item, static_cast<int>(list.size()) - 1);
+    into.dictionaries.push_back(item);
+    try {
+        return MakeDictionaryItem(folder, *item, static_cast<int>(into.dictionaries.size()) - 1);
+    } catch (const NilObjectException& failure) {
+        into.failures.emplace_back(failure.what());
+        return false;
+    }
 }
 
 void readListed(const FolderItem& file, const FolderListing& members, FoundDictionaries& found, ReadGroup& into,
@@ -79,7 +84,7 @@ void readListed(const FolderItem& file, const FolderListing& members, FoundDicti
         const FolderItem folder = members.Child(entry.name);
         if (!found.take(folder))
             continue;
-        appendAndLoad(folder, entry.ImageMode, into.dictionaries);
+        appendAndLoad(folder, entry.ImageMode, into);
         if (afterEach)
             afterEach();
     }
@@ -129,8 +134,8 @@ WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreference
                                pNewDicPref.empty() ? formatGroupPreferences(preferences) : text);
 }
 
-void readGroup(const FolderItem& group, ReadGroup& into, const std::function<void()>& afterEach) {
-    into = {};
+ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach) {
+    ReadGroup into;
     if (!group.Exists()) {
         group.CreateAsFolder();
         MsgBox("Threre are no dictionaries.");
@@ -140,17 +145,12 @@ void readGroup(const FolderItem& group, ReadGroup& into, const std::function<voi
     if (const FolderItem file = members.Child("DictionaryPreferences.txt"); file.Exists())
         readListed(file, members, found, into, afterEach);
     for (const FolderItem& folder : found.left()) {
-        if (!appendAndLoad(folder, kAdjustByWidth, into.dictionaries))
+        if (!appendAndLoad(folder, kAdjustByWidth, into))
             into.dictionaries.pop_back();
         if (afterEach)
             afterEach();
     }
-}
-
-ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach) {
-    ReadGroup read;
-    readGroup(group, read, afterEach);
-    return read;
+    return into;
 }
 
 std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder) {

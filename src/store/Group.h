@@ -49,6 +49,9 @@ struct ReadGroup {
     /// In display order: those of the preferences file (kept even where they fail to load), then the others by name
     /// (kept only where they load, with "Adjust by width").
     DictionaryList dictionaries;
+    /// What MakeDictionaryItem raised, a line each: such a dictionary stays in the list, empty, where the preferences
+    /// name it, so that it keeps its place; the others are read all the same.
+    std::vector<std::string> failures;
 };
 
 /// Reads a group. A folder that does not exist is made, with the message "Threre are no dictionaries.". `afterEach` is
@@ -58,9 +61,7 @@ struct ReadGroup {
 /// its own. Where two names lead to one folder it stands in the list once: under the name in the preferences file, else
 /// under the folder's own name, else under the first link's.
 ///
-/// A nil folder, a preferences file that cannot be opened, and what MakeDictionaryItem raises end the reading with
-/// NilObjectException; `into` then holds what was read so far, the dictionary at fault as its last.
-void readGroup(const FolderItem& group, ReadGroup& into, const std::function<void()>& afterEach = {});
+/// A nil folder and a preferences file that cannot be opened raise NilObjectException.
 ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
 
 /// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.

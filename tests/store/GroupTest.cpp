@@ -141,18 +141,25 @@ TEST(Reading, FolderThatIsGoneIsMadeWithAMessage) {
     EXPECT_TRUE(readGroup(FolderItem(folder.write("file", ""))).dictionaries.empty());
 }
 
-TEST(Reading, WhatWasReadStandsWhereADictionaryEndsIt) {
+TEST(Reading, ADictionaryThatCannotBeOpenedKeepsItsPlaceAndTheOthersAreRead) {
     const TempFolder folder;
-    const fs::path own = three().dictionary(good("D").without("ind").member("ind/x", "")).writeTo(folder.path());
+    const fs::path own = three()
+                             .dictionary(good("D").without("ind").member("ind/x", ""))
+                             .dictionary(good("E").without("ind").member("ind/x", ""))
+                             .writeTo(folder.path());
     folder.write("G/DictionaryPreferences.txt", "Name\t1\t\nC\t1\nD\t1\na\t1\n");
-    ReadGroup read;
-    EXPECT_THROW(readGroup(FolderItem(own), read), NilObjectException);
-    EXPECT_EQ(shown(read), (Names{"C:1:3", "D:1:-"}));
-    EXPECT_EQ(read.groupName, "Name");
+    const ReadGroup read = readGroup(FolderItem(own));
+    EXPECT_EQ(shown(read), (Names{"C:1:3", "D:1:-", "a:1:3", "B:2:3"})) << "E is not listed, and so drops out";
+    ASSERT_EQ(read.failures.size(), 2u);
+    EXPECT_NE(read.failures[0].find("/D/ind"), std::string::npos) << read.failures[0];
+}
+
+TEST(Reading, PreferencesThatCannotBeOpenedEndIt) {
+    const TempFolder folder;
+    const fs::path own = three().writeTo(folder.path());
     fs::remove(own / "DictionaryPreferences.txt");
     ASSERT_EQ(::mkfifo((own / "DictionaryPreferences.txt").c_str(), 0600), 0);
-    EXPECT_THROW(readGroup(FolderItem(own), read), NilObjectException);
-    EXPECT_TRUE(read.dictionaries.empty());
+    EXPECT_THROW(readGroup(FolderItem(own)), NilObjectException);
 }
 
 TEST(Groups, AreTheVisibleFoldersAndLinksToFolders) {

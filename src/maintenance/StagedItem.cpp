@@ -104,7 +104,7 @@ class StagedItem::Copier {
 
     bool run() {
         for (const PlannedItem& item : plan_.items) {
-            work_.startItem(sourceOf(item));
+            work_.startItem(plan_.pathOf(item));
             if (!make(item))
                 return false;
         }
@@ -117,15 +117,10 @@ class StagedItem::Copier {
         const PlannedItem* item;
     };
 
-    fs::path sourceOf(const PlannedItem& item) const {
-        return item.name.empty() ? plan_.source : plan_.source / item.name;
-    }
-    fs::path targetOf(const PlannedItem& item) const {
-        return item.name.empty() ? staged_.path_ : staged_.path_ / item.name;
-    }
+    fs::path targetOf(const PlannedItem& item) const { return TreePlan::placeOf(item, staged_.path_); }
 
     bool fail(const PlannedItem& item, std::string reason) {
-        failures_.push_back({FolderItem(sourceOf(item)), std::move(reason)});
+        failures_.push_back({FolderItem(plan_.pathOf(item)), std::move(reason)});
         return false;
     }
 
@@ -143,7 +138,7 @@ class StagedItem::Copier {
     }
 
     bool makeFile(const PlannedItem& item) {
-        const auto from = ReadOnlyFile::open(FolderItem(sourceOf(item)));
+        const auto from = ReadOnlyFile::open(FolderItem(plan_.pathOf(item)));
         if (!from)
             return fail(item, "it cannot be read");
         Descriptor to(::open(targetOf(item).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));

@@ -50,8 +50,7 @@ bool sameContents(const TreePlan& plan, const fs::path& other, Work& work) {
     return std::all_of(plan.items.begin(), plan.items.end(), [&](const PlannedItem& item) {
         if (item.kind != PlannedItem::Kind::File)
             return true;
-        return item.name.empty() ? sameBytes(plan.source, other, work)
-                                 : sameBytes(plan.source / item.name, other / item.name, work);
+        return sameBytes(plan.pathOf(item), TreePlan::placeOf(item, other), work);
     });
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <map>
 #include <system_error>
 #include <utility>
 
@@ -57,21 +58,15 @@ class Planner {
     }
 
   private:
-    void add(const fs::path& name) {
+    void add(const std::string& name) {
         work_.pass();
-        if (++visited_ > kMostItems) {
-            if (visited_ == kMostItems + 1)
-                plan_.unreadable.push_back(
-                    {FolderItem(plan_.source), "it holds more than " + std::to_string(kMostItems) + " items"});
-            return;
-        }
-        const fs::path path = pathOf(name);
+        PlannedItem item;
+        item.name = name;
+        const fs::path path = plan_.pathOf(item);
         struct stat found {};
         const int answer = links_ == Links::Kept ? ::lstat(path.c_str(), &found) : ::stat(path.c_str(), &found);
         if (answer != 0)
             return addMissing(path, errno);
-        PlannedItem item;
-        item.name = name;
         item.permissions = found.st_mode & 0777;
         item.read = found.st_atim;
         item.changed = found.st_mtim;
@@ -95,7 +90,7 @@ class Planner {
     }
 
     void addFile(PlannedItem item, std::uint64_t size) {
-        const fs::path path = pathOf(item.name);
+        const fs::path path = plan_.pathOf(item);
         if (::faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0) {
             plan_.unreadable.push_back({FolderItem(path), errorInWords(errno)});
             return;
@@ -107,7 +102,7 @@ class Planner {
     }
 
     void addLink(PlannedItem item) {
-        const fs::path path = pathOf(item.name);
+        const fs::path path = plan_.pathOf(item);
         std::error_code error;
         item.kind = PlannedItem::Kind::Link;
         item.leadsTo = fs::read_symlink(path, error).native();
@@ -118,23 +113,29 @@ class Planner {
     }
 
     void addFolder(PlannedItem item, Identity self) {
-        const fs::path path = pathOf(item.name);
+        const fs::path path = plan_.pathOf(item);
         if (has(open_, self))
             return leaveOut(path, "it is a link back into the folder that is being copied, and was left out");
         if (has(above_, self))
             return leaveOut(path, "a folder cannot be copied into itself");
+        const int ways = ++ways_[self];
+        if (ways > kMostWays) {
+            if (ways == kMostWays + 1)
+                plan_.unreadable.push_back({FolderItem(path), "links lead to it in too many ways"});
+            return;
+        }
         const auto names = listNames(path);
         if (!names) {
             plan_.unreadable.push_back({FolderItem(path), "it cannot be listed"});
             return;
         }
         item.kind = PlannedItem::Kind::Folder;
-        const fs::path name = item.name;
+        const std::string name = item.name;
         plan_.items.push_back(std::move(item));
         open_.push_back(self);
         for (const std::string& each : *names) {
             if (purpose_ == Purpose::Move || !isTemporaryName(each))
-                add(name / each);
+                add(name.empty() ? each : name + "/" + each);
         }
         open_.pop_back();
     }
@@ -143,14 +144,12 @@ class Planner {
         plan_.leftOut.push_back({FolderItem(path), std::move(reason)});
     }
 
-    fs::path pathOf(const fs::path& name) const { return name.empty() ? plan_.source : plan_.source / name; }
-
     Links links_;
     Purpose purpose_;
     Work& work_;
     std::vector<Identity> above_;
     std::vector<Identity> open_;
-    std::size_t visited_ = 0;
+    std::map<Identity, int> ways_;
     TreePlan plan_;
 };
 

@@ -15,8 +15,8 @@ namespace velmarin {
 
 struct PlannedItem {
     enum class Kind { Folder, File, Link };
-    /// Below the top; empty for the top itself.
-    std::filesystem::path name;
+    /// Its path below the top; empty for the top itself. No fs::path: a plan can hold very many.
+    std::string name;
     Kind kind = Kind::File;
     std::uint64_t size = 0; ///< of a file
     std::string leadsTo;    ///< of a link
@@ -37,11 +37,16 @@ struct TreePlan {
     /// What ought to be in the copy and cannot be read: without it the copy would not be whole.
     std::vector<CopyFailure> unreadable;
 
+    std::filesystem::path pathOf(const PlannedItem& item) const { return placeOf(item, source); }
+    /// Where an item stands in a copy whose top is `top`.
+    static std::filesystem::path placeOf(const PlannedItem& item, const std::filesystem::path& top) {
+        return item.name.empty() ? top : std::filesystem::path(top.native() + "/" + item.name);
+    }
     bool whole() const { return !items.empty() && unreadable.empty(); }
 };
 
-/// How many items a dictionary may hold: links that branch could otherwise make a small folder endless.
-inline constexpr std::size_t kMostItems = 1'000'000;
+/// In how many ways a folder may be reached by links: those that branch could otherwise make a small folder endless.
+inline constexpr int kMostWays = 64;
 
 /// What is copied leaves behind the hidden leftovers of earlier runs (store/TemporaryName.h); what is moved takes all.
 enum class Purpose { Copy, Move };

@@ -1,0 +1,333 @@
+// Ends the maintenance commands at every system call that changes a disk, and fails each of these calls with a full
+// disk: nothing may be lost, and the command run again completes.
+
+#include "Trees.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <regex>
+#include <sstream>
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace velmarin::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Those that some kind of processor does not have are marked, so that strace passes over them.
+constexpr const char* kWriteCalls =
+    "openat,write,?pwrite64,?copy_file_range,?sync_file_range,?sync_file_range2,fsync,?fdatasync,ftruncate,?mkdir,"
+    "mkdirat,?symlink,symlinkat,?link,linkat,?rename,?renameat,renameat2,?unlink,unlinkat,?rmdir,?chmod,fchmod,"
+    "fchmodat,utimensat";
+
+/// One call of a run: the n-th of its kind, from 1.
+struct Call {
+    std::string name;
+    int number;
+};
+
+enum class Place { SameFileSystem, OtherFileSystem };
+enum class Blow { Killed, DiskFull };
+
+/// A tmpfs in a mount namespace of this process, or where that is forbidden a folder that is on another file system
+/// than the temporary folder anyway; empty where there is neither.
+class OtherFileSystem {
+  public:
+    OtherFileSystem() {
+        const uid_t user = ::getuid();
+        const gid_t group = ::getgid();
+        if (user == 0 ? ::unshare(CLONE_NEWNS) == 0 : ::unshare(CLONE_NEWNS | CLONE_NEWUSER) == 0) {
+            if (user != 0) {
+                std::ofstream("/proc/self/setgroups") << "deny";
+                std::ofstream("/proc/self/uid_map") << user << " " << user << " 1";
+                std::ofstream("/proc/self/gid_map") << group << " " << group << " 1";
+            }
+            const fs::path mountPoint = folder_.path() / "other";
+            fs::create_directory(mountPoint);
+            if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+                ::mount("none", mountPoint.c_str(), "tmpfs", 0, "size=16m") == 0) {
+                path_ = mountPoint;
+                return;
+            }
+        }
+        std::string pattern = "/dev/shm/velmarin-test-XXXXXX";
+        struct stat here {
+        }, there{};
+        if (::mkdtemp(pattern.data()) != nullptr && ::stat(pattern.c_str(), &there) == 0 &&
+            ::stat(folder_.path().c_str(), &here) == 0 && here.st_dev != there.st_dev)
+            path_ = pattern;
+    }
+    ~OtherFileSystem() {
+        if (path_.empty() || ::umount(path_.c_str()) == 0)
+            return;
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    }
+    const fs::path& path() const { return path_; }
+
+  private:
+    TempFolder folder_;
+    fs::path path_;
+};
+
+struct Outcome {
+    bool killed = false;
+    int status = -1;
+};
+
+Outcome execute(const std::vector<std::string>& words, const fs::path& output) {
+    std::vector<char*> argv;
+    for (const std::string& word : words)
+        argv.push_back(const_cast<char*>(word.c_str()));
+    argv.push_back(nullptr);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const int to = ::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        ::dup2(to, 1);
+        ::dup2(to, 2);
+        ::execvp(argv[0], argv.data());
+        ::_exit(127);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFSIGNALED(status), WIFEXITED(status) ? WEXITSTATUS(status) : -1};
+}
+
+std::string textOf(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// A command on folders that are made anew for each run.
+struct Scene {
+    std::string name;
+    std::vector<std::string> command;
+    /// Puts the folders into their first state.
+    std::function<void()> setUp;
+    /// What must hold at any time.
+    std::function<void()> nothingIsLost;
+    /// What must hold once a run has said that it did all.
+    std::function<void()> isDone;
+};
+
+class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>> {
+  protected:
+    static void SetUpTestSuite() { otherFileSystem_ = std::make_unique<OtherFileSystem>(); }
+    static void TearDownTestSuite() { otherFileSystem_.reset(); }
+
+    void SetUp() override {
+        if (std::system("strace -V >/dev/null 2>&1") != 0 ||
+            execute({"strace", "-f", "-o", log(), "true"}, output()).status != 0)
+            GTEST_SKIP() << "strace is missing, or the kernel lets no process be traced";
+        far_ = folder_.path() / "far";
+        if (std::get<0>(GetParam()) == Place::OtherFileSystem) {
+            if (otherFileSystem_->path().empty())
+                GTEST_SKIP() << "the kernel forbids mount namespaces, and /dev/shm is no other file system";
+            far_ = otherFileSystem_->path();
+        }
+    }
+
+    std::string log() const { return folder_.path() / "strace.log"; }
+    fs::path output() const { return folder_.path() / "output"; }
+    fs::path near(const std::string& name) const { return folder_.path() / "near" / name; }
+    fs::path far(const std::string& name) const { return far_ / name; }
+
+    void empty() const {
+        fs::remove_all(folder_.path() / "near");
+        fs::create_directories(folder_.path() / "near");
+        fs::create_directories(far_);
+        for (const auto& entry : fs::directory_iterator(far_))
+            fs::remove_all(entry.path());
+    }
+
+    static void write(const fs::path& file, const std::string& bytes) {
+        fs::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << bytes;
+    }
+
+    void writeNewVersion() const {
+        const fs::path dictionary = near("source/Webster");
+        write(dictionary / "FW", "");
+        write(dictionary / "ind", "new index");
+        write(dictionary / "BW", "only the new one has it");
+        write(dictionary / "mImg/p1.tif", std::string(9000, 'n'));
+        write(dictionary / "mImg/deep/p2.tif", "a new page");
+        makeLink(dictionary / "mPimg", "mImg");
+    }
+
+    std::vector<std::string> traced(const std::vector<std::string>& options,
+                                    const std::vector<std::string>& command) const {
+        std::vector<std::string> words{"strace", "-f", "-qq", "-o", log()};
+        words.insert(words.end(), options.begin(), options.end());
+        words.push_back(SWEEP_PROGRAM);
+        words.insert(words.end(), command.begin(), command.end());
+        return words;
+    }
+
+    std::vector<std::string> plain(const std::vector<std::string>& command) const {
+        std::vector<std::string> words{SWEEP_PROGRAM};
+        words.insert(words.end(), command.begin(), command.end());
+        return words;
+    }
+
+    /// The calls of an undisturbed run that change something.
+    std::vector<Call> callsOf(const Scene& scene) const {
+        scene.setUp();
+        EXPECT_EQ(execute(traced({"-e", std::string("trace=") + kWriteCalls}, scene.command), output()).status, 0)
+            << textOf(output());
+        scene.isDone();
+        std::vector<Call> calls;
+        std::map<std::string, int> counts;
+        std::istringstream lines(textOf(log()));
+        const std::regex start(R"(^\d+ +(\w+)\()");
+        for (std::string line; std::getline(lines, line);) {
+            std::smatch match;
+            if (!std::regex_search(line, match, start))
+                continue;
+            const int number = ++counts[match[1]];
+            if (match[1] != "openat" || line.find("O_CREAT") != std::string::npos)
+                calls.push_back({match[1], number});
+        }
+        return calls;
+    }
+
+    void sweep(const Scene& scene) const {
+        const std::vector<Call> calls = callsOf(scene);
+        ASSERT_GT(calls.size(), 20U);
+        const bool kill = std::get<1>(GetParam()) == Blow::Killed;
+        for (const Call& call : calls) {
+            SCOPED_TRACE(scene.name + ", " + call.name + " number " + std::to_string(call.number));
+            scene.setUp();
+            const std::string injected = "inject=" + call.name + (kill ? ":signal=KILL" : ":error=ENOSPC") +
+                                         ":when=" + std::to_string(call.number);
+            const Outcome first =
+                execute(traced({"-e", "trace=" + call.name, "-e", injected}, scene.command), output());
+            ASSERT_EQ(first.killed, kill) << textOf(output());
+            scene.nothingIsLost();
+            if (first.status == 0)
+                scene.isDone();
+            const Outcome second = execute(plain(scene.command), output());
+            ASSERT_EQ(second.status, 0) << textOf(output());
+            scene.nothingIsLost();
+            scene.isDone();
+            ASSERT_EQ(leftoversIn(folder_.path() / "near"), std::vector<std::string>{});
+            ASSERT_EQ(leftoversIn(far_), std::vector<std::string>{});
+            if (HasFailure())
+                return;
+        }
+    }
+
+    static std::unique_ptr<OtherFileSystem> otherFileSystem_;
+    TempFolder folder_;
+    fs::path far_;
+};
+
+std::unique_ptr<OtherFileSystem> MaintenanceSweep::otherFileSystem_;
+
+TEST_P(MaintenanceSweep, InstallShowsTheDictionaryWholeOrNotAtAll) {
+    Scene scene;
+    scene.name = "install";
+    scene.command = {"install", near("source/Webster"), far("Group")};
+    scene.setUp = [this] {
+        empty();
+        writeNewVersion();
+        fs::create_directories(far("Group"));
+    };
+    scene.nothingIsLost = [this] {
+        const Tree there = treeOf(far("Group/Webster"));
+        ASSERT_TRUE(there.empty() || there == treeOf(near("source/Webster")));
+    };
+    scene.isDone = [this] { ASSERT_EQ(treeOf(far("Group/Webster")), treeOf(near("source/Webster"))); };
+    sweep(scene);
+}
+
+TEST_P(MaintenanceSweep, ExportKeepsTheOldOneUntilTheNewOneIsWhole) {
+    Tree oldOne, newOne;
+    Scene scene;
+    scene.name = "export";
+    scene.command = {"export", "--replace", near("source/Webster"), far("Out")};
+    scene.setUp = [&] {
+        empty();
+        writeNewVersion();
+        write(far("Out/Webster/FW"), "old");
+        write(far("Out/Webster/mImg/p9.tif"), "an old page");
+        oldOne = treeOf(far("Out/Webster"));
+        newOne = treeOf(near("source/Webster"));
+        const Tree pages = treeOf(near("source/Webster/mImg"));
+        for (const auto& [path, what] : pages)
+            newOne[path == "." ? "mPimg" : "mPimg/" + path] = what;
+    };
+    scene.nothingIsLost = [&] {
+        const Tree there = treeOf(far("Out/Webster"));
+        ASSERT_TRUE(there == oldOne || there == newOne);
+    };
+    scene.isDone = [&] { ASSERT_EQ(treeOf(far("Out/Webster")), newOne); };
+    sweep(scene);
+}
+
+TEST_P(MaintenanceSweep, UpdateKeepsEachOldMemberInOneOfTheTwoPlaces) {
+    const std::vector<std::string> replaced{"FW", "ind", "mImg"};
+    const fs::path copy = near("DictionaryFolder/Group/webster");
+    std::map<std::string, Tree> oldMembers, newMembers;
+    Scene scene;
+    scene.name = "update";
+    scene.command = {"update", near("source/Webster"), near("DictionaryFolder"), far("Desktop")};
+    scene.setUp = [&] {
+        empty();
+        writeNewVersion();
+        write(copy / "FW", "old mark");
+        write(copy / "ind", "old index");
+        write(copy / "mImg/p1.tif", std::string(5000, 'o'));
+        write(copy / "mImg/old/p3.tif", "an old page");
+        makeLink(copy / "mImg/first", "p1.tif");
+        write(copy / ".hidden", "invisible");
+        write(copy / "txt", "only the old one has it");
+        fs::create_directories(far("Desktop"));
+        for (const auto& entry : fs::directory_iterator(copy))
+            oldMembers[entry.path().filename()] = treeOf(entry.path());
+        for (const auto& entry : fs::directory_iterator(near("source/Webster")))
+            newMembers[entry.path().filename()] = treeOf(entry.path());
+    };
+    scene.nothingIsLost = [&] {
+        ASSERT_EQ(treeOf(copy / "txt"), oldMembers["txt"]);
+        ASSERT_EQ(treeOf(copy / ".hidden"), oldMembers[".hidden"]);
+        for (const std::string& member : replaced) {
+            bool kept = treeOf(copy / member) == oldMembers[member];
+            for (const auto& backup : fs::directory_iterator(far("Desktop")))
+                kept = kept || treeOf(backup.path() / member) == oldMembers[member];
+            ASSERT_TRUE(kept) << member;
+        }
+        for (const auto& [member, tree] : newMembers) {
+            const Tree there = treeOf(copy / member);
+            ASSERT_TRUE(there.empty() || there == tree || there == oldMembers[member]) << member;
+        }
+    };
+    scene.isDone = [&] {
+        for (const auto& [member, tree] : newMembers)
+            ASSERT_EQ(treeOf(copy / member), tree) << member;
+    };
+    sweep(scene);
+}
+
+INSTANTIATE_TEST_SUITE_P(Everywhere, MaintenanceSweep,
+                         ::testing::Combine(::testing::Values(Place::SameFileSystem, Place::OtherFileSystem),
+                                            ::testing::Values(Blow::Killed, Blow::DiskFull)),
+                         [](const auto& info) {
+                             return std::string(std::get<0>(info.param) == Place::SameFileSystem ? "SameFileSystem"
+                                                                                                 : "OtherFileSystem") +
+                                    (std::get<1>(info.param) == Blow::Killed ? "Killed" : "DiskFull");
+                         });
+
+} // namespace
+} // namespace velmarin::test

@@ -1,0 +1,186 @@
+#include "Trees.h"
+#include "maintenance/Update.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace velmarin::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class Update : public ::testing::Test {
+  protected:
+    Update() {
+        folder_.write("new/Webster/FW", "new");
+        folder_.write("new/Webster/ind", "new index");
+        folder_.write("new/Webster/mImg/p1.tif", "new page");
+        folder_.write("new/Webster/.invisible", "new");
+        writeCopy("DF/A/Webster");
+    }
+
+    void writeCopy(const fs::path& at) const {
+        folder_.write(at / "FW", "old");
+        folder_.write(at / "ind", "old index");
+        folder_.write(at / "mImg/p1.tif", "old page");
+        folder_.write(at / "mImg/p2.tif", "old page 2");
+        folder_.write(at / "mPimg/e1.tif", "old extra page");
+    }
+
+    fs::path at(const fs::path& name) const { return folder_.path() / name; }
+    std::vector<FolderItem> copies() const { return installedCopies(FolderItem(at("DF")), "Webster"); }
+    Record update() const {
+        return updateDictionary(FolderItem(at("new/Webster")), copies(), FolderItem(at("Desktop")));
+    }
+    std::vector<std::string> copyPaths() const {
+        std::vector<std::string> paths;
+        for (const FolderItem& copy : copies())
+            paths.push_back(copy.path().lexically_relative(at("DF")));
+        return paths;
+    }
+
+    TempFolder folder_;
+};
+
+TEST_F(Update, ReplacesWhatTheNewVersionBringsAndSavesWhatItReplaces) {
+    folder_.write("new/Webster/BW", "added");
+    folder_.write("DF/A/Webster/.invisible", "old");
+    folder_.write("DF/A/DictionaryPreferences.txt", "A\t1\t\n");
+    makeLink(at("DF/A/Webster/txt"), "ind");
+    folder_.write("new/Webster/txt", "new text");
+
+    const Record record = update();
+
+    EXPECT_EQ(failureMessage(record), "");
+    const Tree copy = treeOf(at("DF/A/Webster"));
+    const Tree expected{{".", "folder"},
+                        {".invisible", "file old"},
+                        {"BW", "file added"},
+                        {"FW", "file new"},
+                        {"ind", "file new index"},
+                        {"mImg", "folder"},
+                        {"mImg/p1.tif", "file new page"},
+                        {"mPimg", "folder"},
+                        {"mPimg/e1.tif", "file old extra page"},
+                        {"txt", "file new text"}};
+    EXPECT_EQ(copy, expected);
+    const Tree saved{{".", "folder"},
+                     {"FW", "file old"},
+                     {"ind", "file old index"},
+                     {"mImg", "folder"},
+                     {"mImg/p1.tif", "file old page"},
+                     {"mImg/p2.tif", "file old page 2"},
+                     {"txt", "link ind"}};
+    EXPECT_EQ(treeOf(at("Desktop/Webster-Oldversion-0")), saved);
+    EXPECT_EQ(folder_.read("DF/A/DictionaryPreferences.txt"), "A\t1\t\n");
+    EXPECT_EQ(std::count_if(record.deeds.begin(), record.deeds.end(),
+                            [](const Record::Entry& each) { return each.deed == Deed::Added; }),
+              1);
+}
+
+TEST_F(Update, ReachesEveryCopyAndMakesABackupFolderForEach) {
+    writeCopy("DF/B/WEBSTER");
+    fs::create_directories(at("DF/C/webster/mHtm"));
+    EXPECT_EQ(copyPaths(), (std::vector<std::string>{"A/Webster", "B/WEBSTER", "C/webster"}));
+
+    EXPECT_EQ(failureMessage(update()), "");
+
+    for (const char* copy : {"DF/A/Webster", "DF/B/WEBSTER", "DF/C/webster"})
+        EXPECT_EQ(folder_.read(fs::path(copy) / "ind"), "new index") << copy;
+    EXPECT_TRUE(fs::exists(at("Desktop/Webster-Oldversion-0/ind")));
+    EXPECT_TRUE(fs::exists(at("Desktop/Webster-Oldversion-1/ind")));
+    EXPECT_TRUE(fs::is_empty(at("Desktop/Webster-Oldversion-2"))) << "nothing was replaced there";
+
+    EXPECT_EQ(failureMessage(update()), "");
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0/ind"), "old index") << "the first backup stays as it is";
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0_1/ind"), "new index");
+}
+
+TEST_F(Update, FindsOnlyTrueFoldersThatAreDictionaries) {
+    makeLink(at("DF/B/Webster"), at("DF/A/Webster"));
+    makeLink(at("DF/LinkedGroup"), at("DF/A"));
+    folder_.write("DF/C/Webster/readme", "no dictionary");
+    folder_.write("DF/D/Webster", "a file");
+    folder_.write("DF/Webster/ind", "a group of that name");
+    folder_.write("DF/E/Webster/.velmarin-12-3.tmp/p1.tif", "killed when its last mark had gone to the backup");
+    EXPECT_EQ(copyPaths(), (std::vector<std::string>{"A/Webster", "E/Webster"}));
+}
+
+TEST_F(Update, AMemberWhoseNameDiffersInCaseIsTheSameMember) {
+    folder_.write("DF/A/Webster/Format", "old");
+    folder_.write("DF/A/Webster/FORMAT", "old too");
+    folder_.write("new/Webster/format", "new");
+    EXPECT_EQ(failureMessage(update()), "");
+    EXPECT_FALSE(fs::exists(at("DF/A/Webster/Format")));
+    EXPECT_FALSE(fs::exists(at("DF/A/Webster/FORMAT")));
+    EXPECT_EQ(folder_.read("DF/A/Webster/format"), "new");
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0/Format"), "old");
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0/FORMAT"), "old too");
+}
+
+TEST_F(Update, AFileMayReplaceAFolderAndTheOtherWayRound) {
+    fs::remove_all(at("new/Webster/mImg"));
+    folder_.write("new/Webster/mImg", "a file now");
+    fs::remove(at("new/Webster/ind"));
+    folder_.write("new/Webster/ind/part", "a folder now");
+    EXPECT_EQ(failureMessage(update()), "");
+    EXPECT_EQ(folder_.read("DF/A/Webster/mImg"), "a file now");
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind/part"), "a folder now");
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0/mImg/p2.tif"), "old page 2");
+}
+
+TEST_F(Update, AMemberThatCannotBeCopiedStaysOldAndStopsNoOther) {
+    makeFifo(at("new/Webster/txt"));
+    folder_.write("DF/A/Webster/txt", "old text");
+    const Record record = update();
+    ASSERT_EQ(record.failures.size(), 1U);
+    EXPECT_EQ(record.failures[0].item.path(), at("new/Webster/txt"));
+    EXPECT_EQ(folder_.read("DF/A/Webster/txt"), "old text");
+    EXPECT_EQ(folder_.read("DF/A/Webster/mImg/p1.tif"), "new page");
+}
+
+TEST_F(Update, ABackupNameThatIsTooLongLeavesThatCopyAlone) {
+    const std::string name(250, 'w');
+    folder_.write("new/" + name + "/ind", "new");
+    folder_.write("DF/A/" + name + "/ind", "old");
+    const auto found = installedCopies(FolderItem(at("DF")), name);
+    ASSERT_EQ(found.size(), 1U);
+    const Record record = updateDictionary(FolderItem(at("new/" + name)), found, FolderItem(at("Desktop")));
+    ASSERT_EQ(record.failures.size(), 1U);
+    EXPECT_EQ(record.failures[0].item, found[0]);
+    EXPECT_NE(record.failures[0].reason.find("too long"), std::string::npos) << record.failures[0].reason;
+    EXPECT_EQ(folder_.read("DF/A/" + name + "/ind"), "old");
+}
+
+TEST_F(Update, TheChosenFolderItselfIsLeftAloneAndTheOtherCopiesAreUpdated) {
+    writeCopy("DF/B/Webster");
+    folder_.write("DF/B/Webster/ind", "newest index");
+    const Tree chosen = treeOf(at("DF/B/Webster"));
+    const Record record = updateDictionary(FolderItem(at("DF/B/Webster")), copies(), FolderItem(at("Desktop")));
+    ASSERT_EQ(record.failures.size(), 1U);
+    EXPECT_EQ(record.failures[0].item.path(), at("DF/B/Webster"));
+    EXPECT_EQ(treeOf(at("DF/B/Webster")), chosen);
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "newest index");
+}
+
+TEST_F(Update, BackupsThatWouldLieInADictionaryAreRefused) {
+    for (const char* backups : {"new/Webster/mImg", "DF/A/Webster/mPimg"}) {
+        const Tree before = treeOf(folder_.path());
+        const Record record = updateDictionary(FolderItem(at("new/Webster")), copies(), FolderItem(at(backups)));
+        EXPECT_EQ(record.failures.size(), 1U) << backups;
+        EXPECT_EQ(treeOf(folder_.path()), before) << backups;
+    }
+}
+
+TEST_F(Update, ClearsWhatAKilledRunHasLeftInCopyAndBackups) {
+    folder_.write("DF/A/Webster/.velmarin-1-0.tmp/p1.tif", "half");
+    folder_.write("Desktop/.velmarin-1-1.tmp", "half");
+    EXPECT_EQ(failureMessage(update()), "");
+    EXPECT_TRUE(leftoversIn(folder_.path()).empty());
+}
+
+} // namespace
+} // namespace velmarin::test

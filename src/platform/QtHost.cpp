@@ -90,8 +90,9 @@ bool QtHost::AsyncOptionKey() {
     return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::AltModifier);
 }
 
-std::filesystem::path QtHost::SelectFolder(std::string_view prompt) {
-    const QString chosen = QFileDialog::getExistingDirectory(dialogParent(), toQ(prompt), pathToQ(lastFolder_));
+std::filesystem::path QtHost::SelectFolder(std::string_view prompt, const std::filesystem::path& openAt) {
+    const QString chosen =
+        QFileDialog::getExistingDirectory(dialogParent(), toQ(prompt), pathToQ(openAt.empty() ? lastFolder_ : openAt));
     if (chosen.isEmpty())
         return {};
     lastFolder_ = pathFromQ(chosen);

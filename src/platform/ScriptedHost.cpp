@@ -38,8 +38,9 @@ bool ScriptedHost::AsyncOptionKey() {
     return takeFirst(option.next, option.held);
 }
 
-std::filesystem::path ScriptedHost::SelectFolder(std::string_view prompt) {
+std::filesystem::path ScriptedHost::SelectFolder(std::string_view prompt, const std::filesystem::path& openAt) {
     prompts.emplace_back(prompt);
+    openedAt.push_back(openAt);
     return takeFirst(folders, {});
 }
 

@@ -1,5 +1,8 @@
 // What a page turn and a scroll cost: medians in milliseconds, on one core.
 
+#include "view/Decoders.h"
+#include "view/Encoders.h"
+#include "view/PageRenderer.h"
 #include "view/Picture.h"
 #include "view/Scaling.h"
 
@@ -67,8 +70,61 @@ void scalingTimes() {
     report("32 bits 5480x7300 to 796 wide, whole page", [&] { reduce(colour, 796, 0); });
 }
 
+/// Decodes `page` from a file of the given extension.
+void decodingTime(const char* what, const Picture& page, const std::string& extension) {
+    namespace fs = std::filesystem;
+    const fs::path file = fs::temp_directory_path() / ("velmarin-bench." + extension);
+    const std::optional<std::string> bytes = velmarin::encodePicture(page, extension);
+    std::ofstream(file, std::ios::binary).write(bytes->data(), static_cast<std::streamsize>(bytes->size()));
+    report(what, [&] { velmarin::decodePicture(velmarin::FolderItem(file)); });
+    fs::remove(file);
+}
+
+void decodingTimes() {
+    decodingTime("decode TIFF G4 4960x7016", printedPage(4960, 7016, 1), "tif");
+    decodingTime("decode PNG 1 bit 4960x7016", printedPage(4960, 7016, 1), "png");
+    decodingTime("decode PNG 8 bits 4960x7016", printedPage(4960, 7016, 8), "png");
+    decodingTime("decode JPEG colour 5480x7300 (40 megapixels)", printedPage(5480, 7300, 32), "jpg");
+}
+
+/// What the screen needs for one step, without the screen.
+void stepTimes(const char* page, const Picture& picture) {
+    velmarin::PageRenderer renderer;
+    const int height = picture.Height() * 796 / picture.Width();
+    velmarin::PictureDrawn drawn{picture, 0, 0, 796, height, 0, 0, picture.Width(), picture.Height()};
+    const velmarin::DeviceRect screen{0, 0, 796, 714};
+    for (drawn.sy = 0; drawn.sy < picture.Height(); drawn.sy += 100)
+        renderer.render(drawn, 1.0, screen);
+    drawn.sy = 0;
+    report((std::string(page) + ": a step of scrolling over rows seen before").c_str(), [&] {
+        drawn.sy += 10;
+        renderer.render(drawn, 1.0, screen);
+    });
+    report((std::string(page) + ": the lens").c_str(), [&] {
+        renderer.render(
+            {picture, 100, 100, 300, 100, 700, 700, picture.Width() * 150 / 796, picture.Width() * 50 / 796}, 1.0,
+            screen);
+    });
+    report((std::string(page) + ": the lens at 2x").c_str(), [&] {
+        renderer.render(
+            {picture, 100, 100, 300, 100, 700, 700, picture.Width() * 150 / 796, picture.Width() * 50 / 796}, 2.0,
+            {0, 0, 1592, 1428});
+    });
+    report((std::string(page) + ": original size").c_str(), [&] {
+        renderer.render({picture, 0, 0, picture.Width(), picture.Height(), 90, 90, picture.Width(), picture.Height()},
+                        1.0, screen);
+    });
+    report((std::string(page) + ": original size at 2x").c_str(), [&] {
+        renderer.render({picture, 0, 0, picture.Width(), picture.Height(), 90, 90, picture.Width(), picture.Height()},
+                        2.0, {0, 0, 1592, 1428});
+    });
+}
+
 } // namespace
 
 int main() {
     scalingTimes();
+    decodingTimes();
+    stepTimes("1 bit 4960x7016", printedPage(4960, 7016, 1));
+    stepTimes("32 bits 5480x7300", printedPage(5480, 7300, 32));
 }

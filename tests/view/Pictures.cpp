@@ -16,7 +16,11 @@ Picture drawn(int width, int height, int depth, const std::function<std::uint32_
 
 Picture noise(int width, int height, int depth, unsigned seed) {
     std::mt19937 random(seed);
-    return drawn(width, height, depth, [&](int, int) { return static_cast<std::uint32_t>(random() & 0xffffff); });
+    Pix* pix = pixCreate(width, height, depth);
+    l_uint32* words = pixGetData(pix);
+    for (std::ptrdiff_t i = 0; i < std::ptrdiff_t{pixGetWpl(pix)} * height; ++i)
+        words[i] = static_cast<l_uint32>(random()) | (depth == 32 ? 0xff : 0);
+    return Picture::adopt(pix);
 }
 
 bool samePixels(const Picture& a, const Picture& b) {

@@ -1,0 +1,67 @@
+#include "view/PageImageSize.h"
+
+#include "text/StringRules.h"
+
+#include <algorithm>
+
+namespace velmarin {
+
+namespace {
+
+/// The width from which a page can be made out.
+constexpr double leastPageWidth = 350.0;
+/// What the window has above the page.
+constexpr double extraHeight = 30.0;
+
+int heightFromRatio(double ratio, const Extent& picture) {
+    return toInt32(ratio * picture.height + extraHeight);
+}
+
+/// Without a picture this divides by 0; what comes of it is not a number, and counts as 0.
+int heightFromWidth(int windowWidth, const Extent& picture) {
+    return toInt32(static_cast<double>(windowWidth) / picture.width * picture.height + extraHeight);
+}
+
+} // namespace
+
+double ratioOfText(std::string_view percent) {
+    const double value = CDbl(percent);
+    return value == 0 ? 1.0 : value / 100.0;
+}
+
+Extent windowForPicture(double ratio, const Extent& picture, int leastWidth) {
+    const double pageWidth = ratio * picture.width;
+    Extent window;
+    window.width = std::max(toInt32(std::max(pageWidth, leastPageWidth)), leastWidth);
+    window.height =
+        pageWidth < leastPageWidth ? heightFromWidth(window.width, picture) : heightFromRatio(ratio, picture);
+    return window;
+}
+
+ChosenRatio windowForRatio(double ratio, const Extent& picture, int screenWidth, int leastWidth) {
+    const double pageWidth = ratio * picture.width;
+    ChosenRatio chosen;
+    double width = pageWidth;
+    if (picture.width < pageWidth) {
+        width = picture.width;
+        chosen.info = "The selected ratio is too big.";
+    } else if (pageWidth < leastPageWidth) {
+        width = leastPageWidth;
+        chosen.info = "The selected ratio is too small.";
+    }
+    chosen.window.width = std::max(toInt32(width), leastWidth);
+    chosen.window.height =
+        pageWidth < screenWidth ? heightFromWidth(chosen.window.width, picture) : heightFromRatio(ratio, picture);
+    return chosen;
+}
+
+Extent heldToScreen(const Extent& window, const Extent& room, const Extent& least) {
+    const double byWidth = static_cast<double>(room.width) / std::max(window.width, 1);
+    const double byHeight = (room.height - extraHeight) / std::max(window.height - extraHeight, 1.0);
+    const double factor = std::min({1.0, byWidth, byHeight});
+    const int width = factor < 1 ? toInt32(window.width * factor) : window.width;
+    const int height = factor < 1 ? toInt32((window.height - extraHeight) * factor + extraHeight) : window.height;
+    return {std::max(width, least.width), std::max(height, least.height)};
+}
+
+} // namespace velmarin

@@ -1,0 +1,381 @@
+#include "Pictures.h"
+#include "platform/ScriptedHost.h"
+#include "support/TempFolder.h"
+#include "view/SmartCanvas.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QImage>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <cmath>
+
+#include <allheaders.h>
+
+namespace velmarin {
+namespace {
+
+using test::noise;
+using test::TempFolder;
+
+/// Counts the paints of a widget.
+class PaintCounter : public QObject {
+  public:
+    int paints = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            ++paints;
+        return false;
+    }
+};
+
+/// A canvas in a window that does not begin at a whole pixel of every screen.
+class SmartCanvasTest : public ::testing::Test {
+  protected:
+    SmartCanvasTest() {
+        window.resize(900, 800);
+        canvas.setGeometry(19, 85, 800, 700);
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+        canvas.installEventFilter(&counter);
+    }
+
+    qreal dpr() const { return canvas.devicePixelRatioF(); }
+    int device(double at) const { return static_cast<int>(std::lround(at * dpr())); }
+    QImage shown() { return canvas.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+
+    /// What the screen must hold for a page drawn alone, made by the core.
+    QImage expected(const PictureDrawn& page) {
+        QImage image(shown().size(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        PageRenderer renderer;
+        const PixelBlock b = renderer.render(page, dpr(), {0, 0, image.width(), image.height()});
+        for (int y = 0; y < b.place.height; ++y)
+            for (int x = 0; x < b.place.width; ++x) {
+                const std::uint8_t* row = b.data + y * b.stride;
+                const QRgb pixel =
+                    b.colour ? reinterpret_cast<const std::uint32_t*>(row)[x] : qRgb(row[x], row[x], row[x]);
+                image.setPixel(b.place.x + x, b.place.y + y, pixel);
+            }
+        return image;
+    }
+    QImage expected(int w, int h, int sx, int sy) {
+        const Picture& p = canvas.view().Image;
+        return expected({p, 0, 0, w, h, sx, sy, p.Width(), p.Height()});
+    }
+    void show(const Picture& page, int mode) {
+        canvas.setMode(mode);
+        canvas.SetPicture(Picture(page));
+    }
+    int scrollY() {
+        std::array<int, 4> a{};
+        canvas.view().GetScrollPosition(a);
+        return a[3];
+    }
+    void drag(const QPoint& to) {
+        QMouseEvent move(QEvent::MouseMove, to, canvas.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&canvas, &move);
+    }
+    void press(const QPoint& at) { QTest::mousePress(&canvas, Qt::LeftButton, Qt::NoModifier, at); }
+    void release(const QPoint& at) { QTest::mouseRelease(&canvas, Qt::LeftButton, Qt::NoModifier, at); }
+    void wheel(const QPoint& angle) {
+        QWheelEvent event(QPointF(50, 50), canvas.mapToGlobal(QPointF(50, 50)), QPoint(), angle, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&canvas, &event);
+        EXPECT_TRUE(event.isAccepted());
+    }
+
+    ScriptedHost host;
+    QWidget window;
+    SmartCanvas canvas{host, &window};
+    PaintCounter counter;
+};
+
+TEST_F(SmartCanvasTest, IsWhiteWithoutAPageAndTakesNoFocus) {
+    QImage white = shown();
+    white.fill(Qt::white);
+    EXPECT_EQ(shown(), white);
+    EXPECT_EQ(canvas.focusPolicy(), Qt::NoFocus);
+    EXPECT_FALSE(canvas.hasImage());
+}
+
+TEST_F(SmartCanvasTest, ShowsThePageInDevicePixelsInEveryMode) {
+    for (const int depth : {1, 8, 32}) {
+        const Picture page = noise(1000, 1500, depth, 1);
+        show(page, 0);
+        EXPECT_EQ(shown(), expected(466, 700, 0, 0)) << depth;
+        show(page, 1);
+        EXPECT_EQ(shown(), expected(1000, 1500, 0, 0)) << depth;
+        show(page, 2);
+        EXPECT_EQ(shown(), expected(800, 1200, 0, 0)) << depth;
+        show(page, 5);
+        EXPECT_EQ(shown(), expected(466, 700, 0, 0)) << depth;
+        show(page, 6);
+        EXPECT_EQ(shown().pixelColor(9, 9), QColor(Qt::white));
+    }
+}
+
+TEST_F(SmartCanvasTest, AtTheOriginalSizeCopiesPixelByPixel) {
+    if (dpr() != 1)
+        GTEST_SKIP() << "a pixel of the page is more than one of the screen";
+    const Picture page = noise(300, 200, 1, 2);
+    show(page, 1);
+    const QImage image = shown();
+    for (int y = 0; y < 220; ++y)
+        for (int x = 0; x < 320; ++x) {
+            const bool ink = x > 0 && y > 0 && x < 300 && y < 200 && page.pixel(x, y).red == 0;
+            ASSERT_EQ(image.pixelColor(x, y), QColor(ink ? Qt::black : Qt::white)) << x << "," << y;
+        }
+}
+
+TEST_F(SmartCanvasTest, StandsOnWholePixelsOfTheWindow) {
+    // Stripes of one device pixel stay black and white wherever the control begins.
+    const int pixels = device(400);
+    if (std::abs(pixels - 400 * dpr()) > 1e-6)
+        GTEST_SKIP() << "no page is as wide in pixels";
+    const Picture stripes =
+        test::drawn(pixels, pixels, 1, [](int x, int) { return static_cast<std::uint32_t>(x % 2); });
+    canvas.setGeometry(19, 85, 400, 400);
+    show(stripes, 2);
+    const QImage image = window.grab().toImage();
+    int grey = 0;
+    for (int x = device(30); x < device(400); ++x) {
+        const int light = image.pixelColor(x, device(300)).red();
+        grey += light != 0 && light != 255 ? 1 : 0;
+    }
+    EXPECT_EQ(grey, 0);
+}
+
+TEST_F(SmartCanvasTest, FollowsADragAndPaintsEachStepOnce) {
+    show(noise(1600, 3000, 1, 3), 2);
+    press({400, 400});
+    counter.paints = 0;
+    drag({400, 350});
+    EXPECT_EQ(counter.paints, 1);
+    EXPECT_EQ(shown(), expected(800, 1500, 0, 100)) << "while the button is down";
+    drag({380, 300});
+    EXPECT_EQ(shown(), expected(800, 1500, 0, 200));
+    release({380, 300});
+    EXPECT_EQ(scrollY(), 200);
+    EXPECT_EQ(shown(), expected(800, 1500, 0, 200));
+    drag({380, 100});
+    EXPECT_EQ(scrollY(), 200) << "after the button is up nothing drags";
+}
+
+TEST_F(SmartCanvasTest, ReleasedWithShiftSpringsBack) {
+    show(noise(1600, 3000, 8, 3), 2);
+    press({400, 400});
+    drag({400, 300});
+    host.shift.held = true;
+    release({400, 300});
+    EXPECT_EQ(shown(), expected(800, 1500, 0, 0));
+}
+
+TEST_F(SmartCanvasTest, ShowsTheLensFromThePageItselfAndLeavesNoTrace) {
+    show(noise(1600, 1400, 1, 4), 0);
+    const QImage before = shown();
+    press({100, 60});
+    counter.paints = 0;
+    drag({200, 120});
+    EXPECT_EQ(counter.paints, 1) << "wiped and drawn in one";
+    QImage want = expected(800, 700, 0, 0);
+    const Picture& p = canvas.view().Image;
+    const QImage lens = expected({p, 200, 120, 300, 100, 400, 240, 300, 100});
+    for (int y = device(120); y < device(220); ++y)
+        for (int x = device(200); x < device(500); ++x)
+            want.setPixel(x, y, lens.pixel(x, y));
+    EXPECT_EQ(shown(), want);
+    EXPECT_EQ(shown(), want) << "a paint that is no Refresh keeps it";
+    release({200, 120});
+    EXPECT_EQ(shown(), before);
+}
+
+TEST_F(SmartCanvasTest, PressedWithShiftWhileScrollingShowsTheLensAndDragsNothing) {
+    show(noise(1600, 3000, 1, 5), 2);
+    const QImage before = shown();
+    host.shift.held = true;
+    press({100, 60});
+    const QImage lens = shown();
+    EXPECT_NE(lens, before);
+    host.shift.held = false;
+    drag({100, 10});
+    release({100, 10});
+    EXPECT_EQ(shown(), lens) << "it stays until something repaints";
+    EXPECT_EQ(scrollY(), 0);
+    canvas.Refresh();
+    EXPECT_EQ(shown(), before);
+}
+
+TEST_F(SmartCanvasTest, MarksAJumpUntilTheNextRepaint) {
+    show(Picture::make(1000, 3000, 1), 1);
+    counter.paints = 0;
+    canvas.mJumpScroll_vertical(1);
+    EXPECT_EQ(counter.paints, 1);
+    const QImage marked = shown();
+    EXPECT_EQ(marked.pixelColor(device(500), device(50)), QColor(255, 0, 0));
+    EXPECT_EQ(marked.pixelColor(device(500), device(50) + static_cast<int>(std::lround(dpr()))), QColor(Qt::white));
+    int red = 0;
+    for (int y = device(38); y < device(49); ++y)
+        for (int x = device(5); x < device(55); ++x)
+            red += marked.pixelColor(x, y).green() < 128 ? 1 : 0;
+    EXPECT_GT(red, 20) << "the position stands on the line";
+    canvas.SmartScroll(0, 0);
+    EXPECT_EQ(shown().pixelColor(device(500), device(50)), QColor(Qt::white));
+}
+
+TEST_F(SmartCanvasTest, ShowsANegativePositionAfterAJumpOnAShortPage) {
+    show(test::drawn(300, 400, 1, [](int, int) { return 1u; }), 1);
+    canvas.mJumpScroll_vertical(1);
+    EXPECT_EQ(scrollY(), -300);
+    EXPECT_EQ(shown().pixelColor(device(100), device(295)), QColor(Qt::white));
+    EXPECT_EQ(shown().pixelColor(device(100), device(305)), QColor(Qt::black));
+}
+
+TEST_F(SmartCanvasTest, SaysNoPictureInABoxUntilAPageLoads) {
+    const TempFolder folder;
+    EXPECT_FALSE(canvas.SetPicture(FolderItem(folder.write("a.tif", "no picture"))));
+    canvas.setExtraText("No Picture");
+    canvas.mDrawExtraText();
+    const QImage box = shown();
+    EXPECT_EQ(box.pixelColor(0, 0), QColor(Qt::black));
+    EXPECT_EQ(box.pixelColor(device(400) - 1, device(10)), QColor(Qt::black));
+    EXPECT_EQ(box.pixelColor(device(400), device(10)), QColor(Qt::white));
+    EXPECT_EQ(box.pixelColor(device(300), device(10)), QColor(Qt::white));
+    int ink = 0;
+    for (int y = device(5); y < device(24); ++y)
+        for (int x = device(15); x < device(100); ++x)
+            ink += box.pixelColor(x, y).red() < 128 ? 1 : 0;
+    EXPECT_GT(ink, 50);
+    canvas.update();
+    QApplication::processEvents();
+    EXPECT_EQ(shown(), box);
+    show(Picture::make(100, 100, 1), 0);
+    EXPECT_EQ(shown().pixelColor(0, 0), QColor(Qt::white));
+    EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(SmartCanvasTest, KeepsTheBoxForATabThatIsNotShownYet) {
+    canvas.hide();
+    canvas.setExtraText("No Picture");
+    canvas.mDrawExtraText();
+    canvas.resize(750, 650);
+    canvas.show();
+    QApplication::processEvents();
+    EXPECT_EQ(shown().pixelColor(0, 0), QColor(Qt::black));
+    canvas.resize(700, 600);
+    EXPECT_EQ(shown().pixelColor(0, 0), QColor(Qt::white)) << "a new size repaints";
+}
+
+TEST_F(SmartCanvasTest, ScrollsByTheWheelDownThePage) {
+    show(noise(1000, 3000, 8, 6), 1);
+    wheel({0, -120});
+    EXPECT_EQ(scrollY(), 40);
+    EXPECT_EQ(shown(), expected(1000, 3000, 0, 40));
+    wheel({0, -240});
+    EXPECT_EQ(scrollY(), 120);
+    wheel({0, 120});
+    EXPECT_EQ(scrollY(), 80);
+}
+
+TEST_F(SmartCanvasTest, AddsUpTheSmallStepsOfATouchpad) {
+    show(Picture::make(1000, 3000, 1), 1);
+    for (int i = 0; i < 7; ++i)
+        wheel({0, -15});
+    EXPECT_EQ(scrollY(), 0);
+    wheel({0, -15});
+    EXPECT_EQ(scrollY(), 40);
+    wheel({0, -110});
+    wheel({0, 30});
+    wheel({0, -30});
+    EXPECT_EQ(scrollY(), 40) << "a turn back begins anew";
+    wheel({0, -1000});
+    EXPECT_EQ(scrollY(), 40 + 8 * 40);
+}
+
+TEST_F(SmartCanvasTest, ShowsWhatWasLoadedWhileItWasHidden) {
+    canvas.hide();
+    const Picture page = noise(3600, 3000, 1, 7);
+    counter.paints = 0;
+    show(page, 2);
+    canvas.Refresh();
+    EXPECT_EQ(counter.paints, 0);
+    canvas.show();
+    QApplication::processEvents();
+    EXPECT_EQ(shown(), expected(800, 666, 0, 0));
+    EXPECT_NE(canvas.renderer().reduced(), nullptr);
+    canvas.hide();
+    EXPECT_EQ(canvas.renderer().reduced(), nullptr) << "a hidden page takes no second place in memory";
+}
+
+TEST_F(SmartCanvasTest, MakesOnlyWhatIsInView) {
+    show(Picture::make(4960, 7016, 1), 2);
+    ASSERT_NE(canvas.renderer().reduced(), nullptr);
+    EXPECT_LT(canvas.renderer().reduced()->rowsMade(), device(700) + 70);
+}
+
+TEST_F(SmartCanvasTest, LetsGoOfThePageWithTheNextRepaint) {
+    show(test::drawn(500, 500, 1, [](int, int) { return 1u; }), 1);
+    canvas.dropImage();
+    EXPECT_FALSE(canvas.hasImage());
+    canvas.Refresh();
+    EXPECT_EQ(shown().pixelColor(50, 50), QColor(Qt::white));
+    canvas.mJumpScroll_vertical(1);
+    wheel({0, -120});
+}
+
+TEST_F(SmartCanvasTest, HasPaintedWhenRefreshReturns) {
+    show(Picture::make(500, 500, 1), 1);
+    counter.paints = 0;
+    canvas.Refresh();
+    EXPECT_EQ(counter.paints, 1);
+}
+
+TEST_F(SmartCanvasTest, WearsTheCursorOfWhatAPressWouldDo) {
+    show(Picture::make(1000, 3000, 1), 2);
+    QTest::mouseMove(&canvas, {50, 50});
+    const QCursor hand = canvas.cursor();
+    ASSERT_EQ(hand.shape(), Qt::BitmapCursor);
+    EXPECT_EQ(hand.pixmap().devicePixelRatio(), dpr());
+    press({50, 50});
+    const QCursor grip = canvas.cursor();
+    EXPECT_NE(grip.pixmap().toImage(), hand.pixmap().toImage());
+    release({50, 50});
+    EXPECT_EQ(canvas.cursor().pixmap().toImage(), hand.pixmap().toImage());
+    host.shift.held = true;
+    QTest::mouseMove(&canvas, {60, 50});
+    EXPECT_NE(canvas.cursor().pixmap().toImage(), hand.pixmap().toImage());
+    host.shift.held = false;
+    canvas.setMode(0);
+    QTest::mouseMove(&canvas, {70, 50});
+    EXPECT_EQ(canvas.cursor().shape(), Qt::SizeFDiagCursor);
+}
+
+TEST_F(SmartCanvasTest, PressedOnNothingOrWithAnotherButtonDoesNothing) {
+    press({50, 50});
+    drag({10, 10});
+    release({10, 10});
+    show(noise(1600, 3000, 1, 8), 2);
+    const QImage before = shown();
+    QTest::mousePress(&canvas, Qt::RightButton, Qt::NoModifier, {400, 400});
+    drag({400, 300});
+    QTest::mouseRelease(&canvas, Qt::RightButton, Qt::NoModifier, {400, 300});
+    EXPECT_EQ(shown(), before);
+}
+
+TEST_F(SmartCanvasTest, DrawsASelectionOverThePage) {
+    show(Picture::make(700, 600, 1), 1);
+    canvas.view().SelectionMode = true;
+    press({100, 90});
+    drag({300, 200});
+    EXPECT_EQ(shown().pixelColor(device(200), device(90)), QColor(0, 255, 0));
+    EXPECT_EQ(shown().pixelColor(device(200), device(200) - 1), QColor(0, 255, 0));
+    EXPECT_EQ(shown().pixelColor(device(100), device(150)), QColor(0, 255, 0));
+    EXPECT_EQ(shown().pixelColor(device(200), device(150)), QColor(Qt::white));
+    release({300, 200});
+    EXPECT_EQ(canvas.view().SelectedImage.Width(), 220);
+}
+
+} // namespace
+} // namespace velmarin

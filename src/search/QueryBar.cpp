@@ -68,6 +68,7 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     OKBT_->setAccessibleName(QStringLiteral("Search"));
     OKBT_->setToolTip(QStringLiteral("Search (Return)"));
     OKBT_->setEnabled(false);
+    OKBT_->setDefault(true);
     layout.add(OKBT_, QRect(679, 4, 39, 22), Anchor::Top | Anchor::Right);
 
     PB_->setObjectName(QStringLiteral("PB"));

@@ -14,6 +14,8 @@
 #include "shell/AboutPanel.h"
 #include "shell/App.h"
 #include "shell/GroupPicker.h"
+#include "shell/SideLink.h"
+#include "side/FindBar.h"
 #include "text/NilObjectException.h"
 #include "view/SmartCanvas.h"
 
@@ -28,15 +30,18 @@ namespace {
 
 struct WindowCommand {
     std::string_view name;
-    void (*run)(PageDeck&, int index);
+    void (*run)(MainWindow&, int index);
 };
 
-constexpr std::array<WindowCommand, 5> kCommands{{
-    {"TabBackNext", [](PageDeck& deck, int index) { deck.stepTab(index); }},
-    {"ImageBackNext", [](PageDeck& deck, int index) { deck.mNextBack(index, deck.TB()->Value()); }},
-    {"ImageUpDown", [](PageDeck& deck, int index) { deck.mUpDown(index, deck.TB()->Value()); }},
-    {"TabTopTail", [](PageDeck& deck, int index) { deck.goToEndTab(index); }},
-    {"ImageHistory", [](PageDeck& deck, int index) { deck.stepHistory(index); }},
+constexpr std::array<WindowCommand, 7> kCommands{{
+    {"TabBackNext", [](MainWindow& window, int index) { window.deck().stepTab(index); }},
+    {"ImageBackNext",
+     [](MainWindow& window, int index) { window.deck().mNextBack(index, window.deck().TB()->Value()); }},
+    {"ImageUpDown", [](MainWindow& window, int index) { window.deck().mUpDown(index, window.deck().TB()->Value()); }},
+    {"TabTopTail", [](MainWindow& window, int index) { window.deck().goToEndTab(index); }},
+    {"ImageHistory", [](MainWindow& window, int index) { window.deck().stepHistory(index); }},
+    {"SubwinDic", [](MainWindow& window, int) { window.sideLink().takeTarget(FindTarget::DicApp); }},
+    {"SubwinFind", [](MainWindow& window, int) { window.sideLink().takeTarget(FindTarget::Find); }},
 }};
 
 /// While set, control events that come of restoring a window's state write nothing.
@@ -84,12 +89,7 @@ void MainWindow::makeParts() {
     auto* placard = new QFrame(content);
     placard->setObjectName(QStringLiteral("Placard1"));
     layout_->add(placard, QRect(174, 3, 80, 28), Anchor::Left | Anchor::Top);
-    SubWinBV_ = new BevelButton(content);
-    SubWinBV_->setObjectName(QStringLiteral("SubWinBV"));
-    SubWinBV_->setCaption("Subwindow");
-    SubWinBV_->setAccessibleName(QStringLiteral("Side window"));
-    SubWinBV_->setEnabled(false);
-    layout_->add(SubWinBV_, QRect(174, 3, 71, 28), Anchor::Left | Anchor::Top);
+    sideLink_ = new SideLink(app_, *this, content, *layout_);
 
     deck_ = new PageDeck(state_, app_.host(), content);
     searcher_ = std::make_unique<Searcher>(state_, *deck_,
@@ -101,6 +101,7 @@ void MainWindow::makeParts() {
     hitList_ = new HitList(state_, *deck_, content, *layout_);
     about_ = new AboutPanel(content, *layout_);
 
+    connect(queryBar_, &QueryBar::searched, sideLink_, &SideLink::synchronise);
     connect(queryBar_, &QueryBar::finished, about_, &AboutPanel::hideAbout);
     connect(queryBar_, &QueryBar::separatelyClicked, this, [this] {
         if (!state_.pProtect)
@@ -128,19 +129,24 @@ void MainWindow::bringToFront() {
 }
 
 void MainWindow::changeGroup(const FolderItem& group) {
+    // A pick by keyboard comes without a press on the pop-up.
+    sideLink_->close();
     {
         const Busy guard(app_.busy());
         mWritePreferences_DicGroup();
         ReadDictionaryFolder(group);
     }
     queryBar_->SearchEF()->clear();
-    for (QWidget* control : std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB()})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), sideLink_->SubWinBV()})
         control->setEnabled(true);
     deck_->set(0).MainCanvas->dropImage();
     deck_->set(0).MainCanvas->Refresh();
 }
 
-void MainWindow::SelectDicFolPU_MouseDown() {}
+void MainWindow::SelectDicFolPU_MouseDown() {
+    sideLink_->close();
+}
 
 void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
     const Protection protection(state_.pProtect);
@@ -225,7 +231,8 @@ void MainWindow::leaveGroup() {
     groupPicker_->dropPick();
     state_.leaveGroup();
     deck_->reset();
-    for (QWidget* control : std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), SubWinBV_})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), sideLink_->SubWinBV()})
         control->setEnabled(false);
 }
 
@@ -237,7 +244,7 @@ bool MainWindow::handles(std::string_view command) const {
 bool MainWindow::handle(std::string_view command, int index) {
     for (const WindowCommand& each : kCommands)
         if (each.name == command) {
-            each.run(*deck_, index);
+            each.run(*this, index);
             return true;
         }
     return false;

@@ -15,12 +15,12 @@ namespace velmarin {
 class AboutPanel;
 class AnchoredLayout;
 class App;
-class BevelButton;
 class GroupPicker;
 class HitList;
 class PageDeck;
 class QueryBar;
 class Searcher;
+class SideLink;
 
 /// A main window: the front of its parts. It owns them, tells them of the window's events, and hands commands on.
 class MainWindow : public QMainWindow {
@@ -39,6 +39,8 @@ class MainWindow : public QMainWindow {
     HitList& hitList() const { return *hitList_; }
     PageDeck& deck() const { return *deck_; }
     QueryBar& queryBar() const { return *queryBar_; }
+    Searcher& searcher() const { return *searcher_; }
+    SideLink& sideLink() const { return *sideLink_; }
     MenuBar& menus() const { return *menus_; }
     const WindowState& state() const { return state_; }
 
@@ -80,7 +82,7 @@ class MainWindow : public QMainWindow {
     HitList* hitList_ = nullptr;
     QueryBar* queryBar_ = nullptr;
     GroupPicker* groupPicker_ = nullptr;
-    BevelButton* SubWinBV_ = nullptr;
+    SideLink* sideLink_ = nullptr;
     AboutPanel* about_ = nullptr;
 };
 

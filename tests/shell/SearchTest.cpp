@@ -130,7 +130,11 @@ TEST(SearchField, UpAndDownScrollThePageUnlessCommandOrOptionIsHeld) {
     run.search("apple");
     auto* canvas = run.control<SmartCanvas>("MainCanvas.0");
     const int step = canvas->height() / 50;
-    const auto top = [&] { return canvas->view().ScrollPosition[1]; };
+    const auto top = [&] {
+        std::array<int, 4> place{};
+        canvas->view().GetScrollPosition(place);
+        return place[3];
+    };
     QTest::keyClick(field, Qt::Key_Down);
     EXPECT_EQ(top(), step);
     QTest::keyClick(field, Qt::Key_Up);

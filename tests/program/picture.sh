@@ -1,0 +1,20 @@
+# A picture of the window: with a word it shows another page than without, and what cannot be done is said.
+./velmarin --picture none.png --group Two || fail "no picture without a word"
+./velmarin --picture word.png --group two banana || fail "no picture with a word (a group is found whatever its case)"
+./velmarin --picture list.png --group Many cherry || fail "no picture of a list"
+for picture in none word list; do
+    [ "$(head -c 4 $picture.png | tail -c 3)" = PNG ] || fail "$picture.png is no picture"
+done
+! cmp -s none.png word.png || fail "the word changed nothing"
+
+status=0
+./velmarin --picture x.png --group Nowhere banana 2>said || status=$?
+[ $status -eq 2 ] || fail "an unknown group ended with $status"
+grep -q 'no group called "Nowhere"' said || fail "an unknown group is not named"
+status=0
+./velmarin --picture missing/x.png --group Two 2>said || status=$?
+[ $status -eq 2 ] || fail "a picture that cannot be written ended with $status"
+status=0
+env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ./velmarin 2>said || status=$?
+[ $status -eq 2 ] && grep -q 'no display' said || fail "a missing display is not said"
+[ "$(./velmarin --version | cut -d' ' -f1)" = velmarin ] || fail "no version"

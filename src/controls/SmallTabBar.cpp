@@ -33,8 +33,9 @@ void SmallTabBar::setCaption(int tab, const QString& caption) {
     // An ampersand in a dictionary's name is no shortcut.
     QString shown = caption;
     shown.replace(u'&', QLatin1String("&&"));
-    setTabText(tab, shown);
+    // The width goes by the whole caption, and is asked for as the text is set.
     setTabWhatsThis(tab, caption);
+    setTabText(tab, shown);
 }
 
 bool SmallTabBar::event(QEvent* event) {

@@ -1,6 +1,7 @@
 #include "search/QueryBar.h"
 
 #include "controls/AnchoredLayout.h"
+#include "controls/FittedText.h"
 #include "controls/ListBox.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
@@ -62,7 +63,11 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     SeparatelyCB_->setToolTip(
         QStringLiteral("By pushing the shift key, you can change temporally the selection of this checkbox."));
     SeparatelyCB_->setEnabled(false);
-    layout.add(SeparatelyCB_, QRect(554, 3, 121, 23), Anchor::Top | Anchor::Right);
+    const QRect separatelyPlace(554, 3, 121, 23);
+    const int indicator = SeparatelyCB_->sizeHint().width() - textWidth(SeparatelyCB_->font(), SeparatelyCB_->text());
+    SeparatelyCB_->setFont(
+        fontForWidth(SeparatelyCB_->font(), SeparatelyCB_->text(), separatelyPlace.width() - indicator));
+    layout.add(SeparatelyCB_, separatelyPlace, Anchor::Top | Anchor::Right);
 
     OKBT_->setObjectName(QStringLiteral("OKBT"));
     OKBT_->setAccessibleName(QStringLiteral("Search"));

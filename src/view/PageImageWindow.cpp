@@ -80,8 +80,7 @@ void PageImageWindow::makeControls() {
     RatioEF_->setToolTip(QStringLiteral("Size of the page in percent (Return)"));
     RatioEF_->setAlignment(Qt::AlignRight);
     RatioEF_->setMaxLength(3);
-    RatioEF_->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,3}")), RatioEF_));
+    RatioEF_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,3}")), RatioEF_));
     layout_->add(RatioEF_, QRect(181, 3, 34, 22), Anchor::Left | Anchor::Top);
 
     RatioPU_ = addBevelButton("RatioPU", QRect(216, 3, 54, 22), "Ratio", "Ratio");
@@ -133,14 +132,25 @@ void PageImageWindow::makeStepButtons() {
         int index;
     };
     const Plan plans[] = {
-        {"MainWinPage.0", {366, 3, 36, 22}, "Back", "Previous page in the main window",
-         &PageImageWindow::MainWinPage_Action, 0},
-        {"MainWinPage.1", {402, 3, 36, 22}, "Next", "Next page in the main window",
-         &PageImageWindow::MainWinPage_Action, 1},
-        {"UpDown.0", {439, 3, 27, 22}, "Up", "One screenful up in the main window", &PageImageWindow::UpDown_Action,
+        {"MainWinPage.0",
+         {366, 3, 36, 22},
+         "Back",
+         "Previous page in the main window",
+         &PageImageWindow::MainWinPage_Action,
          0},
-        {"UpDown.1", {468, 3, 43, 22}, "Down", "One screenful down in the main window",
-         &PageImageWindow::UpDown_Action, 1},
+        {"MainWinPage.1",
+         {402, 3, 36, 22},
+         "Next",
+         "Next page in the main window",
+         &PageImageWindow::MainWinPage_Action,
+         1},
+        {"UpDown.0", {439, 3, 27, 22}, "Up", "One screenful up in the main window", &PageImageWindow::UpDown_Action, 0},
+        {"UpDown.1",
+         {468, 3, 43, 22},
+         "Down",
+         "One screenful down in the main window",
+         &PageImageWindow::UpDown_Action,
+         1},
     };
     for (const Plan& plan : plans) {
         BevelButton* button = addBevelButton(plan.name, plan.rect, plan.caption, plan.says);

@@ -53,6 +53,11 @@ void PageView::Refresh() {
     port_.Refresh();
 }
 
+void PageView::dropImage() {
+    Image = Picture();
+    canvas_.commands.clear();
+}
+
 void PageView::loadImage(const FolderItem& f) {
     const std::string extension = mFiMod_GetExtensionFromFileName(f.Name());
     const bool jpeg = equalStrings(extension, "jpg") || equalStrings(extension, "jpeg");
@@ -73,8 +78,10 @@ bool PageView::SetPicture(const FolderItem& f) {
         if (f.isNil() || !f.Exists())
             return false;
         loadImage(f);
-        if (!Image)
+        if (!Image) {
+            dropImage();
             return false;
+        }
         Image.AntiAlias = !pTiffWithoutAntiAlias;
         ScrollPosition = {0, 0};
         FinalScrollPosition = {0, 0};

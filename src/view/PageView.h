@@ -86,6 +86,8 @@ class PageView {
     void Refresh();
     /// The control has another size: what was drawn over the page is dropped.
     void resized() { canvas_.commands.clear(); }
+    /// Lets go of the page, and of a lens that shows it. Repaints nothing.
+    void dropImage();
     /// What was drawn over the page since the last Refresh; it is painted after the page.
     const std::vector<DrawCommand>& drawnOver() const { return canvas_.commands; }
     /// A surface for Event_Paint.

@@ -91,7 +91,7 @@ bool SmartCanvas::SetPicture(Picture p) {
 }
 
 void SmartCanvas::dropImage() {
-    view_.Image = Picture();
+    view_.dropImage();
     recorded_.clear();
     renderer_.drop();
     dragging_ = false;

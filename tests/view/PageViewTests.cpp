@@ -144,9 +144,12 @@ TEST(Loading, OfAnUndecodableFileClearsThePageWithoutAWord) {
     for (const char* name : {"a.tif", "a.JPG", "a.png", "a.bmp", "a"}) {
         FakeCanvas canvas;
         canvas.show(2000, 3000, 1);
+        canvas.shift = true;
+        canvas.view.Event_MouseDown(5, 5); // the lens
         const int before = canvas.refreshes;
         EXPECT_FALSE(canvas.view.SetPicture(FolderItem(folder.write(name, "x")))) << name;
         EXPECT_TRUE(canvas.view.Image.isNil());
+        EXPECT_TRUE(canvas.view.drawnOver().empty()) << "nor is there anything of it to enlarge";
         EXPECT_EQ(canvas.refreshes, before);
         EXPECT_TRUE(canvas.messages.empty());
         canvas.paint();

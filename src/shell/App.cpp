@@ -27,19 +27,23 @@ void mCheckDictionaries(App& /*app*/, int /*index*/) {
     // The command is there and does nothing: checking a dictionary is the command line's work.
 }
 
-constexpr std::array<AppCommand, 5> kCommands{{
+constexpr std::array<AppCommand, 8> kCommands{{
     {"SpecialCheckDictionaires", mCheckDictionaries},
+    {"SpecialChangedictionaryorder",
+     [](App& app, int) {
+         if (app.ActiveMainWin != nullptr && app.ActiveMainWin->groupPicker().pick().row >= 0)
+             app.maintenance().changeDictionariesOrder(app.ActiveMainWin->pMyIndex,
+                                                       app.ActiveMainWin->groupPicker().pickedFolder());
+     }},
+    {"SpecialInstall", [](App& app, int) { app.busy().whenFree([&app] { app.maintenance().mUpDateDictionary(); }); }},
+    {"SpecialExport", [](App& app, int) { app.maintenance().mExportDic(); }},
     {"SpecialOpenDictionaryFolder",
      [](App& app, int) {
          if (!app.host().Launch(app.module.pDictionaryFolder.path()))
              app.host().MsgBox("The folder could not be opened: " + app.module.pDictionaryFolder.path().string());
      }},
     {"Cons_FileNew", [](App& app, int) { app.mMakeNewMainWin(); }},
-    {"WinItem",
-     [](App& app, int index) {
-         if (index >= 0 && index < static_cast<int>(app.MainWinList().size()))
-             app.MainWinList()[static_cast<std::size_t>(index)]->bringToFront();
-     }},
+    {"WinItem", [](App& app, int index) { app.window(index).bringToFront(); }},
     {"FileQuit", [](App& app, int) { app.quit(); }},
 }};
 
@@ -47,7 +51,8 @@ constexpr std::array<AppCommand, 5> kCommands{{
 
 App::App(Host& host, const FolderItem& applicationFolder, std::string version)
     : host_(host), applicationFolder_(applicationFolder), version_(std::move(version)), busy_(eventLoopPost()),
-      preferences_([&host](std::string_view text) { host.MsgBox(text); }) {
+      preferences_([&host](std::string_view text) { host.MsgBox(text); }), pageImages_(*this), maintenanceLink_(*this),
+      maintenance_(maintenanceLink_, host, busy_) {
     setMessageHandler([&host](std::string_view text) { host.MsgBox(text); });
 }
 
@@ -104,6 +109,12 @@ void App::showVersion(MainWindow& window) const {
     window.setTitle(window.title() + " version " + version_);
 }
 
+MainWindow& App::window(int index) const {
+    if (index < 0 || index >= static_cast<int>(windows_.size()))
+        throw NilObjectException("There is no main window number " + std::to_string(index) + ".");
+    return *windows_[static_cast<std::size_t>(index)];
+}
+
 void App::rebuildSelectedDic() {
     std::vector<WindowPick> picks;
     for (const auto& window : windows_)
@@ -141,6 +152,7 @@ bool App::handle(std::string_view command, int index) {
 
 void App::quit() {
     busy_.whenFree([this] {
+        pageImages_.close();
         for (const auto& window : windows_)
             window->close();
         QApplication::quit();

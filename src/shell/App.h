@@ -1,8 +1,11 @@
 #pragma once
 
+#include "maintenance/Maintenance.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
 #include "search/GroupPicks.h"
+#include "shell/MaintenanceLink.h"
+#include "shell/PageImages.h"
 #include "shell/PreferenceWriter.h"
 #include "shell/ThisAppliModule.h"
 
@@ -41,6 +44,11 @@ class App : public QObject {
     Host& host() { return host_; }
     BusyState& busy() { return busy_; }
     PreferenceWriter& preferences() { return preferences_; }
+    PageImages& pageImages() { return pageImages_; }
+    Maintenance& maintenance() { return maintenance_; }
+
+    /// The main window at this place of MainWinList; raises NilObjectException where there is none.
+    MainWindow& window(int index) const;
 
     /// Takes the rows in use from the windows anew.
     void rebuildSelectedDic();
@@ -63,6 +71,9 @@ class App : public QObject {
     std::string version_;
     BusyState busy_;
     PreferenceWriter preferences_;
+    PageImages pageImages_;
+    MaintenanceLink maintenanceLink_;
+    Maintenance maintenance_;
     std::vector<std::unique_ptr<MainWindow>> windows_;
     std::vector<std::string> winItems_{"Default Window"};
 };

@@ -50,6 +50,12 @@ WindowPick GroupPicker::pick() const {
     return {row, row < 0 ? std::string() : SelectDicFolPU_->List(row)};
 }
 
+FolderItem GroupPicker::pickedFolder() const {
+    const std::any tag = SelectDicFolPU_->Tag(SelectDicFolPU_->ListIndex());
+    const auto* folder = std::any_cast<FolderItem>(&tag);
+    return folder == nullptr ? FolderItem() : *folder;
+}
+
 void GroupPicker::dropPick() {
     SelectDicFolPU_->setListIndexQuietly(-1);
     pSelectedDicIndex_ = -1;
@@ -74,7 +80,7 @@ void GroupPicker::SelectDicFolPU_Change() {
         SelectDicFolPU_->setListIndexQuietly(pSelectedDicIndex_);
         return;
     }
-    window_.changeGroup(std::any_cast<FolderItem>(SelectDicFolPU_->Tag(row)));
+    window_.changeGroup(pickedFolder());
     app_.rebuildSelectedDic();
     app_.module.pSelectedDicTag = takenGroupsHelp(app_.SelectedDic, SelectDicFolPU_->rowCount());
     pSelectedDicIndex_ = row;

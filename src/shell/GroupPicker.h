@@ -1,6 +1,7 @@
 #pragma once
 
 #include "search/GroupPicks.h"
+#include "store/FolderItem.h"
 
 #include <QObject>
 
@@ -31,6 +32,8 @@ class GroupPicker : public QObject {
     bool pickNamed(const std::string& name);
     int rowCount() const;
     WindowPick pick() const;
+    /// The folder of the picked row; nil where none is picked.
+    FolderItem pickedFolder() const;
     /// Takes the pick back without any event: what a closed window answers from then on.
     void dropPick();
 

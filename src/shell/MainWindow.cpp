@@ -14,6 +14,7 @@
 #include "shell/AboutPanel.h"
 #include "shell/App.h"
 #include "shell/GroupPicker.h"
+#include "shell/PageImages.h"
 #include "shell/SideLink.h"
 #include "side/FindBar.h"
 #include "text/NilObjectException.h"
@@ -100,9 +101,12 @@ void MainWindow::makeParts() {
                  Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
     hitList_ = new HitList(state_, *deck_, content, *layout_);
     about_ = new AboutPanel(content, *layout_);
+    stepper_ = std::make_shared<MainWindowStepper>(*this);
 
     connect(queryBar_, &QueryBar::searched, sideLink_, &SideLink::synchronise);
     connect(queryBar_, &QueryBar::finished, about_, &AboutPanel::hideAbout);
+    connect(deck_, &PageDeck::errataChosen, this,
+            [this](const FolderItem& file, int tab) { app_.pageImages().show(file, stepper_, tab); });
     connect(queryBar_, &QueryBar::separatelyClicked, this, [this] {
         if (!state_.pProtect)
             mWritePreferences_DicGroup();
@@ -131,17 +135,30 @@ void MainWindow::bringToFront() {
 void MainWindow::changeGroup(const FolderItem& group) {
     // A pick by keyboard comes without a press on the pop-up.
     sideLink_->close();
+    app_.pageImages().close();
     {
         const Busy guard(app_.busy());
         mWritePreferences_DicGroup();
         ReadDictionaryFolder(group);
     }
+    readyForSearch();
+}
+
+void MainWindow::readyForSearch() {
     queryBar_->SearchEF()->clear();
     for (QWidget* control :
          std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), sideLink_->SubWinBV()})
         control->setEnabled(true);
     deck_->set(0).MainCanvas->dropImage();
     deck_->set(0).MainCanvas->Refresh();
+}
+
+void MainWindow::startAnew() {
+    sideLink_->close();
+    leaveGroup();
+    groupPicker_->mMakeSelectDicPU();
+    deck_->TB()->setCaption(0, "");
+    repaint();
 }
 
 void MainWindow::SelectDicFolPU_MouseDown() {

@@ -16,6 +16,7 @@ class AboutPanel;
 class AnchoredLayout;
 class App;
 class GroupPicker;
+class MainWindowStepper;
 class HitList;
 class PageDeck;
 class QueryBar;
@@ -51,6 +52,12 @@ class MainWindow : public QMainWindow {
 
     /// What a pick of a free group does: saves the group being left and reads the new one.
     void changeGroup(const FolderItem& group);
+    /// Drops the group with all that shows it, without writing anything, and fills the group pop-up anew.
+    void startAnew();
+    void ReadDictionaryFolder(const FolderItem& group);
+    void mWritePreferences_DicGroup();
+    /// An empty search field, the controls of a window with a group enabled, and no page in the first tab.
+    void readyForSearch();
     /// A press on the group pop-up closes the side window.
     void SelectDicFolPU_MouseDown();
 
@@ -64,10 +71,8 @@ class MainWindow : public QMainWindow {
 
   private:
     void makeParts();
-    void ReadDictionaryFolder(const FolderItem& group);
     void mInitialize();
     void mSetSize();
-    void mWritePreferences_DicGroup();
     void mWritePreferences_Window();
     void leaveGroup();
     void route(std::string_view command, int index);
@@ -78,6 +83,7 @@ class MainWindow : public QMainWindow {
     AnchoredLayout* layout_;
     MenuBar* menus_;
     std::unique_ptr<Searcher> searcher_;
+    std::shared_ptr<MainWindowStepper> stepper_;
     PageDeck* deck_ = nullptr;
     HitList* hitList_ = nullptr;
     QueryBar* queryBar_ = nullptr;

@@ -1,0 +1,53 @@
+#include "shell/MaintenanceLink.h"
+
+#include "shell/App.h"
+#include "shell/MainWindow.h"
+
+namespace velmarin {
+
+FolderItem MaintenanceLink::pDictionaryFolder() const {
+    return app_.module.pDictionaryFolder;
+}
+
+int MaintenanceLink::windowCount() const {
+    return static_cast<int>(app_.MainWinList().size());
+}
+
+void MaintenanceLink::startAnew(int window) {
+    app_.window(window).startAnew();
+    // The group that the window stood on can be picked again, there or elsewhere.
+    app_.rebuildSelectedDic();
+}
+
+std::vector<std::string> MaintenanceLink::dictionaryNames(int window) const {
+    std::vector<std::string> names;
+    for (const auto& item : app_.window(window).state().pDictionaryItem)
+        names.push_back(item->name);
+    return names;
+}
+
+std::string MaintenanceLink::pDicGroupName(int window) const {
+    return app_.window(window).state().pDicGroupName;
+}
+
+void MaintenanceLink::setNewDicPref(std::vector<std::string> lines) {
+    app_.module.pNewDicPref = std::move(lines);
+}
+
+void MaintenanceLink::closePageImageWindow() {
+    app_.pageImages().close();
+}
+
+void MaintenanceLink::mWritePreferences_DicGroup(int window) {
+    app_.window(window).mWritePreferences_DicGroup();
+}
+
+void MaintenanceLink::ReadDictionaryFolder(int window, const FolderItem& group) {
+    app_.window(window).ReadDictionaryFolder(group);
+}
+
+void MaintenanceLink::readyForSearch(int window) {
+    app_.window(window).readyForSearch();
+}
+
+} // namespace velmarin

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "maintenance/WindowsLink.h"
+
+namespace velmarin {
+
+class App;
+
+/// How install, update and the order editor reach the main windows.
+class MaintenanceLink : public WindowsLink {
+  public:
+    explicit MaintenanceLink(App& app) : app_(app) {}
+
+    FolderItem pDictionaryFolder() const override;
+    int windowCount() const override;
+    void startAnew(int window) override;
+    std::vector<std::string> dictionaryNames(int window) const override;
+    std::string pDicGroupName(int window) const override;
+    void setNewDicPref(std::vector<std::string> lines) override;
+    void closePageImageWindow() override;
+    void mWritePreferences_DicGroup(int window) override;
+    void ReadDictionaryFolder(int window, const FolderItem& group) override;
+    void readyForSearch(int window) override;
+
+  private:
+    App& app_;
+};
+
+} // namespace velmarin

@@ -1,0 +1,56 @@
+#include "shell/PageImages.h"
+
+#include "search/PageDeck.h"
+#include "shell/App.h"
+#include "shell/MainWindow.h"
+#include "view/PageImageWindow.h"
+
+namespace velmarin {
+
+PageImageWindow* PageImages::instance() {
+    if (window_.isNull()) {
+        PageImageWindowEvents events;
+        events.opened = [this] { app_.module.pPageImageShown = true; };
+        events.closed = [this] {
+            app_.module.pPageImageShown = false;
+            window_.clear();
+        };
+        events.saved = [this](const std::string& path, const WriteResult& result) {
+            app_.preferences().note(path, result);
+        };
+        window_ = new PageImageWindow(app_.host(), app_.module.pThis_PreferencesFolder, std::move(events));
+    }
+    return window_;
+}
+
+void PageImages::show(const FolderItem& file, const std::shared_ptr<PageStepper>& mainWin, int tab) {
+    if (!file.Exists())
+        return;
+    const QPointer<PageImageWindow> window = instance();
+    window->mSetImage(file);
+    // A folder without pictures has closed it again.
+    if (window != window_)
+        return;
+    window->show();
+    window->raise();
+    window->setMainWin(mainWin, tab);
+}
+
+void PageImages::close() {
+    if (!window_.isNull())
+        window_->close();
+}
+
+bool MainWindowStepper::hasTab(int tab) const {
+    return tab < window_.deck().setCount() && !window_.state().pDictionaryItem.empty();
+}
+
+void MainWindowStepper::mNextBack(int direction, int tab) {
+    window_.deck().mNextBack(direction, tab);
+}
+
+void MainWindowStepper::mUpDown(int direction, int tab) {
+    window_.deck().mUpDown(direction, tab);
+}
+
+} // namespace velmarin

@@ -1,0 +1,131 @@
+#include "side/SideHanging.h"
+
+#include <QDockWidget>
+#include <QEvent>
+#include <QMainWindow>
+#include <QMouseEvent>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace velmarin {
+
+namespace {
+
+constexpr int kGripWidth = 5;
+
+} // namespace
+
+Hanging hangingFor(const QString& platform) {
+    return platform.startsWith(QLatin1String("wayland")) ? Hanging::Panel : Hanging::Window;
+}
+
+QRect placeBeside(const QRect& mainFrame, const QRect& mainContent, int width, const QRect& screen) {
+    const int flush = mainFrame.x() + mainFrame.width();
+    const int rightmost = screen.x() + screen.width() - width;
+    return {std::max(std::min(flush, rightmost), screen.x()), mainContent.y(), width, mainContent.height()};
+}
+
+SideHanging::SideHanging(Hanging hanging, QWidget* side, QMainWindow* mainWindow, int minimumWidth, int maximumWidth)
+    : QObject(mainWindow), hanging_(hanging), side_(side), mainWindow_(mainWindow), minimumWidth_(minimumWidth),
+      maximumWidth_(maximumWidth) {
+    mainWindow->installEventFilter(this);
+    if (hanging == Hanging::Panel) {
+        dock_ = new QDockWidget(mainWindow);
+        dock_->setObjectName(QStringLiteral("SubWindowPanel"));
+        dock_->setFeatures(QDockWidget::NoDockWidgetFeatures);
+        dock_->setTitleBarWidget(new QWidget(dock_));
+        dock_->setWidget(side);
+        mainWindow->addDockWidget(Qt::RightDockWidgetArea, dock_);
+        return;
+    }
+    grip_ = new QWidget(side);
+    grip_->setObjectName(QStringLiteral("EdgeGrip"));
+    grip_->setCursor(Qt::SizeHorCursor);
+    grip_->installEventFilter(this);
+    side->installEventFilter(this);
+}
+
+SideHanging::~SideHanging() {
+    if (dock_.isNull())
+        return;
+    // The panel is its owner's to delete.
+    if (!side_.isNull())
+        side_->setParent(nullptr);
+    delete dock_;
+}
+
+void SideHanging::show(int width) {
+    if (hanging_ == Hanging::Panel) {
+        side_->show();
+        dock_->show();
+        mainWindow_->resizeDocks({dock_}, {width}, Qt::Horizontal);
+        return;
+    }
+    side_->resize(width, mainWindow_->height());
+    place();
+    side_->show();
+    place();
+    grip_->raise();
+}
+
+void SideHanging::place() {
+    if (side_.isNull() || mainWindow_.isNull())
+        return;
+    const QRect screen = mainWindow_->screen()->availableGeometry();
+    const QRect wanted = placeBeside(mainWindow_->frameGeometry(), mainWindow_->geometry(), side_->width(), screen);
+    leftIsFree_ = wanted.right() >= screen.right();
+    if (side_->geometry() != wanted)
+        side_->setGeometry(wanted);
+    placeGrip();
+}
+
+void SideHanging::placeGrip() {
+    grip_->setGeometry(leftIsFree_ ? 0 : side_->width() - kGripWidth, 0, kGripWidth, side_->height());
+}
+
+void SideHanging::drag(QEvent* event) {
+    const auto* mouse = static_cast<QMouseEvent*>(event);
+    const int at = mouse->globalPosition().toPoint().x();
+    if (event->type() == QEvent::MouseButtonPress) {
+        dragFrom_ = at;
+        widthAtDrag_ = side_->width();
+        return;
+    }
+    const int grown = leftIsFree_ ? dragFrom_ - at : at - dragFrom_;
+    // Wider than the screen has room is no wider: the edge that is held would run away from the mouse.
+    const QRect screen = mainWindow_->screen()->availableGeometry();
+    const int room =
+        leftIsFree_ ? screen.width() : screen.x() + screen.width() - mainWindow_->frameGeometry().right() - 1;
+    side_->resize(
+        std::clamp(widthAtDrag_ + grown, minimumWidth_, std::max(minimumWidth_, std::min(maximumWidth_, room))),
+        side_->height());
+}
+
+bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
+    const QEvent::Type type = event->type();
+    if (watched == grip_) {
+        const bool held =
+            type == QEvent::MouseMove && (static_cast<QMouseEvent*>(event)->buttons() & Qt::LeftButton) != 0;
+        if (type == QEvent::MouseButtonPress || held)
+            drag(event);
+        return type == QEvent::MouseButtonPress || QObject::eventFilter(watched, event);
+    }
+    if (watched == side_ && type == QEvent::Resize)
+        place();
+    if (watched != mainWindow_)
+        return QObject::eventFilter(watched, event);
+    if (type == QEvent::Hide && !event->spontaneous()) {
+        emit mainWindowClosed();
+        return false; // this object may be gone
+    }
+    if (hanging_ == Hanging::Window && !side_.isNull()) {
+        if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show)
+            place();
+        else if (type == QEvent::WindowStateChange)
+            side_->setVisible(!mainWindow_->isMinimized());
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace velmarin

@@ -1,0 +1,69 @@
+#include "side/UserDictionaryMaker.h"
+
+#include "platform/Busy.h"
+#include "side/MainWindowLink.h"
+#include "side/UserDictionary.h"
+#include "text/StringRules.h"
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::string_view kAskForData = "Select a data file for a Dictionary. ";
+constexpr std::string_view kAskForFolder = "Create a folder as new Dictionary.";
+constexpr std::string_view kMade = "A user dictionary was ceated. Put the dictionary or its alias in the "
+                                   "UserDictionary found in the DictionaryFolder.";
+
+class ShownInMainWindow : public BuildProgress {
+  public:
+    ShownInMainWindow(MainWindowLink& window, Host& host) : window_(window), host_(host) {}
+    void message(std::string_view text) override { window_.setSearchText(text); }
+    void showBar() override { window_.showProgress(); }
+    void setMaximum(int maximum) override { window_.setProgressMaximum(maximum); }
+    void setValue(int value) override { window_.setProgressValue(value); }
+    void yield() override { host_.Yield(); }
+
+  private:
+    MainWindowLink& window_;
+    Host& host_;
+};
+
+std::string notUtf8Message(std::int64_t lines) {
+    return (lines == 1 ? "1 line of the data is" : Str(lines) + " lines of the data are") +
+           " not in UTF-8. They were taken over byte for byte, but some of their letters cannot be shown.";
+}
+
+} // namespace
+
+void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink& mainWindow, Host& host,
+                                  BusyState& busy) {
+    const FolderItem dictionaries = groupFolder.Child(kUserDictionariesFolder);
+    if (!dictionaries.Exists())
+        dictionaries.CreateAsFolder();
+    host.MsgBox(kAskForData);
+    const std::filesystem::path source = host.GetOpenFile(kAskForData, {});
+    if (source.empty())
+        return;
+    host.MsgBox(kAskForFolder);
+    const std::filesystem::path folder = host.SelectFolder(kAskForFolder);
+    if (folder.empty())
+        return;
+
+    BuildResult result;
+    {
+        const Busy guard(busy);
+        ShownInMainWindow progress(mainWindow, host);
+        result = buildUserDictionary(FolderItem(source), FolderItem(folder), progress);
+    }
+    if (!result.ok) {
+        mainWindow.setSearchText("");
+        host.MsgBox(result.reason);
+        return;
+    }
+    if (result.linesNotUtf8 > 0)
+        host.MsgBox(notUtf8Message(result.linesNotUtf8));
+    host.MsgBox(kMade);
+    host.Launch(groupFolder.path());
+}
+
+} // namespace velmarin

@@ -1,0 +1,56 @@
+#include "side/WaitNotice.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include <algorithm>
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::chrono::milliseconds kPatience{500};
+
+} // namespace
+
+WaitNotice::WaitNotice(const QString& text, QWidget* over, Clock clock)
+    : QFrame(over->parentWidget()), over_(over), clock_(std::move(clock)),
+      StopBT_(new QPushButton(QStringLiteral("Stop"), this)) {
+    setObjectName(QStringLiteral("WaitNotice"));
+    setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
+    setAutoFillBackground(true);
+    auto* label = new QLabel(text, this);
+    label->setWordWrap(true);
+    StopBT_->setObjectName(QStringLiteral("StopBT"));
+    auto* row = new QHBoxLayout(this);
+    row->addWidget(label, 1);
+    row->addWidget(StopBT_);
+    connect(StopBT_, &QPushButton::clicked, this, &WaitNotice::stop);
+    hide();
+}
+
+void WaitNotice::begin() {
+    began_ = clock_();
+    stopped_ = false;
+}
+
+bool WaitNotice::goOn() {
+    if (!stopped_ && clock_() - began_ >= kPatience) {
+        const QRect place = over_->geometry();
+        const int height = std::min(std::max(sizeHint().height(), heightForWidth(place.width())), place.height());
+        setGeometry(place.x(), place.bottom() + 1 - height, place.width(), height);
+        if (isHidden()) {
+            raise();
+            show();
+        }
+    }
+    return !stopped_;
+}
+
+void WaitNotice::end() {
+    hide();
+}
+
+} // namespace velmarin

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "store/FolderItem.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <string>
+
+class QLineEdit;
+class QPushButton;
+
+namespace velmarin {
+
+class AnchoredLayout;
+class BusyState;
+class Host;
+class OrderList;
+class WindowsLink;
+
+/// The order editor: a window of its own beside the main windows, bound to the window and group that were in front when
+/// it was opened. Deletes itself when closed.
+class EditDicDlg : public QWidget {
+    Q_OBJECT
+  public:
+    EditDicDlg(WindowsLink& windows, Host& host, BusyState& busy);
+
+    /// The group folder that is being edited.
+    FolderItem pObjFol;
+    /// The main window whose group it is, by its position in `MainWinList`.
+    int MainWin = 0;
+
+    /// Adds the dictionaries of the window to the rows that there are, and shows the group's name.
+    void mSet();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void makeControls();
+    void makeLabels(AnchoredLayout& layout);
+    void CancelBT_Action();
+    void SaveBT_Action();
+    std::string groupName() const;
+    void save();
+
+    WindowsLink& windows_;
+    Host& host_;
+    BusyState& busy_;
+    OrderList* LB_;
+    QLineEdit* EF_;
+    QPushButton* CancelBT_;
+    QPushButton* SaveBT_;
+    std::string nameAsSet_;
+    bool saving_ = false;
+    std::shared_ptr<void> onBusy_;
+};
+
+} // namespace velmarin

@@ -1,0 +1,105 @@
+#include "maintenance/Maintenance.h"
+
+#include "controls/QtText.h"
+#include "maintenance/EditDicDlg.h"
+#include "maintenance/ExpDicDlg.h"
+#include "maintenance/Install.h"
+#include "maintenance/Update.h"
+#include "maintenance/WaitDlg.h"
+#include "maintenance/WindowsLink.h"
+#include "platform/Busy.h"
+#include "platform/Host.h"
+#include "store/DictionaryItem.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::string_view kNoDictionary = "This is not a Dictionary !";
+constexpr std::string_view kNewComer =
+    "This dictionary is a new comer.\n\n"
+    "The old versio of this ditionary does not exists in the Dictionary Folder. \n"
+    "So you have to decide which dictionary group to put this dictionary in. Otherwise you have to make a new "
+    "dictionary group.\n"
+    "After closing this dialog, a new dialog (to folder selection) will appear: \n"
+    "To use a existing group, selet the appropriate folder on the dialog. To make a new group, make a new folder on "
+    "the dialog.";
+constexpr std::string_view kAskForGroup = "To use a existing group. selet the appropriate folder on the dialog. To "
+                                          "make a new group, make a new folder on the dialog.";
+
+} // namespace
+
+FolderItem desktopFolder() {
+    return FolderItem(pathFromQ(QStandardPaths::writableLocation(QStandardPaths::DesktopLocation)));
+}
+
+Maintenance::Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop)
+    : windows_(windows), host_(host), busy_(busy), desktop_(std::move(desktop)) {}
+
+Maintenance::~Maintenance() {
+    delete expDicDlg_;
+    delete editDicDlg_;
+}
+
+void Maintenance::mUpDateDictionary() {
+    const std::filesystem::path chosen = host_.SelectFolder("Select the folder of a dictionary.");
+    if (chosen.empty())
+        return;
+    const FolderItem dictionary(chosen);
+    if (!mSub_DicOrNot(dictionary)) {
+        host_.MsgBox(kNoDictionary);
+        return;
+    }
+    const Busy guard(busy_);
+    Record record;
+    {
+        WaitDlg wait(QApplication::activeWindow());
+        wait.show();
+        const Progress yield = [this](const WorkDone&) { host_.Yield(); };
+        const auto copies = installedCopies(windows_.pDictionaryFolder(), dictionary.Name(), yield);
+        record =
+            copies.empty() ? mInstallDictionary(dictionary) : updateDictionary(dictionary, copies, desktop_, yield);
+    }
+    if (!record.failures.empty())
+        host_.MsgBox(failureMessage(record));
+}
+
+Record Maintenance::mInstallDictionary(const FolderItem& dictionary) {
+    host_.MsgBox(kNewComer);
+    const std::filesystem::path group = host_.SelectFolder(kAskForGroup, windows_.pDictionaryFolder().path());
+    if (group.empty())
+        return {};
+    Record record = installDictionary(dictionary, FolderItem(group), [this](const WorkDone&) { host_.Yield(); });
+    for (int window = 0; window < windows_.windowCount(); ++window) {
+        windows_.startAnew(window);
+        host_.Yield();
+    }
+    return record;
+}
+
+void Maintenance::mExportDic() {
+    if (expDicDlg_) {
+        expDicDlg_->raise();
+        expDicDlg_->activateWindow();
+        return;
+    }
+    expDicDlg_ = new ExpDicDlg(host_, busy_, QApplication::activeWindow());
+    expDicDlg_->show();
+    expDicDlg_->fill(windows_.pDictionaryFolder());
+}
+
+void Maintenance::changeDictionariesOrder(int window, const FolderItem& group) {
+    if (!editDicDlg_)
+        editDicDlg_ = new EditDicDlg(windows_, host_, busy_);
+    editDicDlg_->MainWin = window;
+    editDicDlg_->show();
+    editDicDlg_->raise();
+    editDicDlg_->activateWindow();
+    editDicDlg_->pObjFol = group;
+    editDicDlg_->mSet();
+}
+
+} // namespace velmarin

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "maintenance/Record.h"
+#include "store/FolderItem.h"
+
+#include <QPointer>
+
+namespace velmarin {
+
+class BusyState;
+class EditDicDlg;
+class ExpDicDlg;
+class Host;
+class WindowsLink;
+
+/// The desktop of the user, where the backup folders of an update go. It need not exist.
+FolderItem desktopFolder();
+
+/// The maintenance commands and their dialogs, of which there is one each. Owned by the application object.
+class Maintenance {
+  public:
+    Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop = desktopFolder());
+    ~Maintenance();
+
+    /// Asks for a dictionary, and updates every installed copy of it or, where there is none, installs it. Works while
+    /// `WaitDlg` is up, holding a Busy guard, and returns when all is done.
+    void mUpDateDictionary();
+    /// Shows the export dialog with the dictionaries of all groups, and returns.
+    void mExportDic();
+    /// Shows the order editor for the group of a main window, and returns. Where it is up already, it gets the rows
+    /// once more.
+    void changeDictionariesOrder(int window, const FolderItem& group);
+
+  private:
+    Record mInstallDictionary(const FolderItem& dictionary);
+
+    WindowsLink& windows_;
+    Host& host_;
+    BusyState& busy_;
+    FolderItem desktop_;
+    QPointer<ExpDicDlg> expDicDlg_;
+    QPointer<EditDicDlg> editDicDlg_;
+};
+
+} // namespace velmarin

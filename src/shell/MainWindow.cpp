@@ -17,6 +17,7 @@
 #include "shell/PageImages.h"
 #include "shell/SideLink.h"
 #include "side/FindBar.h"
+#include "side/SubWindow.h"
 #include "text/NilObjectException.h"
 #include "view/SmartCanvas.h"
 
@@ -81,7 +82,10 @@ MainWindow::MainWindow(App& app) : app_(app) {
     mSetSize();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+    // A side window that has been closed may still wait for its end, and uses the link to the last.
+    qDeleteAll(findChildren<SubWindow*>());
+}
 
 void MainWindow::makeParts() {
     QWidget* content = centralWidget();

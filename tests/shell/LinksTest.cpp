@@ -1,0 +1,142 @@
+#include "Started.h"
+
+#include "controls/BevelButton.h"
+#include "controls/ListBox.h"
+#include "controls/PopupMenu.h"
+#include "controls/QtText.h"
+#include "controls/TabPanel.h"
+#include "shell/GroupPicker.h"
+#include "shell/SideLink.h"
+#include "side/SubWindow.h"
+#include "view/PageImageWindow.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace velmarin::test {
+namespace {
+
+template <class Window> Window* openWindow() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (auto* found = qobject_cast<Window*>(widget); found != nullptr && found->isVisible())
+            return found;
+    return nullptr;
+}
+
+GroupBuilder groupWithErrata() {
+    return GroupBuilder("G").dictionary(DictionaryBuilder("A")
+                                            .entry("apple", "1.bmp", {"e1.bmp", "gone.bmp"})
+                                            .entry("banana", "2.bmp")
+                                            .entry("zzz", "3.bmp")
+                                            .without("mPimg/gone.bmp"));
+}
+
+TEST(ErrataMenu, OpensThePageImageWindowWhichStepsTheTabItCameFrom) {
+    Started run;
+    run.group(groupWithErrata()).start();
+    run.search("apple");
+    run.choose("BVErrata.0", 1);
+    EXPECT_EQ(openWindow<PageImageWindow>(), nullptr) << "a name without a file opens nothing";
+    run.choose("BVErrata.0", 0);
+    auto* window = openWindow<PageImageWindow>();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(run.app().module.pPageImageShown);
+    QTest::mouseClick(window->findChild<BevelButton*>("MainWinPage.1"), Qt::LeftButton);
+    EXPECT_EQ(run.imageName(0), "2.bmp");
+    window->close();
+    QApplication::processEvents();
+    EXPECT_FALSE(run.app().module.pPageImageShown);
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
+TEST(ErrataMenu, AChangeOfGroupClosesThePageImageWindow) {
+    Started run;
+    run.group(groupWithErrata()).group(fruitGroup("H", 1)).start();
+    run.pick("G");
+    run.search("apple");
+    run.choose("BVErrata.0", 0);
+    ASSERT_NE(openWindow<PageImageWindow>(), nullptr);
+    run.pick("H");
+    EXPECT_EQ(openWindow<PageImageWindow>(), nullptr);
+}
+
+TEST(SideWindow, OpensAndClosesWithItsButtonAndGoesWithItsGroup) {
+    Started run;
+    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
+    run.pick("G");
+    auto* button = run.control<BevelButton>("SubWinBV");
+    run.click("SubWinBV");
+    ASSERT_NE(run.window().sideLink().pMySubWin(), nullptr);
+    EXPECT_TRUE(button->isChecked());
+    run.click("SubWinBV");
+    EXPECT_FALSE(run.window().sideLink().pSubWinShown());
+    EXPECT_FALSE(button->isChecked());
+    EXPECT_EQ(run.read("DictionaryFolder/G/Subwindow").substr(0, 4), "352\n");
+    run.click("SubWinBV");
+    run.pick("H");
+    EXPECT_FALSE(run.window().sideLink().pSubWinShown());
+    EXPECT_FALSE(std::filesystem::exists(run.groupFolder("H") / "Subwindow"));
+}
+
+TEST(SideWindow, AQueryGoesThereOnlyWhenSynchronised) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    run.click("SubWinBV");
+    SubWindow* side = run.window().sideLink().pMySubWin();
+    ASSERT_NE(side, nullptr);
+    auto* word = side->findChild<QLineEdit*>("FindEF");
+    run.search("banana");
+    EXPECT_EQ(word->text(), "");
+    side->findChild<QCheckBox*>("SyncronizeCB")->click();
+    run.search("cherry");
+    EXPECT_EQ(word->text(), "cherry");
+}
+
+TEST(OrderEditor, SavesTheNewOrderAndTheWindowFollowsAtOnce) {
+    Started run;
+    run.group(fruitGroup("G", 2).preferences("Old\t0\t\nA\t2\nB\t2\n")).start();
+    run.app().ActiveMainWin = &run.window();
+    run.app().handle("SpecialChangedictionaryorder", 0);
+    QWidget* editor = nullptr;
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        if (widget->findChild<QPushButton*>("SaveBT") != nullptr && widget->isVisible())
+            editor = widget;
+    ASSERT_NE(editor, nullptr);
+    editor->findChild<QLineEdit*>("EF")->setText("New");
+    QTest::mouseClick(editor->findChild<QPushButton*>("SaveBT"), Qt::LeftButton);
+    QApplication::processEvents();
+    EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), "New\nA\nB\n");
+    EXPECT_EQ(run.window().title(), "New");
+    EXPECT_EQ(run.window().state().pDictionaryItem.size(), 2U);
+}
+
+TEST(OrderEditor, DoesNothingWithoutAPickedGroup) {
+    Started run;
+    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
+    run.app().ActiveMainWin = &run.window();
+    run.app().handle("SpecialChangedictionaryorder", 0);
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        EXPECT_EQ(widget->findChild<QPushButton*>("SaveBT"), nullptr);
+}
+
+TEST(AfterAnInstall, EveryWindowStartsAnewAndItsGroupCanBePickedAgain) {
+    Started run;
+    run.group(fruitGroup("G", 2)).start();
+    run.search("banana");
+    run.files().write("DictionaryFolder/G/DictionaryPreferences.txt", "G\t0\t\nB\t2\nA\t0\n");
+    MaintenanceLink link(run.app());
+    link.startAnew(0);
+    EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "");
+    EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1);
+    EXPECT_EQ(run.imageName(0), "");
+    run.pick("G");
+    EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "B") << "the window wrote its old order over the file";
+}
+
+} // namespace
+} // namespace velmarin::test

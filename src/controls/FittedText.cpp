@@ -19,15 +19,15 @@ template <typename Fits> QFont shrunk(QFont font, int smallest, Fits fits) {
 
 } // namespace
 
-QFont fontForHeight(QFont font, int height) {
-    return shrunk(std::move(font), kSmallestPixelSize, [height](const QFont& tried) {
+QFont fontForHeight(const QFont& font, int height) {
+    return shrunk(font, kSmallestPixelSize, [height](const QFont& tried) {
         const QFontMetrics metrics(tried);
         return metrics.ascent() + metrics.descent() <= height;
     });
 }
 
-QFont fontForWidth(QFont font, const QString& text, int width, int smallest) {
-    return shrunk(std::move(font), smallest, [&](const QFont& tried) { return textWidth(tried, text) <= width; });
+QFont fontForWidth(const QFont& font, const QString& text, int width, int smallest) {
+    return shrunk(font, smallest, [&](const QFont& tried) { return textWidth(tried, text) <= width; });
 }
 
 int textWidth(const QFont& font, const QString& text) {

@@ -11,10 +11,10 @@ inline constexpr int kSmallestPixelSize = 8;
 
 /// `font`, made smaller where a line of it is higher than `height` logical pixels, but not below what can be read. The
 /// layout's buttons are 16 pixels high whatever the desktop's font is.
-QFont fontForHeight(QFont font, int height);
+QFont fontForHeight(const QFont& font, int height);
 
 /// `font`, made smaller as far as that lets `text` stand in `width` logical pixels, but not below `smallest` pixels.
-QFont fontForWidth(QFont font, const QString& text, int width, int smallest = kSmallestPixelSize);
+QFont fontForWidth(const QFont& font, const QString& text, int width, int smallest = kSmallestPixelSize);
 
 /// The logical pixels that `text` needs, rounded up: a fraction too little would cut it short.
 int textWidth(const QFont& font, const QString& text);

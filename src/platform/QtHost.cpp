@@ -108,7 +108,7 @@ std::filesystem::path QtHost::GetOpenFile(std::string_view prompt, const std::ve
     const QString chosen = QFileDialog::getOpenFileName(dialogParent(), toQ(prompt), pathToQ(lastFolder_), filter);
     if (chosen.isEmpty())
         return {};
-    const std::filesystem::path file = pathFromQ(chosen);
+    std::filesystem::path file = pathFromQ(chosen);
     lastFolder_ = file.parent_path();
     return file;
 }

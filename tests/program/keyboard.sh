@@ -12,9 +12,9 @@ start() {
 start
 xdotool type --delay 30 banana
 xdotool key --delay 50 Return ctrl+Right ctrl+Up ctrl+Down Down ctrl+shift+Right
-xdotool windowmove --sync "$window" 60 70
-xdotool windowsize --sync "$window" 900 850
-until_true grep -q "^60	70	900	" Preferences/MainWindow
+xdotool windowmove "$window" 60 70
+xdotool windowsize "$window" 900 850
+until_true grep -qP '^\d+\t\d+\t900\t' Preferences/MainWindow
 xdotool key ctrl+q
 wait $program || fail "the program ended with $?: $(cat said)"
 [ "$(cat $preferences)" = "$(printf 'Pair\t0\t\nB\t2\nA\t0')" ] || fail "the preferences are not as they were: $(cat $preferences)"

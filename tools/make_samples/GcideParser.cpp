@@ -185,7 +185,8 @@ std::string withoutPronunciations(std::string_view text) {
     out = singleSpaced(out);
     replaceEach(out, " ;", ";");
     replaceEach(out, " ,", ",");
-    while (out.ends_with(" .") || out.ends_with(","))
+    replaceEach(out, " .", ".");
+    while (out.ends_with(","))
         out.pop_back();
     return out == "." ? "" : out;
 }

@@ -21,6 +21,9 @@ constexpr double kanaStretch = 0.06;
 constexpr double hyphenPenalty = 60;
 constexpr double twoHyphensDemerits = 4000;
 constexpr double lastWordPartDemerits = 6000;
+constexpr double loosestRatio = 1000;
+/// More than the loosest line can have.
+constexpr double overfullDemerits = 1e24;
 
 /// A stretch of glyphs that no blank divides.
 struct Box {
@@ -163,7 +166,6 @@ struct Break {
     double startWidth = 0, startStretch = 0, startShrink = 0;
     double demerits = std::numeric_limits<double>::infinity();
     std::size_t previous = 0;
-    std::size_t line = 0; ///< lines before this place
     double ratio = 0;
 };
 
@@ -239,7 +241,7 @@ std::optional<std::pair<double, double>> lineCost(const Break& from, const Break
     } else {
         ratio = slack / std::max(stretch, 0.02 * em);
     }
-    const double badness = 100 * std::pow(std::min(std::abs(ratio), 40.0), 3);
+    const double badness = 100 * std::pow(std::min(std::abs(ratio), loosestRatio), 3);
     double demerits = std::pow(10 + badness, 2);
     if (to.division != nullptr) {
         const double penalty = to.division->hyphen ? hyphenPenalty : hyphenPenalty / 4;
@@ -252,9 +254,18 @@ std::optional<std::pair<double, double>> lineCost(const Break& from, const Break
     return std::pair(ratio, demerits);
 }
 
+void takeIfBetter(std::vector<Break>& breaks, std::size_t from, std::size_t to, double demerits, double ratio) {
+    if (breaks[from].demerits + demerits >= breaks[to].demerits)
+        return;
+    breaks[to].demerits = breaks[from].demerits + demerits;
+    breaks[to].previous = from;
+    breaks[to].ratio = ratio;
+}
+
 /// The indices of the chosen breaks, in order.
 std::vector<std::size_t> chooseBreaks(std::vector<Break>& breaks, const Indents& indents, double width, bool justified,
                                       double em) {
+    const double widest = width - std::min(indents.first, indents.rest);
     breaks[0].demerits = 0;
     for (std::size_t to = 1; to < breaks.size(); ++to) {
         const bool isLast = to + 1 == breaks.size();
@@ -262,27 +273,15 @@ std::vector<std::size_t> chooseBreaks(std::vector<Break>& breaks, const Indents&
         for (std::size_t from = to; from-- > 0;) {
             if (!std::isfinite(breaks[from].demerits))
                 continue;
-            const double available = width - (breaks[from].line == 0 ? indents.first : indents.rest);
+            const double available = width - (from == 0 ? indents.first : indents.rest);
             const auto cost = lineCost(breaks[from], breaks[to], available, justified, isLast, em);
-            if (!cost) {
-                // Too long already, and only longer from here on. A box wider than the column has to stand all the
-                // same.
-                if (tried)
-                    break;
-                breaks[to].demerits = breaks[from].demerits + 1e9;
-                breaks[to].previous = from;
-                breaks[to].line = breaks[from].line + 1;
-                breaks[to].ratio = -1;
-                break;
-            }
+            if (cost)
+                takeIfBetter(breaks, from, to, cost->second, cost->first);
+            else if (!tried) // A box wider than the column has to stand all the same.
+                takeIfBetter(breaks, from, to, overfullDemerits, -1);
+            else if (!lineCost(breaks[from], breaks[to], widest, justified, isLast, em))
+                break; // and from further back it is longer still
             tried = true;
-            const double demerits = breaks[from].demerits + cost->second;
-            if (demerits < breaks[to].demerits) {
-                breaks[to].demerits = demerits;
-                breaks[to].previous = from;
-                breaks[to].line = breaks[from].line + 1;
-                breaks[to].ratio = cost->first;
-            }
         }
     }
     std::vector<std::size_t> chosen;

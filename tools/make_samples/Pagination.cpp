@@ -68,9 +68,12 @@ void nameArticles(Page& page, const std::vector<FlowLine>& flow) {
 
 /// The least height at which two columns hold the rest.
 double evenHeight(const std::vector<FlowLine>& flow, std::size_t from, double height) {
-    for (double trial = heightOf(flow, from, flow.size()) / 2; trial < height; trial += 4)
-        if (columnEnd(flow, columnEnd(flow, from, trial), trial) == flow.size())
+    for (double trial = heightOf(flow, from, flow.size()) / 2; trial < height; trial += 4) {
+        const std::size_t middle = columnEnd(flow, from, trial);
+        const bool partsWhatBelongs = middle < flow.size() && flow[middle - 1].keepWithNext;
+        if (!partsWhatBelongs && columnEnd(flow, middle, trial) == flow.size())
             return trial;
+    }
     return height;
 }
 

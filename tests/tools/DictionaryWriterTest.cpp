@@ -1,0 +1,78 @@
+#include "make_samples/DictionaryWriter.h"
+
+#include <gtest/gtest.h>
+
+#include "support/TempFolder.h"
+
+namespace velmarin {
+namespace {
+
+std::vector<std::string> keys(const std::vector<IndexLine>& lines) {
+    std::vector<std::string> found;
+    for (const IndexLine& line : lines)
+        found.push_back(line.key);
+    return found;
+}
+
+std::vector<IndexLine> sortedLines(const std::vector<const char*>& words, const IndexOrder& order = {}) {
+    std::vector<IndexLine> lines;
+    for (const char* word : words)
+        lines.push_back({word, "", "p.tif", {}});
+    return indexLines(std::move(lines), order);
+}
+
+const std::string closing = "\U0010FFFD";
+
+TEST(IndexLines, StandInTheOrderOfTheirSearchWordsWithAClosingLine) {
+    struct Row {
+        const char* reason;
+        IndexOrder order;
+        std::vector<const char*> words;
+        std::vector<std::string> expected;
+    };
+    const Row rows[] = {
+        {"case and accents do not count", {}, {"zoo", "Éclair", "eclat", "abc"}, {"abc", "Éclair", "eclat", "zoo"}},
+        {"letters outside the tables come last", {}, {"ångström", "zebra", "łan"}, {"zebra", "ångström", "łan"}},
+        {"old Spanish order", {true, false, ""}, {"chico", "cubo", "llano", "luz"}, {"cubo", "chico", "luz", "llano"}},
+        {"j as i, v as u", {false, true, ""}, {"jam", "iam vero", "uxor", "vas"}, {"jam", "iam vero", "vas", "uxor"}},
+        {"katakana as hiragana", {}, {"イヌ", "あめ", "いえ"}, {"あめ", "いえ", "イヌ"}},
+        {"numbers before names", {false, false, "000"}, {"Zinc", "010", "002"}, {"002", "010", "Zinc"}},
+        {"nothing", {}, {}, {}},
+    };
+    for (const Row& row : rows) {
+        auto expected = row.expected;
+        if (!expected.empty())
+            expected.push_back(closing);
+        EXPECT_EQ(keys(sortedLines(row.words, row.order)), expected) << row.reason;
+    }
+}
+
+TEST(IndexLines, OfEqualWordsOnSeveralPagesTheFirstStays) {
+    const auto lines = indexLines({{"set", "n.", "p1.tif", {}},
+                                   {"Set", "v.", "p1.tif", {}},
+                                   {"SET", "a.", "p2.tif", {}},
+                                   {"a", "", "p0.tif", {}}},
+                                  {});
+    EXPECT_EQ(keys(lines), (std::vector<std::string>{"a", "set", "Set", closing}));
+    EXPECT_EQ(lines.back().page, "p1.tif") << "the closing line has the last page";
+}
+
+TEST(WriteDictionary, FilesAreAsReadersExpectThem) {
+    const test::TempFolder folder;
+    std::filesystem::create_directory(folder.path() / "mImg");
+    const DictionaryShape shape{{false, true, "000"}, true, DictionaryShape::PageList::Captions};
+    writeDictionary(folder.path(),
+                    {{"a", "n.", "p1.png", {"e1.png", "e2.png"}}, {"b", "", "p2.png", {}}, {"c", "", "p2.png", {}}},
+                    {{"p1.png", "i"}, {"p2.png", "1"}}, shape);
+    EXPECT_EQ(folder.read("FW"), "");
+    EXPECT_EQ(folder.read("IJUV"), "");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "Spanish"));
+    EXPECT_EQ(folder.read("ind"), "a__DLM__n.\nb\nc\n");
+    EXPECT_EQ(folder.read("txt"), "<@_p1.png_> in full: <^_e1.png_> <^_e2.png_>\nb <@_p2.png_>\n<@_p2.png_>\n");
+    EXPECT_EQ(folder.read("Format"), "000\ntrue\n");
+    EXPECT_EQ(folder.read("mImg/ImageIndex2"), "1\np1.png\ti\np2.png\t1\n");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "mImg" / "ImageIndex"));
+}
+
+} // namespace
+} // namespace velmarin

@@ -8,6 +8,7 @@
 #include "store/FolderListing.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace velmarin {
 
@@ -47,13 +48,14 @@ void compareLengths(const FolderItem& ind, std::uint64_t entries, const FolderIt
         findings.push_back({txt.path(), entries + 1, "no entry belongs to this line: unequal lengths" + numbers});
 }
 
-void compareWithPageList(const PictureNames& named, const FolderItem& txt, const PageListSummary& list,
-                         const FolderListing& mImg, std::vector<Finding>& findings) {
-    for (const std::string& name : named.names()) {
-        if (!list.pages.has(name) && mImg.has(name))
-            findings.push_back({txt.path(), named.firstLine(name),
-                                "names " + inQuotes(name) + ", which is not in " + list.name +
-                                    ": stepping does not go on from it" + named.furtherLines(name)});
+/// Of the pages that are there, those that stepping cannot lead to.
+void compareWithPageList(const PictureNames& named, const std::vector<NamedPicture>& found, const PageListSummary& list,
+                         std::vector<Finding>& findings) {
+    for (const NamedPicture& page : found) {
+        if (!list.pages.has(page.name))
+            findings.push_back({page.namedIn, page.line,
+                                "names " + inQuotes(page.name) + ", which is not in " + list.name +
+                                    ": stepping goes on from the first page" + named.furtherLines(page.name)});
     }
 }
 
@@ -83,7 +85,7 @@ class DictionaryChecker {
         if (txt)
             checkTxt(*txt, ind);
         if (mImg)
-            checkPages(*mImg, txt);
+            checkPages(*mImg);
         if (images == Images::Decoded)
             decodeAll(pictures_, findings_);
         sortFindings({ind, txt});
@@ -110,7 +112,7 @@ class DictionaryChecker {
         addPictures(text_->extraPages.look(FolderListing(members_.Child("mPimg")), findings_));
     }
 
-    void checkPages(const FolderItem& folder, const std::optional<FolderItem>& txt) {
+    void checkPages(const FolderItem& folder) {
         if (!folder.Directory()) {
             findings_.push_back({folder.path(), 0, "is no folder"});
             return;
@@ -118,9 +120,10 @@ class DictionaryChecker {
         const FolderListing mImg(folder);
         const auto list = checkPageList(mImg, findings_);
         if (text_) {
-            addPictures(text_->pages.look(mImg, findings_));
+            const std::vector<NamedPicture> found = text_->pages.look(mImg, findings_);
             if (list)
-                compareWithPageList(text_->pages, *txt, *list, mImg, findings_);
+                compareWithPageList(text_->pages, found, *list, findings_);
+            addPictures(found);
         }
         if (list)
             addPictures(list->pictures);

@@ -8,6 +8,9 @@ namespace velmarin {
 
 namespace {
 
+/// What an `ind` may have to be loaded; of the other files none comes near it.
+constexpr std::uint64_t kLongestCheckedFile = std::uint64_t{1} << 28;
+
 /// Where the first byte stands that is not UTF-8, from 1.
 std::size_t firstInvalidByte(std::string_view line) {
     std::size_t at = 0;
@@ -32,6 +35,10 @@ checkLines(const FolderItem& file, std::vector<Finding>& findings,
     const auto opened = ReadOnlyFile::open(file);
     if (!opened) {
         findings.push_back({file.path(), 0, "is no file that can be read"});
+        return std::nullopt;
+    }
+    if (opened->stamp().size > kLongestCheckedFile) {
+        findings.push_back({file.path(), 0, "is longer than 256 megabytes, which is more than is read"});
         return std::nullopt;
     }
     FileLineReader lines(*opened);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <exception>
 #include <new>
 #include <thread>
 
@@ -50,6 +51,8 @@ std::string faultOf(const FolderItem& file) {
         return decoded.reason.empty() ? std::string() : "can be decoded in part only: " + decoded.reason;
     } catch (const std::bad_alloc&) {
         return "cannot be decoded: there is not enough memory";
+    } catch (const std::exception& error) {
+        return std::string("cannot be decoded: ") + error.what();
     }
 }
 

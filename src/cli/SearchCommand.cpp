@@ -5,6 +5,8 @@
 #include "cli/Words.h"
 #include "search/DictionarySearch.h"
 
+#include <optional>
+
 namespace velmarin {
 
 namespace {
@@ -52,7 +54,8 @@ struct SearchRequest {
     std::string group;
     std::vector<std::string> words;
     SearchForm form = SearchForm::Tab;
-    int front = 0;
+    /// The tab in front as it was given.
+    std::optional<int> front;
     bool json = false;
 };
 
@@ -64,15 +67,16 @@ std::string tabNumber(const std::string& text) {
 }
 
 /// --front beyond the last tab is a slip; without the option, an empty group has no tab either and needs none.
-void checkFront(const SearchRequest& request, std::size_t dictionaries, bool given) {
-    if (given && static_cast<std::size_t>(request.front) >= dictionaries)
-        throw CannotDo("--front " + std::to_string(request.front) + ": the group has " + std::to_string(dictionaries) +
+void checkFront(std::optional<int> front, std::size_t dictionaries) {
+    if (front && static_cast<std::size_t>(*front) >= dictionaries)
+        throw CannotDo("--front " + std::to_string(*front) + ": the group has " + std::to_string(dictionaries) +
                        " dictionaries, counted from 0");
 }
 
-Status search(const SearchRequest& request, bool frontGiven, Session& session) {
+Status search(const SearchRequest& request, Session& session) {
     const ReadGroup group = groupArgument(request.group, session);
-    checkFront(request, group.dictionaries.size(), frontGiven);
+    checkFront(request.front, group.dictionaries.size());
+    const int front = request.front.value_or(0);
     SearchRecordWriter writer(session.out(), group.dictionaries, request.json);
     bool anyHit = false;
     Words words(request.words, session.out());
@@ -81,7 +85,7 @@ Status search(const SearchRequest& request, bool frontGiven, Session& session) {
             DictionaryItem& item = *group.dictionaries[i];
             session.setSubject(item.DictionaryFolderitem.path().native());
             SearchResult result;
-            if (request.form == SearchForm::List || takesPart(group.dictionaries, static_cast<int>(i), request.front))
+            if (request.form == SearchForm::List || takesPart(group.dictionaries, static_cast<int>(i), front))
                 result = searchDictionary(*word, item, request.form);
             else
                 result.outcome = SearchOutcome::Skipped;
@@ -109,11 +113,11 @@ void addSearchCommand(CLI::App& program, Job& chosen) {
         SearchRequest request = {.group = operand(group),
                                  .words = operands(words),
                                  .form = list->count() > 0 ? SearchForm::List : SearchForm::Tab,
-                                 .front = front->count() > 0 ? front->as<int>() : 0,
+                                 .front = std::nullopt,
                                  .json = json->count() > 0};
-        chosen = [request = std::move(request), frontGiven = front->count() > 0](Session& session) {
-            return search(request, frontGiven, session);
-        };
+        if (front->count() > 0)
+            request.front = front->as<int>();
+        chosen = [request = std::move(request)](Session& session) { return search(request, session); };
     });
 }
 

@@ -49,11 +49,15 @@ TEST(IndexLines, StandInTheOrderOfTheirSearchWordsWithAClosingLine) {
 
 TEST(IndexLines, OfEqualWordsOnSeveralPagesTheFirstStays) {
     const auto lines = indexLines({{"set", "n.", "p1.tif", {}},
-                                   {"Set", "v.", "p1.tif", {}},
-                                   {"SET", "a.", "p2.tif", {}},
+                                   {"Set", "v.", "p1.tif", {"e1.tif"}},
+                                   {"SET", "a.", "p2.tif", {"e2.tif"}},
                                    {"a", "", "p0.tif", {}}},
                                   {});
     EXPECT_EQ(keys(lines), (std::vector<std::string>{"a", "set", "Set", closing}));
+    EXPECT_TRUE(lines[0].extraPages.empty());
+    EXPECT_EQ(lines[1].extraPages, (std::vector<std::string>{"e1.tif", "e2.tif"})) << "of all with that word";
+    EXPECT_EQ(lines[2].extraPages, lines[1].extraPages);
+    EXPECT_TRUE(lines[3].extraPages.empty());
     EXPECT_EQ(lines.back().page, "p1.tif") << "the closing line has the last page";
 }
 

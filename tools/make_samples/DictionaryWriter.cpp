@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 namespace velmarin {
@@ -68,12 +69,19 @@ std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder
         keyed.push_back({indexSearchWord(line.key, order), std::move(line)});
     std::stable_sort(keyed.begin(), keyed.end(), [](const Keyed& a, const Keyed& b) { return a.word < b.word; });
     std::vector<IndexLine> sorted;
-    const std::string* lastWord = nullptr;
-    for (Keyed& next : keyed) {
-        if (lastWord != nullptr && *lastWord == next.word && sorted.back().page != next.line.page)
-            continue;
-        lastWord = &next.word;
-        sorted.push_back(std::move(next.line));
+    for (std::size_t from = 0; from < keyed.size();) {
+        const std::size_t firstOfWord = sorted.size();
+        std::vector<std::string> extraPages;
+        std::size_t at = from;
+        for (; at < keyed.size() && keyed[at].word == keyed[from].word; ++at) {
+            IndexLine& line = keyed[at].line;
+            std::move(line.extraPages.begin(), line.extraPages.end(), std::back_inserter(extraPages));
+            if (sorted.size() == firstOfWord || sorted.back().page == line.page)
+                sorted.push_back(std::move(line));
+        }
+        for (std::size_t i = firstOfWord; i < sorted.size(); ++i)
+            sorted[i].extraPages = extraPages;
+        from = at;
     }
     if (!sorted.empty())
         sorted.push_back({closingKey, "end", sorted.back().page, {}});

@@ -31,7 +31,8 @@ struct ListedPage {
 };
 
 /// Puts the lines in the order of their search words. Of lines with equal search words only the first stays, unless the
-/// others name the same page. A closing line that sorts after everything is added, with the page of the last.
+/// others name the same page; whichever of them a search shows, it has the extra pages of all. A closing line that
+/// sorts after everything is added, with the page of the last.
 std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder& order);
 
 /// Writes the members of a dictionary other than its pictures into `folder`, which exists. `lines` come from

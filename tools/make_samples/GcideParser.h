@@ -34,7 +34,7 @@ struct GcideArticle {
 GcideArticle parseGcideArticle(std::string_view text);
 
 /// The words of 1913 from A to Z in a shorter form: those with most to say, until `bytes` of text are reached. About
-/// three articles for each letter, and each of `alwaysInFull`, have their full text as a supplement.
+/// three words for each letter, and each of `alwaysInFull`, have their articles in full as a supplement.
 std::vector<Article> websterArticles(const DictdReader& gcide, std::size_t bytes,
                                      const std::vector<std::string>& alwaysInFull);
 

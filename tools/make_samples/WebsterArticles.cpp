@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -166,7 +167,7 @@ char firstLetter(const std::string& word) {
     return static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
 }
 
-/// Which of `chosen` (ascending by importance from the back) are given in full as well.
+/// Which of `chosen`, the most important first, are given in full as well: one of those with the same headword.
 std::set<std::size_t> givenInFull(const std::vector<GcideArticle>& chosen, const std::vector<std::string>& always) {
     std::set<std::size_t> picked;
     std::map<char, std::vector<std::size_t>> byLetter;
@@ -181,6 +182,8 @@ std::set<std::size_t> givenInFull(const std::vector<GcideArticle>& chosen, const
         picked.insert(articles[articles.size() / 40]);
         picked.insert(articles[articles.size() / 15]);
     }
+    std::set<std::string> seen;
+    std::erase_if(picked, [&](std::size_t i) { return !seen.insert(chosen[i].headword).second; });
     return picked;
 }
 
@@ -219,7 +222,9 @@ std::vector<Article> websterArticles(const DictdReader& gcide, std::size_t bytes
         chosen.push_back(std::move(all[i]));
     }
     for (const std::size_t i : givenInFull(chosen, alwaysInFull))
-        articles[i].supplement = inFull(chosen[i]);
+        for (const GcideArticle& homograph : chosen)
+            if (homograph.headword == chosen[i].headword)
+                std::ranges::move(inFull(homograph), std::back_inserter(articles[i].supplement));
     return articles;
 }
 

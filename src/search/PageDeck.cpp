@@ -88,7 +88,7 @@ void PageDeck::mSetPicture(const std::string& name, int tabIndex, bool addToHist
 }
 
 void PageDeck::mNextBack(int direction, int tabIndex) {
-    if (!set(TB_->Value()).MainCanvas->hasImage())
+    if (!set(TB_->Value()).MainCanvas->hasImage() || !state_.hasDictionary(state_.shownDictionary(tabIndex)))
         return;
     const ControlSet& target = set(tabIndex);
     const std::shared_ptr<DictionaryItem> item = state_.dictionary(state_.shownDictionary(tabIndex));
@@ -153,9 +153,9 @@ void PageDeck::BVimage_Action(int index) {
     target.MainCanvas->Refresh();
 }
 
-void PageDeck::stepHistory(int direction) {
+void PageDeck::ImageHistory_Action(int direction) {
     const int tab = TB_->Value();
-    if (tab >= static_cast<int>(state_.pDictionaryItem.size()))
+    if (!state_.hasDictionary(tab))
         return;
     const std::shared_ptr<DictionaryItem> item = state_.dictionary(tab);
     BevelButton* menu = set(tab).BVHistory;
@@ -167,13 +167,13 @@ void PageDeck::stepHistory(int direction) {
     mSetPicture(name, tab, false);
 }
 
-void PageDeck::stepTab(int direction) {
+void PageDeck::TabBackNext_Action(int direction) {
     const int count = TB_->PanelCount();
     if (count > 1)
         TB_->setValue((TB_->Value() + (direction != 0 ? 1 : count - 1)) % count);
 }
 
-void PageDeck::goToEndTab(int direction) {
+void PageDeck::TabTopTail_Action(int direction) {
     TB_->setValue(direction != 0 ? TB_->PanelCount() - 1 : 0);
 }
 

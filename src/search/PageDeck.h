@@ -5,7 +5,6 @@
 
 #include <QObject>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -42,11 +41,11 @@ class PageDeck : public QObject {
     void showErrata(int tabIndex, const std::vector<std::string>& names);
 
     /// 0 is "History-Back", any other "History-Next", in the tab in front.
-    void stepHistory(int direction);
+    void ImageHistory_Action(int direction);
     /// 0 is the tab to the left, any other the one to the right, round the ends.
-    void stepTab(int direction);
+    void TabBackNext_Action(int direction);
     /// 0 is the first tab, any other the last.
-    void goToEndTab(int direction);
+    void TabTopTail_Action(int direction);
 
   signals:
     /// A row of the errata menu was chosen: the file, which may not exist, and the tab in front.

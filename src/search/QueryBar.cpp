@@ -54,7 +54,7 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
       OKBT_(new QPushButton(QStringLiteral("OK"), parent)), PB_(new ProgressBar(Qt::Vertical, parent)) {
     SearchEF_->setObjectName(QStringLiteral("SearchEF"));
     SearchEF_->setAccessibleName(QStringLiteral("Word to search"));
-    SearchEF_->setText(QStringLiteral("To execute a search, select a dictionary."));
+    showNoGroup();
     SearchEF_->setStyleSheet(QStringLiteral("QLineEdit { background: #f9ffe8; color: black; }"));
     SearchEF_->installEventFilter(this);
     layout.add(SearchEF_, QRect(257, 3, 295, 28), Anchor::Left | Anchor::Top | Anchor::Right);
@@ -82,8 +82,12 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     layout.add(PB_, QRect(828, -1, 12, 790), Anchor::Top | Anchor::Right | Anchor::Bottom);
 
     connect(OKBT_, &QPushButton::clicked, this, &QueryBar::OKBT_Action);
-    connect(SearchEF_, &QLineEdit::returnPressed, OKBT_, &QPushButton::click);
     connect(SeparatelyCB_, &QCheckBox::toggled, this, &QueryBar::separatelyClicked);
+}
+
+void QueryBar::showNoGroup() {
+    SearchEF_->setText(QStringLiteral("To execute a search, select a dictionary."));
+    SeparatelyCB_->setChecked(false);
 }
 
 void QueryBar::OKBT_Action() {
@@ -99,10 +103,13 @@ void QueryBar::OKBT_Action() {
         return;
     }
     const QString query = SearchEF_->text();
+    // Selected already now: what is typed while the search runs is the next word.
+    SearchEF_->selectAll();
     runQuery(fromQ(query));
     emit searched(query);
     emit finished();
-    SearchEF_->selectAll();
+    if (SearchEF_->text() == query)
+        SearchEF_->selectAll();
     SearchEF_->setFocus();
 }
 
@@ -113,7 +120,7 @@ void QueryBar::runQuery(const std::string& query) {
         searchAllIntoList(query);
         break;
     case QueryRoute::FrontTab:
-        if (deck_.TB()->Value() < static_cast<int>(state_.pDictionaryItem.size()))
+        if (state_.hasDictionary(deck_.TB()->Value()))
             searcher_.mSearch(query, deck_.TB()->Value());
         break;
     case QueryRoute::AllTabs:

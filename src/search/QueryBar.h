@@ -33,6 +33,8 @@ class QueryBar : public QObject {
     QPushButton* OKBT() const { return OKBT_; }
     ProgressBar* PB() const { return PB_; }
 
+    /// The initial text, and the check box off.
+    void showNoGroup();
     /// Runs a search for what stands in the field. While another one runs it is put off to the end of that one.
     void OKBT_Action();
 

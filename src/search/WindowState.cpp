@@ -13,7 +13,7 @@ void WindowState::leaveGroup() {
 }
 
 std::shared_ptr<DictionaryItem> WindowState::dictionary(int index) const {
-    if (index < 0 || index >= static_cast<int>(pDictionaryItem.size()))
+    if (!hasDictionary(index))
         throw NilObjectException("There is no dictionary number " + Str(index) + " in this group.");
     return pDictionaryItem[static_cast<std::size_t>(index)];
 }

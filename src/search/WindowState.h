@@ -27,6 +27,7 @@ struct WindowState {
     void leaveGroup();
     /// The dictionary that a tab shows: its own number, in list mode the one that was chosen.
     int shownDictionary(int tabIndex) const { return pListMode ? pListMode_CurrentDicNum : tabIndex; }
+    bool hasDictionary(int index) const { return index >= 0 && index < static_cast<int>(pDictionaryItem.size()); }
     /// The dictionary at `index`, held; raises NilObjectException outside the list.
     std::shared_ptr<DictionaryItem> dictionary(int index) const;
 };

@@ -12,6 +12,7 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <array>
 
 namespace velmarin {
@@ -96,7 +97,7 @@ void App::mMakeNewMainWin() {
     window.groupPicker().mMakeSelectDicPU();
     window.pMyIndex = static_cast<int>(windows_.size());
     windows_.push_back(std::move(made));
-    winItems_.emplace_back("Default Window");
+    winItems_.emplace_back(kWinItemWithoutGroup);
     for (const auto& each : windows_)
         each->menus().setWindowItems(winItems_);
     window.groupPicker().pickOnlyRow();
@@ -113,6 +114,11 @@ MainWindow& App::window(int index) const {
     if (index < 0 || index >= static_cast<int>(windows_.size()))
         throw NilObjectException("There is no main window number " + std::to_string(index) + ".");
     return *windows_[static_cast<std::size_t>(index)];
+}
+
+bool App::isLastVisible(const MainWindow& window) const {
+    return std::none_of(windows_.begin(), windows_.end(),
+                        [&window](const auto& each) { return each.get() != &window && each->isVisible(); });
 }
 
 void App::rebuildSelectedDic() {

@@ -5,6 +5,7 @@
 #include "platform/Host.h"
 #include "search/GroupPicks.h"
 #include "shell/MaintenanceLink.h"
+#include "shell/MenuTree.h"
 #include "shell/PageImages.h"
 #include "shell/PreferenceWriter.h"
 #include "shell/ThisAppliModule.h"
@@ -50,6 +51,8 @@ class App : public QObject {
     /// The main window at this place of MainWinList; raises NilObjectException where there is none.
     MainWindow& window(int index) const;
 
+    /// Whether no other main window is to be seen.
+    bool isLastVisible(const MainWindow& window) const;
     /// Takes the rows in use from the windows anew.
     void rebuildSelectedDic();
     /// The caption of a window's row in the menu "Mainwindow".
@@ -75,7 +78,7 @@ class App : public QObject {
     MaintenanceLink maintenanceLink_;
     Maintenance maintenance_;
     std::vector<std::unique_ptr<MainWindow>> windows_;
-    std::vector<std::string> winItems_{"Default Window"};
+    std::vector<std::string> winItems_{std::string(kWinItemWithoutGroup)};
 };
 
 } // namespace velmarin

@@ -23,6 +23,7 @@
 
 #include <QCloseEvent>
 #include <QFrame>
+#include <QKeyEvent>
 
 #include <array>
 
@@ -36,15 +37,17 @@ struct WindowCommand {
 };
 
 constexpr std::array<WindowCommand, 7> kCommands{{
-    {"TabBackNext", [](MainWindow& window, int index) { window.deck().stepTab(index); }},
+    {"TabBackNext", [](MainWindow& window, int index) { window.deck().TabBackNext_Action(index); }},
     {"ImageBackNext",
      [](MainWindow& window, int index) { window.deck().mNextBack(index, window.deck().TB()->Value()); }},
     {"ImageUpDown", [](MainWindow& window, int index) { window.deck().mUpDown(index, window.deck().TB()->Value()); }},
-    {"TabTopTail", [](MainWindow& window, int index) { window.deck().goToEndTab(index); }},
-    {"ImageHistory", [](MainWindow& window, int index) { window.deck().stepHistory(index); }},
+    {"TabTopTail", [](MainWindow& window, int index) { window.deck().TabTopTail_Action(index); }},
+    {"ImageHistory", [](MainWindow& window, int index) { window.deck().ImageHistory_Action(index); }},
     {"SubwinDic", [](MainWindow& window, int) { window.sideLink().takeTarget(FindTarget::DicApp); }},
     {"SubwinFind", [](MainWindow& window, int) { window.sideLink().takeTarget(FindTarget::Find); }},
 }};
+
+constexpr const char* kTitleWithoutGroup = "VELMARIN";
 
 /// While set, control events that come of restoring a window's state write nothing.
 class Protection {
@@ -77,7 +80,7 @@ MainWindow::MainWindow(App& app) : app_(app) {
     font.setPixelSize(12);
     content->setFont(font);
     makeParts();
-    setTitle("VELMARIN");
+    setTitle(kTitleWithoutGroup);
     resize(design::kWindowWidth, design::kWindowHeight + menus_->sizeHint().height());
     mSetSize();
 }
@@ -105,6 +108,11 @@ void MainWindow::makeParts() {
                  Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
     hitList_ = new HitList(state_, *deck_, content, *layout_);
     about_ = new AboutPanel(content, *layout_);
+    // The row at the top comes first, whatever was made first.
+    setTabOrder(groupPicker_->SelectDicFolPU(), sideLink_->SubWinBV());
+    setTabOrder(sideLink_->SubWinBV(), queryBar_->SearchEF());
+    setTabOrder(queryBar_->SearchEF(), queryBar_->SeparatelyCB());
+    setTabOrder(queryBar_->SeparatelyCB(), queryBar_->OKBT());
     stepper_ = std::make_shared<MainWindowStepper>(*this);
 
     connect(queryBar_, &QueryBar::searched, sideLink_, &SideLink::synchronise);
@@ -118,10 +126,11 @@ void MainWindow::makeParts() {
 }
 
 std::string MainWindow::title() const {
-    return fromQ(windowTitle());
+    return title_;
 }
 
 void MainWindow::setTitle(const std::string& title) {
+    title_ = title;
     // Qt reads "[*]" in a title as the mark of an unsaved file.
     setWindowTitle(toQ(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
@@ -131,6 +140,10 @@ void MainWindow::appendToAbout(const std::string& text) {
 }
 
 void MainWindow::bringToFront() {
+    // A closed window comes back without a group, which is free from now on, for it or for any other.
+    if (!isVisible())
+        app_.rebuildSelectedDic();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
@@ -150,6 +163,7 @@ void MainWindow::changeGroup(const FolderItem& group) {
 
 void MainWindow::readyForSearch() {
     queryBar_->SearchEF()->clear();
+    queryBar_->SearchEF()->setFocus();
     for (QWidget* control :
          std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), sideLink_->SubWinBV()})
         control->setEnabled(true);
@@ -174,6 +188,9 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
     try {
         // Until the new group is read there is none to write: a group that was read in part must not be written back.
         state_.leaveGroup();
+        deck_->reset();
+        state_.pDicGroupName.clear();
+        setTitle("");
         ReadGroup read = readGroup(group, [this] { app_.host().Yield(); });
         state_.pDictionaryGroupFolder = group;
         state_.pDicGroupName = read.groupName;
@@ -257,6 +274,17 @@ void MainWindow::leaveGroup() {
         control->setEnabled(false);
 }
 
+void MainWindow::showNoGroup() {
+    const Protection protection(state_.pProtect);
+    sideLink_->close();
+    leaveGroup();
+    state_.pDicGroupName.clear();
+    setTitle(kTitleWithoutGroup);
+    app_.setWinItemText(pMyIndex, std::string(kWinItemWithoutGroup));
+    queryBar_->showNoGroup();
+    hitList_->setInfo("");
+}
+
 bool MainWindow::handles(std::string_view command) const {
     return std::any_of(kCommands.begin(), kCommands.end(),
                        [command](const WindowCommand& each) { return each.name == command; });
@@ -283,7 +311,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     mWritePreferences_DicGroup();
-    leaveGroup();
+    showNoGroup();
+    if (app_.isLastVisible(*this))
+        app_.pageImages().close();
     event->accept();
 }
 
@@ -293,6 +323,15 @@ void MainWindow::changeEvent(QEvent* event) {
         queryBar_->SearchEF()->setFocus();
         app_.ActiveMainWin = this;
     }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    // Outside of dialogs Qt gives Return to no default button.
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && queryBar_->OKBT()->isDefault())
+        queryBar_->OKBT()->click();
+    else
+        QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::moveEvent(QMoveEvent* event) {

@@ -66,6 +66,7 @@ class MainWindow : public QMainWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -75,10 +76,14 @@ class MainWindow : public QMainWindow {
     void mSetSize();
     void mWritePreferences_Window();
     void leaveGroup();
+    /// As a window without a group stands there: what a closed one comes back as.
+    void showNoGroup();
     void route(std::string_view command, int index);
     bool handle(std::string_view command, int index);
 
     App& app_;
+    /// The title as it was set: Qt's own holds marks.
+    std::string title_;
     WindowState state_;
     AnchoredLayout* layout_;
     MenuBar* menus_;

@@ -61,7 +61,7 @@ const std::vector<MenuPlan>& menuTree() {
         {"MainW",
          "Mainwindow",
          {
-             {"WinItem", 0, "Default Window", "Ctrl+0"},
+             {"WinItem", 0, kWinItemWithoutGroup, "Ctrl+0"},
          }},
     };
     return tree;

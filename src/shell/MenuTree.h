@@ -21,6 +21,9 @@ struct MenuPlan {
     std::vector<MenuItemPlan> items;
 };
 
+/// The caption of a window's row for as long as the window has no group.
+inline constexpr std::string_view kWinItemWithoutGroup = "Default Window";
+
 /// The whole menu bar, `MenuBar1`, from left to right and top to bottom. The rows of `WinItem` grow at run time.
 const std::vector<MenuPlan>& menuTree();
 

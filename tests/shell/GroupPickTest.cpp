@@ -92,6 +92,39 @@ TEST(GroupPick, AClosedWindowCountsButItsGroupIsFreeFromTheNextPick) {
     EXPECT_EQ(run.window().state().pDictionaryGroupFolder.Name(), "Two");
 }
 
+TEST(GroupPick, AWindowThatComesBackIsWithoutAGroupAndMayTakeItsOldOneAgain) {
+    Started run;
+    run.group(fruitGroup("One", 1).preferences("First\t1\t\n")).group(fruitGroup("Two", 1)).start();
+    run.pick("Two");
+    run.app().mMakeNewMainWin();
+    run.pick("One", 1);
+    run.window(1).close();
+    run.app().handle("WinItem", 1);
+    EXPECT_TRUE(run.window(1).isVisible());
+    EXPECT_EQ(run.window(1).title(), "VELMARIN");
+    EXPECT_EQ(run.app().winItems()[1], "Default Window");
+    EXPECT_EQ(run.control<QLineEdit>("SearchEF", 1)->text(), "To execute a search, select a dictionary.");
+    run.pick("One", 1);
+    EXPECT_EQ(run.window(1).title(), "First");
+    EXPECT_EQ(run.read("DictionaryFolder/One/DictionaryPreferences.txt"), "First\t1\t\nA\t2\n")
+        << "the check box was put back into the file";
+}
+
+TEST(GroupPick, AGroupThatCannotBeReadLeavesNothingOfTheOldOne) {
+    Started run;
+    run.group(fruitGroup("Good", 2)).group(fruitGroup("Bad", 1)).start();
+    std::filesystem::create_directory(run.groupFolder("Bad") / "DictionaryPreferences.txt");
+    run.pick("Good");
+    run.search("banana");
+    run.pick("Bad");
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{"Error: ReadDictionaryFolder 0"});
+    EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 1);
+    EXPECT_EQ(run.imageName(0), "");
+    EXPECT_EQ(run.window().title(), "");
+    run.click("BVnext.0");
+    EXPECT_EQ(run.host.messages.size(), 1U);
+}
+
 TEST(GroupPick, AGroupWithoutDictionariesShowsOneEmptyTab) {
     Started run;
     run.group(fruitGroup("Full", 3)).start();

@@ -88,6 +88,29 @@ TEST(Search, ErrataFollowTheLineAndNotThePage) {
     EXPECT_FALSE(errata->isEnabled());
 }
 
+TEST(Search, WhatIsTypedWhileItRunsIsTheNextWord) {
+    Started run;
+    run.group(fruitGroup("G", 3)).start();
+    auto* field = run.control<QLineEdit>("SearchEF");
+    std::string letters = "cherry";
+    run.host.onYield = [&] {
+        if (!letters.empty())
+            QTest::keyClicks(field, toQ(letters));
+        letters.clear();
+    };
+    run.search("banana");
+    EXPECT_EQ(field->text(), "cherry");
+    EXPECT_FALSE(field->hasSelectedText());
+}
+
+TEST(Search, ReturnOutsideTheFieldSearchesToo) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    run.control<QLineEdit>("SearchEF")->setText("date");
+    QTest::keyClick(run.control<QCheckBox>("SeparatelyCB"), Qt::Key_Return);
+    EXPECT_EQ(run.imageName(0), "4.bmp");
+}
+
 TEST(Search, ASecondSearchDuringTheFirstWaitsForItsEnd) {
     Started run;
     run.group(fruitGroup("G", 3)).start();

@@ -9,11 +9,13 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <regex>
 #include <sstream>
 
 #include <fcntl.h>
 #include <sched.h>
+#include <spawn.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -40,45 +42,62 @@ struct Call {
 enum class Place { SameFileSystem, OtherFileSystem };
 enum class Blow { Killed, DiskFull };
 
-/// A tmpfs in a mount namespace of this process, or where that is forbidden a folder that is on another file system
-/// than the temporary folder anyway; empty where there is neither.
-class OtherFileSystem {
+/// Two file systems in memory, of two kinds, in a mount namespace of this process: flushing them takes no time. Where
+/// the kernel forbids that, the temporary folder and /dev/shm, as far as these are two file systems.
+class FileSystems {
   public:
-    OtherFileSystem() {
+    FileSystems() : near_(folder_.path() / "near"), far_(folder_.path() / "far") {
+        fs::create_directory(near_);
+        fs::create_directory(far_);
+        if (enterNamespace() && ::mount("none", near_.c_str(), "ramfs", 0, nullptr) == 0) {
+            mounted_.push_back(near_);
+            if (::mount("none", far_.c_str(), "tmpfs", 0, "size=16m") == 0)
+                mounted_.push_back(far_);
+        }
+        if (mounted_.size() < 2)
+            useSharedMemoryFolder();
+    }
+    ~FileSystems() {
+        for (const fs::path& each : mounted_)
+            ::umount(each.c_str());
+        std::error_code ignored;
+        if (!far_.empty())
+            fs::remove_all(far_, ignored);
+    }
+    FileSystems(const FileSystems&) = delete;
+    FileSystems& operator=(const FileSystems&) = delete;
+
+    const fs::path& nearFolder() const { return near_; }
+    /// On another file system; empty where there is none.
+    const fs::path& farFolder() const { return far_; }
+
+  private:
+    static bool enterNamespace() {
         const uid_t user = ::getuid();
         const gid_t group = ::getgid();
-        if (user == 0 ? ::unshare(CLONE_NEWNS) == 0 : ::unshare(CLONE_NEWNS | CLONE_NEWUSER) == 0) {
-            if (user != 0) {
-                std::ofstream("/proc/self/setgroups") << "deny";
-                std::ofstream("/proc/self/uid_map") << user << " " << user << " 1";
-                std::ofstream("/proc/self/gid_map") << group << " " << group << " 1";
-            }
-            const fs::path mountPoint = folder_.path() / "other";
-            fs::create_directory(mountPoint);
-            if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-                ::mount("none", mountPoint.c_str(), "tmpfs", 0, "size=16m") == 0) {
-                path_ = mountPoint;
-                return;
-            }
+        if (::unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0)
+            return false;
+        if (user != 0) {
+            std::ofstream("/proc/self/setgroups") << "deny";
+            std::ofstream("/proc/self/uid_map") << user << " " << user << " 1";
+            std::ofstream("/proc/self/gid_map") << group << " " << group << " 1";
         }
+        return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    }
+
+    void useSharedMemoryFolder() {
         std::string pattern = "/dev/shm/velmarin-test-XXXXXX";
         struct stat here {
         }, there{};
-        if (::mkdtemp(pattern.data()) != nullptr && ::stat(pattern.c_str(), &there) == 0 &&
-            ::stat(folder_.path().c_str(), &here) == 0 && here.st_dev != there.st_dev)
-            path_ = pattern;
+        const bool other = ::mkdtemp(pattern.data()) != nullptr && ::stat(pattern.c_str(), &there) == 0 &&
+                           ::stat(near_.c_str(), &here) == 0 && here.st_dev != there.st_dev;
+        far_ = other ? pattern : "";
     }
-    ~OtherFileSystem() {
-        if (path_.empty() || ::umount(path_.c_str()) == 0)
-            return;
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    const fs::path& path() const { return path_; }
 
-  private:
     TempFolder folder_;
-    fs::path path_;
+    fs::path near_;
+    fs::path far_;
+    std::vector<fs::path> mounted_;
 };
 
 struct Outcome {
@@ -91,16 +110,17 @@ Outcome execute(const std::vector<std::string>& words, const fs::path& output) {
     for (const std::string& word : words)
         argv.push_back(const_cast<char*>(word.c_str()));
     argv.push_back(nullptr);
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const int to = ::open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        ::dup2(to, 1);
-        ::dup2(to, 2);
-        ::execvp(argv[0], argv.data());
-        ::_exit(127);
-    }
+    posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    ::posix_spawn_file_actions_adddup2(&actions, 1, 2);
+    pid_t child = -1;
+    // Not a fork: the sanitizers make this process large.
+    const int failed = ::posix_spawnp(&child, argv[0], &actions, nullptr, argv.data(), environ);
+    ::posix_spawn_file_actions_destroy(&actions);
     int status = 0;
-    ::waitpid(child, &status, 0);
+    if (failed != 0 || ::waitpid(child, &status, 0) != child)
+        return {};
     return {WIFSIGNALED(status), WIFEXITED(status) ? WEXITSTATUS(status) : -1};
 }
 
@@ -123,32 +143,31 @@ struct Scene {
 
 class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>> {
   protected:
-    static void SetUpTestSuite() { otherFileSystem_ = std::make_unique<OtherFileSystem>(); }
-    static void TearDownTestSuite() { otherFileSystem_.reset(); }
+    static void SetUpTestSuite() { places_ = std::make_unique<FileSystems>(); }
+    static void TearDownTestSuite() { places_.reset(); }
 
     void SetUp() override {
-        if (std::system("strace -V >/dev/null 2>&1") != 0 ||
-            execute({"strace", "-f", "-o", log(), "true"}, output()).status != 0)
+        if (execute({"strace", "-f", "-o", log(), "true"}, output()).status != 0)
             GTEST_SKIP() << "strace is missing, or the kernel lets no process be traced";
-        far_ = folder_.path() / "far";
+        near_ = places_->nearFolder() / "near";
+        far_ = places_->nearFolder() / "far";
         if (std::get<0>(GetParam()) == Place::OtherFileSystem) {
-            if (otherFileSystem_->path().empty())
+            if (places_->farFolder().empty())
                 GTEST_SKIP() << "the kernel forbids mount namespaces, and /dev/shm is no other file system";
-            far_ = otherFileSystem_->path();
+            far_ = places_->farFolder() / "far";
         }
     }
 
     std::string log() const { return folder_.path() / "strace.log"; }
     fs::path output() const { return folder_.path() / "output"; }
-    fs::path near(const std::string& name) const { return folder_.path() / "near" / name; }
+    fs::path near(const std::string& name) const { return near_ / name; }
     fs::path far(const std::string& name) const { return far_ / name; }
 
     void empty() const {
-        fs::remove_all(folder_.path() / "near");
-        fs::create_directories(folder_.path() / "near");
-        fs::create_directories(far_);
-        for (const auto& entry : fs::directory_iterator(far_))
-            fs::remove_all(entry.path());
+        for (const fs::path& each : {near_, far_}) {
+            fs::remove_all(each);
+            fs::create_directory(each);
+        }
     }
 
     static void write(const fs::path& file, const std::string& bytes) {
@@ -205,6 +224,7 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
     void sweep(const Scene& scene) const {
         const std::vector<Call> calls = callsOf(scene);
         ASSERT_GT(calls.size(), 20U);
+        RecordProperty("calls", static_cast<int>(calls.size()));
         const bool kill = std::get<1>(GetParam()) == Blow::Killed;
         for (const Call& call : calls) {
             SCOPED_TRACE(scene.name + ", " + call.name + " number " + std::to_string(call.number));
@@ -221,19 +241,20 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
             ASSERT_EQ(second.status, 0) << textOf(output());
             scene.nothingIsLost();
             scene.isDone();
-            ASSERT_EQ(leftoversIn(folder_.path() / "near"), std::vector<std::string>{});
+            ASSERT_EQ(leftoversIn(near_), std::vector<std::string>{});
             ASSERT_EQ(leftoversIn(far_), std::vector<std::string>{});
             if (HasFailure())
                 return;
         }
     }
 
-    static std::unique_ptr<OtherFileSystem> otherFileSystem_;
+    static std::unique_ptr<FileSystems> places_;
     TempFolder folder_;
+    fs::path near_;
     fs::path far_;
 };
 
-std::unique_ptr<OtherFileSystem> MaintenanceSweep::otherFileSystem_;
+std::unique_ptr<FileSystems> MaintenanceSweep::places_;
 
 TEST_P(MaintenanceSweep, InstallShowsTheDictionaryWholeOrNotAtAll) {
     Scene scene;

@@ -25,6 +25,8 @@ ReadGroup groupArgument(const std::string& argument, Session& session) {
     const FolderItem folder = folderArgument(argument);
     session.setSubject(argument);
     ReadGroup group = readGroup(folder);
+    for (const std::string& failure : group.failures)
+        session.couldNot(failure);
     if (group.dictionaries.empty() && mSub_DicOrNot(folder.resolved()))
         throw CannotDo(argument + ": this is a dictionary, and a group is asked for, the folder that holds it");
     return group;

@@ -1,0 +1,119 @@
+#include "RunCli.h"
+
+#include "support/DictionaryBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+
+#include <sys/stat.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using velmarin::test::CliPlace;
+using velmarin::test::DictionaryBuilder;
+using velmarin::test::GroupBuilder;
+using velmarin::test::runCli;
+using velmarin::test::TempFolder;
+
+TEST(CommandLine, HelpOfEveryCommandTellsItsColumnsStatusesAndAnExample) {
+    const auto whole = runCli({"--help"});
+    EXPECT_EQ(whole.status, 0);
+    for (const char* command : {"groups", "dictionaries", "key", "search", "check"}) {
+        EXPECT_NE(whole.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
+        const auto own = runCli({command, "--help"});
+        EXPECT_EQ(own.status, 0);
+        EXPECT_EQ(own.err, "");
+        for (const char* part : {"Usage: velmarin-cli ", "Columns", "Exit status:", "Example"})
+            EXPECT_NE(own.out.find(part), std::string::npos) << command << ": " << part;
+    }
+    EXPECT_NE(runCli({"search", "--help"}).out.find("[OPTION...] GROUP [WORD...]\n"), std::string::npos);
+}
+
+struct SlipCase {
+    const char* reason;
+    std::vector<std::string> arguments;
+    std::string err;
+};
+
+class Slip : public testing::TestWithParam<SlipCase> {};
+
+/// The tree of these: "G", a group with the dictionary "D"; a file; a link that leads to itself; a FIFO.
+TEST_P(Slip, IsToldInOneLineAndMakesNothing) {
+    const TempFolder folder;
+    GroupBuilder("G").dictionary(DictionaryBuilder("D").entries({"a", "zz"})).writeTo(folder.path());
+    folder.write("file", "text");
+    fs::create_symlink("loop", folder.path() / "loop");
+    ASSERT_EQ(::mkfifo((folder.path() / "fifo").c_str(), 0600), 0);
+    const auto itemsOf = [&] {
+        std::set<fs::path> items;
+        for (const auto& entry : fs::recursive_directory_iterator(folder.path()))
+            items.insert(entry.path());
+        return items;
+    };
+    const auto before = itemsOf();
+    const auto run = runCli(GetParam().arguments, {.folder = folder.path(), .input = {}, .outFile = {}});
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "velmarin-cli: " + GetParam().err + "\n");
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(itemsOf(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Arguments, Slip,
+    testing::Values(
+        SlipCase{"NoCommand", {}, "no command was given (see \"velmarin-cli --help\")"},
+        SlipCase{"NoSuchCommand", {"serach", "G"}, "there is no command \"serach\" (see \"velmarin-cli --help\")"},
+        SlipCase{"NoSuchOption",
+                 {"key", "-x"},
+                 "The following argument was not expected: -x (see \"velmarin-cli key --help\")"},
+        SlipCase{"OrdersThatExclude",
+                 {"key", "--spanish", "--ijuv", "a"},
+                 "--spanish excludes --ijuv (see \"velmarin-cli key --help\")"},
+        SlipCase{"ListHasNoFront",
+                 {"search", "--list", "--front", "0", "G", "a"},
+                 "--list excludes --front (see \"velmarin-cli search --help\")"},
+        SlipCase{"FrontIsNoNumber",
+                 {"search", "--front", "two", "G", "a"},
+                 "--front: \"two\" is no number of a tab (see \"velmarin-cli search --help\")"},
+        SlipCase{"FrontIsNegative",
+                 {"search", "--front", "-1", "G", "a"},
+                 "--front: \"-1\" is no number of a tab (see \"velmarin-cli search --help\")"},
+        SlipCase{"FrontBeyondTheTabs",
+                 {"search", "--front", "1", "G", "a"},
+                 "--front 1: the group has 1 dictionaries, counted from 0"},
+        SlipCase{"NoGroup", {"search"}, "GROUP is required (see \"velmarin-cli search --help\")"},
+        SlipCase{"EmptyGroup", {"search", "", "a"}, "an empty name is no folder"},
+        SlipCase{"GroupIsMissing", {"search", "none", "a"}, "none: No such file or directory"},
+        SlipCase{"GroupBelowNothing", {"dictionaries", "none/G"}, "none/G: No such file or directory"},
+        SlipCase{"GroupIsAFile", {"dictionaries", "file"}, "file: Not a directory"},
+        SlipCase{"GroupIsAFifo", {"dictionaries", "fifo"}, "fifo: Not a directory"},
+        SlipCase{"GroupIsALoop", {"dictionaries", "loop"}, "loop: Too many levels of symbolic links"},
+        SlipCase{"GroupIsADictionary",
+                 {"search", "G/D", "a"},
+                 "G/D: this is a dictionary, and a group is asked for, the folder that holds it"},
+        SlipCase{"FolderIsMissing", {"groups", "none"}, "none: No such file or directory"},
+        SlipCase{"NothingToCheck", {"check", "."}, ".: this is neither a dictionary nor a group that holds one"},
+        SlipCase{"NameWithALineEnd", {"groups", "a\nb"}, "a␊b: No such file or directory"}),
+    [](const auto& info) { return info.param.reason; });
+
+TEST(CommandLine, FolderThatMayNotBeReadIsNamed) {
+    const TempFolder folder;
+    fs::permissions(folder.path(), fs::perms{0711});
+    fs::create_directory(folder.path() / "locked");
+    fs::permissions(folder.path() / "locked", fs::perms::none);
+    CliPlace place = {.folder = folder.path(), .input = {}, .outFile = {}};
+    place.withoutRights = true;
+    if (runCli({"--version"}, place).status == 127)
+        GTEST_SKIP() << "the program lies where only root can start it";
+    for (const char* command : {"groups", "dictionaries", "search", "check"}) {
+        const auto run = runCli({command, "locked"}, place);
+        EXPECT_EQ(run.err, "velmarin-cli: locked: Permission denied\n") << command;
+        EXPECT_EQ(run.status, 2) << command;
+    }
+    fs::permissions(folder.path() / "locked", fs::perms::owner_all);
+}
+
+} // namespace

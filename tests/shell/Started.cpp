@@ -19,6 +19,14 @@ Started::Started() {
     std::filesystem::create_directories(folder_.path() / "DictionaryFolder");
 }
 
+Started::~Started() {
+    for (QWidget* widget : QApplication::topLevelWidgets())
+        widget->close();
+    app_.reset();
+    // Windows that destroy themselves later do so now: no event loop comes after a test.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 Started& Started::group(const GroupBuilder& builder) {
     builder.writeTo(folder_.path() / "DictionaryFolder");
     return *this;

@@ -20,6 +20,9 @@ namespace velmarin::test {
 class Started {
   public:
     Started();
+    ~Started();
+    Started(const Started&) = delete;
+    Started& operator=(const Started&) = delete;
 
     Started& group(const GroupBuilder& builder);
     std::filesystem::path folder() const { return folder_.path(); }

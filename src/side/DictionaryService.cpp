@@ -2,6 +2,7 @@
 
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
+#include "side/EntryText.h"
 #include "store/TextFile.h"
 #include "text/StringRules.h"
 #include "text/Utf8.h"
@@ -78,7 +79,7 @@ std::string answerOf(const FolderItem& folder, const std::string& stem, std::str
         if (trimmed(text).empty() || entries.size() > DictionaryService::kLongestAnswer)
             continue;
         entries += "\n\n";
-        entries += std::string_view(text).substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
+        entries += unwrapped(std::string_view(text).substr(begin, text.find_last_not_of(kBlanks) + 1 - begin));
     }
     if (entries.empty())
         return {};

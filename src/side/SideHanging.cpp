@@ -119,12 +119,9 @@ bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
         emit mainWindowClosed();
         return false; // this object may be gone
     }
-    if (hanging_ == Hanging::Window && !side_.isNull()) {
-        if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show)
-            place();
-        else if (type == QEvent::WindowStateChange)
-            side_->setVisible(!mainWindow_->isMinimized());
-    }
+    // Minimising needs nothing: the desktop takes a window's transient ones along.
+    if (hanging_ == Hanging::Window && (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show))
+        place();
     return QObject::eventFilter(watched, event);
 }
 

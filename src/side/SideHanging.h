@@ -22,8 +22,8 @@ Hanging hangingFor(const QString& platform);
 /// content, and where the screen has no room there as far left as keeps it on the screen.
 QRect placeBeside(const QRect& mainFrame, const QRect& mainContent, int width, const QRect& screen);
 
-/// Hangs `side` at `mainWindow` for as long as it lives: a window follows the moves and sizes of the main window,
-/// disappears with it, and is made wider or narrower at its free edge; a panel has the main window's own separator.
+/// Hangs `side` at `mainWindow` for as long as it lives: a window follows the moves and sizes of the main window
+/// and is made wider or narrower at its free edge; a panel has the main window's own separator.
 class SideHanging : public QObject {
     Q_OBJECT
   public:

@@ -268,13 +268,22 @@ void SubWindow::Event_Activate() {
     for (; under != nullptr && under != this; under = under->parentWidget())
         if (under->isEnabled() && under->focusPolicy() != Qt::NoFocus && qobject_cast<QCheckBox*>(under) == nullptr)
             return;
-    MainWin_.focusSearch(false);
+    goBack_->start();
+}
+
+void SubWindow::goBackToMainWindow() {
+    if (isActiveWindow() && !shut_)
+        MainWin_.focusSearch(false);
 }
 
 void SubWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isWindow() && isActiveWindow() && !shut_)
+    if (event->type() != QEvent::ActivationChange || !isWindow() || shut_)
+        return;
+    if (isActiveWindow())
         Event_Activate();
+    else
+        goBack_->stop();
 }
 
 void SubWindow::closeEvent(QCloseEvent* event) {

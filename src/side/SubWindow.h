@@ -13,6 +13,7 @@
 
 #include <QCheckBox>
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 #include <string>
@@ -73,6 +74,9 @@ class SubWindow : public QWidget {
     void mMakeUserDicPU();
     void mMakeUserDictionary();
 
+    /// The width of the settings.
+    QSize sizeHint() const override { return {widthAtOpening_, height()}; }
+
     TextArea* EF() const { return EF_; }
     FindBar& findBar() const { return *findBar_; }
     Hanging hanging() const { return hanging_->hanging(); }
@@ -97,6 +101,7 @@ class SubWindow : public QWidget {
     void mSetPref();
     void Event_Close();
     void Event_Activate();
+    void goBackToMainWindow();
     void findStep();
     void lookUp(bool alsoMainWindow);
     void lookUpService(const QString& word);
@@ -123,6 +128,9 @@ class SubWindow : public QWidget {
     PopupMenu* UserDicPU_ = nullptr;
     WaitNotice* notice_ = nullptr;
     QPointer<SideHanging> hanging_;
+    /// Gives the focus back to the main window once the click that brought this one to the front is through: desktops
+    /// refuse to activate a window on behalf of an older event than that.
+    QTimer* goBack_;
     int widthAtOpening_;
     int running_ = 0;
     bool shut_ = false;

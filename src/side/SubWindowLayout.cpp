@@ -25,6 +25,7 @@ constexpr QSize kDesignSize(352, 705);
 constexpr QSize kMinimumSize(350, 64);
 constexpr int kMaximumSide = 32000;
 const QColor kTextBackground(0xF9, 0xFF, 0xE8);
+constexpr std::chrono::milliseconds kClickIsThrough{60};
 /// The size of the text before one is picked, in points.
 constexpr int kTextSizeAtOpening = 10;
 
@@ -62,6 +63,11 @@ SubWindow::SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging 
     notice_ = new WaitNotice(QStringLiteral("Waiting for WORDS…"), EF_, services_.clock);
     hanging_ = new SideHanging(hanging, this, mainWindow.window(), kMinimumSize.width(), kMaximumSide);
     connect(hanging_, &SideHanging::mainWindowClosed, this, &SubWindow::shut);
+    goBack_ = new QTimer(this);
+    goBack_->setObjectName(QStringLiteral("goBack"));
+    goBack_->setSingleShot(true);
+    goBack_->setInterval(kClickIsThrough);
+    connect(goBack_, &QTimer::timeout, this, &SubWindow::goBackToMainWindow);
     mSetPref();
 }
 

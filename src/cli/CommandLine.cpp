@@ -14,8 +14,8 @@ namespace velmarin {
 namespace {
 
 constexpr const char* kDescription =
-    "Velmarin from a terminal: looks words up in scanned dictionaries, and checks the\n"
-    "dictionaries themselves. \"velmarin-cli COMMAND --help\" tells all about a command.\n";
+    "Velmarin from a terminal: looks words up in scanned dictionaries, checks the\n"
+    "dictionaries themselves, and gets them in and out. \"velmarin-cli COMMAND --help\"\ntells all about a command.\n";
 
 constexpr const char* kHelp = R"help(Input and output:
   Words come as arguments or, where there are none, one a line from standard
@@ -30,7 +30,7 @@ constexpr const char* kHelp = R"help(Input and output:
   What could not be done is told on standard error, one line each, beginning
   with "velmarin-cli: ".
 
-  No command makes or changes anything in a dictionary.
+  Only install, update, export and user-dictionary build write to any dictionary.
 
 Exit status:
   0  done
@@ -73,6 +73,8 @@ class Program {
         addKeyCommand(options_, chosen_);
         addSearchCommand(options_, chosen_);
         addCheckCommand(options_, chosen_);
+        addMaintenanceCommands(options_, chosen_);
+        addUserDictionaryCommand(options_, chosen_);
         for (CLI::App* command : options_.get_subcommands({}))
             command->group("Commands");
     }

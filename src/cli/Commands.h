@@ -21,5 +21,9 @@ void addDictionariesCommand(CLI::App& program, Job& chosen);
 void addKeyCommand(CLI::App& program, Job& chosen);
 void addSearchCommand(CLI::App& program, Job& chosen);
 void addCheckCommand(CLI::App& program, Job& chosen);
+/// install, update and export.
+void addMaintenanceCommands(CLI::App& program, Job& chosen);
+/// user-dictionary, with its own build and search.
+void addUserDictionaryCommand(CLI::App& program, Job& chosen);
 
 } // namespace velmarin

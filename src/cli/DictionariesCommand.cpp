@@ -19,8 +19,8 @@ The dictionaries come in the order of the tabs, those of the group's
 DictionaryPreferences.txt first, the others by name. One that does not load is
 listed only where that file names it; "velmarin-cli check" tells of the others.
 
-Exit status: 0 dictionaries were listed, 1 there are none, 2 the group cannot be
-read.
+Exit status: 0 dictionaries were listed, 1 there are none, 2 the group, or a
+dictionary in it, cannot be read.
 
 Example: the five largest dictionaries of a group
   velmarin-cli dictionaries English | sort -t "$(printf '\t')" -k3,3nr | head -5)help";

@@ -12,8 +12,9 @@ namespace velmarin {
 /// line makes no folders.
 FolderItem folderArgument(const std::string& argument);
 
-/// The group that an argument names, read as a window reads it. One that cannot be read raises CannotDo or
-/// NilObjectException, and so does a dictionary, which is easily given in place of its group.
+/// The group that an argument names, read as a window reads it. A dictionary that cannot be opened is told of, and the
+/// others are read. A group that cannot be read raises CannotDo or NilObjectException, and so does a dictionary, which
+/// is easily given in place of its group.
 ReadGroup groupArgument(const std::string& argument, Session& session);
 
 } // namespace velmarin

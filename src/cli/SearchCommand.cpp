@@ -40,8 +40,8 @@ A search is what a window would make of it: over all tabs or, with --list, as a
 group of 22 or more dictionaries is searched, where no dictionary is
 independent and the marks Spanish and IJUV do nothing to the word.
 
-Exit status: 0 there was a hit, 1 there was none, 2 the group cannot be read, or
-a dictionary's txt cannot.
+Exit status: 0 there was a hit, 1 there was none, 2 the group, or a
+dictionary in it, cannot be read.
 
 Examples:
   velmarin-cli search DictionaryFolder/English palimpsest vellum

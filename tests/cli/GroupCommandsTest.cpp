@@ -79,12 +79,16 @@ TEST(DictionariesCommand, GroupWithoutDictionariesIsNothingFound) {
     EXPECT_EQ(run.status, 1);
 }
 
-TEST(DictionariesCommand, IndexThatCannotBeOpenedIsNamed) {
+TEST(DictionariesCommand, IndexThatCannotBeOpenedIsNamedAndTheOthersAreListed) {
     const TempFolder folder;
-    const fs::path group = GroupBuilder("G").dictionary(DictionaryBuilder("D").without("ind")).writeTo(folder.path());
-    fs::create_directory(group / "D/ind");
+    const fs::path group = GroupBuilder("G")
+                               .dictionary(DictionaryBuilder("Bad").without("ind"))
+                               .dictionary(DictionaryBuilder("Good").entries({"a"}))
+                               .writeTo(folder.path());
+    fs::create_directory(group / "Bad/ind");
     const CliRun run = runIn(folder, {"dictionaries", "G"});
-    EXPECT_EQ(run.err, "velmarin-cli: The index \"G/D/ind\" could not be opened.\n");
+    EXPECT_EQ(run.out, "Good\t2\t1\t\n");
+    EXPECT_EQ(run.err, "velmarin-cli: The index \"G/Bad/ind\" could not be opened.\n");
     EXPECT_EQ(run.status, 2);
 }
 

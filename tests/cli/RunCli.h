@@ -17,9 +17,9 @@ struct CliRun {
 
 /// Where a run finds and leaves things.
 struct CliPlace {
-    std::filesystem::path folder; ///< its working folder, so that relative paths can be told exactly
-    std::string input;            ///< what it reads from standard input
-    std::string outFile;          ///< a file opened for standard output in place of the one that is read back
+    std::filesystem::path folder{}; ///< its working folder, so that relative paths can be told exactly
+    std::string input{};            ///< what it reads from standard input
+    std::string outFile{};          ///< a file opened for standard output in place of the one that is read back
     bool outClosed = false;
     bool ignorePipeSignal = false;
     bool withoutRights = false; ///< as a user who owns nothing, where the tests are run by root

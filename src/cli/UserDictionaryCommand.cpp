@@ -1,0 +1,129 @@
+#include "cli/Commands.h"
+#include "cli/FolderArgument.h"
+#include "cli/Operands.h"
+#include "cli/Words.h"
+#include "side/DictionaryModule.h"
+#include "side/UserDictionary.h"
+#include "text/StringRules.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <system_error>
+
+namespace velmarin {
+
+namespace {
+
+constexpr const char* kHelp = R"help(A user dictionary is a text dictionary that a reader makes from a file of one
+entry a line: the head word, a TAB, the meaning. It is a folder of two files,
+Text.txt with the entries and Index.txt with their search words.)help";
+
+constexpr const char* kBuildHelp = R"help(Columns:
+  1  the number of entries
+  2  how many of them are not UTF-8; these are taken over byte for byte
+
+SOURCE has one entry a line: the head word, a TAB, the meaning. __NUM__1 to
+__NUM__9 behind a head word number homographs, and become small raised digits;
+__BR__ breaks the line where the entry is shown.
+
+FOLDER is made where it is missing. Text.txt and Index.txt in it are replaced
+together, and only when both are whole.
+
+Exit status: 0 it was built, 2 it was not.
+
+Example:
+  velmarin-cli user-dictionary build words.txt UserDictionaries/Mine)help";
+
+constexpr const char* kSearchHelp = R"help(Columns: those of Text.txt, one line for each entry found
+  1  the head word
+  2  the meaning, with __BR__ where a line is to be broken
+
+Words and head words are compared by their search words: without accents, case
+and width, katakana as hiragana, and only as far as the first __NUM__.
+
+Exit status: 0 something was found, 1 nothing was, 2 the dictionary cannot be
+read.
+
+Example:
+  velmarin-cli user-dictionary search --mode 0 UserDictionaries/Mine amo)help";
+
+class Silent : public BuildProgress {
+  public:
+    void message(std::string_view) override {}
+    void showBar() override {}
+    void setMaximum(int) override {}
+    void setValue(int) override {}
+    void yield() override {}
+};
+
+Status build(const std::string& source, const std::string& folder, Session& session) {
+    if (source.empty())
+        throw CannotDo("an empty name is no file");
+    std::error_code error;
+    const bool made = !folder.empty() && std::filesystem::create_directory(folder, error);
+    const FolderItem dictionary = folderArgument(folder);
+    Silent progress;
+    const BuildResult result = buildUserDictionary(FolderItem(source), dictionary, progress);
+    if (!result.ok) {
+        if (made)
+            std::filesystem::remove(folder, error);
+        throw CannotDo(result.reason);
+    }
+    session.out().record({Str(result.lines), Str(result.linesNotUtf8)});
+    return Status::Done;
+}
+
+Status search(const std::string& folder, int mode, std::vector<std::string> given, Session& session) {
+    const FolderItem dictionary = folderArgument(folder);
+    session.setSubject(folder);
+    DictionaryModule module;
+    bool found = false;
+    Words words(std::move(given), session.out());
+    while (const auto word = words.next()) {
+        found = module.mSearch(dictionary, *word, mode, false) || found;
+        for (const std::string& hit : module.pResult) {
+            const std::vector<std::string> fields = Split(hit, "\t");
+            const std::vector<std::string_view> columns(fields.begin(), fields.end());
+            session.out().record(columns);
+        }
+    }
+    return found ? Status::Done : Status::NothingFound;
+}
+
+const CLI::Option* addOne(CLI::App& command, const std::string& name, const std::string& description) {
+    return command.add_option(name, description)->option_text(" ")->expected(1)->required();
+}
+
+} // namespace
+
+void addUserDictionaryCommand(CLI::App& program, Job& chosen) {
+    CLI::App* command = program.add_subcommand("user-dictionary", "Make a dictionary from text, or search one");
+    command->footer(kHelp);
+    command->require_subcommand(1);
+
+    CLI::App* build_ = command->add_subcommand("build", "Make a user dictionary from a text file");
+    build_->footer(kBuildHelp);
+    const CLI::Option* source = addOne(*build_, "SOURCE", "The text file");
+    const CLI::Option* target = addOne(*build_, "FOLDER", "The folder of the user dictionary");
+    build_->callback([&chosen, source, target] {
+        chosen = [=](Session& session) { return build(operand(source), operand(target), session); };
+    });
+
+    CLI::App* search_ = command->add_subcommand("search", "Look words up in a user dictionary");
+    search_->footer(kSearchHelp);
+    const std::string modeHelp =
+        "0 begins with the word, 1 ends with it, 2 is it (where none is given), 3 holds it, 4 matches it as a pattern";
+    const CLI::Option* mode =
+        search_->add_option("--mode", modeHelp)->option_text("N")->expected(1)->check(CLI::Range(0, 4));
+    const CLI::Option* folder = addOne(*search_, "FOLDER", "The folder of the user dictionary");
+    const CLI::Option* words = addWordOperands(*search_);
+    search_->callback([&chosen, mode, folder, words] {
+        constexpr int kWholeWord = 2;
+        chosen = [=](Session& session) {
+            return search(operand(folder), mode->count() > 0 ? mode->as<int>() : kWholeWord, operands(words), session);
+        };
+    });
+}
+
+} // namespace velmarin

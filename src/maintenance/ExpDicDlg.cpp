@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -82,6 +83,7 @@ void ExpDicDlg::makeControls() {
     MainLB_->setSelectionMode(QAbstractItemView::SingleSelection);
     MainLB_->setTabKeyNavigation(false);
     MainLB_->installEventFilter(this);
+    MainLB_->viewport()->installEventFilter(this);
     layout->add(MainLB_, QRect(14, 39, 397, 365), Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
 
     CancelBT_->setObjectName(QStringLiteral("CancelBT"));
@@ -182,6 +184,9 @@ void ExpDicDlg::reject() {
 }
 
 bool ExpDicDlg::eventFilter(QObject* watched, QEvent* event) {
+    // A press on a tick is the tick's alone to Qt; the keys go on from the row that was clicked.
+    if (watched == MainLB_->viewport() && event->type() == QEvent::MouseButtonPress)
+        MainLB_->setCurrentIndex(MainLB_->indexAt(static_cast<QMouseEvent*>(event)->pos()));
     if (watched != MainLB_ || event->type() != QEvent::KeyPress ||
         static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space)
         return QDialog::eventFilter(watched, event);

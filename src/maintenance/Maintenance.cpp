@@ -81,7 +81,7 @@ Record Maintenance::mInstallDictionary(const FolderItem& dictionary) {
 }
 
 void Maintenance::mExportDic() {
-    if (expDicDlg_) {
+    if (expDicDlg_ && expDicDlg_->isVisible()) {
         expDicDlg_->raise();
         expDicDlg_->activateWindow();
         return;
@@ -92,7 +92,7 @@ void Maintenance::mExportDic() {
 }
 
 void Maintenance::changeDictionariesOrder(int window, const FolderItem& group) {
-    if (!editDicDlg_)
+    if (!editDicDlg_ || !editDicDlg_->isVisible()) // closed, and deleted with the next turn of the loop
         editDicDlg_ = new EditDicDlg(windows_, host_, busy_);
     editDicDlg_->MainWin = window;
     editDicDlg_->show();

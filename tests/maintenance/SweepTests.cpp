@@ -1,6 +1,7 @@
 // Ends the maintenance commands at every system call that changes a disk, and fails each of these calls with a full
 // disk: nothing may be lost, and the command run again completes.
 
+#include "RunProgram.h"
 #include "Trees.h"
 #include "support/TempFolder.h"
 
@@ -13,12 +14,9 @@
 #include <regex>
 #include <sstream>
 
-#include <fcntl.h>
 #include <sched.h>
-#include <spawn.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace velmarin::test {
@@ -100,35 +98,6 @@ class FileSystems {
     std::vector<fs::path> mounted_;
 };
 
-struct Outcome {
-    bool killed = false;
-    int status = -1;
-};
-
-Outcome execute(const std::vector<std::string>& words, const fs::path& output) {
-    std::vector<char*> argv;
-    for (const std::string& word : words)
-        argv.push_back(const_cast<char*>(word.c_str()));
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    ::posix_spawn_file_actions_init(&actions);
-    ::posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    ::posix_spawn_file_actions_adddup2(&actions, 1, 2);
-    pid_t child = -1;
-    // Not a fork: the sanitizers make this process large.
-    const int failed = ::posix_spawnp(&child, argv[0], &actions, nullptr, argv.data(), environ);
-    ::posix_spawn_file_actions_destroy(&actions);
-    int status = 0;
-    if (failed != 0 || ::waitpid(child, &status, 0) != child)
-        return {};
-    return {WIFSIGNALED(status), WIFEXITED(status) ? WEXITSTATUS(status) : -1};
-}
-
-std::string textOf(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 /// A command on folders that are made anew for each run.
 struct Scene {
     std::string name;
@@ -147,7 +116,7 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
     static void TearDownTestSuite() { places_.reset(); }
 
     void SetUp() override {
-        if (execute({"strace", "-f", "-o", log(), "true"}, output()).status != 0)
+        if (runProgram({"strace", "-f", "-o", log(), "true"}, output()).status != 0)
             GTEST_SKIP() << "strace is missing, or the kernel lets no process be traced";
         near_ = places_->nearFolder() / "near";
         far_ = places_->nearFolder() / "far";
@@ -203,7 +172,7 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
     /// The calls of an undisturbed run that change something.
     std::vector<Call> callsOf(const Scene& scene) const {
         scene.setUp();
-        EXPECT_EQ(execute(traced({"-e", std::string("trace=") + kWriteCalls}, scene.command), output()).status, 0)
+        EXPECT_EQ(runProgram(traced({"-e", std::string("trace=") + kWriteCalls}, scene.command), output()).status, 0)
             << textOf(output());
         scene.isDone();
         std::vector<Call> calls;
@@ -231,13 +200,13 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
             scene.setUp();
             const std::string injected = "inject=" + call.name + (kill ? ":signal=KILL" : ":error=ENOSPC") +
                                          ":when=" + std::to_string(call.number);
-            const Outcome first =
-                execute(traced({"-e", "trace=" + call.name, "-e", injected}, scene.command), output());
+            const ProgramRun first =
+                runProgram(traced({"-e", "trace=" + call.name, "-e", injected}, scene.command), output());
             ASSERT_EQ(first.killed, kill) << textOf(output());
             scene.nothingIsLost();
             if (first.status == 0)
                 scene.isDone();
-            const Outcome second = execute(plain(scene.command), output());
+            const ProgramRun second = runProgram(plain(scene.command), output());
             ASSERT_EQ(second.status, 0) << textOf(output());
             scene.nothingIsLost();
             scene.isDone();

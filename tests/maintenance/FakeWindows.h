@@ -1,0 +1,39 @@
+#pragma once
+
+#include "maintenance/WindowsLink.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace velmarin::test {
+
+/// Main windows that only keep what they are told, in order.
+class FakeWindows : public WindowsLink {
+  public:
+    FolderItem dictionaryFolder;
+    int windows = 2;
+    std::vector<std::string> names;
+    std::string groupName;
+
+    std::vector<std::string> told;
+    std::vector<std::string> newDicPref;
+
+    FolderItem pDictionaryFolder() const override { return dictionaryFolder; }
+    int windowCount() const override { return windows; }
+    void startAnew(int window) override { told.push_back("start anew " + std::to_string(window)); }
+    std::vector<std::string> dictionaryNames(int /*window*/) const override { return names; }
+    std::string pDicGroupName(int /*window*/) const override { return groupName; }
+    void setNewDicPref(std::vector<std::string> lines) override {
+        told.emplace_back("pNewDicPref");
+        newDicPref = std::move(lines);
+    }
+    void closePageImageWindow() override { told.emplace_back("close page image window"); }
+    void mWritePreferences_DicGroup(int window) override { told.push_back("write " + std::to_string(window)); }
+    void ReadDictionaryFolder(int window, const FolderItem& group) override {
+        told.push_back("read " + std::to_string(window) + " " + group.path().native());
+    }
+    void readyForSearch(int window) override { told.push_back("ready " + std::to_string(window)); }
+};
+
+} // namespace velmarin::test

@@ -1,0 +1,136 @@
+#include "DialogTest.h"
+#include "Trees.h"
+
+#include <QLabel>
+#include <QProgressBar>
+
+namespace velmarin::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class InstallDialogs : public DialogTest {
+  protected:
+    InstallDialogs() {
+        folder_.write("new/Webster/FW", "new");
+        folder_.write("new/Webster/ind", "new index");
+    }
+};
+
+TEST_F(InstallDialogs, NothingHappensWithoutAFolder) {
+    maintenance_.mUpDateDictionary();
+    EXPECT_EQ(host_.prompts.size(), 1U);
+    EXPECT_TRUE(host_.messages.empty());
+    EXPECT_EQ(host_.yields, 0);
+}
+
+TEST_F(InstallDialogs, WhatIsNoDictionaryIsRefused) {
+    fs::create_directories(at("empty"));
+    makeLink(at("link"), at("new/Webster"));
+    for (const char* chosen : {"empty", "link", "new/Webster/ind", "missing"}) {
+        host_.messages.clear();
+        host_.folders = {at(chosen)};
+        maintenance_.mUpDateDictionary();
+        EXPECT_EQ(host_.messages, std::vector<std::string>{"This is not a Dictionary !"}) << chosen;
+    }
+    EXPECT_TRUE(windows_.told.empty());
+}
+
+TEST_F(InstallDialogs, AnUpdateSaysNothingAndTellsNoWindow) {
+    folder_.write("DF/A/Webster/ind", "old index");
+    folder_.write("DF/B/WEBSTER/ind", "old index too");
+    host_.folders = {at("new/Webster")};
+    int shownWhileWorking = 0;
+    host_.onYield = [&] {
+        ASSERT_NE(shown("WaitDlg"), nullptr);
+        EXPECT_TRUE(busy_.busy());
+        ++shownWhileWorking;
+    };
+
+    maintenance_.mUpDateDictionary();
+
+    EXPECT_GT(shownWhileWorking, 10);
+    EXPECT_EQ(shown("WaitDlg"), nullptr);
+    EXPECT_FALSE(busy_.busy());
+    EXPECT_TRUE(host_.messages.empty());
+    EXPECT_TRUE(windows_.told.empty());
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
+    EXPECT_EQ(folder_.read("DF/B/WEBSTER/ind"), "new index");
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0/ind"), "old index");
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-1/ind"), "old index too");
+}
+
+TEST_F(InstallDialogs, ANewDictionaryGoesWhereTheUserSaysAndEveryWindowStartsAnew) {
+    fs::create_directory(at("DF/A"));
+    host_.folders = {at("new/Webster"), at("DF/A")};
+
+    maintenance_.mUpDateDictionary();
+
+    ASSERT_EQ(host_.messages.size(), 1U);
+    EXPECT_EQ(host_.messages[0],
+              "This dictionary is a new comer.\n\nThe old versio of this ditionary does not exists in the Dictionary "
+              "Folder. \nSo you have to decide which dictionary group to put this dictionary in. Otherwise you have to "
+              "make a new dictionary group.\nAfter closing this dialog, a new dialog (to folder selection) will "
+              "appear: \nTo use a existing group, selet the appropriate folder on the dialog. To make a new group, "
+              "make a new folder on the dialog.");
+    ASSERT_EQ(host_.prompts.size(), 2U);
+    EXPECT_EQ(host_.prompts[1], "To use a existing group. selet the appropriate folder on the dialog. To make a new "
+                                "group, make a new folder on the dialog.");
+    EXPECT_EQ(host_.openedAt[1], at("DF"));
+    EXPECT_EQ(treeOf(at("DF/A/Webster")), treeOf(at("new/Webster")));
+    EXPECT_EQ(windows_.told, (std::vector<std::string>{"start anew 0", "start anew 1"}));
+    EXPECT_FALSE(fs::exists(at("Desktop")));
+}
+
+TEST_F(InstallDialogs, WithoutAGroupNothingIsCopied) {
+    host_.folders = {at("new/Webster")};
+    maintenance_.mUpDateDictionary();
+    EXPECT_EQ(host_.messages.size(), 1U);
+    EXPECT_TRUE(fs::is_empty(at("DF")));
+    EXPECT_TRUE(windows_.told.empty());
+    EXPECT_EQ(shown("WaitDlg"), nullptr);
+}
+
+TEST_F(InstallDialogs, FailuresAreToldOnceAtTheEnd) {
+    folder_.write("DF/A/Webster/ind", "old index");
+    makeFifo(at("new/Webster/mSnd"));
+    makeFifo(at("new/Webster/mMov"));
+    host_.folders = {at("new/Webster")};
+    maintenance_.mUpDateDictionary();
+    ASSERT_EQ(host_.messages.size(), 1U);
+    EXPECT_NE(host_.messages[0].find(at("new/Webster/mMov").native()), std::string::npos);
+    EXPECT_NE(host_.messages[0].find(at("new/Webster/mSnd").native()), std::string::npos);
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
+}
+
+TEST_F(InstallDialogs, WaitDlgMovesAndCannotBeSentAway) {
+    folder_.write("DF/A/Webster/ind", "old index");
+    host_.folders = {at("new/Webster")};
+    bool looked = false;
+    host_.onYield = [&] {
+        if (std::exchange(looked, true))
+            return;
+        QWidget* dialog = shown("WaitDlg");
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->size(), QSize(375, 79));
+        EXPECT_FALSE(dialog->isModal());
+        auto* bar = dialog->findChild<QProgressBar*>("ProgressBar1");
+        ASSERT_NE(bar, nullptr);
+        EXPECT_EQ(bar->geometry(), QRect(25, 14, 323, 20));
+        EXPECT_EQ(bar->maximum(), 0);
+        EXPECT_EQ(dialog->findChild<QLabel*>("Label1")->text(), "Please wait a minute !");
+        const QImage first = bar->grab().toImage();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return bar->grab().toImage() != first; }));
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        dialog->close();
+        EXPECT_TRUE(dialog->isVisible());
+        dialog->resize(475, 79);
+        EXPECT_EQ(bar->geometry(), QRect(25, 14, 423, 20));
+    };
+    maintenance_.mUpDateDictionary();
+    EXPECT_TRUE(looked);
+}
+
+} // namespace
+} // namespace velmarin::test

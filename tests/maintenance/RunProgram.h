@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace velmarin::test {
+
+struct ProgramRun {
+    bool killed = false;
+    int status = -1; ///< -1 where it did not end by itself
+};
+
+/// Runs a program, found as the shell finds it, with standard output and error in one file, and waits for its end.
+ProgramRun runProgram(const std::vector<std::string>& words, const std::filesystem::path& output);
+
+/// The bytes of a file; empty where there is none.
+std::string textOf(const std::filesystem::path& file);
+
+} // namespace velmarin::test

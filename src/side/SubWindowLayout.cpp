@@ -72,6 +72,8 @@ SubWindow::SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging 
 }
 
 SubWindow::~SubWindow() {
+    // Its fields lose the focus as they go, and the window that would be told is no longer whole.
+    findBar_->disconnect(this);
     delete hanging_;
 }
 

@@ -57,13 +57,20 @@ void AboutPanel::showLogo() {
 bool AboutPanel::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Enter) {
         if (watched == AboutST_)
-            hideAbout();
-        if (watched == LOGO_) {
-            shownLogo_ = 1 - shownLogo_;
-            showLogo();
-        }
+            AboutST_MouseEnter();
+        if (watched == LOGO_)
+            LOGO_MouseEnter();
     }
     return QObject::eventFilter(watched, event);
+}
+
+void AboutPanel::AboutST_MouseEnter() {
+    hideAbout();
+}
+
+void AboutPanel::LOGO_MouseEnter() {
+    shownLogo_ = 1 - shownLogo_;
+    showLogo();
 }
 
 } // namespace velmarin

@@ -24,6 +24,8 @@ class AboutPanel : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void AboutST_MouseEnter();
+    void LOGO_MouseEnter();
     void showLogo();
 
     QLabel* LOGO_;

@@ -2,11 +2,11 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
-#include "controls/ListBox.h"
 #include "controls/PopupMenu.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
+#include "search/GroupView.h"
 #include "search/HitList.h"
 #include "search/PageDeck.h"
 #include "search/QueryBar.h"
@@ -107,6 +107,7 @@ void MainWindow::makeParts() {
                  QRect(design::kTabPanelLeft, design::kTabPanelTop, design::kTabPanelWidth, design::kTabPanelHeight),
                  Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
     hitList_ = new HitList(state_, *deck_, content, *layout_);
+    groupView_ = std::make_unique<GroupView>(state_, *deck_, *hitList_, *queryBar_, app_.host(), *layout_);
     about_ = new AboutPanel(content, *layout_);
     // The row at the top comes first, whatever was made first.
     setTabOrder(groupPicker_->SelectDicFolPU(), sideLink_->SubWinBV());
@@ -119,10 +120,7 @@ void MainWindow::makeParts() {
     connect(queryBar_, &QueryBar::finished, about_, &AboutPanel::hideAbout);
     connect(deck_, &PageDeck::errataChosen, this,
             [this](const FolderItem& file, int tab) { app_.pageImages().show(file, stepper_, tab); });
-    connect(queryBar_, &QueryBar::separatelyClicked, this, [this] {
-        if (!state_.pProtect)
-            mWritePreferences_DicGroup();
-    });
+    connect(queryBar_, &QueryBar::separatelyClicked, this, &MainWindow::SeparatelyCB_Action);
 }
 
 std::string MainWindow::title() const {
@@ -164,11 +162,20 @@ void MainWindow::changeGroup(const FolderItem& group) {
 void MainWindow::readyForSearch() {
     queryBar_->SearchEF()->clear();
     queryBar_->SearchEF()->setFocus();
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), sideLink_->SubWinBV()})
-        control->setEnabled(true);
+    enableGroupControls(true);
     deck_->set(0).MainCanvas->dropImage();
     deck_->set(0).MainCanvas->Refresh();
+}
+
+void MainWindow::SeparatelyCB_Action() {
+    if (!state_.pProtect)
+        mWritePreferences_DicGroup();
+}
+
+void MainWindow::enableGroupControls(bool enabled) {
+    queryBar_->OKBT()->setEnabled(enabled);
+    queryBar_->SeparatelyCB()->setEnabled(enabled);
+    sideLink_->SubWinBV()->setEnabled(enabled);
 }
 
 void MainWindow::startAnew() {
@@ -186,62 +193,15 @@ void MainWindow::SelectDicFolPU_MouseDown() {
 void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
     const Protection protection(state_.pProtect);
     try {
-        // Until the new group is read there is none to write: a group that was read in part must not be written back.
-        state_.leaveGroup();
-        deck_->reset();
-        state_.pDicGroupName.clear();
         setTitle("");
-        ReadGroup read = readGroup(group, [this] { app_.host().Yield(); });
-        state_.pDictionaryGroupFolder = group;
-        state_.pDicGroupName = read.groupName;
-        setTitle(read.groupName);
-        queryBar_->SeparatelyCB()->setChecked(read.separately);
-        state_.pDictionaryItem = std::move(read.dictionaries);
+        groupView_->read(group);
+        setTitle(state_.pDicGroupName);
         mSetSize();
-        mInitialize();
-        if (!read.failures.empty())
-            throw NilObjectException(read.failures.front());
+        groupView_->mInitialize();
     } catch (const NilObjectException&) {
         app_.host().MsgBox("Error: ReadDictionaryFolder 0");
     }
     app_.setWinItemText(pMyIndex, state_.pDicGroupName);
-}
-
-void MainWindow::mInitialize() {
-    deck_->reset();
-    const int count = static_cast<int>(state_.pDictionaryItem.size());
-    if (count == 0)
-        return;
-    if (count >= kFewestForList) {
-        state_.pListMode = true;
-        for (const auto& item : state_.pDictionaryItem) {
-            hitList_->LB()->AddRow(item->name);
-            item->ImageMode = kListModeImageMode;
-        }
-        deck_->set(0).BVimage->setMenuValue(kListModeImageMode);
-        const QRect list = layout_->rect(hitList_->LB());
-        QRect tabs = layout_->rect(deck_->TB());
-        tabs.setLeft(list.x() + list.width() + 5);
-        layout_->setRect(deck_->TB(), tabs);
-        hitList_->LB()->show();
-        return;
-    }
-    deck_->TB()->setCaption(0, state_.pDictionaryItem.front()->name);
-    bool unreadable = false;
-    for (int i = 0; i < count; ++i) {
-        const DictionaryItem& item = *state_.pDictionaryItem[static_cast<std::size_t>(i)];
-        if (i > 0)
-            deck_->mMakeNewTB(item);
-        try {
-            deck_->mMakeBVjump(i);
-        } catch (const NilObjectException&) {
-            // One dictionary without pages does not take the tabs of the others with it.
-            unreadable = true;
-        }
-        deck_->set(i).BVimage->setMenuValue(item.ImageMode);
-    }
-    if (unreadable)
-        throw NilObjectException("A dictionary of this group has no list of pages.");
 }
 
 void MainWindow::mSetSize() {
@@ -267,18 +227,14 @@ void MainWindow::mWritePreferences_Window() {
 
 void MainWindow::leaveGroup() {
     groupPicker_->dropPick();
-    state_.leaveGroup();
-    deck_->reset();
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{queryBar_->OKBT(), queryBar_->SeparatelyCB(), sideLink_->SubWinBV()})
-        control->setEnabled(false);
+    groupView_->leave();
+    enableGroupControls(false);
 }
 
 void MainWindow::showNoGroup() {
     const Protection protection(state_.pProtect);
     sideLink_->close();
     leaveGroup();
-    state_.pDicGroupName.clear();
     setTitle(kTitleWithoutGroup);
     app_.setWinItemText(pMyIndex, std::string(kWinItemWithoutGroup));
     queryBar_->showNoGroup();
@@ -310,19 +266,26 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         app_.busy().whenFree([this] { close(); });
         return;
     }
+    Event_CancelClose();
+    event->accept();
+}
+
+void MainWindow::Event_CancelClose() {
     mWritePreferences_DicGroup();
     showNoGroup();
     if (app_.isLastVisible(*this))
         app_.pageImages().close();
-    event->accept();
 }
 
 void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-        queryBar_->SearchEF()->setFocus();
-        app_.ActiveMainWin = this;
-    }
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        Event_Activate();
+}
+
+void MainWindow::Event_Activate() {
+    queryBar_->SearchEF()->setFocus();
+    app_.ActiveMainWin = this;
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
@@ -336,11 +299,19 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 
 void MainWindow::moveEvent(QMoveEvent* event) {
     QMainWindow::moveEvent(event);
-    mWritePreferences_Window();
+    Event_Moved();
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
+    Event_Resized();
+}
+
+void MainWindow::Event_Moved() {
+    mWritePreferences_Window();
+}
+
+void MainWindow::Event_Resized() {
     mWritePreferences_Window();
 }
 

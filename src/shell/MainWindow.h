@@ -16,6 +16,7 @@ class AboutPanel;
 class AnchoredLayout;
 class App;
 class GroupPicker;
+class GroupView;
 class MainWindowStepper;
 class HitList;
 class PageDeck;
@@ -72,9 +73,14 @@ class MainWindow : public QMainWindow {
 
   private:
     void makeParts();
-    void mInitialize();
+    void Event_Activate();
+    void Event_Moved();
+    void Event_Resized();
+    void Event_CancelClose();
+    void SeparatelyCB_Action();
     void mSetSize();
     void mWritePreferences_Window();
+    void enableGroupControls(bool enabled);
     void leaveGroup();
     /// As a window without a group stands there: what a closed one comes back as.
     void showNoGroup();
@@ -88,6 +94,7 @@ class MainWindow : public QMainWindow {
     AnchoredLayout* layout_;
     MenuBar* menus_;
     std::unique_ptr<Searcher> searcher_;
+    std::unique_ptr<GroupView> groupView_;
     std::shared_ptr<MainWindowStepper> stepper_;
     PageDeck* deck_ = nullptr;
     HitList* hitList_ = nullptr;

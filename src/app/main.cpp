@@ -1,3 +1,4 @@
+#include "platform/EndSignals.h"
 #include "platform/QtHost.h"
 #include "platform/QtText.h"
 #include "shell/App.h"
@@ -9,30 +10,8 @@
 
 #include <QTimer>
 
-#include <cstdlib>
 #include <iostream>
 #include <memory>
-
-namespace {
-
-/// For a run that nobody watches: what would be a box is a line on standard error.
-class UnwatchedHost : public velmarin::QtHost {
-  public:
-    void MsgBox(std::string_view text) override { std::cerr << "velmarin: " << text << '\n'; }
-    Answer askYesNo(std::string_view text) override {
-        MsgBox(text);
-        return Answer::No;
-    }
-};
-
-bool hasDisplay() {
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        if (const char* value = std::getenv(name); value != nullptr && *value != '\0')
-            return true;
-    return false;
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     velmarin::StartRequest request;
@@ -48,7 +27,7 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& failure) {
         return options.exit(failure) == 0 ? 0 : 2;
     }
-    if (!hasDisplay()) {
+    if (!velmarin::hasDisplay()) {
         std::cerr << "velmarin: there is no display. To save a picture without one: ./run --picture FILE [--group "
                      "NAME] [WORD]\n";
         return 2;
@@ -61,10 +40,11 @@ int main(int argc, char** argv) {
     if (request.pictureFile.empty())
         host = std::make_unique<velmarin::QtHost>();
     else
-        host = std::make_unique<UnwatchedHost>();
+        host = std::make_unique<velmarin::UnwatchedHost>();
     qt.setHost(host.get());
     velmarin::App app(*host, velmarin::FolderItem(velmarin::fromQ(QCoreApplication::applicationDirPath())),
                       VELMARIN_VERSION);
+    const velmarin::EndSignals endSignals([&app] { app.quit(); });
     QTimer::singleShot(0, &app, [&app, &request] {
         app.Event_Open();
         velmarin::runStartRequest(app, request);

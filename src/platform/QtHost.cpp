@@ -10,6 +10,8 @@
 #include <QPointer>
 #include <QUrl>
 
+#include <cstdlib>
+#include <iostream>
 #include <memory>
 #include <utility>
 
@@ -131,6 +133,22 @@ void QtHost::Yield() {
     };
     const std::unique_ptr<void, decltype(done)> guard(this, done);
     QCoreApplication::processEvents();
+}
+
+void UnwatchedHost::MsgBox(std::string_view text) {
+    std::cerr << "velmarin: " << text << '\n';
+}
+
+Host::Answer UnwatchedHost::askYesNo(std::string_view text) {
+    MsgBox(text);
+    return Answer::No;
+}
+
+bool hasDisplay() {
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        if (const char* value = std::getenv(name); value != nullptr && *value != '\0')
+            return true;
+    return false;
 }
 
 } // namespace velmarin

@@ -40,4 +40,15 @@ class QtHost : public Host {
     std::filesystem::path lastFolder_;
 };
 
+/// The host of a run that nobody watches: what would be a box is a line on standard error, and the answer is No.
+class UnwatchedHost : public QtHost {
+  public:
+    void MsgBox(std::string_view text) override;
+    Answer askYesNo(std::string_view text) override;
+};
+
+/// Whether the environment names a display, or a Qt platform that needs none. Needs no QApplication, which would end
+/// the process without one.
+bool hasDisplay();
+
 } // namespace velmarin

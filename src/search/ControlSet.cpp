@@ -30,7 +30,7 @@ constexpr std::array<ButtonPlan, 8> kButtons{{
     {&ControlSet::BVdown, "BVdown", "Down", "One screenful down", "One screenful down (Ctrl+Down)", 239, 70},
     {&ControlSet::BVjump, "BVjump", "Page", "Page", "Go to a page", 331, 80},
     {&ControlSet::BVHistory, "BVHistory", "History", "History",
-     "Pages seen (back with Ctrl+Alt+Left, forward with Ctrl+Alt+Right)", 414, 80},
+     "Pages seen (back with Alt+Left, forward with Alt+Right)", 414, 80},
     {&ControlSet::BVErrata, "BVErrata", "Errata", "Errata", "Further pages of this entry", 501, 80},
     {&ControlSet::BVimage, "BVimage", "Image size", "Image size", "How the page fits the window", 582, 96},
 }};

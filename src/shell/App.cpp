@@ -66,8 +66,7 @@ void App::Event_Open() {
         mStrMod_OpenThisModule();
         mFiMod_OpenThisModule();
         mDDmod_OpenThisModule();
-        module.pThis_PreferencesFolder = applicationFolder_.Child("Preferences");
-        module.pThis_PreferencesFolder.CreateAsFolder();
+        module.mThisMod_OpenThisModule(applicationFolder_);
         module.pDictionaryFolder = applicationFolder_.Child("DictionaryFolder");
         mMakeNewMainWin();
     } catch (const NilObjectException&) {

@@ -16,7 +16,7 @@ class Application : public QApplication {
     bool notify(QObject* receiver, QEvent* event) override;
 
   private:
-    void tell(const std::string& what);
+    void tell(const QObject* receiver, const std::string& what);
 
     Host* host_ = nullptr;
     bool telling_ = false;

@@ -129,8 +129,9 @@ std::string MainWindow::title() const {
 
 void MainWindow::setTitle(const std::string& title) {
     title_ = title;
-    // Qt reads "[*]" in a title as the mark of an unsaved file.
-    setWindowTitle(toQ(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    // Qt reads "[*]" in a title as the mark of an unsaved file, and puts the program's name in place of none.
+    const QString shown = title.empty() ? QStringLiteral(" ") : toQ(title);
+    setWindowTitle(QString(shown).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
 void MainWindow::appendToAbout(const std::string& text) {

@@ -45,7 +45,7 @@ QAction* MenuBar::addItem(QMenu* menu, std::string_view name, int index, std::st
     // The roles that some hosts give to captions such as "Quit" would move items out of their menus.
     action->setMenuRole(QAction::NoRole);
     if (!shortcut.empty())
-        action->setShortcut(QKeySequence(toQ(shortcut)));
+        action->setShortcuts(QKeySequence::listFromString(toQ(shortcut)));
     connect(action, &QAction::triggered, this, [this, kept = std::string(name), index] { router_(kept, index); });
     actions_.insert(toQ(name), action);
     return action;

@@ -17,6 +17,12 @@ struct ThisAppliModule {
     /// The help tag of every group pop-up.
     std::string pSelectedDicTag;
     bool pPageImageShown = false;
+
+    /// Makes the folder `Preferences` beside the program where there is none yet.
+    void mThisMod_OpenThisModule(const FolderItem& applicationFolder) {
+        pThis_PreferencesFolder = applicationFolder.Child("Preferences");
+        pThis_PreferencesFolder.CreateAsFolder();
+    }
 };
 
 } // namespace velmarin

@@ -1,4 +1,5 @@
-# A reader's session by real keys: search, step, fit, quit, and find everything again; then a kill in the middle.
+# A reader's session by real keys: search, step, fit, quit, and find everything again; then the end of the session,
+# and a kill in the middle.
 preferences=DictionaryFolder/Two/DictionaryPreferences.txt
 
 start() {
@@ -22,6 +23,12 @@ wait $program || fail "the program ended with $?: $(cat said)"
 start
 eval "$(xdotool getwindowgeometry --shell "$window")"
 [ "$WIDTH" -eq 900 ] || fail "the width did not come back: $WIDTH"
+rm $preferences
+kill -TERM $program
+wait $program || fail "the end of the session is an error: $?"
+[ "$(wc -l <$preferences)" -eq 3 ] || fail "the end of the session left the preferences unwritten"
+
+start
 xdotool type --delay 30 cherry
 xdotool key Return
 kill -9 $program

@@ -26,11 +26,22 @@ TEST(Menus, EveryShortcutBelongsToOneItem) {
         for (const MenuItemPlan& plan : menu.items) {
             if (plan.shortcut.empty())
                 continue;
-            const QKeySequence keys(QString::fromUtf8(plan.shortcut.data(), static_cast<int>(plan.shortcut.size())));
-            ASSERT_FALSE(keys.isEmpty()) << plan.shortcut;
-            EXPECT_FALSE(seen.contains(keys.toString())) << plan.shortcut;
-            seen << keys.toString();
+            for (const QKeySequence& keys :
+                 QKeySequence::listFromString(QString::fromStdString(std::string(plan.shortcut)))) {
+                ASSERT_FALSE(keys.isEmpty()) << plan.shortcut;
+                EXPECT_FALSE(seen.contains(keys.toString())) << plan.shortcut;
+                seen << keys.toString();
+            }
         }
+}
+
+TEST(Menus, EveryItemIsHandledByTheWindowOrTheApplication) {
+    Started run;
+    run.start();
+    for (const MenuPlan& menu : menuTree())
+        for (const MenuItemPlan& plan : menu.items)
+            EXPECT_TRUE(plan.caption == "-" || run.window().handles(plan.name) || run.app().handles(plan.name))
+                << plan.name;
 }
 
 TEST(Menus, WindowRowsFollowTheirWindowsGroups) {

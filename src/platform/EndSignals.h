@@ -1,0 +1,23 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+class QSocketNotifier;
+
+namespace velmarin {
+
+/// Calls `end` from the event loop when the session or a user asks the process to go (SIGTERM, SIGINT, SIGHUP), so that
+/// it ends as by its own menu. While one exists, these signals do nothing else. Needs a QApplication; one at a time.
+class EndSignals {
+  public:
+    explicit EndSignals(std::function<void()> end);
+    ~EndSignals();
+    EndSignals(const EndSignals&) = delete;
+    EndSignals& operator=(const EndSignals&) = delete;
+
+  private:
+    std::unique_ptr<QSocketNotifier> notifier_;
+};
+
+} // namespace velmarin

@@ -78,6 +78,7 @@ MenuPopup::MenuPopup(RowModel* rows, int currentRow, QWidget* owner)
     setPalette(edge);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetNoConstraint); // a list of one row is lower than Qt would have any list
     layout->addWidget(list_);
     list_->setItemDelegate(new MenuRowDelegate(currentRow, list_));
     list_->setModel(rows);

@@ -31,8 +31,10 @@ void PageImages::show(const FolderItem& file, const std::shared_ptr<PageStepper>
     // A folder without pictures has closed it again.
     if (window != window_)
         return;
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
     window->show();
     window->raise();
+    window->activateWindow();
     window->setMainWin(mainWin, tab);
 }
 

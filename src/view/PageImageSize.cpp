@@ -55,13 +55,4 @@ ChosenRatio windowForRatio(double ratio, const Extent& picture, int screenWidth,
     return chosen;
 }
 
-Extent heldToScreen(const Extent& window, const Extent& room, const Extent& least) {
-    const double byWidth = static_cast<double>(room.width) / std::max(window.width, 1);
-    const double byHeight = (room.height - extraHeight) / std::max(window.height - extraHeight, 1.0);
-    const double factor = std::min({1.0, byWidth, byHeight});
-    const int width = factor < 1 ? toInt32(window.width * factor) : window.width;
-    const int height = factor < 1 ? toInt32((window.height - extraHeight) * factor + extraHeight) : window.height;
-    return {std::max(width, least.width), std::max(height, least.height)};
-}
-
 } // namespace velmarin

@@ -30,8 +30,4 @@ struct ChosenRatio {
 /// 1 gives the picture's own width.
 ChosenRatio windowForRatio(double ratio, const Extent& picture, int screenWidth, int leastWidth);
 
-/// `window` made smaller, its shape kept, where it does not fit `room`, but not below `least`. A page is always shown
-/// whole, so that a window that goes beyond the screen would only hide the rest of it.
-Extent heldToScreen(const Extent& window, const Extent& room, const Extent& least);
-
 } // namespace velmarin

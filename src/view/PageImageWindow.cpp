@@ -31,8 +31,6 @@ namespace {
 
 constexpr int largestSide = 32000;
 constexpr std::uint64_t longestPreferences = 1U << 16;
-/// What a window manager puts round a window, as far as it has not told yet.
-constexpr int usualTitleBarHeight = 32;
 
 std::string formatPreferences(const QPoint& place, const std::string& ratio) {
     return Str(place.x()) + '\n' + Str(place.y()) + '\n' + ratio + '\n';
@@ -291,11 +289,7 @@ void PageImageWindow::showAtRatio(double ratio) {
 }
 
 void PageImageWindow::takeSize(const Extent& wanted) {
-    const QSize room = screen()->availableSize();
-    const QSize frame = frameGeometry().size() - size();
-    const Extent free{room.width() - frame.width(), room.height() - std::max(frame.height(), usualTitleBarHeight)};
-    const Extent held = heldToScreen(wanted, free, {minimumWidth(), minimumHeight()});
-    resize(held.width, held.height);
+    resize(wanted.width, wanted.height);
     layout_->apply(); // a hidden window has its controls in place too
 }
 

@@ -82,12 +82,16 @@ SmartCanvas::~SmartCanvas() = default;
 
 bool SmartCanvas::SetPicture(const FolderItem& f) {
     const Step step(*this);
-    return view_.SetPicture(f);
+    const bool shown = view_.SetPicture(f);
+    dragging_ = dragging_ && hasImage();
+    return shown;
 }
 
 bool SmartCanvas::SetPicture(Picture p) {
     const Step step(*this);
-    return view_.SetPicture(std::move(p));
+    const bool shown = view_.SetPicture(std::move(p));
+    dragging_ = dragging_ && hasImage();
+    return shown;
 }
 
 void SmartCanvas::dropImage() {
@@ -148,6 +152,9 @@ void SmartCanvas::hideEvent(QHideEvent*) {
     dragging_ = false;
     recorded_.clear();
     renderer_.drop();
+    // Lens and marker belong to what was on the screen; "No Picture" may be told before the first showing.
+    if (view_.Image)
+        view_.resized();
 }
 
 void SmartCanvas::showCursor(MouseCursor cursor) {
@@ -192,6 +199,11 @@ void SmartCanvas::mousePressEvent(QMouseEvent* event) {
 void SmartCanvas::mouseMoveEvent(QMouseEvent* event) {
     const Step step(*this);
     const QPoint at = event->position().toPoint();
+    // A box or a menu that came up meanwhile took the release.
+    if (dragging_ && (event->buttons() & Qt::LeftButton) == 0) {
+        dragging_ = false;
+        view_.Event_MouseUp(at.x(), at.y());
+    }
     if (dragging_)
         view_.Event_MouseDrag(at.x(), at.y());
     else if (event->buttons() == Qt::NoButton)
@@ -218,15 +230,15 @@ void SmartCanvas::wheelEvent(QWheelEvent* event) {
         rest %= notch;
         return notches;
     };
-    const int right = add(wheelRest_.rx(), turned.x());
+    const int sideways = add(wheelRest_.rx(), turned.x());
     const int up = add(wheelRest_.ry(), turned.y());
     event->accept();
-    if (right == 0 && up == 0)
+    if (sideways == 0 && up == 0)
         return;
     const Step step(*this);
     const QPoint at = event->position().toPoint();
     // The view takes a wheel that turns down the page as positive, and moves against the sign of the other axis.
-    view_.Event_MouseWheel(at.x(), at.y(), right, -up);
+    view_.Event_MouseWheel(at.x(), at.y(), sideways, -up);
 }
 
 } // namespace velmarin

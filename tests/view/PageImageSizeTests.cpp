@@ -97,27 +97,5 @@ INSTANTIATE_TEST_SUITE_P(
         ChoiceCase{"NoPictureYet", 0.25, {0, 0}, 1280, 580, {580, 0}, tooSmall}),
     [](const auto& info) { return info.param.name; });
 
-struct HeldCase {
-    const char* name;
-    Extent window, room, held;
-};
-class HeldWindow : public ::testing::TestWithParam<HeldCase> {};
-
-TEST_P(HeldWindow, FitsTheScreenInItsShape) {
-    const HeldCase& row = GetParam();
-    EXPECT_EQ(heldToScreen(row.window, row.room, {580, 400}), row.held);
-}
-
-INSTANTIATE_TEST_SUITE_P(PageImageSize, HeldWindow,
-                         ::testing::Values(HeldCase{"FitsAsItIs", {900, 800}, {1280, 992}, {900, 800}},
-                                           HeldCase{"FitsExactly", {1280, 992}, {1280, 992}, {1280, 992}},
-                                           HeldCase{"TooHigh", {2000, 3030}, {1920, 1030}, {666, 1030}},
-                                           HeldCase{"TooWide", {3000, 1030}, {1500, 1000}, {1500, 530}},
-                                           HeldCase{"TooMuchOfBoth", {4000, 2030}, {1000, 1030}, {1000, 530}},
-                                           HeldCase{"NarrowAndFarTooHigh", {580, 2147483647}, {1280, 992}, {580, 992}},
-                                           HeldCase{"NothingAtAll", {580, 0}, {1280, 992}, {580, 400}},
-                                           HeldCase{"ScreenBelowTheLeastSize", {900, 800}, {320, 240}, {580, 400}}),
-                         [](const auto& info) { return info.param.name; });
-
 } // namespace
 } // namespace velmarin

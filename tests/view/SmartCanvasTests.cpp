@@ -173,6 +173,48 @@ TEST_F(SmartCanvasTest, ReleasedWithShiftSpringsBack) {
     EXPECT_EQ(shown(), expected(800, 1500, 0, 0));
 }
 
+TEST_F(SmartCanvasTest, ADragEndsWithItsButtonWhoeverTookTheRelease) {
+    show(noise(1600, 3000, 1, 3), 2);
+    press({400, 400});
+    drag({400, 350});
+    QMouseEvent move(QEvent::MouseMove, QPointF(400, 300), canvas.mapToGlobal(QPointF(400, 300)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&canvas, &move);
+    const int where = scrollY();
+    QMouseEvent later(QEvent::MouseMove, QPointF(400, 100), canvas.mapToGlobal(QPointF(400, 100)), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&canvas, &later);
+    EXPECT_EQ(scrollY(), where);
+    EXPECT_EQ(shown(), expected(800, 1500, 0, where));
+}
+
+TEST_F(SmartCanvasTest, ADragEndsWithItsPage) {
+    const TempFolder folder;
+    show(noise(1600, 3000, 1, 3), 2);
+    press({400, 400});
+    drag({400, 350});
+    EXPECT_FALSE(canvas.SetPicture(FolderItem(folder.write("a.tif", "no picture"))));
+    drag({400, 300});
+    release({400, 300});
+    EXPECT_TRUE(host.messages.empty());
+}
+
+TEST_F(SmartCanvasTest, LensAndMarkerGoWithTheTabThatIsLeft) {
+    show(noise(1600, 1400, 1, 4), 0);
+    const QImage before = shown();
+    press({100, 60});
+    canvas.hide();
+    canvas.show();
+    EXPECT_EQ(shown(), before);
+    canvas.setMode(1);
+    canvas.Refresh();
+    canvas.mJumpScroll_vertical(1);
+    canvas.hide();
+    canvas.show();
+    EXPECT_EQ(shown().pixelColor(device(500), device(50)),
+              expected(1600, 1400, 0, scrollY()).pixelColor(device(500), device(50)));
+}
+
 TEST_F(SmartCanvasTest, ShowsTheLensFromThePageItselfAndLeavesNoTrace) {
     show(noise(1600, 1400, 1, 4), 0);
     const QImage before = shown();

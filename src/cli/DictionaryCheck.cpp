@@ -26,8 +26,6 @@ struct TextSummary {
 TextSummary checkText(const FolderItem& txt, std::uint64_t closingLine, std::vector<Finding>& findings) {
     TextSummary summary(txt);
     summary.lines = checkLines(txt, findings, [&](const std::string& line, std::uint64_t number) {
-        if (line.size() > kLongestTxtLine)
-            findings.push_back({txt.path(), number, "is longer than 64 kilobytes; what goes beyond is not looked at"});
         const TxtLine parsed = parseTxtLine(line);
         if (!parsed.imageName.empty())
             summary.pages.add(parsed.imageName, number);

@@ -15,7 +15,8 @@ constexpr const char* kHelp = R"help(Columns, one record for each word and dicti
   1   the word
   2   the dictionary
   3   the outcome:
-        hit      a line was read, that of the last entry not after the word
+        hit      a line was read, that of the last entry not after the word (an
+                 empty page: it names none, or txt ends before it)
         before   the word sorts before the first entry: there is no page
         after    no entry sorts after the word, or the dictionary did not load:
                  there is no page (the last entry is never shown)

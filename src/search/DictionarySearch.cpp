@@ -1,14 +1,26 @@
 #include "search/DictionarySearch.h"
 
 #include "store/Fi_Module.h"
-#include "text/Grep.h"
 #include "text/StringRules.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace velmarin {
 
 namespace {
+
+constexpr std::string_view kPageOpening = "<@_";
+constexpr std::string_view kErrataOpening = "<^_";
+constexpr std::string_view kClosing = "_>";
+
+/// The name that begins there: at least one character, up to the next closing.
+std::optional<std::string_view> nameAt(std::string_view text, std::size_t begin) {
+    const std::size_t end = text.find(kClosing, begin + 1);
+    if (end == std::string_view::npos)
+        return std::nullopt;
+    return text.substr(begin, end - begin);
+}
 
 std::string readTxtLine(DictionaryItem& item, std::size_t number) {
     const IndexedTextFile::Line line = item.txtLines.line(number);
@@ -30,20 +42,29 @@ bool independentAt(const std::vector<std::shared_ptr<DictionaryItem>>& dictionar
 
 TxtLine parseTxtLine(std::string_view line) {
     TxtLine result;
-    std::string text(line.substr(0, kLongestTxtLine));
-    if (text.find("<@_") != std::string::npos)
-        result.imageName = mStrMod_GrepMBS_Find(0, text, pageMarkerPattern);
-    constexpr std::string_view opening = "<^_";
-    constexpr std::string_view closing = "_>";
-    while (text.find(opening) != std::string::npos && mStrMod_GrepMBS_Search(0, text, errataMarkerPattern) != 0) {
-        const std::string marker = mStrMod_GrepMBS_FoundStr();
-        const std::size_t at = text.find(marker);
-        if (at == std::string::npos)
+    if (const std::size_t at = line.find(kPageOpening); at != std::string_view::npos)
+        result.imageName = nameAt(line, at + kPageOpening.size()).value_or("");
+    // What is left before the place reached once the markers are out: an opening can lie across a gap.
+    std::string before;
+    std::string_view rest = line;
+    while (true) {
+        std::size_t nameBegins = 0;
+        const std::size_t tail = std::min(before.size(), kErrataOpening.size() - 1);
+        const std::string seam = before.substr(before.size() - tail) + std::string(rest.substr(0, 2));
+        if (const std::size_t across = seam.find(kErrataOpening); across != std::string::npos) {
+            nameBegins = across + kErrataOpening.size() - tail;
+            before.resize(before.size() - (tail - across));
+        } else if (const std::size_t at = rest.find(kErrataOpening); at != std::string_view::npos) {
+            nameBegins = at + kErrataOpening.size();
+            before += rest.substr(0, at);
+        } else {
             break;
-        result.errata.push_back(marker.substr(opening.size(), marker.size() - opening.size() - closing.size()));
-        // With the marker out, the next can begin at most in the two characters before the gap.
-        const std::size_t kept = std::min(at, opening.size() - 1);
-        text = text.substr(at - kept, kept) + text.substr(at + marker.size());
+        }
+        const auto name = nameAt(rest, nameBegins);
+        if (!name)
+            break;
+        result.errata.emplace_back(*name);
+        rest.remove_prefix(nameBegins + name->size() + kClosing.size());
     }
     return result;
 }

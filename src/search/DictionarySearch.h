@@ -17,9 +17,9 @@ struct TxtLine {
     std::vector<std::string> errata;
 };
 
-/// Reads the markup of one line. Of a line longer than kLongestTxtLine only that much is looked at.
+/// Reads the markup of one line, in time that grows with its length alone. A name is what matches "<@_(.+?)_>" or
+/// "<\^_(.+?)_>".
 TxtLine parseTxtLine(std::string_view line);
-inline constexpr std::size_t kLongestTxtLine = 16 * 1024;
 
 /// How a search of one dictionary ended.
 enum class SearchOutcome {

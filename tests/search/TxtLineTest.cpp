@@ -1,8 +1,17 @@
 #include "search/DictionarySearch.h"
 
+#include "text/Grep.h"
+#include "text/StringModule.h"
+
 #include <gtest/gtest.h>
 
-using velmarin::kLongestTxtLine;
+#include <random>
+
+using velmarin::errataMarkerPattern;
+using velmarin::mStrMod_GrepMBS_Find;
+using velmarin::mStrMod_GrepMBS_Replace;
+using velmarin::mStrMod_GrepMBS_Search;
+using velmarin::pageMarkerPattern;
 using velmarin::parseTxtLine;
 
 namespace {
@@ -32,6 +41,7 @@ TEST(TxtLine, MarkupGivesThePageAndTheErrata) {
         {"an empty marker reaches for the next closing", "<@__><@_b.tif_>", "_><@_b.tif", {}},
         {"a marker that is never closed is text", "<@_p.tif <^_e.tif", "", {}},
         {"taking a marker out can join another", "<<^_a_>^_b_>", "", {"a", "b"}},
+        {"and that one another", "<^<^<^_a_>_b_>_c_>", "", {"a", "b", "c"}},
         {"names in any script", "<@_頁一.tif_><^_é.tif_>", "頁一.tif", {"é.tif"}},
         {"bytes that are no UTF-8 beside a marker", "\xff\xfe<@_p.tif_>\xc3", "p.tif", {}},
     };
@@ -43,13 +53,34 @@ TEST(TxtLine, MarkupGivesThePageAndTheErrata) {
     }
 }
 
-TEST(TxtLine, ALineOfMarkersWithoutEndIsCutOffAndStillRead) {
-    std::string line = "<@_p.tif_>";
-    while (line.size() < 4 * kLongestTxtLine)
+TEST(TxtLine, AgreesWithThePatternsOnAnyLine) {
+    std::mt19937 random(7);
+    const std::string alphabet = "<<<^^^___>>>@a";
+    for (int i = 0; i < 20'000; ++i) {
+        std::string line;
+        for (std::size_t left = random() % 40; left > 0; --left)
+            line += alphabet[random() % alphabet.size()];
+        const auto read = parseTxtLine(line);
+        EXPECT_EQ(read.imageName, mStrMod_GrepMBS_Find(0, line, pageMarkerPattern)) << line;
+        std::vector<std::string> errata;
+        for (std::string rest = line; mStrMod_GrepMBS_Search(0, rest, errataMarkerPattern) != 0;) {
+            errata.push_back(mStrMod_GrepMBS_Find(0, rest, errataMarkerPattern));
+            rest = mStrMod_GrepMBS_Replace(rest, errataMarkerPattern, "");
+        }
+        ASSERT_EQ(read.errata, errata) << line;
+    }
+}
+
+TEST(TxtLine, TheEndOfAVeryLongLineIsRead) {
+    std::string line;
+    while (line.size() < 3'000'000)
         line += "<^_e_>";
-    const auto read = parseTxtLine(line);
-    EXPECT_EQ(read.imageName, "p.tif");
-    EXPECT_EQ(read.errata.size(), (kLongestTxtLine - 10) / 6);
+    EXPECT_EQ(parseTxtLine(line).errata.size(), line.size() / 6);
+    EXPECT_EQ(parseTxtLine(line + "<@_p.tif_>").imageName, "p.tif");
+    std::string openings;
+    while (openings.size() < 3'000'000)
+        openings += "<^_<@_";
+    EXPECT_EQ(parseTxtLine(openings).errata.size(), 0U);
 }
 
 } // namespace

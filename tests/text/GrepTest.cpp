@@ -156,7 +156,7 @@ TEST_F(GrepTest, EndlessTryingEndsAsNoMatch) {
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, "b", "b"), 1) << "and the next search works";
 }
 
-TEST_F(GrepTest, ManyPatternsAreNotKeptForEver) {
+TEST_F(GrepTest, APatternWorksAgainAfterManyOthers) {
     for (int i = 0; i < 500; ++i) {
         const std::string number = std::to_string(i);
         ASSERT_EQ(mStrMod_GrepMBS_Search(0, "x" + number, number + "$"), 2);

@@ -105,8 +105,10 @@ std::filesystem::path QtHost::GetOpenFile(std::string_view prompt, const std::ve
     QStringList patterns;
     for (const std::string& extension : extensions)
         patterns << QLatin1String("*") + toQ(extension);
+    // A file that bears none of the extensions may be what is asked for all the same.
     const QString filter =
-        patterns.isEmpty() ? QString() : QLatin1String("(") + patterns.join(u' ') + QLatin1String(")");
+        patterns.isEmpty() ? QString()
+                           : QLatin1String("Usual files (") + patterns.join(u' ') + QLatin1String(");;All files (*)");
     const QString chosen = QFileDialog::getOpenFileName(dialogParent(), toQ(prompt), pathToQ(lastFolder_), filter);
     if (chosen.isEmpty())
         return {};

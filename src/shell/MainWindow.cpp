@@ -47,6 +47,8 @@ constexpr std::array<WindowCommand, 7> kCommands{{
     {"SubwinFind", [](MainWindow& window, int) { window.sideLink().takeTarget(FindTarget::Find); }},
 }};
 
+/// In pixels, either way: no display system makes larger ones.
+constexpr int kWidestWindow = 32000;
 constexpr const char* kTitleWithoutGroup = "VELMARIN";
 
 /// While set, control events that come of restoring a window's state write nothing.
@@ -211,8 +213,8 @@ void MainWindow::mSetSize() {
     if (!placement)
         return;
     move(placement->left, placement->top);
-    const int width = std::max(placement->width, centralWidget()->minimumWidth());
-    const int height = std::max(placement->height, centralWidget()->minimumHeight());
+    const int width = std::clamp(placement->width, centralWidget()->minimumWidth(), kWidestWindow);
+    const int height = std::clamp(placement->height, centralWidget()->minimumHeight(), kWidestWindow);
     resize(width, height + menus_->heightForWidth(width));
 }
 

@@ -3,6 +3,7 @@
 #include "platform/Busy.h"
 #include "side/MainWindowLink.h"
 #include "side/UserDictionary.h"
+#include "store/FileTypes1.h"
 #include "text/StringRules.h"
 
 namespace velmarin {
@@ -41,7 +42,7 @@ void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink&
     if (!dictionaries.Exists())
         dictionaries.CreateAsFolder();
     host.MsgBox(kAskForData);
-    const std::filesystem::path source = host.GetOpenFile(kAskForData, {});
+    const std::filesystem::path source = host.GetOpenFile(kAskForData, pText.extensions);
     if (source.empty())
         return;
     host.MsgBox(kAskForFolder);

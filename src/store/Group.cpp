@@ -1,5 +1,6 @@
 #include "store/Group.h"
 
+#include "store/DataModule.h"
 #include "store/FolderListing.h"
 #include "store/TextFile.h"
 #include "text/Message.h"
@@ -117,7 +118,7 @@ GroupPreferences parseGroupPreferences(std::string_view text) {
 }
 
 std::string formatGroupPreferences(const GroupPreferences& preferences) {
-    std::string text = preferences.groupName + "\t" + (preferences.separately ? "1" : "0") + "\t\n";
+    std::string text = preferences.groupName + "\t" + mDataMod_ConvertBooleanTo1or0(preferences.separately) + "\t\n";
     for (const GroupPreferences::Entry& entry : preferences.dictionaries)
         text += entry.name + "\t" + Str(entry.ImageMode) + "\n";
     return text;

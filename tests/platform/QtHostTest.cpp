@@ -151,12 +151,12 @@ TEST(QtHost, FolderDialogGivesTheFolderAndStartsThereTheNextTime) {
     EXPECT_EQ(host.SelectFolder("Choose a folder"), "");
 }
 
-TEST(QtHost, FileDialogOffersTheExtensionsAlone) {
+TEST(QtHost, FileDialogOffersTheExtensionsFirst) {
     const test::TempFolder folder;
     folder.write("words.txt", "x");
     QtHost host;
     whenUp<QFileDialog>([&](QFileDialog* dialog) {
-        EXPECT_EQ(dialog->nameFilters(), QStringList{"(*.txt *.dic)"});
+        EXPECT_EQ(dialog->nameFilters(), (QStringList{"Usual files (*.txt *.dic)", "All files (*)"}));
         dialog->setDirectory(pathToQ(folder.path()));
         dialog->selectFile("words.txt");
         static_cast<QDialog*>(dialog)->accept();

@@ -17,7 +17,11 @@ int main(int argc, char** argv) {
             builder.picture(std::to_string(page) + ".bmp", oneBitBmp(200 * page, 3000));
         return builder;
     };
-    GroupBuilder("Two").dictionary(words("A")).dictionary(words("B")).preferences("Pair\t0\t\nB\t2\nA\t0\n").writeTo(root);
+    GroupBuilder("Two")
+        .dictionary(words("A"))
+        .dictionary(words("B"))
+        .preferences("Pair\t0\t\nB\t2\nA\t0\n")
+        .writeTo(root);
     GroupBuilder many("Many");
     for (int i = 10; i < 35; ++i)
         many.dictionary(words(("D" + std::to_string(i)).c_str()));

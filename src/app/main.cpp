@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
         return 2;
     }
 
-    QCoreApplication::setApplicationName(QStringLiteral("velmarin"));
+    QCoreApplication::setApplicationName(QStringLiteral("Velmarin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELMARIN_VERSION));
     velmarin::Application qt(argc, argv);
     std::unique_ptr<velmarin::Host> host;

@@ -2,6 +2,7 @@
 
 #include "controls/BevelButton.h"
 #include "controls/ListBox.h"
+#include "controls/ProgressBar.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "view/SmartCanvas.h"
@@ -26,7 +27,13 @@ TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
     run.group(manyFruits("Many")).start();
     auto* rows = run.control<ListBox>("LB");
     EXPECT_EQ(rows->rowCount(), 25);
+    std::vector<int> bar;
+    run.host.onYield = [&] {
+        if (const int value = run.control<ProgressBar>("PB")->Value(); bar.empty() || bar.back() != value)
+            bar.push_back(value);
+    };
     run.search("banana");
+    EXPECT_EQ(bar, (std::vector<int>{0, 10, 20}));
     EXPECT_EQ(rows->rowCount(), 25);
     EXPECT_EQ(rows->ListIndex(), 0);
     EXPECT_EQ(rows->List(3), "D13");
@@ -42,6 +49,18 @@ TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
     EXPECT_EQ(run.control<BevelButton>("BVHistory.0")->rowCount(), 3);
     run.search("apple");
     EXPECT_EQ(rows->rowCount(), 25) << "a second search empties the list first";
+}
+
+TEST(ListMode, AChosenHitKeepsTheImageSizeAndAStepGoesBackToItsDictionarys) {
+    Started run;
+    run.group(manyFruits("Many")).start();
+    run.search("banana");
+    run.choose("BVimage.0", 1);
+    run.control<ListBox>("LB")->setListIndex(5);
+    const auto* canvas = run.control<SmartCanvas>("MainCanvas.0");
+    EXPECT_EQ(canvas->Mode(), 1);
+    run.click("BVnext.0");
+    EXPECT_EQ(canvas->Mode(), 3);
 }
 
 TEST(ListMode, ARowWithoutAPageSaysSoReadably) {

@@ -3,6 +3,7 @@
 #include "platform/QtText.h"
 #include "shell/App.h"
 #include "shell/Application.h"
+#include "shell/Artwork.h"
 #include "shell/PictureRun.h"
 #include "store/FolderItem.h"
 
@@ -36,6 +37,7 @@ int main(int argc, char** argv) {
     QCoreApplication::setApplicationName(QStringLiteral("Velmarin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELMARIN_VERSION));
     velmarin::Application qt(argc, argv);
+    velmarin::Application::setWindowIcon(velmarin::programIcon());
     std::unique_ptr<velmarin::Host> host;
     if (request.pictureFile.empty())
         host = std::make_unique<velmarin::QtHost>();

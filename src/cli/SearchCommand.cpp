@@ -107,7 +107,6 @@ void addSearchCommand(CLI::App& program, Job& chosen) {
     static const std::string frontHelp = "The number of the tab in front, counted from 0 (0 if not given)";
     CLI::Option* front = command->add_option("--front", frontHelp)->option_text("N")->expected(1)->check(tabNumber);
     CLI::Option* json = command->add_flag("--json")->description("Write objects in JSON, one a line");
-    front->excludes(list);
     const CLI::Option* group = addGroupOperand(*command);
     const CLI::Option* words = addWordOperands(*command);
     command->callback([=, &chosen] {

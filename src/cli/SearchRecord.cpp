@@ -72,7 +72,7 @@ void SearchRecordWriter::writeJson(std::string_view word, std::size_t index, con
     record["path"] = page.empty() ? Json(nullptr) : pathOf(item, page);
     record["errata"] = result.line.errata;
     record["line"] = result.outcome == SearchOutcome::Hit ? Json(result.place) : Json(nullptr);
-    const bool searched = result.outcome != SearchOutcome::Skipped;
+    const bool searched = result.outcome != SearchOutcome::Skipped && item.loaded;
     record["headword_before"] = searched ? headword(indexes_[index], result.place) : Json(nullptr);
     record["headword_after"] = searched ? headword(indexes_[index], result.place + 1) : Json(nullptr);
     out_.text(record.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n');

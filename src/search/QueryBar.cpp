@@ -4,6 +4,7 @@
 #include "controls/FittedText.h"
 #include "controls/ListBox.h"
 #include "controls/ProgressBar.h"
+#include "controls/PushButton.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "platform/Busy.h"
@@ -51,7 +52,7 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
                    AnchoredLayout& layout)
     : QObject(parent), state_(state), searcher_(searcher), deck_(deck), host_(host), busy_(busy),
       SearchEF_(new QLineEdit(parent)), SeparatelyCB_(new QCheckBox(QStringLiteral("Search separately"), parent)),
-      OKBT_(new QPushButton(QStringLiteral("OK"), parent)), PB_(new ProgressBar(Qt::Vertical, parent)) {
+      OKBT_(new PushButton(QStringLiteral("OK"), parent)), PB_(new ProgressBar(Qt::Vertical, parent)) {
     SearchEF_->setObjectName(QStringLiteral("SearchEF"));
     SearchEF_->setAccessibleName(QStringLiteral("Word to search"));
     showNoGroup();
@@ -105,7 +106,17 @@ void QueryBar::OKBT_Action() {
     const QString query = SearchEF_->text();
     // Selected already now: what is typed while the search runs is the next word.
     SearchEF_->selectAll();
-    runQuery(fromQ(query));
+    try {
+        runQuery(fromQ(query));
+    } catch (...) {
+        // A page that cannot be shown is told of by the event loop, and takes nothing else from the reader.
+        finish(query);
+        throw;
+    }
+    finish(query);
+}
+
+void QueryBar::finish(const QString& query) {
     emit searched(query);
     emit finished();
     if (SearchEF_->text() == query)

@@ -52,6 +52,8 @@ class QueryBar : public QObject {
   private:
     bool SearchEF_KeyDown(int key, Qt::KeyboardModifiers modifiers);
     void runQuery(const std::string& query);
+    /// What follows a search: the side window, the acknowledgement, the field ready for the next word.
+    void finish(const QString& query);
     void searchAllIntoList(const std::string& query);
     void searchAllTabs(const std::string& query);
 

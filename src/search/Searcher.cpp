@@ -21,14 +21,14 @@ void Searcher::mSearch(const std::string& query, int dicIndex) {
 
 void Searcher::mSearch_ListMode(const std::string& query, int dicIndex) {
     const std::shared_ptr<DictionaryItem> item = state_.dictionary(dicIndex);
-    HitItem hit;
+    // Hit and row come first: row n is hit n whatever becomes of the search.
+    HitItem& hit = state_.pHiteItems.emplace_back();
     hit.DictionaryNumber = dicIndex;
     hit.DictionaryName = item->name;
     defaultList_().LB()->AddRow(item->name);
     SearchResult result = searchDictionary(query, *item, SearchForm::List);
     hit.ImageName = std::move(result.line.imageName);
     hit.PageImageName = std::move(result.line.errata);
-    state_.pHiteItems.push_back(std::move(hit));
 }
 
 } // namespace velmarin

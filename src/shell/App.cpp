@@ -21,31 +21,18 @@ namespace {
 
 struct AppCommand {
     std::string_view name;
-    void (*run)(App&, int index);
+    void (App::*run)(int index);
 };
 
-void mCheckDictionaries(App& /*app*/, int /*index*/) {
-    // The command is there and does nothing: checking a dictionary is the command line's work.
-}
-
 constexpr std::array<AppCommand, 8> kCommands{{
-    {"SpecialCheckDictionaires", mCheckDictionaries},
-    {"SpecialChangedictionaryorder",
-     [](App& app, int) {
-         if (app.ActiveMainWin != nullptr && app.ActiveMainWin->groupPicker().pick().row >= 0)
-             app.maintenance().changeDictionariesOrder(app.ActiveMainWin->pMyIndex,
-                                                       app.ActiveMainWin->groupPicker().pickedFolder());
-     }},
-    {"SpecialInstall", [](App& app, int) { app.busy().whenFree([&app] { app.maintenance().mUpDateDictionary(); }); }},
-    {"SpecialExport", [](App& app, int) { app.maintenance().mExportDic(); }},
-    {"SpecialOpenDictionaryFolder",
-     [](App& app, int) {
-         if (!app.host().Launch(app.module.pDictionaryFolder.path()))
-             app.host().MsgBox("The folder could not be opened: " + app.module.pDictionaryFolder.path().string());
-     }},
-    {"Cons_FileNew", [](App& app, int) { app.mMakeNewMainWin(); }},
-    {"WinItem", [](App& app, int index) { app.window(index).bringToFront(); }},
-    {"FileQuit", [](App& app, int) { app.quit(); }},
+    {"SpecialCheckDictionaires", &App::SpecialCheckDictionaires_Action},
+    {"SpecialChangedictionaryorder", &App::SpecialChangedictionaryorder_Action},
+    {"SpecialOpenDictionaryFolder", &App::SpecialOpenDictionaryFolder_Action},
+    {"SpecialInstall", &App::SpecialInstall_Action},
+    {"SpecialExport", &App::SpecialExport_Action},
+    {"Cons_FileNew", &App::Cons_FileNew_Action},
+    {"WinItem", &App::WinItem_Action},
+    {"FileQuit", &App::FileQuit_Action},
 }};
 
 } // namespace
@@ -149,10 +136,48 @@ bool App::handle(std::string_view command, int index) {
     }
     for (const AppCommand& each : kCommands)
         if (each.name == command) {
-            each.run(*this, index);
+            (this->*each.run)(index);
             return true;
         }
     return false;
+}
+
+void App::SpecialCheckDictionaires_Action(int) {
+    mCheckDictionaries();
+}
+
+void App::mCheckDictionaries() {
+    // The command is there and does nothing: checking a dictionary is the command line's work.
+}
+
+void App::SpecialChangedictionaryorder_Action(int) {
+    if (ActiveMainWin != nullptr && ActiveMainWin->groupPicker().pick().row >= 0)
+        maintenance_.changeDictionariesOrder(ActiveMainWin->pMyIndex, ActiveMainWin->groupPicker().pickedFolder());
+}
+
+void App::SpecialOpenDictionaryFolder_Action(int) {
+    if (!host_.Launch(module.pDictionaryFolder.path()))
+        host_.MsgBox("The folder could not be opened: " + module.pDictionaryFolder.path().string());
+}
+
+void App::SpecialInstall_Action(int) {
+    busy_.whenFree([this] { maintenance_.mUpDateDictionary(); });
+}
+
+void App::SpecialExport_Action(int) {
+    busy_.whenFree([this] { maintenance_.mExportDic(); });
+}
+
+void App::Cons_FileNew_Action(int) {
+    mMakeNewMainWin();
+}
+
+void App::WinItem_Action(int index) {
+    window(index).bringToFront();
+}
+
+void App::FileQuit_Action(int) {
+    quit();
 }
 
 void App::quit() {

@@ -63,6 +63,16 @@ class App : public QObject {
     /// Runs a command of the application's own. False for a name that it does not handle.
     bool handle(std::string_view command, int index);
 
+    void SpecialCheckDictionaires_Action(int index);
+    void SpecialChangedictionaryorder_Action(int index);
+    void SpecialOpenDictionaryFolder_Action(int index);
+    void SpecialInstall_Action(int index);
+    void SpecialExport_Action(int index);
+    void Cons_FileNew_Action(int index);
+    void WinItem_Action(int index);
+    void FileQuit_Action(int index);
+
+    void mCheckDictionaries();
     /// Closes all windows, which write their preferences, and ends the run.
     void quit();
 

@@ -86,6 +86,18 @@ QPixmap Halvenmark(QSize size, qreal ratio) {
     });
 }
 
+QIcon programIcon() {
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128, 256})
+        icon.addPixmap(drawn({side, side}, 1, [side](QPainter& p, QRectF box) {
+            p.setPen(Qt::NoPen);
+            p.setBrush(kPaper);
+            p.drawRoundedRect(box, side * 0.18, side * 0.18);
+            drawBook(p, QPointF(side * 0.06, side * 0.18), side * 0.65);
+        }));
+    return icon;
+}
+
 QPixmap DicApp(QSize size, qreal ratio) {
     return drawn(size, ratio, [](QPainter& p, QRectF box) {
         drawBook(p, QPointF(box.width() * 0.02, box.height() * 0.16), box.height() * 0.72);

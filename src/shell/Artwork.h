@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QPixmap>
 #include <QSize>
 
@@ -9,6 +10,8 @@ namespace velmarin {
 /// so that they are sharp on every screen and cannot be missing.
 QPixmap Selorin_Logo_VerySmall(QSize size, qreal devicePixelRatio);
 QPixmap Halvenmark(QSize size, qreal devicePixelRatio);
+/// What stands for the program on its windows and in lists of them.
+QIcon programIcon();
 /// The pictures of the look-up and the find target, and of the button that empties a field.
 QPixmap DicApp(QSize size, qreal devicePixelRatio);
 QPixmap Find(QSize size, qreal devicePixelRatio);

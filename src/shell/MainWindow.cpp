@@ -21,6 +21,7 @@
 #include "text/NilObjectException.h"
 #include "view/SmartCanvas.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFrame>
 #include <QKeyEvent>
@@ -33,18 +34,17 @@ namespace {
 
 struct WindowCommand {
     std::string_view name;
-    void (*run)(MainWindow&, int index);
+    void (MainWindow::*run)(int index);
 };
 
 constexpr std::array<WindowCommand, 7> kCommands{{
-    {"TabBackNext", [](MainWindow& window, int index) { window.deck().TabBackNext_Action(index); }},
-    {"ImageBackNext",
-     [](MainWindow& window, int index) { window.deck().mNextBack(index, window.deck().TB()->Value()); }},
-    {"ImageUpDown", [](MainWindow& window, int index) { window.deck().mUpDown(index, window.deck().TB()->Value()); }},
-    {"TabTopTail", [](MainWindow& window, int index) { window.deck().TabTopTail_Action(index); }},
-    {"ImageHistory", [](MainWindow& window, int index) { window.deck().ImageHistory_Action(index); }},
-    {"SubwinDic", [](MainWindow& window, int) { window.sideLink().takeTarget(FindTarget::DicApp); }},
-    {"SubwinFind", [](MainWindow& window, int) { window.sideLink().takeTarget(FindTarget::Find); }},
+    {"TabBackNext", &MainWindow::TabBackNext_Action},
+    {"ImageBackNext", &MainWindow::ImageBackNext_Action},
+    {"ImageUpDown", &MainWindow::ImageUpDown_Action},
+    {"TabTopTail", &MainWindow::TabTopTail_Action},
+    {"ImageHistory", &MainWindow::ImageHistory_Action},
+    {"SubwinDic", &MainWindow::SubwinDic_Action},
+    {"SubwinFind", &MainWindow::SubwinFind_Action},
 }};
 
 /// In pixels, either way: no display system makes larger ones.
@@ -252,15 +252,54 @@ bool MainWindow::handles(std::string_view command) const {
 bool MainWindow::handle(std::string_view command, int index) {
     for (const WindowCommand& each : kCommands)
         if (each.name == command) {
-            each.run(*this, index);
+            (this->*each.run)(index);
             return true;
         }
     return false;
 }
 
 void MainWindow::route(std::string_view command, int index) {
+    // Qt keeps a window's shortcuts alive under its side window; what tabs and pages do is for the window in front.
+    if (handles(command) && QApplication::activeWindow() != this)
+        return;
     if (!handle(command, index))
         app_.handle(command, index);
+}
+
+void MainWindow::TabBackNext_Action(int direction) {
+    deck_->TabBackNext_Action(direction);
+}
+
+void MainWindow::TabTopTail_Action(int direction) {
+    deck_->TabTopTail_Action(direction);
+}
+
+void MainWindow::ImageBackNext_Action(int direction) {
+    mNextBack(direction, deck_->TB()->Value());
+}
+
+void MainWindow::ImageUpDown_Action(int direction) {
+    mUpDown(direction, deck_->TB()->Value());
+}
+
+void MainWindow::ImageHistory_Action(int direction) {
+    deck_->ImageHistory_Action(direction);
+}
+
+void MainWindow::SubwinDic_Action(int) {
+    sideLink_->takeTarget(FindTarget::DicApp);
+}
+
+void MainWindow::SubwinFind_Action(int) {
+    sideLink_->takeTarget(FindTarget::Find);
+}
+
+void MainWindow::mNextBack(int direction, int tab) {
+    deck_->mNextBack(direction, tab);
+}
+
+void MainWindow::mUpDown(int direction, int tab) {
+    deck_->mUpDown(direction, tab);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -62,7 +62,20 @@ class MainWindow : public QMainWindow {
     /// A press on the group pop-up closes the side window.
     void SelectDicFolPU_MouseDown();
 
+    /// Direction 1 is a page forward, any other a page back.
+    void mNextBack(int direction, int tab);
+    /// 0 is a screenful up, 1 one down.
+    void mUpDown(int direction, int tab);
+
+    /// Whether the window, not the application, carries out a command of the menu bar.
     bool handles(std::string_view command) const;
+    void TabBackNext_Action(int direction);
+    void TabTopTail_Action(int direction);
+    void ImageBackNext_Action(int direction);
+    void ImageUpDown_Action(int direction);
+    void ImageHistory_Action(int direction);
+    void SubwinDic_Action(int index);
+    void SubwinFind_Action(int index);
 
   protected:
     void closeEvent(QCloseEvent* event) override;

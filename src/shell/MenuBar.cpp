@@ -10,11 +10,16 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::string_view kWindowItem = "WinItem";
-
 /// A menu reads "&" as the mark of a key; a name is shown as it is.
 QString menuText(std::string_view text) {
     return toQ(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QIcon iconOf(QPixmap (*draw)(QSize, qreal)) {
+    QIcon icon;
+    for (const qreal ratio : {1.0, 1.5, 2.0, 3.0})
+        icon.addPixmap(draw(QSize(16, 16), ratio));
+    return icon;
 }
 
 } // namespace
@@ -30,10 +35,12 @@ MenuBar::MenuBar(Router router, const std::function<bool(std::string_view)>& has
                 menu->addSeparator();
                 continue;
             }
-            if (item.name == kWindowItem)
+            if (item.name == kWinItem)
                 windowMenu_ = menu;
             QAction* action = addItem(menu, item.name, item.index, item.caption, item.shortcut);
             action->setEnabled(hasHandler(item.name));
+            if (item.icon != nullptr)
+                action->setIcon(iconOf(item.icon));
         }
     }
 }
@@ -60,8 +67,7 @@ void MenuBar::setWindowItems(const std::vector<std::string>& captions) {
     QList<QAction*> rows = windowMenu_->actions();
     while (rows.size() < static_cast<qsizetype>(captions.size())) {
         const int index = static_cast<int>(rows.size());
-        const std::string shortcut = index < 10 ? "Ctrl+" + std::to_string(index) : std::string();
-        rows.append(addItem(windowMenu_, kWindowItem, index, "", shortcut));
+        rows.append(addItem(windowMenu_, kWinItem, index, "", fromQ(windowShortcut(index))));
     }
     for (qsizetype i = 0; i < rows.size(); ++i)
         rows[i]->setText(menuText(captions[static_cast<std::size_t>(i)]));

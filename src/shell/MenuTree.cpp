@@ -1,5 +1,7 @@
 #include "shell/MenuTree.h"
 
+#include "shell/Artwork.h"
+
 namespace velmarin {
 
 const std::vector<MenuPlan>& menuTree() {
@@ -55,8 +57,8 @@ const std::vector<MenuPlan>& menuTree() {
         {"SubWin",
          "Subwindow",
          {
-             {"SubwinDic", 0, "Dictionary", "Ctrl+D"},
-             {"SubwinFind", 0, "Find", "Ctrl+F"},
+             {"SubwinDic", 0, "Dictionary", "Ctrl+D", DicApp},
+             {"SubwinFind", 0, "Find", "Ctrl+F", Find},
          }},
         {"MainW",
          "Mainwindow",

@@ -2,6 +2,7 @@
 
 #include "search/PageDeck.h"
 #include "shell/App.h"
+#include "shell/ApplicationShortcuts.h"
 #include "shell/MainWindow.h"
 #include "view/PageImageWindow.h"
 
@@ -19,6 +20,7 @@ PageImageWindow* PageImages::instance() {
             app_.preferences().note(path, result);
         };
         window_ = new PageImageWindow(app_.host(), app_.module.pThis_PreferencesFolder, std::move(events));
+        addApplicationShortcuts(app_, window_);
     }
     return window_;
 }
@@ -48,11 +50,11 @@ bool MainWindowStepper::hasTab(int tab) const {
 }
 
 void MainWindowStepper::mNextBack(int direction, int tab) {
-    window_.deck().mNextBack(direction, tab);
+    window_.mNextBack(direction, tab);
 }
 
 void MainWindowStepper::mUpDown(int direction, int tab) {
-    window_.deck().mUpDown(direction, tab);
+    window_.mUpDown(direction, tab);
 }
 
 } // namespace velmarin

@@ -10,9 +10,11 @@
 #include "side/SubWindow.h"
 #include "view/PageImageWindow.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
 
@@ -95,6 +97,33 @@ TEST(SideWindow, AQueryGoesThereOnlyWhenSynchronised) {
     side->findChild<QCheckBox*>("SyncronizeCB")->click();
     run.search("cherry");
     EXPECT_EQ(word->text(), "cherry");
+}
+
+TEST(WindowsInFront, TakeOnlyTheCommandsOfTheApplication) {
+    Started run;
+    run.group(groupWithErrata().dictionary(fruit("B"))).group(fruitGroup("H", 1)).start();
+    run.pick("G");
+    run.search("apple");
+    for (const char* item : {"SubwinDic", "SubwinFind"})
+        EXPECT_FALSE(run.window().menuBar()->findChild<QAction*>(item)->isEnabled()) << item;
+    run.click("SubWinBV");
+    SubWindow* side = run.window().sideLink().pMySubWin();
+    for (const char* item : {"SubwinDic", "SubwinFind"})
+        EXPECT_TRUE(run.window().menuBar()->findChild<QAction*>(item)->isEnabled()) << item;
+    auto* tabs = run.control<TabPanel>("TB");
+    ASSERT_EQ(tabs->Value(), 0);
+    QApplication::setActiveWindow(side);
+    QTest::keyClick(side->findChild<QLineEdit*>("FindEF"), Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(tabs->Value(), 0) << "tabs are for the window in front";
+    run.key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(tabs->Value(), 1);
+
+    run.choose("BVErrata.0", 0);
+    auto* extra = openWindow<PageImageWindow>();
+    ASSERT_NE(extra, nullptr);
+    QApplication::setActiveWindow(extra);
+    QTest::keyClick(extra, Qt::Key_N, Qt::ControlModifier);
+    EXPECT_EQ(run.app().MainWinList().size(), 2U);
 }
 
 TEST(OrderEditor, SavesTheNewOrderAndTheWindowFollowsAtOnce) {

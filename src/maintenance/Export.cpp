@@ -44,6 +44,7 @@ std::vector<FolderItem> exportableDictionaries(const FolderItem& dictionaryFolde
         }
     }
     std::vector<FolderItem> found;
+    found.reserve(byPath.size());
     for (auto& [path, dictionary] : byPath)
         found.push_back(std::move(dictionary));
     std::stable_sort(found.begin(), found.end(),

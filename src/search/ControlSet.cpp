@@ -7,8 +7,6 @@
 #include "search/WindowState.h"
 #include "view/SmartCanvas.h"
 
-#include <array>
-
 namespace velmarin {
 
 namespace {
@@ -23,7 +21,7 @@ struct ButtonPlan {
 };
 
 // In the order of the layout from left to right, which is also the order of the Tab key.
-constexpr std::array<ButtonPlan, 8> kButtons{{
+constexpr ButtonPlan kButtons[] = {
     {&ControlSet::BVback, "BVback", "Back", "Previous page", "Previous page (Ctrl+Left)", 18, 70},
     {&ControlSet::BVnext, "BVnext", "Next", "Next page", "Next page (Ctrl+Right)", 91, 70},
     {&ControlSet::BVup, "BVup", "Up", "One screenful up", "One screenful up (Ctrl+Up)", 167, 70},
@@ -33,7 +31,7 @@ constexpr std::array<ButtonPlan, 8> kButtons{{
      "Pages seen (back with Alt+Left, forward with Alt+Right)", 414, 80},
     {&ControlSet::BVErrata, "BVErrata", "Errata", "Errata", "Further pages of this entry", 501, 80},
     {&ControlSet::BVimage, "BVimage", "Image size", "Image size", "How the page fits the window", 582, 96},
-}};
+};
 
 constexpr int kButtonTop = 67;
 constexpr int kButtonHeight = 16;

@@ -45,7 +45,7 @@ class SampledRows : public ScaledRows {
         for (int d = x0; d < x1; ++d)
             samples_.push_back(sampleAt(x, d, smooth));
         first_ = samples_.front().first;
-        const auto wide = static_cast<std::size_t>(samples_.back().second - first_ + 1);
+        const auto wide = static_cast<std::size_t>(samples_.back().second - first_) + 1;
         for (Sample& sample : samples_) {
             sample.first -= first_;
             sample.second -= first_;

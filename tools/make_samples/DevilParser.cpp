@@ -13,6 +13,7 @@ namespace {
 constexpr std::size_t verseIndent = 4;
 constexpr std::size_t signatureIndent = 36;
 constexpr std::size_t proseWidth = 58;
+constexpr std::size_t longestWordClass = 24;
 
 std::size_t indentOf(std::string_view line) {
     return std::min(line.find_first_not_of(' '), line.size());
@@ -102,7 +103,7 @@ Article parseDevilArticle(std::string_view text) {
     if (text.starts_with(",")) {
         opening.spans.push_back({Style::Roman, ", ", false});
         const auto end = text.find("  ");
-        if (end != std::string_view::npos && end < 24) {
+        if (end < longestWordClass) {
             article.note = singleSpaced(text.substr(1, end - 1));
             opening.spans.push_back({Style::Italic, article.note, false});
             text.remove_prefix(end);

@@ -96,7 +96,7 @@ Article parseFreedictArticle(std::string_view text) {
         return article;
     const std::string heading = singleSpaced(withoutPronunciation(lines[0]));
     const std::size_t end = std::min({heading.find(" <"), heading.find(" ("), heading.size()});
-    if (end == 0 || heading.find("{") < end)
+    if (end == 0 || heading.find('{') < end)
         return article;
     article.key = heading.substr(0, end);
     article.guide = article.key;

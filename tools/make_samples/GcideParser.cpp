@@ -191,7 +191,7 @@ std::string withoutPronunciations(std::string_view text) {
     return out == "." ? "" : out;
 }
 
-void parseHeading(GcideArticle& article, std::string heading) {
+void parseHeading(GcideArticle& article, const std::string& heading) {
     const auto first = heading.find(" \\");
     const auto second = first == std::string::npos ? first : heading.find('\\', first + 2);
     if (second == std::string::npos)
@@ -264,7 +264,7 @@ GcideArticle parseGcideArticle(std::string_view text) {
     std::string joined;
     for (std::size_t i = 0; i < heading; ++i)
         joined += (i == 0 ? "" : " ") + std::string(trimmed(lines[i]));
-    parseHeading(article, std::move(joined));
+    parseHeading(article, joined);
     std::string block;
     std::size_t indent = 0;
     const auto finish = [&] {

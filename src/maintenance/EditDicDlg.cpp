@@ -118,12 +118,10 @@ std::string EditDicDlg::groupName() const {
 }
 
 void EditDicDlg::save() {
+    const Busy guard(busy_);
     DictionaryOrder order{groupName(), LB_->rows()};
-    {
-        const Busy guard(busy_);
-        for (std::size_t row = 0; row < order.rows.size(); ++row)
-            host_.Yield();
-    }
+    for (std::size_t row = 0; row < order.rows.size(); ++row)
+        host_.Yield();
     windows_.setNewDicPref(order.lines());
     windows_.closePageImageWindow();
     windows_.mWritePreferences_DicGroup(MainWin);

@@ -94,7 +94,7 @@ void ExpDicDlg::makeControls() {
     PB_->setObjectName(QStringLiteral("PB"));
     PB_->setAccessibleName(QStringLiteral("Progress of the export"));
     PB_->setMaximum(100);
-    layout->add(PB_, QRect(104, 423, 220, 20), Anchor::Left | Anchor::Bottom);
+    layout->add(PB_, QRect(104, 423, 220, 20), Anchor::Left | Anchor::Top);
 
     OKBT_->setObjectName(QStringLiteral("OKBT"));
     OKBT_->setAutoDefault(false);

@@ -17,13 +17,8 @@ namespace velmarin {
 namespace {
 
 /// Gives the copy its name, in the place of `there` where that exists. False with errno.
-bool putInPlace(StagedItem& staged, const FolderItem& there, const FolderItem& target, Work& work) {
-    if (!there.occupied())
-        return staged.moveTo(target.path());
-    if (there == target)
-        return staged.moveInPlaceOf(target.path());
-    // Its name differs in case alone.
-    return staged.moveTo(target.path()) && removeTree(there.path(), work);
+bool putInPlace(StagedItem& staged, const FolderItem& there, const FolderItem& target) {
+    return there.occupied() ? staged.moveInPlaceOf(there.path(), target.path()) : staged.moveTo(target.path());
 }
 
 } // namespace
@@ -86,7 +81,7 @@ void exportDictionary(const FolderItem& dictionary, const FolderItem& destinatio
     if (!staged)
         return;
     const FolderItem target(destination.path() / dictionary.Name());
-    if (!putInPlace(*staged, there, target, work))
+    if (!putInPlace(*staged, there, target))
         return fail(dictionary, "it could not be given its name in the folder: " + errorInWords(errno));
     record.deeds.push_back({Deed::Exported, target});
     if (!flushFolder(destination.path()))

@@ -18,6 +18,22 @@ namespace velmarin {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// Gives what was set aside its name back, unless something new bears it, be it in other case. False where something
+/// could not be.
+bool emptied(const fs::path& setAside) {
+    const auto names = listNames(setAside);
+    if (!names)
+        return false;
+    const FolderItem folder(setAside.parent_path());
+    return std::all_of(names->begin(), names->end(), [&](const std::string& name) {
+        return folder.Child(name).occupied() || renameToFreeName(setAside / name, folder.path() / name);
+    });
+}
+
+} // namespace
+
 bool flushOpen(int descriptor) {
     int result = 0;
     do
@@ -91,6 +107,28 @@ bool makeFolder(const fs::path& folder) {
     return ::mkdir(folder.c_str(), 0777) == 0;
 }
 
+bool SetAside::putBack(const fs::path& item) const {
+    if (!renameToFreeName(folder / item.filename(), item))
+        return false;
+    ::rmdir(folder.c_str());
+    return true;
+}
+
+std::optional<SetAside> setAside(const fs::path& item) {
+    SetAside made{item.parent_path() / newSetAsideName(), {}};
+    if (!makeFolder(made.folder))
+        return std::nullopt;
+    made.lock = Descriptor(::open(made.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (made.lock)
+        ::flock(made.lock.number(), LOCK_EX | LOCK_NB);
+    if (renameToFreeName(item, made.folder / item.filename()))
+        return made;
+    const int error = errno;
+    ::rmdir(made.folder.c_str());
+    errno = error;
+    return std::nullopt;
+}
+
 void clearLeftovers(const fs::path& folder, Work& work) {
     const auto names = listNames(folder);
     if (!names)
@@ -104,7 +142,7 @@ void clearLeftovers(const fs::path& folder, Work& work) {
             continue;
         }
         const Descriptor opened(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-        if (opened && ::flock(opened.number(), LOCK_EX | LOCK_NB) == 0)
+        if (opened && ::flock(opened.number(), LOCK_EX | LOCK_NB) == 0 && (!isSetAsideName(name) || emptied(path)))
             removeTree(path, work);
     }
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "maintenance/Work.h"
+#include "store/Descriptor.h"
 
 #include <filesystem>
+#include <optional>
 
 #include <sys/stat.h>
 
@@ -35,8 +37,20 @@ bool removeTree(const std::filesystem::path& item, Work& work);
 /// Makes a folder that was not there. False with errno.
 bool makeFolder(const std::filesystem::path& folder);
 
+/// Moves an item, under its name, into a new hidden folder beside it, and gives that folder with a lock on it that
+/// keeps clearLeftovers off; nothing with errno where it stays in its place. A run that is killed before something new
+/// has the name is made up for by clearLeftovers, which gives it back.
+struct SetAside {
+    std::filesystem::path folder;
+    Descriptor lock;
+    /// Gives the item its place back. False with errno.
+    bool putBack(const std::filesystem::path& item) const;
+};
+std::optional<SetAside> setAside(const std::filesystem::path& item);
+
 /// Removes what runs that were killed have left in a folder: hidden copies that were not whole yet, and what had been
-/// replaced and was about to be removed (store/TemporaryName.h). What a running process holds locked stays.
+/// replaced and was about to be removed (store/TemporaryName.h). What was set aside and has no successor yet gets its
+/// name back. What a running process holds locked stays.
 void clearLeftovers(const std::filesystem::path& folder, Work& work);
 /// Whether there is any such leftover.
 bool holdsLeftovers(const std::filesystem::path& folder);

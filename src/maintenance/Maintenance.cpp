@@ -11,7 +11,6 @@
 #include "platform/Host.h"
 #include "store/DictionaryItem.h"
 
-#include <QApplication>
 #include <QStandardPaths>
 
 namespace velmarin {
@@ -56,7 +55,7 @@ void Maintenance::mUpDateDictionary() {
     const Busy guard(busy_);
     Record record;
     {
-        WaitDlg wait(QApplication::activeWindow());
+        WaitDlg wait(windows_.frontWindow());
         wait.show();
         const Progress yield = [this](const WorkDone&) { host_.Yield(); };
         const auto copies = installedCopies(windows_.pDictionaryFolder(), dictionary.Name(), yield);
@@ -86,20 +85,26 @@ void Maintenance::mExportDic() {
         expDicDlg_->activateWindow();
         return;
     }
-    expDicDlg_ = new ExpDicDlg(host_, busy_, QApplication::activeWindow());
+    expDicDlg_ = new ExpDicDlg(host_, busy_, windows_.frontWindow());
     expDicDlg_->show();
     expDicDlg_->fill(windows_.pDictionaryFolder());
 }
 
 void Maintenance::changeDictionariesOrder(int window, const FolderItem& group) {
     if (!editDicDlg_ || !editDicDlg_->isVisible()) // closed, and deleted with the next turn of the loop
-        editDicDlg_ = new EditDicDlg(windows_, host_, busy_);
+        windows_.prepare(editDicDlg_ = new EditDicDlg(windows_, host_, busy_));
     editDicDlg_->MainWin = window;
+    editDicDlg_->setWindowState(editDicDlg_->windowState() & ~Qt::WindowMinimized);
     editDicDlg_->show();
     editDicDlg_->raise();
     editDicDlg_->activateWindow();
     editDicDlg_->pObjFol = group;
     editDicDlg_->mSet();
+}
+
+void Maintenance::windowLeftGroup(int window) {
+    if (editDicDlg_ && editDicDlg_->MainWin == window)
+        editDicDlg_->close();
 }
 
 } // namespace velmarin

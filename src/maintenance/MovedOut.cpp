@@ -52,7 +52,8 @@ std::optional<MovedOut> MovedOut::toBackup(const fs::path& member, const fs::pat
         if (flushFolder(backup))
             return moved;
         const int error = errno;
-        moved.putBack();
+        if (!moved.putBack())
+            failures.push_back({FolderItem(inBackup), "it was moved here and could not be moved back"});
         return fail(error);
     }
     if (errno != EXDEV)
@@ -69,9 +70,8 @@ bool MovedOut::putBack() const {
     return renameToFreeName(original_, member_);
 }
 
-void MovedOut::finish(Work& work) const {
-    if (original_ != inBackup_)
-        removeTree(original_, work);
+bool MovedOut::finish(Work& work) const {
+    return original_ == inBackup_ || removeTree(original_, work);
 }
 
 } // namespace velmarin

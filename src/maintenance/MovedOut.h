@@ -19,8 +19,9 @@ class MovedOut {
 
     /// Gives it its place and name back. False with errno where it stays in the backup folder.
     bool putBack() const;
-    /// To be called once something new has its name: removes what a copy between file systems has left.
-    void finish(Work& work) const;
+    /// To be called once something new has its name: removes what a copy between file systems has left. False with
+    /// errno where something of it stays, under a hidden name.
+    bool finish(Work& work) const;
 
     const std::filesystem::path& inBackup() const { return inBackup_; }
 

@@ -29,7 +29,7 @@ class OrderModel : public QAbstractListModel {
     }
 
     void move(int from, int before) {
-        if (before < 0 || before > rowCount({}) || !beginMoveRows({}, from, from, {}, before))
+        if (from < 0 || before < 0 || before > rowCount({}) || !beginMoveRows({}, from, from, {}, before))
             return;
         order_.move(static_cast<std::size_t>(from), static_cast<std::size_t>(before));
         endMoveRows();
@@ -119,6 +119,9 @@ void OrderList::keyPressEvent(QKeyEvent* event) {
 }
 
 void OrderList::mousePressEvent(QMouseEvent* event) {
+    // Another button during a drag is none of its business.
+    if (dropBefore_ >= 0)
+        return;
     QListView::mousePressEvent(event);
     pressedAt_ = event->position().toPoint();
     pressedRow_ = event->button() == Qt::LeftButton ? indexAt(pressedAt_).row() : -1;
@@ -133,6 +136,8 @@ void OrderList::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void OrderList::mouseReleaseEvent(QMouseEvent* event) {
+    if (dropBefore_ >= 0 && event->button() != Qt::LeftButton)
+        return;
     const int from = pressedRow_;
     const int before = dropBefore_;
     endDrag();

@@ -256,21 +256,24 @@ bool StagedItem::moveToEvenOverEmptyFolder(const fs::path& target) {
     return true;
 }
 
-bool StagedItem::moveInPlaceOf(const fs::path& target) {
-    if (exchangeNames(path_, target))
-        return true;
-    if (errno != EINVAL)
-        return false;
-    const fs::path old = target.parent_path() / newTemporaryName();
-    if (!renameToFreeName(target, old))
+bool StagedItem::moveInPlaceOf(const fs::path& there, const fs::path& target) {
+    if (there == target) {
+        if (exchangeNames(path_, target))
+            return true;
+        if (errno != EINVAL)
+            return false;
+    }
+    auto old = setAside(there);
+    if (!old)
         return false;
     if (!renameToFreeName(path_, target)) {
         const int error = errno;
-        renameToFreeName(old, target);
+        old->putBack(there);
         errno = error;
         return false;
     }
-    path_ = old;
+    path_ = old->folder;
+    lock_ = std::move(old->lock);
     return true;
 }
 

@@ -30,9 +30,9 @@ class StagedItem {
     bool moveTo(const std::filesystem::path& target);
     /// The same where the name may belong to a folder, as long as that is empty.
     bool moveToEvenOverEmptyFolder(const std::filesystem::path& target);
-    /// Puts it in the place of the item at `target`, which gets the hidden name. False with errno where that did not
-    /// happen.
-    bool moveInPlaceOf(const std::filesystem::path& target);
+    /// Gives it its name in the place of the item `there` of the same folder, whose name may differ in case, and which
+    /// gets a hidden name. False with errno where that did not happen.
+    bool moveInPlaceOf(const std::filesystem::path& there, const std::filesystem::path& target);
 
     /// Removes what has the hidden name now. False with errno where something of it is left.
     bool drop(Work& work);

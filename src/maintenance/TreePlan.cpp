@@ -30,7 +30,7 @@ Identity identityOf(const struct stat& found) {
 std::vector<Identity> folderAndThoseAbove(const fs::path& folder) {
     std::vector<Identity> chain;
     std::error_code error;
-    fs::path at = fs::canonical(folder, error);
+    fs::path at = fs::weakly_canonical(folder, error); // it may be about to be made
     if (error)
         return chain;
     for (;; at = at.parent_path()) {

@@ -37,15 +37,24 @@ class Updater {
             fail(backups_, "the backup folder must not lie in the dictionary");
             return std::move(record_);
         }
+        std::vector<FolderItem> sound;
+        for (const FolderItem& copy : copies) {
+            if (liesIn(backups_.path(), copy.path()))
+                fail(copy, "the folder for the backups lies in it, so that it was not updated");
+            else
+                sound.push_back(copy);
+        }
+        if (sound.empty())
+            return std::move(record_);
         if (!backups_.CreateAsFolder()) {
             fail(backups_, "the folder for the backups could not be made: " + errorInWords(errno));
             return std::move(record_);
         }
         clearLeftovers(backups_.path(), work_);
-        planMembers(copies.size());
-        for (std::size_t k = 0; k < copies.size(); ++k) {
+        planMembers(sound.size());
+        for (std::size_t k = 0; k < sound.size(); ++k) {
             work_.pass();
-            updateCopy(copies[k], k);
+            updateCopy(sound[k], k);
         }
         return std::move(record_);
     }
@@ -71,8 +80,6 @@ class Updater {
     void updateCopy(const FolderItem& copy, std::size_t k) {
         if (liesIn(copy.path(), dictionary_.path()) || liesIn(dictionary_.path(), copy.path()))
             return fail(copy, "it is the chosen folder itself or a part of it, and was not updated");
-        if (liesIn(backups_.path(), copy.path()))
-            return fail(copy, "the folder for the backups lies in it, so that it was not updated");
         clearLeftovers(copy.path(), work_);
         const std::string name =
             mFiMod_GetUniqueFileName(dictionary_.Name() + "-Oldversion-" + Str(static_cast<std::int64_t>(k)), backups_);
@@ -115,8 +122,11 @@ class Updater {
         record_.deeds.push_back({out.empty() ? Deed::Added : Deed::Replaced, target});
         if (!flushFolder(copy.path()))
             return fail(target, errorInWords(errno));
-        for (const MovedOut& old : out)
-            old.finish(work_);
+        for (const MovedOut& old : out) {
+            if (!old.finish(work_))
+                fail(target,
+                     "what stood there before is saved, but could not be removed altogether: " + errorInWords(errno));
+        }
     }
 
     void putBack(const std::vector<MovedOut>& out) {

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+class QWidget;
+
 namespace velmarin {
 
 /// What the maintenance commands need of the application and its main windows. A window is named by its position in
@@ -14,6 +16,10 @@ class WindowsLink {
     virtual ~WindowsLink() = default;
 
     virtual FolderItem pDictionaryFolder() const = 0;
+    /// The main window to which dialogs belong; null where there is none.
+    virtual QWidget* frontWindow() const = 0;
+    /// Gives a new window that stands beside the main windows what all windows have.
+    virtual void prepare(QWidget* window) = 0;
 
     // After an install.
     virtual int windowCount() const = 0;

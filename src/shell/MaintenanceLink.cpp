@@ -1,12 +1,22 @@
 #include "shell/MaintenanceLink.h"
 
 #include "shell/App.h"
+#include "shell/ApplicationShortcuts.h"
 #include "shell/MainWindow.h"
 
 namespace velmarin {
 
 FolderItem MaintenanceLink::pDictionaryFolder() const {
     return app_.module.pDictionaryFolder;
+}
+
+QWidget* MaintenanceLink::frontWindow() const {
+    MainWindow* window = app_.ActiveMainWin;
+    return window != nullptr && window->isVisible() ? window : nullptr;
+}
+
+void MaintenanceLink::prepare(QWidget* window) {
+    addApplicationShortcuts(app_, window);
 }
 
 int MaintenanceLink::windowCount() const {
@@ -39,6 +49,8 @@ void MaintenanceLink::closePageImageWindow() {
 }
 
 void MaintenanceLink::mWritePreferences_DicGroup(int window) {
+    // A save by hand that fails is told of, whatever was told before.
+    app_.preferences().forgetFailures();
     app_.window(window).mWritePreferences_DicGroup();
 }
 

@@ -12,6 +12,8 @@ class MaintenanceLink : public WindowsLink {
     explicit MaintenanceLink(App& app) : app_(app) {}
 
     FolderItem pDictionaryFolder() const override;
+    QWidget* frontWindow() const override;
+    void prepare(QWidget* window) override;
     int windowCount() const override;
     void startAnew(int window) override;
     std::vector<std::string> dictionaryNames(int window) const override;

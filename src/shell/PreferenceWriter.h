@@ -21,6 +21,8 @@ class PreferenceWriter {
     void writeGroup(const WindowState& state, bool separately, const ThisAppliModule& module);
     /// The file `MainWindow`.
     void writePlacement(const WindowPlacement& placement, const ThisAppliModule& module);
+    /// The next failure of any file is told of again.
+    void forgetFailures() { failing_.clear(); }
     /// Takes note of the outcome of any other write to `path`.
     void note(const std::string& path, const WriteResult& result);
 

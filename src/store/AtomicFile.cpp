@@ -88,10 +88,10 @@ class TemporaryFile {
         return false;
     }
 
-    /// The owner and permissions of the file that is to be replaced; an owner that cannot be kept is let go.
+    /// The owner and permissions of the file that is to be replaced; what cannot be kept there is let go.
     bool keepMode(const struct stat& old) {
         [[maybe_unused]] const int ignored = ::fchown(descriptor_.number(), old.st_uid, old.st_gid);
-        return ::fchmod(descriptor_.number(), old.st_mode & 07777) == 0;
+        return ::fchmod(descriptor_.number(), old.st_mode & 07777) == 0 || errno == EPERM || errno == ENOTSUP;
     }
 
     bool write(std::string_view bytes) {
@@ -145,7 +145,7 @@ void clearLeftoverTemporaries(const fs::path& folder) {
     if (!names)
         return;
     for (const std::string& name : *names) {
-        if (!isTemporaryName(name))
+        if (!isTemporaryName(name) || isSetAsideName(name))
             continue;
         const fs::path path = folder / name;
         const Descriptor opened(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));

@@ -93,6 +93,7 @@ TEST_F(EditDicDialog, SaveWritesTheLinesAndReadsTheGroupAgain) {
     EXPECT_EQ(EF->text(), "Old ones");
     EF->selectAll();
     QTest::keyClicks(EF, "Older ones");
+    windows_.onRead = [&] { EXPECT_TRUE(busy_.busy()) << "a pick now would be for another group"; };
     click(button("SaveBT"));
     EXPECT_EQ(windows_.newDicPref, (Rows{"Older ones", "a", "b", "d", "c"}));
     EXPECT_EQ(windows_.told,
@@ -116,6 +117,13 @@ TEST_F(EditDicDialog, NothingIsSavedByAnyOtherWayOut) {
         EXPECT_EQ(shown(kDialog), nullptr) << why;
         EXPECT_TRUE(windows_.told.empty()) << why;
     }
+}
+
+TEST_F(EditDicDialog, GoesWithTheGroupOfItsWindow) {
+    maintenance_.windowLeftGroup(0);
+    EXPECT_NE(shown(kDialog), nullptr);
+    maintenance_.windowLeftGroup(1);
+    EXPECT_EQ(shown(kDialog), nullptr);
 }
 
 TEST_F(EditDicDialog, OpenedAgainWhileItIsUpItShowsAllRowsTwice) {

@@ -19,7 +19,12 @@ class FakeWindows : public WindowsLink {
     std::vector<std::string> told;
     std::vector<std::string> newDicPref;
 
+    /// Runs when a group is read.
+    std::function<void()> onRead;
+
     FolderItem pDictionaryFolder() const override { return dictionaryFolder; }
+    QWidget* frontWindow() const override { return nullptr; }
+    void prepare(QWidget* /*window*/) override {}
     int windowCount() const override { return windows; }
     void startAnew(int window) override { told.push_back("start anew " + std::to_string(window)); }
     std::vector<std::string> dictionaryNames(int /*window*/) const override { return names; }
@@ -32,6 +37,8 @@ class FakeWindows : public WindowsLink {
     void mWritePreferences_DicGroup(int window) override { told.push_back("write " + std::to_string(window)); }
     void ReadDictionaryFolder(int window, const FolderItem& group) override {
         told.push_back("read " + std::to_string(window) + " " + group.path().native());
+        if (onRead)
+            onRead();
     }
     void readyForSearch(int window) override { told.push_back("ready " + std::to_string(window)); }
 };

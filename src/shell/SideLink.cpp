@@ -4,6 +4,7 @@
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
+#include "search/PageDeck.h"
 #include "search/QueryBar.h"
 #include "search/Searcher.h"
 #include "shell/App.h"
@@ -84,6 +85,7 @@ FolderItem SideLink::pDictionaryGroupFolder() {
 
 void SideLink::setSearchText(std::string_view text) {
     mainWindow_.queryBar().SearchEF()->setText(toQ(text));
+    mainWindow_.queryBar().SearchEF()->setCursorPosition(0); // of a long message the beginning is what tells
 }
 
 void SideLink::focusSearch(bool selectAll) {
@@ -99,7 +101,9 @@ void SideLink::setOKBTDefault(bool isDefault) {
 
 void SideLink::searchAll(const std::string& word) {
     for (int i = 0; i < static_cast<int>(mainWindow_.state().pDictionaryItem.size()); ++i) {
-        mainWindow_.searcher().mSearch(word, i);
+        // In list mode only the first has a tab to show its page in.
+        if (i < mainWindow_.deck().setCount())
+            mainWindow_.searcher().mSearch(word, i);
         app_.host().Yield();
     }
 }

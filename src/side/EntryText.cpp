@@ -30,9 +30,10 @@ bool beginsSomething(std::string_view text) {
            (word.front() >= '0' && word.front() <= '9' && (word.back() == '.' || word.back() == ')'));
 }
 
-bool wasBroken(std::string_view line, std::string_view next, std::size_t width) {
+/// Where the paragraphs of an entry are indented, a line that is not begins another one.
+bool wasBroken(std::string_view line, std::string_view next, std::size_t width, bool indents) {
     const std::string_view text = withoutIndent(next);
-    return !withoutIndent(line).empty() && text.size() < next.size() && !beginsSomething(text) &&
+    return !withoutIndent(line).empty() && (text.size() < next.size() || !indents) && !beginsSomething(text) &&
            characters(line) + 1 + characters(text.substr(0, text.find(' '))) > width;
 }
 
@@ -47,9 +48,12 @@ std::string unwrapped(std::string_view entry) {
     }
     if (width < kShortestWrap || width > kLongestWrap)
         return std::string(entry);
+    const bool indents = std::any_of(lines.begin() + 1, lines.end(), [](std::string_view line) {
+        return !line.empty() && withoutIndent(line).size() < line.size();
+    });
     std::string text;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (i > 0 && wasBroken(lines[i - 1], lines[i], width))
+        if (i > 0 && wasBroken(lines[i - 1], lines[i], width, indents))
             text.append(" ").append(withoutIndent(lines[i]));
         else
             text.append(i == 0 ? "" : "\n").append(lines[i]);

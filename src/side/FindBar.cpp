@@ -17,6 +17,7 @@ const QColor kRectFill(0xE6, 0xE6, 0xE6);
 const QColor kRectBorder(0x66, 0x66, 0x66);
 const QColor kEntryBackground(0xF0, 0xFF, 0xFC);
 const QColor kMissColour(0x66, 0x66, 0x66);
+const QColor kSelectedBackground(0xBF, 0xDD, 0xFF);
 constexpr int kClearButton = 16;
 constexpr int kTargetPicture = 20;
 constexpr int kClearPicture = 12;
@@ -153,7 +154,10 @@ void FindBar::setTarget(FindTarget target) {
 
 void FindBar::showMiss(bool missed) {
     QPalette colours = FindEF_->palette();
-    colours.setColor(QPalette::Text, missed ? kMissColour : QColor(Qt::black));
+    // A step leaves the word selected, and its colour must show all the same.
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::HighlightedText})
+        colours.setColor(role, missed ? kMissColour : QColor(Qt::black));
+    colours.setColor(QPalette::Highlight, kSelectedBackground);
     FindEF_->setPalette(colours);
 }
 

@@ -246,6 +246,7 @@ void SubWindow::mMakeUserDicPU() {
     const FolderItem folder = groupFolder_.Child(kUserDictionariesFolder);
     if (!folder.Exists())
         return;
+    const Busy guard(services_.busy);
     const Running running(*this);
     filling_ = true;
     const int row = UserDicPU_->ListIndex();

@@ -53,7 +53,7 @@ class SubWindow : public QWidget {
     SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging hanging);
     ~SubWindow() override;
 
-    /// Shows it at its main window, as high as that.
+    /// Takes its settings, and shows it at its main window, as high as that.
     void open();
     /// Writes the settings, hides the window, and destroys it: at once, or where a look-up runs, which is stopped, at
     /// the end of that.

@@ -52,7 +52,7 @@ SubWindow::SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging 
       groupFolder_(mainWindow.pDictionaryGroupFolder()), layout_(new AnchoredLayout(this, kDesignSize)),
       EF_(new TextArea(this)), widthAtOpening_(kDesignSize.width()) {
     setObjectName(QStringLiteral("SubWindow"));
-    setWindowTitle(QStringLiteral("Side window"));
+    setAccessibleName(QStringLiteral("Side window"));
     setAttribute(Qt::WA_QuitOnClose, false);
     setMinimumSize(kMinimumSize);
     setMaximumSize(kMaximumSide, kMaximumSide);
@@ -68,7 +68,6 @@ SubWindow::SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging 
     goBack_->setSingleShot(true);
     goBack_->setInterval(kClickIsThrough);
     connect(goBack_, &QTimer::timeout, this, &SubWindow::goBackToMainWindow);
-    mSetPref();
 }
 
 SubWindow::~SubWindow() {
@@ -78,7 +77,9 @@ SubWindow::~SubWindow() {
 }
 
 void SubWindow::open() {
-    hanging_->show(widthAtOpening_);
+    mSetPref();
+    if (!shut_)
+        hanging_->show(widthAtOpening_);
 }
 
 void SubWindow::makeText() {

@@ -66,7 +66,10 @@ void TextArea::setSelTextColor(const QColor& colour) {
 
 double TextArea::SelTextSize() const {
     const double own = currentCharFormat().fontPointSize();
-    return own > 0 ? own : QFontInfo(font()).pointSizeF();
+    if (own > 0)
+        return own;
+    // What the font was told to be, where it was told in points: on the screen it is rounded to pixels.
+    return font().pointSizeF() > 0 ? font().pointSizeF() : QFontInfo(font()).pointSizeF();
 }
 
 void TextArea::setSelTextSize(double points) {

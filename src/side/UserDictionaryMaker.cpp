@@ -30,8 +30,11 @@ class ShownInMainWindow : public BuildProgress {
 };
 
 std::string notUtf8Message(std::int64_t lines) {
-    return (lines == 1 ? "1 line of the data is" : Str(lines) + " lines of the data are") +
-           " not in UTF-8. They were taken over byte for byte, but some of their letters cannot be shown.";
+    if (lines == 1)
+        return "1 line of the data is not in UTF-8. It was taken over byte for byte, but some of its letters cannot be "
+               "shown.";
+    return Str(lines) + " lines of the data are not in UTF-8. They were taken over byte for byte, but some of their "
+                        "letters cannot be shown.";
 }
 
 } // namespace
@@ -39,8 +42,8 @@ std::string notUtf8Message(std::int64_t lines) {
 void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink& mainWindow, Host& host,
                                   BusyState& busy) {
     const FolderItem dictionaries = groupFolder.Child(kUserDictionariesFolder);
-    if (!dictionaries.Exists())
-        dictionaries.CreateAsFolder();
+    if (!dictionaries.Exists() && !dictionaries.CreateAsFolder())
+        host.MsgBox("The folder " + dictionaries.path().native() + " could not be made.");
     host.MsgBox(kAskForData);
     const std::filesystem::path source = host.GetOpenFile(kAskForData, pText.extensions);
     if (source.empty())
@@ -64,7 +67,8 @@ void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink&
     if (result.linesNotUtf8 > 0)
         host.MsgBox(notUtf8Message(result.linesNotUtf8));
     host.MsgBox(kMade);
-    host.Launch(groupFolder.path());
+    if (!host.Launch(groupFolder.path()))
+        host.MsgBox("The folder could not be opened: " + groupFolder.path().native());
 }
 
 } // namespace velmarin

@@ -227,7 +227,7 @@ std::vector<CopyFailure> moveItem(const FolderItem& source, const FolderItem& de
     if (errno != EXDEV)
         return failed(errno == EINVAL ? "a folder cannot be moved into itself" : errorInWords(errno));
 
-    std::error_code ignored;
+    std::error_code error;
     const FolderItem staged(destFolder.path() / newTemporaryName());
     auto failures = copyItem(source, destFolder, staged.Name(), Links::Kept);
     const Descriptor there(::open(destFolder.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -235,8 +235,14 @@ std::vector<CopyFailure> moveItem(const FolderItem& source, const FolderItem& de
         failures = failed("the copy could not be flushed to the disk");
     if (failures.empty() && !renameToFreeName(staged.path(), target.path()))
         failures = failed(errorInWords(errno));
-    fs::remove_all(failures.empty() ? source.path() : staged.path(), ignored);
-    return failures;
+    if (!failures.empty()) {
+        fs::remove_all(staged.path(), error);
+        return failures;
+    }
+    if (::fsync(there.number()) != 0)
+        return failed("it was copied and stays, since the copy's name could not be flushed to the disk");
+    fs::remove_all(source.path(), error);
+    return error ? failed("it was copied, but could not be removed: " + error.message()) : failures;
 }
 
 } // namespace velmarin

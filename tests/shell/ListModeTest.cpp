@@ -5,6 +5,7 @@
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
+#include "shell/SideLink.h"
 #include "view/SmartCanvas.h"
 
 #include <QApplication>
@@ -61,6 +62,15 @@ TEST(ListMode, AChosenHitKeepsTheImageSizeAndAStepGoesBackToItsDictionarys) {
     EXPECT_EQ(canvas->Mode(), 1);
     run.click("BVnext.0");
     EXPECT_EQ(canvas->Mode(), 3);
+}
+
+TEST(ListMode, ASearchFromTheSideWindowPassesOverDictionariesWithoutATab) {
+    Started run;
+    run.group(manyFruits("Many")).start();
+    run.search("banana");
+    run.window().sideLink().searchAll("cherry");
+    EXPECT_EQ(run.imageName(0), "3.bmp");
+    EXPECT_TRUE(run.host.messages.empty());
 }
 
 TEST(ListMode, ARowWithoutAPageSaysSoReadably) {

@@ -36,8 +36,9 @@ INSTANTIATE_TEST_SUITE_P(
         EntryCase{"SenseAfterAFullLineStays",
                   "   A line that is as long as the longest line of the whole entry\n   2. Second.\n"
                   "   (a) Third.\n   [Obs.]\n   {See}\n   --Longfellow\n   Note: Fourth."},
-        EntryCase{"LinesThatAreNotIndentedStay",
-                  "A line that is as long as the longest line of the whole entry\nsecond\nthird"},
+        EntryCase{"WithoutAnyIndentsFullLinesAreJoined",
+                  "A line that is as long as the longest line of the whole entry\nsecond\nthird",
+                  "A line that is as long as the longest line of the whole entry second\nthird"},
         EntryCase{"ShortEntryStays", "Amour\n   love\n   affair\n"},
         EntryCase{"LinesOfNoTerminalStay",
                   "A line that is longer than those that anybody would have broken for a terminal of the old days\n"

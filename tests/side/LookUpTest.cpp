@@ -114,12 +114,18 @@ TEST(LookUp, ShowsUserHitsInTheirStyles) {
     };
     EXPECT_EQ(styleAt("Mine").foreground().color(), QColor(64, 128, 0));
     EXPECT_EQ(styleAt("amo²").foreground().color(), QColor(0, 0, 128));
-    EXPECT_NEAR(styleAt("amo²").fontPointSize(), 18.7, 0.3);
+    EXPECT_NEAR(styleAt("amo²").fontPointSize(), 18.7, 0.001);
     EXPECT_EQ(styleAt("amo²").fontWeight(), QFont::Bold);
     EXPECT_EQ(styleAt("love").foreground().color(), QColor(0, 0, 0));
     EXPECT_EQ(styleAt("love").fontPointSize(), 12);
     EXPECT_NE(styleAt("love").fontWeight(), QFont::Bold);
 
+    for (const double size : {10.0, 16.0}) {
+        fixture.EF().setTextSize(size);
+        fixture.ask("amo");
+        EXPECT_EQ(styleAt("love").fontPointSize(), size);
+        EXPECT_EQ(styleAt("x").fontPointSize(), size) << "the second hit is as large as the first";
+    }
     fixture.ask("a__BR__b");
     EXPECT_EQ(fixture.text(), heading + "a\nb\n\n\n\n");
 }

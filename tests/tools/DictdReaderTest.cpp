@@ -69,7 +69,7 @@ TEST(DictdReader, WhatCannotBeReadIsNamed) {
     for (const Row& row : rows) {
         folder.write("tiny.index", row.index);
         try {
-            DictdReader(folder.path(), "tiny");
+            const DictdReader reader(folder.path(), "tiny");
             ADD_FAILURE() << row.reason << ": was read";
         } catch (const std::runtime_error& failure) {
             EXPECT_NE(std::string(failure.what()).find(row.inMessage), std::string::npos)

@@ -45,12 +45,4 @@ TEST(Output, ReaderThatGoesAwayEndsTheRunAsItEndsAnyFilter) {
     EXPECT_EQ(cli.status(), 128 + SIGPIPE);
 }
 
-TEST(Output, ReaderThatGoesAwayIsAFailureWhereTheSignalIsIgnored) {
-    CliAtPipes cli({"key"}, {.folder = {}, .input = {}, .outFile = {}, .outClosed = false, .ignorePipeSignal = true});
-    cli.closeOutput();
-    cli.write("a\n");
-    cli.closeInput();
-    EXPECT_EQ(cli.status(), 2);
-}
-
 } // namespace

@@ -218,17 +218,6 @@ TEST(BevelButton, ToggleStaysPressedInAndLooksIt) {
     EXPECT_TRUE(difference(out, painted(button)).isNull());
 }
 
-TEST(BevelButton, MarksShowWhatItIs) {
-    BevelButton button("Errata");
-    button.resize(80, 16);
-    const QImage plain = painted(button);
-    button.setHasMenu(true);
-    const QImage menu = painted(button);
-    EXPECT_GT(difference(plain, menu).right(), 70) << "an arrow at the right end";
-    button.setEnabled(false);
-    EXPECT_FALSE(difference(menu, painted(button)).isNull()) << "disabled looks it";
-}
-
 TEST(BevelButton, KeyboardFocusIsSeen) {
     QWidget window;
     BevelButton button("Next", &window);
@@ -241,16 +230,6 @@ TEST(BevelButton, KeyboardFocusIsSeen) {
     const QImage with = painted(button);
     EXPECT_NE(without.pixelColor(35, 0), with.pixelColor(35, 0));
     EXPECT_EQ(with.pixelColor(35, 0), button.palette().color(QPalette::Highlight));
-}
-
-TEST(BevelButton, PictureTakesTheCaptionsPlace) {
-    QPixmap picture(24, 24);
-    picture.fill(Qt::red);
-    BevelButton button;
-    button.resize(24, 24);
-    button.setIconSize({24, 24});
-    button.setIcon(picture);
-    EXPECT_EQ(painted(button).pixelColor(12, 12), QColor(Qt::red));
 }
 
 TEST(BevelButton, ScreenReadersHearNameKindAndRow) {

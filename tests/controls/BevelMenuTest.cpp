@@ -171,16 +171,6 @@ INSTANTIATE_TEST_SUITE_P(
         KeyCase{"TabLeavesAllAsItIs", {Qt::Key_Space, Qt::Key_End, Qt::Key_Tab}, std::nullopt}),
     [](const auto& info) { return info.param.name; });
 
-TEST_F(BevelMenu, PageDownMovesByAWindowful) {
-    button.setRows(pages(200));
-    button.setMenuValue(50);
-    button.openMenu();
-    QTest::keyClick(list(), Qt::Key_PageDown);
-    QTest::keyClick(list(), Qt::Key_Return);
-    EXPECT_GT(lastChosen().value_or(0), 55);
-    EXPECT_LT(lastChosen().value_or(0), 100);
-}
-
 TEST_F(BevelMenu, PressElsewhereClosesIt) {
     button.setRows(pages(5));
     button.openMenu();
@@ -291,13 +281,6 @@ INSTANTIATE_TEST_SUITE_P(
                       PlaceCase{"AtTheRightIsMovedIn", {100, 10}, 4, std::string(60, 'w'), true},
                       PlaceCase{"VeryWideRowsAreCapped", {10, 10}, 4, std::string(4000, 'w'), true}),
     [](const auto& info) { return info.param.name; });
-
-TEST_F(BevelMenu, IsWideEnoughForItsRows) {
-    button.setRows({"short", "a_rather_long_name_of_a_page_0002.tif"});
-    button.openMenu();
-    const QString text = list()->model()->index(1, 0).data().toString();
-    EXPECT_GT(list()->viewport()->width(), list()->fontMetrics().horizontalAdvance(text) + 16);
-}
 
 } // namespace
 } // namespace velmarin

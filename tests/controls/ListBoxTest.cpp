@@ -103,13 +103,6 @@ TEST_F(ListBoxTest, RowSetByCodeIsInView) {
     EXPECT_EQ(box.List(49'000), "row 49000");
 }
 
-TEST_F(ListBoxTest, RowsAreAsWideAsTheListWhateverTheyHold) {
-    box.AddRow(std::string(500, 'w'));
-    QCoreApplication::processEvents();
-    for (int row = 0; row < box.rowCount(); ++row)
-        EXPECT_EQ(box.visualRect(box.model()->index(row, 0)).width(), box.viewport()->width()) << row;
-}
-
 TEST_F(ListBoxTest, HandlerMayDeleteTheRows) {
     QObject::connect(&box, &ListBox::Change, &box, [this] { box.DeleteAllRows(); });
     click(1);

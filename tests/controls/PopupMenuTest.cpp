@@ -148,11 +148,6 @@ INSTANTIATE_TEST_SUITE_P(PopupMenu, OpeningKeys,
                                            OpenCase{"CommandsAreForTheMenuBar", Qt::Key_E, Qt::ControlModifier, false}),
                          [](const auto& info) { return info.param.name; });
 
-TEST_F(PopupMenuTest, FirstRowIsNotPickedByItself) {
-    EXPECT_EQ(menu.ListIndex(), -1);
-    EXPECT_EQ(changes.count(), 0);
-}
-
 TEST_F(PopupMenuTest, RowsKeepTheirTags) {
     EXPECT_EQ(menu.rowCount(), 3);
     EXPECT_EQ(menu.List(1), "Languages");
@@ -195,44 +190,6 @@ TEST_F(PopupMenuTest, RowsMadeAnewAsTheListOpensAreTheOnesShown) {
     ASSERT_TRUE(isOpen());
     clickRow(0);
     EXPECT_EQ(menu.List(menu.ListIndex()), "Fresh");
-}
-
-TEST_F(PopupMenuTest, WithoutRowsNothingOpens) {
-    menu.DeleteAllRows();
-    menu.showPopup();
-    EXPECT_FALSE(isOpen());
-}
-
-TEST_F(PopupMenuTest, PromptIsPalerThanAPickedRow) {
-    const auto darkest = [this] {
-        const QImage image = test::painted(menu);
-        int grey = 255;
-        for (int y = 4; y < 16; ++y)
-            for (int x = 6; x < 120; ++x)
-                grey = std::min(grey, qGray(image.pixel(x, y)));
-        return grey;
-    };
-    menu.clearFocus();
-    menu.setPrompt("Languages");
-    const int prompt = darkest();
-    menu.setListIndexQuietly(1);
-    EXPECT_GT(prompt, darkest() + 40);
-    EXPECT_LT(prompt, 200) << "pale, but there";
-}
-
-TEST_F(PopupMenuTest, TextStaysInsideAtLargeFonts) {
-    QFont font = menu.font();
-    font.setPointSize(26);
-    menu.setFont(font);
-    menu.setGeometry(11, 3, 160, 20);
-    menu.setPrompt("");
-    const QImage blank = test::painted(menu);
-    menu.setListIndexQuietly(1);
-    const QRect ink = test::difference(blank, test::painted(menu));
-    EXPECT_GE(ink.height(), 8);
-    EXPECT_GE(ink.top(), 1);
-    EXPECT_LE(ink.bottom(), 18);
-    EXPECT_EQ(menu.size(), QSize(160, 20));
 }
 
 } // namespace

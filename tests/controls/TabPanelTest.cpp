@@ -85,16 +85,6 @@ INSTANTIATE_TEST_SUITE_P(TabPanel, Fronts,
                                                      "a", 2}),
                          [](const auto& info) { return info.param.name; });
 
-TEST_F(TabPanelTest, FirstPanelComesToTheFrontByItself) {
-    EXPECT_EQ(panel.Value(), -1);
-    EXPECT_EQ(panel.panel(0), nullptr);
-    QWidget* page = panel.insertPanel(0, "Tab 0");
-    EXPECT_EQ(panel.Value(), 0);
-    EXPECT_EQ(panel.panel(0), page);
-    panel.removePanel(0);
-    EXPECT_EQ(panel.Value(), -1);
-}
-
 TEST_F(TabPanelTest, RemovedPageDiesAfterTheEventThatRemovedIt) {
     fill(2);
     const QPointer<QWidget> page = panel.panel(1);
@@ -149,39 +139,6 @@ TEST_F(TabPanelTest, CurrentTabStaysInViewWhenThePanelShrinks) {
     panel.resize(300, 765);
     QCoreApplication::processEvents();
     EXPECT_TRUE(room().contains(bar->tabRect(6)));
-}
-
-TEST_F(TabPanelTest, CaptionsAreWholeWhereThereIsRoomAndCutWhereThereIsNot) {
-    panel.insertPanel(0, "Rock & Roll");
-    panel.insertPanel(1, std::string(300, 'w'));
-    show();
-    EXPECT_EQ(bar->shownCaption(0), "Rock & Roll");
-    EXPECT_TRUE(bar->shownCaption(1).endsWith(QChar(0x2026)));
-    EXPECT_LE(bar->tabRect(1).width(), 200);
-    EXPECT_EQ(panel.caption(1), std::string(300, 'w'));
-}
-
-TEST_F(TabPanelTest, WheelGoesFromTabToTab) {
-    fill(21);
-    show();
-    for (int turn = 0; turn < 20; ++turn) {
-        const QPointF place(50, 10);
-        QWheelEvent down(place, bar->mapToGlobal(place), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(bar, &down);
-    }
-    EXPECT_EQ(panel.Value(), 20);
-    EXPECT_TRUE(room().contains(bar->tabRect(20)));
-}
-
-TEST_F(TabPanelTest, BarKeepsItsHeightAtLargeFonts) {
-    QFont font = panel.font();
-    font.setPointSize(28);
-    panel.setFont(font);
-    fill(3);
-    show();
-    EXPECT_EQ(bar->height(), TabPanel::kBarHeight);
-    EXPECT_LE(bar->fontMetrics().ascent() + bar->fontMetrics().descent(), TabPanel::kBarHeight - 4);
-    EXPECT_EQ(panel.panel(0)->y(), TabPanel::kBarHeight);
 }
 
 } // namespace

@@ -40,15 +40,6 @@ TEST_F(SizeButton, MenuIsNineAndTheEvenSizesToForty) {
     EXPECT_EQ(button.CurrentFontSize, 14);
 }
 
-TEST_F(SizeButton, SizesByRow) {
-    struct Row {
-        std::int32_t row, size;
-    };
-    for (const Row row : {Row{0, 9}, Row{2, 12}, Row{-2, 12}, Row{16, 40}, Row{17, 10}, Row{-17, 10},
-                          Row{INT32_MIN, 10}, Row{INT32_MAX, 10}})
-        EXPECT_EQ(button.GetFontSize(row.row), row.size) << row.row;
-}
-
 TEST_F(SizeButton, SizeThatIsNotInTheMenuAppliesTheFirst) {
     button.SelectMenuFromFontSize(18);
     EXPECT_EQ(button.MenuValue(), 5);
@@ -56,21 +47,6 @@ TEST_F(SizeButton, SizeThatIsNotInTheMenuAppliesTheFirst) {
     button.SelectMenuFromFontSize(11);
     EXPECT_EQ(button.CurrentFontSize, 9);
     EXPECT_EQ(button.shownText(), "9");
-}
-
-TEST_F(SizeButton, OpensOnce) {
-    QSignalSpy open(&button, &TextStyleBevelButton::Open);
-    button.Event_Open();
-    EXPECT_EQ(open.count(), 0);
-    EXPECT_EQ(button.rowCount(), 17);
-}
-
-TEST(SizeButtonUnopened, HasNoValueToApply) {
-    TextSizeBevelButton button;
-    EXPECT_THROW(button.ApplySelection(), std::out_of_range);
-    QSignalSpy open(&button, &TextStyleBevelButton::Open);
-    button.Event_Open();
-    EXPECT_EQ(open.count(), 1);
 }
 
 struct TargetCase {
@@ -172,19 +148,6 @@ TEST_F(SizeButton, SelectionKeepsItsSizeWhenTheBaseChangesLater) {
     button.SelectMenuFromFontSize(12);
     EXPECT_EQ(sizeAt(edit, 0), 30);
     EXPECT_EQ(sizeAt(edit, 3), 12);
-}
-
-TEST_F(SizeButton, TargetsAreServedInOrderTwiceIfListedTwiceAndNotOnceDead) {
-    QLabel first, second;
-    auto dead = std::make_unique<QLabel>();
-    std::vector<QWidget*> served;
-    QObject::connect(&button, &TextSizeBevelButton::Action, &button,
-                     [&](std::int32_t, QWidget* target) { served.push_back(target); });
-    for (QWidget* target : {&first, dead.get(), &second, &first})
-        button.SetObjObject(target);
-    dead.reset();
-    button.ApplySelection();
-    EXPECT_EQ(served, (std::vector<QWidget*>{&first, &second, &first}));
 }
 
 TEST_F(SizeButton, PickInTheMenuAppliesItself) {

@@ -62,43 +62,5 @@ TEST(ToolTips, MarkupIsShownAsText) {
     EXPECT_TRUE(tipAt(&button, {5, 5}).contains("&lt;b&gt;"));
 }
 
-TEST(ToolTips, RowOfAListThatIsCutShortIsShownWhole) {
-    ListBox box;
-    box.resize(140, 200);
-    box.AddRow("Latin");
-    box.AddRow("A dictionary of the English language in two volumes");
-    box.show();
-    const auto tip = [&](int row) {
-        return tipAt(box.viewport(), box.visualRect(box.model()->index(row, 0)).center());
-    };
-    EXPECT_EQ(tip(0), "");
-    EXPECT_EQ(tip(1), "A dictionary of the English language in two volumes");
-}
-
-TEST(ToolTips, CaptionOfATabThatIsCutShortIsShownWhole) {
-    TabPanel panel;
-    panel.resize(400, 200);
-    panel.insertPanel(0, "Latin");
-    panel.insertPanel(1, "A dictionary of the English language in two volumes & more");
-    panel.show();
-    auto* bar = panel.findChild<SmallTabBar*>();
-    EXPECT_EQ(tipAt(bar, bar->tabRect(0).center()), "");
-    EXPECT_EQ(tipAt(bar, bar->tabRect(1).center()), "A dictionary of the English language in two volumes & more");
-}
-
-TEST(ToolTips, PopUpShowsItsHelpAndALongPick) {
-    PopupMenu menu;
-    menu.resize(160, 20);
-    menu.AddRow("Latin");
-    menu.AddRow("Dictionaries of the nineteenth century");
-    menu.show();
-    menu.setListIndexQuietly(0);
-    EXPECT_EQ(tipAt(&menu, {5, 5}), "");
-    menu.setToolTip("taken:\rLatin");
-    EXPECT_EQ(tipAt(&menu, {5, 5}), "taken:\nLatin");
-    menu.setListIndexQuietly(1);
-    EXPECT_EQ(tipAt(&menu, {5, 5}), "Dictionaries of the nineteenth century\ntaken:\nLatin");
-}
-
 } // namespace
 } // namespace velmarin

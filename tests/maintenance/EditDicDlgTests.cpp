@@ -134,16 +134,6 @@ TEST_F(EditDicDialog, OpenedAgainWhileItIsUpItShowsAllRowsTwice) {
     EXPECT_EQ(windows_.newDicPref, (Rows{"", "a", "b", "c", "d", "a", "b", "c", "d"}));
 }
 
-TEST_F(EditDicDialog, NamesThatAreNoTextAreSavedByteForByte) {
-    shown(kDialog)->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    windows_.names = {"\xE9t\xE9"};
-    windows_.groupName = "\xFF";
-    open();
-    click(button("SaveBT"));
-    EXPECT_EQ(windows_.newDicPref, (Rows{"\xFF", "\xE9t\xE9"}));
-}
-
 TEST_F(EditDicDialog, SavingWaitsUntilNothingElseIsUnderWay) {
     {
         const Busy guard(busy_);

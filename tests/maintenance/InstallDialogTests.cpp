@@ -18,13 +18,6 @@ class InstallDialogs : public DialogTest {
     }
 };
 
-TEST_F(InstallDialogs, NothingHappensWithoutAFolder) {
-    maintenance_.mUpDateDictionary();
-    EXPECT_EQ(host_.prompts.size(), 1U);
-    EXPECT_TRUE(host_.messages.empty());
-    EXPECT_EQ(host_.yields, 0);
-}
-
 TEST_F(InstallDialogs, WhatIsNoDictionaryIsRefused) {
     fs::create_directories(at("empty"));
     makeLink(at("link"), at("new/Webster"));

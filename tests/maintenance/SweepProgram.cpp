@@ -1,37 +1,23 @@
-// What the sweep kills and starves: the commands of the core, told as velmarin-cli is.
+// install, update and export as velmarin-cli has them, without the rest of it.
 
-#include "maintenance/Export.h"
-#include "maintenance/Install.h"
-#include "maintenance/Update.h"
+#include "cli/Commands.h"
+#include "cli/Operands.h"
 
-#include <iostream>
-#include <string>
-#include <vector>
-
-using namespace velmarin;
-
-namespace {
-
-Record run(const std::string& command, const std::vector<FolderItem>& items, bool replace) {
-    if (command == "install")
-        return installDictionary(items.at(0), items.at(1));
-    if (command == "update")
-        return updateDictionary(items.at(0), installedCopies(items.at(1), items.at(0).Name()), items.at(2));
-    Record record;
-    exportDictionary(
-        items.at(0), items.at(1), [replace](const std::string&) { return replace; }, {}, record);
-    return record;
-}
-
-} // namespace
+#include <unistd.h>
 
 int main(int argc, char** argv) {
-    const std::vector<std::string> words(argv + 1, argv + argc);
-    const bool replace = words.at(1) == "--replace";
-    std::vector<FolderItem> items;
-    for (std::size_t i = replace ? 2 : 1; i < words.size(); ++i)
-        items.push_back(FolderItem(words[i]));
-    const Record record = run(words.front(), items, replace);
-    std::cerr << failureMessage(record);
-    return record.failures.empty() ? 0 : 1;
+    velmarin::Output out(STDOUT_FILENO);
+    try {
+        CLI::App options;
+        velmarin::Job chosen;
+        velmarin::addMaintenanceCommands(options, chosen);
+        options.parse(velmarin::guardedArguments(argc, argv));
+        velmarin::Session session(out);
+        const velmarin::Status status = session.status(chosen(session));
+        out.close();
+        return static_cast<int>(status);
+    } catch (const std::exception& error) {
+        velmarin::complain(error.what());
+        return static_cast<int>(velmarin::Status::CouldNot);
+    }
 }

@@ -26,12 +26,6 @@ struct BusyTest : ::testing::Test {
     }
 };
 
-TEST_F(BusyTest, ActionRunsAtOnceWhileNothingIsUnderWay) {
-    state.whenFree(write("a"));
-    EXPECT_EQ(log, "a");
-    EXPECT_TRUE(posted.empty());
-}
-
 TEST_F(BusyTest, PutOffActionsRunInOrderAfterTheLastOfNestedGuards) {
     {
         const Busy outer(state);

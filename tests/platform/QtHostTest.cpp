@@ -103,19 +103,6 @@ INSTANTIATE_TEST_SUITE_P(
         AnswerCase{"CloseButton", [](QMessageBox* box) { box->close(); }, Host::Answer::No}),
     [](const auto& info) { return info.param.name; });
 
-TEST(QtHost, QuestionWhoseWindowDiesIsAnsweredNo) {
-    auto window = std::make_unique<QWidget>();
-    window->show();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    QtHost host;
-    whenUp<QMessageBox>([&](QMessageBox* box) {
-        EXPECT_EQ(box->parentWidget(), window.get());
-        window.reset();
-    });
-    EXPECT_EQ(host.askYesNo("Update?"), Host::Answer::No);
-}
-
 TEST(QtHost, KeysAreThoseHeldNow) {
     QWidget window;
     window.show();
@@ -162,13 +149,6 @@ TEST(QtHost, FileDialogOffersTheExtensionsFirst) {
         static_cast<QDialog*>(dialog)->accept();
     });
     EXPECT_EQ(host.GetOpenFile("Choose", {".txt", ".dic"}), folder.path() / "words.txt");
-}
-
-TEST(QtHost, LaunchingWhatIsNotThereFails) {
-    const test::TempFolder folder;
-    QtHost host;
-    EXPECT_FALSE(host.Launch(folder.path() / "missing"));
-    EXPECT_FALSE(host.Launch(""));
 }
 
 /// A host whose clock is set by hand, and an event that counts its runs.

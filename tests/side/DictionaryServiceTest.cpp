@@ -101,10 +101,6 @@ TEST(ServiceText, OfAnOldDictionaryIsReadAsLatin1) {
     EXPECT_EQ(service.TextDefinition("CAFÉ", 0, 4), "old\n\ncafé bar");
 }
 
-TEST(ServiceFolder, ThatIsMissingAnswersNothing) {
-    EXPECT_EQ(DictionaryService(FolderItem("/no/such/folder")).TextDefinition("amo", 0, 3), "");
-}
-
 struct DamageCase {
     const char* name;
     void (*damage)(const TempFolder&);

@@ -175,28 +175,5 @@ TEST(FindBar, FocusTakesTheMainButtonsReturn) {
     EXPECT_EQ(fixture.main.log.back(), "default");
 }
 
-TEST(FindBar, CursorOverItsButtonsIsTold) {
-    SideFixture fixture;
-    fixture.open();
-    const auto cross = [](QWidget* control, QEvent::Type type) {
-        if (type == QEvent::Enter) {
-            QEnterEvent event(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-            QApplication::sendEvent(control, &event);
-        } else {
-            QEvent event(type);
-            QApplication::sendEvent(control, &event);
-        }
-        return control->cursor().shape();
-    };
-    FindBar& bar = fixture.side().findBar();
-    EXPECT_EQ(cross(bar.FindColorRect(), QEvent::Enter), Qt::PointingHandCursor);
-    EXPECT_EQ(cross(bar.FindColorRect(), QEvent::Leave), Qt::SizeAllCursor);
-    EXPECT_EQ(cross(bar.FindBV(), QEvent::Enter), Qt::ArrowCursor) << "it is disabled";
-    EXPECT_EQ(cross(bar.FindBV(), QEvent::Leave), Qt::SizeAllCursor);
-    fixture.FindEF().setText("a");
-    EXPECT_EQ(cross(bar.FindBV(), QEvent::Enter), Qt::PointingHandCursor);
-    EXPECT_EQ(cross(bar.FindClBV(), QEvent::Enter), Qt::PointingHandCursor);
-}
-
 } // namespace
 } // namespace velmarin

@@ -162,16 +162,6 @@ TEST(LookUp, WithTheOptionKeySearchesTheMainWindowFirst) {
     EXPECT_EQ(std::count(fixture.main.log.begin(), fixture.main.log.end(), "search love"), 0);
 }
 
-TEST(LookUp, ByTheButtonSelectsTheWord) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.FindEF().setText("amor");
-    QTest::mouseClick(fixture.side().findBar().FindBV(), Qt::LeftButton);
-    EXPECT_EQ(fixture.text(), kAmorBlock);
-    EXPECT_EQ(fixture.FindEF().selectedText(), "amor");
-}
-
 TEST(LookUp, IsPutOffOnceWhileSomethingElseRuns) {
     SideFixture fixture;
     fixture.open();
@@ -285,14 +275,6 @@ TEST(Latin, FailingInALookUpIsSilentAndLeavesTheBoxOn) {
     EXPECT_TRUE(fixture.control<QCheckBox>("LatinCB").isChecked());
 }
 
-TEST(Latin, UntickingDoesNothing) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.control<QCheckBox>("LatinCB").setChecked(true);
-    fixture.control<QCheckBox>("LatinCB").click();
-    EXPECT_FALSE(std::filesystem::exists(fixture.preferences.path() / "temp.sh"));
-}
-
 TEST(Latin, SilenceIsAnAnswer) {
     SideFixture fixture;
     fixture.installWords("exit 0");
@@ -354,13 +336,6 @@ TEST(DisplayingResults, InAPopupAddsRowsWithTags) {
     EXPECT_EQ(std::any_cast<std::string>(popup.Tag(1)), "first");
     EXPECT_EQ(popup.List(2), "two");
     EXPECT_EQ(std::any_cast<std::string>(popup.Tag(2)), "");
-}
-
-TEST(DisplayingResults, NowhereIsTold) {
-    SideFixture fixture;
-    DictionaryModule module;
-    mDisplayResult(module, "Mine", true, nullptr, nullptr, fixture.host);
-    EXPECT_EQ(fixture.host.messages, (std::vector<std::string>{"DictionaryModule, mDisplayResult: Somthing wrong."}));
 }
 
 } // namespace

@@ -63,11 +63,6 @@ INSTANTIATE_TEST_SUITE_P(Words, AskingWords,
                                          AskCase{"BeyondAscii", "amōr", true, "1:amōr\n"}),
                          [](const auto& tested) { return tested.param.name; });
 
-TEST(AskingWordsFolder, IsTheProgramsOwn) {
-    const StandIn words("pwd");
-    EXPECT_EQ(words.ask("x").output, std::filesystem::canonical(words.folder.path()).string() + "\n");
-}
-
 TEST(AskingWordsFolder, WithoutTheProgramIsAFailure) {
     const test::TempFolder preferences;
     EXPECT_FALSE(runWords(

@@ -107,16 +107,6 @@ TEST(SideWindow, KeepsItsSettingsForTheNextOpening) {
     EXPECT_TRUE(fixture.host.questions.empty());
 }
 
-TEST(SideWindow, OpenedAndShutKeepsTheFontItHad) {
-    SideFixture fixture;
-    fixture.open();
-    const QString family = QFontInfo(fixture.EF().font()).family();
-    const double size = QFontInfo(fixture.EF().font()).pointSizeF();
-    fixture.reopen();
-    EXPECT_EQ(QFontInfo(fixture.EF().font()).family(), family);
-    EXPECT_EQ(QFontInfo(fixture.EF().font()).pointSizeF(), size);
-}
-
 struct RestoreCase {
     const char* name;
     const char* file;

@@ -56,18 +56,5 @@ INSTANTIATE_TEST_SUITE_P(
                               "0\n2147483647\n-2\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n3\n", true}),
     [](const auto& tested) { return tested.param.name; });
 
-TEST(SubwindowFile, IsWrittenAnewAndReadAgain) {
-    const test::TempFolder folder;
-    const FolderItem group(folder.path());
-    EXPECT_FALSE(readSubwindow(group));
-    folder.write("Subwindow", std::string(100000, 'x'));
-    SubwindowSettings settings;
-    settings.width = 512;
-    ASSERT_TRUE(writeSubwindow(group, settings).ok);
-    EXPECT_EQ(folder.read("Subwindow"), subwindowText(settings));
-    ASSERT_TRUE(readSubwindow(group));
-    EXPECT_EQ(readSubwindow(group)->width, 512);
-}
-
 } // namespace
 } // namespace velmarin

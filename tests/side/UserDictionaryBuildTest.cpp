@@ -206,17 +206,5 @@ TEST(BuildFailure, WhereTheSourceChangesMeanwhile) {
     EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
 }
 
-TEST(MakingAnIndex, OfNothingDoesNothing) {
-    const test::TempFolder folder;
-    const FolderItem source(folder.write("source.txt", "a\n"));
-    RecordedProgress progress;
-    DictionaryModule().mDic_MakeIndex(FolderItem(), FolderItem(folder.path() / "i"), progress);
-    DictionaryModule().mDic_MakeIndex(source, FolderItem(), progress);
-    EXPECT_TRUE(progress.events.empty());
-    EXPECT_THROW(DictionaryModule().mDic_MakeIndex(FolderItem(folder.path() / "none"), FolderItem(folder.path() / "i"),
-                                                   progress),
-                 NilObjectException);
-}
-
 } // namespace
 } // namespace velmarin

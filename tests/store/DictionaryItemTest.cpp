@@ -98,19 +98,6 @@ INSTANTIATE_TEST_SUITE_P(
                     LoadCase{"MarkAlone", two().without("ind").without("txt").without("mImg"), {}, false}),
     [](const auto& info) { return info.param.reason; });
 
-TEST(MakeDictionaryItem, TwoLoadsAreIndependent) {
-    const TempFolder folder;
-    const FolderItem own(two().writeTo(folder.path()));
-    DictionaryItem one, other;
-    EXPECT_TRUE(MakeDictionaryItem(own, one, 0) && MakeDictionaryItem(own, other, 1));
-    one.ImageHistory.push_back("p");
-    one.IND = {};
-    EXPECT_TRUE(other.ImageHistory.empty());
-    EXPECT_EQ(other.IND.size(), 2u);
-    EXPECT_FALSE(one.PageImageFi.Exists());
-    EXPECT_EQ(other.txtLines.line(2).text, "Straße <@_p2.bmp_>");
-}
-
 TEST(MakeDictionaryItem, WhatExistsAndCannotBeOpenedIsNamed) {
     const TempFolder folder;
     const auto raisesWith = [&](const fs::path& own, const std::string& member) {

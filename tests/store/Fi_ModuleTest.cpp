@@ -97,12 +97,6 @@ INSTANTIATE_TEST_SUITE_P(
         UniqueCase{"ExtensionBeyondTheRoom", {"b." + kLong, "." + kLong}, "b." + kLong, "_1." + kLong}),
     [](const auto& info) { return info.param.reason; });
 
-TEST(UniqueFileName, TakesALinkToNothingForTaken) {
-    const TempFolder folder;
-    fs::create_symlink("nowhere", folder.path() / "a");
-    EXPECT_EQ(mFiMod_GetUniqueFileName("a", FolderItem(folder.path())), "a_1");
-}
-
 TEST(CopyFileOrFolder, ReturnsTheCopyUnderTheSourcesName) {
     const TempFolder folder;
     folder.write("from/Dic/ind", "a");
@@ -194,15 +188,6 @@ TEST(LinesByNumbers, TellOfEachThingThatIsMissing) {
                                      "mFiMod_GetTextFiLinesByLineNums_StringArray,TextFileFi does not exist.",
                                      "mFiMod_GetTextFiLinesByLineNums_String, LineNum does not exist.",
                                      "NilObjectException: mFiMod_GetTextFiLinesByLineNums: StrArray"}));
-}
-
-TEST(LineCount, IsThatOfTheReader) {
-    const TempFolder folder;
-    EXPECT_EQ(mFiMod_GetLineCountFromTextFi(FolderItem(folder.write("a", "one\r\ntwo\rthree\n\nfive"))), 5);
-    EXPECT_EQ(mFiMod_GetLineCountFromTextFi(FolderItem(folder.write("b", ""))), 0);
-    EXPECT_EQ(mFiMod_GetLineCountFromTextFi(FolderItem(folder.path() / "gone")), 0);
-    EXPECT_EQ(mFiMod_GetLineCountFromTextFi(FolderItem(folder.path())), 0);
-    EXPECT_EQ(mFiMod_GetLineCountFromTextFi(FolderItem()), 0);
 }
 
 TEST(MakeImageIndex, WritesTheLastIndexAndThePicturesByName) {

@@ -72,16 +72,6 @@ TEST(FolderItem, ChildWithImpossibleNameCannotBeMade) {
     EXPECT_TRUE(fs::is_empty(folder.path()));
 }
 
-TEST(FolderItem, NilRaisesWheneverItIsUsed) {
-    const FolderItem nil;
-    EXPECT_TRUE(nil.isNil());
-    EXPECT_THROW(nil.Exists(), NilObjectException);
-    EXPECT_THROW(nil.Child("a"), NilObjectException);
-    EXPECT_THROW(nil.items(), NilObjectException);
-    EXPECT_THROW(nil.CreateAsFolder(), NilObjectException);
-    EXPECT_THROW(FolderListing{nil}, NilObjectException);
-}
-
 TEST(FolderItem, LinksAreAliases) {
     const TempFolder folder;
     folder.write("real/ind", "");
@@ -107,17 +97,6 @@ TEST(FolderItem, LinksAreAliases) {
     EXPECT_EQ(in.items().size(), 4u);
 }
 
-TEST(FolderItem, HasTheNameOfTheFolderHoweverItsPathIsWritten) {
-    const TempFolder folder;
-    folder.write("group/x", "");
-    const fs::path group = folder.path() / "group";
-    for (const fs::path& way :
-         {group, group / "", group / ".", group / "." / "", group / ".." / "group", group / "sub" / ".."})
-        EXPECT_EQ(FolderItem(way).Name(), "group") << way;
-    EXPECT_EQ(FolderItem("/").Parent(), FolderItem("/"));
-    EXPECT_EQ(FolderItem(group).Parent(), FolderItem(folder.path()));
-}
-
 TEST(FolderItem, ListsInTheSystemsStringOrder) {
     const TempFolder folder;
     const std::vector<std::string> alphabet = {"a",   "B", "b", "Z", "_", "1", "\xC3\xA9", "\xC3\x89", "\xE3\x81\x82",
@@ -138,16 +117,6 @@ TEST(FolderItem, ListsInTheSystemsStringOrder) {
         listed.push_back(item.Name());
     EXPECT_EQ(listed, names);
     EXPECT_EQ(FolderListing(FolderItem(folder.path())).names(), names);
-}
-
-TEST(FolderItem, CreateAsFolderSaysWhetherTheFolderIsThere) {
-    const TempFolder folder;
-    folder.write("file", "");
-    const FolderItem in(folder.path());
-    EXPECT_TRUE(in.Child("new").CreateAsFolder());
-    EXPECT_TRUE(in.Child("new").CreateAsFolder());
-    EXPECT_FALSE(in.Child("file").CreateAsFolder());
-    EXPECT_FALSE(in.Child("missing").Child("deeper").CreateAsFolder());
 }
 
 } // namespace

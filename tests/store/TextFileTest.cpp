@@ -177,12 +177,6 @@ TEST(IndexedTextFile, SeesAnotherFileInItsPlaceEvenAnOldOne) {
     }
 }
 
-TEST(IndexedTextFile, WithoutAFileHasNoLines) {
-    const TempFolder folder;
-    EXPECT_EQ(IndexedTextFile().line(1).status, IndexedTextFile::Status::NoFile);
-    EXPECT_EQ(IndexedTextFile(FolderItem(folder.path())).line(1).status, IndexedTextFile::Status::NoFile);
-}
-
 TEST(ReadOnlyFile, OpensRegularFilesOnlyAndNeverWaits) {
     const TempFolder folder;
     folder.write("file", "text");
@@ -197,16 +191,6 @@ TEST(ReadOnlyFile, OpensRegularFilesOnlyAndNeverWaits) {
         EXPECT_FALSE(opens(folder.path() / name)) << name;
     EXPECT_FALSE(opens("/dev/zero"));
     EXPECT_FALSE(opens("/dev/tty"));
-}
-
-TEST(ReadOnlyFile, ReadsFromAnyOffset) {
-    const TempFolder folder;
-    const auto file = ReadOnlyFile::open(FolderItem(folder.write("f", "0123456789")));
-    char bytes[20] = {};
-    EXPECT_EQ(file->read(7, bytes, 20), 3u);
-    EXPECT_EQ(std::string(bytes, 3), "789");
-    EXPECT_EQ(file->read(10, bytes, 20), 0u);
-    EXPECT_EQ(file->read(std::uint64_t{1} << 62, bytes, 20), 0u);
 }
 
 TEST(ReadWholeFile, HoldsToItsLimit) {

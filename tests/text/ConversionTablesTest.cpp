@@ -162,21 +162,5 @@ TEST(Conversions, KeepWhatTheirTableDoesNotName) {
         EXPECT_EQ(row.convert(row.text), row.converted) << row.reason;
 }
 
-TEST(Modules, FillTheirListsOnceHoweverOftenOpened) {
-    for (int opened = 0; opened < 2; ++opened) {
-        mDDmod_OpenThisModule();
-        mStrMod_OpenThisModule();
-    }
-    EXPECT_EQ(pStrMod_Encodings, (std::vector<std::string>{"UTF-8", "UTF-16", "MacJapanese", "Shift JIS", "EUC-JP",
-                                                           "MacRoman", "WindowsLatin1"}));
-    const std::vector<char32_t> delimiters = {0x28,   0x29,   0x5B,   0x5D,   0x5F,   0x2014, 0x7D,   0x7B,   0x21,
-                                              0x22,   0x2C,   0x2E,   0x3A,   0x3B,   0x3F,   0x60,   0x2022, 0xB4,
-                                              0xBF,   0xA1,   0xAC,   0x221A, 0xAB,   0xBB,   0x2026, 0x201C, 0x201D,
-                                              0x2018, 0x2019, 0x25CA, 0xB7,   0x201A, 0x201E, 0x2D,   0x27};
-    ASSERT_EQ(pWordDelimitersSet.size(), 35u);
-    for (std::size_t i = 0; i < delimiters.size(); ++i)
-        EXPECT_EQ(only(pWordDelimitersSet[i]), delimiters[i]) << i;
-}
-
 } // namespace
 } // namespace velmarin

@@ -163,22 +163,5 @@ TEST_F(GrepTest, APatternWorksAgainAfterManyOthers) {
     }
 }
 
-TEST_F(GrepTest, ExpressionsAskForWhatTheyAreToldTo) {
-    RegExMBS expression;
-    EXPECT_EQ(expression.Execute("abc", 0), 0) << "nothing compiled";
-    EXPECT_EQ(expression.ReplaceAll("abc", ""), "abc");
-    ASSERT_TRUE(expression.Compile("(x)?(b)|q"));
-    EXPECT_EQ(expression.Execute("ab", 0), 3);
-    EXPECT_EQ(expression.OffsetCharacters(0), 2);
-    EXPECT_EQ(expression.OffsetCharacters(1), 0) << "a group that took no part";
-    EXPECT_EQ(expression.Substring(2), "b");
-    EXPECT_EQ(expression.Substring(3), "");
-    EXPECT_EQ(expression.Substring(-1), "");
-    EXPECT_EQ(expression.Execute("B", 0), 0);
-    expression.CompileOptionCaseLess = true;
-    ASSERT_TRUE(expression.Compile("b"));
-    EXPECT_EQ(expression.Execute("B", 0), 1) << "a changed option makes another expression of the same pattern";
-}
-
 } // namespace
 } // namespace velmarin

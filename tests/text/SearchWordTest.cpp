@@ -70,14 +70,6 @@ TEST(SearchWord, EqualsTheChainOfAllRows) {
     }
 }
 
-TEST(SearchWord, IsAnUpperCaseForm) {
-    RandomText random({"é", "ß", "ｱ", "ア", "ａ", "\u0283", "\xEF\xBD"}, 6);
-    for (int i = 0; i < 3000; ++i) {
-        const std::string word = mSub_MakeSearchWord(random(15));
-        ASSERT_EQ(Uppercase(word), word);
-    }
-}
-
 TEST(SpanishOrder, MakesLettersOfTheDigraphsAndTakesThemBack) {
     const struct {
         const char* reason;
@@ -97,11 +89,6 @@ TEST(SpanishOrder, MakesLettersOfTheDigraphsAndTakesThemBack) {
         EXPECT_EQ(mSub_Spanish(row.encoded, -1), row.decoded) << row.reason;
     }
     EXPECT_EQ(mSub_Spanish("C\u01A9A", 1), "chA");
-}
-
-TEST(LatinFolding, TakesJToIAndVToU) {
-    EXPECT_EQ(mSub_IJUV("jJvV iIuU wé\xEA"), "iIuU iIuU wé\xEA");
-    EXPECT_EQ(mSub_IJUV("Ｊ"), "Ｊ");
 }
 
 IndexOrder order(bool spanish, bool ijuv, std::string format = {}) {

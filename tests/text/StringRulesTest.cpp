@@ -43,24 +43,6 @@ TEST(Uppercase, WritesSimpleCapitals) {
         EXPECT_EQ(Uppercase(row.text), row.capitals) << row.reason;
 }
 
-TEST(Uppercase, ChangesNothingTheSecondTime) {
-    for (char32_t c = 0; c < invalidByteUnit; ++c) {
-        const char32_t capital = capitalOf(c);
-        ASSERT_EQ(capitalOf(capital), capital) << std::hex << static_cast<std::uint32_t>(c);
-        ASSERT_LT(capital, invalidByteUnit);
-    }
-    RandomText random({"ß", "ı", "ſ", "\u0283", "\xC3", "\x9F", "\xE3\x82"}, 1);
-    for (int i = 0; i < 5000; ++i) {
-        const std::string once = Uppercase(random(12));
-        ASSERT_EQ(Uppercase(once), once);
-    }
-}
-
-TEST(Uppercase, OnlyDotlessIAndLongSLeadIntoAscii) {
-    for (char32_t c = 0x80; c < invalidByteUnit; ++c)
-        ASSERT_EQ(capitalOf(c) < 0x80, c == U'ı' || c == U'ſ') << std::hex << static_cast<std::uint32_t>(c);
-}
-
 TEST(StringOrder, IsThatOfCapitalsByCodePoint) {
     const struct {
         const char* reason;
@@ -95,12 +77,6 @@ TEST(StringOrder, EqualsTheOrderOfUpperCaseForms) {
         const std::string a = random(5), b = random(5);
         ASSERT_EQ(sign(compareStrings(a, b)), sign(Uppercase(a).compare(Uppercase(b)))) << a << " and " << b;
     }
-}
-
-TEST(StringOrder, ListingsFallBackToCodePoints) {
-    std::vector<std::string> names{"b", "a", "B", "Ä", "A", "ä"};
-    std::sort(names.begin(), names.end(), ListingOrder());
-    EXPECT_EQ(names, (std::vector<std::string>{"A", "a", "B", "b", "Ä", "ä"}));
 }
 
 TEST(FileNames, AreOneWhereAFileSystemThatFoldsThemSaysSo) {

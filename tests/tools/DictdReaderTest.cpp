@@ -78,16 +78,5 @@ TEST(DictdReader, WhatCannotBeReadIsNamed) {
     }
 }
 
-TEST(DictdReader, MissingAndTruncatedFilesAreErrors) {
-    const TempFolder folder;
-    folder.write("tiny.index", "alpha\tA\tM\n");
-    EXPECT_THROW(DictdReader(folder.path(), "tiny"), std::runtime_error) << "no text";
-    writeGzip(folder.path() / "tiny.dict.dz", text);
-    std::filesystem::resize_file(folder.path() / "tiny.dict.dz", 30);
-    EXPECT_THROW(DictdReader(folder.path(), "tiny"), std::runtime_error) << "cut off";
-    writeGzip(folder.path() / "other.dict.dz", text);
-    EXPECT_THROW(DictdReader(folder.path(), "other"), std::runtime_error) << "no index";
-}
-
 } // namespace
 } // namespace velmarin

@@ -65,11 +65,5 @@ TEST(Pagination, GuideWordsAreTheFirstAndLastThatOpenOnThePage) {
     EXPECT_EQ(pages[2].firstArticle, 2U) << "none opens, one runs through";
 }
 
-TEST(Pagination, LinesThatAreAllToBeKeptStillEndAColumn) {
-    const std::vector<FlowLine> flow(50, flowLine(0, false, true));
-    EXPECT_EQ(paginate(flow, 100).size(), 3U);
-    EXPECT_TRUE(paginate({}, 100).empty());
-}
-
 } // namespace
 } // namespace velmarin

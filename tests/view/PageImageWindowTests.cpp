@@ -136,16 +136,6 @@ TEST_F(PageImageWindowTest, FolderFillsTheMenuWithItsVisibleItemsAndShowsTheFirs
     EXPECT_TRUE(host.messages.empty());
 }
 
-TEST_F(PageImageWindowTest, CaptionOfTheMenuIsReadable) {
-    for (int i = 0; i < 4; ++i)
-        picture("four/" + std::to_string(i) + ".bmp", 20, 20);
-    open().mSetImage(FolderItem(files.path() / "four"));
-    EXPECT_EQ(fromQ(button("ImagePU").shownText()), "4 image(s) exist(s)");
-    EXPECT_EQ(fromQ(button("RatioPU").shownText()), "Ratio");
-    for (const char* name : {"MainWinPage.0", "MainWinPage.1", "UpDown.0", "UpDown.1"})
-        EXPECT_EQ(fromQ(button(name).shownText()), button(name).Caption());
-}
-
 TEST_F(PageImageWindowTest, FolderWhoseFirstItemIsNoPictureSaysNothing) {
     files.write("mixed/a.txt", "no picture");
     picture("mixed/b.bmp", 20, 20);
@@ -163,13 +153,6 @@ TEST_F(PageImageWindowTest, FolderOfHiddenItemsAloneClosesTheWindow) {
     EXPECT_TRUE(window->pImagePUArray().empty());
     destroyClosedWindows();
     EXPECT_TRUE(window.isNull());
-}
-
-TEST_F(PageImageWindowTest, NilItemChangesNothing) {
-    open().mSetImage(errata());
-    window->mSetImage(FolderItem());
-    EXPECT_EQ(title(), "errata");
-    EXPECT_EQ(window->pImagePUArray().size(), 3u);
 }
 
 TEST_F(PageImageWindowTest, PickShowsItsPictureAndKeepsMenuAndTitle) {
@@ -370,19 +353,6 @@ TEST_F(PageImageWindowTest, MainWindowMayCloseWhileItSteps) {
     EXPECT_EQ(steps, 1u);
 }
 
-TEST_F(PageImageWindowTest, StepBeforeAMainWindowIsSetRaisesNilObjectException) {
-    open();
-    EXPECT_THROW(emit button("MainWinPage.0").clicked(), NilObjectException);
-    EXPECT_THROW(emit button("UpDown.1").clicked(), NilObjectException);
-}
-
-TEST_F(PageImageWindowTest, WhatAStepRaisesReachesTheEventLoop) {
-    const auto stepper = std::make_shared<RecordingStepper>();
-    stepper->before = [] { throw NilObjectException("There is no dictionary number 0."); };
-    open().setMainWin(stepper, 0);
-    EXPECT_THROW(emit button("MainWinPage.1").clicked(), NilObjectException);
-}
-
 struct PreferencesCase {
     const char* name;
     std::string file;
@@ -485,29 +455,6 @@ INSTANTIATE_TEST_SUITE_P(
                     }}),
     [](const auto& info) { return info.param.name; });
 
-TEST_F(PageImageWindowTest, EscapeInAnOpenMenuClosesTheMenuAlone) {
-    open().mSetImage(errata());
-    show();
-    QTest::mousePress(&button("ImagePU"), Qt::LeftButton);
-    ASSERT_TRUE(button("ImagePU").menuIsOpen());
-    QTest::keyClick(QApplication::activePopupWidget()->findChild<MenuList*>(), Qt::Key_Escape);
-    EXPECT_FALSE(button("ImagePU").menuIsOpen());
-    EXPECT_TRUE(window->isVisible());
-}
-
-TEST_F(PageImageWindowTest, WindowMayBeDestroyedWhileItsMessageIsShown) {
-    class ClosingHost : public ScriptedHost {
-      public:
-        std::function<void()> onMessage;
-        void MsgBox(std::string_view) override { onMessage(); }
-    };
-    ClosingHost closingHost;
-    QPointer<PageImageWindow> shown(new PageImageWindow(closingHost, FolderItem(preferences.path()), {}));
-    closingHost.onMessage = [&] { delete shown; };
-    shown->mSetImage(FolderItem(files.write("a.txt", "no picture")));
-    EXPECT_TRUE(shown.isNull());
-}
-
 TEST_F(PageImageWindowTest, TabReachesEveryControlInTheOrderOfTheLayoutAndEachSaysWhatItIs) {
     const auto stepper = std::make_shared<RecordingStepper>();
     open().mSetImage(errata());
@@ -528,20 +475,6 @@ TEST_F(PageImageWindowTest, TabReachesEveryControlInTheOrderOfTheLayoutAndEachSa
     control<QLineEdit>("RatioEF").setFocus();
     click("UpDown.0");
     EXPECT_EQ(window->focusWidget(), &control<QLineEdit>("RatioEF")) << "a click takes no focus";
-}
-
-TEST_F(PageImageWindowTest, PageIsShownWholeFromTheTopLeft) {
-    open().mSetImage(picture("p.bmp", 100, 50));
-    show();
-    const QImage shown = control<SmartCanvas>("MainCanvas").grab().toImage();
-    const auto scale = shown.devicePixelRatio();
-    const auto at = [&](double x, double y) {
-        return qGray(shown.pixel(static_cast<int>(x * scale), static_cast<int>(y * scale)));
-    };
-    EXPECT_EQ(at(50, 25), 255);
-    EXPECT_LT(at(99.5, 25), 200) << "the right edge of its frame";
-    EXPECT_LT(at(50, 49.5), 200) << "the lower one";
-    EXPECT_EQ(at(102, 25), 255);
 }
 
 } // namespace

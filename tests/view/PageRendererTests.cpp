@@ -102,14 +102,6 @@ TEST(Rendering, OfAScrolledPageShowsWhatTheWholePageWouldShow) {
         }
 }
 
-TEST(Rendering, OfAnotherPageOrScaleStartsAnew) {
-    PageRenderer renderer;
-    const Picture a = Picture::make(1000, 1000, 1), b = test::drawn(1000, 1000, 1, [](int, int) { return 1u; });
-    EXPECT_EQ(pixelOf(renderer.render({a, 0, 0, 300, 300, 0, 0, 1000, 1000}, 1.0, screen), 5, 5).red, 255);
-    EXPECT_EQ(pixelOf(renderer.render({b, 0, 0, 300, 300, 0, 0, 1000, 1000}, 1.0, screen), 5, 5).red, 0);
-    EXPECT_EQ(renderer.render({b, 0, 0, 200, 200, 0, 0, 1000, 1000}, 1.0, screen).place.width, 200);
-}
-
 TEST(Rendering, OfTheLensTakesDevicePixelsFromThePageItself) {
     // A line of one pixel, reduced in the view; under the lens on a screen of twice the pixels it is sharp again.
     const Picture page = test::drawn(1600, 1200, 1, [](int x, int) { return x == 205 ? 1u : 0u; });

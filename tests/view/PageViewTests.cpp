@@ -52,29 +52,6 @@ TEST(Painting, FollowsTheMode) {
     }
 }
 
-TEST(Painting, OfNoImageIsNothingAtAll) {
-    FakeCanvas canvas;
-    canvas.view.SelectionMode = canvas.view.pExtraText_Apply = true;
-    canvas.view.pExtraText_Text = "text";
-    canvas.view.Refresh();
-    EXPECT_TRUE(canvas.painted.empty());
-}
-
-TEST(Painting, InAnUnknownModeLeavesThePageOutAndTheRestIn) {
-    for (const int mode : {-1, 6, 7}) {
-        FakeCanvas canvas;
-        canvas.show(100, 100, mode);
-        EXPECT_TRUE(canvas.painted.empty()) << mode;
-        canvas.view.SelectionMode = canvas.view.pExtraText_Apply = true;
-        canvas.view.pExtraText_Text = "text";
-        canvas.view.Refresh();
-        ASSERT_EQ(canvas.painted.size(), 4u);
-        EXPECT_EQ(std::get<RectDrawn>(canvas.painted[0]).color, RGB(0, 255, 0));
-        EXPECT_EQ(std::get<StringDrawn>(canvas.painted[3]).text, "text");
-        EXPECT_EQ(canvas.view.Ratio, 1.0) << "no page, no new ratio";
-    }
-}
-
 TEST(Ratio, LagsOnePaintBehindSizeAndMode) {
     FakeCanvas canvas(800, 700);
     canvas.show(1000, 2000, 2);

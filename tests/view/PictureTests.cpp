@@ -12,31 +12,6 @@ using test::samePixels;
 
 constexpr Color white = RGB(255, 255, 255);
 
-TEST(Picture, IsMadeWhiteInAnyDepth) {
-    for (const int depth : {1, 8, 32}) {
-        const Picture p = Picture::make(70, 3, depth);
-        EXPECT_EQ(p.pixel(0, 0), white) << depth;
-        EXPECT_EQ(p.pixel(69, 2), white) << depth;
-    }
-}
-
-TEST(Picture, OfASizeThatIsNoneIsNil) {
-    const std::pair<int, int> sizes[] = {{0, 5},      {5, 0}, {-1, 5}, {40000, 40000}, {2147483647, 2147483647},
-                                         {5000000, 1}};
-    for (const auto& [w, h] : sizes)
-        EXPECT_TRUE(Picture::make(w, h).isNil()) << w << "x" << h;
-    EXPECT_TRUE(Picture::make(30000, 30000, 32).isNil()) << "more than memory is given for";
-}
-
-TEST(Picture, NilHasNoPixels) {
-    Picture nil;
-    EXPECT_EQ(nil.Width(), 0);
-    EXPECT_EQ(nil.id(), 0u);
-    EXPECT_THROW(nil.pixel(0, 0), NilObjectException);
-    EXPECT_THROW(nil.DrawPicture(Picture::make(1, 1), 0, 0, 1, 1, 0, 0, 1, 1), NilObjectException);
-    EXPECT_THROW(Picture::make(1, 1).DrawPicture(nil, 0, 0, 1, 1, 0, 0, 1, 1), NilObjectException);
-}
-
 TEST(WhiteEdges, TakeTheFirstRowAndColumnAndNothingElse) {
     for (const int depth : {1, 8, 32}) {
         const Picture page = noise(65, 34, depth, 1);
@@ -102,14 +77,6 @@ TEST(DrawingIntoAPicture, SmoothsOnlyWhenAsked) {
     for (int y = 0; y < 12; ++y)
         for (int x = 0; x < 12; ++x)
             ASSERT_EQ(sharp.pixel(x, y), dots.pixel(x / 3, y / 3));
-}
-
-TEST(DrawingIntoAPicture, OfItselfReadsWhatItWas) {
-    const Picture before = noise(30, 30, 32, 4);
-    Picture p = before;
-    ASSERT_TRUE(p.DrawPicture(p, 5, 5, 30, 30, 0, 0, 30, 30));
-    EXPECT_EQ(p.pixel(29, 29), before.pixel(24, 24));
-    EXPECT_EQ(p.pixel(4, 29), before.pixel(4, 29));
 }
 
 } // namespace

@@ -103,15 +103,6 @@ TEST(Reduction, HoldsAtTheEdgesOfPackedWords) {
         expectLiteralMean(noise(330, 3, 1, 3), s);
 }
 
-TEST(Reduction, OfManyRowsOfWhiteStaysWhite) {
-    // More rows and columns under one pixel than 16-bit sums or 32-bit words hold.
-    for (const int depth : {1, 8, 32}) {
-        const Picture white = Picture::make(70, 3000, depth);
-        const Scaling scaling(white, 0, 0, 70, 3000, 1, 2);
-        EXPECT_EQ(pixelOf(scaling, whole(scaling), 0, 1), RGB(255, 255, 255)) << depth;
-    }
-}
-
 TEST(Reduction, KeepsEveryThinStroke) {
     // A line of one pixel on a page seven times as large as its view: never white, wherever it falls.
     for (int at = 0; at < 49; ++at) {
@@ -168,16 +159,6 @@ TEST(Enlargement, RunsEvenlyFromOnePixelToTheNext) {
     EXPECT_EQ(row, (std::vector<int>{0, 0, 25, 75, 125, 175, 200, 200}));
 }
 
-TEST(Enlargement, OfAPartLooksAtThePixelsAroundIt) {
-    const Picture p = noise(40, 30, 32, 6);
-    const Scaling all(p, 0, 0, 40, 30, 120, 90);
-    const Scaling part(p, 10, 7, 20, 10, 60, 30);
-    const std::vector<std::uint8_t> a = whole(all), b = whole(part);
-    for (int y = 0; y < 30; ++y)
-        for (int x = 0; x < 60; ++x)
-            ASSERT_EQ(pixelOf(part, b, x, y), pixelOf(all, a, x + 30, y + 21));
-}
-
 TEST(Enlargement, WithoutSmoothingRepeatsPixels) {
     const Picture p = noise(9, 7, 1, 7);
     const Scaling s(p, 0, 0, 9, 7, 27, 21, Scaling::Smoothing::Nearest);
@@ -185,19 +166,6 @@ TEST(Enlargement, WithoutSmoothingRepeatsPixels) {
     for (int y = 0; y < 21; ++y)
         for (int x = 0; x < 27; ++x)
             ASSERT_EQ(pixelOf(s, bytes, x, y), p.pixel(x / 3, y / 3));
-}
-
-TEST(Scaling, OfWhatCannotBeScaledShowsNothing) {
-    const Picture p = noise(9, 7, 1, 8);
-    const Shape none[] = {{0, 0, 0, 7, 9, 7},          {0, 0, 9, -1, 9, 7},         {0, 0, 9, 7, 0, 7},
-                          {9, 0, 9, 7, 9, 7},          {0, -7, 9, 7, 9, 7},         {0, 0, 2147483647, 7, 9, 7},
-                          {0, 0, 9, 7, 9, 2147483647}, {-2147483647, 0, 9, 7, 9, 7}};
-    for (const Shape& s : none) {
-        const Scaling scaling(p, s.sx, s.sy, s.sw, s.sh, s.width, s.height);
-        EXPECT_EQ(scaling.right() - scaling.left(), 0) << s.sx << " " << s.sw << " " << s.width;
-    }
-    const Scaling nil(Picture(), 0, 0, 1, 1, 1, 1);
-    EXPECT_EQ(nil.bottom(), 0);
 }
 
 } // namespace

@@ -93,14 +93,6 @@ class SmartCanvasTest : public ::testing::Test {
     PaintCounter counter;
 };
 
-TEST_F(SmartCanvasTest, IsWhiteWithoutAPageAndTakesNoFocus) {
-    QImage white = shown();
-    white.fill(Qt::white);
-    EXPECT_EQ(shown(), white);
-    EXPECT_EQ(canvas.focusPolicy(), Qt::NoFocus);
-    EXPECT_FALSE(canvas.hasImage());
-}
-
 TEST_F(SmartCanvasTest, ShowsThePageInDevicePixelsInEveryMode) {
     for (const int depth : {1, 8, 32}) {
         const Picture page = noise(1000, 1500, depth, 1);
@@ -162,15 +154,6 @@ TEST_F(SmartCanvasTest, FollowsADragAndPaintsEachStepOnce) {
     EXPECT_EQ(shown(), expected(800, 1500, 0, 200));
     drag({380, 100});
     EXPECT_EQ(scrollY(), 200) << "after the button is up nothing drags";
-}
-
-TEST_F(SmartCanvasTest, ReleasedWithShiftSpringsBack) {
-    show(noise(1600, 3000, 8, 3), 2);
-    press({400, 400});
-    drag({400, 300});
-    host.shift.held = true;
-    release({400, 300});
-    EXPECT_EQ(shown(), expected(800, 1500, 0, 0));
 }
 
 TEST_F(SmartCanvasTest, ADragEndsWithItsButtonWhoeverTookTheRelease) {
@@ -267,14 +250,6 @@ TEST_F(SmartCanvasTest, MarksAJumpUntilTheNextRepaint) {
     EXPECT_EQ(shown().pixelColor(device(500), device(50)), QColor(Qt::white));
 }
 
-TEST_F(SmartCanvasTest, ShowsANegativePositionAfterAJumpOnAShortPage) {
-    show(test::drawn(300, 400, 1, [](int, int) { return 1u; }), 1);
-    canvas.mJumpScroll_vertical(1);
-    EXPECT_EQ(scrollY(), -300);
-    EXPECT_EQ(shown().pixelColor(device(100), device(295)), QColor(Qt::white));
-    EXPECT_EQ(shown().pixelColor(device(100), device(305)), QColor(Qt::black));
-}
-
 TEST_F(SmartCanvasTest, SaysNoPictureInABoxUntilAPageLoads) {
     const TempFolder folder;
     EXPECT_FALSE(canvas.SetPicture(FolderItem(folder.write("a.tif", "no picture"))));
@@ -308,17 +283,6 @@ TEST_F(SmartCanvasTest, KeepsTheBoxForATabThatIsNotShownYet) {
     EXPECT_EQ(shown().pixelColor(0, 0), QColor(Qt::black));
     canvas.resize(700, 600);
     EXPECT_EQ(shown().pixelColor(0, 0), QColor(Qt::white)) << "a new size repaints";
-}
-
-TEST_F(SmartCanvasTest, ScrollsByTheWheelDownThePage) {
-    show(noise(1000, 3000, 8, 6), 1);
-    wheel({0, -120});
-    EXPECT_EQ(scrollY(), 40);
-    EXPECT_EQ(shown(), expected(1000, 3000, 0, 40));
-    wheel({0, -240});
-    EXPECT_EQ(scrollY(), 120);
-    wheel({0, 120});
-    EXPECT_EQ(scrollY(), 80);
 }
 
 TEST_F(SmartCanvasTest, AddsUpTheSmallStepsOfATouchpad) {
@@ -355,23 +319,6 @@ TEST_F(SmartCanvasTest, MakesOnlyWhatIsInView) {
     show(Picture::make(4960, 7016, 1), 2);
     ASSERT_NE(canvas.renderer().reduced(), nullptr);
     EXPECT_LT(canvas.renderer().reduced()->rowsMade(), device(700) + 70);
-}
-
-TEST_F(SmartCanvasTest, LetsGoOfThePageWithTheNextRepaint) {
-    show(test::drawn(500, 500, 1, [](int, int) { return 1u; }), 1);
-    canvas.dropImage();
-    EXPECT_FALSE(canvas.hasImage());
-    canvas.Refresh();
-    EXPECT_EQ(shown().pixelColor(50, 50), QColor(Qt::white));
-    canvas.mJumpScroll_vertical(1);
-    wheel({0, -120});
-}
-
-TEST_F(SmartCanvasTest, HasPaintedWhenRefreshReturns) {
-    show(Picture::make(500, 500, 1), 1);
-    counter.paints = 0;
-    canvas.Refresh();
-    EXPECT_EQ(counter.paints, 1);
 }
 
 TEST_F(SmartCanvasTest, WearsTheCursorOfWhatAPressWouldDo) {

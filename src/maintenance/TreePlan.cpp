@@ -30,7 +30,11 @@ Identity identityOf(const struct stat& found) {
 std::vector<Identity> folderAndThoseAbove(const fs::path& folder) {
     std::vector<Identity> chain;
     std::error_code error;
-    fs::path at = fs::weakly_canonical(folder, error); // it may be about to be made
+    // It may be about to be made, and a relative path to nothing has nothing above it.
+    const fs::path whole = fs::absolute(folder, error);
+    if (error)
+        return chain;
+    fs::path at = fs::weakly_canonical(whole, error);
     if (error)
         return chain;
     for (;; at = at.parent_path()) {

@@ -41,7 +41,7 @@ void TextStyleBevelButton::ApplySelection() {
         const QPointer<QWidget> target = targets_[i];
         if (target.isNull())
             continue;
-        applyTextStyle(target, styleOf(row), Styled);
+        applyFontChange(target, styleOf(row), Styled);
         tellApplied(row, target);
     }
     keepCurrent(row);
@@ -56,9 +56,9 @@ std::vector<std::string> TextFontBevelButton::makeRows() {
     return FontArray;
 }
 
-TextStyle TextFontBevelButton::styleOf(int row) const {
+FontChange TextFontBevelButton::styleOf(int row) const {
     const QString family = toQ(FontArray.at(static_cast<std::size_t>(row)));
-    TextStyle style;
+    FontChange style;
     style.base = [family](QFont& font) { font.setFamily(family); };
     style.selection.setFontFamilies({family});
     return style;
@@ -97,9 +97,9 @@ std::vector<std::string> TextSizeBevelButton::makeRows() {
     return rows;
 }
 
-TextStyle TextSizeBevelButton::styleOf(int row) const {
+FontChange TextSizeBevelButton::styleOf(int row) const {
     const auto size = static_cast<float>(SizeArray.at(static_cast<std::size_t>(row)));
-    TextStyle style;
+    FontChange style;
     style.base = [size](QFont& font) { font.setPointSizeF(size); };
     style.selection.setFontPointSize(size);
     return style;

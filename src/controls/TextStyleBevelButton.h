@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/BevelButton.h"
-#include "controls/TextStyle.h"
+#include "controls/FontChange.h"
 
 #include <QPointer>
 
@@ -36,7 +36,7 @@ class TextStyleBevelButton : public BevelButton {
     TextStyleBevelButton(std::string_view caption, QWidget* parent);
 
     virtual std::vector<std::string> makeRows() = 0;
-    virtual TextStyle styleOf(int row) const = 0;
+    virtual FontChange styleOf(int row) const = 0;
     virtual void tellApplied(int row, QWidget* target) = 0;
     virtual void keepCurrent(int row) = 0;
 
@@ -65,7 +65,7 @@ class TextFontBevelButton : public TextStyleBevelButton {
 
   protected:
     std::vector<std::string> makeRows() override;
-    TextStyle styleOf(int row) const override;
+    FontChange styleOf(int row) const override;
     void tellApplied(int row, QWidget* target) override;
     void keepCurrent(int row) override;
 };
@@ -90,7 +90,7 @@ class TextSizeBevelButton : public TextStyleBevelButton {
 
   protected:
     std::vector<std::string> makeRows() override;
-    TextStyle styleOf(int row) const override;
+    FontChange styleOf(int row) const override;
     void tellApplied(int row, QWidget* target) override;
     void keepCurrent(int row) override;
 };

@@ -1,4 +1,4 @@
-#include "controls/TextStyle.h"
+#include "controls/FontChange.h"
 
 #include "controls/BevelButton.h"
 
@@ -23,7 +23,7 @@ bool isOfOneFont(const QWidget* target) {
            qobject_cast<const BevelButton*>(target) != nullptr;
 }
 
-void applyBase(QWidget* target, const TextStyle& style) {
+void applyBase(QWidget* target, const FontChange& style) {
     QFont font = target->font();
     style.base(font);
     target->setFont(font);
@@ -31,7 +31,7 @@ void applyBase(QWidget* target, const TextStyle& style) {
 
 } // namespace
 
-void applyTextStyle(QWidget* target, const TextStyle& style, bool styled) {
+void applyFontChange(QWidget* target, const FontChange& style, bool styled) {
     auto* text = qobject_cast<QTextEdit*>(target);
     if (text == nullptr) {
         if (isOfOneFont(target))

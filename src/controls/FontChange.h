@@ -10,7 +10,7 @@ class QWidget;
 namespace velmarin {
 
 /// A font or a size, in the two ways in which a control takes it.
-struct TextStyle {
+struct FontChange {
     std::function<void(QFont&)> base; ///< changes the font of a whole control
     QTextCharFormat selection;        ///< is laid over the selected text
 };
@@ -28,6 +28,6 @@ struct TextStyle {
 ///     text edit      QPlainTextEdit                         the control
 ///     static text    QLabel                                 the control
 ///     bevel button   BevelButton                            the control
-void applyTextStyle(QWidget* target, const TextStyle& style, bool styled);
+void applyFontChange(QWidget* target, const FontChange& style, bool styled);
 
 } // namespace velmarin

@@ -60,12 +60,12 @@ Exit status: 0 all were exported, 1 some were skipped, 2 some could not be.
 Example:
   velmarin-cli export --replace DictionaryFolder/English/* /media/stick)help";
 
-FolderItem dictionaryArgument(const std::string& argument, Links links) {
+constexpr const char* kNotADictionary = "This is not a Dictionary !";
+
+FolderItem dictionaryArgument(const std::string& argument) {
     FolderItem folder = folderArgument(argument);
-    if (links == Links::Followed)
-        folder = folder.resolved();
     if (!mSub_DicOrNot(folder))
-        throw CannotDo(argument + ": This is not a Dictionary !");
+        throw CannotDo(argument + ": " + kNotADictionary);
     return folder;
 }
 
@@ -77,18 +77,18 @@ void write(const Record& record, Session& session) {
 }
 
 Status install(const std::string& dictionary, const std::string& group, Session& session) {
-    write(installDictionary(dictionaryArgument(dictionary, Links::Kept), folderArgument(group)), session);
+    write(installDictionary(dictionaryArgument(dictionary), folderArgument(group)), session);
     return Status::Done;
 }
 
 Status update(const std::string& dictionary, const std::string& dictionaryFolder, const std::string& backups,
               Session& session) {
-    const FolderItem newVersion = dictionaryArgument(dictionary, Links::Kept);
+    const FolderItem newVersion = dictionaryArgument(dictionary);
     const auto copies = installedCopies(folderArgument(dictionaryFolder), newVersion.Name());
     if (copies.empty())
         return Status::NothingFound;
     if (backups.empty())
-        throw CannotDo("an empty name is no folder");
+        throw CannotDo("an empty name is not a folder");
     write(updateDictionary(newVersion, copies, FolderItem(backups)), session);
     return Status::Done;
 }
@@ -115,15 +115,13 @@ bool exportOne(const FolderItem& dictionary, const FolderItem& destination, bool
 Status exportAll(std::vector<std::string> arguments, bool replace, Session& session) {
     const FolderItem destination = folderArgument(arguments.back());
     arguments.pop_back();
+    const WantedFolders dictionaries = {
+        .wanted = [](const FolderItem& folder) { return mSub_DicOrNot(folder.resolved()); },
+        .note = "not a dictionary, passed over",
+        .refusal = kNotADictionary};
     bool all = true;
-    for (const std::string& argument : arguments) {
-        try {
-            const FolderItem dictionary = dictionaryArgument(argument, Links::Followed);
-            all = exportOne(dictionary, destination, replace, session) && all;
-        } catch (const CannotDo& error) {
-            session.couldNot(error.what());
-        }
-    }
+    for (const FolderItem& dictionary : folderArguments(arguments, dictionaries, session))
+        all = exportOne(dictionary.resolved(), destination, replace, session) && all;
     return all ? Status::Done : Status::NothingFound;
 }
 

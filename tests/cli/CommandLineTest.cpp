@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
                  {"search", "--front", "1", "G", "a"},
                  "--front 1: the group has 1 dictionaries, counted from 0"},
         SlipCase{"NoGroup", {"search"}, "GROUP is required (see \"velmarin-cli search --help\")"},
-        SlipCase{"EmptyGroup", {"search", "", "a"}, "an empty name is no folder"},
+        SlipCase{"EmptyGroup", {"search", "", "a"}, "an empty name is not a folder"},
         SlipCase{"GroupIsMissing", {"search", "none", "a"}, "none: No such file or directory"},
         SlipCase{"GroupBelowNothing", {"dictionaries", "none/G"}, "none/G: No such file or directory"},
         SlipCase{"GroupIsAFile", {"dictionaries", "file"}, "file: Not a directory"},
@@ -90,9 +90,9 @@ INSTANTIATE_TEST_SUITE_P(
         SlipCase{"GroupIsALoop", {"dictionaries", "loop"}, "loop: Too many levels of symbolic links"},
         SlipCase{"GroupIsADictionary",
                  {"search", "G/D", "a"},
-                 "G/D: this is a dictionary, and a group is asked for, the folder that holds it"},
+                 "G/D: this is a dictionary; give the folder that holds it, its group"},
         SlipCase{"FolderIsMissing", {"groups", "none"}, "none: No such file or directory"},
-        SlipCase{"NothingToCheck", {"check", "."}, ".: this is neither a dictionary nor a group that holds one"},
+        SlipCase{"NothingToCheck", {"check", "."}, ".: neither a dictionary nor a group that holds one"},
         SlipCase{"NameWithALineEnd", {"groups", "a\nb"}, "a␊b: No such file or directory"}),
     [](const auto& info) { return info.param.reason; });
 

@@ -5,6 +5,7 @@
 #include "cli/PageListCheck.h"
 #include "cli/PictureNames.h"
 #include "search/DictionarySearch.h"
+#include "store/DictionaryItem.h"
 #include "store/FolderListing.h"
 
 #include <algorithm>
@@ -66,6 +67,21 @@ std::optional<FolderItem> neededMember(const FolderListing& members, const char*
     return std::nullopt;
 }
 
+/// Which of the two lines of a `Format` the program does not read to its end; 0 if none.
+std::uint64_t cutFormatLine(const FolderItem& format) {
+    const auto file = ReadOnlyFile::open(format);
+    if (!file || file->stamp().size <= kFormatBytes)
+        return 0;
+    const std::string start = readFileStart(*file, kFormatBytes);
+    LineReader lines(start);
+    for (const std::uint64_t line : {1, 2}) {
+        lines.ReadLine();
+        if (lines.EOF_())
+            return line;
+    }
+    return 0;
+}
+
 /// The checks of one dictionary, and what they have found so far.
 class DictionaryChecker {
   public:
@@ -93,8 +109,11 @@ class DictionaryChecker {
   private:
     void checkFormat() {
         const FolderItem format = members_.Child("Format");
-        if (format.Exists())
-            checkLines(format, findings_, [](const std::string&, std::uint64_t) {});
+        if (!format.Exists())
+            return;
+        checkLines(format, findings_, [](const std::string&, std::uint64_t) {});
+        if (const std::uint64_t line = cutFormatLine(format); line != 0)
+            findings_.push_back({format.path(), line, "goes beyond 64 KiB; only the first 64 KiB are read"});
     }
 
     void checkInd(const FolderItem& ind) {
@@ -112,7 +131,7 @@ class DictionaryChecker {
 
     void checkPages(const FolderItem& folder) {
         if (!folder.Directory()) {
-            findings_.push_back({folder.path(), 0, "is no folder"});
+            findings_.push_back({folder.path(), 0, "is not a folder"});
             return;
         }
         const FolderListing mImg(folder);

@@ -26,6 +26,10 @@ struct ListingOrder {
 /// The form in which two file names are one to a file system that ignores case and Unicode composition.
 std::string foldedFileName(std::string_view name);
 
+/// `text` in Unicode normalisation form C, in which a letter and its combining marks are one character where there is
+/// one. Bytes that are not UTF-8 stay as they are.
+std::string composedForm(std::string_view text);
+
 /// True where `text` is well-formed UTF-8.
 bool isValidUtf8(std::string_view text);
 

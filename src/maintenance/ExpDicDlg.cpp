@@ -160,10 +160,11 @@ void ExpDicDlg::OKBT_Action() {
                 mExportDic(dictionaries_[static_cast<std::size_t>(row)], destination, record);
             host_.Yield();
         }
-        PB_->setValue(PB_->Maximum());
+        PB_->showFull();
         if (!record.failures.empty())
             host_.MsgBox(failureMessage(record));
-        host_.Launch(destination.path());
+        if (!host_.Launch(destination.path()))
+            host_.MsgBox("The folder could not be opened: " + destination.path().native());
     }
     close();
 }

@@ -133,6 +133,17 @@ TEST_F(ExpDicDialog, ExportsWhatIsTickedAndOpensTheFolder) {
     EXPECT_EQ(host_.messages.size(), 1U) << "all went well";
 }
 
+TEST_F(ExpDicDialog, AFolderThatCannotBeOpenedIsTold) {
+    host_.folders = {at("Out")};
+    host_.launches = false;
+    maintenance_.mExportDic();
+    pickCheck(0);
+    click(OKBT());
+    ASSERT_EQ(host_.messages.size(), 2U);
+    EXPECT_EQ(host_.messages[1], "The folder could not be opened: " + at("Out").native());
+    EXPECT_EQ(shown(kDialog), nullptr);
+}
+
 TEST_F(ExpDicDialog, FailuresAreToldOnceAndStopNoOther) {
     makeFifo(at("DF/A/Latin/pipe"));
     makeLink(at("DF/A/Webster/gone"), "nowhere");

@@ -124,6 +124,8 @@ void EditDicDlg::save() {
         host_.Yield();
     windows_.setNewDicPref(order.lines());
     windows_.closePageImageWindow();
+    if (!windows_.hasGroup(MainWin))
+        return windows_.writeOrderAndPick(MainWin, pObjFol);
     windows_.mWritePreferences_DicGroup(MainWin);
     windows_.ReadDictionaryFolder(MainWin, pObjFol);
     windows_.readyForSearch(MainWin);

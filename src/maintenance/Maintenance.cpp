@@ -102,9 +102,4 @@ void Maintenance::changeDictionariesOrder(int window, const FolderItem& group) {
     editDicDlg_->mSet();
 }
 
-void Maintenance::windowLeftGroup(int window) {
-    if (editDicDlg_ && editDicDlg_->MainWin == window)
-        editDicDlg_->close();
-}
-
 } // namespace velmarin

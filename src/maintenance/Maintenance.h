@@ -30,8 +30,6 @@ class Maintenance {
     /// Shows the order editor for the group of a main window, and returns. Where it is up already, it gets the rows
     /// once more.
     void changeDictionariesOrder(int window, const FolderItem& group);
-    /// To be told when a main window gives its group up: an order editor for it closes, since nothing would be saved.
-    void windowLeftGroup(int window);
 
   private:
     Record mInstallDictionary(const FolderItem& dictionary);

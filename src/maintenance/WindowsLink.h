@@ -33,6 +33,11 @@ class WindowsLink {
     virtual std::string pDicGroupName(int window) const = 0;
     /// Replaces `pNewDicPref`.
     virtual void setNewDicPref(std::vector<std::string> lines) = 0;
+    /// False from the start, after an install, and while the window is closed, until a group is picked.
+    virtual bool hasGroup(int window) const = 0;
+    /// Writes `pNewDicPref` to the `DictionaryPreferences.txt` of a group that no window need show, and then picks the
+    /// group in the window, if that is open and the group is in no other window.
+    virtual void writeOrderAndPick(int window, const FolderItem& group) = 0;
     /// Closes the page image window if it is shown.
     virtual void closePageImageWindow() = 0;
     virtual void mWritePreferences_DicGroup(int window) = 0;

@@ -229,7 +229,6 @@ void MainWindow::mWritePreferences_Window() {
 }
 
 void MainWindow::leaveGroup() {
-    app_.maintenance().windowLeftGroup(pMyIndex);
     groupPicker_->dropPick();
     groupView_->leave();
     enableGroupControls(false);

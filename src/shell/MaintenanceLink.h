@@ -19,6 +19,8 @@ class MaintenanceLink : public WindowsLink {
     std::vector<std::string> dictionaryNames(int window) const override;
     std::string pDicGroupName(int window) const override;
     void setNewDicPref(std::vector<std::string> lines) override;
+    bool hasGroup(int window) const override;
+    void writeOrderAndPick(int window, const FolderItem& group) override;
     void closePageImageWindow() override;
     void mWritePreferences_DicGroup(int window) override;
     void ReadDictionaryFolder(int window, const FolderItem& group) override;

@@ -15,6 +15,7 @@ class FakeWindows : public WindowsLink {
     int windows = 2;
     std::vector<std::string> names;
     std::string groupName;
+    bool anyGroup = true;
 
     std::vector<std::string> told;
     std::vector<std::string> newDicPref;
@@ -32,6 +33,10 @@ class FakeWindows : public WindowsLink {
     void setNewDicPref(std::vector<std::string> lines) override {
         told.emplace_back("pNewDicPref");
         newDicPref = std::move(lines);
+    }
+    bool hasGroup(int /*window*/) const override { return anyGroup; }
+    void writeOrderAndPick(int window, const FolderItem& group) override {
+        told.push_back("write and pick " + std::to_string(window) + " " + group.path().native());
     }
     void closePageImageWindow() override { told.emplace_back("close page image window"); }
     void mWritePreferences_DicGroup(int window) override { told.push_back("write " + std::to_string(window)); }

@@ -14,7 +14,7 @@ namespace velmarin {
 
 namespace {
 
-/// Length of the run of ASCII at the start of `text`.
+/// The length of the ASCII run at the start of `text`.
 std::size_t asciiPrefix(std::string_view text) {
     std::size_t i = 0;
     for (; i + sizeof(std::uint64_t) <= text.size(); i += sizeof(std::uint64_t)) {
@@ -28,7 +28,7 @@ std::size_t asciiPrefix(std::string_view text) {
     return i;
 }
 
-/// The bytes of a text's upper-case form, one after the other, without making it.
+/// Yields the bytes of a text's upper-case form one by one, without building it.
 class CapitalBytes {
   public:
     explicit CapitalBytes(std::string_view text) : text_(text) {}
@@ -70,7 +70,7 @@ int compareBeyondAscii(std::string_view a, std::string_view b) {
     }
 }
 
-/// Composes one well-formed text; `option` is what else is done with it.
+/// Composes a well-formed text; `option` adds another operation.
 std::string compose(std::string_view text, utf8proc_option_t option) {
     utf8proc_uint8_t* composed = nullptr;
     const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE | option);
@@ -82,7 +82,7 @@ std::string compose(std::string_view text, utf8proc_option_t option) {
     return {reinterpret_cast<const char*>(composed), static_cast<std::size_t>(length)};
 }
 
-/// The end of the well-formed run of `text` that starts at `from`; `from` itself where its byte belongs to none.
+/// The end of the well-formed run of `text` that starts at `from`; `from` itself if its byte is not well-formed.
 std::size_t wellFormedEnd(std::string_view text, std::size_t from) {
     for (std::size_t pos = from;;) {
         pos += asciiPrefix(text.substr(pos));
@@ -95,7 +95,7 @@ std::size_t wellFormedEnd(std::string_view text, std::size_t from) {
     }
 }
 
-/// `text` with each well-formed run replaced by what `append` adds to the result; other bytes as they are.
+/// Builds a text from `text`: `append` adds a form of each well-formed run to the result, and other bytes are copied.
 template <class Append> std::string withRuns(std::string_view text, Append append) {
     std::string result;
     result.reserve(text.size());

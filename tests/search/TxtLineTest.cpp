@@ -8,11 +8,11 @@
 #include <array>
 #include <random>
 
-using velmarin::errataMarkerPattern;
+using velmarin::kErrataMarkerPattern;
+using velmarin::kPageMarkerPattern;
 using velmarin::mStrMod_GrepMBS_Find;
 using velmarin::mStrMod_GrepMBS_Replace;
 using velmarin::mStrMod_GrepMBS_Search;
-using velmarin::pageMarkerPattern;
 using velmarin::parseTxtLine;
 
 namespace {
@@ -64,11 +64,11 @@ TEST(TxtLine, AgreesWithThePatternsOnAnyLine) {
         for (std::size_t left = random() % 20; left > 0; --left)
             line += pieces[random() % pieces.size()];
         const auto read = parseTxtLine(line);
-        EXPECT_EQ(read.imageName, mStrMod_GrepMBS_Find(0, line, pageMarkerPattern)) << line;
+        EXPECT_EQ(read.imageName, mStrMod_GrepMBS_Find(0, line, kPageMarkerPattern)) << line;
         std::vector<std::string> errata;
-        for (std::string rest = line; mStrMod_GrepMBS_Search(0, rest, errataMarkerPattern) != 0;) {
-            errata.push_back(mStrMod_GrepMBS_Find(0, rest, errataMarkerPattern));
-            rest = mStrMod_GrepMBS_Replace(rest, errataMarkerPattern, "");
+        for (std::string rest = line; mStrMod_GrepMBS_Search(0, rest, kErrataMarkerPattern) != 0;) {
+            errata.push_back(mStrMod_GrepMBS_Find(0, rest, kErrataMarkerPattern));
+            rest = mStrMod_GrepMBS_Replace(rest, kErrataMarkerPattern, "");
         }
         ASSERT_EQ(read.errata, errata) << line;
     }

@@ -181,7 +181,7 @@ void MainWindow::enableGroupControls(bool enabled) {
     sideLink_->SubWinBV()->setEnabled(enabled);
 }
 
-void MainWindow::startAnew() {
+void MainWindow::resetToNoGroup() {
     sideLink_->close();
     leaveGroup();
     groupPicker_->mMakeSelectDicPU();

@@ -24,8 +24,8 @@ int MaintenanceLink::windowCount() const {
     return static_cast<int>(app_.MainWinList().size());
 }
 
-void MaintenanceLink::startAnew(int window) {
-    app_.window(window).startAnew();
+void MaintenanceLink::resetToNoGroup(int window) {
+    app_.window(window).resetToNoGroup();
     // The group that the window stood on can be picked again, there or elsewhere.
     app_.rebuildSelectedDic();
 }

@@ -27,7 +27,7 @@ class FakeWindows : public WindowsLink {
     QWidget* frontWindow() const override { return nullptr; }
     void prepare(QWidget* /*window*/) override {}
     int windowCount() const override { return windows; }
-    void startAnew(int window) override { told.push_back("start anew " + std::to_string(window)); }
+    void resetToNoGroup(int window) override { told.push_back("reset " + std::to_string(window)); }
     std::vector<std::string> dictionaryNames(int /*window*/) const override { return names; }
     std::string pDicGroupName(int /*window*/) const override { return groupName; }
     void setNewDicPref(std::vector<std::string> lines) override {

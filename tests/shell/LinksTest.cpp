@@ -154,10 +154,10 @@ TEST(OrderEditor, StaysOpenAndSavesWhenItsWindowLosesTheGroup) {
         std::function<void(Started&)> lose;
         std::size_t shown; ///< dictionaries in the window after saving
     } cases[] = {
-        {"an install", [](Started& run) { MaintenanceLink(run.app()).startAnew(0); }, 2},
+        {"an install", [](Started& run) { MaintenanceLink(run.app()).resetToNoGroup(0); }, 2},
         {"an install, and another window took the group",
          [](Started& run) {
-             MaintenanceLink(run.app()).startAnew(0);
+             MaintenanceLink(run.app()).resetToNoGroup(0);
              run.app().handle("Cons_FileNew", 0);
              run.pick("G", 1);
          },
@@ -190,13 +190,13 @@ TEST(OrderEditor, DoesNothingWithoutAPickedGroup) {
         EXPECT_EQ(widget->findChild<QPushButton*>("SaveBT"), nullptr);
 }
 
-TEST(AfterAnInstall, EveryWindowStartsAnewAndItsGroupCanBePickedAgain) {
+TEST(AfterAnInstall, EveryWindowIsResetAndItsGroupCanBePickedAgain) {
     Started run;
     run.group(fruitGroup("G", 2)).start();
     run.search("banana");
     run.files().write("DictionaryFolder/G/DictionaryPreferences.txt", "G\t0\t\nB\t2\nA\t0\n");
     MaintenanceLink link(run.app());
-    link.startAnew(0);
+    link.resetToNoGroup(0);
     EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "");
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1);
     EXPECT_EQ(run.imageName(0), "");

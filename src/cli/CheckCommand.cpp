@@ -69,7 +69,7 @@ bool canBeChecked(const FolderItem& folder) {
     return !holdsUserDictionaries(folder) && (isDictionary(folder) || !dictionariesOf(folder).empty());
 }
 
-/// Writes findings as they come.
+/// Writes the findings of each dictionary as soon as it is checked.
 class Checker {
   public:
     Checker(Session& session, Images images) : session_(session), images_(images) {}
@@ -127,7 +127,7 @@ void addCheckCommand(CLI::App& program, Job& chosen) {
     const CLI::Option* folders = addManyOperands(*command, "FOLDER", "Folders of dictionaries or groups")->required();
     command->callback([&chosen, noImages, folders] {
         chosen = [=](Session& session) {
-            const Images images = noImages->count() > 0 ? Images::LeftAlone : Images::Decoded;
+            const Images images = noImages->count() > 0 ? Images::Skip : Images::Decode;
             return checkAll(operands(folders), images, session);
         };
     });

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A file, say: it is there, and cannot be a folder.
+/// Something that exists and is not a folder, such as a file.
 bool isNotAFolder(const std::string& argument) {
     const FolderItem item{fs::path(argument)};
     return !argument.empty() && item.Exists() && !item.Directory();

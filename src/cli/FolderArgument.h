@@ -13,15 +13,15 @@ namespace velmarin {
 /// The folder that an argument names. Raises CannotDo if it is missing, is not a folder, or cannot be listed.
 FolderItem folderArgument(const std::string& argument);
 
-/// What a command that takes many folders works on, and what it says of the others.
+/// Which folders a command works on, and its messages about the others.
 struct WantedFolders {
     std::function<bool(const FolderItem&)> wanted;
     std::string note;    ///< about an argument that is passed over
-    std::string refusal; ///< about the same argument where no folder is wanted
+    std::string refusal; ///< about the same argument if no folder is wanted
 };
 
 /// The wanted folders among `arguments`, in their order. A shell pattern such as "English/*" also names files and other
-/// folders: these are passed over with a note, or are failures of the session where nothing else was named. What is
+/// folders: these are passed over with a note, or are failures of the session if nothing else is named. What is
 /// missing or cannot be listed is always a failure.
 std::vector<FolderItem> folderArguments(const std::vector<std::string>& arguments, const WantedFolders& folders,
                                         Session& session);

@@ -18,7 +18,7 @@ bool isPrivate(char32_t unit) {
            (unit >= kFirstPrivatePlane && unit < invalidByteUnit);
 }
 
-/// What stands between the numbers of an entry such as "99-99".
+/// ASCII punctuation, as between the numbers of "99-99".
 bool isAsciiMark(char32_t unit) {
     return unit < 0x80 && !(unit >= '0' && unit <= '9') && !(unit >= 'A' && unit <= 'Z');
 }
@@ -30,8 +30,8 @@ std::size_t unitCount(std::string_view text) {
     return count;
 }
 
-/// Whether a headword has letters followed by combining marks that have a composed form, which keyboards type, and the
-/// two forms have different search words. (Composition also replaces single characters; a keyboard may type those.)
+/// Whether a line has a letter and a combining mark where keyboards type one composed character, so that input has
+/// another search word. (NFC also replaces some single characters; keyboards may type these, so they do not count.)
 bool isDecomposed(const std::string& line, const std::string& word, const IndexOrder& order) {
     const std::string composed = composedForm(line);
     return unitCount(composed) < unitCount(line) && indexSearchWord(composed, order) != word;

@@ -116,10 +116,10 @@ TEST(Check, HeadwordsAreHeldAgainstTheirOrder) {
 TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
     checkRows(
         {{"TxtIsShorter", sound().member("txt", "<@_p1.bmp_>\n<@_p2.bmp_>\n"),
-          "D/ind\t3\tno line of txt belongs to this entry: unequal lengths (ind has 3, txt 2)\n"},
+          "D/ind\t3\tno line of txt belongs to this entry: different lengths (ind has 3, txt 2)\n"},
          {"TxtIsLonger", sound().member("txt", "<@_p1.bmp_>\n<@_p2.bmp_>\n<@_p3.bmp_>\n\n<@_p3.bmp_>\n"),
           "D/txt\t4\tnames no page\n"
-          "D/txt\t4\tno entry belongs to this line: unequal lengths (ind has 3, txt 5)\n"},
+          "D/txt\t4\tno entry belongs to this line: different lengths (ind has 3, txt 5)\n"},
          {"LineWithoutAPage", DictionaryBuilder("D").entry("a", "", {"e.bmp"}).entry("zz", "p1.bmp"),
           "D/txt\t1\tnames no page\n"},
          {"LastLineNeedsItsPageWhereNothingCloses", DictionaryBuilder("D").entry("a", "p1.bmp").entry("b", ""),
@@ -134,7 +134,7 @@ TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
               .entry("zz", "gone.bmp")
               .without("mImg/gone.bmp")
               .imageIndex({"p1.bmp"}),
-          "D/txt\t2\tnames \"gone.bmp\", and there is no such file in mImg; 2 more lines name it\n"},
+          "D/txt\t2\tnames \"gone.bmp\", which is not in mImg; 2 more lines name it\n"},
          {"NameThatNoFileCanHave",
           DictionaryBuilder("D")
               .entry("a", "p1.bmp")
@@ -144,17 +144,17 @@ TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
               .without("mImg/..")
               .member("ind", "a\nb\nzz\n")
               .imageIndex({"p1.bmp"}),
-          "D/txt\t2\tnames \"../ind\", and there is no such file in mImg\n"
-          "D/txt\t3\tnames \"..\", and there is no such file in mImg\n"},
+          "D/txt\t2\tnames \"../ind\", which is not in mImg\n"
+          "D/txt\t3\tnames \"..\", which is not in mImg\n"},
          {"ErrataWithoutAFile",
           DictionaryBuilder("D")
               .entry("a", "p1.bmp", {"e1.bmp", "e2.bmp"})
               .entry("zz", "p1.bmp", {"e2.bmp"})
               .without("mPimg/e2.bmp"),
-          "D/txt\t1\tnames \"e2.bmp\", and there is no such file in mPimg; one more line names it\n"},
+          "D/txt\t1\tnames \"e2.bmp\", which is not in mPimg; one more line names it\n"},
          {"ErrataWithoutAFolder",
           DictionaryBuilder("D").entry("a", "p1.bmp", {"e1.bmp"}).entry("zz", "p1.bmp").without("mPimg"),
-          "D/txt\t1\tnames \"e1.bmp\", and there is no such file in mPimg\n"},
+          "D/txt\t1\tnames \"e1.bmp\", which is not in mPimg\n"},
          {"FolderIsNoPage",
           DictionaryBuilder("D")
               .entry("a", "p1.bmp")
@@ -162,13 +162,13 @@ TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
               .without("mImg/p2.bmp")
               .imageIndex({"p1.bmp"})
               .member("mImg/p2.bmp/x", ""),
-          "D/txt\t2\tnames \"p2.bmp\", and there is no such file in mImg\n"},
+          "D/txt\t2\tnames \"p2.bmp\", which is not in mImg\n"},
          {"PageOutsideTheImageIndex", sound().imageIndex({"p1.bmp", "p3.bmp"}),
-          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"},
+          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex: stepping continues from the first page\n"},
          {"PageThatNoImageIndexWillHold",
           DictionaryBuilder("D").entry("a", "p1.bmp").entry("zz", "p2.scan").without("mImg/ImageIndex"),
-          "D/txt\t2\tnames \"p2.scan\", which is not in the page list that will be made of the pictures: "
-          "stepping goes on from the first page\n"},
+          "D/txt\t2\tnames \"p2.scan\", which is not in the page list that is made from the pictures: "
+          "stepping continues from the first page\n"},
          {"LineThatIsNotReadToItsEnd",
           sound().member("txt", "<@_p1.bmp_>" + std::string(1 << 24, 'x') + "<^_e.bmp_>\n<@_p2.bmp_>\n<@_p3.bmp_>\n"),
           "D/txt\t1\tis 16 MiB long or longer; only the first 16 MiB are read\n"},
@@ -182,20 +182,20 @@ TEST(Check, ImageIndexIsHeldAgainstItsCountAndTheFiles) {
         {{"CountOfPagesInPlaceOfTheLast", sound().member("mImg/ImageIndex", "3\np1.bmp\np2.bmp\np3.bmp\n"),
           "D/mImg/ImageIndex\t1\tthe count is \"3\"; it should be 2, the number of pages less one\n"},
          {"CountIsMissing", sound().member("mImg/ImageIndex", "p1.bmp\np2.bmp\np3.bmp\n"),
-          "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"
-          "D/mImg/ImageIndex\t1\t\"p1.bmp\" is no number; it should be 1, the number of pages less one\n"},
+          "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
+          "D/mImg/ImageIndex\t1\t\"p1.bmp\" is not a number; it should be 1, the number of pages less one\n"},
          {"EmptyNameAndANameWithoutAFile", sound().member("mImg/ImageIndex", "4\np1.bmp\n\np2.bmp\np3.bmp\np4.bmp\n"),
           "D/mImg/ImageIndex\t3\tnames no page\n"
-          "D/mImg/ImageIndex\t6\tnames \"p4.bmp\", and there is no such file in mImg\n"},
+          "D/mImg/ImageIndex\t6\tnames \"p4.bmp\", which is not in mImg\n"},
          {"NoPages", sound().member("mImg/ImageIndex", "2\n"),
-          "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"
-          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"
-          "D/txt\t3\tnames \"p3.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"
+          "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
+          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
+          "D/txt\t3\tnames \"p3.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
           "D/mImg/ImageIndex\t1\tlists no pages\n"},
          {"CaptionsPartedByBlanks", sound().member("mImg/ImageIndex2", "2\np1.bmp\t1\np2.bmp 2\np3.bmp\t3\n"),
-          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex2: stepping goes on from the first page\n"
-          "D/mImg/ImageIndex2\t3\thas no caption: the name and the caption are parted by a TAB\n"
-          "D/mImg/ImageIndex2\t3\tnames \"p2.bmp 2\", and there is no such file in mImg\n"},
+          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex2: stepping continues from the first page\n"
+          "D/mImg/ImageIndex2\t3\thas no caption: a TAB separates name and caption\n"
+          "D/mImg/ImageIndex2\t3\tnames \"p2.bmp 2\", which is not in mImg\n"},
          {"NotUtf8", sound().captions({{"p1.bmp", "\xFC"}, {"p2.bmp", "2"}, {"p3.bmp", "3"}}),
           "D/mImg/ImageIndex2\t2\tis not UTF-8 from byte 8 on\n"}},
         1);
@@ -221,7 +221,7 @@ TEST(Check, PicturesAreDecodedOnceEach) {
 }
 
 TEST(Check, MembersAreHeldAgainstWhatADictionaryNeeds) {
-    checkRows({{"NoMark", sound().without("FW"), "D/FW\t\tis missing: no group shows the dictionary\n"},
+    checkRows({{"NoMark", sound().without("FW"), "D/FW\t\tis missing: groups do not show the dictionary\n"},
                {"MarkAlone", DictionaryBuilder("D").without("ind").without("txt").without("mImg"),
                 "D/ind\t\tis missing\nD/txt\t\tis missing\nD/mImg\t\tis missing\n"},
                {"FileInPlaceOfAFolder", sound().without("mImg").member("MIMG", ""), "D/MIMG\t\tis not a folder\n"},
@@ -229,8 +229,8 @@ TEST(Check, MembersAreHeldAgainstWhatADictionaryNeeds) {
                 "D/ind\t\tis not a file that can be read\n"},
                {"NoPicture",
                 DictionaryBuilder("D").member("ind", "a\nzz\n").member("txt", "<@_p_>\n\n").without("mImg/ImageIndex"),
-                "D/mImg\t\tholds no picture and no image index\n"
-                "D/txt\t1\tnames \"p\", and there is no such file in mImg\n"},
+                "D/mImg\t\thas neither a picture nor an image index\n"
+                "D/txt\t1\tnames \"p\", which is not in mImg\n"},
                {"FormatThatIsNotReadToItsEnd", sound().member("Format", "000\n" + std::string(1 << 16, ' ') + "\n"),
                 "D/Format\t2\tgoes beyond 64 KiB; only the first 64 KiB are read\n"},
                {"FormatThatIsNotUtf8", sound().member("Format", "000\n\xFF\n"),
@@ -270,7 +270,7 @@ TEST(CheckCommand, GroupIsCheckedDictionaryByDictionary) {
     const CliRun run = check(folder, {"G"});
     EXPECT_EQ(run.out, "G/A/ind\t2\tout of order: \"Y\" sorts before \"Z\" of line 1\n"
                        "G/B/ind\t2\tout of order: \"A\" sorts before \"B\" of line 1\n"
-                       "G/C/FW\t\tis missing: no group shows the dictionary\n");
+                       "G/C/FW\t\tis missing: groups do not show the dictionary\n");
     EXPECT_EQ(run.status, 1);
 }
 

@@ -17,7 +17,7 @@ constexpr const char* kHelp = R"help(Columns:
   2  the line number; empty if the problem is the file or folder as a whole
   3  the problem
 
-If there is no problem, the output is one line, "No problems in 3 dictionaries."
+Without any problem, the output is one line: "No problems in 3 dictionaries."
 
 Each FOLDER is a dictionary or a group. Of a group, all dictionaries are checked,
 and also folders that have members of a dictionary but no FW, which the program
@@ -100,11 +100,11 @@ class Checker {
 };
 
 Status checkAll(const std::vector<std::string>& arguments, Images images, Session& session) {
-    const WantedFolders folders = {.wanted = canBeChecked,
-                                   .note = "neither a dictionary nor a group that holds one, passed over",
-                                   .refusal = "neither a dictionary nor a group that holds one"};
+    const FolderFilter filter = {.accepts = canBeChecked,
+                                 .note = "neither a dictionary nor a group that holds one, passed over",
+                                 .refusal = "neither a dictionary nor a group that holds one"};
     Checker checker(session, images);
-    for (const FolderItem& folder : folderArguments(arguments, folders, session)) {
+    for (const FolderItem& folder : folderArguments(arguments, filter, session)) {
         if (isDictionary(folder))
             checker.check(folder);
         else

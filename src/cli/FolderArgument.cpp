@@ -33,7 +33,7 @@ FolderItem folderArgument(const std::string& argument) {
     return FolderItem(fs::path(argument));
 }
 
-std::vector<FolderItem> folderArguments(const std::vector<std::string>& arguments, const WantedFolders& folders,
+std::vector<FolderItem> folderArguments(const std::vector<std::string>& arguments, const FolderFilter& filter,
                                         Session& session) {
     std::vector<FolderItem> found;
     std::vector<std::string> others;
@@ -41,7 +41,7 @@ std::vector<FolderItem> folderArguments(const std::vector<std::string>& argument
         try {
             if (isNotAFolder(argument))
                 others.push_back(argument);
-            else if (FolderItem folder = folderArgument(argument); folders.wanted(folder))
+            else if (FolderItem folder = folderArgument(argument); filter.accepts(folder))
                 found.push_back(std::move(folder));
             else
                 others.push_back(argument);
@@ -51,9 +51,9 @@ std::vector<FolderItem> folderArguments(const std::vector<std::string>& argument
     }
     for (const std::string& argument : others) {
         if (found.empty())
-            session.couldNot(argument + ": " + folders.refusal);
+            session.couldNot(argument + ": " + filter.refusal);
         else
-            complain(argument + ": " + folders.note);
+            complain(argument + ": " + filter.note);
     }
     return found;
 }

@@ -14,16 +14,16 @@ namespace velmarin {
 FolderItem folderArgument(const std::string& argument);
 
 /// Which folders a command works on, and its messages about the others.
-struct WantedFolders {
-    std::function<bool(const FolderItem&)> wanted;
+struct FolderFilter {
+    std::function<bool(const FolderItem&)> accepts;
     std::string note;    ///< about an argument that is passed over
-    std::string refusal; ///< about the same argument if no folder is wanted
+    std::string refusal; ///< about the same argument if no folder is accepted
 };
 
-/// The wanted folders among `arguments`, in their order. A shell pattern such as "English/*" also names files and other
-/// folders: these are passed over with a note, or are failures of the session if nothing else is named. What is
+/// The accepted folders among `arguments`, in their order. A shell pattern such as "English/*" also names files and
+/// other folders: these are passed over with a note, or are failures of the session if nothing else is named. What is
 /// missing or cannot be listed is always a failure.
-std::vector<FolderItem> folderArguments(const std::vector<std::string>& arguments, const WantedFolders& folders,
+std::vector<FolderItem> folderArguments(const std::vector<std::string>& arguments, const FolderFilter& filter,
                                         Session& session);
 
 /// Whether `folder` (links followed) is a dictionary, as opposed to a group that holds a dictionary called "ind" or

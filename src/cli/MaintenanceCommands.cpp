@@ -116,8 +116,8 @@ bool exportOne(const FolderItem& dictionary, const FolderItem& destination, bool
 Status exportAll(std::vector<std::string> arguments, bool replace, Session& session) {
     const FolderItem destination = folderArgument(arguments.back());
     arguments.pop_back();
-    const WantedFolders dictionaries = {
-        .wanted = [](const FolderItem& folder) { return mSub_DicOrNot(folder.resolved()); },
+    const FolderFilter dictionaries = {
+        .accepts = [](const FolderItem& folder) { return mSub_DicOrNot(folder.resolved()); },
         .note = "not a dictionary, passed over",
         .refusal = kNotADictionary};
     bool all = true;

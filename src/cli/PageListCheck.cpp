@@ -47,6 +47,14 @@ bool beginsWithDigit(std::string_view text) {
     return at != std::string_view::npos && text[at] >= '0' && text[at] <= '9';
 }
 
+/// The program uses no more than kMostPages pages.
+void checkLimit(const std::filesystem::path& file, std::uint64_t pages, std::vector<Finding>& findings) {
+    if (pages > kMostPages)
+        findings.push_back(
+            {file, 0,
+             "has " + std::to_string(pages) + " pages; only the first " + std::to_string(kMostPages) + " are used"});
+}
+
 void checkCount(const FolderItem& file, const IndexLines& lines, std::vector<Finding>& findings) {
     const std::uint64_t pages = lines.lastNamed - 1;
     if (pages == 0) {
@@ -67,6 +75,7 @@ std::optional<PageListSummary> checkImageIndex(const FolderItem& file, bool capt
         return std::nullopt;
     PageListSummary summary;
     summary.name = file.Name();
+    checkLimit(file.path(), lines->lastNamed - 1, findings);
     checkCount(file, *lines, findings);
     for (const std::uint64_t number : lines->empty) {
         // Empty lines at the end are beyond the count and do no harm.
@@ -94,6 +103,7 @@ std::optional<PageListSummary> checkPageList(const FolderListing& mImg, std::vec
     const std::vector<std::string> pictures = pictureNames(mImg.folder());
     for (const std::string& name : pictures)
         summary.pages.set(name, 0);
+    checkLimit(mImg.folder().path(), pictures.size(), findings);
     if (!pictures.empty())
         return summary;
     findings.push_back({mImg.folder().path(), 0, "has neither a picture nor an image index"});

@@ -30,6 +30,13 @@ DictionaryBuilder sound() {
     return DictionaryBuilder("D").entries({"alpha", "beta", "zzzz"});
 }
 
+std::string repeated(const std::string& text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
 struct CheckCase {
     const char* reason;
     DictionaryBuilder dictionary;
@@ -181,6 +188,9 @@ TEST(Check, ImageIndexIsHeldAgainstItsCountAndTheFiles) {
     checkRows(
         {{"CountOfPagesInPlaceOfTheLast", sound().member("mImg/ImageIndex", "3\np1.bmp\np2.bmp\np3.bmp\n"),
           "D/mImg/ImageIndex\t1\tthe count is \"3\"; it should be 2, the number of pages less one\n"},
+         {"MorePagesThanAreUsed",
+          sound().member("mImg/ImageIndex", "200000\n" + repeated("p1.bmp\n", 199'999) + "p2.bmp\np3.bmp\n"),
+          "D/mImg/ImageIndex\t\thas 200001 pages; only the first 200000 are used\n"},
          {"CountIsMissing", sound().member("mImg/ImageIndex", "p1.bmp\np2.bmp\np3.bmp\n"),
           "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
           "D/mImg/ImageIndex\t1\t\"p1.bmp\" is not a number; it should be 1, the number of pages less one\n"},

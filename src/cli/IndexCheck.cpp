@@ -34,7 +34,7 @@ std::size_t unitCount(std::string_view text) {
 /// another search word. (NFC also replaces some single characters; keyboards may type these, so they do not count.)
 bool isDecomposed(const std::string& line, const std::string& word, const IndexOrder& order) {
     const std::string composed = composedForm(line);
-    return unitCount(composed) < unitCount(line) && indexSearchWord(composed, order) != word;
+    return composed != line && unitCount(composed) < unitCount(line) && indexSearchWord(composed, order) != word;
 }
 
 } // namespace

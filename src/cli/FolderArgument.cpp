@@ -39,10 +39,9 @@ std::vector<FolderItem> folderArguments(const std::vector<std::string>& argument
     std::vector<std::string> others;
     for (const std::string& argument : arguments) {
         try {
-            if (isNotAFolder(argument))
-                others.push_back(argument);
-            else if (FolderItem folder = folderArgument(argument); filter.accepts(folder))
-                found.push_back(std::move(folder));
+            const FolderItem folder = isNotAFolder(argument) ? FolderItem() : folderArgument(argument);
+            if (!folder.isNil() && filter.accepts(folder))
+                found.push_back(folder);
             else
                 others.push_back(argument);
         } catch (const CannotDo& error) {

@@ -82,20 +82,20 @@ void measureTexts() {
     const auto search = [&](const char* what, const std::string& line) {
         measure(what, calls, [&] {
             for (int i = 0; i < calls; ++i)
-                sink += static_cast<std::size_t>(mStrMod_GrepMBS_Search(0, line, pageMarkerPattern));
+                sink += static_cast<std::size_t>(mStrMod_GrepMBS_Search(0, line, kPageMarkerPattern));
         });
     };
     search("page marker of a short line", "palimpsest <@_page 0123.tif_>");
     search("missing page marker of a short line", "palimpsest, palimpsestic, palimpsestical");
     search("missing page marker of 10 kB", text.substr(0, 10'000));
     measure("missing page marker of 5 MB", 1,
-            [&] { sink += static_cast<std::size_t>(mStrMod_GrepMBS_Search(0, text, pageMarkerPattern)); });
+            [&] { sink += static_cast<std::size_t>(mStrMod_GrepMBS_Search(0, text, kPageMarkerPattern)); });
     std::string opened;
     while (opened.size() < 1'000'000)
         opened += "<@_";
     opened += '>';
     measure("a megabyte of markers that never close", 1,
-            [&] { sink += static_cast<std::size_t>(mStrMod_GrepMBS_Search(0, opened, pageMarkerPattern)); });
+            [&] { sink += static_cast<std::size_t>(mStrMod_GrepMBS_Search(0, opened, kPageMarkerPattern)); });
     measure("number format", calls, [] {
         for (int i = 0; i < calls; ++i)
             sink += mSub_Format("12-3", "000-00").size();

@@ -2,6 +2,9 @@
 #include "cli/DictionaryCheck.h"
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
+#include "side/UserDictionary.h"
+#include "store/DictionaryItem.h"
+#include "text/StringRules.h"
 
 #include <unordered_set>
 
@@ -11,110 +14,120 @@ namespace {
 
 constexpr const char* kHelp = R"help(Columns:
   1  the path of the file
-  2  the number of the line; empty where it is the file or folder as a whole
-  3  what is wrong
+  2  the line number; empty if the problem is the file or folder as a whole
+  3  the problem
 
-Each argument is the folder of a dictionary, or that of a group, of which every
-dictionary is checked. A folder in a group that has members of a dictionary but
-no FW, which the program passes over, is told of.
+Without any problem, the output is one line: "No problems in 3 dictionaries."
 
-Told of are:
+Each FOLDER is a dictionary or a group. Of a group, all dictionaries are checked,
+and also folders that have members of a dictionary but no FW, which the program
+ignores. Other files and folders are passed over with a note, so that patterns
+such as English/* work.
+
+Problems are:
   - members that are missing or cannot be read
-  - headwords out of order, with the two search words; equal ones are in order
-  - a missing closing entry: the last entry is never shown, so one that sorts
-    after all others is wanted behind it. Taken for one is a headword that begins
-    with a private-use character, such as U+10FFFD, or repeats one letter or
-    digit, such as zzzz
-  - ind and txt of unequal lengths
-  - lines of txt that name no page (but that of a closing entry)
+  - headwords out of order, with both search words (equal ones are in order)
+  - headwords in decomposed Unicode, which composed input does not find
+  - a missing closing entry: the last entry is never shown, so another one that
+    sorts after all others must follow it. A closing entry is a headword that
+    begins with a private-use character, such as U+10FFFD, or repeats one letter
+    or digit, such as zzzz
+  - ind and txt of different lengths
+  - lines of txt that name no page (except that of the closing entry)
   - pages and extra pages without a file, once for each name
   - pages that are in mImg but not in its image index
   - a wrong count in the image index, lines of it without a name, and lines of
     ImageIndex2 without a caption
-  - lines that are not UTF-8
-  - pictures that cannot be decoded, or in part only, once for each
+  - lines that are not UTF-8, or longer than what is read
+  - pictures that cannot be decoded, or only in part, once for each
 
-Names that differ from the file's in case or in Unicode composition only are
-right. An image index that is missing is right as well, and is not made here.
+Names may differ from those of the files in case and in Unicode composition. An
+image index may be missing; check does not make one.
 
-Exit status: 0 nothing is wrong, 1 something is, 2 an argument is no dictionary
-and no group.
+Exit status: 0 no problems, 1 problems, 2 something could not be checked.
 
 Examples:
   velmarin-cli check "DictionaryFolder/English/Webster 1913"
   velmarin-cli check --no-images DictionaryFolder/*)help";
 
-/// Writes findings as they come.
+/// A user dictionary called "ind" does not make a dictionary of the folder that holds it.
+bool holdsUserDictionaries(const FolderItem& folder) {
+    return equalStrings(folder.Name(), kUserDictionariesFolder);
+}
+
+/// What is, or could be, a dictionary of `group`: the program passes over one without FW, which is a finding.
+std::vector<FolderItem> dictionariesOf(const FolderItem& group) {
+    std::vector<FolderItem> found;
+    for (const FolderItem& item : group.items()) {
+        if (item.Visible() && !holdsUserDictionaries(item) && mSub_DicOrNot(item.resolved()))
+            found.push_back(item);
+    }
+    return found;
+}
+
+bool canBeChecked(const FolderItem& folder) {
+    return !holdsUserDictionaries(folder) && (isDictionary(folder) || !dictionariesOf(folder).empty());
+}
+
+/// Writes the findings of each dictionary as soon as it is checked.
 class Checker {
   public:
     Checker(Session& session, Images images) : session_(session), images_(images) {}
 
-    void check(const std::string& argument) {
-        const FolderItem folder = folderArgument(argument);
-        if (mSub_DicOrNot(folder.resolved()))
-            checkOne(folder);
-        else if (!checkGroup(folder))
-            throw CannotDo(argument + ": this is neither a dictionary nor a group that holds one");
-    }
-
-    bool anyFinding() const { return anyFinding_; }
-
-  private:
-    void checkOne(const FolderItem& folder) {
+    /// Checks each dictionary once, whatever number of links and arguments lead to it.
+    void check(const FolderItem& folder) {
+        if (!checked_.insert(folder.AbsolutePath()).second)
+            return;
         for (const Finding& finding : checkDictionary(folder, images_))
             write(finding);
         session_.out().flush();
     }
 
+    std::size_t count() const { return checked_.size(); }
+    bool anyFinding() const { return anyFinding_; }
+
+  private:
     void write(const Finding& finding) {
         const std::string line = finding.line == 0 ? std::string() : std::to_string(finding.line);
         session_.out().record({finding.file.native(), line, finding.what});
         anyFinding_ = true;
     }
 
-    /// Whether there is anything in `group` that is or could be a dictionary.
-    bool checkGroup(const FolderItem& group) {
-        bool any = false;
-        std::unordered_set<std::string> checked;
-        for (const FolderItem& item : group.items()) {
-            const FolderItem folder = item.resolved();
-            if (!folder.Visible() || !mSub_DicOrNot(folder) || !checked.insert(item.AbsolutePath()).second)
-                continue;
-            any = true;
-            checkOne(item);
-        }
-        return any;
-    }
-
     Session& session_;
     Images images_;
+    std::unordered_set<std::string> checked_;
     bool anyFinding_ = false;
 };
 
 Status checkAll(const std::vector<std::string>& arguments, Images images, Session& session) {
+    const FolderFilter filter = {.accepts = canBeChecked,
+                                 .note = "neither a dictionary nor a group that holds one, passed over",
+                                 .refusal = "neither a dictionary nor a group that holds one"};
     Checker checker(session, images);
-    for (const std::string& argument : arguments) {
-        try {
-            checker.check(argument);
-        } catch (const CannotDo& error) {
-            session.couldNot(error.what());
-        }
+    for (const FolderItem& folder : folderArguments(arguments, filter, session)) {
+        if (isDictionary(folder))
+            checker.check(folder);
+        else
+            for (const FolderItem& dictionary : dictionariesOf(folder))
+                checker.check(dictionary);
     }
+    if (const std::size_t count = checker.count(); count > 0 && !checker.anyFinding())
+        session.out().text("No problems in " + std::to_string(count) +
+                           (count == 1 ? " dictionary.\n" : " dictionaries.\n"));
     return checker.anyFinding() ? Status::NothingFound : Status::Done;
 }
 
 } // namespace
 
 void addCheckCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("check", "Tell what is wrong with dictionaries");
+    CLI::App* command = program.add_subcommand("check", "Check dictionaries and report problems");
     command->footer(kHelp);
     const CLI::Option* noImages =
-        command->add_flag("--no-images")->description("Do not decode the pictures, which takes most of the time");
-    const CLI::Option* folders =
-        addManyOperands(*command, "FOLDER", "The folders of dictionaries and of groups")->required();
+        command->add_flag("--no-images")->description("Do not decode the pictures (much faster)");
+    const CLI::Option* folders = addManyOperands(*command, "FOLDER", "Folders of dictionaries or groups")->required();
     command->callback([&chosen, noImages, folders] {
         chosen = [=](Session& session) {
-            const Images images = noImages->count() > 0 ? Images::LeftAlone : Images::Decoded;
+            const Images images = noImages->count() > 0 ? Images::Skip : Images::Decode;
             return checkAll(operands(folders), images, session);
         };
     });

@@ -13,29 +13,28 @@ namespace velmarin {
 
 namespace {
 
-constexpr const char* kDescription =
-    "Velmarin from a terminal: looks words up in scanned dictionaries, checks the\n"
-    "dictionaries themselves, and gets them in and out. \"velmarin-cli COMMAND --help\"\ntells all about a command.\n";
+constexpr const char* kDescription = "Velmarin from a terminal: looks up words in scanned dictionaries, and checks,\n"
+                                     "installs, updates and exports dictionaries.\n"
+                                     "\"velmarin-cli COMMAND --help\" explains a command.\n";
 
 constexpr const char* kHelp = R"help(Input and output:
-  Words come as arguments or, where there are none, one a line from standard
-  input. A word that begins with "-" is given after "--". An empty line is an
-  empty word.
+  Words are arguments or, without any, lines of standard input. Put "--" before a
+  word that begins with "-". An empty line is an empty word.
 
-  Each command writes records to standard output, one a line, with a TAB between
-  the columns, in UTF-8. A control character in a name or word (TAB, LF, CR and
-  the like) is written as its Unicode picture, such as U+2409 for a TAB, and a
-  byte that is not UTF-8 as U+FFFD, so that a record is always one line.
+  Each command writes records to standard output in UTF-8, one per line, with a
+  TAB between columns. A control character in a name or word (TAB, LF, CR etc.) is
+  written as its Unicode picture, such as U+2409 for a TAB, and a byte that is not
+  UTF-8 as U+FFFD, so that a record is always one line.
 
-  What could not be done is told on standard error, one line each, beginning
-  with "velmarin-cli: ".
+  Errors and notes go to standard error, one per line, and begin with
+  "velmarin-cli: ".
 
-  Only install, update, export and user-dictionary build write to any dictionary.
+  Only install, update, export and user-dictionary build write files.
 
 Exit status:
-  0  done
-  1  nothing was found, or problems were
-  2  it could not be done, or not all of it
+  0  success
+  1  nothing found; for check, problems found
+  2  failure, at least in part
 
 Examples:
   velmarin-cli groups DictionaryFolder
@@ -45,7 +44,7 @@ Examples:
   velmarin-cli key Straße
   velmarin-cli check "DictionaryFolder/English/Webster 1913")help";
 
-/// CLI11's layout, but for operands that can be given many times.
+/// CLI11's layout, with "..." after operands that can be repeated.
 class HelpLayout : public CLI::Formatter {
   public:
     std::string make_option_usage(const CLI::Option* option) const override {
@@ -59,8 +58,8 @@ class Program {
   public:
     Program() : options_(kDescription, "velmarin-cli") {
         options_.footer(kHelp);
-        options_.set_help_flag("-h,--help", "Tell all this and end");
-        options_.set_version_flag("--version", "velmarin-cli " VELMARIN_VERSION, "Tell the version and end");
+        options_.set_help_flag("-h,--help", "Show this help and exit");
+        options_.set_version_flag("--version", "velmarin-cli " VELMARIN_VERSION, "Show the version and exit");
         options_.require_subcommand(1);
         const auto layout = std::make_shared<HelpLayout>();
         layout->column_width(16);
@@ -89,14 +88,14 @@ class Program {
             out.text(version.what() + std::string(1, '\n'));
             return Status::Done;
         } catch (const CLI::ParseError& error) {
-            throw CannotDo(misunderstanding(error, argc, argv));
+            throw CannotDo(usageError(error, argc, argv));
         }
         Session session(out);
         return session.status(chosen_(session));
     }
 
   private:
-    std::string misunderstanding(const CLI::ParseError& error, int argc, char** argv) const {
+    std::string usageError(const CLI::ParseError& error, int argc, char** argv) const {
         const auto commands = options_.get_subcommands();
         if (!commands.empty())
             return error.what() + (" (see \"velmarin-cli " + commands.front()->get_name() + " --help\")");
@@ -111,12 +110,12 @@ class Program {
     Job chosen_;
 };
 
-/// `error`'s line, after whatever the run had to say before it.
+/// Reports `error` after the output so far.
 int failed(Output& out, std::string_view error) {
     try {
         out.flush();
     } catch (const CannotDo&) {
-        // The first failure is the one to tell of.
+        // Only the first failure is reported.
     }
     complain(error);
     return static_cast<int>(Status::CouldNot);

@@ -10,11 +10,11 @@ class App;
 
 namespace velmarin {
 
-/// What a command line asks for, once it has been understood.
+/// What a parsed command line asks for.
 using Job = std::function<Status(Session&)>;
 
-// Each of these adds a subcommand with its help to `program`. When the subcommand has been parsed, `chosen` is what it
-// was asked to do; it is called while `program` still stands.
+// Each of these adds a subcommand with its help to `program`. Parsing the subcommand sets `chosen`, which must be
+// called while `program` exists.
 
 void addGroupsCommand(CLI::App& program, Job& chosen);
 void addDictionariesCommand(CLI::App& program, Job& chosen);
@@ -23,7 +23,7 @@ void addSearchCommand(CLI::App& program, Job& chosen);
 void addCheckCommand(CLI::App& program, Job& chosen);
 /// install, update and export.
 void addMaintenanceCommands(CLI::App& program, Job& chosen);
-/// user-dictionary, with its own build and search.
+/// user-dictionary build and user-dictionary search.
 void addUserDictionaryCommand(CLI::App& program, Job& chosen);
 
 } // namespace velmarin

@@ -8,19 +8,20 @@ namespace velmarin {
 namespace {
 
 constexpr const char* kHelp = R"help(Columns:
-  1  the dictionary's name: that of its folder
+  1  the name of the dictionary (the name of its folder)
   2  its image mode: 0 adjusted by height, 1 original size, 2 adjusted by width
-  3  the number of entries; empty where the dictionary does not load, because
-     ind, txt or mImg is missing
-  4  its marks, with commas between them: spanish, ijuv, independent, format=...
-     The number format comes last, since it can hold a comma itself.
+  3  the number of entries; empty if the dictionary does not load because ind,
+     txt or mImg is missing
+  4  its marks, separated by commas: spanish, ijuv, independent, format=...
+     The number format comes last because it can contain a comma.
 
-The dictionaries come in the order of the tabs, those of the group's
-DictionaryPreferences.txt first, the others by name. One that does not load is
-listed only where that file names it; "velmarin-cli check" tells of the others.
+The dictionaries are in the order of the tabs: first those that the group's
+DictionaryPreferences.txt names, then the others by name. A dictionary that does
+not load is listed only if that file names it; "velmarin-cli check" reports the
+others.
 
-Exit status: 0 dictionaries were listed, 1 there are none, 2 the group, or a
-dictionary in it, cannot be read.
+Exit status: 0 success, 1 no dictionaries, 2 the group or one of its dictionaries
+cannot be read.
 
 Example: the five largest dictionaries of a group
   velmarin-cli dictionaries English | sort -t "$(printf '\t')" -k3,3nr | head -5)help";

@@ -5,6 +5,7 @@
 #include "cli/PageListCheck.h"
 #include "cli/PictureNames.h"
 #include "search/DictionarySearch.h"
+#include "store/DictionaryItem.h"
 #include "store/FolderListing.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace velmarin {
 
 namespace {
 
-/// What `txt` says.
+/// The content of a `txt`.
 struct TextSummary {
     explicit TextSummary(const FolderItem& txt) : pages(txt.path()), extraPages(txt.path()) {}
     std::optional<std::uint64_t> lines;
@@ -22,7 +23,7 @@ struct TextSummary {
     PictureNames extraPages;
 };
 
-/// The line of the closing entry is never shown, and needs no page; its number is `closingLine`, 0 where there is none.
+/// `closingLine` is the number of the closing entry, 0 if there is none. Its line is never shown and needs no page.
 TextSummary checkText(const FolderItem& txt, std::uint64_t closingLine, std::vector<Finding>& findings) {
     TextSummary summary(txt);
     summary.lines = checkLines(txt, findings, [&](const std::string& line, std::uint64_t number) {
@@ -41,23 +42,24 @@ void compareLengths(const FolderItem& ind, std::uint64_t entries, const FolderIt
                     std::vector<Finding>& findings) {
     const std::string numbers = " (ind has " + std::to_string(entries) + ", txt " + std::to_string(lines) + ")";
     if (entries > lines)
-        findings.push_back({ind.path(), lines + 1, "no line of txt belongs to this entry: unequal lengths" + numbers});
+        findings.push_back(
+            {ind.path(), lines + 1, "no line of txt belongs to this entry: different lengths" + numbers});
     else if (lines > entries)
-        findings.push_back({txt.path(), entries + 1, "no entry belongs to this line: unequal lengths" + numbers});
+        findings.push_back({txt.path(), entries + 1, "no entry belongs to this line: different lengths" + numbers});
 }
 
-/// Of the pages that are there, those that stepping cannot lead to.
+/// Reports existing pages that stepping cannot reach.
 void compareWithPageList(const PictureNames& named, const std::vector<NamedPicture>& found, const PageListSummary& list,
                          std::vector<Finding>& findings) {
     for (const NamedPicture& page : found) {
         if (!list.pages.has(page.name))
             findings.push_back({page.namedIn, page.line,
                                 "names " + inQuotes(page.name) + ", which is not in " + list.name +
-                                    ": stepping goes on from the first page" + named.furtherLines(page.name)});
+                                    ": stepping continues from the first page" + named.furtherLines(page.name)});
     }
 }
 
-/// A member that has to be there; nothing, and a finding, where it is not.
+/// A required member; nothing, with a finding, if it is missing.
 std::optional<FolderItem> neededMember(const FolderListing& members, const char* name, std::vector<Finding>& findings) {
     FolderItem item = members.Child(name);
     if (item.Exists())
@@ -66,14 +68,29 @@ std::optional<FolderItem> neededMember(const FolderListing& members, const char*
     return std::nullopt;
 }
 
-/// The checks of one dictionary, and what they have found so far.
+/// Which of the two lines of a `Format` the program does not read to its end; 0 if none.
+std::uint64_t cutFormatLine(const FolderItem& format) {
+    const auto file = ReadOnlyFile::open(format);
+    if (!file || file->stamp().size <= kFormatBytes)
+        return 0;
+    const std::string start = readFileStart(*file, kFormatBytes);
+    LineReader lines(start);
+    for (const std::uint64_t line : {1, 2}) {
+        lines.ReadLine();
+        if (lines.EOF_())
+            return line;
+    }
+    return 0;
+}
+
+/// Checks one dictionary and collects the findings.
 class DictionaryChecker {
   public:
     explicit DictionaryChecker(const FolderItem& folder) : members_(folder) {}
 
     std::vector<Finding> run(Images images) {
         if (!members_.has("FW"))
-            findings_.push_back({members_.folder().path() / "FW", 0, "is missing: no group shows the dictionary"});
+            findings_.push_back({members_.folder().path() / "FW", 0, "is missing: groups do not show the dictionary"});
         checkFormat();
         const auto ind = neededMember(members_, "ind", findings_);
         const auto txt = neededMember(members_, "txt", findings_);
@@ -84,7 +101,7 @@ class DictionaryChecker {
             checkTxt(*txt, ind);
         if (mImg)
             checkPages(*mImg);
-        if (images == Images::Decoded)
+        if (images == Images::Decode)
             decodeAll(pictures_, findings_);
         sortFindings({ind, txt});
         return std::move(findings_);
@@ -93,8 +110,11 @@ class DictionaryChecker {
   private:
     void checkFormat() {
         const FolderItem format = members_.Child("Format");
-        if (format.Exists())
-            checkLines(format, findings_, [](const std::string&, std::uint64_t) {});
+        if (!format.Exists())
+            return;
+        checkLines(format, findings_, [](const std::string&, std::uint64_t) {});
+        if (const std::uint64_t line = cutFormatLine(format); line != 0)
+            findings_.push_back({format.path(), line, "goes beyond 64 KiB; only the first 64 KiB are read"});
     }
 
     void checkInd(const FolderItem& ind) {
@@ -112,7 +132,7 @@ class DictionaryChecker {
 
     void checkPages(const FolderItem& folder) {
         if (!folder.Directory()) {
-            findings_.push_back({folder.path(), 0, "is no folder"});
+            findings_.push_back({folder.path(), 0, "is not a folder"});
             return;
         }
         const FolderListing mImg(folder);
@@ -131,7 +151,7 @@ class DictionaryChecker {
         pictures_.insert(pictures_.end(), pictures.begin(), pictures.end());
     }
 
-    /// `ind` and `txt` after the members, the image index after them, each by line.
+    /// First the findings without a line, then `ind`, `txt` and the image index, each by line.
     void sortFindings(const std::vector<std::optional<FolderItem>>& files) {
         const auto rank = [&](const Finding& finding) {
             if (finding.line == 0)

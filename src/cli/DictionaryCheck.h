@@ -9,21 +9,21 @@
 
 namespace velmarin {
 
-/// Something in a dictionary that its maker should put right.
+/// A problem in a dictionary that its maker should fix.
 struct Finding {
     std::filesystem::path file;
-    /// From 1; 0 where it concerns the file or folder as a whole.
+    /// From 1; 0 if the problem is the file or folder as a whole.
     std::uint64_t line = 0;
     std::string what;
 };
 
-enum class Images { Decoded, LeftAlone };
+enum class Images { Decode, Skip };
 
-/// What is wrong with a dictionary, against docs/dictionary-format.md: file by file (the members, `ind`, `txt`, the
-/// page list), each in the order of its lines. Reads only; an image index that is missing is not made.
+/// Checks a dictionary against docs/dictionary-format.md. The findings are sorted by file (the members, `ind`, `txt`,
+/// the page list), then by line. Nothing is written, not even a missing image index.
 ///
-/// A picture that is named or listed is decoded once, unless images are left alone, and told of where it is first
-/// named. So is a name without a file, with the number of further lines that name it.
+/// Unless images are skipped, each picture that is named or listed is decoded once. A bad picture is reported at the
+/// line that names it first, and so is a name without a file, with the number of other lines that name it.
 std::vector<Finding> checkDictionary(const FolderItem& folder, Images images);
 
 } // namespace velmarin

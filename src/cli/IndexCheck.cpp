@@ -1,6 +1,7 @@
 #include "cli/IndexCheck.h"
 
 #include "cli/LineCheck.h"
+#include "text/StringRules.h"
 #include "text/Utf8.h"
 
 namespace velmarin {
@@ -17,9 +18,23 @@ bool isPrivate(char32_t unit) {
            (unit >= kFirstPrivatePlane && unit < invalidByteUnit);
 }
 
-/// What stands between the numbers of an entry such as "99-99".
+/// ASCII punctuation, as between the numbers of "99-99".
 bool isAsciiMark(char32_t unit) {
     return unit < 0x80 && !(unit >= '0' && unit <= '9') && !(unit >= 'A' && unit <= 'Z');
+}
+
+std::size_t unitCount(std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size(); ++count)
+        at += decodeUtf8(text, at).length;
+    return count;
+}
+
+/// Whether a line has a letter and a combining mark where keyboards type one composed character, so that input has
+/// another search word. (NFC also replaces some single characters; keyboards may type these, so they do not count.)
+bool isDecomposed(const std::string& line, const std::string& word, const IndexOrder& order) {
+    const std::string composed = composedForm(line);
+    return composed != line && unitCount(composed) < unitCount(line) && indexSearchWord(composed, order) != word;
 }
 
 } // namespace
@@ -50,6 +65,10 @@ std::optional<IndexSummary> checkIndex(const FolderItem& ind, const IndexOrder& 
             findings.push_back({ind.path(), number,
                                 "out of order: " + inQuotes(word) + " sorts before " + inQuotes(before) + " of line " +
                                     std::to_string(number - 1)});
+        if (isDecomposed(line, word, order))
+            findings.push_back({ind.path(), number,
+                                "is in decomposed Unicode (NFD): input in composed form (NFC), as most keyboards "
+                                "give it, does not find it"});
         before = std::move(word);
     });
     if (!lines)

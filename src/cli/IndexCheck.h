@@ -15,11 +15,11 @@ struct IndexSummary {
     bool closed = false;
 };
 
-/// Checks an `ind`: its order, its closing entry, its encoding. Nothing where it cannot be read.
+/// Checks an `ind`: order, closing entry, encoding. Nothing if it cannot be read.
 std::optional<IndexSummary> checkIndex(const FolderItem& ind, const IndexOrder& order, std::vector<Finding>& findings);
 
-/// Whether a search word has the look of an entry that is there to sort after all others: it begins with a character of
-/// the private-use areas or beyond, such as U+10FFFD, or repeats a single letter or digit at least twice, as "ZZZZ" and
+/// Whether a search word looks like an entry that was added to sort after all others: it begins with a private-use
+/// character or one beyond these, such as U+10FFFD, or consists of one letter or digit at least twice, as "ZZZZ" and
 /// "99-99" do.
 bool isClosingWord(std::string_view searchWord);
 

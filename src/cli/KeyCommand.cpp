@@ -10,19 +10,19 @@ namespace {
 constexpr const char* kHelp = R"help(Columns:
   1  the search word
 
-A WORD is taken as a line of a dictionary's ind: what stands before the first
-__DLM__ is the headword. Its search word is what the dictionary is sorted by and
-searched with: capitals, without accents, full-width letters made plain,
-katakana made hiragana. In ascending order of these, compared byte by byte, the
-lines of ind must stand.
+Each WORD is a line of a dictionary's ind: the text before the first __DLM__ is
+the headword. Its search word is the form that the program compares: in capitals,
+without accents, with full-width letters made plain and katakana made hiragana.
+The lines of ind must be in ascending order of their search words, compared byte
+by byte.
 
-Exit status: 0 all words were written, 2 they could not be read or written.
+Exit status: 0 success, 2 the words could not be read or written.
 
 Examples:
   velmarin-cli key 'Abbé__DLM__noun'       ABBE
   velmarin-cli key --ijuv Julius           IULIUS
 
-Example: an index in its right order
+Example: sort an index
   velmarin-cli key < ind | paste - ind | LC_ALL=C sort -s -t "$(printf '\t')" -k1,1 | cut -f 2-)help";
 
 Status writeKeys(const IndexOrder& order, std::vector<std::string> given, Session& session) {
@@ -35,13 +35,13 @@ Status writeKeys(const IndexOrder& order, std::vector<std::string> given, Sessio
 } // namespace
 
 void addKeyCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("key", "Write the search words of index lines");
+    CLI::App* command = program.add_subcommand("key", "Show the search words of index lines");
     command->footer(kHelp);
     CLI::Option* spanish = command->add_flag("--spanish")
                                ->option_text(" ")
-                               ->description(R"(As in a Spanish dictionary: "ch" and "ll" are letters)");
+                               ->description(R"(As in a Spanish dictionary: "ch" and "ll" are single letters)");
     CLI::Option* ijuv = command->add_flag("--ijuv")->option_text(" ")->description(
-        "As in an IJUV dictionary: i and j are one, and so are u and v");
+        "As in an IJUV dictionary: i and j are the same, u and v too");
     spanish->excludes(ijuv);
     const CLI::Option* words = addWordOperands(*command);
     command->callback([&chosen, spanish, ijuv, words] {

@@ -8,10 +8,10 @@ namespace velmarin {
 
 namespace {
 
-/// What an `ind` may have to be loaded; of the other files none comes near it.
+/// The most that an `ind` may have to be loaded; the other files are far shorter.
 constexpr std::uint64_t kLongestCheckedFile = std::uint64_t{1} << 28;
 
-/// Where the first byte stands that is not UTF-8, from 1.
+/// The position of the first byte that is not UTF-8, from 1.
 std::size_t firstInvalidByte(std::string_view line) {
     std::size_t at = 0;
     while (at < line.size()) {
@@ -34,11 +34,11 @@ checkLines(const FolderItem& file, std::vector<Finding>& findings,
            const std::function<void(const std::string& line, std::uint64_t number)>& each) {
     const auto opened = ReadOnlyFile::open(file);
     if (!opened) {
-        findings.push_back({file.path(), 0, "is no file that can be read"});
+        findings.push_back({file.path(), 0, "is not a file that can be read"});
         return std::nullopt;
     }
     if (opened->stamp().size > kLongestCheckedFile) {
-        findings.push_back({file.path(), 0, "is longer than 256 megabytes, which is more than is read"});
+        findings.push_back({file.path(), 0, "is longer than 256 MiB, and is not read"});
         return std::nullopt;
     }
     FileLineReader lines(*opened);
@@ -49,6 +49,8 @@ checkLines(const FolderItem& file, std::vector<Finding>& findings,
         if (!isValidUtf8(line))
             findings.push_back(
                 {file.path(), number, "is not UTF-8 from byte " + std::to_string(firstInvalidByte(line)) + " on"});
+        if (line.size() >= FileLineReader::kLongestLine)
+            findings.push_back({file.path(), number, "is 16 MiB long or longer; only the first 16 MiB are read"});
         each(line, number);
     }
     return number;

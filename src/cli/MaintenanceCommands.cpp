@@ -11,61 +11,62 @@ namespace velmarin {
 namespace {
 
 constexpr const char* kInstallHelp = R"help(Columns:
-  1  "installed", or "already there" where the very same stands there
+  1  "installed", or "already there" if the group has the identical dictionary
   2  the dictionary in the group
 
-Copies the folder of a dictionary, links as links, into the folder of a group. It
-appears there only when it is complete and on the disk, and replaces nothing: for
-a new version of an installed dictionary there is the command update. What is
-neither a file, a folder nor a link is left out and told of. After a run that was
-ended half-way, the same command again completes it.
+Copies the folder of a dictionary into the folder of a group. Links are copied as
+links. The dictionary appears there only when it is complete and on the disk.
+Nothing is replaced: use update for a new version of an installed dictionary.
+Anything but files, folders and links is left out and reported. If a run was
+interrupted, run the same command again.
 
-Exit status: 0 it is installed, 2 it is not, or not all of it.
+Exit status: 0 success, 2 failure, at least in part.
 
 Example:
   velmarin-cli install ~/Downloads/Latin DictionaryFolder/Languages)help";
 
 constexpr const char* kUpdateHelp = R"help(Columns:
-  1  "saved", a member that was replaced, where it is now; "replaced" or "added",
-     a member of an installed dictionary
-  2  its path
+  1  "saved" (an old member), "replaced" or "added" (a member of an installed
+     dictionary)
+  2  its path; of an old member, the path in BACKUPFOLDER
 
-Brings the members of the folder of a dictionary into every dictionary of that
-name, case ignored, in the groups of DICTIONARYFOLDER; links to dictionaries or
-groups are not followed. Members that only the installed dictionary has stay, and
-so do hidden ones. What is replaced goes to a new folder for each dictionary in
-BACKUPFOLDER, which is made where it is missing. At any moment each old member is
-whole in the one place or the other. After a run that was ended half-way, the
-same command again completes it.
+Copies the members of a dictionary into every installed dictionary of that name
+in the groups of DICTIONARYFOLDER. Case is ignored, and links to dictionaries or
+groups are not followed. Hidden members, and members that only the installed
+dictionary has, are kept. The replaced members go to a new folder for each
+dictionary in BACKUPFOLDER, which is created if it is missing. At any moment each
+old member is complete in one of the two places. If a run was interrupted, run
+the same command again.
 
-Exit status: 0 all were updated, 1 no group holds such a dictionary, 2 not all
-members could be replaced.
+Exit status: 0 success, 1 no group has this dictionary, 2 some members could not
+be replaced.
 
 Example:
   velmarin-cli update ~/Downloads/Latin DictionaryFolder ~/Desktop)help";
 
 constexpr const char* kExportHelp = R"help(Columns:
-  1  "exported"; "already there" where the very same stands there; "skipped" where
-     another item of that name does, or the dictionary has no FW
-  2  the dictionary in FOLDER; of one that was skipped, its own path
+  1  "exported"; "already there" if FOLDER has the identical dictionary; "skipped"
+     if FOLDER has something else of that name, or the dictionary has no FW
+  2  the dictionary in FOLDER; if skipped, the path of the source
 
-Copies dictionaries into FOLDER as ones that stand by themselves: what links lead
-to takes their place. Each appears there only when it is complete and on the
-disk. Links that lead nowhere or in circles, and what is neither a file nor a
-folder, are left out and told of. After a run that was ended half-way, the same
-command again completes it.
+Copies dictionaries into FOLDER. Links are replaced by what they point to, so each
+copy is complete in itself. It appears only when it is complete and on the disk.
+Links that point nowhere or in a circle, and anything but files and folders, are
+left out and reported. Names that are not dictionaries are passed over with a
+note, so that patterns such as English/* work. If a run was interrupted, run the
+same command again.
 
-Exit status: 0 all were exported, 1 some were skipped, 2 some could not be.
+Exit status: 0 success, 1 some were skipped, 2 some could not be exported.
 
 Example:
   velmarin-cli export --replace DictionaryFolder/English/* /media/stick)help";
 
-FolderItem dictionaryArgument(const std::string& argument, Links links) {
+constexpr const char* kNotADictionary = "This is not a Dictionary !";
+
+FolderItem dictionaryArgument(const std::string& argument) {
     FolderItem folder = folderArgument(argument);
-    if (links == Links::Followed)
-        folder = folder.resolved();
     if (!mSub_DicOrNot(folder))
-        throw CannotDo(argument + ": This is not a Dictionary !");
+        throw CannotDo(argument + ": " + kNotADictionary);
     return folder;
 }
 
@@ -77,23 +78,23 @@ void write(const Record& record, Session& session) {
 }
 
 Status install(const std::string& dictionary, const std::string& group, Session& session) {
-    write(installDictionary(dictionaryArgument(dictionary, Links::Kept), folderArgument(group)), session);
+    write(installDictionary(dictionaryArgument(dictionary), folderArgument(group)), session);
     return Status::Done;
 }
 
 Status update(const std::string& dictionary, const std::string& dictionaryFolder, const std::string& backups,
               Session& session) {
-    const FolderItem newVersion = dictionaryArgument(dictionary, Links::Kept);
+    const FolderItem newVersion = dictionaryArgument(dictionary);
     const auto copies = installedCopies(folderArgument(dictionaryFolder), newVersion.Name());
     if (copies.empty())
         return Status::NothingFound;
     if (backups.empty())
-        throw CannotDo("an empty name is no folder");
+        throw CannotDo("an empty name is not a folder");
     write(updateDictionary(newVersion, copies, FolderItem(backups)), session);
     return Status::Done;
 }
 
-/// False where the dictionary was skipped.
+/// False if the dictionary was skipped.
 bool exportOne(const FolderItem& dictionary, const FolderItem& destination, bool replace, Session& session) {
     Record record;
     exportDictionary(
@@ -115,15 +116,13 @@ bool exportOne(const FolderItem& dictionary, const FolderItem& destination, bool
 Status exportAll(std::vector<std::string> arguments, bool replace, Session& session) {
     const FolderItem destination = folderArgument(arguments.back());
     arguments.pop_back();
+    const FolderFilter dictionaries = {
+        .accepts = [](const FolderItem& folder) { return mSub_DicOrNot(folder.resolved()); },
+        .note = "not a dictionary, passed over",
+        .refusal = kNotADictionary};
     bool all = true;
-    for (const std::string& argument : arguments) {
-        try {
-            const FolderItem dictionary = dictionaryArgument(argument, Links::Followed);
-            all = exportOne(dictionary, destination, replace, session) && all;
-        } catch (const CannotDo& error) {
-            session.couldNot(error.what());
-        }
-    }
+    for (const FolderItem& dictionary : folderArguments(arguments, dictionaries, session))
+        all = exportOne(dictionary.resolved(), destination, replace, session) && all;
     return all ? Status::Done : Status::NothingFound;
 }
 
@@ -142,24 +141,24 @@ void addMaintenanceCommands(CLI::App& program, Job& chosen) {
         chosen = [=](Session& session) { return install(operand(newOne), operand(group), session); };
     });
 
-    CLI::App* update_ = program.add_subcommand("update", "Replace a dictionary in all groups by a new version");
+    CLI::App* update_ = program.add_subcommand("update", "Update a dictionary in all groups to a new version");
     update_->footer(kUpdateHelp);
     const CLI::Option* newVersion = addFolder(*update_, "DICTIONARY", "The folder of the new version");
     const CLI::Option* dictionaryFolder =
-        addFolder(*update_, "DICTIONARYFOLDER", "The folder DictionaryFolder that stands beside the program");
-    const CLI::Option* backups = addFolder(*update_, "BACKUPFOLDER", "Where to save what is replaced");
+        addFolder(*update_, "DICTIONARYFOLDER", "The folder DictionaryFolder beside the program");
+    const CLI::Option* backups = addFolder(*update_, "BACKUPFOLDER", "The folder for the replaced members");
     update_->callback([&chosen, newVersion, dictionaryFolder, backups] {
         chosen = [=](Session& session) {
             return update(operand(newVersion), operand(dictionaryFolder), operand(backups), session);
         };
     });
 
-    CLI::App* export_ = program.add_subcommand("export", "Copy dictionaries out, each complete in itself");
+    CLI::App* export_ = program.add_subcommand("export", "Copy dictionaries to a folder");
     export_->footer(kExportHelp);
     const CLI::Option* replace =
-        export_->add_flag("--replace")->option_text(" ")->description("Replace what stands in FOLDER already");
+        export_->add_flag("--replace")->option_text(" ")->description("Replace what FOLDER already has");
     const CLI::Option* items =
-        addManyOperands(*export_, "DICTIONARY", "The folders of the dictionaries, then FOLDER, where they go")
+        addManyOperands(*export_, "DICTIONARY", "The folders of the dictionaries, then the target FOLDER")
             ->expected(2, CLI::detail::expected_max_vector_size)
             ->required();
     export_->callback([&chosen, replace, items] {

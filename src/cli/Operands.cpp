@@ -46,7 +46,7 @@ std::string operand(const CLI::Option* option) {
 }
 
 CLI::Option* addManyOperands(CLI::App& command, const std::string& name, const std::string& description) {
-    const std::string& shown = description; // CLI11 takes a description without a variable as a constant only
+    const std::string& shown = description; // CLI11 takes a temporary for a constant
     return command.add_option(name, shown)
         ->option_text(" ")
         ->expected(1, CLI::detail::expected_max_vector_size)
@@ -54,11 +54,11 @@ CLI::Option* addManyOperands(CLI::App& command, const std::string& name, const s
 }
 
 CLI::Option* addWordOperands(CLI::App& command) {
-    return addManyOperands(command, "WORD", "What to work on; without any, one word a line from standard input");
+    return addManyOperands(command, "WORD", "The words; without any, lines of standard input");
 }
 
 CLI::Option* addGroupOperand(CLI::App& command) {
-    static const std::string description = "The folder of a group of dictionaries";
+    static const std::string description = "The folder of a group";
     return command.add_option("GROUP", description)->option_text(" ")->expected(1)->required();
 }
 

@@ -7,18 +7,17 @@
 
 namespace velmarin {
 
-/// The arguments of `main` in the reversed order that CLI11 takes. What stands behind "--", and what CLI11 would read
-/// as something else than a word ("[a,b]" as a list, "{}" as an empty one, "++" as the end of a command), is guarded by
-/// a byte before it.
+/// The arguments of `main` in reverse order, as CLI11 wants them. Arguments after "--", and those that CLI11 would not
+/// read as plain words ("[a,b]" is a list to it, "{}" an empty one, "++" ends a command), get a guard byte in front.
 std::vector<std::string> guardedArguments(int argc, char** argv);
 
-/// What was given for an operand, as it was given: the guard is off.
+/// The arguments of an operand, without the guard.
 std::vector<std::string> operands(const CLI::Option* option);
 std::string operand(const CLI::Option* option);
 
-/// Adds an operand that can be given any number of times.
+/// Adds an operand that can be repeated.
 CLI::Option* addManyOperands(CLI::App& command, const std::string& name, const std::string& description);
-/// Adds the operand [WORD...] that goes to Words.
+/// Adds the operand [WORD...], the input of Words.
 CLI::Option* addWordOperands(CLI::App& command);
 /// Adds the operand GROUP.
 CLI::Option* addGroupOperand(CLI::App& command);

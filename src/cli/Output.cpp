@@ -11,7 +11,7 @@ namespace velmarin {
 
 namespace {
 
-/// Everything, or the number of the error that stopped it.
+/// Writes all bytes. Returns 0 or the error number.
 int writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
@@ -59,15 +59,15 @@ void Output::record(std::span<const std::string_view> columns) {
         appendColumn(buffer_, columns[i]);
     }
     buffer_ += '\n';
-    flushWhereFull();
+    flushIfFull();
 }
 
 void Output::text(std::string_view text) {
     buffer_ += text;
-    flushWhereFull();
+    flushIfFull();
 }
 
-void Output::flushWhereFull() {
+void Output::flushIfFull() {
     if (buffer_.size() >= kBuffer)
         flush();
 }
@@ -84,7 +84,7 @@ void Output::flush() {
 
 void Output::close() {
     flush();
-    // A run that had nothing to say does not mind a standard output that was never open.
+    // Without any output it does not matter whether standard output was open.
     if (::close(descriptor_) != 0 && used_)
         throw CannotDo("standard output: " + errorInWords(errno));
 }

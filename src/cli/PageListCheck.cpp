@@ -8,12 +8,12 @@ namespace velmarin {
 
 namespace {
 
-/// What an image index says, line by line.
+/// The lines of an image index.
 struct IndexLines {
     std::string first;
     PictureNames names;
     std::uint64_t count = 0;
-    /// The last line that names a page.
+    /// The last line with a page name.
     std::uint64_t lastNamed = 1;
     std::vector<std::uint64_t> empty;
     std::vector<std::uint64_t> withoutCaption;
@@ -47,6 +47,14 @@ bool beginsWithDigit(std::string_view text) {
     return at != std::string_view::npos && text[at] >= '0' && text[at] <= '9';
 }
 
+/// The program uses no more than kMostPages pages.
+void checkLimit(const std::filesystem::path& file, std::uint64_t pages, std::vector<Finding>& findings) {
+    if (pages > kMostPages)
+        findings.push_back(
+            {file, 0,
+             "has " + std::to_string(pages) + " pages; only the first " + std::to_string(kMostPages) + " are used"});
+}
+
 void checkCount(const FolderItem& file, const IndexLines& lines, std::vector<Finding>& findings) {
     const std::uint64_t pages = lines.lastNamed - 1;
     if (pages == 0) {
@@ -55,7 +63,7 @@ void checkCount(const FolderItem& file, const IndexLines& lines, std::vector<Fin
     }
     const std::string right = std::to_string(pages - 1) + ", the number of pages less one";
     if (!beginsWithDigit(lines.first))
-        findings.push_back({file.path(), 1, inQuotes(lines.first) + " is no number; it should be " + right});
+        findings.push_back({file.path(), 1, inQuotes(lines.first) + " is not a number; it should be " + right});
     else if (toInt32(CDbl(lines.first)) != static_cast<std::int64_t>(pages) - 1)
         findings.push_back({file.path(), 1, "the count is " + inQuotes(lines.first) + "; it should be " + right});
 }
@@ -67,14 +75,15 @@ std::optional<PageListSummary> checkImageIndex(const FolderItem& file, bool capt
         return std::nullopt;
     PageListSummary summary;
     summary.name = file.Name();
+    checkLimit(file.path(), lines->lastNamed - 1, findings);
     checkCount(file, *lines, findings);
     for (const std::uint64_t number : lines->empty) {
-        // Empty lines at the end are beyond the count, and do no harm.
+        // Empty lines at the end are beyond the count and do no harm.
         if (number < lines->lastNamed)
             findings.push_back({file.path(), number, "names no page"});
     }
     for (const std::uint64_t number : lines->withoutCaption)
-        findings.push_back({file.path(), number, "has no caption: the name and the caption are parted by a TAB"});
+        findings.push_back({file.path(), number, "has no caption: a TAB separates name and caption"});
     for (const std::string& name : lines->names.names())
         summary.pages.set(name, 0);
     summary.pictures = lines->names.look(mImg, findings);
@@ -90,13 +99,14 @@ std::optional<PageListSummary> checkPageList(const FolderListing& mImg, std::vec
         return checkImageIndex(plain, false, mImg, findings);
 
     PageListSummary summary;
-    summary.name = "the page list that will be made of the pictures";
+    summary.name = "the page list that is made from the pictures";
     const std::vector<std::string> pictures = pictureNames(mImg.folder());
     for (const std::string& name : pictures)
         summary.pages.set(name, 0);
+    checkLimit(mImg.folder().path(), pictures.size(), findings);
     if (!pictures.empty())
         return summary;
-    findings.push_back({mImg.folder().path(), 0, "holds no picture and no image index"});
+    findings.push_back({mImg.folder().path(), 0, "has neither a picture nor an image index"});
     return std::nullopt;
 }
 

@@ -19,8 +19,8 @@ struct PageListSummary {
     std::vector<NamedPicture> pictures;
 };
 
-/// Checks the image index that a dictionary would be shown with, or, where there is none, whether one can be made.
-/// Nothing where there is no page list.
+/// Checks the image index that the program would use, or, without one, whether one can be made. Nothing if there is no
+/// page list.
 std::optional<PageListSummary> checkPageList(const FolderListing& mImg, std::vector<Finding>& findings);
 
 } // namespace velmarin

@@ -33,24 +33,24 @@ std::vector<NamedPicture> PictureNames::look(const FolderListing& folder, std::v
         if (isMemberName(name) && file.regularFile())
             found.push_back({file, namedIn_, line, name});
         else
-            findings.push_back({namedIn_, line,
-                                "names " + inQuotes(name) + ", and there is no such file in " + folder.folder().Name() +
-                                    furtherLines(name)});
+            findings.push_back(
+                {namedIn_, line,
+                 "names " + inQuotes(name) + ", which is not in " + folder.folder().Name() + furtherLines(name)});
     }
     return found;
 }
 
 namespace {
 
-/// Why a picture cannot be shown whole; empty where it can.
+/// Why a picture cannot be decoded completely; empty if it can.
 std::string faultOf(const FolderItem& file) {
     try {
         const DecodedPicture decoded = decodePicture(file);
         if (decoded.picture.isNil())
             return "cannot be decoded: " + decoded.reason;
-        return decoded.reason.empty() ? std::string() : "can be decoded in part only: " + decoded.reason;
+        return decoded.reason.empty() ? std::string() : "can be decoded only in part: " + decoded.reason;
     } catch (const std::bad_alloc&) {
-        return "cannot be decoded: there is not enough memory";
+        return "cannot be decoded: not enough memory";
     } catch (const std::exception& error) {
         return std::string("cannot be decoded: ") + error.what();
     }
@@ -77,7 +77,7 @@ void decodeAll(const std::vector<NamedPicture>& pictures, std::vector<Finding>& 
             faults[i] = faultOf(distinct[i]->file);
     };
     {
-        // Two pages of the largest kind fit into the memory of most machines, and the disk serves no more at a time.
+        // More threads would need too much memory for large pages, and the disk limits the speed anyway.
         constexpr std::size_t kMostThreads = 4;
         const std::size_t count =
             std::min<std::size_t>({std::max(std::thread::hardware_concurrency(), 1u), distinct.size(), kMostThreads});

@@ -13,7 +13,7 @@
 
 namespace velmarin {
 
-/// A picture and the line that first names it.
+/// A picture and the line that names it first.
 struct NamedPicture {
     FolderItem file;
     std::filesystem::path namedIn;
@@ -21,21 +21,20 @@ struct NamedPicture {
     std::string name;
 };
 
-/// The names that the lines of one file give to pictures of one folder. The folder is listed once, and each name is
-/// looked for once.
+/// The picture names in the lines of one file. Each name is looked up once in its folder.
 class PictureNames {
   public:
     explicit PictureNames(std::filesystem::path namedIn) : namedIn_(std::move(namedIn)) {}
 
     void add(std::string_view name, std::uint64_t line);
 
-    /// The distinct names in the order of their first lines.
+    /// The distinct names, in the order of their first lines.
     const std::vector<std::string>& names() const { return names_; }
     std::uint64_t firstLine(const std::string& name) const { return mentions_.at(name).firstLine; }
-    /// "; 3 more lines name it", or nothing.
+    /// "; 3 more lines name it", or empty.
     std::string furtherLines(const std::string& name) const;
 
-    /// The pictures that are there. Of the others a finding is noted.
+    /// The pictures that exist in `folder`. Each missing one is a finding.
     std::vector<NamedPicture> look(const FolderListing& folder, std::vector<Finding>& findings) const;
 
   private:
@@ -48,7 +47,7 @@ class PictureNames {
     std::unordered_map<std::string, Mention> mentions_;
 };
 
-/// Decodes each picture once, on all processors, and notes those that cannot be shown whole.
+/// Decodes each picture once, in several threads, and reports those that cannot be decoded completely.
 void decodeAll(const std::vector<NamedPicture>& pictures, std::vector<Finding>& findings);
 
 } // namespace velmarin

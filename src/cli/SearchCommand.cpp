@@ -15,59 +15,58 @@ constexpr const char* kHelp = R"help(Columns, one record for each word and dicti
   1   the word
   2   the dictionary
   3   the outcome:
-        hit      a line was read, that of the last entry not after the word (an
-                 empty page: it names none, or txt ends before it)
-        before   the word sorts before the first entry: there is no page
-        after    no entry sorts after the word, or the dictionary did not load:
-                 there is no page (the last entry is never shown)
-        skipped  the dictionary took no part: an independent one does only while
-                 its tab is in front, and then no other does
-  4   the name of the page; empty where the line names none, or none was read
-  5.. the names of the extra pages (errata), a column each
+        hit      the line of the last entry that does not sort after the word was
+                 read (the page is empty if the line names none, or is missing)
+        before   no page: the word sorts before the first entry
+        after    no page: no entry sorts after the word (the last entry is never
+                 shown), or the dictionary did not load
+        skipped  not searched: an independent dictionary is searched only while
+                 its tab is in front, and then no other one is
+  4   the name of the page; empty if there is none
+  5.. the names of the extra pages (errata), one per column
 
-With --json each record is an object on a line of its own:
+With --json each record is an object on one line:
   word, dictionary, outcome    as above
   page                         the name of the page, or null
-  path                         the page's file, or null where there is none
+  path                         the file of the page, or null if it is missing
   errata                       the names of the extra pages
-  line                         the number of the line read, in ind and in txt,
-                               or null
-  headword_before              the headword that the word stands after or equals,
-  headword_after               and the one that it stands before, both as ind has
-                               them; null at either end
-Here nothing is replaced but bytes that are not UTF-8.
+  line                         the number of the line in ind and txt, or null
+  headword_before              the last headword that does not sort after the
+                               word, as ind has it; null before the first entry
+  headword_after               the next headword; null after the last entry
+Only bytes that are not UTF-8 are replaced in this format.
 
-A search is what a window would make of it: over all tabs or, with --list, as a
-group of 22 or more dictionaries is searched, where no dictionary is
-independent and the marks Spanish and IJUV do nothing to the word.
+The result is that of a window: a search of all tabs or, with --list, a search in
+a group of 22 or more dictionaries, where no dictionary is independent and the
+marks Spanish and IJUV do not change the word.
 
-Exit status: 0 there was a hit, 1 there was none, 2 the group, or a
-dictionary in it, cannot be read.
+Exit status: 0 a hit, 1 no hit, 2 the group or one of its dictionaries cannot be
+read.
 
 Examples:
   velmarin-cli search DictionaryFolder/English palimpsest vellum
   velmarin-cli search --json English < words.txt | jq -r 'select(.path).path'
 
-Example: the words for which some dictionary has no page
+Example: words for which some dictionary has no page
   velmarin-cli search English < words.txt | awk -F '\t' '$4 == "" {print $1, $2, $3}')help";
 
 struct SearchRequest {
     std::string group;
     std::vector<std::string> words;
     SearchForm form = SearchForm::Tab;
-    /// The tab in front as it was given.
+    /// The tab in front, if given.
     std::optional<int> front;
     bool json = false;
 };
 
-/// What is wrong with the value of --front; empty where nothing is.
+/// Validates the value of --front: an error message, or empty.
 std::string tabNumber(const std::string& text) {
     constexpr std::size_t kMostDigits = 9;
     const bool digits = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
-    return digits && text.size() <= kMostDigits ? "" : "\"" + text + "\" is no number of a tab";
+    return digits && text.size() <= kMostDigits ? "" : "\"" + text + "\" is not a tab number";
 }
 
-/// --front beyond the last tab is a slip; without the option, an empty group has no tab either and needs none.
+/// Rejects a --front beyond the last tab. (Without the option, a group without tabs is fine.)
 void checkFront(std::optional<int> front, std::size_t dictionaries) {
     if (front && static_cast<std::size_t>(*front) >= dictionaries)
         throw CannotDo("--front " + std::to_string(*front) + ": the group has " + std::to_string(dictionaries) +
@@ -100,13 +99,13 @@ Status search(const SearchRequest& request, Session& session) {
 } // namespace
 
 void addSearchCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("search", "Look words up in the dictionaries of a group");
+    CLI::App* command = program.add_subcommand("search", "Look up words in the dictionaries of a group");
     command->footer(kHelp);
     CLI::Option* list =
-        command->add_flag("--list")->option_text(" ")->description("Search as in a group that is shown as a list");
-    static const std::string frontHelp = "The number of the tab in front, counted from 0 (0 if not given)";
+        command->add_flag("--list")->option_text(" ")->description("Search as in a group shown as a list");
+    static const std::string frontHelp = "The tab in front, counted from 0 (default: 0)";
     CLI::Option* front = command->add_option("--front", frontHelp)->option_text("N")->expected(1)->check(tabNumber);
-    CLI::Option* json = command->add_flag("--json")->description("Write objects in JSON, one a line");
+    CLI::Option* json = command->add_flag("--json")->description("Write JSON objects, one per line");
     const CLI::Option* group = addGroupOperand(*command);
     const CLI::Option* words = addWordOperands(*command);
     command->callback([=, &chosen] {

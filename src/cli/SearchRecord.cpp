@@ -26,7 +26,7 @@ std::string_view outcomeName(SearchOutcome outcome) {
     return "skipped";
 }
 
-/// Line `number` of an index up to its delimiter; null where there is no such line.
+/// Line `number` of an index up to its delimiter; null if there is no such line.
 Json headword(IndexedTextFile& index, std::size_t number) {
     const IndexedTextFile::Line line = index.line(number);
     if (line.status != IndexedTextFile::Status::Found)

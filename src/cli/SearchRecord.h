@@ -12,13 +12,13 @@
 
 namespace velmarin {
 
-/// Writes the outcome of searches in one group, as columns or as JSON.
+/// Writes the results of searches in one group, as columns or as JSON.
 class SearchRecordWriter {
   public:
-    /// Both `out` and `dictionaries` outlive the writer.
+    /// `out` and `dictionaries` must outlive the writer.
     SearchRecordWriter(Output& out, const DictionaryList& dictionaries, bool json);
 
-    /// The result of looking `word` up in the dictionary at `index`.
+    /// Writes the result of searching for `word` in dictionary `index`.
     void write(std::string_view word, std::size_t index, const SearchResult& result);
 
   private:
@@ -28,7 +28,7 @@ class SearchRecordWriter {
     Output& out_;
     const DictionaryList& dictionaries_;
     bool json_;
-    /// The `ind` of each dictionary, for its headwords as they stand.
+    /// The `ind` of each dictionary, for its unconverted headwords.
     std::vector<IndexedTextFile> indexes_;
 };
 

@@ -13,7 +13,7 @@ Session::~Session() {
 }
 
 void Session::couldNot(std::string_view what) {
-    if (told_.emplace(what).second)
+    if (reported_.emplace(what).second)
         complain(what);
 }
 

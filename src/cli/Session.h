@@ -9,8 +9,8 @@
 
 namespace velmarin {
 
-/// One run of the command line: where its records go, and what went wrong on the way. While it lives, the messages of
-/// the core are complaints of this run.
+/// One run of the command line: its output and its failures. While it exists, messages of the core are failures of this
+/// run.
 class Session {
   public:
     explicit Session(Output& out);
@@ -20,19 +20,19 @@ class Session {
 
     Output& out() { return out_; }
 
-    /// What the core's messages are about from now on: they do not name it themselves.
+    /// Sets the subject that precedes the core's messages, which do not name it.
     void setSubject(std::string subject) { subject_ = std::move(subject); }
 
-    /// Tells what could not be done. The run goes on, and ends with Status::CouldNot. The same is told only once.
+    /// Reports a failure. The run continues and ends with Status::CouldNot. Each message is written once.
     void couldNot(std::string_view what);
 
-    /// The status of a run that would otherwise end with `status`.
-    Status status(Status status) const { return told_.empty() ? status : Status::CouldNot; }
+    /// `status`, or Status::CouldNot after a failure.
+    Status status(Status status) const { return reported_.empty() ? status : Status::CouldNot; }
 
   private:
     Output& out_;
     std::string subject_;
-    std::unordered_set<std::string> told_;
+    std::unordered_set<std::string> reported_;
     MessageHandler handlerBefore_;
 };
 

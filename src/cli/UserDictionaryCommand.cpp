@@ -15,35 +15,41 @@ namespace velmarin {
 
 namespace {
 
-constexpr const char* kHelp = R"help(A user dictionary is a text dictionary that a reader makes from a file of one
-entry a line: the head word, a TAB, the meaning. It is a folder of two files,
-Text.txt with the entries and Index.txt with their search words.)help";
+constexpr const char* kHelp = R"help(A user dictionary is made from a text file with one entry per line: the headword,
+a TAB, the meaning. It is a folder of two files: Text.txt has the entries,
+Index.txt their search words.)help";
 
 constexpr const char* kBuildHelp = R"help(Columns:
   1  the number of entries
-  2  how many of them are not UTF-8; these are taken over byte for byte
+  2  the number of entries that are not UTF-8; they are copied byte for byte
 
-SOURCE has one entry a line: the head word, a TAB, the meaning. __NUM__1 to
-__NUM__9 behind a head word number homographs, and become small raised digits;
-__BR__ breaks the line where the entry is shown.
+SOURCE has one entry per line: the headword, a TAB, the meaning. __NUM__1 to
+__NUM__9 after a headword number homographs and are shown as raised digits;
+__BR__ is shown as a line break.
 
-FOLDER is made where it is missing. Text.txt and Index.txt in it are replaced
-together, and only when both are whole.
+FOLDER is created if it is missing. Text.txt and Index.txt in it are replaced
+together, and only when both are complete.
 
-Exit status: 0 it was built, 2 it was not.
+Exit status: 0 success, 2 failure.
 
 Example:
   velmarin-cli user-dictionary build words.txt UserDictionaries/Mine)help";
 
-constexpr const char* kSearchHelp = R"help(Columns: those of Text.txt, one line for each entry found
-  1  the head word
-  2  the meaning, with __BR__ where a line is to be broken
+constexpr const char* kSearchHelp = R"help(Columns, one line for each entry found, as in Text.txt:
+  1  the headword
+  2  the meaning, with __BR__ for a line break
 
-Words and head words are compared by their search words: without accents, case
-and width, katakana as hiragana, and only as far as the first __NUM__.
+Words and headwords are compared by their search words: ignoring accents, case and
+width, with katakana as hiragana, and only up to the first __NUM__.
 
-Exit status: 0 something was found, 1 nothing was, 2 the dictionary cannot be
-read.
+With --mode N, a headword matches if it
+  0  begins with the word
+  1  ends with the word
+  2  equals the word
+  3  contains the word
+  4  matches the word as a regular expression
+
+Exit status: 0 found, 1 nothing found, 2 the dictionary cannot be read.
 
 Example:
   velmarin-cli user-dictionary search --mode 0 UserDictionaries/Mine amo)help";
@@ -59,7 +65,7 @@ class Silent : public BuildProgress {
 
 Status build(const std::string& source, const std::string& folder, Session& session) {
     if (source.empty())
-        throw CannotDo("an empty name is no file");
+        throw CannotDo("an empty name is not a file");
     std::error_code error;
     const bool made = !folder.empty() && std::filesystem::create_directory(folder, error);
     const FolderItem dictionary = folderArgument(folder);
@@ -98,11 +104,11 @@ const CLI::Option* addOne(CLI::App& command, const std::string& name, const std:
 } // namespace
 
 void addUserDictionaryCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("user-dictionary", "Make a dictionary from text, or search one");
+    CLI::App* command = program.add_subcommand("user-dictionary", "Build or search a user dictionary");
     command->footer(kHelp);
     command->require_subcommand(1);
 
-    CLI::App* build_ = command->add_subcommand("build", "Make a user dictionary from a text file");
+    CLI::App* build_ = command->add_subcommand("build", "Build a user dictionary from a text file");
     build_->footer(kBuildHelp);
     const CLI::Option* source = addOne(*build_, "SOURCE", "The text file");
     const CLI::Option* target = addOne(*build_, "FOLDER", "The folder of the user dictionary");
@@ -110,10 +116,9 @@ void addUserDictionaryCommand(CLI::App& program, Job& chosen) {
         chosen = [=](Session& session) { return build(operand(source), operand(target), session); };
     });
 
-    CLI::App* search_ = command->add_subcommand("search", "Look words up in a user dictionary");
+    CLI::App* search_ = command->add_subcommand("search", "Look up words in a user dictionary");
     search_->footer(kSearchHelp);
-    const std::string modeHelp =
-        "0 begins with the word, 1 ends with it, 2 is it (where none is given), 3 holds it, 4 matches it as a pattern";
+    static const std::string modeHelp = "How headwords match, 0 to 4 (default: 2)";
     const CLI::Option* mode =
         search_->add_option("--mode", modeHelp)->option_text("N")->expected(1)->check(CLI::Range(0, 4));
     const CLI::Option* folder = addOne(*search_, "FOLDER", "The folder of the user dictionary");

@@ -9,15 +9,15 @@
 
 namespace velmarin {
 
-/// The words that a command works on: those of the command line or, where it has none, the lines of standard input,
-/// which end as those of a dictionary's text files do (LF, CR or CR LF; a byte-order mark at the start is no text).
+/// The words that a command works on: its arguments or, without any, the lines of standard input. Lines end in LF, CR
+/// or CR LF, and a byte-order mark at the start is skipped, as in the text files of a dictionary.
 class Words {
   public:
-    /// `out` is flushed before each wait for input, so that a program at the other end of two pipes gets its answers.
+    /// `out` is flushed before each wait for input, so that a program that writes words to a pipe can read the answers.
     Words(std::vector<std::string> given, Output& out);
 
-    /// The next word; nothing at the end. An empty line is an empty word. Input that cannot be read raises CannotDo,
-    /// and so does a line longer than kLongestWord bytes.
+    /// The next word; nothing at the end. An empty line is an empty word. Raises CannotDo if the input cannot be read
+    /// or a line is longer than kLongestWord bytes.
     std::optional<std::string> next();
 
     static constexpr std::size_t kLongestWord = std::size_t{1} << 20;

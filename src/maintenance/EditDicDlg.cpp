@@ -41,7 +41,7 @@ void EditDicDlg::makeControls() {
     const Anchors locks = Anchor::Left | Anchor::Top;
     auto* layout = new AnchoredLayout(this, kSize);
     LB_->setObjectName(QStringLiteral("LB"));
-    LB_->setAccessibleName(QStringLiteral("Dictionaries in their order"));
+    LB_->setAccessibleName(QStringLiteral("Order of the dictionaries"));
     LB_->setAccessibleDescription(QStringLiteral("Alt+Up and Alt+Down move the selected dictionary"));
     layout->add(LB_, QRect(7, 4, 213, 382), locks);
 
@@ -113,7 +113,7 @@ void EditDicDlg::SaveBT_Action() {
 }
 
 std::string EditDicDlg::groupName() const {
-    // A field shows bytes that are no text otherwise than they are: what was not edited stays as it was.
+    // The field cannot show bytes that are not UTF-8. If it was not edited, the original bytes are kept.
     return EF_->text() == toQ(nameAsSet_) ? nameAsSet_ : fromQ(EF_->text());
 }
 
@@ -124,6 +124,8 @@ void EditDicDlg::save() {
         host_.Yield();
     windows_.setNewDicPref(order.lines());
     windows_.closePageImageWindow();
+    if (!windows_.hasGroup(MainWin))
+        return windows_.writeOrderAndPick(MainWin, pObjFol);
     windows_.mWritePreferences_DicGroup(MainWin);
     windows_.ReadDictionaryFolder(MainWin, pObjFol);
     windows_.readyForSearch(MainWin);

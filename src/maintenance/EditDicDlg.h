@@ -18,19 +18,19 @@ class Host;
 class OrderList;
 class WindowsLink;
 
-/// The order editor: a window of its own beside the main windows, bound to the window and group that were in front when
-/// it was opened. Deletes itself when closed.
+/// The order editor, a window of its own. It edits the group that its main window showed when the editor was opened. It
+/// stays open until the user closes it, also if that window leaves the group, and then deletes itself.
 class EditDicDlg : public QWidget {
     Q_OBJECT
   public:
     EditDicDlg(WindowsLink& windows, Host& host, BusyState& busy);
 
-    /// The group folder that is being edited.
+    /// The folder of the edited group.
     FolderItem pObjFol;
-    /// The main window whose group it is, by its position in `MainWinList`.
+    /// The main window whose group is edited, by its position in `MainWinList`.
     int MainWin = 0;
 
-    /// Adds the dictionaries of the window to the rows that there are, and shows the group's name.
+    /// Appends the dictionaries of the window to the rows, and shows the group's name.
     void mSet();
 
   protected:

@@ -22,11 +22,11 @@ namespace {
 constexpr QSize kSize(428, 455);
 constexpr int kCheckAll = 0;
 
-enum Column { kTick, kName };
+enum Column { kCheckBox, kName };
 
 } // namespace
 
-/// The dialog can neither be used nor closed for as long as it lives.
+/// While this object exists, the dialog is disabled and cannot be closed.
 class ExpDicDlg::Working {
   public:
     explicit Working(ExpDicDlg& dialog) : dialog_(dialog), guard_(dialog.busy_) { set(true); }
@@ -111,7 +111,7 @@ void ExpDicDlg::fill(const FolderItem& dictionaryFolder) {
         auto* check = new QTableWidgetItem;
         check->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         check->setCheckState(Qt::Unchecked);
-        MainLB_->setItem(row, kTick, check);
+        MainLB_->setItem(row, kCheckBox, check);
         auto* name = new QTableWidgetItem(toQ(dictionary.Name()));
         name->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
         name->setToolTip(pathToQ(dictionary.path()));
@@ -121,17 +121,17 @@ void ExpDicDlg::fill(const FolderItem& dictionaryFolder) {
     }
 }
 
-bool ExpDicDlg::ticked(int row) const {
-    return MainLB_->item(row, kTick)->checkState() == Qt::Checked;
+bool ExpDicDlg::isChecked(int row) const {
+    return MainLB_->item(row, kCheckBox)->checkState() == Qt::Checked;
 }
 
-void ExpDicDlg::tick(int row, bool on) {
-    MainLB_->item(row, kTick)->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+void ExpDicDlg::setChecked(int row, bool checked) {
+    MainLB_->item(row, kCheckBox)->setCheckState(checked ? Qt::Checked : Qt::Unchecked);
 }
 
 void ExpDicDlg::CheckBV_Action(int menuRow) {
     for (int row = 0; row < MainLB_->rowCount(); ++row)
-        tick(row, menuRow == kCheckAll);
+        setChecked(row, menuRow == kCheckAll);
 }
 
 void ExpDicDlg::CancelBT_Action() {
@@ -140,7 +140,7 @@ void ExpDicDlg::CancelBT_Action() {
 
 void ExpDicDlg::OKBT_Action() {
     int first = 0;
-    while (first < MainLB_->rowCount() && !ticked(first))
+    while (first < MainLB_->rowCount() && !isChecked(first))
         ++first;
     if (first == MainLB_->rowCount())
         return;
@@ -156,14 +156,15 @@ void ExpDicDlg::OKBT_Action() {
         PB_->setMaximum(MainLB_->rowCount() - 1);
         for (int row = 0; row < MainLB_->rowCount(); ++row) {
             PB_->setValue(row);
-            if (ticked(row))
+            if (isChecked(row))
                 mExportDic(dictionaries_[static_cast<std::size_t>(row)], destination, record);
             host_.Yield();
         }
-        PB_->setValue(PB_->Maximum());
+        PB_->showFull();
         if (!record.failures.empty())
             host_.MsgBox(failureMessage(record));
-        host_.Launch(destination.path());
+        if (!host_.Launch(destination.path()))
+            host_.MsgBox("The folder could not be opened: " + destination.path().native());
     }
     close();
 }
@@ -184,20 +185,20 @@ void ExpDicDlg::reject() {
 }
 
 bool ExpDicDlg::eventFilter(QObject* watched, QEvent* event) {
-    // A press on a tick is the tick's alone to Qt; the keys go on from the row that was clicked.
+    // Qt does not make a row current when its check box is clicked; the keys shall continue from there.
     if (watched == MainLB_->viewport() && event->type() == QEvent::MouseButtonPress)
         MainLB_->setCurrentIndex(MainLB_->indexAt(static_cast<QMouseEvent*>(event)->pos()));
     if (watched != MainLB_ || event->type() != QEvent::KeyPress ||
         static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space)
         return QDialog::eventFilter(watched, event);
     if (const int row = MainLB_->currentRow(); row >= 0)
-        tick(row, !ticked(row));
+        setChecked(row, !isChecked(row));
     return true;
 }
 
 void ExpDicDlg::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    MainLB_->setColumnWidth(kTick, MainLB_->viewport()->width() / 5);
+    MainLB_->setColumnWidth(kCheckBox, MainLB_->viewport()->width() / 5);
 }
 
 } // namespace velmarin

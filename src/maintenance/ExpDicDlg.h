@@ -17,14 +17,14 @@ class Host;
 class ProgressBar;
 struct Record;
 
-/// The export dialog: ticked dictionaries are copied into a folder that the user chooses. Deletes itself when closed,
-/// which it refuses while it works.
+/// The export dialog: copies the checked dictionaries to a folder that the user selects. It cannot be closed while it
+/// works, and deletes itself when closed.
 class ExpDicDlg : public QDialog {
     Q_OBJECT
   public:
     ExpDicDlg(Host& host, BusyState& busy, QWidget* parent);
 
-    /// Adds a row for every dictionary of a `DictionaryFolder`.
+    /// Adds a row for each dictionary in `dictionaryFolder`.
     void fill(const FolderItem& dictionaryFolder);
 
     void reject() override;
@@ -41,8 +41,8 @@ class ExpDicDlg : public QDialog {
     void CancelBT_Action();
     void OKBT_Action();
     void mExportDic(const FolderItem& dictionary, const FolderItem& destination, Record& record);
-    bool ticked(int row) const;
-    void tick(int row, bool on);
+    bool isChecked(int row) const;
+    void setChecked(int row, bool checked);
 
     Host& host_;
     BusyState& busy_;
@@ -51,7 +51,7 @@ class ExpDicDlg : public QDialog {
     QPushButton* CancelBT_;
     ProgressBar* PB_;
     QPushButton* OKBT_;
-    std::vector<FolderItem> dictionaries_; // of the rows
+    std::vector<FolderItem> dictionaries_; ///< by row
     bool working_ = false;
 };
 

@@ -17,8 +17,8 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::string_view kNoDictionary = "This is not a Dictionary !";
-constexpr std::string_view kNewComer =
+constexpr std::string_view kNotADictionary = "This is not a Dictionary !";
+constexpr std::string_view kNewDictionary =
     "This dictionary is a new comer.\n\n"
     "The old versio of this ditionary does not exists in the Dictionary Folder. \n"
     "So you have to decide which dictionary group to put this dictionary in. Otherwise you have to make a new "
@@ -49,7 +49,7 @@ void Maintenance::mUpDateDictionary() {
         return;
     const FolderItem dictionary(chosen);
     if (!mSub_DicOrNot(dictionary)) {
-        host_.MsgBox(kNoDictionary);
+        host_.MsgBox(kNotADictionary);
         return;
     }
     const Busy guard(busy_);
@@ -67,13 +67,13 @@ void Maintenance::mUpDateDictionary() {
 }
 
 Record Maintenance::mInstallDictionary(const FolderItem& dictionary) {
-    host_.MsgBox(kNewComer);
+    host_.MsgBox(kNewDictionary);
     const std::filesystem::path group = host_.SelectFolder(kAskForGroup, windows_.pDictionaryFolder().path());
     if (group.empty())
         return {};
     Record record = installDictionary(dictionary, FolderItem(group), [this](const WorkDone&) { host_.Yield(); });
     for (int window = 0; window < windows_.windowCount(); ++window) {
-        windows_.startAnew(window);
+        windows_.resetToNoGroup(window);
         host_.Yield();
     }
     return record;
@@ -91,7 +91,7 @@ void Maintenance::mExportDic() {
 }
 
 void Maintenance::changeDictionariesOrder(int window, const FolderItem& group) {
-    if (!editDicDlg_ || !editDicDlg_->isVisible()) // closed, and deleted with the next turn of the loop
+    if (!editDicDlg_ || !editDicDlg_->isVisible()) // a closed one is deleted later
         windows_.prepare(editDicDlg_ = new EditDicDlg(windows_, host_, busy_));
     editDicDlg_->MainWin = window;
     editDicDlg_->setWindowState(editDicDlg_->windowState() & ~Qt::WindowMinimized);
@@ -100,11 +100,6 @@ void Maintenance::changeDictionariesOrder(int window, const FolderItem& group) {
     editDicDlg_->activateWindow();
     editDicDlg_->pObjFol = group;
     editDicDlg_->mSet();
-}
-
-void Maintenance::windowLeftGroup(int window) {
-    if (editDicDlg_ && editDicDlg_->MainWin == window)
-        editDicDlg_->close();
 }
 
 } // namespace velmarin

@@ -13,25 +13,23 @@ class ExpDicDlg;
 class Host;
 class WindowsLink;
 
-/// The desktop of the user, where the backup folders of an update go. It need not exist.
+/// The user's desktop, where updates put their backup folders. It may be missing.
 FolderItem desktopFolder();
 
-/// The maintenance commands and their dialogs, of which there is one each. Owned by the application object.
+/// The maintenance commands and their dialogs, one of each. Owned by the application object.
 class Maintenance {
   public:
     Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop = desktopFolder());
     ~Maintenance();
 
-    /// Asks for a dictionary, and updates every installed copy of it or, where there is none, installs it. Works while
-    /// `WaitDlg` is up, holding a Busy guard, and returns when all is done.
+    /// Asks for a dictionary and updates every installed copy of it or, if there is none, installs it. Shows `WaitDlg`,
+    /// holds a Busy guard, and returns when the work is done.
     void mUpDateDictionary();
-    /// Shows the export dialog with the dictionaries of all groups, and returns.
+    /// Shows the export dialog with the dictionaries of all groups, and returns at once.
     void mExportDic();
-    /// Shows the order editor for the group of a main window, and returns. Where it is up already, it gets the rows
-    /// once more.
+    /// Shows the order editor for the group of a main window, and returns at once. An editor that is already open gets
+    /// the rows once more.
     void changeDictionariesOrder(int window, const FolderItem& group);
-    /// To be told when a main window gives its group up: an order editor for it closes, since nothing would be saved.
-    void windowLeftGroup(int window);
 
   private:
     Record mInstallDictionary(const FolderItem& dictionary);

@@ -51,10 +51,10 @@ class OrderModel : public QAbstractListModel {
 
 namespace {
 
-constexpr int kScrollEvery = 60; // ms, while a row is held at an edge
-constexpr int kEdge = 12;        // logical pixels
+constexpr int kScrollInterval = 60; // ms, while a row is held at an edge
+constexpr int kEdge = 12;           // logical pixels
 
-/// Rows with a line below each.
+/// Draws a line below each row.
 class GridDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -96,7 +96,7 @@ void OrderList::move(int from, int before) {
 }
 
 bool OrderList::event(QEvent* event) {
-    // Before the menu bar takes them for commands.
+    // Claims the keys before the menu bar handles them as shortcuts.
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if ((key->modifiers() == Qt::AltModifier && (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down)) ||
@@ -119,7 +119,7 @@ void OrderList::keyPressEvent(QKeyEvent* event) {
 }
 
 void OrderList::mousePressEvent(QMouseEvent* event) {
-    // Another button during a drag is none of its business.
+    // Other buttons are ignored during a drag.
     if (dropBefore_ >= 0)
         return;
     QListView::mousePressEvent(event);
@@ -153,7 +153,7 @@ void OrderList::dragTo(const QPoint& position) {
     viewport()->setCursor(Qt::DragMoveCursor);
     const bool atEdge = position.y() < kEdge || position.y() >= viewport()->height() - kEdge;
     if (atEdge && !scrolling_.isActive())
-        scrolling_.start(kScrollEvery, this);
+        scrolling_.start(kScrollInterval, this);
     else if (!atEdge)
         scrolling_.stop();
     viewport()->update();

@@ -12,15 +12,14 @@ namespace velmarin {
 
 class OrderModel;
 
-/// A list whose rows the user puts into another order: by dragging them, or with Alt+Up and Alt+Down. Escape ends a
-/// drag without a change.
+/// A list whose rows the user can reorder by dragging, or with Alt+Up and Alt+Down. Escape cancels a drag.
 class OrderList : public QListView {
     Q_OBJECT
   public:
     explicit OrderList(QWidget* parent);
 
     void AddRow(std::string text);
-    /// The rows from the top, byte for byte as they were added.
+    /// The rows from the top, with the same bytes as they were added.
     const std::vector<std::string>& rows() const;
 
   protected:
@@ -41,7 +40,7 @@ class OrderList : public QListView {
     OrderModel* model_;
     QPoint pressedAt_;
     int pressedRow_ = -1;
-    int dropBefore_ = -1; ///< while a row is being dragged
+    int dropBefore_ = -1; ///< the row below the drop position, -1 if no row is dragged
     QPoint draggedTo_;
     QBasicTimer scrolling_;
 };

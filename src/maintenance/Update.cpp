@@ -9,8 +9,10 @@
 #include "store/Fi_Module.h"
 #include "store/FolderListing.h"
 #include "text/StringRules.h"
+#include "text/Utf8.h"
 
 #include <cerrno>
+#include <climits>
 
 namespace velmarin {
 
@@ -25,6 +27,14 @@ struct NewMember {
 
 bool isTrueFolder(const FolderItem& item) {
     return !item.Alias() && item.Directory();
+}
+
+/// At most `most` bytes of `text`, and no part of a character.
+std::string startOf(const std::string& text, std::size_t most) {
+    std::size_t end = 0;
+    for (std::size_t next = 0; next < text.size() && next <= most; next += decodeUtf8(text, next).length)
+        end = next;
+    return text.size() <= most ? text : text.substr(0, end);
 }
 
 class Updater {
@@ -81,8 +91,7 @@ class Updater {
         if (liesIn(copy.path(), dictionary_.path()) || liesIn(dictionary_.path(), copy.path()))
             return fail(copy, "it is the chosen folder itself or a part of it, and was not updated");
         clearLeftovers(copy.path(), work_);
-        const std::string name =
-            mFiMod_GetUniqueFileName(dictionary_.Name() + "-Oldversion-" + Str(static_cast<std::int64_t>(k)), backups_);
+        const std::string name = backupName(k);
         const fs::path backup = backups_.path() / name;
         if (!makeFolder(backup) || !flushFolder(backups_.path()))
             return fail(copy, "it was not updated, since its backup folder \"" + toValidUtf8(name) +
@@ -98,6 +107,17 @@ class Updater {
             updateMember(member, copy, replaced, backup);
             work_.pass();
         }
+    }
+
+    /// The name of the backup folder of copy `k`: that of the dictionary, cut where a folder could not have it.
+    std::string backupName(std::size_t k) const {
+        constexpr std::size_t kAddedToBeUnique = 8; // "_" and digits
+        const std::string end = "-Oldversion-" + Str(static_cast<std::int64_t>(k));
+        const auto uniqueName = [&](std::size_t most) {
+            return mFiMod_GetUniqueFileName(startOf(dictionary_.Name(), most - end.size()) + end, backups_);
+        };
+        std::string name = uniqueName(NAME_MAX);
+        return name.size() <= NAME_MAX ? name : uniqueName(NAME_MAX - kAddedToBeUnique);
     }
 
     void updateMember(const NewMember& member, const FolderItem& copy, const std::vector<FolderItem>& replaced,

@@ -15,7 +15,7 @@ WaitDlg::WaitDlg(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::CustomizeWi
 
     auto* ProgressBar1 = new QProgressBar(this);
     ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
-    ProgressBar1->setAccessibleName(QStringLiteral("Work is going on"));
+    ProgressBar1->setAccessibleName(QStringLiteral("Work in progress"));
     ProgressBar1->setRange(0, 0);
     ProgressBar1->setTextVisible(false);
     layout->add(ProgressBar1, QRect(25, 14, 323, 20), locks);

@@ -4,8 +4,8 @@
 
 namespace velmarin {
 
-/// Says that the user has to wait, and moves meanwhile as far as whoever works lets events run. It goes with the work,
-/// not by the user's hand.
+/// Asks the user to wait, with a bar that moves whenever the work lets events run. The code that shows it closes it;
+/// the user cannot.
 class WaitDlg : public QDialog {
     Q_OBJECT
   public:

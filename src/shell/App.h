@@ -46,7 +46,6 @@ class App : public QObject {
     BusyState& busy() { return busy_; }
     PreferenceWriter& preferences() { return preferences_; }
     PageImages& pageImages() { return pageImages_; }
-    Maintenance& maintenance() { return maintenance_; }
 
     /// The main window at this place of MainWinList; raises NilObjectException where there is none.
     MainWindow& window(int index) const;

@@ -181,7 +181,7 @@ void MainWindow::enableGroupControls(bool enabled) {
     sideLink_->SubWinBV()->setEnabled(enabled);
 }
 
-void MainWindow::startAnew() {
+void MainWindow::resetToNoGroup() {
     sideLink_->close();
     leaveGroup();
     groupPicker_->mMakeSelectDicPU();
@@ -229,7 +229,6 @@ void MainWindow::mWritePreferences_Window() {
 }
 
 void MainWindow::leaveGroup() {
-    app_.maintenance().windowLeftGroup(pMyIndex);
     groupPicker_->dropPick();
     groupView_->leave();
     enableGroupControls(false);

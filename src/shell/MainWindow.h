@@ -53,8 +53,8 @@ class MainWindow : public QMainWindow {
 
     /// What a pick of a free group does: saves the group being left and reads the new one.
     void changeGroup(const FolderItem& group);
-    /// Drops the group with all that shows it, without writing anything, and fills the group pop-up anew.
-    void startAnew();
+    /// Resets to the no-group state without writing anything, and refills the group pop-up.
+    void resetToNoGroup();
     void ReadDictionaryFolder(const FolderItem& group);
     void mWritePreferences_DicGroup();
     /// An empty search field, the controls of a window with a group enabled, and no page in the first tab.

@@ -2,6 +2,7 @@
 
 #include "shell/App.h"
 #include "shell/ApplicationShortcuts.h"
+#include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
 
 namespace velmarin {
@@ -23,8 +24,8 @@ int MaintenanceLink::windowCount() const {
     return static_cast<int>(app_.MainWinList().size());
 }
 
-void MaintenanceLink::startAnew(int window) {
-    app_.window(window).startAnew();
+void MaintenanceLink::resetToNoGroup(int window) {
+    app_.window(window).resetToNoGroup();
     // The group that the window stood on can be picked again, there or elsewhere.
     app_.rebuildSelectedDic();
 }
@@ -42,6 +43,19 @@ std::string MaintenanceLink::pDicGroupName(int window) const {
 
 void MaintenanceLink::setNewDicPref(std::vector<std::string> lines) {
     app_.module.pNewDicPref = std::move(lines);
+}
+
+bool MaintenanceLink::hasGroup(int window) const {
+    return !app_.window(window).state().pDictionaryGroupFolder.isNil();
+}
+
+void MaintenanceLink::writeOrderAndPick(int window, const FolderItem& group) {
+    WindowState left;
+    left.pDictionaryGroupFolder = group;
+    app_.preferences().forgetFailures();
+    app_.preferences().writeGroup(left, false, app_.module);
+    if (app_.window(window).isVisible())
+        app_.window(window).groupPicker().pickNamed(group.Name());
 }
 
 void MaintenanceLink::closePageImageWindow() {

@@ -15,10 +15,12 @@ class MaintenanceLink : public WindowsLink {
     QWidget* frontWindow() const override;
     void prepare(QWidget* window) override;
     int windowCount() const override;
-    void startAnew(int window) override;
+    void resetToNoGroup(int window) override;
     std::vector<std::string> dictionaryNames(int window) const override;
     std::string pDicGroupName(int window) const override;
     void setNewDicPref(std::vector<std::string> lines) override;
+    bool hasGroup(int window) const override;
+    void writeOrderAndPick(int window, const FolderItem& group) override;
     void closePageImageWindow() override;
     void mWritePreferences_DicGroup(int window) override;
     void ReadDictionaryFolder(int window, const FolderItem& group) override;

@@ -29,7 +29,10 @@ bool matchesPattern(std::string_view word, std::string_view pattern) {
 std::string DictionaryModule::m__SubMakeSearchWord(std::string_view word) const {
     if (word.empty())
         return {};
-    return m__SubIJUV(m__SubSpanish(mSub_MakeSearchWord(NthField(word, kNumberMarker, 1)), 0));
+    // In any case of its letters, as the text's markers are replaced.
+    if (const std::size_t marker = InStr(1, word, kNumberMarker); marker != 0)
+        word = word.substr(0, marker - 1);
+    return m__SubIJUV(m__SubSpanish(mSub_MakeSearchWord(word), 0));
 }
 
 std::string DictionaryModule::m__SubIJUV(std::string_view word) const {

@@ -28,7 +28,8 @@ class DictionaryModule {
     /// What the last mSearch found.
     std::vector<std::string> pResult;
 
-    /// The normal form of a head word: what stands before its first "__NUM__", in the common normal form.
+    /// The normal form of a head word: what stands before its first "__NUM__", whatever the case of the
+    /// marker, in the common normal form.
     std::string m__SubMakeSearchWord(std::string_view word) const;
     std::string m__SubIJUV(std::string_view word) const;
     std::string m__SubSpanish(std::string_view word, int back) const;

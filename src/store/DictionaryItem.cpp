@@ -15,9 +15,6 @@ namespace {
 /// Far above any real index, and low enough that a hostile one takes no memory worth speaking of.
 constexpr std::uint64_t kLargestIndex = std::uint64_t{1} << 28;
 
-/// The two lines that count lie well within this.
-constexpr std::size_t kFormatBytes = std::size_t{1} << 16;
-
 void readFormat(const FolderItem& file, DictionaryItem& item) {
     const auto opened = ReadOnlyFile::open(file);
     if (!opened)
@@ -80,12 +77,11 @@ bool MakeDictionaryItem(const FolderItem& folder, DictionaryItem& item, int numb
 }
 
 bool mSub_DicOrNot(const FolderItem& item) {
-    static constexpr std::array kMembers = {"FW",   "BW",    "ind",  "KW",   "KWTB", "format",
-                                            "mImg", "mPimg", "mHtm", "mMov", "mSnd"};
     if (item.Alias() || !item.Directory())
         return false;
     const FolderListing members(item);
-    return std::any_of(kMembers.begin(), kMembers.end(), [&](const char* name) { return members.has(name); });
+    return std::any_of(kDictionaryMembers.begin(), kDictionaryMembers.end(),
+                       [&](const char* name) { return members.has(name); });
 }
 
 } // namespace velmarin

@@ -5,6 +5,8 @@
 #include "store/IndexedTextFile.h"
 #include "text/SearchWord.h"
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -72,8 +74,15 @@ struct HitItem {
 /// folder, raise NilObjectException.
 bool MakeDictionaryItem(const FolderItem& folder, DictionaryItem& item, int number);
 
-/// Whether install, update and export take a folder for a dictionary: no alias, a directory, and any one of the members
-/// that a dictionary can have.
+/// Any one of these makes a folder a dictionary to mSub_DicOrNot.
+inline constexpr std::array kDictionaryMembers = {"FW",   "BW",    "ind",  "KW",   "KWTB", "format",
+                                                  "mImg", "mPimg", "mHtm", "mMov", "mSnd"};
+
+/// How much of a `Format` is read, in bytes: far more than its two lines need.
+inline constexpr std::size_t kFormatBytes = std::size_t{1} << 16;
+
+/// Whether install, update and export take a folder for a dictionary: not an alias, a directory, and any one of
+/// kDictionaryMembers in it.
 bool mSub_DicOrNot(const FolderItem& item);
 
 /// The page list of a dictionary's `mImg`: `ImageIndex2` (name, TAB, caption) or else `ImageIndex` (name), whose first

@@ -5,7 +5,8 @@
 
 namespace velmarin {
 
-/// The characters that delimit words, one a string; empty until the module is opened. A search word keeps them all.
+/// The characters that delimit words, one per string. Empty until the module is opened. Search words keep these
+/// characters.
 extern std::vector<std::string> pWordDelimitersSet;
 
 /// Fills `pWordDelimitersSet`.

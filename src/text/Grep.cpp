@@ -21,7 +21,7 @@ std::string lineEndsToLf(std::string_view text) {
     return result;
 }
 
-/// Leaves the match, or none, in `Grep`; returns whether there is one.
+/// Leaves the match in `Grep` and returns whether there is one.
 bool executeGrep(int start, std::string_view text, std::string_view pattern) {
     if (!RegExMBS::UTF8supported())
         MsgBox("UTF8 support is missing. Please complain to Marten Ilvis.");

@@ -20,7 +20,7 @@ MessageHandler setMessageHandler(MessageHandler handler) {
 }
 
 void MsgBox(std::string_view text) {
-    // A copy, as a modal box runs an event loop in which the handler may be replaced.
+    // A copy: a modal box runs an event loop, in which the handler may be replaced.
     const MessageHandler handler = currentHandler();
     if (handler) {
         handler(text);

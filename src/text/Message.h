@@ -6,14 +6,14 @@
 
 namespace velmarin {
 
-/// Where the core's own short messages go. The program shows them in a modal box, the command line writes them to
+/// Receives the short messages of the core. The program shows them in a modal box, the command line writes them to
 /// standard error, tests collect them.
 using MessageHandler = std::function<void(std::string_view text)>;
 
-/// Replaces the handler and returns the one before it. With none set, messages go to standard error.
+/// Replaces the handler and returns the previous one. Without a handler, messages go to standard error.
 MessageHandler setMessageHandler(MessageHandler handler);
 
-/// Tells the user `text` (UTF-8) and returns when it has been seen.
+/// Shows `text` (UTF-8) to the user. A modal handler returns when the user has closed the message.
 void MsgBox(std::string_view text);
 
 } // namespace velmarin

@@ -5,11 +5,11 @@
 
 namespace velmarin {
 
-/// A file or an object that had to be there was not. The handlers that the system names catch it with texts of their
-/// own; whatever is left reaches the event loop, which shows `what()`.
+/// A required file or object is missing. Some operations catch it and show a text of their own; the event loop catches
+/// the rest and shows `what()`.
 class NilObjectException : public std::runtime_error {
   public:
-    /// `what` says what was being done and to which file, for a person to read.
+    /// `what` tells the user what failed and for which file.
     explicit NilObjectException(const std::string& what) : std::runtime_error(what) {}
 };
 

@@ -17,15 +17,15 @@ bool isPlace(char c) {
     return c == '0' || c == '#';
 }
 
-/// The digits of a number, no leading zero, `fraction` as long as it was asked to be.
+/// The digits of a number: `whole` without leading zeros, `fraction` of the requested length.
 struct Digits {
     std::string whole;
     std::string fraction;
 };
 
-/// Shortest decimal digits that mean `value`, which is finite and not negative.
+/// The shortest decimal digits that identify `value`, which is finite and not negative.
 Digits shortestDigits(double value) {
-    char buffer[512]; // 309 whole digits at most, or 324 places before the first significant one and 17 of these
+    char buffer[512]; // at most 309 whole digits, or 323 zeros and 17 significant digits
     const auto written = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
     const std::string_view text(buffer, static_cast<std::size_t>(written.ptr - buffer));
     const std::size_t point = std::min(text.find('.'), text.size());
@@ -51,8 +51,8 @@ void addOne(Digits& digits) {
     digits.whole.insert(digits.whole.begin(), '1');
 }
 
-/// Rounds what a person would write for the number, so that 2.675 to two places is 2.68 although the nearest Double
-/// lies below the half.
+/// Rounds the decimal form that a person would write, so that 2.675 to two places is 2.68 although the nearest double
+/// is slightly less.
 Digits roundedDigits(double value, std::size_t places) {
     Digits digits = shortestDigits(value);
     const bool up = digits.fraction.size() > places && digits.fraction[places] >= '5';
@@ -98,7 +98,7 @@ struct Picture {
     std::size_t firstPlace = 0, lastPlace = 0;
 };
 
-/// Writes `digits` into the places of the whole part from the right; the first place takes what is left over.
+/// Writes `digits` into the places of the whole part, aligned right; the first place takes all surplus digits.
 std::string writeWhole(const Picture& picture, std::string_view digits) {
     std::string out;
     const auto writeDownTo = [&](std::size_t left) {

@@ -17,18 +17,18 @@ namespace velmarin {
 
 namespace {
 
-// A lazy group that is tried from every place of a line can take time by the square of the line's length, which the
-// engine's own limits do not see, as they count anew at each place. Texts up to this length cannot take long; for
-// longer ones the pattern is compiled with a callout before every item, and the callouts are counted.
-constexpr std::size_t longText = 16'384;
-constexpr std::uint64_t leastBudget = 2'000'000;
-constexpr std::uint64_t budgetPerByte = 8;
+// A lazy group that is tried at every position of a line can take quadratic time. The engine's own limits do not catch
+// this, because they start again at each position. Texts up to this length cannot take long; for longer ones the
+// pattern is compiled with a callout before every item, and the callouts are counted.
+constexpr std::size_t kLongText = 16'384;
+constexpr std::uint64_t kLeastBudget = 2'000'000;
+constexpr std::uint64_t kBudgetPerByte = 8;
 
-constexpr std::uint32_t matchLimit = 1'000'000;
-constexpr std::uint32_t heapLimitKiB = 65'536;
-constexpr std::size_t jitStackStart = 32'768;
-constexpr std::size_t jitStackMost = 1'048'576;
-constexpr std::size_t mostPatternsKept = 64;
+constexpr std::uint32_t kMatchLimit = 1'000'000;
+constexpr std::uint32_t kHeapLimitKiB = 65'536;
+constexpr std::size_t kJitStackStart = 32'768;
+constexpr std::size_t kJitStackMost = 1'048'576;
+constexpr std::size_t kMostPatternsKept = 64;
 
 using CompiledKey = std::pair<std::string, std::uint32_t>;
 
@@ -40,22 +40,22 @@ int countCallout(pcre2_callout_block*, void* data) {
     return 0;
 }
 
-/// Limits and stack for one call after the other.
+/// The limits and the stack that all calls use in turn.
 class MatchContext {
   public:
     MatchContext()
         : context_(pcre2_match_context_create(nullptr)),
-          stack_(pcre2_jit_stack_create(jitStackStart, jitStackMost, nullptr)) {
+          stack_(pcre2_jit_stack_create(kJitStackStart, kJitStackMost, nullptr)) {
         if (!context_ || !stack_)
             throw std::bad_alloc();
-        pcre2_set_match_limit(context_.get(), matchLimit);
-        pcre2_set_heap_limit(context_.get(), heapLimitKiB);
+        pcre2_set_match_limit(context_.get(), kMatchLimit);
+        pcre2_set_heap_limit(context_.get(), kHeapLimitKiB);
         pcre2_set_callout(context_.get(), countCallout, &budget_);
         pcre2_jit_stack_assign(context_.get(), nullptr, stack_.get());
     }
 
     pcre2_match_context* forText(std::size_t length) {
-        budget_ = leastBudget + budgetPerByte * length;
+        budget_ = kLeastBudget + kBudgetPerByte * length;
         return context_.get();
     }
 
@@ -74,7 +74,7 @@ MatchContext& matchContext() {
 }
 
 PCRE2_SPTR bytes(std::string_view text) {
-    // The engine refuses a null pointer, which an empty view may hold.
+    // The engine rejects a null pointer, which an empty view may hold.
     return reinterpret_cast<PCRE2_SPTR>(text.empty() ? "" : text.data());
 }
 
@@ -104,7 +104,7 @@ class CompiledPattern {
         if (!code)
             return nullptr;
         auto compiled = std::make_shared<CompiledPattern>(code);
-        if (kept.size() >= mostPatternsKept)
+        if (kept.size() >= kMostPatternsKept)
             kept.clear();
         kept.emplace(key, compiled);
         return compiled;
@@ -112,7 +112,7 @@ class CompiledPattern {
 
     explicit CompiledPattern(pcre2_code* code)
         : code_(code), match_(pcre2_match_data_create_from_pattern(code, nullptr)) {
-        // Where there is no compiler for this processor the interpreter does.
+        // Without a just-in-time compiler for this processor, the interpreter runs the pattern.
         pcre2_jit_compile(code, PCRE2_JIT_COMPLETE);
     }
     ~CompiledPattern() {
@@ -122,7 +122,7 @@ class CompiledPattern {
     CompiledPattern(const CompiledPattern&) = delete;
     CompiledPattern& operator=(const CompiledPattern&) = delete;
 
-    /// Number of groups matched, 0 or less for none.
+    /// The number of groups matched; 0 or less if there is no match.
     int match(std::string_view text, std::size_t from) {
         pcre2_match_context* context = matchContext().forText(text.size());
         const int groups = pcre2_match(code_, bytes(text), text.size(), from, PCRE2_NO_UTF_CHECK, match_, context);
@@ -180,7 +180,7 @@ std::shared_ptr<CompiledPattern> RegExMBS::patternFor(std::string_view text, boo
     options |= CompileOptionDotAll ? PCRE2_DOTALL : 0;
     options |= CompileOptionUngreedy ? PCRE2_UNGREEDY : 0;
     options |= CompileOptionMultiline ? PCRE2_MULTILINE : 0;
-    options |= text.size() > longText ? PCRE2_AUTO_CALLOUT : 0;
+    options |= text.size() > kLongText ? PCRE2_AUTO_CALLOUT : 0;
     return CompiledPattern::of(pattern_, options);
 }
 
@@ -204,7 +204,7 @@ const RegExMBS::Group* RegExMBS::group(int n) const {
     if (n < 0 || static_cast<std::size_t>(n) >= groups_.size())
         return nullptr;
     const Group& found = groups_[static_cast<std::size_t>(n)];
-    // A group that took no part is unset, and \K in a lookahead can make a match end before it begins.
+    // A group that took no part in the match is unset; \K in a lookahead can make a match end before it begins.
     return found.begin == PCRE2_UNSET || found.end < found.begin ? nullptr : &found;
 }
 

@@ -12,10 +12,9 @@ class CompiledPattern;
 
 /// A Perl-compatible regular expression and its last match (PCRE2). `\w` is the ASCII class whatever the options.
 ///
-/// A text that is not well-formed UTF-8 is matched byte by byte: a marker in it is found, and a name with a stray byte
-/// comes out as it stands. Effort is bounded whatever pattern and text are: a match that takes more than some tenths of
-/// a second of trying counts as none. Compiled patterns are kept and shared by all objects, so that compiling one again
-/// costs a look-up. One thread only.
+/// A text that is not well-formed UTF-8 is matched byte by byte, so that markers in it are still found. The effort is
+/// bounded for every pattern and text: a search that takes more than some tenths of a second ends without a match. All
+/// objects share a cache of compiled patterns. Not thread-safe.
 class RegExMBS {
   public:
     bool CompileOptionUTF8 = false;
@@ -26,23 +25,24 @@ class RegExMBS {
 
     static bool UTF8supported();
 
-    /// False for a bad pattern; matches are then refused until a good one has been compiled. Forgets the last match.
+    /// False for a bad pattern; nothing matches then until a good one has been compiled. Discards the last match.
     bool Compile(std::string_view pattern);
 
-    /// Looks for the first match at or after the character `start`, counted from 1; less than 1 is the start of the
-    /// text. Returns the number of groups held, the whole match included, or 0 where there is no match.
+    /// Searches for the first match at or after character `start`, counted from 1 (less than 1: the start of the text).
+    /// Returns the number of groups, the whole match included, or 0 if there is no match.
     int Execute(std::string text, int start);
 
-    /// Position from 1, in characters, of group `n` of the last match (0 is the whole); 0 where there is none.
+    /// The position, in characters from 1, of group `n` of the last match (group 0 is the whole match); 0 if there is
+    /// none.
     int OffsetCharacters(int n) const;
-    /// Text of group `n` of the last match; empty where there is none.
+    /// The text of group `n` of the last match; empty if there is none.
     std::string Substring(int n) const;
 
-    /// The text of the last Execute with its match replaced; the text itself where there was none. The replacement
-    /// stands as it is, no character in it has a meaning of its own.
+    /// The text of the last Execute with its match replaced; unchanged if there was no match. The replacement is
+    /// literal.
     std::string Replace(std::string_view replacement) const;
 
-    /// `text` with every match replaced; the last match is left alone.
+    /// `text` with every match replaced. The last match is kept.
     std::string ReplaceAll(std::string_view text, std::string_view replacement) const;
 
   private:

@@ -14,11 +14,11 @@ namespace velmarin {
 
 namespace {
 
-/// The common form of every character of the Basic Multilingual Plane, read off the row tables.
-class CommonForms {
+/// The normal form of every character of the Basic Multilingual Plane, computed from the row tables.
+class NormalForms {
   public:
-    CommonForms() : forms_(planeSize) {
-        for (char32_t c = 0; c < planeSize; ++c) {
+    NormalForms() : forms_(kPlaneSize) {
+        for (char32_t c = 0; c < kPlaneSize; ++c) {
             char bytes[4];
             set(c, std::string_view(bytes, encodeUtf8(capitalOf(c), bytes)));
         }
@@ -27,10 +27,10 @@ class CommonForms {
                 set(decodeUtf8(row.find, 0).value, Uppercase(chain(row.find)));
     }
 
-    /// `unit` is below planeSize.
+    /// `unit` must be less than kPlaneSize.
     std::string_view of(char32_t unit) const { return {forms_[unit].bytes, forms_[unit].length}; }
 
-    static constexpr char32_t planeSize = 0x10000;
+    static constexpr char32_t kPlaneSize = 0x10000;
 
   private:
     struct Form {
@@ -63,7 +63,7 @@ class CommonForms {
 } // namespace
 
 void appendSearchWord(std::string& words, std::string_view text) {
-    static const CommonForms forms;
+    static const NormalForms forms;
     for (std::size_t pos = 0; pos < text.size();) {
         const std::size_t from = pos;
         while (pos < text.size() && isAscii(text[pos]))
@@ -75,7 +75,7 @@ void appendSearchWord(std::string& words, std::string_view text) {
         if (pos == text.size())
             return;
         const Utf8Unit unit = decodeUtf8(text, pos);
-        if (unit.value < CommonForms::planeSize)
+        if (unit.value < NormalForms::kPlaneSize)
             words += forms.of(unit.value);
         else
             appendUtf8(words, capitalOf(unit.value));
@@ -120,9 +120,9 @@ std::string mSub_IJUV(std::string_view text) {
 }
 
 std::string mSub_Format(std::string_view text, std::string_view format) {
-    mStrMod_GrepMBS_Search(0, format, fieldSeparatorPattern);
+    mStrMod_GrepMBS_Search(0, format, kFieldSeparatorPattern);
     const std::string delimiter = mStrMod_GrepMBS_FoundStr();
-    const std::string query = mStrMod_GrepMBS_ReplaceAll(text, fieldSeparatorPattern, delimiter);
+    const std::string query = mStrMod_GrepMBS_ReplaceAll(text, kFieldSeparatorPattern, delimiter);
     if (InStr(0, format, delimiter) == 0)
         return Format(CDbl(text), format);
 

@@ -5,8 +5,8 @@ namespace velmarin {
 
 namespace {
 
-/// Whether `capitals`, an upper-case form, stands at `pos` of `text`, case ignored. Returns the number of bytes of
-/// `text` that it takes, which need not be its own length, or 0.
+/// Matches `capitals`, an upper-case form, at `pos` of `text`, ignoring case. Returns the number of bytes of `text`
+/// that it takes, which may differ from its own length; 0 if it does not match.
 std::size_t matchLength(std::string_view text, std::size_t pos, std::string_view capitals) {
     std::size_t at = pos;
     for (std::size_t i = 0; i < capitals.size();) {
@@ -34,10 +34,10 @@ struct Match {
     std::size_t length = 0;
 };
 
-/// The first place at or after `pos` where `capitals`, an upper-case form that is not empty, stands in `text`.
+/// Finds the first match of `capitals`, a non-empty upper-case form, at or after `pos`.
 Match findIgnoringCase(std::string_view text, std::size_t pos, std::string_view capitals) {
     const char first = capitals[0];
-    // ASCII letters that are the capital of something beyond ASCII: I of dotless i, S of long s.
+    // Two ASCII letters are also capitals of letters outside ASCII: I of dotless i, S of long s.
     const bool asciiAlone = isAscii(first) && first != 'I' && first != 'S';
     while (pos < text.size()) {
         const char c = text[pos];

@@ -23,7 +23,7 @@ class Rows {
   public:
     explicit Rows(CaseRule caseRule) : table_{caseRule, {}} {}
 
-    /// A row for each character of `finds`, to the character at the same place of `replacements`.
+    /// One row per character of `finds`, replaced by the character at the same position in `replacements`.
     Rows& each(std::string_view finds, std::string_view replacements) {
         const std::vector<std::string> from = charactersOf(finds), to = charactersOf(replacements);
         for (std::size_t i = 0; i < from.size(); ++i)
@@ -31,7 +31,7 @@ class Rows {
         return *this;
     }
 
-    /// A row for each character of `finds`, all to the one text.
+    /// One row per character of `finds`, all replaced by the same text.
     Rows& all(std::string_view finds, std::string_view replacement) {
         for (std::string& find : charactersOf(finds))
             table_.rows.push_back({std::move(find), std::string(replacement)});
@@ -56,7 +56,7 @@ bool isAllAscii(std::string_view text) {
 std::string ConversionTable::apply(std::string_view text) const {
     std::string result(text);
     if (isAllAscii(text))
-        return result; // no row looks for ASCII
+        return result; // no row finds ASCII
     for (const ConversionRow& row : rows)
         result = caseRule == CaseRule::ByteExact ? ReplaceAllB(result, row.find, row.replacement)
                                                  : ReplaceAll(result, row.find, row.replacement);

@@ -6,7 +6,7 @@
 
 namespace velmarin {
 
-/// How a table looks for its texts.
+/// How a table finds its texts.
 enum class CaseRule { IgnoreCase, ByteExact };
 
 struct ConversionRow {
@@ -14,13 +14,13 @@ struct ConversionRow {
     std::string replacement;
 };
 
-/// Rows are applied in order, each over the whole string. No row looks for what another row of any table puts in, and
-/// each looks for one character, so that a single pass over the string may stand for the chain.
+/// Rows are applied in order, each to the whole string. Each row replaces a single character, and no row of any table
+/// finds what another one inserts, so a single pass over the string gives the same result.
 struct ConversionTable {
     CaseRule caseRule;
     std::vector<ConversionRow> rows;
 
-    /// The plain chain, row by row.
+    /// Applies the table row by row.
     std::string apply(std::string_view text) const;
 };
 
@@ -31,23 +31,23 @@ const ConversionTable& zenToHanNumTable();
 const ConversionTable& zenToHanSpaceTable();
 const ConversionTable& removeAccentTable();
 
-/// Katakana to hiragana. セ, ヮ, ヵ, ヶ, the long-vowel mark and half-width katakana have no row and stay.
+/// Katakana to hiragana. セ, ヮ, ヵ, ヶ, the long-vowel mark and half-width katakana have no row and stay unchanged.
 std::string mStrMod_ConvertKataToHira(std::string_view text);
-/// Full-width Latin letters to ASCII ones, the case kept.
+/// Full-width Latin letters to ASCII; keeps the case.
 std::string mStrMod_ZenToHan_Alph(std::string_view text);
-/// Full-width marks to ASCII ones; of the curly quotes only the closing ones, of the dashes only U+2212.
+/// Full-width marks to ASCII. Of the curly quotes only the closing ones, of the dashes only U+2212.
 std::string mStrMod_ZenToHan_Mark(std::string_view text);
-/// Full-width digits, comma and full stop to ASCII ones.
+/// Full-width digits, comma and full stop to ASCII.
 std::string mStrMod_ZenToHan_Num(std::string_view text);
 /// The ideographic space to a blank.
 std::string mStrMod_ZenToHan_Space(std::string_view text);
-/// Accents off the Latin letters of the table, the case kept; ß, æ and œ become two letters.
+/// Removes the accents of the Latin letters in the table and keeps the case; ß, æ and œ become two letters.
 std::string mStrMod_RemoveAccentFromLetters(std::string_view text);
 
-/// Text encodings known by name; empty until the module is opened.
+/// The names of the known text encodings. Empty until the module is opened.
 extern std::vector<std::string> pStrMod_Encodings;
 
-/// Makes `Grep` anew and fills `pStrMod_Encodings`. Nothing else of the folder waits for it.
+/// Resets `Grep` and fills `pStrMod_Encodings`. Nothing else in `text/` needs this call.
 void mStrMod_OpenThisModule();
 
 } // namespace velmarin

@@ -14,7 +14,7 @@ namespace velmarin {
 
 namespace {
 
-/// Length of the run of ASCII at the start of `text`.
+/// The length of the ASCII run at the start of `text`.
 std::size_t asciiPrefix(std::string_view text) {
     std::size_t i = 0;
     for (; i + sizeof(std::uint64_t) <= text.size(); i += sizeof(std::uint64_t)) {
@@ -28,7 +28,7 @@ std::size_t asciiPrefix(std::string_view text) {
     return i;
 }
 
-/// The bytes of a text's upper-case form, one after the other, without making it.
+/// Yields the bytes of a text's upper-case form one by one, without building it.
 class CapitalBytes {
   public:
     explicit CapitalBytes(std::string_view text) : text_(text) {}
@@ -70,19 +70,19 @@ int compareBeyondAscii(std::string_view a, std::string_view b) {
     }
 }
 
-/// Folds and composes one well-formed text.
-std::string foldComposition(std::string_view text) {
-    utf8proc_uint8_t* folded = nullptr;
-    const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE | UTF8PROC_CASEFOLD);
+/// Composes a well-formed text; `option` adds another operation.
+std::string compose(std::string_view text, utf8proc_option_t option) {
+    utf8proc_uint8_t* composed = nullptr;
+    const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE | option);
     const auto length = utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                     static_cast<utf8proc_ssize_t>(text.size()), &folded, options);
+                                     static_cast<utf8proc_ssize_t>(text.size()), &composed, options);
     if (length < 0)
         throw std::bad_alloc();
-    const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(folded, &std::free);
-    return {reinterpret_cast<const char*>(folded), static_cast<std::size_t>(length)};
+    const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(composed, &std::free);
+    return {reinterpret_cast<const char*>(composed), static_cast<std::size_t>(length)};
 }
 
-/// The end of the well-formed run of `text` that starts at `from`; `from` itself where its byte belongs to none.
+/// The end of the well-formed run of `text` that starts at `from`; `from` itself if its byte is not well-formed.
 std::size_t wellFormedEnd(std::string_view text, std::size_t from) {
     for (std::size_t pos = from;;) {
         pos += asciiPrefix(text.substr(pos));
@@ -93,6 +93,22 @@ std::size_t wellFormedEnd(std::string_view text, std::size_t from) {
             return pos;
         pos += unit.length;
     }
+}
+
+/// Builds a text from `text`: `append` adds a form of each well-formed run to the result, and other bytes are copied.
+template <class Append> std::string withRuns(std::string_view text, Append append) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t pos = 0; pos < text.size();) {
+        const std::size_t end = wellFormedEnd(text, pos);
+        if (end == pos) {
+            result += text[pos++];
+            continue;
+        }
+        append(result, text.substr(pos, end - pos));
+        pos = end;
+    }
+    return result;
 }
 
 } // namespace
@@ -140,24 +156,23 @@ bool ListingOrder::operator()(std::string_view a, std::string_view b) const {
 }
 
 std::string foldedFileName(std::string_view name) {
-    std::string result;
-    result.reserve(name.size());
-    for (std::size_t pos = 0; pos < name.size();) {
-        const std::size_t end = wellFormedEnd(name, pos);
-        if (end == pos) {
-            result += name[pos++];
-            continue;
-        }
-        const std::string_view run = name.substr(pos, end - pos);
+    return withRuns(name, [](std::string& result, std::string_view run) {
         if (asciiPrefix(run) == run.size()) {
             for (const char c : run)
                 result += c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
         } else {
-            result += foldComposition(run);
+            result += compose(run, UTF8PROC_CASEFOLD);
         }
-        pos = end;
-    }
-    return result;
+    });
+}
+
+std::string composedForm(std::string_view text) {
+    return withRuns(text, [](std::string& result, std::string_view run) {
+        if (asciiPrefix(run) == run.size())
+            result += run;
+        else
+            result += compose(run, {});
+    });
 }
 
 bool isValidUtf8(std::string_view text) {

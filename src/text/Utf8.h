@@ -6,18 +6,18 @@
 
 namespace velmarin {
 
-/// One step through a text that may hold bytes that are no UTF-8.
+/// One step through a text that may contain bytes that are not UTF-8.
 struct Utf8Unit {
-    /// A code point, or `invalidByteUnit + byte` for a byte that belongs to no well-formed sequence.
+    /// A code point, or `invalidByteUnit + byte` for a byte outside a well-formed sequence.
     char32_t value;
-    /// Bytes taken, 1 to 4; always 1 for such a byte.
+    /// The number of bytes, 1 to 4; 1 for such a byte.
     std::size_t length;
 };
 
 inline constexpr char32_t invalidByteUnit = 0x110000;
 
-/// The unit at `pos`, which lies inside `text`. Overlong forms, surrogates and values beyond U+10FFFF are not well
-/// formed (the table of well-formed byte sequences in the Unicode Standard, chapter 3).
+/// The unit at `pos`, which must be inside `text`. Overlong forms, surrogates and values above U+10FFFF are not
+/// well-formed (the table of well-formed byte sequences in the Unicode Standard, chapter 3).
 inline Utf8Unit decodeUtf8(std::string_view text, std::size_t pos) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[pos + i]); };
     const unsigned char lead = byte(0);
@@ -42,7 +42,7 @@ inline Utf8Unit decodeUtf8(std::string_view text, std::size_t pos) {
     return {value, length};
 }
 
-/// Writes the unit's bytes to `out`, which has room for 4, and returns their number.
+/// Writes the unit's bytes to `out`, which must have room for 4, and returns their number.
 inline std::size_t encodeUtf8(char32_t unit, char* out) {
     if (unit >= invalidByteUnit) {
         out[0] = static_cast<char>(unit - invalidByteUnit);
@@ -74,7 +74,7 @@ inline char asciiCapital(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 0x20) : c;
 }
 
-/// The capital of a unit; a byte that is no UTF-8 is its own.
+/// The capital of a unit. A byte that is not UTF-8 stays unchanged.
 char32_t capitalOf(char32_t unit);
 
 } // namespace velmarin

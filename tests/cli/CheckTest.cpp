@@ -30,6 +30,13 @@ DictionaryBuilder sound() {
     return DictionaryBuilder("D").entries({"alpha", "beta", "zzzz"});
 }
 
+std::string repeated(const std::string& text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
 struct CheckCase {
     const char* reason;
     DictionaryBuilder dictionary;
@@ -82,6 +89,8 @@ TEST(Check, SoundDictionariesGiveNoFinding) {
                                 "alpha\r\nbeta\rzzzz"),
           ""},
          {"EmptyLinesBehindTheImageIndex", sound().member("mImg/ImageIndex", "2\np1.bmp\np2.bmp\np3.bmp\n\n\n"), ""},
+         {"MarksWithoutAComposedForm", DictionaryBuilder("D").entries({"x\xCC\x84", "\xE2\x84\xAB", "\U0010FFFD"}), ""},
+         {"LongFormat", sound().member("Format", "000\ntrue\n" + std::string(70'000, 'x')), ""},
          {"Captions", sound().captions({{"p1.bmp", "1"}, {"p2.bmp", "2"}, {"p3.bmp", "2"}}), ""},
          {"ImageIndexThatIsNotLookedAt",
           sound().captions({{"p1.bmp", "1"}, {"p2.bmp", "2"}, {"p3.bmp", "3"}}).imageIndex({"none.bmp"}), ""}},
@@ -89,103 +98,114 @@ TEST(Check, SoundDictionariesGiveNoFinding) {
 }
 
 TEST(Check, HeadwordsAreHeldAgainstTheirOrder) {
-    checkRows({{"OutOfOrder", DictionaryBuilder("D").entries({"re-form", "Reclaim", "re-act", "Ébahi", "zz"}),
-                "D/ind\t3\tout of order: \"RE-ACT\" sorts before \"RECLAIM\" of line 2\n"
-                "D/ind\t4\tout of order: \"EBAHI\" sorts before \"RE-ACT\" of line 3\n"},
-               {"EmptyLineInTheMidst", DictionaryBuilder("D").entries({"a", "", "b", "zz"}),
-                "D/ind\t2\tout of order: \"\" sorts before \"A\" of line 1\n"},
-               {"OrderOfAnotherMode", DictionaryBuilder("D").entries({"chico", "cuz", "zz"}).spanish(),
-                "D/ind\t2\tout of order: \"CUZ\" sorts before \"CƩICO\" of line 1\n"},
-               {"NoClosingEntry", DictionaryBuilder("D").entries({"a", "zygote"}),
-                "D/ind\t2\tno closing entry: the last one, \"ZYGOTE\", is never shown; one that sorts after all "
-                "others should follow it\n"},
-               {"SingleLetterClosesNothing", DictionaryBuilder("D").entries({"a", "z"}),
-                "D/ind\t2\tno closing entry: the last one, \"Z\", is never shown; one that sorts after all others "
-                "should follow it\n"},
-               {"NoEntries", sound().member("ind", "").member("txt", ""), "D/ind\t\thas no entries\n"},
-               {"NotUtf8", sound().member("ind", "alph\xE9\nbeta\nzzzz\n"), "D/ind\t1\tis not UTF-8 from byte 5 on\n"}},
-              1);
+    checkRows(
+        {{"OutOfOrder", DictionaryBuilder("D").entries({"re-form", "Reclaim", "re-act", "Ébahi", "zz"}),
+          "D/ind\t3\tout of order: \"RE-ACT\" sorts before \"RECLAIM\" of line 2\n"
+          "D/ind\t4\tout of order: \"EBAHI\" sorts before \"RE-ACT\" of line 3\n"},
+         {"EmptyLineInTheMidst", DictionaryBuilder("D").entries({"a", "", "b", "zz"}),
+          "D/ind\t2\tout of order: \"\" sorts before \"A\" of line 1\n"},
+         {"OrderOfAnotherMode", DictionaryBuilder("D").entries({"chico", "cuz", "zz"}).spanish(),
+          "D/ind\t2\tout of order: \"CUZ\" sorts before \"CƩICO\" of line 1\n"},
+         {"NoClosingEntry", DictionaryBuilder("D").entries({"a", "zygote"}),
+          "D/ind\t2\tno closing entry: the last one, \"ZYGOTE\", is never shown; one that sorts after all "
+          "others should follow it\n"},
+         {"SingleLetterClosesNothing", DictionaryBuilder("D").entries({"a", "z"}),
+          "D/ind\t2\tno closing entry: the last one, \"Z\", is never shown; one that sorts after all others "
+          "should follow it\n"},
+         {"NoEntries", sound().member("ind", "").member("txt", ""), "D/ind\t\thas no entries\n"},
+         {"Decomposed", DictionaryBuilder("D").entries({"cafe\xCC\x81__DLM__e\xCC\x81", "d__DLM__e\xCC\x81", "zz"}),
+          "D/ind\t1\tis in decomposed Unicode (NFD): input in composed form (NFC), as most keyboards give it, "
+          "does not find it\n"},
+         {"NotUtf8", sound().member("ind", "alph\xE9\nbeta\nzzzz\n"), "D/ind\t1\tis not UTF-8 from byte 5 on\n"}},
+        1);
 }
 
 TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
-    checkRows({{"TxtIsShorter", sound().member("txt", "<@_p1.bmp_>\n<@_p2.bmp_>\n"),
-                "D/ind\t3\tno line of txt belongs to this entry: unequal lengths (ind has 3, txt 2)\n"},
-               {"TxtIsLonger", sound().member("txt", "<@_p1.bmp_>\n<@_p2.bmp_>\n<@_p3.bmp_>\n\n<@_p3.bmp_>\n"),
-                "D/txt\t4\tnames no page\n"
-                "D/txt\t4\tno entry belongs to this line: unequal lengths (ind has 3, txt 5)\n"},
-               {"LineWithoutAPage", DictionaryBuilder("D").entry("a", "", {"e.bmp"}).entry("zz", "p1.bmp"),
-                "D/txt\t1\tnames no page\n"},
-               {"LastLineNeedsItsPageWhereNothingCloses", DictionaryBuilder("D").entry("a", "p1.bmp").entry("b", ""),
-                "D/ind\t2\tno closing entry: the last one, \"B\", is never shown; one that sorts after all others "
-                "should follow it\n"
-                "D/txt\t2\tnames no page\n"},
-               {"PageWithoutAFileIsToldOnce",
-                DictionaryBuilder("D")
-                    .entry("a", "p1.bmp")
-                    .entry("b", "gone.bmp")
-                    .entry("c", "gone.bmp")
-                    .entry("zz", "gone.bmp")
-                    .without("mImg/gone.bmp")
-                    .imageIndex({"p1.bmp"}),
-                "D/txt\t2\tnames \"gone.bmp\", and there is no such file in mImg; 2 more lines name it\n"},
-               {"NameThatNoFileCanHave",
-                DictionaryBuilder("D")
-                    .entry("a", "p1.bmp")
-                    .entry("b", "../ind")
-                    .entry("zz", "..")
-                    .without("mImg/../ind")
-                    .without("mImg/..")
-                    .member("ind", "a\nb\nzz\n")
-                    .imageIndex({"p1.bmp"}),
-                "D/txt\t2\tnames \"../ind\", and there is no such file in mImg\n"
-                "D/txt\t3\tnames \"..\", and there is no such file in mImg\n"},
-               {"ErrataWithoutAFile",
-                DictionaryBuilder("D")
-                    .entry("a", "p1.bmp", {"e1.bmp", "e2.bmp"})
-                    .entry("zz", "p1.bmp", {"e2.bmp"})
-                    .without("mPimg/e2.bmp"),
-                "D/txt\t1\tnames \"e2.bmp\", and there is no such file in mPimg; one more line names it\n"},
-               {"ErrataWithoutAFolder",
-                DictionaryBuilder("D").entry("a", "p1.bmp", {"e1.bmp"}).entry("zz", "p1.bmp").without("mPimg"),
-                "D/txt\t1\tnames \"e1.bmp\", and there is no such file in mPimg\n"},
-               {"FolderIsNoPage",
-                DictionaryBuilder("D")
-                    .entry("a", "p1.bmp")
-                    .entry("zz", "p2.bmp")
-                    .without("mImg/p2.bmp")
-                    .imageIndex({"p1.bmp"})
-                    .member("mImg/p2.bmp/x", ""),
-                "D/txt\t2\tnames \"p2.bmp\", and there is no such file in mImg\n"},
-               {"PageOutsideTheImageIndex", sound().imageIndex({"p1.bmp", "p3.bmp"}),
-                "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"},
-               {"PageThatNoImageIndexWillHold",
-                DictionaryBuilder("D").entry("a", "p1.bmp").entry("zz", "p2.scan").without("mImg/ImageIndex"),
-                "D/txt\t2\tnames \"p2.scan\", which is not in the page list that will be made of the pictures: "
-                "stepping goes on from the first page\n"},
-               {"NotUtf8", sound().member("txt", "<@_p1.bmp_>\n\xFF <@_p2.bmp_>\n<@_p3.bmp_>\n"),
-                "D/txt\t2\tis not UTF-8 from byte 1 on\n"}},
-              1);
+    checkRows(
+        {{"TxtIsShorter", sound().member("txt", "<@_p1.bmp_>\n<@_p2.bmp_>\n"),
+          "D/ind\t3\tno line of txt belongs to this entry: different lengths (ind has 3, txt 2)\n"},
+         {"TxtIsLonger", sound().member("txt", "<@_p1.bmp_>\n<@_p2.bmp_>\n<@_p3.bmp_>\n\n<@_p3.bmp_>\n"),
+          "D/txt\t4\tnames no page\n"
+          "D/txt\t4\tno entry belongs to this line: different lengths (ind has 3, txt 5)\n"},
+         {"LineWithoutAPage", DictionaryBuilder("D").entry("a", "", {"e.bmp"}).entry("zz", "p1.bmp"),
+          "D/txt\t1\tnames no page\n"},
+         {"LastLineNeedsItsPageWhereNothingCloses", DictionaryBuilder("D").entry("a", "p1.bmp").entry("b", ""),
+          "D/ind\t2\tno closing entry: the last one, \"B\", is never shown; one that sorts after all others "
+          "should follow it\n"
+          "D/txt\t2\tnames no page\n"},
+         {"PageWithoutAFileIsToldOnce",
+          DictionaryBuilder("D")
+              .entry("a", "p1.bmp")
+              .entry("b", "gone.bmp")
+              .entry("c", "gone.bmp")
+              .entry("zz", "gone.bmp")
+              .without("mImg/gone.bmp")
+              .imageIndex({"p1.bmp"}),
+          "D/txt\t2\tnames \"gone.bmp\", which is not in mImg; 2 more lines name it\n"},
+         {"NameThatNoFileCanHave",
+          DictionaryBuilder("D")
+              .entry("a", "p1.bmp")
+              .entry("b", "../ind")
+              .entry("zz", "..")
+              .without("mImg/../ind")
+              .without("mImg/..")
+              .member("ind", "a\nb\nzz\n")
+              .imageIndex({"p1.bmp"}),
+          "D/txt\t2\tnames \"../ind\", which is not in mImg\n"
+          "D/txt\t3\tnames \"..\", which is not in mImg\n"},
+         {"ErrataWithoutAFile",
+          DictionaryBuilder("D")
+              .entry("a", "p1.bmp", {"e1.bmp", "e2.bmp"})
+              .entry("zz", "p1.bmp", {"e2.bmp"})
+              .without("mPimg/e2.bmp"),
+          "D/txt\t1\tnames \"e2.bmp\", which is not in mPimg; one more line names it\n"},
+         {"ErrataWithoutAFolder",
+          DictionaryBuilder("D").entry("a", "p1.bmp", {"e1.bmp"}).entry("zz", "p1.bmp").without("mPimg"),
+          "D/txt\t1\tnames \"e1.bmp\", which is not in mPimg\n"},
+         {"FolderIsNoPage",
+          DictionaryBuilder("D")
+              .entry("a", "p1.bmp")
+              .entry("zz", "p2.bmp")
+              .without("mImg/p2.bmp")
+              .imageIndex({"p1.bmp"})
+              .member("mImg/p2.bmp/x", ""),
+          "D/txt\t2\tnames \"p2.bmp\", which is not in mImg\n"},
+         {"PageOutsideTheImageIndex", sound().imageIndex({"p1.bmp", "p3.bmp"}),
+          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex: stepping continues from the first page\n"},
+         {"PageThatNoImageIndexWillHold",
+          DictionaryBuilder("D").entry("a", "p1.bmp").entry("zz", "p2.scan").without("mImg/ImageIndex"),
+          "D/txt\t2\tnames \"p2.scan\", which is not in the page list that is made from the pictures: "
+          "stepping continues from the first page\n"},
+         {"LineThatIsNotReadToItsEnd",
+          sound().member("txt", "<@_p1.bmp_>" + std::string(1 << 24, 'x') + "<^_e.bmp_>\n<@_p2.bmp_>\n<@_p3.bmp_>\n"),
+          "D/txt\t1\tis 16 MiB long or longer; only the first 16 MiB are read\n"},
+         {"NotUtf8", sound().member("txt", "<@_p1.bmp_>\n\xFF <@_p2.bmp_>\n<@_p3.bmp_>\n"),
+          "D/txt\t2\tis not UTF-8 from byte 1 on\n"}},
+        1);
 }
 
 TEST(Check, ImageIndexIsHeldAgainstItsCountAndTheFiles) {
     checkRows(
         {{"CountOfPagesInPlaceOfTheLast", sound().member("mImg/ImageIndex", "3\np1.bmp\np2.bmp\np3.bmp\n"),
           "D/mImg/ImageIndex\t1\tthe count is \"3\"; it should be 2, the number of pages less one\n"},
+         {"MorePagesThanAreUsed",
+          sound().member("mImg/ImageIndex", "200000\n" + repeated("p1.bmp\n", 199'999) + "p2.bmp\np3.bmp\n"),
+          "D/mImg/ImageIndex\t\thas 200001 pages; only the first 200000 are used\n"},
          {"CountIsMissing", sound().member("mImg/ImageIndex", "p1.bmp\np2.bmp\np3.bmp\n"),
-          "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"
-          "D/mImg/ImageIndex\t1\t\"p1.bmp\" is no number; it should be 1, the number of pages less one\n"},
+          "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
+          "D/mImg/ImageIndex\t1\t\"p1.bmp\" is not a number; it should be 1, the number of pages less one\n"},
          {"EmptyNameAndANameWithoutAFile", sound().member("mImg/ImageIndex", "4\np1.bmp\n\np2.bmp\np3.bmp\np4.bmp\n"),
           "D/mImg/ImageIndex\t3\tnames no page\n"
-          "D/mImg/ImageIndex\t6\tnames \"p4.bmp\", and there is no such file in mImg\n"},
+          "D/mImg/ImageIndex\t6\tnames \"p4.bmp\", which is not in mImg\n"},
          {"NoPages", sound().member("mImg/ImageIndex", "2\n"),
-          "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"
-          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"
-          "D/txt\t3\tnames \"p3.bmp\", which is not in ImageIndex: stepping goes on from the first page\n"
+          "D/txt\t1\tnames \"p1.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
+          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
+          "D/txt\t3\tnames \"p3.bmp\", which is not in ImageIndex: stepping continues from the first page\n"
           "D/mImg/ImageIndex\t1\tlists no pages\n"},
          {"CaptionsPartedByBlanks", sound().member("mImg/ImageIndex2", "2\np1.bmp\t1\np2.bmp 2\np3.bmp\t3\n"),
-          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex2: stepping goes on from the first page\n"
-          "D/mImg/ImageIndex2\t3\thas no caption: the name and the caption are parted by a TAB\n"
-          "D/mImg/ImageIndex2\t3\tnames \"p2.bmp 2\", and there is no such file in mImg\n"},
+          "D/txt\t2\tnames \"p2.bmp\", which is not in ImageIndex2: stepping continues from the first page\n"
+          "D/mImg/ImageIndex2\t3\thas no caption: a TAB separates name and caption\n"
+          "D/mImg/ImageIndex2\t3\tnames \"p2.bmp 2\", which is not in mImg\n"},
          {"NotUtf8", sound().captions({{"p1.bmp", "\xFC"}, {"p2.bmp", "2"}, {"p3.bmp", "3"}}),
           "D/mImg/ImageIndex2\t2\tis not UTF-8 from byte 8 on\n"}},
         1);
@@ -211,19 +231,21 @@ TEST(Check, PicturesAreDecodedOnceEach) {
 }
 
 TEST(Check, MembersAreHeldAgainstWhatADictionaryNeeds) {
-    checkRows(
-        {{"NoMark", sound().without("FW"), "D/FW\t\tis missing: no group shows the dictionary\n"},
-         {"MarkAlone", DictionaryBuilder("D").without("ind").without("txt").without("mImg"),
-          "D/ind\t\tis missing\nD/txt\t\tis missing\nD/mImg\t\tis missing\n"},
-         {"FileInPlaceOfAFolder", sound().without("mImg").member("MIMG", ""), "D/MIMG\t\tis no folder\n"},
-         {"FolderInPlaceOfAFile", sound().without("ind").member("ind/x", ""), "D/ind\t\tis no file that can be read\n"},
-         {"NoPicture",
-          DictionaryBuilder("D").member("ind", "a\nzz\n").member("txt", "<@_p_>\n\n").without("mImg/ImageIndex"),
-          "D/mImg\t\tholds no picture and no image index\n"
-          "D/txt\t1\tnames \"p\", and there is no such file in mImg\n"},
-         {"FormatThatIsNotUtf8", sound().member("Format", "000\n\xFF\n"),
-          "D/Format\t2\tis not UTF-8 from byte 1 on\n"}},
-        1);
+    checkRows({{"NoMark", sound().without("FW"), "D/FW\t\tis missing: groups do not show the dictionary\n"},
+               {"MarkAlone", DictionaryBuilder("D").without("ind").without("txt").without("mImg"),
+                "D/ind\t\tis missing\nD/txt\t\tis missing\nD/mImg\t\tis missing\n"},
+               {"FileInPlaceOfAFolder", sound().without("mImg").member("MIMG", ""), "D/MIMG\t\tis not a folder\n"},
+               {"FolderInPlaceOfAFile", sound().without("ind").member("ind/x", ""),
+                "D/ind\t\tis not a file that can be read\n"},
+               {"NoPicture",
+                DictionaryBuilder("D").member("ind", "a\nzz\n").member("txt", "<@_p_>\n\n").without("mImg/ImageIndex"),
+                "D/mImg\t\thas neither a picture nor an image index\n"
+                "D/txt\t1\tnames \"p\", which is not in mImg\n"},
+               {"FormatThatIsNotReadToItsEnd", sound().member("Format", "000\n" + std::string(1 << 16, ' ') + "\n"),
+                "D/Format\t2\tgoes beyond 64 KiB; only the first 64 KiB are read\n"},
+               {"FormatThatIsNotUtf8", sound().member("Format", "000\n\xFF\n"),
+                "D/Format\t2\tis not UTF-8 from byte 1 on\n"}},
+              1);
 }
 
 TEST(CheckCommand, MembersThatAreNoFilesOrHaveNoEndAreToldAndHoldNothingUp) {
@@ -232,8 +254,8 @@ TEST(CheckCommand, MembersThatAreNoFilesOrHaveNoEndAreToldAndHoldNothingUp) {
     ASSERT_EQ(::mkfifo((own / "txt").c_str(), 0600), 0);
     fs::resize_file(own / "ind", std::uintmax_t{1} << 40);
     const CliRun run = check(folder, {"D"});
-    EXPECT_EQ(run.out, "D/ind\t\tis longer than 256 megabytes, which is more than is read\n"
-                       "D/txt\t\tis no file that can be read\n");
+    EXPECT_EQ(run.out, "D/ind\t\tis longer than 256 MiB, and is not read\n"
+                       "D/txt\t\tis not a file that can be read\n");
     EXPECT_EQ(run.status, 1);
 }
 
@@ -242,7 +264,7 @@ TEST(CheckCommand, PicturesAreLeftAloneOnRequest) {
     sound().picture("p1.bmp", "BM").writeTo(folder.path());
     EXPECT_EQ(check(folder, {"D"}).status, 1);
     const CliRun run = check(folder, {"--no-images", "D"});
-    EXPECT_EQ(run.out + run.err, "");
+    EXPECT_EQ(run.out + run.err, "No problems in 1 dictionary.\n");
     EXPECT_EQ(run.status, 0);
 }
 
@@ -258,8 +280,34 @@ TEST(CheckCommand, GroupIsCheckedDictionaryByDictionary) {
     const CliRun run = check(folder, {"G"});
     EXPECT_EQ(run.out, "G/A/ind\t2\tout of order: \"Y\" sorts before \"Z\" of line 1\n"
                        "G/B/ind\t2\tout of order: \"A\" sorts before \"B\" of line 1\n"
-                       "G/C/FW\t\tis missing: no group shows the dictionary\n");
+                       "G/C/FW\t\tis missing: groups do not show the dictionary\n");
     EXPECT_EQ(run.status, 1);
+}
+
+TEST(CheckCommand, DictionaryCalledAsAMemberMakesNoDictionaryOfItsGroup) {
+    const TempFolder folder;
+    for (const char* name : {"ind", "mImg", "FW"})
+        DictionaryBuilder(name).entries({"a", "zz"}).writeTo(folder.path() / "G");
+    fs::create_directories(folder.path() / "G/UserDictionaries/ind");
+    const CliRun run = check(folder, {"G"});
+    EXPECT_EQ(run.out + run.err, "No problems in 3 dictionaries.\n");
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST(CheckCommand, WhatIsNoDictionaryIsPassedOverUnlessNothingElseIsNamed) {
+    const TempFolder folder;
+    const fs::path group = GroupBuilder("G").dictionary(sound()).preferences("G\t0\t\n").writeTo(folder.path());
+    fs::create_directories(group / "UserDictionaries/ind");
+    const std::string notes = "G/UserDictionaries: neither a dictionary nor a group that holds one";
+    const CliRun some = check(folder, {"G/D", "G/DictionaryPreferences.txt", "G/UserDictionaries", "G"});
+    EXPECT_EQ(some.out, "No problems in 1 dictionary.\n");
+    EXPECT_EQ(some.err, "velmarin-cli: G/DictionaryPreferences.txt: neither a dictionary nor a group that holds one, "
+                        "passed over\nvelmarin-cli: " +
+                            notes + ", passed over\n");
+    EXPECT_EQ(some.status, 0);
+    const CliRun none = check(folder, {"G/UserDictionaries"});
+    EXPECT_EQ(none.out + none.err, "velmarin-cli: " + notes + "\n");
+    EXPECT_EQ(none.status, 2);
 }
 
 TEST(CheckCommand, ArgumentThatCannotBeCheckedDoesNotStopTheOthers) {

@@ -69,12 +69,21 @@ TEST_F(MaintenanceCommands, ExportCopiesManyAndReplacesOnlyWhenToldTo) {
     EXPECT_EQ(folder_.read("Out/Latin/ind"), "more");
 }
 
+TEST_F(MaintenanceCommands, ExportPassesOverWhatIsNoDictionaryUnlessNothingElseIsNamed) {
+    folder_.write("DF/A/DictionaryPreferences.txt", "");
+    folder_.write("DF/A/Latin/FW", "");
+    EXPECT_EQ(run({"export", at("DF/A/DictionaryPreferences.txt"), at("DF/A/Latin"), at("Out")}),
+              "0\nvelmarin-cli: DF/A/DictionaryPreferences.txt: not a dictionary, passed over\nexported\tOut/Latin\n");
+    EXPECT_EQ(run({"export", at("DF/A/DictionaryPreferences.txt"), at("Out")}),
+              "2\nvelmarin-cli: DF/A/DictionaryPreferences.txt: This is not a Dictionary !\n");
+}
+
 TEST_F(MaintenanceCommands, OneThatFailsStopsNoOther) {
     makeFifo(at("new/Webster/pipe"));
     folder_.write("DF/A/Latin/FW", "");
     EXPECT_EQ(run({"export", at("missing"), at("DF"), at("new/Webster"), at("DF/A/Latin"), at("Out")}),
               "2\nvelmarin-cli: missing: No such file or directory\n"
-              "velmarin-cli: DF: This is not a Dictionary !\n"
+              "velmarin-cli: DF: not a dictionary, passed over\n"
               "velmarin-cli: new/Webster/pipe: it is neither a file nor a folder, and was left out\n"
               "exported\tOut/Webster\nexported\tOut/Latin\n");
 }
@@ -91,7 +100,7 @@ TEST_F(MaintenanceCommands, WrongFoldersAreToldAndNothingIsDone) {
                  {{"install", at("new/Webster"), at("new/Webster")}, "a folder cannot be copied into itself"},
                  {{"update", at("new/Webster"), at("nothing"), at("Out")}, "nothing: No such file or directory"},
                  {{"export", at("new/Webster"), at("new/Webster/FW")}, "FW: Not a directory"},
-                 {{"export", "", at("Out")}, "an empty name is no folder"},
+                 {{"export", "", at("Out")}, "an empty name is not a folder"},
                  {{"export", at("Out")}, "--help"},
                  {{"install", at("new/Webster")}, "--help"}};
     for (const auto& each : cases) {

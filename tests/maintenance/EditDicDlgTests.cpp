@@ -119,10 +119,13 @@ TEST_F(EditDicDialog, NothingIsSavedByAnyOtherWayOut) {
     }
 }
 
-TEST_F(EditDicDialog, GoesWithTheGroupOfItsWindow) {
-    maintenance_.windowLeftGroup(0);
-    EXPECT_NE(shown(kDialog), nullptr);
-    maintenance_.windowLeftGroup(1);
+TEST_F(EditDicDialog, SavesToItsGroupWhenTheWindowHasNone) {
+    list()->setCurrentIndex(list()->model()->index(0, 0));
+    QTest::keyClick(list(), Qt::Key_Down, Qt::AltModifier);
+    windows_.anyGroup = false;
+    click(button("SaveBT"));
+    EXPECT_EQ(windows_.newDicPref, (Rows{"Old ones", "b", "a", "c", "d"}));
+    EXPECT_EQ(windows_.told, (Rows{"pNewDicPref", "close page image window", "write and pick 1 /dictionaries/group"}));
     EXPECT_EQ(shown(kDialog), nullptr);
 }
 

@@ -33,7 +33,7 @@ class ExpDicDialog : public DialogTest {
                           list()->item(row, 1)->text().toStdString());
         return all;
     }
-    void tickByMouse(int row) const {
+    void checkByMouse(int row) const {
         const QRect cell = list()->visualItemRect(list()->item(row, 0));
         QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, QPoint(cell.left() + 10, cell.center().y()));
     }
@@ -51,7 +51,7 @@ class ExpDicDialog : public DialogTest {
     }
 };
 
-TEST_F(ExpDicDialog, ListsEveryDictionaryOnceAndUnticked) {
+TEST_F(ExpDicDialog, ListsEveryDictionaryOnceAndUnchecked) {
     maintenance_.mExportDic();
     ASSERT_NE(shown(kDialog), nullptr);
     EXPECT_EQ(rows(), (std::vector<std::string>{"-Latin", "-No mark", "-Spanish", "-Webster"}));
@@ -68,9 +68,9 @@ TEST_F(ExpDicDialog, ListsEveryDictionaryOnceAndUnticked) {
     EXPECT_TRUE(host_.messages.empty());
 }
 
-TEST_F(ExpDicDialog, RowsAreTickedByMouseKeyAndMenu) {
+TEST_F(ExpDicDialog, RowsAreCheckedByMouseKeyAndMenu) {
     maintenance_.mExportDic();
-    tickByMouse(1);
+    checkByMouse(1);
     EXPECT_EQ(rows(), (std::vector<std::string>{"-Latin", "+No mark", "-Spanish", "-Webster"}));
     list()->setFocus();
     QTest::keyClick(list(), Qt::Key_Down);
@@ -84,12 +84,12 @@ TEST_F(ExpDicDialog, RowsAreTickedByMouseKeyAndMenu) {
     EXPECT_EQ(rows(), (std::vector<std::string>{"-Latin", "-No mark", "-Spanish", "-Webster"}));
     click(OKBT());
     EXPECT_NE(shown(kDialog), nullptr);
-    EXPECT_TRUE(host_.messages.empty()) << "nothing is ticked";
+    EXPECT_TRUE(host_.messages.empty()) << "nothing is checked";
 }
 
 TEST_F(ExpDicDialog, WithoutAFolderItStaysForAnotherAttempt) {
     maintenance_.mExportDic();
-    tickByMouse(0);
+    checkByMouse(0);
     click(OKBT());
     EXPECT_EQ(host_.messages, std::vector<std::string>{"Select a folder to put in the exported dictionaries."});
     ASSERT_NE(shown(kDialog), nullptr);
@@ -97,7 +97,7 @@ TEST_F(ExpDicDialog, WithoutAFolderItStaysForAnotherAttempt) {
     EXPECT_EQ(rows()[0], "+Latin");
 }
 
-TEST_F(ExpDicDialog, ExportsWhatIsTickedAndOpensTheFolder) {
+TEST_F(ExpDicDialog, ExportsWhatIsCheckedAndOpensTheFolder) {
     makeLink(at("DF/A/Latin/mImg"), at("DF/A/Webster"));
     folder_.write("Out/Latin/FW", "replaced");
     folder_.write("Out/Webster/FW", "kept");
@@ -131,6 +131,17 @@ TEST_F(ExpDicDialog, ExportsWhatIsTickedAndOpensTheFolder) {
     EXPECT_FALSE(fs::exists(at("Out/No mark")));
     EXPECT_EQ(host_.launched, std::vector<fs::path>{at("Out")});
     EXPECT_EQ(host_.messages.size(), 1U) << "all went well";
+}
+
+TEST_F(ExpDicDialog, AFolderThatCannotBeOpenedIsTold) {
+    host_.folders = {at("Out")};
+    host_.launches = false;
+    maintenance_.mExportDic();
+    pickCheck(0);
+    click(OKBT());
+    ASSERT_EQ(host_.messages.size(), 2U);
+    EXPECT_EQ(host_.messages[1], "The folder could not be opened: " + at("Out").native());
+    EXPECT_EQ(shown(kDialog), nullptr);
 }
 
 TEST_F(ExpDicDialog, FailuresAreToldOnceAndStopNoOther) {

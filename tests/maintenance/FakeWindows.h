@@ -15,6 +15,7 @@ class FakeWindows : public WindowsLink {
     int windows = 2;
     std::vector<std::string> names;
     std::string groupName;
+    bool anyGroup = true;
 
     std::vector<std::string> told;
     std::vector<std::string> newDicPref;
@@ -26,12 +27,16 @@ class FakeWindows : public WindowsLink {
     QWidget* frontWindow() const override { return nullptr; }
     void prepare(QWidget* /*window*/) override {}
     int windowCount() const override { return windows; }
-    void startAnew(int window) override { told.push_back("start anew " + std::to_string(window)); }
+    void resetToNoGroup(int window) override { told.push_back("reset " + std::to_string(window)); }
     std::vector<std::string> dictionaryNames(int /*window*/) const override { return names; }
     std::string pDicGroupName(int /*window*/) const override { return groupName; }
     void setNewDicPref(std::vector<std::string> lines) override {
         told.emplace_back("pNewDicPref");
         newDicPref = std::move(lines);
+    }
+    bool hasGroup(int /*window*/) const override { return anyGroup; }
+    void writeOrderAndPick(int window, const FolderItem& group) override {
+        told.push_back("write and pick " + std::to_string(window) + " " + group.path().native());
     }
     void closePageImageWindow() override { told.emplace_back("close page image window"); }
     void mWritePreferences_DicGroup(int window) override { told.push_back("write " + std::to_string(window)); }

@@ -18,7 +18,7 @@ class InstallDialogs : public DialogTest {
     }
 };
 
-TEST_F(InstallDialogs, WhatIsNoDictionaryIsRefused) {
+TEST_F(InstallDialogs, WhatIsNotADictionaryIsRefused) {
     fs::create_directories(at("empty"));
     makeLink(at("link"), at("new/Webster"));
     for (const char* chosen : {"empty", "link", "new/Webster/ind", "missing"}) {
@@ -54,7 +54,7 @@ TEST_F(InstallDialogs, AnUpdateSaysNothingAndTellsNoWindow) {
     EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-1/ind"), "old index too");
 }
 
-TEST_F(InstallDialogs, ANewDictionaryGoesWhereTheUserSaysAndEveryWindowStartsAnew) {
+TEST_F(InstallDialogs, ANewDictionaryGoesWhereTheUserSaysAndEveryWindowIsReset) {
     fs::create_directory(at("DF/A"));
     host_.folders = {at("new/Webster"), at("DF/A")};
 
@@ -72,7 +72,7 @@ TEST_F(InstallDialogs, ANewDictionaryGoesWhereTheUserSaysAndEveryWindowStartsAne
                                 "group, make a new folder on the dialog.");
     EXPECT_EQ(host_.openedAt[1], at("DF"));
     EXPECT_EQ(treeOf(at("DF/A/Webster")), treeOf(at("new/Webster")));
-    EXPECT_EQ(windows_.told, (std::vector<std::string>{"start anew 0", "start anew 1"}));
+    EXPECT_EQ(windows_.told, (std::vector<std::string>{"reset 0", "reset 1"}));
     EXPECT_FALSE(fs::exists(at("Desktop")));
 }
 

@@ -1,6 +1,7 @@
 #include "Trees.h"
 #include "maintenance/Update.h"
 #include "support/TempFolder.h"
+#include "text/StringRules.h"
 
 #include <gtest/gtest.h>
 
@@ -142,17 +143,26 @@ TEST_F(Update, AMemberThatCannotBeCopiedStaysOldAndStopsNoOther) {
     EXPECT_EQ(folder_.read("DF/A/Webster/mImg/p1.tif"), "new page");
 }
 
-TEST_F(Update, ABackupNameThatIsTooLongLeavesThatCopyAlone) {
-    const std::string name(250, 'w');
-    folder_.write("new/" + name + "/ind", "new");
-    folder_.write("DF/A/" + name + "/ind", "old");
-    const auto found = installedCopies(FolderItem(at("DF")), name);
-    ASSERT_EQ(found.size(), 1U);
-    const Record record = updateDictionary(FolderItem(at("new/" + name)), found, FolderItem(at("Desktop")));
-    ASSERT_EQ(record.failures.size(), 1U);
-    EXPECT_EQ(record.failures[0].item, found[0]);
-    EXPECT_NE(record.failures[0].reason.find("too long"), std::string::npos) << record.failures[0].reason;
-    EXPECT_EQ(folder_.read("DF/A/" + name + "/ind"), "old");
+TEST_F(Update, ADictionaryOfTheLongestNameIsUpdatedAgainAndAgain) {
+    const std::string withAnExtension = "w." + std::string(253, 'w');
+    const std::string beyondAscii = std::string(240, 'w') + "\u3042\u3042\u3042\u3042\u3042";
+    for (const std::string& name : {std::string(243, 'w'), withAnExtension, beyondAscii}) {
+        folder_.write("DF/A/" + name + "/ind", "version 0");
+        for (const char* version : {"version 1", "version 2", "version 3"}) {
+            folder_.write("new/" + name + "/ind", version);
+            const auto found = installedCopies(FolderItem(at("DF")), name);
+            ASSERT_EQ(found.size(), 1U);
+            const Record record = updateDictionary(FolderItem(at("new/" + name)), found, FolderItem(at("Desktop")));
+            EXPECT_EQ(failureMessage(record), "");
+            EXPECT_EQ(folder_.read("DF/A/" + name + "/ind"), version);
+        }
+    }
+    std::size_t backups = 0;
+    for (const auto& entry : fs::directory_iterator(at("Desktop"))) {
+        EXPECT_TRUE(isValidUtf8(entry.path().filename().native())) << entry.path();
+        ++backups;
+    }
+    EXPECT_EQ(backups, 9U);
 }
 
 TEST_F(Update, TheChosenFolderItselfIsLeftAloneAndTheOtherCopiesAreUpdated) {

@@ -5,6 +5,7 @@
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
+#include "maintenance/EditDicDlg.h"
 #include "shell/GroupPicker.h"
 #include "shell/SideLink.h"
 #include "side/SubWindow.h"
@@ -126,22 +127,58 @@ TEST(WindowsInFront, TakeOnlyTheCommandsOfTheApplication) {
     EXPECT_EQ(run.app().MainWinList().size(), 2U);
 }
 
+/// Opens the order editor for the window, types "New" as the group's name and returns the button that saves.
+QPushButton* editOrder(Started& run) {
+    run.app().ActiveMainWin = &run.window();
+    run.app().handle("SpecialChangedictionaryorder", 0);
+    auto* editor = openWindow<EditDicDlg>();
+    if (editor == nullptr)
+        throw std::runtime_error("the order editor did not open");
+    editor->findChild<QLineEdit*>("EF")->setText("New");
+    return editor->findChild<QPushButton*>("SaveBT");
+}
+
 TEST(OrderEditor, SavesTheNewOrderAndTheWindowFollowsAtOnce) {
     Started run;
     run.group(fruitGroup("G", 2).preferences("Old\t0\t\nA\t2\nB\t2\n")).start();
-    run.app().ActiveMainWin = &run.window();
-    run.app().handle("SpecialChangedictionaryorder", 0);
-    QWidget* editor = nullptr;
-    for (QWidget* widget : QApplication::topLevelWidgets())
-        if (widget->findChild<QPushButton*>("SaveBT") != nullptr && widget->isVisible())
-            editor = widget;
-    ASSERT_NE(editor, nullptr);
-    editor->findChild<QLineEdit*>("EF")->setText("New");
-    QTest::mouseClick(editor->findChild<QPushButton*>("SaveBT"), Qt::LeftButton);
+    QTest::mouseClick(editOrder(run), Qt::LeftButton);
     QApplication::processEvents();
     EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), "New\nA\nB\n");
     EXPECT_EQ(run.window().title(), "New");
     EXPECT_EQ(run.window().state().pDictionaryItem.size(), 2U);
+}
+
+TEST(OrderEditor, StaysOpenAndSavesWhenItsWindowLosesTheGroup) {
+    const struct {
+        const char* how;
+        std::function<void(Started&)> lose;
+        std::size_t shown; ///< dictionaries in the window after saving
+    } cases[] = {
+        {"an install", [](Started& run) { MaintenanceLink(run.app()).resetToNoGroup(0); }, 2},
+        {"an install, and another window took the group",
+         [](Started& run) {
+             MaintenanceLink(run.app()).resetToNoGroup(0);
+             run.app().handle("Cons_FileNew", 0);
+             run.pick("G", 1);
+         },
+         0},
+        {"the window was closed", [](Started& run) { run.window().close(); }, 0},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.how);
+        Started run;
+        run.group(fruitGroup("G", 2).preferences("Old\t0\t\nA\t2\nB\t2\n")).group(fruitGroup("H", 1)).start();
+        run.pick("G");
+        QPushButton* save = editOrder(run);
+        each.lose(run);
+        QApplication::processEvents();
+        ASSERT_NE(openWindow<EditDicDlg>(), nullptr);
+        QTest::mouseClick(save, Qt::LeftButton);
+        QApplication::processEvents();
+        EXPECT_EQ(openWindow<EditDicDlg>(), nullptr);
+        EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), "New\nA\nB\n");
+        EXPECT_EQ(run.window().state().pDictionaryItem.size(), each.shown);
+    }
 }
 
 TEST(OrderEditor, DoesNothingWithoutAPickedGroup) {
@@ -153,13 +190,13 @@ TEST(OrderEditor, DoesNothingWithoutAPickedGroup) {
         EXPECT_EQ(widget->findChild<QPushButton*>("SaveBT"), nullptr);
 }
 
-TEST(AfterAnInstall, EveryWindowStartsAnewAndItsGroupCanBePickedAgain) {
+TEST(AfterAnInstall, EveryWindowIsResetAndItsGroupCanBePickedAgain) {
     Started run;
     run.group(fruitGroup("G", 2)).start();
     run.search("banana");
     run.files().write("DictionaryFolder/G/DictionaryPreferences.txt", "G\t0\t\nB\t2\nA\t0\n");
     MaintenanceLink link(run.app());
-    link.startAnew(0);
+    link.resetToNoGroup(0);
     EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "");
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1);
     EXPECT_EQ(run.imageName(0), "");

@@ -72,16 +72,16 @@ TEST_F(GrepTest, FindTakesTheNameOutOfAMarker) {
         {"cut character before the closing sign", "<@_\xE3\x83_> \xFF", "\xE3\x83"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(mStrMod_GrepMBS_Find(0, row.text, pageMarkerPattern), row.name) << row.reason;
+        EXPECT_EQ(mStrMod_GrepMBS_Find(0, row.text, kPageMarkerPattern), row.name) << row.reason;
     EXPECT_EQ(mStrMod_GrepMBS_Find(0, "abc", "b"), "") << "no group";
 }
 
 TEST_F(GrepTest, ReplaceTakesOneMarkerAPass) {
     std::string text = "<^_a_>x<@_p_><^_b_>\r\n<^_c_>";
     std::vector<std::string> names;
-    while (mStrMod_GrepMBS_Search(0, text, errataMarkerPattern) != 0) {
-        names.push_back(mStrMod_GrepMBS_Find(0, text, errataMarkerPattern));
-        text = mStrMod_GrepMBS_Replace(text, errataMarkerPattern, "");
+    while (mStrMod_GrepMBS_Search(0, text, kErrataMarkerPattern) != 0) {
+        names.push_back(mStrMod_GrepMBS_Find(0, text, kErrataMarkerPattern));
+        text = mStrMod_GrepMBS_Replace(text, kErrataMarkerPattern, "");
     }
     EXPECT_EQ(names, (std::vector<std::string>{"a", "b", "c"}));
     EXPECT_EQ(text, "x<@_p_>\n");
@@ -120,14 +120,14 @@ TEST_F(GrepTest, ABadPatternIsToldAndFindsNothing) {
 
 TEST_F(GrepTest, FoundStrIsTheLastMatchOfGrepAlone) {
     EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "");
-    mStrMod_GrepMBS_Search(0, "000-00", fieldSeparatorPattern);
-    mStrMod_GrepMBS_ReplaceAll("a.b", fieldSeparatorPattern, "");
+    mStrMod_GrepMBS_Search(0, "000-00", kFieldSeparatorPattern);
+    mStrMod_GrepMBS_ReplaceAll("a.b", kFieldSeparatorPattern, "");
     EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "-");
-    mStrMod_GrepMBS_Find(0, "x<@_a_>", pageMarkerPattern);
+    mStrMod_GrepMBS_Find(0, "x<@_a_>", kPageMarkerPattern);
     EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "<@_a_>");
-    mStrMod_GrepMBS_Search(0, "000", fieldSeparatorPattern);
+    mStrMod_GrepMBS_Search(0, "000", kFieldSeparatorPattern);
     EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "") << "a miss leaves no match behind";
-    mStrMod_GrepMBS_Search(0, "000-00", fieldSeparatorPattern);
+    mStrMod_GrepMBS_Search(0, "000-00", kFieldSeparatorPattern);
     mStrMod_GrepMBS_Search(0, "000-00", "(");
     EXPECT_EQ(mStrMod_GrepMBS_FoundStr(), "") << "nor does a bad pattern";
 }
@@ -137,8 +137,8 @@ TEST_F(GrepTest, LongTextsAreSearchedToTheirEnd) {
     for (std::size_t i = 0; i < text.size(); i += 100)
         text[i] = '<';
     text += "<@_a_>";
-    EXPECT_EQ(mStrMod_GrepMBS_Find(0, text, pageMarkerPattern), "a");
-    EXPECT_EQ(mStrMod_GrepMBS_Find(0, "\xFF" + text, pageMarkerPattern), "a");
+    EXPECT_EQ(mStrMod_GrepMBS_Find(0, text, kPageMarkerPattern), "a");
+    EXPECT_EQ(mStrMod_GrepMBS_Find(0, "\xFF" + text, kPageMarkerPattern), "a");
     EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(text, "[^\\w]", "").size(), text.size() - 30'003);
 }
 
@@ -146,8 +146,8 @@ TEST_F(GrepTest, EndlessTryingEndsAsNoMatch) {
     std::string markers;
     while (markers.size() < 1'000'000)
         markers += "<@_";
-    EXPECT_EQ(mStrMod_GrepMBS_Search(0, markers, pageMarkerPattern), 0);
-    EXPECT_EQ(mStrMod_GrepMBS_Replace(markers, pageMarkerPattern, ""), markers);
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, markers, kPageMarkerPattern), 0);
+    EXPECT_EQ(mStrMod_GrepMBS_Replace(markers, kPageMarkerPattern, ""), markers);
     const std::string run(40, 'a');
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, run + "b", "(a+)+$"), 0);
     EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(run + "b", "(a+)+$", ""), run + "b");

@@ -129,6 +129,8 @@ TEST(SearchWordOfAQuery, TakesTheModeLast) {
         {"Spanish wins", order(true, true), "jch", "Jc\u0283", "JCH"},
         {"full width is folded before the mode", order(false, true), "Ｊ", "I", "J"},
         {"number", order(false, false, "000"), "7", "007", "007"},
+        {"negative number", order(false, false, "000"), "-7", "-007", "-007"},
+        {"negative number in fields", order(false, false, "000-00"), "-7", "-07", "-07"},
         {"nought is a word", order(false, false, "000"), "0", "0", "0"},
         {"no number", order(false, false, "000-00"), "a-3", "A-3", "A-3"},
         {"full-width digits are a word", order(false, false, "000"), "７", "7", "7"},

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <chrono>
 
 namespace velmarin {
 
@@ -12,35 +13,87 @@ namespace {
 
 constexpr int thickness = 12;
 
+constexpr std::chrono::milliseconds kStep{40};
+/// Steps in which the running piece crosses the bar once.
+constexpr int kStepsAcross = 40;
+/// Length of the running piece, as a share of the bar.
+constexpr double kRunningPiece = 0.25;
+
 } // namespace
 
 ProgressBar::ProgressBar(Qt::Orientation orientation, QWidget* parent) : QProgressBar(parent) {
     setOrientation(orientation);
     setTextVisible(false);
-    tellBase();
+    step_.setObjectName(QStringLiteral("step"));
+    step_.setInterval(kStep);
+    connect(&step_, &QTimer::timeout, this, [this] {
+        stepsDone_ = (stepsDone_ + 1) % kStepsAcross;
+        repaint();
+    });
+    refresh();
 }
 
 void ProgressBar::setMaximum(int maximum) {
     maximum_ = std::max(0, maximum);
     value_ = std::min(value_, maximum_);
-    tellBase();
-    repaint();
+    full_ = false;
+    refresh();
 }
 
 void ProgressBar::setValue(int value) {
     value_ = std::clamp(value, 0, maximum_);
-    tellBase();
+    refresh();
+}
+
+void ProgressBar::showFull() {
+    value_ = maximum_;
+    full_ = true;
+    refresh();
+}
+
+void ProgressBar::refresh() {
+    // Screen readers ask the base class, where a range of 0 to 0 means that the end is unknown.
+    setRange(0, full_ ? std::max(1, maximum_) : maximum_);
+    QProgressBar::setValue(full_ ? maximum() : value_);
+    runWhileVisible();
     repaint();
 }
 
-void ProgressBar::tellBase() {
-    // The base class is what screen readers ask; a range of nothing would mean to it that the end is unknown.
-    setRange(0, std::max(1, maximum_));
-    QProgressBar::setValue(value_);
+void ProgressBar::runWhileVisible() {
+    const bool runs = endIsUnknown() && isVisible();
+    if (runs == step_.isActive())
+        return;
+    stepsDone_ = 0;
+    if (runs)
+        step_.start();
+    else
+        step_.stop();
+}
+
+void ProgressBar::showEvent(QShowEvent* event) {
+    QProgressBar::showEvent(event);
+    runWhileVisible();
+}
+
+void ProgressBar::hideEvent(QHideEvent* event) {
+    QProgressBar::hideEvent(event);
+    runWhileVisible();
 }
 
 QSize ProgressBar::sizeHint() const {
     return orientation() == Qt::Vertical ? QSize(thickness, 10 * thickness) : QSize(10 * thickness, thickness);
+}
+
+QRect ProgressBar::runningPiece(const QRect& bar) const {
+    const bool vertical = orientation() == Qt::Vertical;
+    const int whole = vertical ? bar.height() : bar.width();
+    const int piece = qRound(kRunningPiece * whole);
+    // It comes in at one end and leaves at the other.
+    const int end = qRound((stepsDone_ + 1.0) / (kStepsAcross + 1) * (whole + piece));
+    const int from = std::max(0, end - piece);
+    const int length = std::min(end, whole) - from;
+    return vertical ? QRect(bar.left(), bar.bottom() + 1 - from - length, bar.width(), length)
+                    : QRect(bar.left() + from, bar.top(), length, bar.height());
 }
 
 void ProgressBar::paintEvent(QPaintEvent*) {
@@ -51,11 +104,15 @@ void ProgressBar::paintEvent(QPaintEvent*) {
     painter.fillRect(whole, palette().color(QPalette::Mid));
     QRect bar = whole.adjusted(line, line, -line, -line);
     painter.fillRect(bar, palette().color(QPalette::Base));
-    const double share = maximum_ > 0 ? static_cast<double>(value_) / maximum_ : 0.0;
-    if (orientation() == Qt::Vertical)
-        bar.setTop(bar.bottom() + 1 - qRound(share * bar.height()));
-    else
-        bar.setWidth(qRound(share * bar.width()));
+    if (endIsUnknown()) {
+        bar = runningPiece(bar);
+    } else {
+        const double share = full_ ? 1.0 : static_cast<double>(value_) / maximum_;
+        if (orientation() == Qt::Vertical)
+            bar.setTop(bar.bottom() + 1 - qRound(share * bar.height()));
+        else
+            bar.setWidth(qRound(share * bar.width()));
+    }
     painter.fillRect(bar, palette().color(QPalette::Highlight));
 }
 

@@ -1,6 +1,7 @@
 #include "side/TextArea.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QMimeData>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -107,6 +108,19 @@ void TextArea::scrollToLineOf(int position) {
     cursor.setPosition(held(position));
     const int top = verticalScrollBar()->value() + cursorRect(cursor).top();
     verticalScrollBar()->setValue(top <= document()->documentMargin() ? 0 : top);
+}
+
+bool TextArea::canInsertFromMimeData(const QMimeData* source) const {
+    return source != nullptr && !source->text().isEmpty();
+}
+
+void TextArea::insertFromMimeData(const QMimeData* source) {
+    if (!canInsertFromMimeData(source))
+        return;
+    QTextCursor cursor = textCursor();
+    cursor.insertText(source->text(), QTextCharFormat());
+    setTextCursor(cursor);
+    ensureCursorVisible();
 }
 
 void TextArea::paintEvent(QPaintEvent* event) {

@@ -42,6 +42,10 @@ class TextArea : public QTextEdit {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    /// Pasting and dropping take plain text alone: Qt 6.4 ends the program on an offer without any format, which is
+    /// what an empty clipboard makes.
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
 
   private:
     int held(int position) const;

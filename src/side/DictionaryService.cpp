@@ -2,7 +2,6 @@
 
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
-#include "side/EntryText.h"
 #include "store/TextFile.h"
 #include "text/StringRules.h"
 #include "text/Utf8.h"
@@ -73,13 +72,14 @@ std::string answerOf(const FolderItem& folder, const std::string& stem, std::str
     };
     std::string entries;
     for (const DictdPlace& place : places) {
-        // The blanks before a first line are its indentation.
+        // Verses, tables and drawings depend on their line breaks and blanks, and those before the first line are its
+        // indentation: only empty lines around an entry go.
         const std::string text = entry(place);
         const std::size_t begin = text.find_first_not_of("\r\n");
         if (trimmed(text).empty() || entries.size() > DictionaryService::kLongestAnswer)
             continue;
         entries += "\n\n";
-        entries += unwrapped(std::string_view(text).substr(begin, text.find_last_not_of(kBlanks) + 1 - begin));
+        entries += text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
     }
     if (entries.empty())
         return {};

@@ -17,9 +17,10 @@ class DictionaryService {
     explicit DictionaryService(FolderItem folder = FolderItem(std::filesystem::path(kDictdFolder)))
         : folder_(std::move(folder)) {}
 
-    /// What the dictionaries say of a stretch of `text`, which starts at the character `start` (from 0) and has
-    /// `length` characters: all that know it, in the order of their file names, each under its own name. Empty where
-    /// none does. Valid UTF-8; what a damaged dictionary cannot give is left out.
+    /// The definitions of a stretch of `text`, which starts at the character `start` (from 0) and has `length`
+    /// characters, from all dictionaries that know it, in the order of their file names, each under its own name. Empty
+    /// if none does. Lines and blanks are those of the dictionary. Valid UTF-8; what cannot be read in a damaged
+    /// dictionary is left out.
     std::string TextDefinition(std::string_view text, int start, int length) const;
 
     static constexpr std::size_t kLongestAnswer = std::size_t{1} << 23;

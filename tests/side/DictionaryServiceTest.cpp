@@ -101,6 +101,18 @@ TEST(ServiceText, OfAnOldDictionaryIsReadAsLatin1) {
     EXPECT_EQ(service.TextDefinition("CAFÉ", 0, 4), "old\n\ncafé bar");
 }
 
+TEST(ServiceText, KeepsTheLinesAndBlanksOfTheDictionary) {
+    const std::string verse = "   A line that is as long as the longest line of the whole entry, so\n"
+                              "   that its next word begins another\n\n\n"
+                              "      O    o\t|\n"
+                              "  |\\__/";
+    const TempFolder folder;
+    DictdFixture().entry("amo", "\r\n\n" + verse + " \n\n").entry("amor", "a\r\nb\r\n").writeTo(folder, "d");
+    const DictionaryService service(FolderItem(folder.path()));
+    EXPECT_EQ(service.TextDefinition("amo", 0, 3), "d\n\n" + verse);
+    EXPECT_EQ(service.TextDefinition("amor", 0, 4), "d\n\na\r\nb");
+}
+
 struct DamageCase {
     const char* name;
     void (*damage)(const TempFolder&);

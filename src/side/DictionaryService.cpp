@@ -90,7 +90,8 @@ std::string answerOf(const FolderItem& folder, const std::string& stem, std::str
 
 } // namespace
 
-std::string DictionaryService::TextDefinition(std::string_view text, int start, int length) const {
+std::string DictionaryService::TextDefinition(std::string_view text, int start, int length,
+                                              const std::function<void()>& yield) const {
     const std::string_view word = characters(text, start, length);
     std::string answer;
     if (word.empty())
@@ -101,6 +102,8 @@ std::string DictionaryService::TextDefinition(std::string_view text, int start, 
         const std::string found = answerOf(folder_, name.substr(0, name.size() - kIndexEnd.size()), word);
         if (!found.empty())
             answer += (answer.empty() ? "" : "\n\n\n") + found;
+        if (yield)
+            yield();
     }
     return toValidUtf8(answer);
 }

@@ -140,7 +140,7 @@ void SubWindow::lookUp(bool alsoMainWindow) {
     const int start = EF_->textLength();
     if (DicAppCB_->isChecked())
         lookUpService(word);
-    if (LatinCB_->isChecked())
+    if (LatinCB_->isChecked() && !shut_)
         mLatinWORDS(utf8);
     if (UserDicCB_->isChecked() && !shut_)
         mSearchUserDictionary(utf8);
@@ -148,10 +148,14 @@ void SubWindow::lookUp(bool alsoMainWindow) {
 }
 
 void SubWindow::lookUpService(const QString& word) {
+    const std::string utf8 = fromQ(word);
+    const std::string answer = services_.dictionaries.TextDefinition(utf8, 0, static_cast<int>(word.size()),
+                                                                     [this] { services_.host.Yield(); });
+    if (shut_)
+        return;
+    // Only now: the user may have typed into the text meanwhile.
     const int end = EF_->textLength();
     EF_->select(end, 0);
-    const std::string utf8 = fromQ(word);
-    const std::string answer = services_.dictionaries.TextDefinition(utf8, 0, static_cast<int>(word.size()));
     EF_->setSelText(toQ(serviceBlock(utf8, answer)));
     EF_->scrollToLineOf(end);
 }

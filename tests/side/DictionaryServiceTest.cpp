@@ -85,6 +85,15 @@ INSTANTIATE_TEST_SUITE_P(
                     AnswerCase{"FlagsAreNoWords", "00databaseutf8", ""}, AnswerCase{"InvalidUtf8", "\xFF\xC3", ""}),
     [](const auto& tested) { return tested.param.name; });
 
+TEST(ServiceAnswer, LetsEventsRunAfterEachDictionary) {
+    const TempFolder folder;
+    webster().writeTo(folder, "web");
+    latin().writeTo(folder, "lat");
+    int yields = 0;
+    DictionaryService(FolderItem(folder.path())).TextDefinition("amo", 0, 3, [&] { ++yields; });
+    EXPECT_EQ(yields, 2) << "also after one that does not know the word";
+}
+
 TEST(ServiceStretch, IsCountedInCharacters) {
     const TempFolder folder;
     latin().writeTo(folder, "lat");

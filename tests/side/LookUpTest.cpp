@@ -96,6 +96,20 @@ TEST(LookUp, InTheUserDictionaryAloneWritesAtTheInsertionPoint) {
     EXPECT_EQ(fixture.text(), std::string("before") + kUserBlock + "after");
 }
 
+TEST(LookUp, InTheServiceWritesAtTheEndWhateverIsTypedMeanwhile) {
+    SideFixture fixture;
+    fixture.open();
+    fixture.side().findBar().setTarget(FindTarget::DicApp);
+    fixture.host.onYield = [&] {
+        EXPECT_TRUE(fixture.busy.busy());
+        fixture.EF().select(0, 0);
+        QTest::keyClicks(&fixture.EF(), "xy");
+        fixture.EF().select(0, 0);
+    };
+    fixture.ask("amor");
+    EXPECT_EQ(fixture.text(), std::string("xy") + kAmorBlock);
+}
+
 TEST(LookUp, ShowsUserHitsInTheirStyles) {
     SideFixture fixture;
     fixture.addUserDictionary("Mine", "amo__NUM__2\tto__BR__love\tnever shown\na__BR__b\nAMO\tx\n");

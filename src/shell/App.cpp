@@ -181,7 +181,7 @@ void App::FileQuit_Action(int) {
 }
 
 void App::quit() {
-    busy_.whenFree([this] {
+    busy_.whenStopped([this] {
         pageImages_.close();
         for (const auto& window : windows_)
             window->close();

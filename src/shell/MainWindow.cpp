@@ -306,7 +306,7 @@ void MainWindow::mUpDown(int direction, int tab) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (app_.busy().busy()) {
         event->ignore();
-        app_.busy().whenFree([this] { close(); });
+        app_.busy().whenStopped([this] { close(); });
         return;
     }
     Event_CancelClose();

@@ -161,22 +161,28 @@ void SubWindow::lookUpService(const QString& word) {
 }
 
 bool SubWindow::mLatinWORDS(std::string_view word) {
+    return askWords(word) == WordsRun::Answered;
+}
+
+SubWindow::WordsRun SubWindow::askWords(std::string_view word) {
     const Running running(*this);
     notice_->begin();
     const ScriptResult result = runWords(
         services_.preferencesFolder, word,
         [this] {
             services_.host.Yield();
-            return notice_->goOn() && !shut_;
+            return notice_->goOn() && !shut_ && !services_.busy.stopWanted();
         },
         services_.wordsFolder);
     notice_->end();
+    if (result.end == ScriptResult::End::Stopped)
+        return WordsRun::Stopped;
     if (!result.ok())
-        return false;
+        return WordsRun::Failed;
     const int end = EF_->textLength();
     EF_->setWholeText(EF_->Text() + toQ(wordsBlock(result.output)));
     EF_->scrollToLineOf(end);
-    return true;
+    return WordsRun::Answered;
 }
 
 void SubWindow::mSearchUserDictionary(std::string_view word) {
@@ -226,16 +232,17 @@ void SubWindow::LatinCB_Action() {
         return;
     }
     const Running running(*this);
-    bool answered = false;
+    WordsRun run{};
     {
         const Busy guard(services_.busy);
-        answered = mLatinWORDS("");
+        run = askWords("");
     }
-    if (answered || shut_)
+    if (run == WordsRun::Answered || shut_)
         return;
-    // There is no address to open for either answer.
-    services_.host.askYesNo("To use this function, you have to install Words made by Mr. Ansel Corrigan. Do you want "
-                            "to go to his home page ?\r");
+    if (run == WordsRun::Failed)
+        // There is no address to open for either answer.
+        services_.host.askYesNo("To use this function, you have to install Words made by Mr. Ansel Corrigan. Do you "
+                                "want to go to his home page ?\r");
     LatinCB_->setChecked(false);
 }
 

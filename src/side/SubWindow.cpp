@@ -156,6 +156,8 @@ void SubWindow::lookUpService(const QString& word) {
     // Only now: the user may have typed into the text meanwhile.
     const int end = EF_->textLength();
     EF_->select(end, 0);
+    // A hit at the end of the text is painted, and the answer is not part of it.
+    EF_->clearSelTextColor();
     EF_->setSelText(toQ(serviceBlock(utf8, answer)));
     EF_->scrollToLineOf(end);
 }

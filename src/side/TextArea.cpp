@@ -65,6 +65,12 @@ void TextArea::setSelTextColor(const QColor& colour) {
     mergeStyle(style);
 }
 
+void TextArea::clearSelTextColor() {
+    QTextCharFormat style = currentCharFormat();
+    style.clearForeground();
+    setCurrentCharFormat(style);
+}
+
 double TextArea::SelTextSize() const {
     const double own = currentCharFormat().fontPointSize();
     if (own > 0)

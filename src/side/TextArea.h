@@ -27,6 +27,8 @@ class TextArea : public QTextEdit {
 
     QColor SelTextColor() const;
     void setSelTextColor(const QColor& colour);
+    /// Gives the selection, or what is inserted next, the colour of plain text.
+    void clearSelTextColor();
     /// In points.
     double SelTextSize() const;
     void setSelTextSize(double points);

@@ -327,7 +327,8 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::Event_Activate() {
-    queryBar_->SearchEF()->setFocus();
+    // For any other reason the field of another window that has had the focus would drop its selection.
+    queryBar_->SearchEF()->setFocus(Qt::ActiveWindowFocusReason);
     app_.ActiveMainWin = this;
 }
 

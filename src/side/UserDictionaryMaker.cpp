@@ -64,19 +64,29 @@ void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink&
     if (source.empty())
         return;
     host.MsgBox(kAskForFolder);
-    const std::filesystem::path folder = host.SelectFolder(kAskForFolder);
-    if (folder.empty())
+    const std::filesystem::path chosen =
+        host.SelectFolder(kAskForFolder, dictionaries.path(), Host::FolderChoice::MayBeNew);
+    if (chosen.empty())
         return;
+    const FolderItem folder(chosen);
+    const bool isNew = !folder.Exists();
+    if (isNew && !folder.CreateAsFolder()) {
+        host.MsgBox("The folder " + chosen.native() + " could not be made.");
+        return;
+    }
 
     BuildResult result;
     {
         const Busy guard(busy);
         ShownInMainWindow progress(mainWindow, host);
-        result = buildUserDictionary(FolderItem(source), FolderItem(folder), progress);
+        result = buildUserDictionary(FolderItem(source), folder, progress);
         if (result.ok)
             progress.done();
     }
     if (!result.ok) {
+        std::error_code ignored;
+        if (isNew)
+            std::filesystem::remove(chosen, ignored);
         host.MsgBox(result.reason);
         return;
     }

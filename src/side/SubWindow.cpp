@@ -307,7 +307,7 @@ void SubWindow::closeEvent(QCloseEvent* event) {
 
 void SubWindow::Event_Close() {
     SubwindowSettings settings;
-    settings.width = width();
+    settings.width = hanging_->width();
     settings.fontRow = BVfonts_->MenuValue();
     settings.sizeRow = BVsize_->MenuValue();
     settings.DicAppCB = DicAppCB_->isChecked();

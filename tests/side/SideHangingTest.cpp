@@ -84,6 +84,18 @@ TEST(SideHangsAsWindow, IsMadeWiderAtItsFreeEdge) {
     EXPECT_EQ(side.width(), 350);
 }
 
+TEST(SideHangsAsWindow, KeepsTheWidthThatWasAskedForWhenTheDesktopRoundsIt) {
+    for (const auto& [given, kept] : {std::pair{399, "400\n"}, std::pair{401, "400\n"}, std::pair{390, "390\n"}}) {
+        SideFixture fixture;
+        fixture.groupFolder.write("Subwindow", "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
+        SubWindow& side = fixture.open();
+        side.resize(given, side.height());
+        fixture.main.frame.move(40, 20);
+        side.shut();
+        EXPECT_EQ(fixture.groupFolder.read("Subwindow").substr(0, 4), kept) << given;
+    }
+}
+
 TEST(SideHangsAsPanel, StandsInsideTheMainWindow) {
     SideFixture fixture;
     fixture.groupFolder.write("Subwindow", "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");

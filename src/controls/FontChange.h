@@ -21,13 +21,14 @@ struct FontChange {
 ///     pop-up menu    QComboBox                              the control
 ///     list box       QAbstractItemView                      the control
 ///     edit field     QTextEdit held to one block of text    the selection if `styled`, else the control
-///     text area      any other QTextEdit                    the control, then the selection; where nothing is
-///     selected,
+///     text area      any other QTextEdit                    the control, then the selection; if nothing is selected,
 ///                                                           all of the text, which stays selected
 ///     text field     QLineEdit                              the control
 ///     text edit      QPlainTextEdit                         the control
 ///     static text    QLabel                                 the control
 ///     bevel button   BevelButton                            the control
+///
+/// A text goes on showing the line that was the first visible one.
 void applyFontChange(QWidget* target, const FontChange& style, bool styled);
 
 } // namespace velmarin

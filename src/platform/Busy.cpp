@@ -17,6 +17,14 @@ void BusyState::whenFree(Action action) {
         postNext();
 }
 
+void BusyState::whenStopped(Action action) {
+    ++stopsWaiting_;
+    whenFree([this, action = std::move(action)] {
+        --stopsWaiting_;
+        action();
+    });
+}
+
 std::shared_ptr<void> BusyState::onChange(Listener listener) {
     auto kept = std::make_shared<Listener>(std::move(listener));
     listeners_.push_back(kept);

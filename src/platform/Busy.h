@@ -30,6 +30,11 @@ class BusyState {
     /// put it off, so it must look whether what it works on is still there.
     void whenFree(Action action);
 
+    /// Like whenFree, for an action that closes a window or ends the run. While it waits, `stopWanted()` is true.
+    void whenStopped(Action action);
+    /// Work that may never end by itself, such as waiting for another program, gives up as soon as this is true.
+    bool stopWanted() const { return stopsWaiting_ > 0; }
+
     /// `listener` is told true as the first guard begins and false as the last one ends, until the returned handle is
     /// dropped. It must not throw.
     [[nodiscard]] std::shared_ptr<void> onChange(Listener listener);
@@ -45,6 +50,7 @@ class BusyState {
 
     Post post_;
     int guards_ = 0;
+    int stopsWaiting_ = 0;
     bool posted_ = false;
     std::deque<Action> waiting_;
     std::vector<std::weak_ptr<Listener>> listeners_;

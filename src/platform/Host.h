@@ -25,9 +25,12 @@ class Host {
     virtual bool AsyncCommandKey() = 0;
     virtual bool AsyncOptionKey() = 0;
 
-    /// A folder chosen by the user; empty where the dialog was cancelled. The dialog opens at `openAt`, or where the
-    /// last one was left.
-    virtual std::filesystem::path SelectFolder(std::string_view prompt, const std::filesystem::path& openAt = {}) = 0;
+    enum class FolderChoice { Existing, MayBeNew };
+    /// A folder chosen by the user; empty if the dialog was cancelled. The dialog opens at `openAt`, or where the last
+    /// one was left. With `MayBeNew` the user may also name a folder that does not exist yet inside one that does, and
+    /// the caller makes it.
+    virtual std::filesystem::path SelectFolder(std::string_view prompt, const std::filesystem::path& openAt = {},
+                                               FolderChoice choice = FolderChoice::Existing) = 0;
     /// A file chosen by the user among those with the given extensions (".txt", none: all); empty where cancelled.
     virtual std::filesystem::path GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) = 0;
 

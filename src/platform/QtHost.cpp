@@ -1,5 +1,6 @@
 #include "platform/QtHost.h"
 
+#include "platform/FolderDialog.h"
 #include "platform/QtText.h"
 
 #include <QApplication>
@@ -92,13 +93,19 @@ bool QtHost::AsyncOptionKey() {
     return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::AltModifier);
 }
 
-std::filesystem::path QtHost::SelectFolder(std::string_view prompt, const std::filesystem::path& openAt) {
-    const QString chosen =
-        QFileDialog::getExistingDirectory(dialogParent(), toQ(prompt), pathToQ(openAt.empty() ? lastFolder_ : openAt));
+std::filesystem::path QtHost::SelectFolder(std::string_view prompt, const std::filesystem::path& openAt,
+                                           FolderChoice choice) {
+    // The dialog may be deleted with its parent while it is up, which counts as a cancel.
+    const QPointer<FolderDialog> dialog =
+        new FolderDialog(shownText(prompt), pathToQ(openAt.empty() ? lastFolder_ : openAt), choice, dialogParent());
+    const QString chosen = dialog->choose();
+    delete dialog;
     if (chosen.isEmpty())
         return {};
-    lastFolder_ = pathFromQ(chosen);
-    return lastFolder_;
+    const std::filesystem::path folder = pathFromQ(chosen);
+    std::error_code error;
+    lastFolder_ = std::filesystem::exists(folder, error) ? folder : folder.parent_path();
+    return folder;
 }
 
 std::filesystem::path QtHost::GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) {

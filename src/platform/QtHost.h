@@ -24,7 +24,8 @@ class QtHost : public Host {
     bool AsyncCommandKey() override;
     bool AsyncOptionKey() override;
 
-    std::filesystem::path SelectFolder(std::string_view prompt, const std::filesystem::path& openAt = {}) override;
+    std::filesystem::path SelectFolder(std::string_view prompt, const std::filesystem::path& openAt = {},
+                                       FolderChoice choice = FolderChoice::Existing) override;
     std::filesystem::path GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) override;
 
     /// False as well where `item` does not exist, whatever the desktop would make of that.

@@ -38,9 +38,11 @@ bool ScriptedHost::AsyncOptionKey() {
     return takeFirst(option.next, option.held);
 }
 
-std::filesystem::path ScriptedHost::SelectFolder(std::string_view prompt, const std::filesystem::path& openAt) {
+std::filesystem::path ScriptedHost::SelectFolder(std::string_view prompt, const std::filesystem::path& openAt,
+                                                 FolderChoice choice) {
     prompts.emplace_back(prompt);
     openedAt.push_back(openAt);
+    folderChoices.push_back(choice);
     return takeFirst(folders, {});
 }
 

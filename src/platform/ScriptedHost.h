@@ -30,6 +30,7 @@ class ScriptedHost : public Host {
     std::vector<std::string> questions;
     std::vector<std::string> prompts;            ///< of both kinds of dialogs
     std::vector<std::filesystem::path> openedAt; ///< of the folder dialogs
+    std::vector<FolderChoice> folderChoices;     ///< of the folder dialogs
     std::vector<std::vector<std::string>> askedExtensions;
     std::vector<std::filesystem::path> launched;
     int yields = 0;
@@ -39,7 +40,8 @@ class ScriptedHost : public Host {
     bool AsyncShiftKey() override;
     bool AsyncCommandKey() override;
     bool AsyncOptionKey() override;
-    std::filesystem::path SelectFolder(std::string_view prompt, const std::filesystem::path& openAt = {}) override;
+    std::filesystem::path SelectFolder(std::string_view prompt, const std::filesystem::path& openAt = {},
+                                       FolderChoice choice = FolderChoice::Existing) override;
     std::filesystem::path GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) override;
     bool Launch(const std::filesystem::path& item) override;
     void Yield() override;

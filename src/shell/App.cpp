@@ -1,7 +1,6 @@
 #include "shell/App.h"
 
 #include "platform/EventLoopPost.h"
-#include "shell/EditCommands.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
 #include "store/Fi_Module.h"
@@ -121,7 +120,7 @@ void App::setWinItemText(int index, const std::string& text) {
 }
 
 bool App::handles(std::string_view command) const {
-    if (isEditCommand(command))
+    if (EditCommands::handles(command))
         return true;
     for (const AppCommand& each : kCommands)
         if (each.name == command)
@@ -130,8 +129,8 @@ bool App::handles(std::string_view command) const {
 }
 
 bool App::handle(std::string_view command, int index) {
-    if (isEditCommand(command)) {
-        runEditCommand(command);
+    if (EditCommands::handles(command)) {
+        editCommands_.run(command);
         return true;
     }
     for (const AppCommand& each : kCommands)
@@ -181,7 +180,7 @@ void App::FileQuit_Action(int) {
 }
 
 void App::quit() {
-    busy_.whenFree([this] {
+    busy_.whenStopped([this] {
         pageImages_.close();
         for (const auto& window : windows_)
             window->close();

@@ -4,6 +4,7 @@
 #include "platform/Busy.h"
 #include "platform/Host.h"
 #include "search/GroupPicks.h"
+#include "shell/EditCommands.h"
 #include "shell/MaintenanceLink.h"
 #include "shell/MenuTree.h"
 #include "shell/PageImages.h"
@@ -83,6 +84,7 @@ class App : public QObject {
     std::string version_;
     BusyState busy_;
     PreferenceWriter preferences_;
+    EditCommands editCommands_;
     PageImages pageImages_;
     MaintenanceLink maintenanceLink_;
     Maintenance maintenance_;

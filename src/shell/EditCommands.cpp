@@ -1,7 +1,11 @@
 #include "shell/EditCommands.h"
 
 #include <QApplication>
+#include <QCursor>
+#include <QEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTextEdit>
 
 #include <algorithm>
@@ -33,20 +37,46 @@ const EditCommand* find(std::string_view name) {
     return found == kCommands.end() ? nullptr : found;
 }
 
+bool isOfMenus(const QObject* object) {
+    return qobject_cast<const QMenuBar*>(object) != nullptr || qobject_cast<const QMenu*>(object) != nullptr;
+}
+
 } // namespace
 
-bool isEditCommand(std::string_view name) {
+EditCommands::EditCommands() {
+    connect(qApp, &QApplication::focusChanged, this, &EditCommands::focusChanged);
+    qApp->installEventFilter(this);
+}
+
+bool EditCommands::handles(std::string_view name) {
     return find(name) != nullptr;
 }
 
-void runEditCommand(std::string_view name) {
+void EditCommands::run(std::string_view name) {
     const EditCommand* command = find(name);
     if (command == nullptr)
         return;
-    if (auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
+    QWidget* target = focusBeforeClick_.isNull() ? QApplication::focusWidget() : focusBeforeClick_.data();
+    if (auto* field = qobject_cast<QLineEdit*>(target))
         command->onLine(*field);
-    else if (auto* area = qobject_cast<QTextEdit*>(QApplication::focusWidget()))
+    else if (auto* area = qobject_cast<QTextEdit*>(target))
         command->onText(*area);
+}
+
+void EditCommands::focusChanged(QWidget* old, QWidget* now) {
+    if (old != nullptr && !isOfMenus(old))
+        lastFocus_ = old;
+    // Between two windows there may be a moment without any focus, and an open menu has it for a while.
+    if (now == nullptr || isOfMenus(now) || lastFocus_.isNull() || lastFocus_->window() == now->window())
+        return;
+    focusBeforeClick_ = isOfMenus(QApplication::widgetAt(QCursor::pos())) ? lastFocus_ : nullptr;
+}
+
+bool EditCommands::eventFilter(QObject* watched, QEvent* event) {
+    const bool isInput = event->type() == QEvent::KeyPress || event->type() == QEvent::MouseButtonPress;
+    if (isInput && watched->isWidgetType() && !isOfMenus(watched))
+        focusBeforeClick_.clear();
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace velmarin

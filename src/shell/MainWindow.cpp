@@ -305,7 +305,7 @@ void MainWindow::mUpDown(int direction, int tab) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (app_.busy().busy()) {
         event->ignore();
-        app_.busy().whenFree([this] { close(); });
+        app_.busy().whenStopped([this] { close(); });
         return;
     }
     Event_CancelClose();
@@ -326,7 +326,8 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::Event_Activate() {
-    queryBar_->SearchEF()->setFocus();
+    // For any other reason the field of another window that has had the focus would drop its selection.
+    queryBar_->SearchEF()->setFocus(Qt::ActiveWindowFocusReason);
     app_.ActiveMainWin = this;
 }
 

@@ -120,4 +120,12 @@ void SideLink::setProgressValue(int value) {
     mainWindow_.queryBar().PB()->setValue(value);
 }
 
+void SideLink::showProgressFull() {
+    mainWindow_.queryBar().PB()->showFull();
+}
+
+void SideLink::hideProgress() {
+    mainWindow_.queryBar().PB()->hide();
+}
+
 } // namespace velmarin

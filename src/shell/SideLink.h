@@ -42,6 +42,8 @@ class SideLink : public QObject, public MainWindowLink {
     void showProgress() override;
     void setProgressMaximum(int maximum) override;
     void setProgressValue(int value) override;
+    void showProgressFull() override;
+    void hideProgress() override;
 
   private:
     void SubWinBV_Action();

@@ -2,7 +2,6 @@
 
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
-#include "side/EntryText.h"
 #include "store/TextFile.h"
 #include "text/StringRules.h"
 #include "text/Utf8.h"
@@ -73,13 +72,14 @@ std::string answerOf(const FolderItem& folder, const std::string& stem, std::str
     };
     std::string entries;
     for (const DictdPlace& place : places) {
-        // The blanks before a first line are its indentation.
+        // Verses, tables and drawings depend on their line breaks and blanks, and those before the first line are its
+        // indentation: only empty lines around an entry go.
         const std::string text = entry(place);
         const std::size_t begin = text.find_first_not_of("\r\n");
         if (trimmed(text).empty() || entries.size() > DictionaryService::kLongestAnswer)
             continue;
         entries += "\n\n";
-        entries += unwrapped(std::string_view(text).substr(begin, text.find_last_not_of(kBlanks) + 1 - begin));
+        entries += text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
     }
     if (entries.empty())
         return {};
@@ -90,7 +90,8 @@ std::string answerOf(const FolderItem& folder, const std::string& stem, std::str
 
 } // namespace
 
-std::string DictionaryService::TextDefinition(std::string_view text, int start, int length) const {
+std::string DictionaryService::TextDefinition(std::string_view text, int start, int length,
+                                              const std::function<void()>& yield) const {
     const std::string_view word = characters(text, start, length);
     std::string answer;
     if (word.empty())
@@ -101,6 +102,8 @@ std::string DictionaryService::TextDefinition(std::string_view text, int start, 
         const std::string found = answerOf(folder_, name.substr(0, name.size() - kIndexEnd.size()), word);
         if (!found.empty())
             answer += (answer.empty() ? "" : "\n\n\n") + found;
+        if (yield)
+            yield();
     }
     return toValidUtf8(answer);
 }

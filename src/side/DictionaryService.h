@@ -2,6 +2,7 @@
 
 #include "store/FolderItem.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -17,10 +18,12 @@ class DictionaryService {
     explicit DictionaryService(FolderItem folder = FolderItem(std::filesystem::path(kDictdFolder)))
         : folder_(std::move(folder)) {}
 
-    /// What the dictionaries say of a stretch of `text`, which starts at the character `start` (from 0) and has
-    /// `length` characters: all that know it, in the order of their file names, each under its own name. Empty where
-    /// none does. Valid UTF-8; what a damaged dictionary cannot give is left out.
-    std::string TextDefinition(std::string_view text, int start, int length) const;
+    /// The definitions of a stretch of `text`, which starts at the character `start` (from 0) and has `length`
+    /// characters, from all dictionaries that know it, in the order of their file names, each under its own name. Empty
+    /// if none does. Lines and blanks are those of the dictionary. Valid UTF-8; what cannot be read in a damaged
+    /// dictionary is left out. `yield` is called after each dictionary and may let events run.
+    std::string TextDefinition(std::string_view text, int start, int length,
+                               const std::function<void()>& yield = {}) const;
 
     static constexpr std::size_t kLongestAnswer = std::size_t{1} << 23;
 

@@ -35,6 +35,9 @@ class MainWindowLink {
     virtual void setProgressMaximum(int maximum) = 0;
     /// Repaints at once.
     virtual void setProgressValue(int value) = 0;
+    /// Leaves the bar up and full, whatever its maximum.
+    virtual void showProgressFull() = 0;
+    virtual void hideProgress() = 0;
 };
 
 } // namespace velmarin

@@ -7,12 +7,15 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace velmarin {
 
 namespace {
 
 constexpr int kGripWidth = 5;
+/// How far a size in whole pixels can be off after it has been rounded to device pixels and back.
+constexpr int kRounding = 1;
 
 } // namespace
 
@@ -62,21 +65,35 @@ void SideHanging::show(int width) {
         mainWindow_->resizeDocks({dock_}, {width}, Qt::Horizontal);
         return;
     }
-    side_->resize(width, mainWindow_->height());
+    width_ = width;
     place();
     side_->show();
+    placed_ = QRect();
     place();
     grip_->raise();
+}
+
+int SideHanging::width() const {
+    return hanging_ == Hanging::Window ? width_ : side_->width();
+}
+
+void SideHanging::takeOtherWidth() {
+    if (std::abs(side_->width() - width_) > kRounding)
+        width_ = side_->width();
 }
 
 void SideHanging::place() {
     if (side_.isNull() || mainWindow_.isNull())
         return;
     const QRect screen = mainWindow_->screen()->availableGeometry();
-    const QRect wanted = placeBeside(mainWindow_->frameGeometry(), mainWindow_->geometry(), side_->width(), screen);
+    const QRect wanted = placeBeside(mainWindow_->frameGeometry(), mainWindow_->geometry(), width_, screen);
     leftIsFree_ = wanted.right() >= screen.right();
-    if (side_->geometry() != wanted)
+    const QSize off = side_->size() - wanted.size();
+    // The desktop would round the same place in the same way, again and again.
+    if (placed_ != wanted || std::abs(off.width()) > kRounding || std::abs(off.height()) > kRounding) {
+        placed_ = wanted;
         side_->setGeometry(wanted);
+    }
     placeGrip();
 }
 
@@ -89,7 +106,7 @@ void SideHanging::drag(QEvent* event) {
     const int at = mouse->globalPosition().toPoint().x();
     if (event->type() == QEvent::MouseButtonPress) {
         dragFrom_ = at;
-        widthAtDrag_ = side_->width();
+        widthAtDrag_ = width_;
         return;
     }
     const int grown = leftIsFree_ ? dragFrom_ - at : at - dragFrom_;
@@ -97,9 +114,8 @@ void SideHanging::drag(QEvent* event) {
     const QRect screen = mainWindow_->screen()->availableGeometry();
     const int room =
         leftIsFree_ ? screen.width() : screen.x() + screen.width() - mainWindow_->frameGeometry().right() - 1;
-    side_->resize(
-        std::clamp(widthAtDrag_ + grown, minimumWidth_, std::max(minimumWidth_, std::min(maximumWidth_, room))),
-        side_->height());
+    width_ = std::clamp(widthAtDrag_ + grown, minimumWidth_, std::max(minimumWidth_, std::min(maximumWidth_, room)));
+    place();
 }
 
 bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
@@ -111,8 +127,10 @@ bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
             drag(event);
         return type == QEvent::MouseButtonPress || QObject::eventFilter(watched, event);
     }
-    if (watched == side_ && type == QEvent::Resize)
+    if (watched == side_ && type == QEvent::Resize) {
+        takeOtherWidth();
         place();
+    }
     if (watched != mainWindow_)
         return QObject::eventFilter(watched, event);
     if (type == QEvent::Hide && !event->spontaneous()) {

@@ -33,6 +33,9 @@ class SideHanging : public QObject {
     Hanging hanging() const { return hanging_; }
     /// Shows the side window with this width.
     void show(int width);
+    /// The width that was asked for, by `show` or by the user. At a fractional scale the window's own can be a pixel
+    /// off, since the desktop counts in device pixels.
+    int width() const;
 
   signals:
     /// The main window has been closed.
@@ -43,6 +46,7 @@ class SideHanging : public QObject {
 
   private:
     void place();
+    void takeOtherWidth();
     void placeGrip();
     void drag(QEvent* event);
 
@@ -52,6 +56,9 @@ class SideHanging : public QObject {
     QPointer<QDockWidget> dock_;
     int minimumWidth_;
     int maximumWidth_;
+    int width_ = 0;
+    /// Where the window was put last.
+    QRect placed_;
     /// The strip at the free edge by which the width is dragged.
     QPointer<QWidget> grip_;
     bool leftIsFree_ = false;

@@ -140,7 +140,7 @@ void SubWindow::lookUp(bool alsoMainWindow) {
     const int start = EF_->textLength();
     if (DicAppCB_->isChecked())
         lookUpService(word);
-    if (LatinCB_->isChecked())
+    if (LatinCB_->isChecked() && !shut_)
         mLatinWORDS(utf8);
     if (UserDicCB_->isChecked() && !shut_)
         mSearchUserDictionary(utf8);
@@ -148,31 +148,43 @@ void SubWindow::lookUp(bool alsoMainWindow) {
 }
 
 void SubWindow::lookUpService(const QString& word) {
+    const std::string utf8 = fromQ(word);
+    const std::string answer = services_.dictionaries.TextDefinition(utf8, 0, static_cast<int>(word.size()),
+                                                                     [this] { services_.host.Yield(); });
+    if (shut_)
+        return;
+    // Only now: the user may have typed into the text meanwhile.
     const int end = EF_->textLength();
     EF_->select(end, 0);
-    const std::string utf8 = fromQ(word);
-    const std::string answer = services_.dictionaries.TextDefinition(utf8, 0, static_cast<int>(word.size()));
+    // A hit at the end of the text is painted, and the answer is not part of it.
+    EF_->clearSelTextColor();
     EF_->setSelText(toQ(serviceBlock(utf8, answer)));
     EF_->scrollToLineOf(end);
 }
 
 bool SubWindow::mLatinWORDS(std::string_view word) {
+    return askWords(word) == WordsRun::Answered;
+}
+
+SubWindow::WordsRun SubWindow::askWords(std::string_view word) {
     const Running running(*this);
     notice_->begin();
     const ScriptResult result = runWords(
         services_.preferencesFolder, word,
         [this] {
             services_.host.Yield();
-            return notice_->goOn() && !shut_;
+            return notice_->goOn() && !shut_ && !services_.busy.stopWanted();
         },
         services_.wordsFolder);
     notice_->end();
+    if (result.end == ScriptResult::End::Stopped)
+        return WordsRun::Stopped;
     if (!result.ok())
-        return false;
+        return WordsRun::Failed;
     const int end = EF_->textLength();
     EF_->setWholeText(EF_->Text() + toQ(wordsBlock(result.output)));
     EF_->scrollToLineOf(end);
-    return true;
+    return WordsRun::Answered;
 }
 
 void SubWindow::mSearchUserDictionary(std::string_view word) {
@@ -222,16 +234,17 @@ void SubWindow::LatinCB_Action() {
         return;
     }
     const Running running(*this);
-    bool answered = false;
+    WordsRun run{};
     {
         const Busy guard(services_.busy);
-        answered = mLatinWORDS("");
+        run = askWords("");
     }
-    if (answered || shut_)
+    if (run == WordsRun::Answered || shut_)
         return;
-    // There is no address to open for either answer.
-    services_.host.askYesNo("To use this function, you have to install Words made by Mr. Ansel Corrigan. Do you want "
-                            "to go to his home page ?\r");
+    if (run == WordsRun::Failed)
+        // There is no address to open for either answer.
+        services_.host.askYesNo("To use this function, you have to install Words made by Mr. Ansel Corrigan. Do you "
+                                "want to go to his home page ?\r");
     LatinCB_->setChecked(false);
 }
 
@@ -294,7 +307,7 @@ void SubWindow::closeEvent(QCloseEvent* event) {
 
 void SubWindow::Event_Close() {
     SubwindowSettings settings;
-    settings.width = width();
+    settings.width = hanging_->width();
     settings.fontRow = BVfonts_->MenuValue();
     settings.sizeRow = BVsize_->MenuValue();
     settings.DicAppCB = DicAppCB_->isChecked();

@@ -93,6 +93,7 @@ class SubWindow : public QWidget {
 
   private:
     class Running;
+    enum class WordsRun { Answered, Stopped, Failed };
 
     void makeText();
     void makeChoices();
@@ -106,6 +107,7 @@ class SubWindow : public QWidget {
     void lookUp(bool alsoMainWindow);
     void lookUpService(const QString& word);
     void whenFree(const std::function<void()>& action);
+    WordsRun askWords(std::string_view word);
     void LatinCB_Action();
     void takeFocusToFindEF();
 

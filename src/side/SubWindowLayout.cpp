@@ -60,7 +60,9 @@ SubWindow::SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging 
     makeText();
     makeChoices();
     makeUserDictionaries();
-    notice_ = new WaitNotice(QStringLiteral("Waiting for WORDS…"), EF_, services_.clock);
+    notice_ =
+        new WaitNotice(QStringLiteral("Waiting for WORDS, and searches wait too. Press Stop to go on without it."), EF_,
+                       services_.clock);
     hanging_ = new SideHanging(hanging, this, mainWindow.window(), kMinimumSize.width(), kMaximumSide);
     connect(hanging_, &SideHanging::mainWindowClosed, this, &SubWindow::shut);
     goBack_ = new QTimer(this);

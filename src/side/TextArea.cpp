@@ -1,6 +1,7 @@
 #include "side/TextArea.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QMimeData>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -64,6 +65,12 @@ void TextArea::setSelTextColor(const QColor& colour) {
     mergeStyle(style);
 }
 
+void TextArea::clearSelTextColor() {
+    QTextCharFormat style = currentCharFormat();
+    style.clearForeground();
+    setCurrentCharFormat(style);
+}
+
 double TextArea::SelTextSize() const {
     const double own = currentCharFormat().fontPointSize();
     if (own > 0)
@@ -107,6 +114,19 @@ void TextArea::scrollToLineOf(int position) {
     cursor.setPosition(held(position));
     const int top = verticalScrollBar()->value() + cursorRect(cursor).top();
     verticalScrollBar()->setValue(top <= document()->documentMargin() ? 0 : top);
+}
+
+bool TextArea::canInsertFromMimeData(const QMimeData* source) const {
+    return source != nullptr && !source->text().isEmpty();
+}
+
+void TextArea::insertFromMimeData(const QMimeData* source) {
+    if (!canInsertFromMimeData(source))
+        return;
+    QTextCursor cursor = textCursor();
+    cursor.insertText(source->text(), QTextCharFormat());
+    setTextCursor(cursor);
+    ensureCursorVisible();
 }
 
 void TextArea::paintEvent(QPaintEvent* event) {

@@ -27,6 +27,8 @@ class TextArea : public QTextEdit {
 
     QColor SelTextColor() const;
     void setSelTextColor(const QColor& colour);
+    /// Gives the selection, or what is inserted next, the colour of plain text.
+    void clearSelTextColor();
     /// In points.
     double SelTextSize() const;
     void setSelTextSize(double points);
@@ -42,6 +44,10 @@ class TextArea : public QTextEdit {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    /// Pasting and dropping take plain text alone: Qt 6.4 ends the program on an offer without any format, which is
+    /// what an empty clipboard makes.
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
 
   private:
     int held(int position) const;

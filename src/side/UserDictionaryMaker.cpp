@@ -15,18 +15,33 @@ constexpr std::string_view kAskForFolder = "Create a folder as new Dictionary.";
 constexpr std::string_view kMade = "A user dictionary was ceated. Put the dictionary or its alias in the "
                                    "UserDictionary found in the DictionaryFolder.";
 
+/// Shows a build in the main window. One that fails leaves neither its message nor its bar.
 class ShownInMainWindow : public BuildProgress {
   public:
     ShownInMainWindow(MainWindowLink& window, Host& host) : window_(window), host_(host) {}
+    ~ShownInMainWindow() override {
+        if (done_)
+            return;
+        window_.setSearchText("");
+        window_.hideProgress();
+    }
+    ShownInMainWindow(const ShownInMainWindow&) = delete;
+    ShownInMainWindow& operator=(const ShownInMainWindow&) = delete;
+
     void message(std::string_view text) override { window_.setSearchText(text); }
     void showBar() override { window_.showProgress(); }
     void setMaximum(int maximum) override { window_.setProgressMaximum(maximum); }
     void setValue(int value) override { window_.setProgressValue(value); }
     void yield() override { host_.Yield(); }
+    void done() {
+        done_ = true;
+        window_.showProgressFull();
+    }
 
   private:
     MainWindowLink& window_;
     Host& host_;
+    bool done_ = false;
 };
 
 std::string notUtf8Message(std::int64_t lines) {
@@ -49,18 +64,29 @@ void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink&
     if (source.empty())
         return;
     host.MsgBox(kAskForFolder);
-    const std::filesystem::path folder = host.SelectFolder(kAskForFolder);
-    if (folder.empty())
+    const std::filesystem::path chosen =
+        host.SelectFolder(kAskForFolder, dictionaries.path(), Host::FolderChoice::MayBeNew);
+    if (chosen.empty())
         return;
+    const FolderItem folder(chosen);
+    const bool isNew = !folder.Exists();
+    if (isNew && !folder.CreateAsFolder()) {
+        host.MsgBox("The folder " + chosen.native() + " could not be made.");
+        return;
+    }
 
     BuildResult result;
     {
         const Busy guard(busy);
         ShownInMainWindow progress(mainWindow, host);
-        result = buildUserDictionary(FolderItem(source), FolderItem(folder), progress);
+        result = buildUserDictionary(FolderItem(source), folder, progress);
+        if (result.ok)
+            progress.done();
     }
     if (!result.ok) {
-        mainWindow.setSearchText("");
+        std::error_code ignored;
+        if (isNew)
+            std::filesystem::remove(chosen, ignored);
         host.MsgBox(result.reason);
         return;
     }

@@ -24,6 +24,7 @@ WaitNotice::WaitNotice(const QString& text, QWidget* over, Clock clock)
     auto* label = new QLabel(text, this);
     label->setWordWrap(true);
     StopBT_->setObjectName(QStringLiteral("StopBT"));
+    StopBT_->setToolTip(QStringLiteral("Stop waiting and go on without an answer"));
     auto* row = new QHBoxLayout(this);
     row->addWidget(label, 1);
     row->addWidget(StopBT_);

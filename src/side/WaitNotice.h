@@ -10,22 +10,22 @@ class QPushButton;
 
 namespace velmarin {
 
-/// A strip over the lower edge of a control that says that something is waited for, and offers to stop it. It comes up
+/// A strip over the lower edge of a control that says what the program waits for, with a button to stop it. It appears
 /// only after half a second, so that what answers at once shows nothing.
 class WaitNotice : public QFrame {
     Q_OBJECT
   public:
     using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
-    /// `over` is a sibling; `clock` says how long the wait lasts, tests hand in one of their own.
+    /// `over` is a sibling; `clock` measures the wait, and tests pass one of their own.
     WaitNotice(const QString& text, QWidget* over, Clock clock);
 
     void begin();
-    /// To be called while the wait lasts: shows the strip when it is time. False once the user wants no more of it.
+    /// To be called while the wait lasts: shows the strip when it is time. False once the user has pressed Stop.
     bool goOn();
     void end();
 
-    /// As the user's button does.
+    /// Does what the button does.
     void stop() { stopped_ = true; }
 
     QPushButton* StopBT() const { return StopBT_; }

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTextBlock>
 #include <QTextEdit>
@@ -148,6 +149,28 @@ TEST_F(SizeButton, SelectionKeepsItsSizeWhenTheBaseChangesLater) {
     button.SelectMenuFromFontSize(12);
     EXPECT_EQ(sizeAt(edit, 0), 30);
     EXPECT_EQ(sizeAt(edit, 3), 12);
+}
+
+TEST_F(SizeButton, FirstVisibleLineOfATextStaysTheFirst) {
+    QTextEdit edit;
+    edit.resize(200, 300);
+    QString text;
+    for (int line = 0; line < 400; ++line)
+        text += QStringLiteral("line %1, which is too long to fit in the width\n").arg(line);
+    edit.setPlainText(text);
+    edit.show();
+    button.SetObjObject(&edit);
+    button.SelectMenuFromFontSize(10);
+    const auto firstLine = [&] { return edit.cursorForPosition(QPoint(0, 1)).block().blockNumber(); };
+    for (const int line : {0, 1, 200, 380}) {
+        const QTextCursor there(edit.document()->findBlockByNumber(line));
+        edit.verticalScrollBar()->setValue(edit.verticalScrollBar()->value() + edit.cursorRect(there).top());
+        ASSERT_EQ(firstLine(), line);
+        for (const int size : {20, 9, 36, 10}) {
+            button.SelectMenuFromFontSize(size);
+            EXPECT_EQ(firstLine(), line) << "at size " << size;
+        }
+    }
 }
 
 TEST_F(SizeButton, PickInTheMenuAppliesItself) {

@@ -128,6 +128,21 @@ TEST_F(BusyTest, ListenersHearOfTheEndBeforePutOffActionsRun) {
     EXPECT_EQ(log, "[]a");
 }
 
+TEST_F(BusyTest, StopIsWantedUntilTheActionThatEndsTheRunHasItsTurn) {
+    const auto writeWhetherStopIsWanted = [this] { log += state.stopWanted() ? "stop " : "go on "; };
+    {
+        const Busy guard(state);
+        state.whenFree(writeWhetherStopIsWanted);
+        writeWhetherStopIsWanted();
+        state.whenStopped(writeWhetherStopIsWanted);
+        writeWhetherStopIsWanted();
+    }
+    turnLoop();
+    EXPECT_EQ(log, "go on stop stop go on ") << "what was put off before must not hold it up either";
+    state.whenStopped(writeWhetherStopIsWanted);
+    EXPECT_EQ(log, "go on stop stop go on go on ");
+}
+
 TEST(BusyLifetime, PostedTurnOutlivesTheState) {
     std::deque<BusyState::Action> posted;
     bool ran = false;

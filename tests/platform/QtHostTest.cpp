@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -125,7 +127,7 @@ TEST(QtHost, FolderDialogGivesTheFolderAndStartsThereTheNextTime) {
     std::filesystem::create_directory(folder.path() / "Latin \xC3\xA9");
     QtHost host;
     whenUp<QFileDialog>([&](QFileDialog* dialog) {
-        EXPECT_EQ(dialog->windowTitle(), "Choose a folder");
+        EXPECT_EQ(dialog->findChild<QLabel*>("Prompt")->text(), "Choose a folder");
         dialog->setDirectory(pathToQ(folder.path() / "Latin \xC3\xA9"));
         dialog->selectFile(QString());
         QTest::keyClick(dialog, Qt::Key_Return);
@@ -137,6 +139,56 @@ TEST(QtHost, FolderDialogGivesTheFolderAndStartsThereTheNextTime) {
     });
     EXPECT_EQ(host.SelectFolder("Choose a folder"), "");
 }
+
+struct TypedCase {
+    const char* name;
+    const char* typed;
+    Host::FolderChoice choice;
+    const char* chosen; ///< in the folder that is open; null: the dialog refuses it and stays up
+};
+
+class TypedFolders : public ::testing::TestWithParam<TypedCase> {};
+
+TEST_P(TypedFolders, AreTakenOrRefused) {
+    const test::TempFolder folder;
+    std::filesystem::create_directory(folder.path() / "There");
+    folder.write("file", "x");
+    bool refused = false;
+    whenUp<QFileDialog>([&](QFileDialog* dialog) {
+        EXPECT_EQ(pathFromQ(dialog->directory().absolutePath()), folder.path());
+        auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+        name->setText(GetParam().typed);
+        QTimer::singleShot(0, [&refused] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                refused = true;
+                box->reject();
+            }
+        });
+        QTest::keyClick(name, Qt::Key_Return);
+        if (dialog->isVisible())
+            dialog->reject();
+        QCoreApplication::processEvents();
+    });
+    QtHost host;
+    const std::filesystem::path chosen = host.SelectFolder("Choose", folder.path(), GetParam().choice);
+    if (GetParam().chosen != nullptr)
+        EXPECT_EQ(chosen, folder.path() / GetParam().chosen);
+    else
+        EXPECT_EQ(chosen, "");
+    EXPECT_EQ(refused, GetParam().chosen == nullptr);
+}
+
+constexpr auto kExisting = Host::FolderChoice::Existing;
+constexpr auto kMayBeNew = Host::FolderChoice::MayBeNew;
+INSTANTIATE_TEST_SUITE_P(QtHost, TypedFolders,
+                         ::testing::Values(TypedCase{"There", "There", kExisting, "There"},
+                                           TypedCase{"NewWhereItMustExist", "New", kExisting, nullptr},
+                                           TypedCase{"ThereWhereItMayBeNew", "There", kMayBeNew, "There"},
+                                           TypedCase{"New", "New one", kMayBeNew, "New one"},
+                                           TypedCase{"NewInsideAnother", "There/New", kMayBeNew, "There/New"},
+                                           TypedCase{"InNone", "Gone/New", kMayBeNew, nullptr},
+                                           TypedCase{"File", "file", kMayBeNew, nullptr}),
+                         [](const auto& info) { return info.param.name; });
 
 TEST(QtHost, FileDialogOffersTheExtensionsFirst) {
     const test::TempFolder folder;

@@ -1,9 +1,13 @@
 #include "Started.h"
 
 #include "shell/MenuTree.h"
+#include "shell/SideLink.h"
+#include "side/SubWindow.h"
+#include "side/TextArea.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QCursor>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QTest>
@@ -77,6 +81,34 @@ TEST(Menus, EditItemsActOnTheFocusedField) {
     item(run.window(), "EditUndo", "Undo")->trigger();
     EXPECT_EQ(field->text(), "palimpsest");
 }
+
+/// Whether the pointer is over the menu bar while the focus goes from the side window to the main window.
+class EditItems : public testing::TestWithParam<bool> {};
+
+TEST_P(EditItems, ActOnTheSideWindowsTextIfAClickOnTheMenuBarTookItsFocus) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    run.click("SubWinBV");
+    SubWindow& side = *run.window().sideLink().pMySubWin();
+    auto* field = run.control<QLineEdit>("SearchEF");
+    field->setText("query");
+    QApplication::setActiveWindow(&side);
+    side.EF()->setPlainText("answer");
+    side.EF()->setFocus();
+    const QMenuBar& menus = *run.window().menuBar();
+    QCursor::setPos(GetParam() ? menus.mapToGlobal(menus.rect().center()) : QPoint(0, 0));
+    QApplication::setActiveWindow(&run.window());
+    ASSERT_EQ(QApplication::focusWidget(), field);
+
+    item(run.window(), "EditSelectAll", "SelectAll")->trigger();
+    EXPECT_EQ(side.EF()->textCursor().hasSelection(), GetParam());
+    EXPECT_EQ(field->hasSelectedText(), !GetParam());
+    QTest::keyClick(field, Qt::Key_End);
+    item(run.window(), "EditSelectAll", "SelectAll")->trigger();
+    EXPECT_TRUE(field->hasSelectedText()) << "a key ends it";
+}
+
+INSTANTIATE_TEST_SUITE_P(Pointer, EditItems, testing::Bool());
 
 TEST(Menus, CheckDictionairesDoesNothingAndTheFolderIsOpenedByTheHost) {
     Started run;

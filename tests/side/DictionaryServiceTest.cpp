@@ -85,6 +85,15 @@ INSTANTIATE_TEST_SUITE_P(
                     AnswerCase{"FlagsAreNoWords", "00databaseutf8", ""}, AnswerCase{"InvalidUtf8", "\xFF\xC3", ""}),
     [](const auto& tested) { return tested.param.name; });
 
+TEST(ServiceAnswer, LetsEventsRunAfterEachDictionary) {
+    const TempFolder folder;
+    webster().writeTo(folder, "web");
+    latin().writeTo(folder, "lat");
+    int yields = 0;
+    DictionaryService(FolderItem(folder.path())).TextDefinition("amo", 0, 3, [&] { ++yields; });
+    EXPECT_EQ(yields, 2) << "also after one that does not know the word";
+}
+
 TEST(ServiceStretch, IsCountedInCharacters) {
     const TempFolder folder;
     latin().writeTo(folder, "lat");
@@ -99,6 +108,18 @@ TEST(ServiceText, OfAnOldDictionaryIsReadAsLatin1) {
     DictdFixture().entry("caf\xE9", "caf\xE9 bar").writeTo(folder, "old");
     const DictionaryService service(FolderItem(folder.path()));
     EXPECT_EQ(service.TextDefinition("CAFÉ", 0, 4), "old\n\ncafé bar");
+}
+
+TEST(ServiceText, KeepsTheLinesAndBlanksOfTheDictionary) {
+    const std::string verse = "   A line that is as long as the longest line of the whole entry, so\n"
+                              "   that its next word begins another\n\n\n"
+                              "      O    o\t|\n"
+                              "  |\\__/";
+    const TempFolder folder;
+    DictdFixture().entry("amo", "\r\n\n" + verse + " \n\n").entry("amor", "a\r\nb\r\n").writeTo(folder, "d");
+    const DictionaryService service(FolderItem(folder.path()));
+    EXPECT_EQ(service.TextDefinition("amo", 0, 3), "d\n\n" + verse);
+    EXPECT_EQ(service.TextDefinition("amor", 0, 4), "d\n\na\r\nb");
 }
 
 struct DamageCase {

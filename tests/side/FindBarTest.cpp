@@ -118,6 +118,22 @@ TEST(FindBar, ClearButtonEmptiesTheWordAndLeavesThePaint) {
     EXPECT_EQ(paint(fixture.EF()), "rrr");
 }
 
+TEST(FindBar, PaintAtTheEndIsNotInheritedByTheNextAnswer) {
+    for (const bool keepsTheText : {true, false}) {
+        SideFixture fixture;
+        fixture.open();
+        fixture.control<QCheckBox>("DontClearCB").setChecked(keepsTheText);
+        fixture.EF().setWholeText("aba");
+        fixture.EF().setTextSize(20);
+        fixture.ask("aba");
+        fixture.side().findBar().setTarget(FindTarget::DicApp);
+        fixture.ask("amor");
+        const std::string painted = paint(fixture.EF());
+        EXPECT_EQ(painted.rfind('r') + 1, keepsTheText ? 3 : 0);
+        EXPECT_GT(painted.size(), 3U);
+    }
+}
+
 TEST(FindBar, ColourOfTheWellPaintsOverTheOldOne) {
     SideFixture fixture;
     fixture.open();

@@ -96,6 +96,20 @@ TEST(LookUp, InTheUserDictionaryAloneWritesAtTheInsertionPoint) {
     EXPECT_EQ(fixture.text(), std::string("before") + kUserBlock + "after");
 }
 
+TEST(LookUp, InTheServiceWritesAtTheEndWhateverIsTypedMeanwhile) {
+    SideFixture fixture;
+    fixture.open();
+    fixture.side().findBar().setTarget(FindTarget::DicApp);
+    fixture.host.onYield = [&] {
+        EXPECT_TRUE(fixture.busy.busy());
+        fixture.EF().select(0, 0);
+        QTest::keyClicks(&fixture.EF(), "xy");
+        fixture.EF().select(0, 0);
+    };
+    fixture.ask("amor");
+    EXPECT_EQ(fixture.text(), std::string("xy") + kAmorBlock);
+}
+
 TEST(LookUp, ShowsUserHitsInTheirStyles) {
     SideFixture fixture;
     fixture.addUserDictionary("Mine", "amo__NUM__2\tto__BR__love\tnever shown\na__BR__b\nAMO\tx\n");
@@ -284,27 +298,59 @@ TEST(Latin, SilenceIsAnAnswer) {
     EXPECT_EQ(fixture.text(), "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\n\n\n");
 }
 
-TEST(Latin, ThatHangsIsToldAfterHalfASecondAndCanBeStopped) {
-    SideFixture fixture;
-    fixture.installWords("sleep 1000");
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.control<QCheckBox>("LatinCB").setChecked(true);
-    auto& notice = fixture.control<WaitNotice>("WaitNotice");
+/// WORDS hangs, asked with or without a word.
+class HangingLatin : public testing::TestWithParam<bool> {
+  protected:
+    HangingLatin() {
+        fixture_.installWords("sleep 1000");
+        fixture_.open().findBar().setTarget(FindTarget::DicApp);
+        fixture_.control<QCheckBox>("DicAppCB").setChecked(false);
+    }
+    void ask() {
+        QCheckBox& box = fixture_.control<QCheckBox>("LatinCB");
+        if (!GetParam()) {
+            box.click();
+            EXPECT_FALSE(box.isChecked());
+            return;
+        }
+        box.setChecked(true);
+        fixture_.ask("amor");
+        EXPECT_TRUE(box.isChecked());
+    }
+    void expectSilence() {
+        EXPECT_TRUE(fixture_.host.questions.empty());
+        EXPECT_EQ(fixture_.text(), "");
+        EXPECT_FALSE(fixture_.control<WaitNotice>("WaitNotice").isVisible());
+    }
+    SideFixture fixture_;
+};
+
+TEST_P(HangingLatin, IsToldAfterHalfASecondAndStopsSilently) {
+    auto& notice = fixture_.control<WaitNotice>("WaitNotice");
     std::vector<bool> shown;
-    fixture.host.onYield = [&] {
+    fixture_.host.onYield = [&] {
         shown.push_back(notice.isVisible());
-        EXPECT_TRUE(fixture.busy.busy());
-        fixture.now += std::chrono::milliseconds(250);
+        EXPECT_TRUE(fixture_.busy.busy());
+        fixture_.now += std::chrono::milliseconds(250);
         if (notice.isVisible())
             QTest::mouseClick(notice.StopBT(), Qt::LeftButton);
     };
-    fixture.ask("amor");
+    ask();
     EXPECT_EQ(shown, (std::vector<bool>{false, false, true}));
-    EXPECT_FALSE(notice.isVisible());
-    EXPECT_EQ(fixture.text(), kAmorBlock);
-    EXPECT_TRUE(fixture.side().isEnabled());
+    expectSilence();
 }
+
+TEST_P(HangingLatin, EndsWhenTheMainWindowIsToClose) {
+    bool closed = false;
+    fixture_.host.onYield = [&] { fixture_.busy.whenStopped([&] { closed = true; }); };
+    ask();
+    fixture_.runPosted();
+    EXPECT_TRUE(closed);
+    expectSilence();
+}
+
+INSTANTIATE_TEST_SUITE_P(Latin, HangingLatin, testing::Bool(),
+                         [](const auto& tested) { return tested.param ? "LookUp" : "Ticking"; });
 
 TEST(Latin, RunningWhenTheWindowIsShutEndsWithIt) {
     SideFixture fixture;
@@ -312,6 +358,7 @@ TEST(Latin, RunningWhenTheWindowIsShutEndsWithIt) {
     SubWindow& side = fixture.open();
     side.findBar().setTarget(FindTarget::DicApp);
     fixture.control<QCheckBox>("LatinCB").setChecked(true);
+    fixture.control<QCheckBox>("DicAppCB").setChecked(false);
     const QPointer<SubWindow> watched(&side);
     fixture.host.onYield = [&] {
         side.shut();

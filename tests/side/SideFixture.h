@@ -40,6 +40,8 @@ class RecordedMainWindow : public MainWindowLink {
     void showProgress() override { log.emplace_back("bar"); }
     void setProgressMaximum(int maximum) override { log.push_back("max " + std::to_string(maximum)); }
     void setProgressValue(int value) override { log.push_back("value " + std::to_string(value)); }
+    void showProgressFull() override { log.emplace_back("full"); }
+    void hideProgress() override { log.emplace_back("no bar"); }
 };
 
 /// A group on disk with one main window, a dictionary service that knows "amor", and what it takes to open side

@@ -57,11 +57,12 @@ struct ReadGroup {
 /// Reads a group. A folder that does not exist is made, with the message "Threre are no dictionaries.". `afterEach` is
 /// called after each dictionary, so that a caller can keep its window alive.
 ///
-/// A dictionary is a folder with the mark `FW`, or a link to one, and bears the name that it has in the group: a link
-/// its own. Where two names lead to one folder it stands in the list once: under the name in the preferences file, else
-/// under the folder's own name, else under the first link's.
+/// A dictionary is a folder with the mark `FW`, or a link to one, under the name that it has in the group: for a link,
+/// the link's. Where two names lead to one folder it is listed once: under the name in the preferences file, else under
+/// the folder's own name, else under the first link's.
 ///
-/// A nil folder and a preferences file that cannot be opened raise NilObjectException.
+/// A nil folder, one that cannot be listed or entered, and a preferences file that cannot be opened raise
+/// NilObjectException: none of them is a group without dictionaries.
 ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
 
 /// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.

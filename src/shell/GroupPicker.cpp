@@ -80,12 +80,12 @@ void GroupPicker::SelectDicFolPU_Change() {
         SelectDicFolPU_->setListIndexQuietly(pSelectedDicIndex_);
         return;
     }
-    window_.changeGroup(pickedFolder());
+    const bool opened = window_.changeGroup(pickedFolder());
     app_.rebuildSelectedDic();
     app_.module.pSelectedDicTag = takenGroupsHelp(app_.SelectedDic, SelectDicFolPU_->rowCount());
-    pSelectedDicIndex_ = row;
+    pSelectedDicIndex_ = SelectDicFolPU_->ListIndex();
     SelectDicFolPU_->setToolTip(toQ(app_.module.pSelectedDicTag));
-    if (!app_.module.pSelectedDicTag.empty())
+    if (opened && !app_.module.pSelectedDicTag.empty())
         app_.setWinItemText(window_.pMyIndex, window_.title());
 }
 

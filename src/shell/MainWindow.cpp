@@ -150,7 +150,7 @@ void MainWindow::bringToFront() {
     activateWindow();
 }
 
-void MainWindow::changeGroup(const FolderItem& group) {
+bool MainWindow::changeGroup(const FolderItem& group) {
     // A pick by keyboard comes without a press on the pop-up.
     sideLink_->close();
     app_.pageImages().close();
@@ -160,9 +160,12 @@ void MainWindow::changeGroup(const FolderItem& group) {
         ReadDictionaryFolder(group);
     }
     readyForSearch();
+    return hasGroup();
 }
 
 void MainWindow::readyForSearch() {
+    if (!hasGroup())
+        return;
     queryBar_->SearchEF()->clear();
     queryBar_->SearchEF()->setFocus();
     enableGroupControls(true);
@@ -195,16 +198,22 @@ void MainWindow::SelectDicFolPU_MouseDown() {
 
 void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
     const Protection protection(state_.pProtect);
+    hitList_->setInfo("");
     try {
         setTitle("");
         groupView_->read(group);
         setTitle(state_.pDicGroupName);
         mSetSize();
         groupView_->mInitialize();
-    } catch (const NilObjectException&) {
+    } catch (const NilObjectException& failure) {
+        if (!hasGroup()) {
+            showNoGroup(failure.what());
+            app_.rebuildSelectedDic();
+        }
         app_.host().MsgBox("Error: ReadDictionaryFolder 0");
     }
-    app_.setWinItemText(pMyIndex, state_.pDicGroupName);
+    if (hasGroup())
+        app_.setWinItemText(pMyIndex, state_.pDicGroupName);
 }
 
 void MainWindow::mSetSize() {
@@ -235,14 +244,14 @@ void MainWindow::leaveGroup() {
     enableGroupControls(false);
 }
 
-void MainWindow::showNoGroup() {
+void MainWindow::showNoGroup(const std::string& reason) {
     const Protection protection(state_.pProtect);
     sideLink_->close();
     leaveGroup();
     setTitle(kTitleWithoutGroup);
     app_.setWinItemText(pMyIndex, std::string(kWinItemWithoutGroup));
     queryBar_->showNoGroup();
-    hitList_->setInfo("");
+    hitList_->setInfo(reason);
 }
 
 bool MainWindow::handles(std::string_view command) const {

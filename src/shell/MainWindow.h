@@ -51,13 +51,16 @@ class MainWindow : public QMainWindow {
     void appendToAbout(const std::string& text);
     void bringToFront();
 
-    /// What a pick of a free group does: saves the group being left and reads the new one.
-    void changeGroup(const FolderItem& group);
+    bool hasGroup() const { return !state_.pDictionaryGroupFolder.isNil(); }
+    /// What a pick of a free group does: saves the group being left and reads the new one. False where that fails.
+    bool changeGroup(const FolderItem& group);
     /// Drops the group with all that shows it, without writing anything, and fills the group pop-up anew.
     void startAnew();
+    /// Shows a group. A folder that cannot be read is told, and leaves the window without a group.
     void ReadDictionaryFolder(const FolderItem& group);
     void mWritePreferences_DicGroup();
-    /// An empty search field, the controls of a window with a group enabled, and no page in the first tab.
+    /// An empty search field, the controls of a window with a group enabled, and no page in the first tab. Nothing
+    /// happens without a group.
     void readyForSearch();
     /// A press on the group pop-up closes the side window.
     void SelectDicFolPU_MouseDown();
@@ -95,8 +98,9 @@ class MainWindow : public QMainWindow {
     void mWritePreferences_Window();
     void enableGroupControls(bool enabled);
     void leaveGroup();
-    /// As a window without a group stands there: what a closed one comes back as.
-    void showNoGroup();
+    /// Takes the group away: what a closed window comes back as, and what a group that cannot be read leaves.
+    /// @param reason shown in the window
+    void showNoGroup(const std::string& reason = {});
     void route(std::string_view command, int index);
     bool handle(std::string_view command, int index);
 

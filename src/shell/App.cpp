@@ -114,6 +114,12 @@ void App::rebuildSelectedDic() {
     SelectedDic = rowsInUse(picks);
 }
 
+bool App::isShown(const FolderItem& group) const {
+    return std::any_of(windows_.begin(), windows_.end(), [&group](const auto& window) {
+        return window->hasGroup() && window->state().pDictionaryGroupFolder.isSameItem(group);
+    });
+}
+
 void App::setWinItemText(int index, const std::string& text) {
     winItems_.at(static_cast<std::size_t>(index)) = text;
     for (const auto& window : windows_)

@@ -76,7 +76,8 @@ void GroupPicker::SelectDicFolPU_Change() {
         app_.busy().whenFree([this] { SelectDicFolPU_Change(); });
         return;
     }
-    if (app_.SelectedDic.contains(row)) {
+    // Rows are counted in each window's own pop-up, so the folder is compared as well.
+    if (app_.SelectedDic.contains(row) || app_.isShown(pickedFolder())) {
         SelectDicFolPU_->setListIndexQuietly(pSelectedDicIndex_);
         return;
     }

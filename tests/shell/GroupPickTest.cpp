@@ -65,6 +65,24 @@ TEST(GroupPick, AGroupThatStandsInAWindowIsRefusedAndTheMenuGoesBack) {
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
 }
 
+TEST(GroupPick, OneFolderIsShownOnceWhateverRowOrLinkItIsPickedBy) {
+    Started run;
+    run.group(fruitGroup("Fruit", 1)).group(fruitGroup("Wood", 1)).start();
+    std::filesystem::create_directory_symlink("Fruit", run.groupFolder("Link"));
+    std::filesystem::create_directory_symlink(run.groupFolder("Fruit"), run.groupFolder("Another link"));
+    run.pick("Wood");
+    run.pick("Fruit");
+    run.app().mMakeNewMainWin();
+    run.pick("Wood", 1);
+    const int row = run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex();
+    for (const char* refused : {"Link", "Another link", "Fruit"}) {
+        run.pick(refused, 1);
+        EXPECT_EQ(run.window(1).state().pDictionaryGroupFolder.Name(), "Wood") << refused;
+        EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex(), row) << refused;
+    }
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
 TEST(GroupPick, WindowsAreMadeUntilGroupsRunOutAndThenTheVersionIsAppended) {
     Started run;
     run.group(fruitGroup("One", 1)).group(fruitGroup("Two", 1)).start();

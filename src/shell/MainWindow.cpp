@@ -15,6 +15,7 @@
 #include "shell/App.h"
 #include "shell/GroupPicker.h"
 #include "shell/PageImages.h"
+#include "shell/ScreenFit.h"
 #include "shell/SideLink.h"
 #include "side/FindBar.h"
 #include "side/SubWindow.h"
@@ -25,6 +26,7 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QKeyEvent>
+#include <QScreen>
 
 #include <array>
 
@@ -49,9 +51,11 @@ constexpr std::array<WindowCommand, 7> kCommands{{
 
 /// In pixels, either way: no display system makes larger ones.
 constexpr int kWidestWindow = 32000;
+/// In pixels, either way: no desktop reaches as far.
+constexpr int kFarthest = 1 << 20;
 constexpr const char* kTitleWithoutGroup = "VELMARIN";
 
-/// While set, control events that come of restoring a window's state write nothing.
+/// Sets a flag for as long as a window restores its state.
 class Protection {
   public:
     explicit Protection(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
@@ -83,7 +87,8 @@ MainWindow::MainWindow(App& app) : app_(app) {
     content->setFont(font);
     makeParts();
     setTitle(kTitleWithoutGroup);
-    resize(design::kWindowWidth, design::kWindowHeight + menus_->sizeHint().height());
+    const QSize designed(design::kWindowWidth, design::kWindowHeight + menus_->sizeHint().height());
+    resize(sizeThatFits(designed, screen()->availableGeometry().size()));
     mSetSize();
 }
 
@@ -218,13 +223,18 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
 
 void MainWindow::mSetSize() {
     const Protection protection(state_.pProtect);
-    const auto placement = readWindowPlacement(app_.module.pThis_PreferencesFolder);
-    if (!placement)
+    const auto saved = app_.preferences().placement(app_.module);
+    if (!saved)
         return;
-    move(placement->left, placement->top);
-    const int width = std::clamp(placement->width, centralWidget()->minimumWidth(), kWidestWindow);
-    const int height = std::clamp(placement->height, centralWidget()->minimumHeight(), kWidestWindow);
-    resize(width, height + menus_->heightForWidth(width));
+    const int width = std::clamp(saved->width, centralWidget()->minimumWidth(), kWidestWindow);
+    const int height = std::clamp(saved->height, centralWidget()->minimumHeight(), kWidestWindow);
+    const WindowPlace told(std::clamp(saved->left, -kFarthest, kFarthest),
+                           std::clamp(saved->top, -kFarthest, kFarthest), width,
+                           height + menus_->heightForWidth(width));
+    const WindowPlace place = withinReach(told, screenAreas());
+    const Protection untouched(untouched_);
+    move(place.topLeft());
+    resize(place.size());
 }
 
 void MainWindow::mWritePreferences_DicGroup() {
@@ -232,9 +242,16 @@ void MainWindow::mWritePreferences_DicGroup() {
 }
 
 void MainWindow::mWritePreferences_Window() {
-    if (!pDefaultMainWindow || state_.pProtect || !isVisible())
+    if (!pDefaultMainWindow || !isVisible())
         return;
-    app_.preferences().writePlacement({x(), y(), centralWidget()->width(), centralWidget()->height()}, app_.module);
+    const WindowPlacement here{x(), y(), centralWidget()->width(), centralWidget()->height()};
+    if (untouched_) {
+        given_ = here;
+    } else if (here != given_) {
+        // From now on a way back to that place is the user's choice as well.
+        given_.reset();
+        app_.preferences().writePlacement(here, app_.module);
+    }
 }
 
 void MainWindow::leaveGroup() {
@@ -336,6 +353,7 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::Event_Activate() {
+    untouched_ = false;
     queryBar_->SearchEF()->setFocus();
     app_.ActiveMainWin = this;
 }

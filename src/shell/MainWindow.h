@@ -7,6 +7,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -108,6 +109,11 @@ class MainWindow : public QMainWindow {
     /// The title as it was set: Qt's own holds marks.
     std::string title_;
     WindowState state_;
+    /// Nobody but the program and the window manager has placed the window so far: at a start until the window comes to
+    /// the front, and while a placement is restored.
+    bool untouched_ = true;
+    /// The place that they gave it, which is not saved.
+    std::optional<WindowPlacement> given_;
     AnchoredLayout* layout_;
     MenuBar* menus_;
     std::unique_ptr<Searcher> searcher_;

@@ -15,9 +15,15 @@ void PreferenceWriter::writeGroup(const WindowState& state, bool separately, con
          writeGroupPreferences(group, preferences, module.pNewDicPref));
 }
 
+std::optional<WindowPlacement> PreferenceWriter::placement(const ThisAppliModule& module) const {
+    return unsaved_ ? unsaved_ : readWindowPlacement(module.pThis_PreferencesFolder);
+}
+
 void PreferenceWriter::writePlacement(const WindowPlacement& placement, const ThisAppliModule& module) {
     const std::string path = module.pThis_PreferencesFolder.Child("MainWindow").path().string();
-    note(path, writeWindowPlacement(module.pThis_PreferencesFolder, placement));
+    const WriteResult result = writeWindowPlacement(module.pThis_PreferencesFolder, placement);
+    unsaved_ = result ? std::nullopt : std::optional(placement);
+    note(path, result);
 }
 
 void PreferenceWriter::note(const std::string& path, const WriteResult& result) {

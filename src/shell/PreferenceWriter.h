@@ -5,6 +5,7 @@
 #include "store/AtomicFile.h"
 
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -19,6 +20,9 @@ class PreferenceWriter {
 
     /// `DictionaryPreferences.txt` of the window's group; nothing where the window has none or its folder is gone.
     void writeGroup(const WindowState& state, bool separately, const ThisAppliModule& module);
+    /// The placement that the first window had last: the saved one, or one that could not be saved since. Nothing where
+    /// there is neither.
+    std::optional<WindowPlacement> placement(const ThisAppliModule& module) const;
     /// The file `MainWindow`.
     void writePlacement(const WindowPlacement& placement, const ThisAppliModule& module);
     /// The next failure of any file is told of again.
@@ -29,6 +33,7 @@ class PreferenceWriter {
   private:
     std::function<void(std::string_view)> tell_;
     std::set<std::string> failing_;
+    std::optional<WindowPlacement> unsaved_;
 };
 
 } // namespace velmarin

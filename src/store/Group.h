@@ -68,6 +68,7 @@ ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterE
 /// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.
 struct WindowPlacement {
     int left = 0, top = 0, width = 0, height = 0;
+    friend bool operator==(const WindowPlacement&, const WindowPlacement&) = default;
 };
 /// Missing numbers are 0; nothing for a file that is missing or unreadable.
 std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder);

@@ -116,16 +116,27 @@ TEST(Placement, ALineOfZerosGivesTheSmallestWindowAndNotNone) {
     EXPECT_GE(run.window().centralWidget()->width(), 64);
 }
 
-TEST(GroupPreferences, AGroupFolderThatCannotBeWrittenIsToldAndTheProgramStaysUp) {
+TEST(GroupPreferences, GroupsThatCannotBeWrittenAreToldOnceForAllAndTheProgramStaysUp) {
     Started run;
-    run.group(fruitGroup("G", 1)).start();
-    std::filesystem::create_directory(run.groupFolder("G") / "DictionaryPreferences.txt");
-    run.control<QCheckBox>("SeparatelyCB")->click();
-    run.control<QCheckBox>("SeparatelyCB")->click();
-    ASSERT_EQ(run.host.messages.size(), 1U);
-    EXPECT_NE(run.host.messages[0].find("DictionaryPreferences.txt"), std::string::npos);
+    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
+    for (const char* group : {"G", "H"}) {
+        run.pick(group);
+        std::filesystem::create_directory(run.groupFolder(group) / "DictionaryPreferences.txt");
+        run.control<QCheckBox>("SeparatelyCB")->click();
+        run.control<QCheckBox>("SeparatelyCB")->click();
+        ASSERT_EQ(run.host.messages.size(), 1U) << group;
+    }
+    EXPECT_NE(run.host.messages[0].find("G/DictionaryPreferences.txt"), std::string::npos);
     run.search("banana");
     EXPECT_EQ(run.imageName(0), "2.bmp");
+    for (const char* group : {"G", "H"})
+        std::filesystem::remove(run.groupFolder(group) / "DictionaryPreferences.txt");
+    run.pick("G");
+    run.control<QCheckBox>("SeparatelyCB")->click();
+    std::filesystem::remove(run.groupFolder("G") / "DictionaryPreferences.txt");
+    std::filesystem::create_directory(run.groupFolder("G") / "DictionaryPreferences.txt");
+    run.control<QCheckBox>("SeparatelyCB")->click();
+    EXPECT_EQ(run.host.messages.size(), 2U) << "it could be written in between";
 }
 
 } // namespace

@@ -152,8 +152,12 @@ WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreference
     std::string text;
     for (const std::string& line : pNewDicPref)
         text += line + "\n";
-    return writeFileAtomically(group.Child("DictionaryPreferences.txt").path(),
-                               pNewDicPref.empty() ? formatGroupPreferences(preferences) : text);
+    if (pNewDicPref.empty())
+        text = formatGroupPreferences(preferences);
+    const FolderItem file = group.Child("DictionaryPreferences.txt");
+    const WriteResult result = writeFileAtomically(file.path(), text);
+    const bool nothingIsLost = !result && readWholeFile(file, kLargestPreferences) == text;
+    return nothingIsLost ? WriteResult{} : result;
 }
 
 ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach) {

@@ -36,7 +36,8 @@ GroupPreferences parseGroupPreferences(std::string_view text);
 /// Line 1: name, TAB, "1" or "0", TAB. Then name, TAB, mode, a line each. LF ends.
 std::string formatGroupPreferences(const GroupPreferences& preferences);
 /// Writes `DictionaryPreferences.txt` of a group. Once the order editor has saved, its lines `pNewDicPref` are written
-/// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone.
+/// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone. A file that
+/// cannot be written but holds the same already is no failure.
 WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
                                   const std::vector<std::string>& pNewDicPref = {});
 

@@ -224,6 +224,12 @@ TEST(GroupPreferences, OnceTheOrderWasSavedItsLinesGoIntoEveryGroup) {
     const WriteResult failed = writeGroupPreferences(blocked, {});
     EXPECT_FALSE(failed);
     EXPECT_NE(failed.reason.find("DictionaryPreferences.txt"), std::string::npos);
+    if (::geteuid() == 0)
+        return; // root may write anywhere
+    fs::permissions(own.path(), fs::perms(0555));
+    EXPECT_TRUE(writeGroupPreferences(own, {}, {"Other", "X", "Y"})) << "nothing is lost";
+    EXPECT_FALSE(writeGroupPreferences(own, {}, {"Other", "Y", "X"}));
+    fs::permissions(own.path(), fs::perms(0755));
 }
 
 TEST(WindowPlacement, SurvivesAndFillsUpWithNought) {

@@ -14,8 +14,8 @@
 #include "shell/AboutPanel.h"
 #include "shell/App.h"
 #include "shell/GroupPicker.h"
+#include "shell/NoGroupNotice.h"
 #include "shell/PageImages.h"
-#include "shell/ScreenFit.h"
 #include "shell/SideLink.h"
 #include "side/FindBar.h"
 #include "side/SubWindow.h"
@@ -26,7 +26,7 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QKeyEvent>
-#include <QScreen>
+#include <QScopedValueRollback>
 
 #include <array>
 
@@ -49,28 +49,11 @@ constexpr std::array<WindowCommand, 7> kCommands{{
     {"SubwinFind", &MainWindow::SubwinFind_Action},
 }};
 
-/// In pixels, either way: no display system makes larger ones.
-constexpr int kWidestWindow = 32000;
-/// In pixels, either way: no desktop reaches as far.
-constexpr int kFarthest = 1 << 20;
 constexpr const char* kTitleWithoutGroup = "VELMARIN";
-
-/// Sets a flag for as long as a window restores its state.
-class Protection {
-  public:
-    explicit Protection(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-    ~Protection() { flag_ = before_; }
-    Protection(const Protection&) = delete;
-    Protection& operator=(const Protection&) = delete;
-
-  private:
-    bool& flag_;
-    bool before_;
-};
 
 } // namespace
 
-MainWindow::MainWindow(App& app) : app_(app) {
+MainWindow::MainWindow(App& app) : app_(app), placement_(*this, app.preferences(), app.module) {
     auto* content = new QWidget(this);
     content->setMinimumSize(64, 64);
     layout_ = new AnchoredLayout(content, QSize(design::kWindowWidth, design::kWindowHeight));
@@ -87,8 +70,7 @@ MainWindow::MainWindow(App& app) : app_(app) {
     content->setFont(font);
     makeParts();
     setTitle(kTitleWithoutGroup);
-    const QSize designed(design::kWindowWidth, design::kWindowHeight + menus_->sizeHint().height());
-    resize(sizeThatFits(designed, screen()->availableGeometry().size()));
+    placement_.setFirstSize(QSize(design::kWindowWidth, design::kWindowHeight));
     mSetSize();
 }
 
@@ -116,6 +98,7 @@ void MainWindow::makeParts() {
     hitList_ = new HitList(state_, *deck_, content, *layout_);
     groupView_ = std::make_unique<GroupView>(state_, *deck_, *hitList_, *queryBar_, app_.host(), *layout_);
     about_ = new AboutPanel(content, *layout_);
+    notice_ = std::make_unique<NoGroupNotice>(content, *layout_);
     // The row at the top comes first, whatever was made first.
     setTabOrder(groupPicker_->SelectDicFolPU(), sideLink_->SubWinBV());
     setTabOrder(sideLink_->SubWinBV(), queryBar_->SearchEF());
@@ -125,6 +108,7 @@ void MainWindow::makeParts() {
 
     connect(queryBar_, &QueryBar::searched, sideLink_, &SideLink::synchronise);
     connect(queryBar_, &QueryBar::finished, about_, &AboutPanel::hideAbout);
+    connect(queryBar_, &QueryBar::finished, this, [this] { notice_->tell(""); });
     connect(deck_, &PageDeck::errataChosen, this,
             [this](const FolderItem& file, int tab) { app_.pageImages().show(file, stepper_, tab); });
     connect(queryBar_, &QueryBar::separatelyClicked, this, &MainWindow::SeparatelyCB_Action);
@@ -178,6 +162,13 @@ void MainWindow::readyForSearch() {
     deck_->set(0).MainCanvas->Refresh();
 }
 
+void MainWindow::search(const std::string& word) {
+    if (word.empty())
+        return;
+    queryBar_->SearchEF()->setText(toQ(word));
+    queryBar_->OKBT_Action();
+}
+
 void MainWindow::SeparatelyCB_Action() {
     if (!state_.pProtect)
         mWritePreferences_DicGroup();
@@ -202,8 +193,9 @@ void MainWindow::SelectDicFolPU_MouseDown() {
 }
 
 void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
-    const Protection protection(state_.pProtect);
+    const QScopedValueRollback protection(state_.pProtect, true);
     hitList_->setInfo("");
+    notice_->tell("");
     try {
         setTitle("");
         groupView_->read(group);
@@ -222,19 +214,8 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
 }
 
 void MainWindow::mSetSize() {
-    const Protection protection(state_.pProtect);
-    const auto saved = app_.preferences().placement(app_.module);
-    if (!saved)
-        return;
-    const int width = std::clamp(saved->width, centralWidget()->minimumWidth(), kWidestWindow);
-    const int height = std::clamp(saved->height, centralWidget()->minimumHeight(), kWidestWindow);
-    const WindowPlace told(std::clamp(saved->left, -kFarthest, kFarthest),
-                           std::clamp(saved->top, -kFarthest, kFarthest), width,
-                           height + menus_->heightForWidth(width));
-    const WindowPlace place = withinReach(told, screenAreas());
-    const Protection untouched(untouched_);
-    move(place.topLeft());
-    resize(place.size());
+    const QScopedValueRollback protection(state_.pProtect, true);
+    placement_.restore();
 }
 
 void MainWindow::mWritePreferences_DicGroup() {
@@ -242,16 +223,8 @@ void MainWindow::mWritePreferences_DicGroup() {
 }
 
 void MainWindow::mWritePreferences_Window() {
-    if (!pDefaultMainWindow || !isVisible())
-        return;
-    const WindowPlacement here{x(), y(), centralWidget()->width(), centralWidget()->height()};
-    if (untouched_) {
-        given_ = here;
-    } else if (here != given_) {
-        // From now on a way back to that place is the user's choice as well.
-        given_.reset();
-        app_.preferences().writePlacement(here, app_.module);
-    }
+    if (pDefaultMainWindow && isVisible())
+        placement_.save();
 }
 
 void MainWindow::leaveGroup() {
@@ -262,13 +235,14 @@ void MainWindow::leaveGroup() {
 }
 
 void MainWindow::showNoGroup(const std::string& reason) {
-    const Protection protection(state_.pProtect);
+    const QScopedValueRollback protection(state_.pProtect, true);
     sideLink_->close();
     leaveGroup();
     setTitle(kTitleWithoutGroup);
     app_.setWinItemText(pMyIndex, std::string(kWinItemWithoutGroup));
     queryBar_->showNoGroup();
-    hitList_->setInfo(reason);
+    hitList_->setInfo("");
+    notice_->tell(reason);
 }
 
 bool MainWindow::handles(std::string_view command) const {
@@ -341,6 +315,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::Event_CancelClose() {
     mWritePreferences_DicGroup();
+    notice_->takeWord();
     showNoGroup();
     if (app_.isLastVisible(*this))
         app_.pageImages().close();
@@ -353,7 +328,7 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::Event_Activate() {
-    untouched_ = false;
+    placement_.cameToFront();
     queryBar_->SearchEF()->setFocus();
     app_.ActiveMainWin = this;
 }

@@ -2,12 +2,12 @@
 
 #include "search/WindowState.h"
 #include "shell/MenuBar.h"
+#include "shell/PlacementKeeper.h"
 
 #include <QLabel>
 #include <QMainWindow>
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,8 +18,9 @@ class AnchoredLayout;
 class App;
 class GroupPicker;
 class GroupView;
-class MainWindowStepper;
 class HitList;
+class MainWindowStepper;
+class NoGroupNotice;
 class PageDeck;
 class QueryBar;
 class Searcher;
@@ -44,6 +45,7 @@ class MainWindow : public QMainWindow {
     QueryBar& queryBar() const { return *queryBar_; }
     Searcher& searcher() const { return *searcher_; }
     SideLink& sideLink() const { return *sideLink_; }
+    NoGroupNotice& notice() const { return *notice_; }
     MenuBar& menus() const { return *menus_; }
     const WindowState& state() const { return state_; }
 
@@ -63,6 +65,8 @@ class MainWindow : public QMainWindow {
     /// An empty search field, the controls of a window with a group enabled, and no page in the first tab. Nothing
     /// happens without a group.
     void readyForSearch();
+    /// Searches a word as if it had been typed; nothing for an empty one.
+    void search(const std::string& word);
     /// A press on the group pop-up closes the side window.
     void SelectDicFolPU_MouseDown();
 
@@ -100,7 +104,7 @@ class MainWindow : public QMainWindow {
     void enableGroupControls(bool enabled);
     void leaveGroup();
     /// Takes the group away: what a closed window comes back as, and what a group that cannot be read leaves.
-    /// @param reason shown in the window
+    /// @param reason shown on the empty page
     void showNoGroup(const std::string& reason = {});
     void route(std::string_view command, int index);
     bool handle(std::string_view command, int index);
@@ -109,11 +113,7 @@ class MainWindow : public QMainWindow {
     /// The title as it was set: Qt's own holds marks.
     std::string title_;
     WindowState state_;
-    /// Nobody but the program and the window manager has placed the window so far: at a start until the window comes to
-    /// the front, and while a placement is restored.
-    bool untouched_ = true;
-    /// The place that they gave it, which is not saved.
-    std::optional<WindowPlacement> given_;
+    PlacementKeeper placement_;
     AnchoredLayout* layout_;
     MenuBar* menus_;
     std::unique_ptr<Searcher> searcher_;
@@ -125,6 +125,7 @@ class MainWindow : public QMainWindow {
     GroupPicker* groupPicker_ = nullptr;
     SideLink* sideLink_ = nullptr;
     AboutPanel* about_ = nullptr;
+    std::unique_ptr<NoGroupNotice> notice_;
 };
 
 } // namespace velmarin

@@ -147,7 +147,7 @@ TEST(GroupPick, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
         EXPECT_EQ(run.imageName(0), "");
         EXPECT_EQ(run.window().title(), "VELMARIN");
         EXPECT_EQ(run.app().winItems()[0], "Default Window");
-        EXPECT_NE(run.control<QLabel>("InfoST")->text().indexOf(group), -1) << "the reason is shown";
+        EXPECT_NE(run.control<QLabel>("NoticeST")->text().indexOf(group), -1) << "the reason is shown";
         for (const char* control : {"OKBT", "SeparatelyCB", "SubWinBV"})
             EXPECT_FALSE(run.control<QWidget>(control)->isEnabled()) << control;
         run.window().sideLink().SubWinBV()->setChecked(true);
@@ -157,7 +157,7 @@ TEST(GroupPick, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
     std::filesystem::remove(unreadable);
     run.pick("Bad");
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
-    EXPECT_EQ(run.control<QLabel>("InfoST")->text(), "");
+    EXPECT_FALSE(run.control<QLabel>("NoticeST")->isVisible());
     run.search("banana");
     EXPECT_EQ(run.imageName(0), "2.bmp");
 }

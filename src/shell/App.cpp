@@ -156,6 +156,10 @@ void App::mCheckDictionaries() {
     // The command is there and does nothing: checking a dictionary is the command line's work.
 }
 
+void App::mKeyDownSmartCanvasWindow(std::string_view) {}
+
+void App::mKeyDownSubSmartCanvasWindow(std::string_view) {}
+
 void App::SpecialChangedictionaryorder_Action(int) {
     if (ActiveMainWin != nullptr && ActiveMainWin->groupPicker().pick().row >= 0)
         maintenance_.changeDictionariesOrder(ActiveMainWin->pMyIndex, ActiveMainWin->groupPicker().pickedFolder());

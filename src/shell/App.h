@@ -75,6 +75,9 @@ class App : public QObject {
     void FileQuit_Action(int index);
 
     void mCheckDictionaries();
+    /// Hooks for keys of the page; empty, since the search field has the keyboard and no key reaches the page.
+    void mKeyDownSmartCanvasWindow(std::string_view key);
+    void mKeyDownSubSmartCanvasWindow(std::string_view key);
     /// Closes all windows, which write their preferences, and ends the run.
     void quit();
 

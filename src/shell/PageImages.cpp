@@ -41,7 +41,7 @@ void PageImages::show(const FolderItem& file, const std::shared_ptr<PageStepper>
 }
 
 void PageImages::close() {
-    if (!window_.isNull())
+    if (app_.module.pPageImageShown)
         window_->close();
 }
 

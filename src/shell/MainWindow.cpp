@@ -19,6 +19,7 @@
 #include "shell/SideLink.h"
 #include "side/FindBar.h"
 #include "side/SubWindow.h"
+#include "side/SubwindowFile.h"
 #include "text/NilObjectException.h"
 #include "view/SmartCanvas.h"
 
@@ -70,7 +71,7 @@ MainWindow::MainWindow(App& app) : app_(app), placement_(*this, app.preferences(
     content->setFont(font);
     makeParts();
     setTitle(kTitleWithoutGroup);
-    placement_.setFirstSize(QSize(design::kWindowWidth, design::kWindowHeight));
+    placement_.setFirstPlacement(QSize(design::kWindowWidth, design::kWindowHeight), SubwindowSettings{}.width);
     mSetSize();
 }
 

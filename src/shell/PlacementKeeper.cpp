@@ -20,9 +20,11 @@ constexpr int kFarthest = 1 << 20;
 
 } // namespace
 
-void PlacementKeeper::setFirstSize(const QSize& content) {
+void PlacementKeeper::setFirstPlacement(const QSize& content, int besideIt) {
     const QSize designed(content.width(), content.height() + window_.menuBar()->sizeHint().height());
-    window_.resize(sizeThatFits(designed, window_.screen()->availableGeometry().size()));
+    const WindowPlace place = firstPlace(designed, besideIt, window_.screen()->availableGeometry());
+    window_.move(place.topLeft());
+    window_.resize(place.size());
 }
 
 void PlacementKeeper::restore() {

@@ -20,8 +20,9 @@ class PlacementKeeper {
     PlacementKeeper(QMainWindow& window, PreferenceWriter& preferences, const ThisAppliModule& module)
         : window_(window), preferences_(preferences), module_(module) {}
 
-    /// Gives the window this size of its content, or as much of it as the screen has room for.
-    void setFirstSize(const QSize& content);
+    /// Gives the window this size of its content, or as much of it as the screen has room for, and a place that leaves
+    /// room for `besideIt` pixels at its right where the screen is as wide.
+    void setFirstPlacement(const QSize& content, int besideIt);
     /// Gives the window the saved placement; nothing where none is saved. Values are not checked against the screen,
     /// unless the window would be out of reach there.
     void restore();

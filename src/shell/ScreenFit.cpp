@@ -33,10 +33,16 @@ bool canBeDragged(const WindowPlace& place, const QList<QRect>& screens) {
     });
 }
 
-} // namespace
-
 QSize sizeThatFits(const QSize& wanted, const QSize& screen) {
     return wanted.boundedTo(screen - kFrame);
+}
+
+} // namespace
+
+WindowPlace firstPlace(const QSize& wanted, int besideIt, const QRect& screen) {
+    const QSize size = sizeThatFits(wanted, screen.size());
+    const QSize left = screen.size() - size - kFrame - QSize(besideIt, 0);
+    return {screen.topLeft() + QPoint(std::max(left.width(), 0) / 2, left.height() / 2), size};
 }
 
 QList<QRect> screenAreas() {

@@ -11,8 +11,9 @@ namespace velmarin {
 /// what usual window managers add is assumed.
 using WindowPlace = QRect;
 
-/// `wanted`, made smaller where a screen with this room does not hold a window of that size.
-QSize sizeThatFits(const QSize& wanted, const QSize& screen);
+/// The place for a window that has none yet: of the size `wanted`, or what the screen has room for, and in its middle
+/// together with a window of width `besideIt` at the right. Where both have no room it stands at the left.
+WindowPlace firstPlace(const QSize& wanted, int besideIt, const QRect& screen);
 
 /// What of each screen a window may cover.
 QList<QRect> screenAreas();

@@ -44,6 +44,17 @@ INSTANTIATE_TEST_SUITE_P(
                     PlaceCase{"NoScreenIsKnown", {9000, 9000, 838, 600}, {}, true}),
     [](const auto& info) { return info.param.reason; });
 
+TEST(FirstPlace, FitsTheScreenAndLeavesRoomForTheWindowBesideIt) {
+    constexpr int kBesideIt = 352;
+    for (const QRect& screen : {QRect(0, 0, 1366, 768), QRect(0, 30, 1280, 994), QRect(1366, -200, 1920, 1080)}) {
+        const WindowPlace place = firstPlace({838, 831}, kBesideIt, screen);
+        EXPECT_TRUE(screen.contains(place.adjusted(0, 0, kBesideIt, 0))) << screen.width();
+        EXPECT_EQ(place.width(), 838);
+    }
+    EXPECT_EQ(firstPlace({838, 831}, kBesideIt, {100, 0, 1024, 600}).x(), 100);
+    EXPECT_TRUE(QRect(0, 0, 640, 480).contains(firstPlace({838, 831}, kBesideIt, {0, 0, 640, 480})));
+}
+
 TEST(SavedPlaceOfTwoScreens, TheNearestTakesIt) {
     const WindowPlace place = withinReach({4000, 100, 600, 500}, {kLaptop, kRightOfIt});
     EXPECT_TRUE(kRightOfIt.contains(place));

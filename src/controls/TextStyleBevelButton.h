@@ -58,6 +58,7 @@ class TextFontBevelButton : public TextStyleBevelButton {
 
     std::vector<std::string> FontArray;
     std::string CurrentFontName; ///< the last font applied
+    std::int32_t Untitled = 0;   ///< reserved: nothing reads or writes it
 
   signals:
     /// `target` has been given the font.

@@ -113,6 +113,12 @@ void App::rebuildSelectedDic() {
     SelectedDic = rowsInUse(picks);
 }
 
+bool App::isShown(const FolderItem& group) const {
+    return std::any_of(windows_.begin(), windows_.end(), [&group](const auto& window) {
+        return window->hasGroup() && window->state().pDictionaryGroupFolder.isSameItem(group);
+    });
+}
+
 void App::setWinItemText(int index, const std::string& text) {
     winItems_.at(static_cast<std::size_t>(index)) = text;
     for (const auto& window : windows_)
@@ -148,6 +154,10 @@ void App::SpecialCheckDictionaires_Action(int) {
 void App::mCheckDictionaries() {
     // The command is there and does nothing: checking a dictionary is the command line's work.
 }
+
+void App::mKeyDownSmartCanvasWindow(std::string_view) {}
+
+void App::mKeyDownSubSmartCanvasWindow(std::string_view) {}
 
 void App::SpecialChangedictionaryorder_Action(int) {
     if (ActiveMainWin != nullptr && ActiveMainWin->groupPicker().pick().row >= 0)

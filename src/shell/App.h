@@ -53,8 +53,10 @@ class App : public QObject {
 
     /// Whether no other main window is to be seen.
     bool isLastVisible(const MainWindow& window) const;
-    /// Takes the rows in use from the windows anew.
+    /// Reads the rows in use from the pop-ups of all windows.
     void rebuildSelectedDic();
+    /// Whether a window shows this very folder, by whatever row or link it was picked there.
+    bool isShown(const FolderItem& group) const;
     /// The caption of a window's row in the menu "Mainwindow".
     void setWinItemText(int index, const std::string& text);
     const std::vector<std::string>& winItems() const { return winItems_; }
@@ -73,6 +75,9 @@ class App : public QObject {
     void FileQuit_Action(int index);
 
     void mCheckDictionaries();
+    /// Hooks for keys of the page; empty, since the search field has the keyboard and no key reaches the page.
+    void mKeyDownSmartCanvasWindow(std::string_view key);
+    void mKeyDownSubSmartCanvasWindow(std::string_view key);
     /// Closes all windows, which write their preferences, and ends the run.
     void quit();
 

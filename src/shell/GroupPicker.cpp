@@ -5,10 +5,23 @@
 #include "controls/QtText.h"
 #include "shell/App.h"
 #include "shell/MainWindow.h"
+#include "shell/NoGroupNotice.h"
 #include "store/Group.h"
 #include "text/StringRules.h"
 
 namespace velmarin {
+
+namespace {
+
+std::string whereDictionariesBelong(const FolderItem& dictionaryFolder) {
+    const std::string path = dictionaryFolder.path().string();
+    if (dictionaryFolder.Exists() && !listNames(dictionaryFolder.path()))
+        return "The folder of dictionaries could not be read: " + path;
+    return "There are no dictionaries yet. A folder in " + path +
+           " is a group, and a folder in a group is a dictionary.";
+}
+
+} // namespace
 
 GroupPicker::GroupPicker(App& app, MainWindow& window, QWidget* parent, AnchoredLayout& layout)
     : QObject(parent), app_(app), window_(window), SelectDicFolPU_(new PopupMenu(parent)) {
@@ -24,6 +37,7 @@ void GroupPicker::mMakeSelectDicPU() {
     SelectDicFolPU_->DeleteAllRows();
     for (const GroupRow& row : listGroups(app_.module.pDictionaryFolder))
         SelectDicFolPU_->AddRow(row.name, std::any(row.folder));
+    showHelp();
 }
 
 void GroupPicker::pickOnlyRow() {
@@ -61,8 +75,14 @@ void GroupPicker::dropPick() {
     pSelectedDicIndex_ = -1;
 }
 
+void GroupPicker::showHelp() {
+    const bool empty = rowCount() == 0;
+    SelectDicFolPU_->setToolTip(
+        toQ(empty ? whereDictionariesBelong(app_.module.pDictionaryFolder) : app_.module.pSelectedDicTag));
+}
+
 void GroupPicker::SelectDicFolPU_MouseEnter() {
-    SelectDicFolPU_->setToolTip(toQ(app_.module.pSelectedDicTag));
+    showHelp();
     // A pick that waits for the end of a search shows already, and is not yet one to go back to.
     if (!app_.busy().busy())
         pSelectedDicIndex_ = SelectDicFolPU_->ListIndex();
@@ -76,17 +96,20 @@ void GroupPicker::SelectDicFolPU_Change() {
         app_.busy().whenFree([this] { SelectDicFolPU_Change(); });
         return;
     }
-    if (app_.SelectedDic.contains(row)) {
+    // Rows are counted in each window's own pop-up, so the folder is compared as well.
+    if (app_.SelectedDic.contains(row) || app_.isShown(pickedFolder())) {
         SelectDicFolPU_->setListIndexQuietly(pSelectedDicIndex_);
         return;
     }
-    window_.changeGroup(pickedFolder());
+    const bool opened = window_.changeGroup(pickedFolder());
     app_.rebuildSelectedDic();
     app_.module.pSelectedDicTag = takenGroupsHelp(app_.SelectedDic, SelectDicFolPU_->rowCount());
-    pSelectedDicIndex_ = row;
-    SelectDicFolPU_->setToolTip(toQ(app_.module.pSelectedDicTag));
-    if (!app_.module.pSelectedDicTag.empty())
+    pSelectedDicIndex_ = SelectDicFolPU_->ListIndex();
+    showHelp();
+    if (opened && !app_.module.pSelectedDicTag.empty())
         app_.setWinItemText(window_.pMyIndex, window_.title());
+    if (opened)
+        window_.search(window_.notice().takeWord());
 }
 
 } // namespace velmarin

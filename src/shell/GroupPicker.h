@@ -40,6 +40,8 @@ class GroupPicker : public QObject {
   private:
     void SelectDicFolPU_Change();
     void SelectDicFolPU_MouseEnter();
+    /// The help tag: which groups cannot be picked, or, where there are none, where they belong.
+    void showHelp();
 
     App& app_;
     MainWindow& window_;

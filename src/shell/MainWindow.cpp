@@ -14,10 +14,12 @@
 #include "shell/AboutPanel.h"
 #include "shell/App.h"
 #include "shell/GroupPicker.h"
+#include "shell/NoGroupNotice.h"
 #include "shell/PageImages.h"
 #include "shell/SideLink.h"
 #include "side/FindBar.h"
 #include "side/SubWindow.h"
+#include "side/SubwindowFile.h"
 #include "text/NilObjectException.h"
 #include "view/SmartCanvas.h"
 
@@ -25,6 +27,7 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 
 #include <array>
 
@@ -47,26 +50,11 @@ constexpr std::array<WindowCommand, 7> kCommands{{
     {"SubwinFind", &MainWindow::SubwinFind_Action},
 }};
 
-/// In pixels, either way: no display system makes larger ones.
-constexpr int kWidestWindow = 32000;
 constexpr const char* kTitleWithoutGroup = "VELMARIN";
-
-/// While set, control events that come of restoring a window's state write nothing.
-class Protection {
-  public:
-    explicit Protection(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
-    ~Protection() { flag_ = before_; }
-    Protection(const Protection&) = delete;
-    Protection& operator=(const Protection&) = delete;
-
-  private:
-    bool& flag_;
-    bool before_;
-};
 
 } // namespace
 
-MainWindow::MainWindow(App& app) : app_(app) {
+MainWindow::MainWindow(App& app) : app_(app), placement_(*this, app.preferences(), app.module) {
     auto* content = new QWidget(this);
     content->setMinimumSize(64, 64);
     layout_ = new AnchoredLayout(content, QSize(design::kWindowWidth, design::kWindowHeight));
@@ -83,7 +71,7 @@ MainWindow::MainWindow(App& app) : app_(app) {
     content->setFont(font);
     makeParts();
     setTitle(kTitleWithoutGroup);
-    resize(design::kWindowWidth, design::kWindowHeight + menus_->sizeHint().height());
+    placement_.setFirstPlacement(QSize(design::kWindowWidth, design::kWindowHeight), SubwindowSettings{}.width);
     mSetSize();
 }
 
@@ -111,6 +99,7 @@ void MainWindow::makeParts() {
     hitList_ = new HitList(state_, *deck_, content, *layout_);
     groupView_ = std::make_unique<GroupView>(state_, *deck_, *hitList_, *queryBar_, app_.host(), *layout_);
     about_ = new AboutPanel(content, *layout_);
+    notice_ = std::make_unique<NoGroupNotice>(content, *layout_);
     // The row at the top comes first, whatever was made first.
     setTabOrder(groupPicker_->SelectDicFolPU(), sideLink_->SubWinBV());
     setTabOrder(sideLink_->SubWinBV(), queryBar_->SearchEF());
@@ -120,6 +109,7 @@ void MainWindow::makeParts() {
 
     connect(queryBar_, &QueryBar::searched, sideLink_, &SideLink::synchronise);
     connect(queryBar_, &QueryBar::finished, about_, &AboutPanel::hideAbout);
+    connect(queryBar_, &QueryBar::finished, this, [this] { notice_->tell(""); });
     connect(deck_, &PageDeck::errataChosen, this,
             [this](const FolderItem& file, int tab) { app_.pageImages().show(file, stepper_, tab); });
     connect(queryBar_, &QueryBar::separatelyClicked, this, &MainWindow::SeparatelyCB_Action);
@@ -150,7 +140,7 @@ void MainWindow::bringToFront() {
     activateWindow();
 }
 
-void MainWindow::changeGroup(const FolderItem& group) {
+bool MainWindow::changeGroup(const FolderItem& group) {
     // A pick by keyboard comes without a press on the pop-up.
     sideLink_->close();
     app_.pageImages().close();
@@ -160,14 +150,24 @@ void MainWindow::changeGroup(const FolderItem& group) {
         ReadDictionaryFolder(group);
     }
     readyForSearch();
+    return hasGroup();
 }
 
 void MainWindow::readyForSearch() {
+    if (!hasGroup())
+        return;
     queryBar_->SearchEF()->clear();
     queryBar_->SearchEF()->setFocus();
     enableGroupControls(true);
     deck_->set(0).MainCanvas->dropImage();
     deck_->set(0).MainCanvas->Refresh();
+}
+
+void MainWindow::search(const std::string& word) {
+    if (word.empty())
+        return;
+    queryBar_->SearchEF()->setText(toQ(word));
+    queryBar_->OKBT_Action();
 }
 
 void MainWindow::SeparatelyCB_Action() {
@@ -194,28 +194,29 @@ void MainWindow::SelectDicFolPU_MouseDown() {
 }
 
 void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
-    const Protection protection(state_.pProtect);
+    const QScopedValueRollback protection(state_.pProtect, true);
+    hitList_->setInfo("");
+    notice_->tell("");
     try {
         setTitle("");
         groupView_->read(group);
         setTitle(state_.pDicGroupName);
         mSetSize();
         groupView_->mInitialize();
-    } catch (const NilObjectException&) {
+    } catch (const NilObjectException& failure) {
+        if (!hasGroup()) {
+            showNoGroup(failure.what());
+            app_.rebuildSelectedDic();
+        }
         app_.host().MsgBox("Error: ReadDictionaryFolder 0");
     }
-    app_.setWinItemText(pMyIndex, state_.pDicGroupName);
+    if (hasGroup())
+        app_.setWinItemText(pMyIndex, state_.pDicGroupName);
 }
 
 void MainWindow::mSetSize() {
-    const Protection protection(state_.pProtect);
-    const auto placement = readWindowPlacement(app_.module.pThis_PreferencesFolder);
-    if (!placement)
-        return;
-    move(placement->left, placement->top);
-    const int width = std::clamp(placement->width, centralWidget()->minimumWidth(), kWidestWindow);
-    const int height = std::clamp(placement->height, centralWidget()->minimumHeight(), kWidestWindow);
-    resize(width, height + menus_->heightForWidth(width));
+    const QScopedValueRollback protection(state_.pProtect, true);
+    placement_.restore();
 }
 
 void MainWindow::mWritePreferences_DicGroup() {
@@ -223,9 +224,8 @@ void MainWindow::mWritePreferences_DicGroup() {
 }
 
 void MainWindow::mWritePreferences_Window() {
-    if (!pDefaultMainWindow || state_.pProtect || !isVisible())
-        return;
-    app_.preferences().writePlacement({x(), y(), centralWidget()->width(), centralWidget()->height()}, app_.module);
+    if (pDefaultMainWindow && isVisible())
+        placement_.save();
 }
 
 void MainWindow::leaveGroup() {
@@ -234,14 +234,15 @@ void MainWindow::leaveGroup() {
     enableGroupControls(false);
 }
 
-void MainWindow::showNoGroup() {
-    const Protection protection(state_.pProtect);
+void MainWindow::showNoGroup(const std::string& reason) {
+    const QScopedValueRollback protection(state_.pProtect, true);
     sideLink_->close();
     leaveGroup();
     setTitle(kTitleWithoutGroup);
     app_.setWinItemText(pMyIndex, std::string(kWinItemWithoutGroup));
     queryBar_->showNoGroup();
     hitList_->setInfo("");
+    notice_->tell(reason);
 }
 
 bool MainWindow::handles(std::string_view command) const {
@@ -314,6 +315,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::Event_CancelClose() {
     mWritePreferences_DicGroup();
+    notice_->takeWord();
     showNoGroup();
     if (app_.isLastVisible(*this))
         app_.pageImages().close();
@@ -326,6 +328,7 @@ void MainWindow::changeEvent(QEvent* event) {
 }
 
 void MainWindow::Event_Activate() {
+    placement_.cameToFront();
     // For any other reason the field of another window that has had the focus would drop its selection.
     queryBar_->SearchEF()->setFocus(Qt::ActiveWindowFocusReason);
     app_.ActiveMainWin = this;

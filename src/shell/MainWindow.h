@@ -2,6 +2,7 @@
 
 #include "search/WindowState.h"
 #include "shell/MenuBar.h"
+#include "shell/PlacementKeeper.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -17,8 +18,9 @@ class AnchoredLayout;
 class App;
 class GroupPicker;
 class GroupView;
-class MainWindowStepper;
 class HitList;
+class MainWindowStepper;
+class NoGroupNotice;
 class PageDeck;
 class QueryBar;
 class Searcher;
@@ -43,6 +45,7 @@ class MainWindow : public QMainWindow {
     QueryBar& queryBar() const { return *queryBar_; }
     Searcher& searcher() const { return *searcher_; }
     SideLink& sideLink() const { return *sideLink_; }
+    NoGroupNotice& notice() const { return *notice_; }
     MenuBar& menus() const { return *menus_; }
     const WindowState& state() const { return state_; }
 
@@ -51,14 +54,19 @@ class MainWindow : public QMainWindow {
     void appendToAbout(const std::string& text);
     void bringToFront();
 
-    /// What a pick of a free group does: saves the group being left and reads the new one.
-    void changeGroup(const FolderItem& group);
+    bool hasGroup() const { return !state_.pDictionaryGroupFolder.isNil(); }
+    /// What a pick of a free group does: saves the group being left and reads the new one. False if that fails.
+    bool changeGroup(const FolderItem& group);
     /// Resets to the no-group state without writing anything, and refills the group pop-up.
     void resetToNoGroup();
+    /// Shows a group. If its folder cannot be read, says so and leaves the window without a group.
     void ReadDictionaryFolder(const FolderItem& group);
     void mWritePreferences_DicGroup();
-    /// An empty search field, the controls of a window with a group enabled, and no page in the first tab.
+    /// An empty search field, the controls of a window with a group enabled, and no page in the first tab. Nothing
+    /// happens without a group.
     void readyForSearch();
+    /// Searches a word as if it had been typed; nothing for an empty one.
+    void search(const std::string& word);
     /// A press on the group pop-up closes the side window.
     void SelectDicFolPU_MouseDown();
 
@@ -95,8 +103,9 @@ class MainWindow : public QMainWindow {
     void mWritePreferences_Window();
     void enableGroupControls(bool enabled);
     void leaveGroup();
-    /// As a window without a group stands there: what a closed one comes back as.
-    void showNoGroup();
+    /// Takes the group away: what a closed window comes back as, and what a group that cannot be read leaves.
+    /// @param reason shown on the empty page
+    void showNoGroup(const std::string& reason = {});
     void route(std::string_view command, int index);
     bool handle(std::string_view command, int index);
 
@@ -104,6 +113,7 @@ class MainWindow : public QMainWindow {
     /// The title as it was set: Qt's own holds marks.
     std::string title_;
     WindowState state_;
+    PlacementKeeper placement_;
     AnchoredLayout* layout_;
     MenuBar* menus_;
     std::unique_ptr<Searcher> searcher_;
@@ -115,6 +125,7 @@ class MainWindow : public QMainWindow {
     GroupPicker* groupPicker_ = nullptr;
     SideLink* sideLink_ = nullptr;
     AboutPanel* about_ = nullptr;
+    std::unique_ptr<NoGroupNotice> notice_;
 };
 
 } // namespace velmarin

@@ -4,6 +4,7 @@
 #include "shell/App.h"
 #include "shell/ApplicationShortcuts.h"
 #include "shell/MainWindow.h"
+#include "shell/ScreenFit.h"
 #include "view/PageImageWindow.h"
 
 namespace velmarin {
@@ -20,6 +21,8 @@ PageImageWindow* PageImages::instance() {
             app_.preferences().note(path, result);
         };
         window_ = new PageImageWindow(app_.host(), app_.module.pThis_PreferencesFolder, std::move(events));
+        if (window_->testAttribute(Qt::WA_Moved))
+            window_->move(withinReach({window_->pos(), window_->size()}, screenAreas()).topLeft());
         addApplicationShortcuts(app_, window_);
     }
     return window_;
@@ -41,7 +44,7 @@ void PageImages::show(const FolderItem& file, const std::shared_ptr<PageStepper>
 }
 
 void PageImages::close() {
-    if (!window_.isNull())
+    if (app_.module.pPageImageShown)
         window_->close();
 }
 

@@ -1,15 +1,15 @@
 #include "shell/PictureRun.h"
 
-#include "controls/PopupMenu.h"
 #include "controls/QtText.h"
 #include "search/QueryBar.h"
 #include "shell/App.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
+#include "shell/NoGroupNotice.h"
 
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <QPixmap>
-#include <QPushButton>
 #include <QTimer>
 
 #include <iostream>
@@ -25,16 +25,26 @@ int fail(const std::string& why) {
     return kCouldNot;
 }
 
+/// What cannot be done is said in the window too, where the word then waits for a pick.
 int carryOut(MainWindow& window, const StartRequest& request) {
-    if (!request.group.empty() && !window.groupPicker().pickNamed(request.group))
-        return fail("there is no group called \"" + request.group + "\"");
-    if (!request.word.empty()) {
-        if (!window.queryBar().OKBT()->isEnabled())
-            return fail("a word can only be searched in a group: name one with --group");
-        window.queryBar().SearchEF()->setText(toQ(request.word));
-        window.queryBar().OKBT_Action();
+    const bool found = request.group.empty() || window.groupPicker().pickNamed(request.group);
+    if (found && window.hasGroup()) {
+        window.search(request.word);
+        return 0;
     }
-    return 0;
+    if (window.hasGroup())
+        window.queryBar().SearchEF()->setText(toQ(request.word));
+    else
+        window.notice().waitFor(request.word);
+    if (!found) {
+        window.notice().tell("There is no group called ‘" + request.group + "’.");
+        return fail("there is no group called \"" + request.group + "\"");
+    }
+    if (!request.word.empty() && window.groupPicker().rowCount() == 0)
+        window.notice().tell("There are no dictionaries yet.");
+    if (!request.group.empty())
+        return fail("the group \"" + request.group + "\" could not be opened");
+    return request.word.empty() ? 0 : fail("a word can only be searched in a group: name one with --group");
 }
 
 } // namespace

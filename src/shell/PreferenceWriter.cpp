@@ -1,6 +1,19 @@
 #include "shell/PreferenceWriter.h"
 
+#include <algorithm>
+
 namespace velmarin {
+
+namespace {
+
+/// What the failures of all files of one folder have in common.
+std::string withoutPath(std::string reason, const std::string& path) {
+    if (const std::size_t at = reason.find(path); at != std::string::npos)
+        reason.erase(at, path.size());
+    return reason;
+}
+
+} // namespace
 
 void PreferenceWriter::writeGroup(const WindowState& state, bool separately, const ThisAppliModule& module) {
     const FolderItem& group = state.pDictionaryGroupFolder;
@@ -15,15 +28,27 @@ void PreferenceWriter::writeGroup(const WindowState& state, bool separately, con
          writeGroupPreferences(group, preferences, module.pNewDicPref));
 }
 
+std::optional<WindowPlacement> PreferenceWriter::placement(const ThisAppliModule& module) const {
+    return unsaved_ ? unsaved_ : readWindowPlacement(module.pThis_PreferencesFolder);
+}
+
 void PreferenceWriter::writePlacement(const WindowPlacement& placement, const ThisAppliModule& module) {
     const std::string path = module.pThis_PreferencesFolder.Child("MainWindow").path().string();
-    note(path, writeWindowPlacement(module.pThis_PreferencesFolder, placement));
+    const WriteResult result = writeWindowPlacement(module.pThis_PreferencesFolder, placement);
+    unsaved_ = result ? std::nullopt : std::optional(placement);
+    note(path, result);
 }
 
 void PreferenceWriter::note(const std::string& path, const WriteResult& result) {
-    if (result.ok)
+    if (result.ok) {
         failing_.erase(path);
-    else if (failing_.insert(path).second)
+        return;
+    }
+    const std::string reason = withoutPath(result.reason, path);
+    const bool isNew = std::none_of(failing_.begin(), failing_.end(),
+                                    [&](const auto& told) { return told.first == path || told.second == reason; });
+    failing_.insert_or_assign(path, reason);
+    if (isNew)
         tell_(result.reason);
 }
 

@@ -40,6 +40,10 @@ void SideLink::SubWinBV_Action() {
         close();
         return;
     }
+    // Pressed in again once the window is there.
+    SubWinBV_->setChecked(false);
+    if (!mainWindow_.hasGroup())
+        return;
     SideServices services{.host = app_.host(),
                           .busy = app_.busy(),
                           .artwork = {.Find = Find, .DicApp = DicApp, .Close = Close},

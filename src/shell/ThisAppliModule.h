@@ -16,6 +16,7 @@ struct ThisAppliModule {
     std::vector<std::string> pNewDicPref;
     /// The help tag of every group pop-up.
     std::string pSelectedDicTag;
+    /// While the page image window is open, which a change of group closes.
     bool pPageImageShown = false;
 
     /// Makes the folder `Preferences` beside the program where there is none yet.

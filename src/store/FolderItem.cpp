@@ -213,6 +213,12 @@ FolderItem FolderItem::resolved() const {
     return error ? *this : FolderItem(std::move(real));
 }
 
+bool FolderItem::isSameItem(const FolderItem& other) const {
+    const auto own = statOf(path());
+    const auto others = statOf(other.path());
+    return own && others && own->st_dev == others->st_dev && own->st_ino == others->st_ino;
+}
+
 bool FolderItem::CreateAsFolder() const {
     ::mkdir(path().c_str(), 0777);
     return Directory();

@@ -45,6 +45,8 @@ class FolderItem {
     std::vector<FolderItem> items() const;
     /// This item with a link followed; a link to nothing stays as it is.
     FolderItem resolved() const;
+    /// Whether both lead to one item on the disk, by device and inode. An item that does not exist is none.
+    bool isSameItem(const FolderItem& other) const;
 
     /// Makes the folder, and says whether it is there afterwards.
     bool CreateAsFolder() const;

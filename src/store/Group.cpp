@@ -7,8 +7,11 @@
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"
 
+#include <cerrno>
 #include <unordered_map>
-#include <unordered_set>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace velmarin {
 
@@ -20,13 +23,30 @@ int numberIn(std::string_view field) {
     return toInt32(CDbl(field));
 }
 
+/// Why access to a folder is refused, as an error number; 0 where it is granted. X_OK is to reach its members, R_OK to
+/// list them.
+int accessError(const FolderItem& folder, int access) {
+    return ::faccessat(AT_FDCWD, folder.path().c_str(), access, AT_EACCESS) == 0 ? 0 : errno;
+}
+
+std::string unreadable(const FolderItem& folder, int error) {
+    return "The folder \"" + folder.path().native() + "\" could not be read: " + errorInWords(error);
+}
+
+/// Whether a folder may be a dictionary of its group. One that may not be entered hides its mark: it keeps its place
+/// where the preferences list it, and is passed over otherwise, since it does not load.
+bool mayBeDictionary(const FolderItem& item) {
+    return item.resolved().Visible() && item.Directory() &&
+           (item.Child("FW").Exists() || accessError(item, X_OK) == EACCES);
+}
+
 /// The dictionary folders of a group, each by one name: two links to one folder are one dictionary.
 class FoundDictionaries {
   public:
     explicit FoundDictionaries(const FolderListing& group) {
         for (const std::string& name : group.names()) {
             const FolderItem item(group.folder().path() / name);
-            if (!item.resolved().Visible() || !item.Directory() || !item.Child("FW").Exists())
+            if (!mayBeDictionary(item))
                 continue;
             const std::string key = item.AbsolutePath();
             keyOfName_.emplace(name, key);
@@ -85,7 +105,8 @@ void readListed(const FolderItem& file, const FolderListing& members, FoundDicti
         const FolderItem folder = members.Child(entry.name);
         if (!found.take(folder))
             continue;
-        appendAndLoad(folder, entry.ImageMode, into);
+        if (const int error = accessError(folder, X_OK); !appendAndLoad(folder, entry.ImageMode, into) && error != 0)
+            into.failures.push_back(unreadable(folder, error));
         if (afterEach)
             afterEach();
     }
@@ -131,8 +152,12 @@ WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreference
     std::string text;
     for (const std::string& line : pNewDicPref)
         text += line + "\n";
-    return writeFileAtomically(group.Child("DictionaryPreferences.txt").path(),
-                               pNewDicPref.empty() ? formatGroupPreferences(preferences) : text);
+    if (pNewDicPref.empty())
+        text = formatGroupPreferences(preferences);
+    const FolderItem file = group.Child("DictionaryPreferences.txt");
+    const WriteResult result = writeFileAtomically(file.path(), text);
+    const bool nothingIsLost = !result && readWholeFile(file, kLargestPreferences) == text;
+    return nothingIsLost ? WriteResult{} : result;
 }
 
 ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach) {
@@ -142,6 +167,8 @@ ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterE
         MsgBox("Threre are no dictionaries.");
     }
     const FolderListing members(group);
+    if (const int error = accessError(group, R_OK | X_OK); error != 0 || !members.listed())
+        throw NilObjectException(unreadable(group, error != 0 ? error : EIO));
     FoundDictionaries found(members);
     if (const FolderItem file = members.Child("DictionaryPreferences.txt"); file.Exists())
         readListed(file, members, found, into, afterEach);

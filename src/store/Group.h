@@ -36,7 +36,8 @@ GroupPreferences parseGroupPreferences(std::string_view text);
 /// Line 1: name, TAB, "1" or "0", TAB. Then name, TAB, mode, a line each. LF ends.
 std::string formatGroupPreferences(const GroupPreferences& preferences);
 /// Writes `DictionaryPreferences.txt` of a group. Once the order editor has saved, its lines `pNewDicPref` are written
-/// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone.
+/// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone. A file that
+/// cannot be written but holds the same already is no failure.
 WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
                                   const std::vector<std::string>& pNewDicPref = {});
 
@@ -57,16 +58,18 @@ struct ReadGroup {
 /// Reads a group. A folder that does not exist is made, with the message "Threre are no dictionaries.". `afterEach` is
 /// called after each dictionary, so that a caller can keep its window alive.
 ///
-/// A dictionary is a folder with the mark `FW`, or a link to one, and bears the name that it has in the group: a link
-/// its own. Where two names lead to one folder it stands in the list once: under the name in the preferences file, else
-/// under the folder's own name, else under the first link's.
+/// A dictionary is a folder with the mark `FW`, or a link to one, under the name that it has in the group: for a link,
+/// the link's. Where two names lead to one folder it is listed once: under the name in the preferences file, else under
+/// the folder's own name, else under the first link's.
 ///
-/// A nil folder and a preferences file that cannot be opened raise NilObjectException.
+/// A nil folder, one that cannot be listed or entered, and a preferences file that cannot be opened raise
+/// NilObjectException: none of them is a group without dictionaries.
 ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
 
 /// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.
 struct WindowPlacement {
     int left = 0, top = 0, width = 0, height = 0;
+    friend bool operator==(const WindowPlacement&, const WindowPlacement&) = default;
 };
 /// Missing numbers are 0; nothing for a file that is missing or unreadable.
 std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder);

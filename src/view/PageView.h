@@ -140,6 +140,7 @@ class PageView {
     bool pExtraText_Italic = false;
     Color pExtraText_BGColor;
     Color pExtraText_Color;
+    [[maybe_unused]] int pRef = 0; ///< reserved: nothing reads or writes it
 };
 
 } // namespace velmarin

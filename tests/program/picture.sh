@@ -7,10 +7,19 @@ for picture in none word list; do
 done
 ! cmp -s none.png word.png || fail "the word changed nothing"
 
-status=0
-./velmarin --picture x.png --group Nowhere banana 2>said || status=$?
-[ $status -eq 2 ] || fail "an unknown group ended with $status"
-grep -q 'no group called "Nowhere"' said || fail "an unknown group is not named"
+mkdir DictionaryFolder/Bad DictionaryFolder/Bad/DictionaryPreferences.txt
+# refused REASON ARGUMENT...: no picture is made, and standard error says why.
+refused() {
+    local reason=$1 status=0
+    shift
+    ./velmarin --picture refused.png "$@" 2>said || status=$?
+    [ $status -eq 2 ] || fail "$* ended with $status"
+    grep -q "$reason" said || fail "$* is not explained: $(cat said)"
+    [ ! -e refused.png ] || fail "$* made a picture"
+}
+refused 'no group called "Nowhere"' --group Nowhere banana
+refused 'the group "Bad" could not be opened' --group Bad
+refused 'only be searched in a group' banana
 status=0
 ./velmarin --picture missing/x.png --group Two 2>said || status=$?
 [ $status -eq 2 ] || fail "a picture that cannot be written ended with $status"

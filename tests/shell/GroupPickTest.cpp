@@ -5,6 +5,7 @@
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "shell/GroupPicker.h"
+#include "shell/SideLink.h"
 #include "view/SmartCanvas.h"
 
 #include <QApplication>
@@ -64,6 +65,24 @@ TEST(GroupPick, AGroupThatStandsInAWindowIsRefusedAndTheMenuGoesBack) {
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
 }
 
+TEST(GroupPick, OneFolderIsShownOnceWhateverRowOrLinkItIsPickedBy) {
+    Started run;
+    run.group(fruitGroup("Fruit", 1)).group(fruitGroup("Wood", 1)).start();
+    std::filesystem::create_directory_symlink("Fruit", run.groupFolder("Link"));
+    std::filesystem::create_directory_symlink(run.groupFolder("Fruit"), run.groupFolder("Another link"));
+    run.pick("Wood");
+    run.pick("Fruit");
+    run.app().mMakeNewMainWin();
+    run.pick("Wood", 1);
+    const int row = run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex();
+    for (const char* refused : {"Link", "Another link", "Fruit"}) {
+        run.pick(refused, 1);
+        EXPECT_EQ(run.window(1).state().pDictionaryGroupFolder.Name(), "Wood") << refused;
+        EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex(), row) << refused;
+    }
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
 TEST(GroupPick, WindowsAreMadeUntilGroupsRunOutAndThenTheVersionIsAppended) {
     Started run;
     run.group(fruitGroup("One", 1)).group(fruitGroup("Two", 1)).start();
@@ -110,19 +129,37 @@ TEST(GroupPick, AWindowThatComesBackIsWithoutAGroupAndMayTakeItsOldOneAgain) {
         << "the check box was put back into the file";
 }
 
-TEST(GroupPick, AGroupThatCannotBeReadLeavesNothingOfTheOldOne) {
+TEST(GroupPick, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
     Started run;
-    run.group(fruitGroup("Good", 2)).group(fruitGroup("Bad", 1)).start();
-    std::filesystem::create_directory(run.groupFolder("Bad") / "DictionaryPreferences.txt");
-    run.pick("Good");
-    run.search("banana");
+    run.group(fruitGroup("Good", 2)).group(fruitGroup("Bad", 1)).group(fruitGroup("Gone", 1)).start();
+    const auto unreadable = run.groupFolder("Bad") / "DictionaryPreferences.txt";
+    std::filesystem::create_directory(unreadable);
+    std::filesystem::remove_all(run.groupFolder("Gone"));
+    run.files().write("DictionaryFolder/Gone", "a file, which cannot be listed");
+    const std::vector<std::string> told{"Error: ReadDictionaryFolder 0"};
+    for (const char* group : {"Bad", "Gone"}) {
+        run.pick("Good");
+        run.search("banana");
+        run.pick(group);
+        EXPECT_EQ(std::exchange(run.host.messages, {}), told) << group;
+        EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1) << "another name stands over no pages";
+        EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 1);
+        EXPECT_EQ(run.imageName(0), "");
+        EXPECT_EQ(run.window().title(), "VELMARIN");
+        EXPECT_EQ(run.app().winItems()[0], "Default Window");
+        EXPECT_NE(run.control<QLabel>("NoticeST")->text().indexOf(group), -1) << "the reason is shown";
+        for (const char* control : {"OKBT", "SeparatelyCB", "SubWinBV"})
+            EXPECT_FALSE(run.control<QWidget>(control)->isEnabled()) << control;
+        run.window().sideLink().SubWinBV()->setChecked(true);
+        emit run.window().sideLink().SubWinBV()->clicked();
+        EXPECT_FALSE(run.window().sideLink().SubWinBV()->isChecked()) << "there is no side window without a group";
+    }
+    std::filesystem::remove(unreadable);
     run.pick("Bad");
-    EXPECT_EQ(run.host.messages, std::vector<std::string>{"Error: ReadDictionaryFolder 0"});
-    EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 1);
-    EXPECT_EQ(run.imageName(0), "");
-    EXPECT_EQ(run.window().title(), "");
-    run.click("BVnext.0");
-    EXPECT_EQ(run.host.messages.size(), 1U);
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+    EXPECT_FALSE(run.control<QLabel>("NoticeST")->isVisible());
+    run.search("banana");
+    EXPECT_EQ(run.imageName(0), "2.bmp");
 }
 
 TEST(GroupPick, AGroupWithoutDictionariesShowsOneEmptyTab) {

@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -55,6 +56,18 @@ TEST(ErrataMenu, OpensThePageImageWindowWhichStepsTheTabItCameFrom) {
     QApplication::processEvents();
     EXPECT_FALSE(run.app().module.pPageImageShown);
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
+TEST(ErrataMenu, APageImageWindowSavedBeyondTheScreenIsBroughtIn) {
+    Started run;
+    run.group(groupWithErrata());
+    run.files().write("Preferences/PageImageW_Pref.txt", "5000\n-900\n100\n");
+    run.start();
+    run.search("apple");
+    run.choose("BVErrata.0", 0);
+    auto* window = openWindow<PageImageWindow>();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->screen()->availableGeometry().contains(window->frameGeometry()));
 }
 
 TEST(ErrataMenu, AChangeOfGroupClosesThePageImageWindow) {

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QScreen>
 
 #include <gtest/gtest.h>
 
@@ -55,16 +56,55 @@ TEST(Placement, OnlyTheFirstWindowSavesItAndEveryWindowTakesIt) {
     EXPECT_EQ(run.read("Preferences/MainWindow"), "40\t50\t720\t500\t\n");
 }
 
-TEST(Placement, AFolderThatCannotBeWrittenIsToldOnce) {
+TEST(Placement, AMoveWhileAGroupLoadsIsSavedAndStays) {
     Started run;
-    run.group(fruitGroup("G", 1));
+    run.group(fruitGroup("G", 3)).group(fruitGroup("H", 1));
+    run.files().write("Preferences/MainWindow", "40\t50\t700\t500\t\n");
+    run.start();
+    run.host.onYield = [&run] { run.window().move(60, 70); };
+    run.pick("G");
+    EXPECT_EQ(run.window().pos(), QPoint(60, 70));
+    EXPECT_EQ(run.read("Preferences/MainWindow"), "60\t70\t700\t500\t\n");
+}
+
+TEST(Placement, OneThatNoScreenShowsIsBroughtInAndStaysSavedUntilTheUserMovesTheWindow) {
+    Started run;
+    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1));
+    const std::string saved = "3000\t1500\t700\t500\t\n";
+    run.files().write("Preferences/MainWindow", saved);
+    run.start();
+    const QRect screen = run.window().screen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(run.window().frameGeometry()));
+    EXPECT_EQ(run.window().centralWidget()->size(), QSize(700, 500));
+    run.pick("G");
+    EXPECT_EQ(run.read("Preferences/MainWindow"), saved);
+    const QPoint broughtTo = run.window().pos();
+    run.window().move(20, 30);
+    EXPECT_EQ(run.read("Preferences/MainWindow"), "20\t30\t700\t500\t\n");
+    run.window().move(broughtTo);
+    EXPECT_NE(run.read("Preferences/MainWindow"), "20\t30\t700\t500\t\n") << "a move back is a move too";
+}
+
+TEST(Placement, WithoutASavedOneTheWindowFitsItsScreen) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    EXPECT_TRUE(run.window().screen()->availableGeometry().contains(run.window().frameGeometry()));
+    EXPECT_FALSE(std::filesystem::exists(run.folder() / "Preferences/MainWindow"));
+}
+
+TEST(Placement, AFolderThatCannotBeWrittenIsToldOnceAndOnlyAfterAMove) {
+    Started run;
+    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1));
     run.files().write("Preferences", "a file stands where the folder belongs");
     run.start();
+    EXPECT_EQ(run.host.messages.size(), 0U) << "nothing of the user's has been lost";
     for (int i = 1; i <= 5; ++i) {
         run.window().resize(600 + i, 500);
         QApplication::processEvents();
     }
     EXPECT_EQ(run.host.messages.size(), 1U);
+    run.pick("G");
+    EXPECT_EQ(run.window().width(), 605) << "what could not be saved lasts for the run";
 }
 
 TEST(Placement, ALineOfZerosGivesTheSmallestWindowAndNotNone) {
@@ -76,16 +116,27 @@ TEST(Placement, ALineOfZerosGivesTheSmallestWindowAndNotNone) {
     EXPECT_GE(run.window().centralWidget()->width(), 64);
 }
 
-TEST(GroupPreferences, AGroupFolderThatCannotBeWrittenIsToldAndTheProgramStaysUp) {
+TEST(GroupPreferences, GroupsThatCannotBeWrittenAreToldOnceForAllAndTheProgramStaysUp) {
     Started run;
-    run.group(fruitGroup("G", 1)).start();
-    std::filesystem::create_directory(run.groupFolder("G") / "DictionaryPreferences.txt");
-    run.control<QCheckBox>("SeparatelyCB")->click();
-    run.control<QCheckBox>("SeparatelyCB")->click();
-    ASSERT_EQ(run.host.messages.size(), 1U);
-    EXPECT_NE(run.host.messages[0].find("DictionaryPreferences.txt"), std::string::npos);
+    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
+    for (const char* group : {"G", "H"}) {
+        run.pick(group);
+        std::filesystem::create_directory(run.groupFolder(group) / "DictionaryPreferences.txt");
+        run.control<QCheckBox>("SeparatelyCB")->click();
+        run.control<QCheckBox>("SeparatelyCB")->click();
+        ASSERT_EQ(run.host.messages.size(), 1U) << group;
+    }
+    EXPECT_NE(run.host.messages[0].find("G/DictionaryPreferences.txt"), std::string::npos);
     run.search("banana");
     EXPECT_EQ(run.imageName(0), "2.bmp");
+    for (const char* group : {"G", "H"})
+        std::filesystem::remove(run.groupFolder(group) / "DictionaryPreferences.txt");
+    run.pick("G");
+    run.control<QCheckBox>("SeparatelyCB")->click();
+    std::filesystem::remove(run.groupFolder("G") / "DictionaryPreferences.txt");
+    std::filesystem::create_directory(run.groupFolder("G") / "DictionaryPreferences.txt");
+    run.control<QCheckBox>("SeparatelyCB")->click();
+    EXPECT_EQ(run.host.messages.size(), 2U) << "it could be written in between";
 }
 
 } // namespace

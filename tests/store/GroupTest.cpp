@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace velmarin {
 namespace {
@@ -138,7 +139,26 @@ TEST(Reading, FolderThatIsGoneIsMadeWithAMessage) {
     readGroup(gone);
     EXPECT_EQ(messages.texts.size(), 1u);
     EXPECT_THROW(readGroup(FolderItem()), NilObjectException);
-    EXPECT_TRUE(readGroup(FolderItem(folder.write("file", ""))).dictionaries.empty());
+}
+
+TEST(Reading, WhatCannotBeListedIsNoEmptyGroup) {
+    const TempFolder folder;
+    EXPECT_THROW(readGroup(FolderItem(folder.write("file", ""))), NilObjectException);
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "root may list and enter any folder";
+    const fs::path own = three().preferences("G\t0\t\nB\t1\nC\t0\n").writeTo(folder.path());
+    for (const auto mode : {fs::perms(0333), fs::perms(0444), fs::perms(0)}) {
+        fs::permissions(own, mode);
+        EXPECT_THROW(readGroup(FolderItem(own)), NilObjectException) << static_cast<unsigned>(mode);
+    }
+    fs::permissions(own, fs::perms(0755));
+    for (const char* name : {"a", "B"})
+        fs::permissions(own / name, fs::perms(0));
+    const ReadGroup read = readGroup(FolderItem(own));
+    for (const char* name : {"a", "B"})
+        fs::permissions(own / name, fs::perms(0755));
+    EXPECT_EQ(shown(read), (Names{"B:1:-", "C:0:3"})) << "what is listed keeps its place";
+    EXPECT_EQ(read.failures.size(), 1u);
 }
 
 TEST(Reading, ADictionaryThatCannotBeOpenedKeepsItsPlaceAndTheOthersAreRead) {
@@ -204,6 +224,12 @@ TEST(GroupPreferences, OnceTheOrderWasSavedItsLinesGoIntoEveryGroup) {
     const WriteResult failed = writeGroupPreferences(blocked, {});
     EXPECT_FALSE(failed);
     EXPECT_NE(failed.reason.find("DictionaryPreferences.txt"), std::string::npos);
+    if (::geteuid() == 0)
+        return; // root may write anywhere
+    fs::permissions(own.path(), fs::perms(0555));
+    EXPECT_TRUE(writeGroupPreferences(own, {}, {"Other", "X", "Y"})) << "nothing is lost";
+    EXPECT_FALSE(writeGroupPreferences(own, {}, {"Other", "Y", "X"}));
+    fs::permissions(own.path(), fs::perms(0755));
 }
 
 TEST(WindowPlacement, SurvivesAndFillsUpWithNought) {

@@ -1,0 +1,60 @@
+#include "shell/PlacementKeeper.h"
+
+#include "shell/PreferenceWriter.h"
+#include "shell/ScreenFit.h"
+
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace velmarin {
+
+namespace {
+
+/// In pixels, either way: no display system makes larger windows, and no desktop reaches as far.
+constexpr int kWidestWindow = 32000;
+constexpr int kFarthest = 1 << 20;
+
+} // namespace
+
+void PlacementKeeper::setFirstPlacement(const QSize& content, int besideIt) {
+    const QSize designed(content.width(), content.height() + window_.menuBar()->sizeHint().height());
+    const WindowPlace place = firstPlace(designed, besideIt, window_.screen()->availableGeometry());
+    window_.move(place.topLeft());
+    window_.resize(place.size());
+}
+
+void PlacementKeeper::restore() {
+    const auto saved = preferences_.placement(module_);
+    if (!saved)
+        return;
+    const QWidget& content = *window_.centralWidget();
+    const int width = std::clamp(saved->width, content.minimumWidth(), kWidestWindow);
+    const int height = std::clamp(saved->height, content.minimumHeight(), kWidestWindow);
+    const WindowPlace place =
+        withinReach({std::clamp(saved->left, -kFarthest, kFarthest), std::clamp(saved->top, -kFarthest, kFarthest),
+                     width, height + window_.menuBar()->heightForWidth(width)},
+                    screenAreas());
+    const QScopedValueRollback untouched(untouched_, true);
+    window_.move(place.topLeft());
+    window_.resize(place.size());
+}
+
+void PlacementKeeper::save() {
+    const WindowPlacement here{.left = window_.x(),
+                               .top = window_.y(),
+                               .width = window_.centralWidget()->width(),
+                               .height = window_.centralWidget()->height()};
+    if (untouched_) {
+        given_ = here;
+    } else if (here != given_) {
+        // From now on a way back to that placement is the user's choice as well.
+        given_.reset();
+        preferences_.writePlacement(here, module_);
+    }
+}
+
+} // namespace velmarin

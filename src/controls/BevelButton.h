@@ -47,9 +47,12 @@ class BevelButton : public QAbstractButton {
 
     /// 0 where nothing has been set since the rows were last deleted.
     int MenuValue() const { return menuValue_; }
-    /// Held to the rows that there are; without rows nothing is set.
+    /// Clamped to the existing rows, unless `setKeepsAnyValue`; without rows nothing is set.
     void setMenuValue(int row);
     bool menuValueSet() const { return menuValueSet_; }
+    /// From then on `MenuValue` may be a number that has no row. The button shows its caption for it, and the open menu
+    /// marks no row.
+    void setKeepsAnyValue(bool keeps) { keepsAnyValue_ = keeps; }
 
     /// The button then shows its current row instead of its caption, once one has been set.
     void setShowsCurrentRow(bool shows);
@@ -81,6 +84,7 @@ class BevelButton : public QAbstractButton {
     void closePopup();
     void choose(int row);
     void rowsChanged();
+    bool hasCurrentRow() const;
     QRect textRect() const;
     QFont textFont() const;
     void paintFrame(QPainter& painter) const;
@@ -90,6 +94,7 @@ class BevelButton : public QAbstractButton {
     QPointer<MenuPopup> popup_;
     int menuValue_ = 0;
     bool menuValueSet_ = false;
+    bool keepsAnyValue_ = false;
     bool hasMenu_ = false;
     bool showsCurrentRow_ = false;
 };

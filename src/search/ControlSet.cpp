@@ -64,7 +64,9 @@ ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
     set.BVimage->setShowsCurrentRow(true);
     set.BVjump->setHasMenu(true);
     set.BVErrata->setHasMenu(true);
-    set.BVimage->setRows({"Adjust by height", "Original size", "Adjust by width"});
+    // List mode and preferences files have fits without a row.
+    set.BVimage->setKeepsAnyValue(true);
+    set.resetImageSize();
     set.resetHistory();
 
     set.ImageNameST = new QLabel(panel);
@@ -85,11 +87,16 @@ void ControlSet::reset() const {
     BVjump->DeleteAllRows();
     BVErrata->DeleteAllRows();
     BVErrata->setEnabled(false);
+    resetImageSize();
     resetHistory();
     enablePaging(false);
     ImageNameST->clear();
     MainCanvas->dropImage();
     MainCanvas->Refresh();
+}
+
+void ControlSet::resetImageSize() const {
+    BVimage->setRows({"Adjust by height", "Original size", "Adjust by width"});
 }
 
 void ControlSet::resetHistory() const {

@@ -29,6 +29,8 @@ struct ControlSet {
 
     /// As at the first start: nothing shown, nothing listed, nothing to press.
     void reset() const;
+    /// The three fits, and none chosen.
+    void resetImageSize() const;
     /// The row "Delete" and the separator, and no page.
     void resetHistory() const;
     /// The seven controls that need pages; the errata menu goes by the last search.

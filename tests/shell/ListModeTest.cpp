@@ -28,6 +28,8 @@ TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
     run.group(manyFruits("Many")).start();
     auto* rows = run.control<ListBox>("LB");
     EXPECT_EQ(rows->rowCount(), 25);
+    EXPECT_EQ(run.control<BevelButton>("BVimage.0")->wholeText(), "Image size") << "its fit has no row";
+    EXPECT_EQ(run.control<BevelButton>("BVimage.0")->MenuValue(), 3);
     std::vector<int> bar;
     run.host.onYield = [&] {
         if (const int value = run.control<ProgressBar>("PB")->Value(); bar.empty() || bar.back() != value)

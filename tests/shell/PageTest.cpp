@@ -103,6 +103,26 @@ TEST(Pages, ImageSizeChangesTheCanvasAndTheDictionary) {
     EXPECT_EQ(fromQ(run.control<BevelButton>("BVimage.0")->wholeText()), "Original size");
 }
 
+TEST(Pages, ImageSizeShowsAFitOnlyIfItIsThePagesAndKeepsAnyNumber) {
+    const std::vector<std::pair<int, const char*>> fits{
+        {-1, "Image size"}, {0, "Adjust by height"}, {1, "Original size"}, {2, "Adjust by width"},
+        {3, "Image size"},  {4, "Image size"},       {6, "Image size"},    {2147483647, "Image size"}};
+    std::string preferences = "G\t0\t\n";
+    for (std::size_t i = 0; i < fits.size(); ++i)
+        preferences += std::string(1, static_cast<char>('A' + i)) + "\t" + std::to_string(fits[i].first) + "\n";
+    Started run;
+    run.group(fruitGroup("G", static_cast<int>(fits.size())).preferences(preferences)).start();
+    run.search("apple");
+    for (std::size_t i = 0; i < fits.size(); ++i) {
+        const std::string tab = std::to_string(i);
+        EXPECT_EQ(fromQ(run.control<BevelButton>(("BVimage." + tab).c_str())->shownText()), fits[i].second) << tab;
+        EXPECT_EQ(run.control<SmartCanvas>(("MainCanvas." + tab).c_str())->Mode(), fits[i].first) << tab;
+    }
+    run.window().close();
+    EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), preferences);
+    EXPECT_EQ(fromQ(run.control<BevelButton>("BVimage.0")->wholeText()), "Image size") << "a window without a group";
+}
+
 TEST(Pages, ADictionaryWithoutAnIndexGetsOneAndIndex2WinsOverIt) {
     Started run;
     run.group(GroupBuilder("G")

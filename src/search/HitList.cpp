@@ -22,6 +22,8 @@ HitList::HitList(WindowState& state, PageDeck& deck, QWidget* parent, AnchoredLa
       InfoST_(new QLabel(parent)) {
     LB_->setObjectName(QStringLiteral("LB"));
     LB_->setAccessibleName(QStringLiteral("Hits, one dictionary a row"));
+    // A click shows a hit and leaves the typing where it is; Tab reaches the list.
+    LB_->setFocusPolicy(Qt::TabFocus);
     LB_->hide();
     layout.add(LB_, QRect(5, 52, 140, 740), Anchor::Left | Anchor::Top | Anchor::Bottom);
     InfoST_->setObjectName(QStringLiteral("InfoST"));

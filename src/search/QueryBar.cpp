@@ -63,6 +63,8 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     SeparatelyCB_->setObjectName(QStringLiteral("SeparatelyCB"));
     SeparatelyCB_->setToolTip(
         QStringLiteral("By pushing the shift key, you can change temporally the selection of this checkbox."));
+    // A click leaves the typing where it is; Tab reaches it all the same.
+    SeparatelyCB_->setFocusPolicy(Qt::TabFocus);
     SeparatelyCB_->setEnabled(false);
     const QRect separatelyPlace(554, 3, 121, 23);
     const int indicator = SeparatelyCB_->sizeHint().width() - textWidth(SeparatelyCB_->font(), SeparatelyCB_->text());
@@ -73,6 +75,7 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     OKBT_->setObjectName(QStringLiteral("OKBT"));
     OKBT_->setAccessibleName(QStringLiteral("Search"));
     OKBT_->setToolTip(QStringLiteral("Search (Return)"));
+    OKBT_->setFocusPolicy(Qt::TabFocus);
     OKBT_->setEnabled(false);
     OKBT_->setDefault(true);
     layout.add(OKBT_, QRect(679, 4, 39, 22), Anchor::Top | Anchor::Right);

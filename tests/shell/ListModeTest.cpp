@@ -10,6 +10,8 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -52,6 +54,18 @@ TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
     EXPECT_EQ(run.control<BevelButton>("BVHistory.0")->rowCount(), 3);
     run.search("apple");
     EXPECT_EQ(rows->rowCount(), 25) << "a second search empties the list first";
+}
+
+TEST(ListMode, AClickOnARowShowsItsPageAndLeavesTheKeyboardToTheField) {
+    Started run;
+    run.group(manyFruits("Many")).start();
+    run.search("banana");
+    QApplication::setActiveWindow(&run.window());
+    auto* rows = run.control<ListBox>("LB");
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, rows->visualRect(rows->model()->index(3, 0)).center());
+    EXPECT_EQ(rows->ListIndex(), 3);
+    EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "D13");
+    EXPECT_TRUE(run.control<QLineEdit>("SearchEF")->hasFocus());
 }
 
 TEST(ListMode, AChosenHitKeepsTheImageSizeAndAStepGoesBackToItsDictionarys) {

@@ -2,6 +2,7 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
+#include "controls/PlainToolTip.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "search/WindowState.h"
@@ -33,6 +34,7 @@ constexpr ButtonPlan kButtons[] = {
     {&ControlSet::BVimage, "BVimage", "Image size", "Image size", "How the page fits the window", 582, 96},
 };
 
+const QString kNameOfThePage = QStringLiteral("Name of the page image");
 constexpr int kButtonTop = 67;
 constexpr int kButtonHeight = 16;
 
@@ -71,14 +73,13 @@ ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
 
     set.ImageNameST = new QLabel(panel);
     nameIt(set.ImageNameST, "ImageNameST");
-    set.ImageNameST->setAccessibleName(QStringLiteral("Name of the page image"));
     set.ImageNameST->setTextFormat(Qt::PlainText);
-    set.ImageNameST->setStyleSheet(QStringLiteral("color: #ff8000"));
+    set.ImageNameST->setAccessibleDescription(kNameOfThePage);
+    set.ImageNameST->setStyleSheet(QStringLiteral("QLabel { color: #ff8000 }"));
     layout->add(set.ImageNameST, onPanel(679, 67, 135, 18), Anchor::Left | Anchor::Top | Anchor::Right);
 
     set.MainCanvas = new SmartCanvas(host, panel);
     nameIt(set.MainCanvas, "MainCanvas");
-    set.MainCanvas->setAccessibleName(QStringLiteral("Page"));
     layout->add(set.MainCanvas, onPanel(18, 84, 796, 714), Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
     return set;
 }
@@ -91,8 +92,19 @@ void ControlSet::reset() const {
     resetHistory();
     enablePaging(false);
     ImageNameST->clear();
+    ImageNameST->setToolTip({});
+    ImageNameST->setAccessibleDescription(kNameOfThePage);
+    MainCanvas->describePage({}, {}, {});
     MainCanvas->dropImage();
     MainCanvas->Refresh();
+}
+
+void ControlSet::describePage(const std::string& dictionary, const std::string& page,
+                              const std::string& problem) const {
+    MainCanvas->describePage(dictionary, page, problem);
+    const QString trouble = toQ(page + ": " + problem);
+    ImageNameST->setToolTip(plainToolTip(problem.empty() ? toQ(page) : trouble));
+    ImageNameST->setAccessibleDescription(problem.empty() ? kNameOfThePage : trouble);
 }
 
 void ControlSet::resetImageSize() const {

@@ -36,7 +36,7 @@ AboutPanel::AboutPanel(QWidget* parent, AnchoredLayout& layout)
     AboutST_->setTextFormat(Qt::PlainText);
     AboutST_->setWordWrap(true);
     AboutST_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    AboutST_->setStyleSheet(QStringLiteral("color: #000080"));
+    AboutST_->setStyleSheet(QStringLiteral("QLabel { color: #000080 }"));
     AboutST_->installEventFilter(this);
     layout.add(AboutST_, QRect(554, 155, 247, 570), Anchor::Top | Anchor::Right | Anchor::Bottom);
 }

@@ -143,7 +143,7 @@ class JpegReader {
 
 DecodedPix decodeJpeg(std::string_view bytes) {
     if (!bytes.starts_with("\xff\xd8"))
-        return DecodedPix::failed("its content is no JPEG picture");
+        return DecodedPix::failed("its content is not a JPEG picture");
     JpegReader reader(bytes);
     return reader.read();
 }

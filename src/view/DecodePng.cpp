@@ -153,7 +153,7 @@ class PngReader {
 
 DecodedPix decodePng(std::string_view bytes) {
     if (!bytes.starts_with("\x89PNG\r\n\x1a\n"))
-        return DecodedPix::failed("its content is no PNG picture");
+        return DecodedPix::failed("its content is not a PNG picture");
     PngReader reader(bytes);
     return reader.read();
 }

@@ -225,7 +225,7 @@ DecodedPix decodeTiff(std::string_view bytes) {
     Source source{.bytes = bytes, .at = 0, .error = {}};
     const TiffPtr tiff = open(source);
     if (!tiff)
-        return DecodedPix::failed(source.error.empty() ? "its content is no TIFF picture" : source.error);
+        return DecodedPix::failed(source.error.empty() ? "its content is not a TIFF picture" : source.error);
     const Header header(tiff.get());
     if (!isPictureSize(header.width, header.height))
         return DecodedPix::tooLarge(header.width, header.height);

@@ -44,15 +44,15 @@ DecodedPix decodeByContent(std::string_view bytes, std::string_view extension) {
         return decodeByMagick(bytes, "PCX");
     if (equalStrings(extension, "tga"))
         return decodeByMagick(bytes, "TGA");
-    return DecodedPix::failed("its content is no picture of a known format");
+    return DecodedPix::failed("its content is not a picture in a known format");
 }
 
 std::optional<std::string> readPictureFile(const FolderItem& file, std::string& reason) {
     std::optional<std::string> bytes;
     if (file.isNil() || !file.Exists())
-        reason = "there is no such file";
+        reason = noSuchFile;
     else if (bytes = readWholeFile(file, maxFileSize); !bytes)
-        reason = "it is no regular file, cannot be read, or is larger than 2 GB";
+        reason = "it is not a regular file, cannot be read, or is larger than 2 GB";
     else if (bytes->empty()) {
         reason = "the file is empty";
         bytes.reset();
@@ -67,8 +67,7 @@ DecodedPicture asPicture(DecodedPix decoded) {
 } // namespace
 
 DecodedPix DecodedPix::tooLarge(std::int64_t width, std::int64_t height) {
-    return failed("its header asks for " + Str(width) + " x " + Str(height) +
-                  " pixels, which is no size that can be shown");
+    return failed("its header asks for " + Str(width) + " x " + Str(height) + " pixels, a size that cannot be shown");
 }
 
 DecodedPicture decodePicture(const FolderItem& file) {

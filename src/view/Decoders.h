@@ -8,6 +8,9 @@
 
 namespace velmarin {
 
+/// The reason given for a file that does not exist.
+inline constexpr std::string_view noSuchFile = "there is no such file";
+
 /// What reading a picture came to.
 struct DecodedPicture {
     /// Nil where the file is missing or could not be decoded.

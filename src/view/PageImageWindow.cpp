@@ -97,13 +97,12 @@ void PageImageWindow::makeControls() {
 
     MainCanvas_ = new SmartCanvas(host_, this);
     MainCanvas_->setObjectName(QStringLiteral("MainCanvas"));
-    MainCanvas_->setAccessibleName(QStringLiteral("Page"));
     layout_->add(MainCanvas_, QRect(13, 33, 554, 347), Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
 
     InfoST_ = new QLabel(this);
     InfoST_->setObjectName(QStringLiteral("InfoST"));
     InfoST_->setTextFormat(Qt::PlainText);
-    InfoST_->setStyleSheet(QStringLiteral("color: #ff0080"));
+    InfoST_->setStyleSheet(QStringLiteral("QLabel { color: #ff0080 }"));
     layout_->add(InfoST_, QRect(13, 380, 547, 20), Anchor::Left | Anchor::Right | Anchor::Bottom);
 }
 
@@ -250,7 +249,9 @@ bool PageImageWindow::mOpenAsPicture(const FolderItem& f) {
         return false;
     const std::string extension = mFiMod_GetExtensionFromFileName(f.Name());
     const bool tiff = equalStrings(extension, "tif") || equalStrings(extension, "tiff");
-    Picture picture = (tiff ? decodeTiffFile(f) : decodePicture(f)).picture;
+    DecodedPicture decoded = tiff ? decodeTiffFile(f) : decodePicture(f);
+    MainCanvas_->describePage({}, f.Name(), decoded.reason);
+    Picture picture = std::move(decoded.picture);
     if (!picture)
         return false;
     const double ratio = ratioOfText(fromQ(RatioEF_->text()));

@@ -100,6 +100,13 @@ TEST(ListMode, ARowWithoutAPageSaysSoReadably) {
     EXPECT_TRUE(run.control<BevelButton>("BVjump.0")->isEnabled());
     run.search("banana");
     EXPECT_EQ(info->text(), "");
+    std::filesystem::remove(run.groupFolder("Many") / "D12" / "mImg" / "2.bmp");
+    run.control<ListBox>("LB")->setListIndex(1);
+    EXPECT_EQ(run.control<SmartCanvas>("MainCanvas.0")->accessibleDescription(), "D11, 2.bmp");
+    EXPECT_EQ(info->toolTip(), "");
+    run.control<ListBox>("LB")->setListIndex(2);
+    EXPECT_EQ(run.control<SmartCanvas>("MainCanvas.0")->accessibleDescription(), "D12, 2.bmp: there is no such file");
+    EXPECT_EQ(info->toolTip(), info->text() + "\n2.bmp: there is no such file");
 }
 
 TEST(ListMode, JumpsReadTheFirstDictionarysPages) {

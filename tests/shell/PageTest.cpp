@@ -5,6 +5,7 @@
 #include "controls/TabPanel.h"
 #include "view/SmartCanvas.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 
@@ -59,13 +60,16 @@ struct Broken {
     const char* reason;
     std::string page;
     bool keepsThePage;
+    std::string told; ///< in tool tips and to screen readers
 };
 
 TEST(Pages, APageThatCannotBeShownSaysNoPictureAndLeavesNameAndMenu) {
     const std::vector<Broken> cases{
-        {"a missing file leaves the page before it", "missing.bmp", true},
-        {"a file that cannot be decoded clears it", "broken.bmp", false},
-        {"a name that leads out of the folder is no name", "../mPimg/e.bmp", true},
+        {"a missing file leaves the page before it", "missing.bmp", true, "missing.bmp: there is no such file"},
+        {"a file that cannot be decoded clears it", "broken.bmp", false,
+         "broken.bmp: its content is not a picture in a known format"},
+        {"a name that leads out of the folder is no name", "../mPimg/e.bmp", true,
+         "../mPimg/e.bmp: there is no such file"},
     };
     for (const Broken& c : cases) {
         SCOPED_TRACE(c.reason);
@@ -87,9 +91,33 @@ TEST(Pages, APageThatCannotBeShownSaysNoPictureAndLeavesNameAndMenu) {
         EXPECT_EQ(run.imageName(0), "1.bmp");
         EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 0);
         EXPECT_NE(canvas->grab().toImage(), before) << "nothing says that there is no picture";
+        const auto* label = run.control<QLabel>("ImageNameST.0");
+        EXPECT_EQ(fromQ(canvas->toolTip()), c.told);
+        EXPECT_EQ(fromQ(label->toolTip()), c.told);
+        EXPECT_EQ(fromQ(label->accessibleDescription()), c.told);
+        EXPECT_EQ(fromQ(canvas->accessibleDescription()), "A, " + c.told);
         run.search("zzy");
         EXPECT_EQ(run.imageName(0), "1.bmp");
     }
+}
+
+TEST(Pages, ThePageIsAPictureThatSaysWhichPageItIs) {
+    Started run;
+    run.group(GroupBuilder("G").dictionary(fruit("A & B").captions({{"1.bmp", "i"}, {"3.bmp", "3.bmp"}}))).start();
+    const auto* canvas = run.control<SmartCanvas>("MainCanvas.0");
+    EXPECT_EQ(canvas->accessibleDescription(), "");
+    run.search("apple");
+    EXPECT_EQ(canvas->accessibleDescription(), "A & B, i, 1.bmp");
+    EXPECT_EQ(canvas->toolTip(), "") << "a whole page needs none";
+    run.click("BVnext.0");
+    EXPECT_EQ(canvas->accessibleDescription(), "A & B, 3.bmp");
+    run.search("banana");
+    EXPECT_EQ(canvas->accessibleDescription(), "A & B, 2.bmp") << "a page without a row";
+    QAccessibleInterface* page = QAccessible::queryAccessibleInterface(run.control<SmartCanvas>("MainCanvas.0"));
+    EXPECT_EQ(page->role(), QAccessible::Graphic);
+    EXPECT_EQ(page->text(QAccessible::Name), "Page");
+    run.window().close();
+    EXPECT_EQ(canvas->accessibleDescription(), "");
 }
 
 TEST(Pages, ImageSizeChangesTheCanvasAndTheDictionary) {

@@ -82,7 +82,7 @@ void BevelButton::DeleteAllRows() {
     rows_->clear();
     menuValue_ = 0;
     menuValueSet_ = false;
-    update();
+    currentRowChanged();
 }
 
 void BevelButton::RemoveRow(int row) {
@@ -96,7 +96,7 @@ void BevelButton::RemoveRow(int row) {
     } else if (row < menuValue_) {
         --menuValue_;
     }
-    update();
+    currentRowChanged();
 }
 
 int BevelButton::rowCount() const {
@@ -115,9 +115,17 @@ void BevelButton::setMenuValue(int row) {
         return;
     menuValue_ = value;
     menuValueSet_ = true;
+    currentRowChanged();
+}
+
+void BevelButton::currentRowChanged() {
     update();
-    QAccessibleValueChangeEvent changed(this, toQ(List(value)));
-    QAccessible::updateAccessibility(&changed);
+    QAccessibleValueChangeEvent valued(this, hasCurrentRow() ? toQ(List(menuValue_)) : QString());
+    QAccessible::updateAccessibility(&valued);
+    if (!showsCurrentRow_)
+        return;
+    QAccessibleEvent named(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&named);
 }
 
 void BevelButton::setShowsCurrentRow(bool shows) {

@@ -84,6 +84,7 @@ class BevelButton : public QAbstractButton {
     void closePopup();
     void choose(int row);
     void rowsChanged();
+    void currentRowChanged();
     bool hasCurrentRow() const;
     QRect textRect() const;
     QFont textFont() const;

@@ -16,22 +16,21 @@ struct ButtonPlan {
     BevelButton* ControlSet::*member;
     const char* name;
     const char* caption;
-    const char* accessibleName;
-    const char* toolTip;
+    const char* toolTip; ///< also what screen readers add to the caption
     int left, width;
 };
 
 // In the order of the layout from left to right, which is also the order of the Tab key.
 constexpr ButtonPlan kButtons[] = {
-    {&ControlSet::BVback, "BVback", "Back", "Previous page", "Previous page (Ctrl+Left)", 18, 70},
-    {&ControlSet::BVnext, "BVnext", "Next", "Next page", "Next page (Ctrl+Right)", 91, 70},
-    {&ControlSet::BVup, "BVup", "Up", "One screenful up", "One screenful up (Ctrl+Up)", 167, 70},
-    {&ControlSet::BVdown, "BVdown", "Down", "One screenful down", "One screenful down (Ctrl+Down)", 239, 70},
-    {&ControlSet::BVjump, "BVjump", "Page", "Page", "Go to a page", 331, 80},
-    {&ControlSet::BVHistory, "BVHistory", "History", "History",
-     "Pages seen (back with Alt+Left, forward with Alt+Right)", 414, 80},
-    {&ControlSet::BVErrata, "BVErrata", "Errata", "Errata", "Further pages of this entry", 501, 80},
-    {&ControlSet::BVimage, "BVimage", "Image size", "Image size", "How the page fits the window", 582, 96},
+    {&ControlSet::BVback, "BVback", "Back", "Previous page (Ctrl+Left)", 18, 70},
+    {&ControlSet::BVnext, "BVnext", "Next", "Next page (Ctrl+Right)", 91, 70},
+    {&ControlSet::BVup, "BVup", "Up", "One screenful up (Ctrl+Up)", 167, 70},
+    {&ControlSet::BVdown, "BVdown", "Down", "One screenful down (Ctrl+Down)", 239, 70},
+    {&ControlSet::BVjump, "BVjump", "Page", "Go to a page", 331, 80},
+    {&ControlSet::BVHistory, "BVHistory", "History", "Pages seen (back with Alt+Left, forward with Alt+Right)", 414,
+     80},
+    {&ControlSet::BVErrata, "BVErrata", "Errata", "Further pages of this entry", 501, 80},
+    {&ControlSet::BVimage, "BVimage", "Image size", "How the page fits the window", 582, 96},
 };
 
 const QString kNameOfThePage = QStringLiteral("Name of the page image");
@@ -55,7 +54,6 @@ ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
     for (const ButtonPlan& plan : kButtons) {
         auto* button = new BevelButton(panel);
         button->setCaption(plan.caption);
-        button->setAccessibleName(QString::fromUtf8(plan.accessibleName));
         button->setToolTip(QString::fromUtf8(plan.toolTip));
         button->setEnabled(false);
         nameIt(button, plan.name);

@@ -23,7 +23,8 @@ HitList::HitList(WindowState& state, PageDeck& deck, QWidget* parent, AnchoredLa
     : QObject(parent), state_(state), deck_(deck), layout_(layout), LB_(new ListBox(parent)),
       InfoST_(new QLabel(parent)) {
     LB_->setObjectName(QStringLiteral("LB"));
-    LB_->setAccessibleName(QStringLiteral("Hits, one dictionary a row"));
+    LB_->setAccessibleName(QStringLiteral("Hits"));
+    LB_->setAccessibleDescription(QStringLiteral("One dictionary a row"));
     // A click shows a hit and leaves the typing where it is; Tab reaches the list.
     LB_->setFocusPolicy(Qt::TabFocus);
     LB_->hide();

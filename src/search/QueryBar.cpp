@@ -73,7 +73,6 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     layout.add(SeparatelyCB_, separatelyPlace, Anchor::Top | Anchor::Right);
 
     OKBT_->setObjectName(QStringLiteral("OKBT"));
-    OKBT_->setAccessibleName(QStringLiteral("Search"));
     OKBT_->setToolTip(QStringLiteral("Search (Return)"));
     OKBT_->setFocusPolicy(Qt::TabFocus);
     OKBT_->setEnabled(false);

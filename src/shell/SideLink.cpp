@@ -19,7 +19,6 @@ namespace velmarin {
 SideLink::SideLink(App& app, MainWindow& mainWindow, QWidget* parent, AnchoredLayout& layout)
     : QObject(parent), app_(app), mainWindow_(mainWindow), SubWinBV_(new BevelButton("Subwindow", parent)) {
     SubWinBV_->setObjectName(QStringLiteral("SubWinBV"));
-    SubWinBV_->setAccessibleName(QStringLiteral("Side window"));
     SubWinBV_->setToolTip(QStringLiteral("Look words up in text"));
     SubWinBV_->setToggle(true);
     SubWinBV_->setEnabled(false);

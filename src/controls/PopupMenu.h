@@ -32,8 +32,10 @@ class PopupMenu : public QComboBox {
     void setListIndex(int row);
     void setListIndexQuietly(int row);
 
-    /// What stands there in grey while no row is picked.
+    /// Shown while no row is picked.
     void setPrompt(std::string_view prompt);
+    /// What screen readers call the control where no label is seen beside it.
+    void setLabel(std::string_view label);
 
     void showPopup() override;
 

@@ -10,8 +10,8 @@ namespace velmarin {
 
 class SmallTabBar;
 
-/// Pages one behind the other under a bar of small tabs. Captions that are too long are cut short, with the whole of
-/// them in a tool tip; tabs that have no room are reached by the scroll buttons or the wheel, and the one in front is
+/// Pages one behind the other under a bar of small tabs. Captions that are too long are cut in the middle, with the
+/// whole of them in a tool tip; tabs that have no room are reached by the scroll buttons or the wheel, and the one in front is
 /// always in view. All pages, hidden ones too, have the panel's whole place below the bar.
 class TabPanel : public QWidget {
     Q_OBJECT

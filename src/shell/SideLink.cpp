@@ -11,6 +11,7 @@
 #include "shell/Artwork.h"
 #include "shell/MainWindow.h"
 #include "side/SubWindow.h"
+#include "view/Cursors.h"
 
 #include <QGuiApplication>
 
@@ -41,7 +42,7 @@ void SideLink::SubWinBV_Action() {
     }
     SideServices services{.host = app_.host(),
                           .busy = app_.busy(),
-                          .artwork = {.Find = Find, .DicApp = DicApp, .Close = Close},
+                          .artwork = {.Find = Find, .DicApp = DicApp, .Close = Close, .IndCursor = IndCursor},
                           .preferencesFolder = app_.module.pThis_PreferencesFolder};
     pMySubWin_ = new SubWindow(*this, services, hangingFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {

@@ -7,8 +7,12 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QEnterEvent>
+#include <QLabel>
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 namespace velmarin::test {
 namespace {
@@ -41,6 +45,27 @@ TEST(ScreenReaders, HearTheCaptionOfEveryButtonFirstAndALabelOfEveryPopUp) {
     }
     EXPECT_TRUE(windows.contains("PageImageWindow"));
     EXPECT_TRUE(heard(run.control<QWidget>("UserDicPU")) != nullptr) << "the side window is open";
+}
+
+TEST(Logo, CanBeReadOnLightAndOnDarkDesktops) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    auto* logo = run.control<QLabel>("LOGO");
+    for (const QColor& ground : {QColor(240, 240, 240), QColor(40, 42, 46)}) {
+        QPalette colours = run.window().palette();
+        colours.setColor(QPalette::Window, ground);
+        run.window().setPalette(colours);
+        for (int picture = 0; picture < 2; ++picture) {
+            const QImage shown = logo->grab(QRect(logo->width() / 2, 0, logo->width() / 2, logo->height())).toImage();
+            int read = 0;
+            for (int y = 0; y < shown.height(); ++y)
+                for (int x = 0; x < shown.width(); ++x)
+                    read += std::abs(shown.pixelColor(x, y).lightness() - ground.lightness()) > 80 ? 1 : 0;
+            EXPECT_GT(read, 30) << "picture " << picture << " on " << fromQ(ground.name());
+            QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+            QApplication::sendEvent(logo, &enter);
+        }
+    }
 }
 
 } // namespace

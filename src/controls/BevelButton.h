@@ -35,33 +35,32 @@ class BevelButton : public QAbstractButton {
 
     void AddRow(std::string text);
     void AddSeparator();
-    /// All rows at once, in place of those that there were.
+    /// Replaces all rows.
     void setRows(std::vector<std::string> texts);
     void DeleteAllRows();
-    /// Takes a row out; a row that is not there stays so. The rows behind move up, and `MenuValue` with them; where the
-    /// row was the current one, it counts as not set.
+    /// Removes a row if there is one. Later rows move up, and `MenuValue` with them; if the row was the current one,
+    /// `MenuValue` counts as not set.
     void RemoveRow(int row);
     int rowCount() const;
-    /// The row's text byte for byte as it was added; empty for separators and rows that are not there.
+    /// The row's text byte for byte as it was added; empty for separators and missing rows.
     std::string List(int row) const;
 
-    /// 0 where nothing has been set since the rows were last deleted.
+    /// 0 if nothing has been set since the rows were last deleted.
     int MenuValue() const { return menuValue_; }
     /// Clamped to the existing rows, unless `setKeepsAnyValue`; without rows nothing is set.
     void setMenuValue(int row);
     bool menuValueSet() const { return menuValueSet_; }
-    /// From then on `MenuValue` may be a number that has no row. The button shows its caption for it, and the open menu
-    /// marks no row.
+    /// Lets `MenuValue` be a number without a row: the button then shows its caption, and the open menu marks no row.
     void setKeepsAnyValue(bool keeps) { keepsAnyValue_ = keeps; }
 
     /// The button then shows its current row instead of its caption, once one has been set.
     void setShowsCurrentRow(bool shows);
 
-    /// What stands on the button: as a whole, and as it is painted.
+    /// The text on the button: in full, and as painted.
     QString wholeText() const;
     QString shownText() const;
 
-    /// Opens the menu as Space does. Nothing happens without rows, or where the menu is open.
+    /// Opens the menu as Space does. Does nothing without rows, or if the menu is open already.
     void openMenu();
     bool menuIsOpen() const;
 
@@ -69,7 +68,7 @@ class BevelButton : public QAbstractButton {
     QSize minimumSizeHint() const override;
 
   signals:
-    /// The user picked a row, be it the current one again. `MenuValue` is that row.
+    /// Emitted on every pick by the user, even of the current row. `MenuValue` is the picked row.
     void rowChosen(int row);
 
   protected:

@@ -69,9 +69,9 @@ void PopupMenu::setPrompt(std::string_view prompt) {
 
 void PopupMenu::setLabel(std::string_view label) {
     // To a screen reader the name of a combo box is its row; only a label of its own says what the rows are.
-    auto* named = new QLabel(toQ(label), parentWidget());
-    named->setBuddy(this);
-    named->hide();
+    auto* unseen = new QLabel(toQ(label), parentWidget());
+    unseen->setBuddy(this);
+    unseen->hide();
 }
 
 void PopupMenu::showPopup() {

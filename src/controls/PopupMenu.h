@@ -40,12 +40,12 @@ class PopupMenu : public QComboBox {
     void showPopup() override;
 
   signals:
-    /// A row was picked, be it the one that was so already.
+    /// Emitted on every pick, even of the current row.
     void Change();
     void MouseEntered();
     /// The mouse was pressed on the control; the list has not opened yet.
     void MouseDown();
-    /// The user is about to be able to choose: the pointer came in, the focus came in, or the list is going to open.
+    /// The user may be about to choose: the pointer or the focus came in, or the list is about to open.
     void aboutToChoose();
 
   protected:

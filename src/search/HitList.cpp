@@ -25,7 +25,7 @@ HitList::HitList(WindowState& state, PageDeck& deck, QWidget* parent, AnchoredLa
     LB_->setObjectName(QStringLiteral("LB"));
     LB_->setAccessibleName(QStringLiteral("Hits"));
     LB_->setAccessibleDescription(QStringLiteral("One dictionary a row"));
-    // A click shows a hit and leaves the typing where it is; Tab reaches the list.
+    // A click shows a hit and leaves the focus in the search field; Tab still reaches the list.
     LB_->setFocusPolicy(Qt::TabFocus);
     LB_->hide();
     layout.add(LB_, QRect(5, 52, 140, 740), Anchor::Left | Anchor::Top | Anchor::Bottom);
@@ -65,7 +65,7 @@ void HitList::showHit(const HitItem& hit) {
     const std::shared_ptr<DictionaryItem> item = state_.dictionary(hit.DictionaryNumber);
     target.MainCanvas->setMode(target.BVimage->MenuValue());
     const bool shown = target.MainCanvas->SetPicture(item->ImageFolder.Child(hit.ImageName));
-    // A word that sorts before the first entry has no page, and there is nothing to say of it.
+    // A word that sorts before the first entry has no page, so that no file is at fault.
     const std::string problem = hit.ImageName.empty() ? std::string() : target.MainCanvas->loadProblem();
     if (!shown) {
         setInfo("We cant finde the picture. This dictionary has some probleme: " + hit.DictionaryName,

@@ -63,7 +63,7 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     SeparatelyCB_->setObjectName(QStringLiteral("SeparatelyCB"));
     SeparatelyCB_->setToolTip(
         QStringLiteral("By pushing the shift key, you can change temporally the selection of this checkbox."));
-    // A click leaves the typing where it is; Tab reaches it all the same.
+    // A click leaves the focus in the search field; Tab still reaches the box and the button.
     SeparatelyCB_->setFocusPolicy(Qt::TabFocus);
     SeparatelyCB_->setEnabled(false);
     const QRect separatelyPlace(554, 3, 121, 23);

@@ -82,7 +82,7 @@ void BevelButton::DeleteAllRows() {
     rows_->clear();
     menuValue_ = 0;
     menuValueSet_ = false;
-    update();
+    currentRowChanged();
 }
 
 void BevelButton::RemoveRow(int row) {
@@ -96,7 +96,7 @@ void BevelButton::RemoveRow(int row) {
     } else if (row < menuValue_) {
         --menuValue_;
     }
-    update();
+    currentRowChanged();
 }
 
 int BevelButton::rowCount() const {
@@ -110,14 +110,22 @@ std::string BevelButton::List(int row) const {
 void BevelButton::setMenuValue(int row) {
     if (rowCount() == 0)
         return;
-    const int held = std::clamp(row, 0, rowCount() - 1);
-    if (menuValueSet_ && held == menuValue_)
+    const int value = keepsAnyValue_ ? row : std::clamp(row, 0, rowCount() - 1);
+    if (menuValueSet_ && value == menuValue_)
         return;
-    menuValue_ = held;
+    menuValue_ = value;
     menuValueSet_ = true;
+    currentRowChanged();
+}
+
+void BevelButton::currentRowChanged() {
     update();
-    QAccessibleValueChangeEvent changed(this, toQ(List(held)));
-    QAccessible::updateAccessibility(&changed);
+    QAccessibleValueChangeEvent valued(this, hasCurrentRow() ? toQ(List(menuValue_)) : QString());
+    QAccessible::updateAccessibility(&valued);
+    if (!showsCurrentRow_)
+        return;
+    QAccessibleEvent named(this, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&named);
 }
 
 void BevelButton::setShowsCurrentRow(bool shows) {
@@ -131,8 +139,12 @@ void BevelButton::rowsChanged() {
         setHasMenu(true);
 }
 
+bool BevelButton::hasCurrentRow() const {
+    return menuValueSet_ && rows_->has(menuValue_);
+}
+
 QString BevelButton::wholeText() const {
-    return showsCurrentRow_ && menuValueSet_ ? toQ(rows_->text(menuValue_)) : text();
+    return showsCurrentRow_ && hasCurrentRow() ? toQ(rows_->text(menuValue_)) : text();
 }
 
 QString BevelButton::shownText() const {
@@ -146,7 +158,7 @@ QRect BevelButton::textRect() const {
 
 QFont BevelButton::textFont() const {
     const QFont font = fontForHeight(this->font(), textRect().height());
-    if (!showsCurrentRow_ || !menuValueSet_)
+    if (!showsCurrentRow_ || !hasCurrentRow())
         return fontForWidth(font, text(), textRect().width());
     // A row may be of any length: rather cut it short than let its size jump while one pages on.
     const int smallest = std::max(kSmallestPixelSize, QFontInfo(font).pixelSize() * 3 / 4);
@@ -171,7 +183,7 @@ void BevelButton::openMenu() {
     if (rowCount() == 0 || menuIsOpen() || !isEnabled())
         return;
     closePopup();
-    popup_ = new MenuPopup(rows_, menuValueSet_ ? menuValue_ : -1, this);
+    popup_ = new MenuPopup(rows_, hasCurrentRow() ? menuValue_ : -1, this);
     connect(popup_, &MenuPopup::picked, this, &BevelButton::choose);
     connect(popup_, &MenuPopup::closed, this, [this] { setDown(false); });
     setDown(true);

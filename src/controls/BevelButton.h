@@ -35,30 +35,32 @@ class BevelButton : public QAbstractButton {
 
     void AddRow(std::string text);
     void AddSeparator();
-    /// All rows at once, in place of those that there were.
+    /// Replaces all rows.
     void setRows(std::vector<std::string> texts);
     void DeleteAllRows();
-    /// Takes a row out; a row that is not there stays so. The rows behind move up, and `MenuValue` with them; where the
-    /// row was the current one, it counts as not set.
+    /// Removes a row if there is one. Later rows move up, and `MenuValue` with them; if the row was the current one,
+    /// `MenuValue` counts as not set.
     void RemoveRow(int row);
     int rowCount() const;
-    /// The row's text byte for byte as it was added; empty for separators and rows that are not there.
+    /// The row's text byte for byte as it was added; empty for separators and missing rows.
     std::string List(int row) const;
 
-    /// 0 where nothing has been set since the rows were last deleted.
+    /// 0 if nothing has been set since the rows were last deleted.
     int MenuValue() const { return menuValue_; }
-    /// Held to the rows that there are; without rows nothing is set.
+    /// Clamped to the existing rows, unless `setKeepsAnyValue`; without rows nothing is set.
     void setMenuValue(int row);
     bool menuValueSet() const { return menuValueSet_; }
+    /// Lets `MenuValue` be a number without a row: the button then shows its caption, and the open menu marks no row.
+    void setKeepsAnyValue(bool keeps) { keepsAnyValue_ = keeps; }
 
     /// The button then shows its current row instead of its caption, once one has been set.
     void setShowsCurrentRow(bool shows);
 
-    /// What stands on the button: as a whole, and as it is painted.
+    /// The text on the button: in full, and as painted.
     QString wholeText() const;
     QString shownText() const;
 
-    /// Opens the menu as Space does. Nothing happens without rows, or where the menu is open.
+    /// Opens the menu as Space does. Does nothing without rows, or if the menu is open already.
     void openMenu();
     bool menuIsOpen() const;
 
@@ -66,7 +68,7 @@ class BevelButton : public QAbstractButton {
     QSize minimumSizeHint() const override;
 
   signals:
-    /// The user picked a row, be it the current one again. `MenuValue` is that row.
+    /// Emitted on every pick by the user, even of the current row. `MenuValue` is the picked row.
     void rowChosen(int row);
 
   protected:
@@ -81,6 +83,8 @@ class BevelButton : public QAbstractButton {
     void closePopup();
     void choose(int row);
     void rowsChanged();
+    void currentRowChanged();
+    bool hasCurrentRow() const;
     QRect textRect() const;
     QFont textFont() const;
     void paintFrame(QPainter& painter) const;
@@ -90,6 +94,7 @@ class BevelButton : public QAbstractButton {
     QPointer<MenuPopup> popup_;
     int menuValue_ = 0;
     bool menuValueSet_ = false;
+    bool keepsAnyValue_ = false;
     bool hasMenu_ = false;
     bool showsCurrentRow_ = false;
 };

@@ -34,7 +34,12 @@ class BevelButtonAccessible : public QAccessibleWidget {
         if (kind == QAccessible::Value && button()->hasMenu() && button()->menuValueSet())
             return toQ(button()->List(button()->MenuValue()));
         const QString text = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && text.isEmpty() ? button()->text() : text;
+        if (kind != QAccessible::Name)
+            return text;
+        // The caption comes first also while the button shows its current row in place of it.
+        const QString name = text.isEmpty() ? button()->text() : text;
+        const QString shown = button()->wholeText();
+        return shown == button()->text() ? name : name + QLatin1String(": ") + shown;
     }
 
     QStringList actionNames() const override {

@@ -4,6 +4,7 @@
 #include "controls/RowDelegate.h"
 #include "controls/RowModel.h"
 
+#include <QAbstractButton>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
@@ -69,7 +70,7 @@ void MenuList::mouseReleaseEvent(QMouseEvent* event) {
         emit picked(under.row());
 }
 
-MenuPopup::MenuPopup(RowModel* rows, int currentRow, QWidget* owner)
+MenuPopup::MenuPopup(RowModel* rows, int currentRow, QAbstractButton* owner)
     : QFrame(owner, Qt::Popup), rows_(rows), currentRow_(currentRow), owner_(owner), list_(new MenuList(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -82,7 +83,7 @@ MenuPopup::MenuPopup(RowModel* rows, int currentRow, QWidget* owner)
     layout->addWidget(list_);
     list_->setItemDelegate(new MenuRowDelegate(currentRow, list_));
     list_->setModel(rows);
-    list_->setAccessibleName(owner->accessibleName());
+    list_->setAccessibleName(owner->accessibleName().isEmpty() ? owner->text() : owner->accessibleName());
     setFocusProxy(list_);
     connect(list_, &MenuList::picked, this, &MenuPopup::picked);
     connect(list_, &MenuList::dismissed, this, &QWidget::close);

@@ -3,6 +3,8 @@
 #include <QFrame>
 #include <QListView>
 
+class QAbstractButton;
+
 namespace velmarin {
 
 class RowModel;
@@ -34,7 +36,7 @@ class MenuPopup : public QFrame {
     Q_OBJECT
   public:
     /// `currentRow` is marked and shown; -1: none.
-    MenuPopup(RowModel* rows, int currentRow, QWidget* owner);
+    MenuPopup(RowModel* rows, int currentRow, QAbstractButton* owner);
 
     /// Shows it beside its owner, never over it: a mouse that is still down where it opened the menu picks nothing by
     /// its release there, and picks a row when it is drawn to that and released.

@@ -6,13 +6,15 @@
 
 namespace velmarin {
 
-void showPlainToolTip(const QPoint& globalPosition, const QString& text, QWidget* widget) {
+QString plainToolTip(const QString& text) {
     QString lines = text;
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     lines.replace(u'\r', u'\n');
-    if (Qt::mightBeRichText(lines))
-        lines = Qt::convertFromPlainText(lines);
-    QToolTip::showText(globalPosition, lines, widget);
+    return Qt::mightBeRichText(lines) ? Qt::convertFromPlainText(lines) : lines;
+}
+
+void showPlainToolTip(const QPoint& globalPosition, const QString& text, QWidget* widget) {
+    QToolTip::showText(globalPosition, plainToolTip(text), widget);
 }
 
 QString toolTipWithWhole(const QString& whole, bool cutShort, const QString& tip) {

@@ -8,6 +8,7 @@
 #include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QStylePainter>
@@ -64,6 +65,13 @@ void PopupMenu::setListIndexQuietly(int row) {
 
 void PopupMenu::setPrompt(std::string_view prompt) {
     setPlaceholderText(toQ(prompt));
+}
+
+void PopupMenu::setLabel(std::string_view label) {
+    // To a screen reader the name of a combo box is its row; only a label of its own says what the rows are.
+    auto* unseen = new QLabel(toQ(label), parentWidget());
+    unseen->setBuddy(this);
+    unseen->hide();
 }
 
 void PopupMenu::showPopup() {
@@ -149,10 +157,8 @@ void PopupMenu::paintEvent(QPaintEvent*) {
     const QFont font = textFont();
     painter.setFont(font);
     option.fontMetrics = QFontMetrics(font);
-    const QBrush ink = currentIndex() < 0 ? palette().placeholderText() : palette().buttonText();
-    option.palette.setBrush(QPalette::ButtonText, ink);
-    option.palette.setBrush(QPalette::Text, ink);
-    painter.setPen(ink.color());
+    // The prompt has the ink of a row: in grey the control would look disabled.
+    painter.setPen(palette().color(QPalette::ButtonText));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     option.currentText = elidedInMiddle(font, wholeText(), textRoom());
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);

@@ -32,18 +32,20 @@ class PopupMenu : public QComboBox {
     void setListIndex(int row);
     void setListIndexQuietly(int row);
 
-    /// What stands there in grey while no row is picked.
+    /// Shown while no row is picked.
     void setPrompt(std::string_view prompt);
+    /// What screen readers call the control where no label is seen beside it.
+    void setLabel(std::string_view label);
 
     void showPopup() override;
 
   signals:
-    /// A row was picked, be it the one that was so already.
+    /// Emitted on every pick, even of the current row.
     void Change();
     void MouseEntered();
     /// The mouse was pressed on the control; the list has not opened yet.
     void MouseDown();
-    /// The user is about to be able to choose: the pointer came in, the focus came in, or the list is going to open.
+    /// The user may be about to choose: the pointer or the focus came in, or the list is about to open.
     void aboutToChoose();
 
   protected:

@@ -15,13 +15,13 @@ namespace velmarin {
 namespace {
 
 constexpr int sidePadding = 7;
-constexpr int narrowestTab = 64;
+constexpr int narrowestTab = 96; // both ends of a name can be read
 constexpr int widestTab = 200;
 
 } // namespace
 
 SmallTabBar::SmallTabBar(QWidget* parent) : QTabBar(parent) {
-    setElideMode(Qt::ElideRight);
+    setElideMode(Qt::ElideMiddle); // volumes of one work differ at their ends
     setUsesScrollButtons(true);
     setExpanding(false);
     setDrawBase(false);
@@ -64,7 +64,7 @@ void SmallTabBar::fitFont() {
 }
 
 QString SmallTabBar::shownCaption(int tab) const {
-    return fontMetrics().elidedText(tabWhatsThis(tab), Qt::ElideRight, tabRect(tab).width() - 2 * sidePadding);
+    return elidedInMiddle(font(), tabWhatsThis(tab), tabRect(tab).width() - 2 * sidePadding);
 }
 
 void SmallTabBar::paintEvent(QPaintEvent* event) {

@@ -10,9 +10,9 @@ namespace velmarin {
 
 class SmallTabBar;
 
-/// Pages one behind the other under a bar of small tabs. Captions that are too long are cut short, with the whole of
-/// them in a tool tip; tabs that have no room are reached by the scroll buttons or the wheel, and the one in front is
-/// always in view. All pages, hidden ones too, have the panel's whole place below the bar.
+/// Pages one behind the other under a bar of small tabs. Captions that are too long are cut in the middle, with the
+/// whole of them in a tool tip; tabs that have no room are reached by the scroll buttons or the wheel, and the one in
+/// front is always in view. All pages, hidden ones too, have the panel's whole place below the bar.
 class TabPanel : public QWidget {
     Q_OBJECT
   public:
@@ -22,9 +22,9 @@ class TabPanel : public QWidget {
 
     int PanelCount() const { return static_cast<int>(panels_.size()); }
 
-    /// The panel in front; -1 where there is none.
+    /// The panel in front; -1 if there is none.
     int Value() const;
-    /// A panel that is not there leaves all as it is.
+    /// Does nothing if there is no such panel.
     void setValue(int panel);
 
     std::string caption(int panel) const;
@@ -35,11 +35,11 @@ class TabPanel : public QWidget {
     QWidget* insertPanel(int position, std::string_view caption);
     /// Takes a panel out and deletes its page with all on it, once the present event is over.
     void removePanel(int panel);
-    /// The page; null where there is none.
+    /// The page; null if there is none.
     QWidget* panel(int panel) const;
 
   signals:
-    /// Another page is in front, be it by the user or by code.
+    /// Another page is in front, by the user or by code.
     void Change();
 
   protected:

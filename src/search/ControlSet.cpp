@@ -2,6 +2,7 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
+#include "controls/PlainToolTip.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "search/WindowState.h"
@@ -15,24 +16,24 @@ struct ButtonPlan {
     BevelButton* ControlSet::*member;
     const char* name;
     const char* caption;
-    const char* accessibleName;
-    const char* toolTip;
+    const char* toolTip; ///< also what screen readers add to the caption
     int left, width;
 };
 
 // In the order of the layout from left to right, which is also the order of the Tab key.
 constexpr ButtonPlan kButtons[] = {
-    {&ControlSet::BVback, "BVback", "Back", "Previous page", "Previous page (Ctrl+Left)", 18, 70},
-    {&ControlSet::BVnext, "BVnext", "Next", "Next page", "Next page (Ctrl+Right)", 91, 70},
-    {&ControlSet::BVup, "BVup", "Up", "One screenful up", "One screenful up (Ctrl+Up)", 167, 70},
-    {&ControlSet::BVdown, "BVdown", "Down", "One screenful down", "One screenful down (Ctrl+Down)", 239, 70},
-    {&ControlSet::BVjump, "BVjump", "Page", "Page", "Go to a page", 331, 80},
-    {&ControlSet::BVHistory, "BVHistory", "History", "History",
-     "Pages seen (back with Alt+Left, forward with Alt+Right)", 414, 80},
-    {&ControlSet::BVErrata, "BVErrata", "Errata", "Errata", "Further pages of this entry", 501, 80},
-    {&ControlSet::BVimage, "BVimage", "Image size", "Image size", "How the page fits the window", 582, 96},
+    {&ControlSet::BVback, "BVback", "Back", "Previous page (Ctrl+Left)", 18, 70},
+    {&ControlSet::BVnext, "BVnext", "Next", "Next page (Ctrl+Right)", 91, 70},
+    {&ControlSet::BVup, "BVup", "Up", "One screenful up (Ctrl+Up)", 167, 70},
+    {&ControlSet::BVdown, "BVdown", "Down", "One screenful down (Ctrl+Down)", 239, 70},
+    {&ControlSet::BVjump, "BVjump", "Page", "Go to a page", 331, 80},
+    {&ControlSet::BVHistory, "BVHistory", "History", "Pages seen (back with Alt+Left, forward with Alt+Right)", 414,
+     80},
+    {&ControlSet::BVErrata, "BVErrata", "Errata", "Further pages of this entry", 501, 80},
+    {&ControlSet::BVimage, "BVimage", "Image size", "How the page fits the window", 582, 96},
 };
 
+const QString kNameOfThePage = QStringLiteral("Name of the page image");
 constexpr int kButtonTop = 67;
 constexpr int kButtonHeight = 16;
 
@@ -53,7 +54,6 @@ ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
     for (const ButtonPlan& plan : kButtons) {
         auto* button = new BevelButton(panel);
         button->setCaption(plan.caption);
-        button->setAccessibleName(QString::fromUtf8(plan.accessibleName));
         button->setToolTip(QString::fromUtf8(plan.toolTip));
         button->setEnabled(false);
         nameIt(button, plan.name);
@@ -64,19 +64,20 @@ ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
     set.BVimage->setShowsCurrentRow(true);
     set.BVjump->setHasMenu(true);
     set.BVErrata->setHasMenu(true);
-    set.BVimage->setRows({"Adjust by height", "Original size", "Adjust by width"});
+    // List mode and preferences files have fits without a row.
+    set.BVimage->setKeepsAnyValue(true);
+    set.resetImageSize();
     set.resetHistory();
 
     set.ImageNameST = new QLabel(panel);
     nameIt(set.ImageNameST, "ImageNameST");
-    set.ImageNameST->setAccessibleName(QStringLiteral("Name of the page image"));
     set.ImageNameST->setTextFormat(Qt::PlainText);
-    set.ImageNameST->setStyleSheet(QStringLiteral("color: #ff8000"));
+    set.ImageNameST->setAccessibleDescription(kNameOfThePage);
+    set.ImageNameST->setStyleSheet(QStringLiteral("QLabel { color: #ff8000 }"));
     layout->add(set.ImageNameST, onPanel(679, 67, 135, 18), Anchor::Left | Anchor::Top | Anchor::Right);
 
     set.MainCanvas = new SmartCanvas(host, panel);
     nameIt(set.MainCanvas, "MainCanvas");
-    set.MainCanvas->setAccessibleName(QStringLiteral("Page"));
     layout->add(set.MainCanvas, onPanel(18, 84, 796, 714), Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
     return set;
 }
@@ -85,11 +86,27 @@ void ControlSet::reset() const {
     BVjump->DeleteAllRows();
     BVErrata->DeleteAllRows();
     BVErrata->setEnabled(false);
+    resetImageSize();
     resetHistory();
     enablePaging(false);
     ImageNameST->clear();
+    ImageNameST->setToolTip({});
+    ImageNameST->setAccessibleDescription(kNameOfThePage);
+    MainCanvas->describePage({}, {}, {});
     MainCanvas->dropImage();
     MainCanvas->Refresh();
+}
+
+void ControlSet::describePage(const std::string& dictionary, const std::string& page,
+                              const std::string& problem) const {
+    MainCanvas->describePage(dictionary, page, problem);
+    const QString trouble = toQ(page + ": " + problem);
+    ImageNameST->setToolTip(plainToolTip(problem.empty() ? toQ(page) : trouble));
+    ImageNameST->setAccessibleDescription(problem.empty() ? kNameOfThePage : trouble);
+}
+
+void ControlSet::resetImageSize() const {
+    BVimage->setRows({"Adjust by height", "Original size", "Adjust by width"});
 }
 
 void ControlSet::resetHistory() const {

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QWidget>
 
+#include <string>
+
 namespace velmarin {
 
 class AnchoredLayout;
@@ -29,6 +31,11 @@ struct ControlSet {
 
     /// As at the first start: nothing shown, nothing listed, nothing to press.
     void reset() const;
+    /// Tells which page is shown, in tool tips and to screen readers. `problem` says why it is not shown or what is
+    /// damaged in it; it is empty if all is well.
+    void describePage(const std::string& dictionary, const std::string& page, const std::string& problem) const;
+    /// The three fits, and none chosen.
+    void resetImageSize() const;
     /// The row "Delete" and the separator, and no page.
     void resetHistory() const;
     /// The seven controls that need pages; the errata menu goes by the last search.

@@ -25,9 +25,9 @@ class HitList : public QObject {
     ListBox* LB() const { return LB_; }
     QLabel* InfoST() const { return InfoST_; }
 
-    /// Shows or empties the label. While it says something it stands over the page's lower edge: the strip that the
-    /// layout leaves for it is too low to read.
-    void setInfo(const std::string& text);
+    /// Shows or empties the label; the `reason` follows in its tool tip and its description. While it says something it
+    /// stands over the page's lower edge: the strip that the layout leaves for it is too low to read.
+    void setInfo(const std::string& text, const std::string& reason = {});
 
   private:
     void LB_Change();

@@ -73,11 +73,12 @@ void PageDeck::mSetPicture(const std::string& name, int tabIndex, bool addToHist
     if (!target.MainCanvas->SetPicture(item->ImageFolder.Child(name))) {
         target.MainCanvas->setExtraText("No Picture");
         target.MainCanvas->mDrawExtraText();
+        target.describePage(item->name, pageTitle(*item, name, tabIndex), target.MainCanvas->loadProblem());
         return;
     }
     target.BVjump->setMenuValue(item->ImageDictionary.value(name));
     target.ImageNameST->setText(toQ(name));
-    target.ImageNameST->setToolTip(toQ(name));
+    target.describePage(item->name, pageTitle(*item, name, tabIndex), target.MainCanvas->loadProblem());
     if (addToHistory) {
         // The tab's own dictionary remembers the page, also where list mode shows another one.
         std::vector<std::string>& history = state_.dictionary(tabIndex)->ImageHistory;
@@ -85,6 +86,13 @@ void PageDeck::mSetPicture(const std::string& name, int tabIndex, bool addToHist
         history.push_back(name);
         target.BVHistory->setMenuValue(static_cast<int>(history.size()) - 1 + kHistoryRowsBeforePages);
     }
+}
+
+std::string PageDeck::pageTitle(const DictionaryItem& item, const std::string& name, int tabIndex) const {
+    if (!item.ImageDictionary.has(name))
+        return name;
+    const std::string caption = set(tabIndex).BVjump->List(item.ImageDictionary.value(name));
+    return caption == name ? name : caption + ", " + name;
 }
 
 void PageDeck::mNextBack(int direction, int tabIndex) {

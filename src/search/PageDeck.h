@@ -34,6 +34,8 @@ class PageDeck : public QObject {
 
     /// The one way by which a named page comes to a tab, outside the hit list.
     void mSetPicture(const std::string& name, int tabIndex, bool addToHistory);
+    /// A page as readers and files call it: its row in the tab's jump menu, and its file name where that differs.
+    std::string pageTitle(const DictionaryItem& item, const std::string& name, int tabIndex) const;
     /// Direction 1 is a page forward, any other a page back.
     void mNextBack(int direction, int tabIndex);
     /// 0 is a screenful up, 1 one down.

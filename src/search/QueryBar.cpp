@@ -63,6 +63,8 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     SeparatelyCB_->setObjectName(QStringLiteral("SeparatelyCB"));
     SeparatelyCB_->setToolTip(
         QStringLiteral("By pushing the shift key, you can change temporally the selection of this checkbox."));
+    // A click leaves the focus in the search field; Tab still reaches the box and the button.
+    SeparatelyCB_->setFocusPolicy(Qt::TabFocus);
     SeparatelyCB_->setEnabled(false);
     const QRect separatelyPlace(554, 3, 121, 23);
     const int indicator = SeparatelyCB_->sizeHint().width() - textWidth(SeparatelyCB_->font(), SeparatelyCB_->text());
@@ -71,8 +73,8 @@ QueryBar::QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host&
     layout.add(SeparatelyCB_, separatelyPlace, Anchor::Top | Anchor::Right);
 
     OKBT_->setObjectName(QStringLiteral("OKBT"));
-    OKBT_->setAccessibleName(QStringLiteral("Search"));
     OKBT_->setToolTip(QStringLiteral("Search (Return)"));
+    OKBT_->setFocusPolicy(Qt::TabFocus);
     OKBT_->setEnabled(false);
     OKBT_->setDefault(true);
     layout.add(OKBT_, QRect(679, 4, 39, 22), Anchor::Top | Anchor::Right);

@@ -43,7 +43,7 @@ class QueryBar : public QObject {
     void searched(const QString& query);
     /// Everything about a query is done.
     void finished();
-    /// The check box was clicked by the user.
+    /// The check box has changed, by the user or by code.
     void separatelyClicked();
 
   protected:

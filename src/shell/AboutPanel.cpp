@@ -22,6 +22,10 @@ QString aboutText() {
                           "This text disappears immediately when you execute a search.");
 }
 
+bool isOnDark(const QWidget& widget) {
+    return widget.palette().color(QPalette::Window).lightness() < 128;
+}
+
 } // namespace
 
 AboutPanel::AboutPanel(QWidget* parent, AnchoredLayout& layout)
@@ -36,7 +40,7 @@ AboutPanel::AboutPanel(QWidget* parent, AnchoredLayout& layout)
     AboutST_->setTextFormat(Qt::PlainText);
     AboutST_->setWordWrap(true);
     AboutST_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    AboutST_->setStyleSheet(QStringLiteral("color: #000080"));
+    AboutST_->setStyleSheet(QStringLiteral("QLabel { color: #000080 }"));
     AboutST_->installEventFilter(this);
     layout.add(AboutST_, QRect(554, 155, 247, 570), Anchor::Top | Anchor::Right | Anchor::Bottom);
 }
@@ -50,8 +54,8 @@ void AboutPanel::hideAbout() {
 }
 
 void AboutPanel::showLogo() {
-    const qreal ratio = LOGO_->devicePixelRatioF();
-    LOGO_->setPixmap(shownLogo_ == 0 ? Selorin_Logo_VerySmall(kLogoSize, ratio) : Halvenmark(kLogoSize, ratio));
+    const auto draw = shownLogo_ == 0 ? Selorin_Logo_VerySmall : Halvenmark;
+    LOGO_->setPixmap(draw(kLogoSize, LOGO_->devicePixelRatioF(), isOnDark(*LOGO_)));
 }
 
 bool AboutPanel::eventFilter(QObject* watched, QEvent* event) {
@@ -61,6 +65,8 @@ bool AboutPanel::eventFilter(QObject* watched, QEvent* event) {
         if (watched == LOGO_)
             LOGO_MouseEnter();
     }
+    if (event->type() == QEvent::PaletteChange && watched == LOGO_)
+        showLogo();
     return QObject::eventFilter(watched, event);
 }
 

@@ -9,8 +9,8 @@ namespace velmarin {
 
 class AnchoredLayout;
 
-/// The two ornaments of a main window: the logo, which changes whenever the pointer enters it, and the
-/// acknowledgement, which goes away when the pointer enters it or a search has run.
+/// The two ornaments of a main window: the logo, which changes whenever the pointer enters it and suits a light or a
+/// dark desktop, and the acknowledgement, which goes away when the pointer enters it or a search has run.
 class AboutPanel : public QObject {
     Q_OBJECT
 

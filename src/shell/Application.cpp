@@ -2,6 +2,7 @@
 
 #include "platform/QtText.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QMenu>
 
@@ -13,17 +14,30 @@ namespace velmarin {
 
 namespace {
 
-/// What a user knows the receiver of an event as; empty where that is nothing.
-QString nameOf(const QObject* receiver) {
-    if (const auto* action = qobject_cast<const QAction*>(receiver))
-        return action->text();
-    if (const auto* menu = qobject_cast<const QMenu*>(receiver))
-        return menu->activeAction() == nullptr ? menu->title() : menu->activeAction()->text();
-    const auto* widget = qobject_cast<const QWidget*>(receiver);
-    return widget == nullptr ? QString() : widget->accessibleName();
+/// A menu text as the user sees it, without the mark of its letter.
+QString withoutMnemonic(QString text) {
+    for (qsizetype mark = text.indexOf(u'&'); mark >= 0; mark = text.indexOf(u'&', mark + 1))
+        text.remove(mark, 1);
+    return text;
 }
 
 } // namespace
+
+QString taskOf(const QObject* receiver) {
+    if (const auto* action = qobject_cast<const QAction*>(receiver))
+        return withoutMnemonic(action->text());
+    if (const auto* menu = qobject_cast<const QMenu*>(receiver))
+        return withoutMnemonic(menu->activeAction() == nullptr ? menu->title() : menu->activeAction()->text());
+    // A row of a button's menu belongs to the button.
+    for (const QObject* each = receiver; each != nullptr; each = each->parent())
+        if (const auto* button = qobject_cast<const QAbstractButton*>(each))
+            return button->text().isEmpty() ? button->accessibleName() : button->text();
+    return {};
+}
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
+    installEventFilter(&altKeys_);
+}
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
@@ -37,7 +51,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 }
 
 void Application::tell(const QObject* receiver, const std::string& failure) {
-    const QString doing = nameOf(receiver);
+    const QString doing = taskOf(receiver);
     const std::string what =
         doing.isEmpty() ? failure : "\"" + fromQ(doing) + "\" could not be finished.\n\n" + failure;
     // The message box pumps events itself: a failure that repeats at every paint must not stack up boxes.

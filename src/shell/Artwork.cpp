@@ -6,6 +6,7 @@
 #include <QPainterPath>
 
 #include <functional>
+#include <utility>
 
 namespace velmarin {
 
@@ -14,6 +15,7 @@ namespace {
 const QColor kInk(0x1f, 0x2a, 0x44);
 const QColor kPaper(0xfb, 0xf7, 0xea);
 const QColor kRibbon(0xa6, 0x30, 0x2a);
+const QColor kRibbonOnDark(0xf0, 0x8a, 0x80);
 
 QPixmap drawn(QSize size, qreal ratio, const std::function<void(QPainter&, QRectF)>& draw) {
     QPixmap picture(size * ratio);
@@ -62,16 +64,16 @@ void drawWord(QPainter& p, QRectF box, const QString& word, QColor colour, bool 
 
 } // namespace
 
-QPixmap Selorin_Logo_VerySmall(QSize size, qreal ratio) {
-    return drawn(size, ratio, [](QPainter& p, QRectF box) {
+QPixmap Selorin_Logo_VerySmall(QSize size, qreal ratio, bool onDark) {
+    return drawn(size, ratio, [onDark](QPainter& p, QRectF box) {
         const qreal h = box.height() * 0.8;
         drawBook(p, QPointF(1, box.height() * 0.12), h);
-        drawWord(p, box.adjusted(h * 1.35 + 6, 0, 0, 0), QStringLiteral("Selorin"), kInk, false);
+        drawWord(p, box.adjusted(h * 1.35 + 6, 0, 0, 0), QStringLiteral("Selorin"), onDark ? kPaper : kInk, false);
     });
 }
 
-QPixmap Halvenmark(QSize size, qreal ratio) {
-    return drawn(size, ratio, [](QPainter& p, QRectF box) {
+QPixmap Halvenmark(QSize size, qreal ratio, bool onDark) {
+    return drawn(size, ratio, [ink = onDark ? kRibbonOnDark : kRibbon](QPainter& p, QRectF box) {
         const qreal h = box.height();
         QPainterPath ribbon(QPointF(h * 0.35, h * 0.12));
         ribbon.lineTo(h * 0.85, h * 0.12);
@@ -80,9 +82,9 @@ QPixmap Halvenmark(QSize size, qreal ratio) {
         ribbon.lineTo(h * 0.35, h * 0.9);
         ribbon.closeSubpath();
         p.setPen(Qt::NoPen);
-        p.setBrush(kRibbon);
+        p.setBrush(ink);
         p.drawPath(ribbon);
-        drawWord(p, box.adjusted(h * 0.8 + 8, 0, 0, 0), QStringLiteral("Halvenmark"), kRibbon, true);
+        drawWord(p, box.adjusted(h * 0.8 + 8, 0, 0, 0), QStringLiteral("Halvenmark"), ink, true);
     });
 }
 
@@ -107,10 +109,13 @@ QPixmap DicApp(QSize size, qreal ratio) {
 QPixmap Find(QSize size, qreal ratio) {
     return drawn(size, ratio, [](QPainter& p, QRectF box) {
         const qreal s = box.height();
-        p.setPen(QPen(kInk, s * 0.11, Qt::SolidLine, Qt::RoundCap));
-        p.setBrush(Qt::NoBrush);
-        p.drawEllipse(QPointF(s * 0.42, s * 0.42), s * 0.24, s * 0.24);
-        p.drawLine(QPointF(s * 0.6, s * 0.6), QPointF(s * 0.84, s * 0.84));
+        p.setBrush(kPaper);
+        // A light edge around the ink, for dark backgrounds.
+        for (const auto& [colour, width] : {std::pair(kPaper, s * 0.2), std::pair(kInk, s * 0.11)}) {
+            p.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
+            p.drawLine(QPointF(s * 0.6, s * 0.6), QPointF(s * 0.84, s * 0.84));
+            p.drawEllipse(QPointF(s * 0.42, s * 0.42), s * 0.24, s * 0.24);
+        }
     });
 }
 

@@ -26,7 +26,7 @@ std::string whereDictionariesBelong(const FolderItem& dictionaryFolder) {
 GroupPicker::GroupPicker(App& app, MainWindow& window, QWidget* parent, AnchoredLayout& layout)
     : QObject(parent), app_(app), window_(window), SelectDicFolPU_(new PopupMenu(parent)) {
     SelectDicFolPU_->setObjectName(QStringLiteral("SelectDicFolPU"));
-    SelectDicFolPU_->setAccessibleName(QStringLiteral("Dictionary group"));
+    SelectDicFolPU_->setLabel("Dictionary group");
     layout.add(SelectDicFolPU_, QRect(11, 3, 160, 20), Anchor::Left | Anchor::Top);
     connect(SelectDicFolPU_, &PopupMenu::aboutToChoose, this, &GroupPicker::SelectDicFolPU_MouseEnter);
     connect(SelectDicFolPU_, &PopupMenu::MouseDown, this, [this] { window_.SelectDicFolPU_MouseDown(); });

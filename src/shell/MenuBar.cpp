@@ -5,6 +5,10 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QShortcut>
+
+#include <algorithm>
+#include <set>
 
 namespace velmarin {
 
@@ -14,6 +18,24 @@ namespace {
 QString menuText(std::string_view text) {
     return toQ(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
+
+/// Gives each caption of a menu a letter by which the keyboard chooses it: its first that no caption before it has.
+class Mnemonics {
+  public:
+    QString mark(std::string_view caption) {
+        const auto found = std::find_if(caption.begin(), caption.end(), [this](char c) {
+            return isLetter(c) && taken_.insert(static_cast<char>(c | 0x20)).second;
+        });
+        const auto before = static_cast<std::size_t>(found - caption.begin());
+        const QString mark = found == caption.end() ? QString() : QStringLiteral("&");
+        return menuText(caption.substr(0, before)) + mark + menuText(caption.substr(before));
+    }
+
+  private:
+    static bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+    std::set<char> taken_; ///< in small letters
+};
 
 QIcon iconOf(QPixmap (*draw)(QSize, qreal)) {
     QIcon icon;
@@ -26,10 +48,12 @@ QIcon iconOf(QPixmap (*draw)(QSize, qreal)) {
 
 MenuBar::MenuBar(Router router, const std::function<bool(std::string_view)>& hasHandler, QWidget* parent)
     : QMenuBar(parent), router_(std::move(router)) {
+    Mnemonics ofMenus;
     for (const MenuPlan& plan : menuTree()) {
-        QMenu* menu = addMenu(menuText(plan.caption));
+        QMenu* menu = addMenu(ofMenus.mark(plan.caption));
         menu->setObjectName(toQ(plan.name));
         menu->setToolTipsVisible(true);
+        Mnemonics ofItems;
         for (const MenuItemPlan& item : plan.items) {
             if (item.caption == "-") {
                 menu->addSeparator();
@@ -37,17 +61,19 @@ MenuBar::MenuBar(Router router, const std::function<bool(std::string_view)>& has
             }
             if (item.name == kWinItem)
                 windowMenu_ = menu;
-            QAction* action = addItem(menu, item.name, item.index, item.caption, item.shortcut);
+            QAction* action = addItem(menu, item.name, item.index, ofItems.mark(item.caption), item.shortcut);
             action->setEnabled(hasHandler(item.name));
             if (item.icon != nullptr)
                 action->setIcon(iconOf(item.icon));
         }
     }
+    connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this,
+            [this] { setActiveAction(actions().first()); });
 }
 
-QAction* MenuBar::addItem(QMenu* menu, std::string_view name, int index, std::string_view caption,
+QAction* MenuBar::addItem(QMenu* menu, std::string_view name, int index, const QString& text,
                           std::string_view shortcut) {
-    QAction* action = menu->addAction(menuText(caption));
+    QAction* action = menu->addAction(text);
     action->setObjectName(toQ(name));
     // The roles that some hosts give to captions such as "Quit" would move items out of their menus.
     action->setMenuRole(QAction::NoRole);
@@ -67,7 +93,7 @@ void MenuBar::setWindowItems(const std::vector<std::string>& captions) {
     QList<QAction*> rows = windowMenu_->actions();
     while (rows.size() < static_cast<qsizetype>(captions.size())) {
         const int index = static_cast<int>(rows.size());
-        rows.append(addItem(windowMenu_, kWinItem, index, "", fromQ(windowShortcut(index))));
+        rows.append(addItem(windowMenu_, kWinItem, index, QString(), fromQ(windowShortcut(index))));
     }
     for (qsizetype i = 0; i < rows.size(); ++i)
         rows[i]->setText(menuText(captions[static_cast<std::size_t>(i)]));

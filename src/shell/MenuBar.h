@@ -11,6 +11,7 @@
 namespace velmarin {
 
 /// The menu bar as one main window carries it. Commands are only named here; who handles one is the router's matter.
+/// Alt with the underlined letter opens a menu, F10 the first one.
 class MenuBar : public QMenuBar {
     Q_OBJECT
 
@@ -24,8 +25,7 @@ class MenuBar : public QMenuBar {
     void setWindowItems(const std::vector<std::string>& captions);
 
   private:
-    QAction* addItem(QMenu* menu, std::string_view name, int index, std::string_view caption,
-                     std::string_view shortcut);
+    QAction* addItem(QMenu* menu, std::string_view name, int index, const QString& text, std::string_view shortcut);
 
     Router router_;
     QMultiHash<QString, QAction*> actions_;

@@ -11,6 +11,7 @@
 #include "shell/Artwork.h"
 #include "shell/MainWindow.h"
 #include "side/SubWindow.h"
+#include "view/Cursors.h"
 
 #include <QGuiApplication>
 
@@ -19,7 +20,6 @@ namespace velmarin {
 SideLink::SideLink(App& app, MainWindow& mainWindow, QWidget* parent, AnchoredLayout& layout)
     : QObject(parent), app_(app), mainWindow_(mainWindow), SubWinBV_(new BevelButton("Subwindow", parent)) {
     SubWinBV_->setObjectName(QStringLiteral("SubWinBV"));
-    SubWinBV_->setAccessibleName(QStringLiteral("Side window"));
     SubWinBV_->setToolTip(QStringLiteral("Look words up in text"));
     SubWinBV_->setToggle(true);
     SubWinBV_->setEnabled(false);
@@ -46,7 +46,7 @@ void SideLink::SubWinBV_Action() {
         return;
     SideServices services{.host = app_.host(),
                           .busy = app_.busy(),
-                          .artwork = {.Find = Find, .DicApp = DicApp, .Close = Close},
+                          .artwork = {.Find = Find, .DicApp = DicApp, .Close = Close, .IndCursor = IndCursor},
                           .preferencesFolder = app_.module.pThis_PreferencesFolder};
     pMySubWin_ = new SubWindow(*this, services, hangingFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {

@@ -202,7 +202,7 @@ void FindBar::setCursorOf(QWidget* control, bool entered) {
     if (!entered)
         control->setCursor(Qt::SizeAllCursor);
     else if (control == FindColorRect_ || control->isEnabled())
-        control->setCursor(artwork_.IndCursor);
+        control->setCursor(artwork_.IndCursor(control->devicePixelRatioF()));
 }
 
 bool FindBar::eventFilter(QObject* watched, QEvent* event) {

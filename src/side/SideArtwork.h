@@ -15,7 +15,7 @@ struct SideArtwork {
     Picture Find;
     Picture DicApp;
     Picture Close;
-    QCursor IndCursor{Qt::PointingHandCursor};
+    std::function<QCursor(qreal devicePixelRatio)> IndCursor;
 };
 
 } // namespace velmarin

@@ -174,7 +174,7 @@ void SubWindow::makeUserDictionaries() {
     UserDicCB_ = checkBox("UserDicCB", QStringLiteral("Use"), QRect(166, 656, 53, 20));
     UserDicPU_ = new PopupMenu(this);
     UserDicPU_->setObjectName(QStringLiteral("UserDicPU"));
-    UserDicPU_->setAccessibleName(QStringLiteral("User dictionary"));
+    StaticText1->setBuddy(UserDicPU_);
     layout_->add(UserDicPU_, QRect(231, 656, 112, 20), kLeftBottom);
     connect(UserDicCB_, &QCheckBox::clicked, UserDicPU_, &QWidget::setEnabled);
     connect(UserDicPU_, &PopupMenu::aboutToChoose, this, &SubWindow::mMakeUserDicPU);

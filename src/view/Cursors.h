@@ -9,7 +9,7 @@ namespace velmarin {
 
 QCursor gripCursor(qreal devicePixelRatio); ///< a closed hand: the page is being dragged
 QCursor handCursor(qreal devicePixelRatio); ///< an open hand: the page can be dragged
-QCursor IndCursor(qreal devicePixelRatio);  ///< a pointing finger
+QCursor IndCursor(qreal devicePixelRatio);  ///< a pointing finger: a press here acts
 QCursor lensCursor(qreal devicePixelRatio); ///< a magnifying glass, whose middle is the hot spot
 
 } // namespace velmarin

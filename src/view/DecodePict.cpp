@@ -118,7 +118,7 @@ class MappedPict {
                 if (begun_)
                     result.pix.reset(pixClone(canvas_.pix()));
                 if (begun_ && opcode != 0xff)
-                    result.reason = "it continues with drawings that are not shown";
+                    result.reason = "it also holds drawings that are not shown";
                 return;
             }
         }

@@ -87,7 +87,7 @@ DecodedPix decodeAs(std::string_view extension, std::string_view bytes) {
 std::optional<std::string> readPictureFile(const FolderItem& file, std::string& reason) {
     std::optional<std::string> bytes;
     if (file.isNil() || !file.Exists())
-        reason = "there is no such file";
+        reason = noSuchFile;
     else if (bytes = readWholeFile(file, maxFileSize); !bytes)
         reason = "it is not a regular file, cannot be read, or is larger than 2 GB";
     else if (bytes->empty()) {

@@ -8,6 +8,9 @@
 
 namespace velmarin {
 
+/// The reason given for a file that does not exist.
+inline constexpr std::string_view noSuchFile = "there is no such file";
+
 /// A picture read from a file.
 struct DecodedPicture {
     /// Nil if the file is missing or cannot be decoded.

@@ -68,7 +68,7 @@ PageImageWindow::~PageImageWindow() = default;
 
 void PageImageWindow::makeControls() {
     // In the order of the Tab key.
-    ImagePU_ = addBevelButton("ImagePU", QRect(13, 3, 163, 22), "Images", "Images");
+    ImagePU_ = addBevelButton("ImagePU", QRect(13, 3, 163, 22), "Images");
     ImagePU_->setToolTip(QStringLiteral("The images of this folder"));
     ImagePU_->setHasMenu(true);
 
@@ -81,7 +81,7 @@ void PageImageWindow::makeControls() {
     RatioEF_->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]{0,3}")), RatioEF_));
     layout_->add(RatioEF_, QRect(181, 3, 34, 22), Anchor::Left | Anchor::Top);
 
-    RatioPU_ = addBevelButton("RatioPU", QRect(216, 3, 54, 22), "Ratio", "Ratio");
+    RatioPU_ = addBevelButton("RatioPU", QRect(216, 3, 54, 22), "Ratio");
     RatioPU_->setToolTip(QStringLiteral("Size of the page"));
     RatioPU_->setRows({"10%", "20%", "25%", "30%", "40%", "50%", "60%", "70%", "75%", "80%", "90%", "100%"});
 
@@ -97,21 +97,18 @@ void PageImageWindow::makeControls() {
 
     MainCanvas_ = new SmartCanvas(host_, this);
     MainCanvas_->setObjectName(QStringLiteral("MainCanvas"));
-    MainCanvas_->setAccessibleName(QStringLiteral("Page"));
     layout_->add(MainCanvas_, QRect(13, 33, 554, 347), Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
 
     InfoST_ = new QLabel(this);
     InfoST_->setObjectName(QStringLiteral("InfoST"));
     InfoST_->setTextFormat(Qt::PlainText);
-    InfoST_->setStyleSheet(QStringLiteral("color: #ff0080"));
+    InfoST_->setStyleSheet(QStringLiteral("QLabel { color: #ff0080 }"));
     layout_->add(InfoST_, QRect(13, 380, 547, 20), Anchor::Left | Anchor::Right | Anchor::Bottom);
 }
 
-BevelButton* PageImageWindow::addBevelButton(const char* name, const QRect& rect, const char* caption,
-                                             const char* accessibleName) {
+BevelButton* PageImageWindow::addBevelButton(const char* name, const QRect& rect, const char* caption) {
     auto* button = new BevelButton(caption, this);
     button->setObjectName(QString::fromUtf8(name));
-    button->setAccessibleName(QString::fromUtf8(accessibleName));
     layout_->add(button, rect, Anchor::Left | Anchor::Top);
     return button;
 }
@@ -151,7 +148,7 @@ void PageImageWindow::makeStepButtons() {
          1},
     };
     for (const Plan& plan : plans) {
-        BevelButton* button = addBevelButton(plan.name, plan.rect, plan.caption, plan.says);
+        BevelButton* button = addBevelButton(plan.name, plan.rect, plan.caption);
         button->setToolTip(QString::fromUtf8(plan.says));
         connect(button, &BevelButton::clicked, this,
                 [this, action = plan.action, index = plan.index] { (this->*action)(index); });
@@ -250,7 +247,9 @@ bool PageImageWindow::mOpenAsPicture(const FolderItem& f) {
         return false;
     const std::string extension = mFiMod_GetExtensionFromFileName(f.Name());
     const bool tiff = equalStrings(extension, "tif") || equalStrings(extension, "tiff");
-    Picture picture = (tiff ? decodeTiffFile(f) : decodePicture(f)).picture;
+    DecodedPicture decoded = tiff ? decodeTiffFile(f) : decodePicture(f);
+    MainCanvas_->describePage({}, f.Name(), decoded.reason);
+    Picture picture = std::move(decoded.picture);
     if (!picture)
         return false;
     const double ratio = ratioOfText(fromQ(RatioEF_->text()));

@@ -69,7 +69,7 @@ class PageImageWindow : public QWidget {
 
   private:
     void makeControls();
-    BevelButton* addBevelButton(const char* name, const QRect& rect, const char* caption, const char* accessibleName);
+    BevelButton* addBevelButton(const char* name, const QRect& rect, const char* caption);
     void makeStepButtons();
     void connectControls();
 

@@ -61,7 +61,9 @@ void PageView::dropImage() {
 void PageView::loadImage(const FolderItem& f) {
     const std::string extension = mFiMod_GetExtensionFromFileName(f.Name());
     const bool jpeg = equalStrings(extension, "jpg") || equalStrings(extension, "jpeg");
-    Picture source = decoder_(f).picture;
+    DecodedPicture decoded = decoder_(f);
+    loadProblem_ = std::move(decoded.reason);
+    Picture source = std::move(decoded.picture);
     if (!jpeg || !pJpegBook) {
         Image = std::move(source);
         return;
@@ -75,8 +77,10 @@ void PageView::loadImage(const FolderItem& f) {
 
 bool PageView::SetPicture(const FolderItem& f) {
     try {
-        if (f.isNil() || !f.Exists())
+        if (f.isNil() || !f.Exists()) {
+            loadProblem_ = noSuchFile;
             return false;
+        }
         loadImage(f);
         if (!Image) {
             dropImage();
@@ -87,7 +91,9 @@ bool PageView::SetPicture(const FolderItem& f) {
         FinalScrollPosition = {0, 0};
         SetPicture(std::exchange(Image, Picture()));
         return true;
-    } catch (const NilObjectException&) {
+    } catch (const NilObjectException& failure) {
+        if (loadProblem_.empty())
+            loadProblem_ = failure.what();
         port_.MsgBox("SmartCanvas: SetPicture: NilObjectException");
         return false;
     }

@@ -79,6 +79,9 @@ class PageView {
     /// Loads and shows a page. False, and nothing changed, where `f` is missing; false and no image where it cannot be
     /// decoded; false with a message where a picture had to be there and was not.
     bool SetPicture(const FolderItem& f);
+    /// Why the last `SetPicture(f)` gave no page, or what is damaged in the page that it gave: in plain words, without
+    /// the file's name. Empty if all is well.
+    const std::string& loadProblem() const { return loadProblem_; }
     /// Shows `p` with its first row and column white. A picture that is moved in is not copied.
     bool SetPicture(Picture p);
 
@@ -129,6 +132,7 @@ class PageView {
 
     CanvasPort& port_;
     Decoder decoder_;
+    std::string loadProblem_;
     Graphics canvas_; ///< draws straight onto the control
     std::array<int, 2> ScrollPosition{};
     std::array<int, 2> StartPosition{}; ///< control pixels; where the last drag began, never cleared

@@ -1,8 +1,12 @@
 #include "view/SmartCanvas.h"
 
+#include "controls/PlainToolTip.h"
+#include "controls/QtText.h"
 #include "view/CommandPainter.h"
 #include "view/Cursors.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -70,11 +74,22 @@ class SmartCanvas::Port : public CanvasPort {
     SmartCanvas& canvas_;
 };
 
+namespace {
+
+QAccessibleInterface* accessibleCanvas(const QString&, QObject* object) {
+    auto* canvas = qobject_cast<SmartCanvas*>(object);
+    return canvas == nullptr ? nullptr : new QAccessibleWidget(canvas, QAccessible::Graphic);
+}
+
+} // namespace
+
 SmartCanvas::SmartCanvas(Host& host, QWidget* parent)
     : QWidget(parent), host_(host), port_(std::make_unique<Port>(*this)), view_(*port_) {
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    QAccessible::installFactory(accessibleCanvas); // ignores one that it has already
+    setAccessibleName(QStringLiteral("Page"));
     view_.Event_Open();
 }
 
@@ -92,6 +107,13 @@ bool SmartCanvas::SetPicture(Picture p) {
     const bool shown = view_.SetPicture(std::move(p));
     dragging_ = dragging_ && hasImage();
     return shown;
+}
+
+void SmartCanvas::describePage(std::string_view of, std::string_view name, std::string_view problem) {
+    const QString trouble = problem.empty() ? QString() : toQ(name) + QLatin1String(": ") + toQ(problem);
+    const QString page = problem.empty() ? toQ(name) : trouble;
+    setToolTip(plainToolTip(trouble));
+    setAccessibleDescription(of.empty() || page.isEmpty() ? toQ(of) + page : toQ(of) + QLatin1String(", ") + page);
 }
 
 void SmartCanvas::dropImage() {

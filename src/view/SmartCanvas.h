@@ -9,12 +9,13 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmarin {
 
 /// The control that shows a page: a PageView on the screen. White where there is no page; takes no focus, so that keys
-/// stay where they are typed.
+/// stay where they are typed. Screen readers know it as a picture.
 ///
 /// Each operation, and each event of the mouse, ends with the screen as it is to be, painted once: a lens that is wiped
 /// and drawn anew in one step does not flicker. The reduced page is kept while the control is shown.
@@ -26,6 +27,10 @@ class SmartCanvas : public QWidget {
 
     bool SetPicture(const FolderItem& f);
     bool SetPicture(Picture p);
+    const std::string& loadProblem() const { return view_.loadProblem(); }
+    /// Tells screen readers which page this is: its `name`, in the dictionary or folder `of` unless that is empty. A
+    /// `problem` with the page is told there and in the tool tip; it is empty if all is well.
+    void describePage(std::string_view of, std::string_view name, std::string_view problem);
 
     int Mode() const { return view_.Mode; }
     /// Shows with the next Refresh.

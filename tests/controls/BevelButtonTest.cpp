@@ -43,6 +43,14 @@ INSTANTIATE_TEST_SUITE_P(BevelButton, MenuValues,
                                                      true},
                                            ValueCase{"BeyondTheLast", [](auto& b) { b.setMenuValue(4); }, 3, true},
                                            ValueCase{"Negative", [](auto& b) { b.setMenuValue(-1); }, 0, true},
+                                           ValueCase{"AnyValueKept",
+                                                     [](auto& b) {
+                                                         b.setKeepsAnyValue(true);
+                                                         b.setMenuValue(-1);
+                                                         b.setMenuValue(7);
+                                                         b.openMenu();
+                                                     },
+                                                     7, true},
                                            ValueCase{"RowsDeleted",
                                                      [](auto& b) {
                                                          b.setMenuValue(2);
@@ -242,8 +250,11 @@ TEST(BevelButton, ScreenReadersHearNameKindAndRow) {
     EXPECT_EQ(heard->text(QAccessible::Value), "");
     button.setMenuValue(1);
     EXPECT_EQ(heard->text(QAccessible::Value), "ii");
+    EXPECT_EQ(heard->text(QAccessible::Name), "Page");
+    button.setShowsCurrentRow(true);
+    EXPECT_EQ(heard->text(QAccessible::Name), "Page: ii") << "the caption first, though it is not seen";
     button.setAccessibleName("Jump to page");
-    EXPECT_EQ(heard->text(QAccessible::Name), "Jump to page");
+    EXPECT_EQ(heard->text(QAccessible::Name), "Jump to page: ii");
     heard->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
     EXPECT_TRUE(button.menuIsOpen());
 

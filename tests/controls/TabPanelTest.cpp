@@ -25,7 +25,7 @@ struct TabPanelTest : ::testing::Test {
     void SetUp() override { panel.resize(808, 765); }
     void fill(int count) {
         for (int i = 0; i < count; ++i)
-            panel.insertPanel(i, "Dictionary number " + std::to_string(i));
+            panel.insertPanel(i, "A Dictionary of the English Language, volume " + std::to_string(i + 1));
         changes.clear();
     }
     void show() {
@@ -126,10 +126,12 @@ TEST_F(TabPanelTest, TwentyOneTabsCanEachBeBroughtIntoViewAndRead) {
         panel.setValue(tab);
         const QRect place = bar->tabRect(tab);
         EXPECT_TRUE(room().contains(place)) << "tab " << tab;
-        EXPECT_GE(place.width(), 60);
         EXPECT_EQ(place.height(), 22);
-        EXPECT_TRUE(bar->shownCaption(tab).startsWith("Dict"));
     }
+    QSet<QString> captions;
+    for (int tab = 0; tab < 21; ++tab)
+        captions.insert(bar->shownCaption(tab));
+    EXPECT_EQ(captions.size(), 21) << "long names that differ at their ends";
 }
 
 TEST_F(TabPanelTest, CurrentTabStaysInViewWhenThePanelShrinks) {

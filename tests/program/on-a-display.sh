@@ -17,7 +17,7 @@ cp "$program" "$folder/velmarin"
 "$groups" "$folder"
 export XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/runtime QT_QPA_PLATFORM=xcb LSAN_OPTIONS=detect_leaks=0
 mkdir -m 700 "$XDG_RUNTIME_DIR"
-openbox >/dev/null 2>&1 &
+openbox --startup "touch '$folder/managed'" >/dev/null 2>&1 &
 manager=$!
 cd "$folder"
 
@@ -34,5 +34,7 @@ until_true() {
         sleep 0.1
     done
 }
+# A window that is shown while the manager starts is never mapped.
+until_true test -e managed
 . "$script"
 echo "1 passed, 0 failed"

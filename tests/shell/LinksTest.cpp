@@ -217,5 +217,24 @@ TEST(AfterAnInstall, EveryWindowIsResetAndItsGroupCanBePickedAgain) {
     EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "B") << "the window wrote its old order over the file";
 }
 
+TEST(SideWindow, ItsSmallButtonsShowTheFingerWhereAPressActs) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    run.click("SubWinBV");
+    const auto shape = [&run](const char* name, QEvent::Type type) {
+        auto* control = run.control<QWidget>(name);
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(control, type == QEvent::Enter ? static_cast<QEvent*>(&enter) : &leave);
+        return control->cursor().shape();
+    };
+    EXPECT_EQ(shape("FindColorRect", QEvent::Enter), Qt::BitmapCursor);
+    EXPECT_EQ(shape("FindBV", QEvent::Enter), Qt::ArrowCursor) << "there is no word to find yet";
+    run.control<QLineEdit>("FindEF")->setText("word");
+    EXPECT_EQ(shape("FindBV", QEvent::Enter), Qt::BitmapCursor);
+    EXPECT_EQ(shape("FindClBV", QEvent::Enter), Qt::BitmapCursor);
+    EXPECT_EQ(shape("FindBV", QEvent::Leave), Qt::SizeAllCursor);
+}
+
 } // namespace
 } // namespace velmarin::test

@@ -10,6 +10,8 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -28,6 +30,8 @@ TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
     run.group(manyFruits("Many")).start();
     auto* rows = run.control<ListBox>("LB");
     EXPECT_EQ(rows->rowCount(), 25);
+    EXPECT_EQ(run.control<BevelButton>("BVimage.0")->wholeText(), "Image size") << "its fit has no row";
+    EXPECT_EQ(run.control<BevelButton>("BVimage.0")->MenuValue(), 3);
     std::vector<int> bar;
     run.host.onYield = [&] {
         if (const int value = run.control<ProgressBar>("PB")->Value(); bar.empty() || bar.back() != value)
@@ -50,6 +54,18 @@ TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
     EXPECT_EQ(run.control<BevelButton>("BVHistory.0")->rowCount(), 3);
     run.search("apple");
     EXPECT_EQ(rows->rowCount(), 25) << "a second search empties the list first";
+}
+
+TEST(ListMode, AClickOnARowShowsItsPageAndLeavesTheKeyboardToTheField) {
+    Started run;
+    run.group(manyFruits("Many")).start();
+    run.search("banana");
+    QApplication::setActiveWindow(&run.window());
+    auto* rows = run.control<ListBox>("LB");
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, rows->visualRect(rows->model()->index(3, 0)).center());
+    EXPECT_EQ(rows->ListIndex(), 3);
+    EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "D13");
+    EXPECT_TRUE(run.control<QLineEdit>("SearchEF")->hasFocus());
 }
 
 TEST(ListMode, AChosenHitKeepsTheImageSizeAndAStepGoesBackToItsDictionarys) {
@@ -84,6 +100,13 @@ TEST(ListMode, ARowWithoutAPageSaysSoReadably) {
     EXPECT_TRUE(run.control<BevelButton>("BVjump.0")->isEnabled());
     run.search("banana");
     EXPECT_EQ(info->text(), "");
+    std::filesystem::remove(run.groupFolder("Many") / "D12" / "mImg" / "2.bmp");
+    run.control<ListBox>("LB")->setListIndex(1);
+    EXPECT_EQ(run.control<SmartCanvas>("MainCanvas.0")->accessibleDescription(), "D11, 2.bmp");
+    EXPECT_EQ(info->toolTip(), "");
+    run.control<ListBox>("LB")->setListIndex(2);
+    EXPECT_EQ(run.control<SmartCanvas>("MainCanvas.0")->accessibleDescription(), "D12, 2.bmp: there is no such file");
+    EXPECT_EQ(info->toolTip(), info->text() + "\n2.bmp: there is no such file");
 }
 
 TEST(ListMode, JumpsReadTheFirstDictionarysPages) {

@@ -1,5 +1,8 @@
 #include "Started.h"
 
+#include "controls/BevelButton.h"
+#include "controls/QtText.h"
+#include "shell/Application.h"
 #include "shell/MenuTree.h"
 #include "shell/SideLink.h"
 #include "side/SubWindow.h"
@@ -10,6 +13,7 @@
 #include <QCursor>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -17,9 +21,14 @@
 namespace velmarin::test {
 namespace {
 
+/// A text of a menu without the mark of its letter.
+QString shown(QString text) {
+    return text.remove(QRegularExpression(QStringLiteral("&(?!&)")));
+}
+
 QAction* item(MainWindow& window, const QString& name, const QString& caption) {
     for (QAction* action : window.menuBar()->findChildren<QAction*>(name))
-        if (action->text() == caption)
+        if (shown(action->text()) == caption)
             return action;
     return nullptr;
 }
@@ -37,6 +46,44 @@ TEST(Menus, EveryShortcutBelongsToOneItem) {
                 seen << keys.toString();
             }
         }
+}
+
+TEST(Menus, AltAndALetterOpensEachMenuF10TheFirstAndTheFieldStaysAsItIs) {
+    Started run;
+    run.group(fruitGroup("G", 1)).start();
+    run.pick("G");
+    auto* field = run.control<QLineEdit>("SearchEF");
+    field->setText("word");
+    const auto opened = [] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        const QString title = menu == nullptr ? QString() : shown(menu->title());
+        if (menu != nullptr)
+            menu->close();
+        return title;
+    };
+    const QString letters = QStringLiteral("FETIDSM");
+    for (int i = 0; i < letters.size(); ++i) {
+        run.key(static_cast<Qt::Key>(letters[i].unicode()), Qt::AltModifier);
+        EXPECT_EQ(opened(), toQ(menuTree()[static_cast<std::size_t>(i)].caption));
+    }
+    run.key(Qt::Key_F10);
+    EXPECT_EQ(opened(), "File");
+    EXPECT_EQ(field->text(), "word");
+}
+
+TEST(Menus, EveryItemButTheWindowsHasALetterOfItsOwn) {
+    Started run;
+    run.start();
+    for (const MenuPlan& plan : menuTree()) {
+        QSet<QKeySequence> letters;
+        for (const QAction* action : run.window().menuBar()->findChild<QMenu*>(toQ(plan.name))->actions()) {
+            const QKeySequence letter = QKeySequence::mnemonic(action->text());
+            if (action->isSeparator() || action->objectName() == "WinItem" || action->text() == "削除")
+                continue;
+            EXPECT_FALSE(letter.isEmpty() || letters.contains(letter)) << fromQ(action->text());
+            letters.insert(letter);
+        }
+    }
 }
 
 TEST(Menus, EveryItemIsHandledByTheWindowOrTheApplication) {
@@ -60,10 +107,25 @@ TEST(Menus, WindowRowsFollowTheirWindowsGroups) {
     ASSERT_EQ(run.app().MainWinList().size(), 2U);
     run.pick("Two", 1);
     for (int each : {0, 1}) {
-        QAction* second = item(run.window(each), "WinItem", "Second && last");
+        QAction* second = item(run.window(each), "WinItem", "Second & last");
         ASSERT_NE(second, nullptr);
         EXPECT_EQ(second->shortcut(), QKeySequence("Ctrl+1"));
     }
+}
+
+TEST(FailureMessages, NameATaskByItsCaptionOrNotAtAll) {
+    Started run;
+    run.group(fruitGroup("G", 1).preferences("R & D\t0\t\n")).start();
+    run.pick("G");
+    EXPECT_EQ(taskOf(item(run.window(), "SpecialInstall", "Install/Up date")), "Install/Up date");
+    EXPECT_EQ(taskOf(item(run.window(), "WinItem", "R & D")), "R & D");
+    EXPECT_EQ(taskOf(run.window().findChild<QMenu*>("TBpanel")), "Tab panel");
+    EXPECT_EQ(taskOf(run.control<QWidget>("OKBT")), "OK");
+    EXPECT_EQ(taskOf(run.control<QWidget>("SearchEF")), "") << "a field is no task";
+    auto* jump = run.control<BevelButton>("BVjump.0");
+    jump->openMenu();
+    EXPECT_EQ(taskOf(QApplication::activePopupWidget()->focusWidget()), "Page") << "a row of its menu";
+    QApplication::activePopupWidget()->close();
 }
 
 TEST(Menus, EditItemsActOnTheFocusedField) {

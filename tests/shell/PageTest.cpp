@@ -5,6 +5,7 @@
 #include "controls/TabPanel.h"
 #include "view/SmartCanvas.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 
@@ -59,13 +60,16 @@ struct Broken {
     const char* reason;
     std::string page;
     bool keepsThePage;
+    std::string told; ///< in tool tips and to screen readers
 };
 
 TEST(Pages, APageThatCannotBeShownSaysNoPictureAndLeavesNameAndMenu) {
     const std::vector<Broken> cases{
-        {"a missing file leaves the page before it", "missing.bmp", true},
-        {"a file that cannot be decoded clears it", "broken.bmp", false},
-        {"a name that leads out of the folder is no name", "../mPimg/e.bmp", true},
+        {"a missing file leaves the page before it", "missing.bmp", true, "missing.bmp: there is no such file"},
+        {"a file that cannot be decoded clears it", "broken.bmp", false,
+         "broken.bmp: its content is not a picture in a known format"},
+        {"a name that leads out of the folder is no name", "../mPimg/e.bmp", true,
+         "../mPimg/e.bmp: there is no such file"},
     };
     for (const Broken& c : cases) {
         SCOPED_TRACE(c.reason);
@@ -87,9 +91,33 @@ TEST(Pages, APageThatCannotBeShownSaysNoPictureAndLeavesNameAndMenu) {
         EXPECT_EQ(run.imageName(0), "1.bmp");
         EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 0);
         EXPECT_NE(canvas->grab().toImage(), before) << "nothing says that there is no picture";
+        const auto* label = run.control<QLabel>("ImageNameST.0");
+        EXPECT_EQ(fromQ(canvas->toolTip()), c.told);
+        EXPECT_EQ(fromQ(label->toolTip()), c.told);
+        EXPECT_EQ(fromQ(label->accessibleDescription()), c.told);
+        EXPECT_EQ(fromQ(canvas->accessibleDescription()), "A, " + c.told);
         run.search("zzy");
         EXPECT_EQ(run.imageName(0), "1.bmp");
     }
+}
+
+TEST(Pages, ThePageIsAPictureThatSaysWhichPageItIs) {
+    Started run;
+    run.group(GroupBuilder("G").dictionary(fruit("A & B").captions({{"1.bmp", "i"}, {"3.bmp", "3.bmp"}}))).start();
+    const auto* canvas = run.control<SmartCanvas>("MainCanvas.0");
+    EXPECT_EQ(canvas->accessibleDescription(), "");
+    run.search("apple");
+    EXPECT_EQ(canvas->accessibleDescription(), "A & B, i, 1.bmp");
+    EXPECT_EQ(canvas->toolTip(), "") << "a whole page needs none";
+    run.click("BVnext.0");
+    EXPECT_EQ(canvas->accessibleDescription(), "A & B, 3.bmp");
+    run.search("banana");
+    EXPECT_EQ(canvas->accessibleDescription(), "A & B, 2.bmp") << "a page without a row";
+    QAccessibleInterface* page = QAccessible::queryAccessibleInterface(run.control<SmartCanvas>("MainCanvas.0"));
+    EXPECT_EQ(page->role(), QAccessible::Graphic);
+    EXPECT_EQ(page->text(QAccessible::Name), "Page");
+    run.window().close();
+    EXPECT_EQ(canvas->accessibleDescription(), "");
 }
 
 TEST(Pages, ImageSizeChangesTheCanvasAndTheDictionary) {
@@ -101,6 +129,26 @@ TEST(Pages, ImageSizeChangesTheCanvasAndTheDictionary) {
     EXPECT_EQ(run.window().state().pDictionaryItem[0]->ImageMode, 1);
     EXPECT_EQ(run.window().state().pDictionaryItem[1]->ImageMode, 2);
     EXPECT_EQ(fromQ(run.control<BevelButton>("BVimage.0")->wholeText()), "Original size");
+}
+
+TEST(Pages, ImageSizeShowsAFitOnlyIfItIsThePagesAndKeepsAnyNumber) {
+    const std::vector<std::pair<int, const char*>> fits{
+        {-1, "Image size"}, {0, "Adjust by height"}, {1, "Original size"}, {2, "Adjust by width"},
+        {3, "Image size"},  {4, "Image size"},       {6, "Image size"},    {2147483647, "Image size"}};
+    std::string preferences = "G\t0\t\n";
+    for (std::size_t i = 0; i < fits.size(); ++i)
+        preferences += std::string(1, static_cast<char>('A' + i)) + "\t" + std::to_string(fits[i].first) + "\n";
+    Started run;
+    run.group(fruitGroup("G", static_cast<int>(fits.size())).preferences(preferences)).start();
+    run.search("apple");
+    for (std::size_t i = 0; i < fits.size(); ++i) {
+        const std::string tab = std::to_string(i);
+        EXPECT_EQ(fromQ(run.control<BevelButton>(("BVimage." + tab).c_str())->shownText()), fits[i].second) << tab;
+        EXPECT_EQ(run.control<SmartCanvas>(("MainCanvas." + tab).c_str())->Mode(), fits[i].first) << tab;
+    }
+    run.window().close();
+    EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), preferences);
+    EXPECT_EQ(fromQ(run.control<BevelButton>("BVimage.0")->wholeText()), "Image size") << "a window without a group";
 }
 
 TEST(Pages, ADictionaryWithoutAnIndexGetsOneAndIndex2WinsOverIt) {

@@ -5,12 +5,15 @@
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "search/QueryBar.h"
+#include "shell/SideLink.h"
 #include "view/SmartCanvas.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -50,6 +53,39 @@ TEST(Search, AShiftKeyThatChangesBetweenTheLooksIsTold) {
     run.host.shift.next = {false, true};
     run.search("banana");
     EXPECT_EQ(run.host.messages, std::vector<std::string>{"OKBT unexpected error at ACTION."});
+}
+
+TEST(Search, NoClickTakesTheKeyboardAndTabReachesEveryControl) {
+    Started run;
+    run.group(fruitGroup("G", 2)).start();
+    run.search("banana");
+    QApplication::setActiveWindow(&run.window());
+    auto* field = run.control<QLineEdit>("SearchEF");
+    field->setFocus();
+    field->clear();
+    QStringList clicked;
+    for (QWidget* widget : run.window().centralWidget()->findChildren<QWidget*>()) {
+        const bool takesClicks = qobject_cast<QAbstractButton*>(widget) != nullptr ||
+                                 qobject_cast<QComboBox*>(widget) != nullptr ||
+                                 qobject_cast<QTabBar*>(widget) != nullptr;
+        if (!takesClicks || !widget->isVisible() || !widget->isEnabled())
+            continue;
+        clicked << widget->objectName();
+        QTest::mouseClick(widget, Qt::LeftButton);
+        if (QWidget* popup = QApplication::activePopupWidget())
+            QTest::keyClick(popup->focusWidget(), Qt::Key_Escape);
+        EXPECT_TRUE(field->hasFocus()) << fromQ(widget->objectName());
+    }
+    run.window().sideLink().close();
+    QApplication::processEvents();
+    QApplication::setActiveWindow(&run.window());
+    QStringList reached;
+    for (int i = 0; i < clicked.size() + 1; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        reached << QApplication::focusWidget()->objectName();
+    }
+    for (const QString& name : clicked)
+        EXPECT_TRUE(reached.contains(name)) << fromQ(name) << " of " << fromQ(reached.join(' '));
 }
 
 TEST(Search, LeavesTheWordSelectedAndTheAcknowledgementGone) {

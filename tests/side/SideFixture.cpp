@@ -25,7 +25,8 @@ QPixmap plain(Qt::GlobalColor colour, QSize size, qreal ratio) {
 SideArtwork plainArtwork() {
     return {.Find = [](QSize size, qreal ratio) { return plain(Qt::green, size, ratio); },
             .DicApp = [](QSize size, qreal ratio) { return plain(Qt::blue, size, ratio); },
-            .Close = [](QSize size, qreal ratio) { return plain(Qt::gray, size, ratio); }};
+            .Close = [](QSize size, qreal ratio) { return plain(Qt::gray, size, ratio); },
+            .IndCursor = [](qreal) { return QCursor(Qt::PointingHandCursor); }};
 }
 
 class SilentProgress : public BuildProgress {

@@ -21,9 +21,12 @@ class FakeCanvas : public CanvasPort {
     std::vector<MouseCursor> cursors;
     std::vector<std::string> messages;
     std::vector<DrawCommand> painted;     ///< by the last paint
-    std::map<std::string, Picture> files; ///< what the decoder makes of a file, by its name
+    std::map<std::string, Picture> files; ///< what the decoder makes of a file, by its name; a file without is "torn"
 
-    PageView view{*this, [this](const FolderItem& f) { return DecodedPicture{files[f.Name()], {}}; }};
+    PageView view{*this, [this](const FolderItem& f) {
+                      const Picture made = files[f.Name()];
+                      return DecodedPicture{made, made ? "" : "torn"};
+                  }};
 
     void paint() {
         Graphics g = view.newGraphics();

@@ -179,15 +179,6 @@ TEST(Jump, AtAScaleCountsItsOverlapInPixelsOfThePage) {
     EXPECT_EQ(canvas.over<LineDrawn>(1).y1, 675);
 }
 
-TEST(Jump, AlsoMovesTheFinalPosition) {
-    FakeCanvas canvas(800, 700);
-    canvas.show(1000, 2000, 1);
-    canvas.view.mJumpScroll_vertical(1);
-    canvas.shift = true;
-    canvas.view.Event_MouseDown(0, 0);
-    EXPECT_EQ(canvas.over<PictureDrawn>().sy, 650) << "the lens looks there";
-}
-
 TEST(Jump, DownOnAShortPageGoesBelowZero) {
     FakeCanvas canvas(800, 700);
     canvas.show(900, 400, 1);

@@ -79,7 +79,9 @@ TEST(Loading, PutsThePageAtItsTopWithWhiteEdges) {
     canvas.files["a.png"] = page;
     canvas.show(2000, 3000, 1);
     canvas.view.SetScrollPosition(50, 60);
+    ASSERT_FALSE(canvas.view.SetPicture(FolderItem(folder.write("torn.png", "x"))));
     ASSERT_TRUE(canvas.view.SetPicture(FolderItem(folder.write("a.png", "x"))));
+    EXPECT_EQ(canvas.view.loadProblem(), "") << "no longer that of the page before";
     EXPECT_EQ(canvas.page().sx, 0);
     EXPECT_EQ(canvas.page().sy, 0);
     EXPECT_EQ(canvas.view.Image.Width(), 900);
@@ -109,6 +111,7 @@ TEST(Loading, OfAMissingFileChangesNothing) {
     canvas.view.SetScrollPosition(50, 60);
     const int before = canvas.refreshes;
     EXPECT_FALSE(canvas.view.SetPicture(FolderItem(folder.path() / "none.tif")));
+    EXPECT_EQ(canvas.view.loadProblem(), "there is no such file");
     EXPECT_FALSE(canvas.view.SetPicture(FolderItem()));
     EXPECT_EQ(canvas.view.Image.Width(), 2000);
     EXPECT_EQ(canvas.scrollY(), 60);
@@ -116,7 +119,7 @@ TEST(Loading, OfAMissingFileChangesNothing) {
     EXPECT_TRUE(canvas.messages.empty());
 }
 
-TEST(Loading, OfAnUndecodableFileClearsThePageWithoutAWord) {
+TEST(Loading, OfAnUndecodableFileClearsThePageAndKeepsTheReason) {
     const TempFolder folder;
     for (const char* name : {"a.tif", "a.JPG", "a.png", "a.bmp", "a"}) {
         FakeCanvas canvas;
@@ -125,6 +128,7 @@ TEST(Loading, OfAnUndecodableFileClearsThePageWithoutAWord) {
         canvas.view.Event_MouseDown(5, 5); // the lens
         const int before = canvas.refreshes;
         EXPECT_FALSE(canvas.view.SetPicture(FolderItem(folder.write(name, "x")))) << name;
+        EXPECT_EQ(canvas.view.loadProblem(), "torn");
         EXPECT_TRUE(canvas.view.Image.isNil());
         EXPECT_TRUE(canvas.view.drawnOver().empty()) << "nor is there anything of it to enlarge";
         EXPECT_EQ(canvas.refreshes, before);
@@ -207,194 +211,6 @@ TEST(Press, WithShiftInAScrollingModeShowsTheLensAndClaimsNoDrag) {
     canvas.shift = false;
     canvas.view.SmartScroll(0, 0);
     EXPECT_EQ(canvas.scrollY(), 0) << "the press was no start of a drag";
-}
-
-TEST(Lens, ShowsThePageAtTwiceTheScaleFromThePointer) {
-    struct Case {
-        const char* name;
-        int mode, imageWidth, imageHeight, x, y, sx, sy, sw, sh;
-    };
-    for (const Case& c : {Case{"whole page at 0.5", 0, 1000, 1400, 100, 50, 200, 100, 300, 100},
-                          Case{"by width at 0.5", 2, 1600, 3000, 100, 50, 200, 100, 300, 100},
-                          Case{"original size", 1, 3000, 3000, 100, 50, 100, 50, 150, 50},
-                          Case{"a small page", 0, 300, 300, 290, 10, 290, 10, 150, 50}}) {
-        SCOPED_TRACE(c.name);
-        FakeCanvas canvas(800, 700);
-        canvas.show(c.imageWidth, c.imageHeight, c.mode);
-        canvas.shift = true;
-        const int before = canvas.refreshes;
-        canvas.view.Event_MouseDown(c.x, c.y);
-        EXPECT_EQ(canvas.refreshes, before + 1);
-        EXPECT_EQ(canvas.drawn, 1);
-        ASSERT_EQ(canvas.view.drawnOver().size(), 1u);
-        const auto& lens = canvas.over<PictureDrawn>();
-        EXPECT_EQ(lens.picture.id(), canvas.view.Image.id());
-        EXPECT_EQ((std::array{lens.x, lens.y, lens.w, lens.h}), (std::array{c.x, c.y, 300, 100}));
-        EXPECT_EQ((std::array{lens.sx, lens.sy, lens.sw, lens.sh}), (std::array{c.sx, c.sy, c.sw, c.sh}));
-    }
-}
-
-TEST(Lens, LivesUntilTheNextRefreshOrSize) {
-    FakeCanvas canvas;
-    canvas.show(1000, 1400, 0);
-    EXPECT_TRUE(canvas.view.Event_MouseDown(10, 10));
-    canvas.view.Event_MouseDrag(20, 20);
-    ASSERT_EQ(canvas.view.drawnOver().size(), 1u) << "the one of the step before is gone";
-    canvas.paint();
-    EXPECT_EQ(canvas.view.drawnOver().size(), 1u) << "a paint that is no Refresh keeps it";
-    canvas.view.Event_MouseUp(20, 20);
-    EXPECT_TRUE(canvas.view.drawnOver().empty());
-    canvas.view.Event_MouseDown(10, 10);
-    canvas.view.resized();
-    EXPECT_TRUE(canvas.view.drawnOver().empty());
-    canvas.view.Event_MouseDown(10, 10);
-    canvas.view.SetPicture(Picture::make(10, 10));
-    EXPECT_TRUE(canvas.view.drawnOver().empty());
-}
-
-TEST(Lens, InADragLooksWhereTheDragIsAndAfterTheWheelWhereItWas) {
-    FakeCanvas canvas(800, 700);
-    canvas.show(1600, 3000, 2); // 0.5
-    canvas.view.Event_MouseDown(100, 300);
-    canvas.view.Event_MouseDrag(100, 250);
-    canvas.shift = true;
-    canvas.view.Event_MouseDrag(100, 250);
-    EXPECT_EQ(canvas.over<PictureDrawn>().sy, 500 + 100);
-    canvas.shift = false;
-    canvas.view.Event_MouseUp(100, 250);
-    canvas.view.SetScrollPosition(0, 900);
-    canvas.shift = true;
-    canvas.view.Event_MouseDown(100, 250);
-    EXPECT_EQ(canvas.over<PictureDrawn>().sy, 500 + 100) << "not 900";
-}
-
-TEST(Selection, CopiesThePartAtThePagesOwnSizeHoweverItIsDragged) {
-    const int corners[][4] = {{50, 100, 150, 160}, {150, 160, 50, 100}, {150, 100, 50, 160}};
-    for (const auto& c : corners) {
-        FakeCanvas canvas(800, 700);
-        const Picture page = test::noise(1600, 1000, 1, 1);
-        canvas.view.Mode = 2; // 0.5
-        canvas.view.SetPicture(Picture(page));
-        canvas.view.SetScrollPosition(0, 400); // does not enter
-        canvas.view.SelectionMode = true;
-        EXPECT_TRUE(canvas.view.Event_MouseDown(c[0], c[1]));
-        canvas.view.Event_MouseDrag(c[2], c[3]);
-        EXPECT_EQ(std::get<RectDrawn>(canvas.painted.at(1)).x, 50);
-        EXPECT_EQ(std::get<RectDrawn>(canvas.painted.at(1)).w, 100);
-        EXPECT_EQ(std::get<RectDrawn>(canvas.painted.at(1)).h, 60);
-        const int before = canvas.refreshes;
-        canvas.view.Event_MouseUp(c[2], c[3]);
-        EXPECT_EQ(canvas.refreshes, before);
-        const Picture& selected = canvas.view.SelectedImage;
-        ASSERT_EQ(selected.Width(), 200 + 20);
-        ASSERT_EQ(selected.Height(), 120);
-        for (int y = 0; y < 120; ++y)
-            for (int x = 0; x < 220; ++x)
-                ASSERT_EQ(selected.pixel(x, y),
-                          x < 20 || y < 1 ? RGB(255, 255, 255) : page.pixel(100 + x - 20, 200 + y - 1))
-                    << x << "," << y;
-    }
-}
-
-TEST(Selection, OfAClickReachesToTheOldEnd) {
-    FakeCanvas canvas(800, 700);
-    canvas.show(400, 400, 1);
-    canvas.view.SelectionMode = true;
-    canvas.view.Event_MouseDown(30, 40);
-    canvas.view.Event_MouseUp(30, 40);
-    EXPECT_EQ(canvas.view.SelectedImage.Width(), 30 + 20) << "from 0, 0, where nothing ended before";
-    canvas.view.Event_MouseDown(0, 0);
-    canvas.view.Event_MouseUp(0, 0);
-    EXPECT_TRUE(canvas.view.SelectedImage.isNil()) << "nothing high";
-    EXPECT_TRUE(canvas.messages.empty());
-}
-
-TEST(ExtraText, IsAFramedBoxAtTheTopLeft) {
-    FakeCanvas canvas;
-    canvas.view.pExtraText_Text = "No Picture";
-    canvas.view.mDrawExtraText();
-    ASSERT_EQ(canvas.view.drawnOver().size(), 3u);
-    EXPECT_EQ(canvas.view.drawnOver()[0], DrawCommand(RectFilled{0, 0, 400, 30, RGB(255, 255, 255)}));
-    EXPECT_EQ(canvas.view.drawnOver()[1], DrawCommand(RectDrawn{0, 0, 400, 30, 1, 1, RGB(0, 0, 0)}));
-    EXPECT_EQ(canvas.view.drawnOver()[2],
-              DrawCommand(StringDrawn{"No Picture", 15, 19, 380, {14, "System", false, false}, RGB(0, 0, 0)}));
-    EXPECT_EQ(canvas.measuredWidth, 380);
-    EXPECT_EQ(canvas.drawn, 1);
-    canvas.view.mDrawExtraText();
-    EXPECT_EQ(canvas.view.drawnOver().size(), 3u) << "the same box again";
-    canvas.view.Refresh();
-    EXPECT_TRUE(canvas.view.drawnOver().empty());
-}
-
-TEST(ExtraText, TakesItsSettings) {
-    FakeCanvas canvas;
-    canvas.view.mExtraTextSettings("", 0, true, true, 0, RGB(1, 2, 3), RGB(4, 5, 6), true);
-    canvas.view.mDrawExtraText();
-    EXPECT_TRUE(canvas.view.drawnOver().empty()) << "no text, no box";
-    canvas.view.pExtraText_Text = "text";
-    canvas.view.mDrawExtraText();
-    EXPECT_EQ(canvas.view.drawnOver()[0], DrawCommand(RectFilled{0, 0, 200, 30, RGB(4, 5, 6)}));
-    EXPECT_EQ(canvas.over<StringDrawn>().style, (TextStyle{14, "System", true, true}));
-    EXPECT_EQ(canvas.over<StringDrawn>().color, RGB(1, 2, 3));
-    canvas.view.mExtraText_SetWidth(120);
-    canvas.view.mExtraText_SetTextColor(RGB(9, 9, 9));
-    canvas.view.mDrawExtraText();
-    EXPECT_EQ(canvas.over<RectDrawn>(1).w, 120);
-    EXPECT_EQ(canvas.over<RectDrawn>(1).color, RGB(9, 9, 9));
-}
-
-TEST(ExtraText, WhenAppliedIsPartOfEveryPaintAndFollowsTheMouse) {
-    FakeCanvas canvas;
-    canvas.show(100, 100, 1);
-    canvas.view.pExtraText_Text = "note";
-    canvas.view.pExtraText_Apply = true;
-    canvas.view.Event_MouseMove(70, 80);
-    canvas.paint();
-    canvas.paint();
-    ASSERT_EQ(canvas.painted.size(), 4u);
-    EXPECT_EQ(std::get<RectFilled>(canvas.painted[1]).x, 70);
-    EXPECT_TRUE(canvas.view.drawnOver().empty());
-    canvas.shift = true;
-    canvas.view.Event_MouseMove(1, 1);
-    EXPECT_EQ(canvas.view.pExtraText_x, 70);
-    canvas.shift = false;
-    canvas.view.Event_MouseDown(5, 6);
-    canvas.view.Event_MouseUp(15, 16);
-    EXPECT_EQ(canvas.cursors.back(), MouseCursor::IBeam);
-    EXPECT_EQ(canvas.over<RectFilled>(2).y, 16);
-    canvas.view.Event_MouseDown(5, 6);
-    canvas.shiftReads = {false, true}; // pressed between the two reads
-    canvas.view.Event_MouseUp(25, 26);
-    EXPECT_EQ(canvas.view.pExtraText_x, 15);
-}
-
-TEST(ExtraText, MovesByTheArrowKeysWithinTheControl) {
-    struct Case {
-        const char* name;
-        std::string key;
-        int x, y, toX, toY;
-    };
-    for (const Case& c :
-         {Case{"up", "\x1e", 9, 9, 9, 4}, Case{"up at the top", "\x1e", 9, 3, 9, 0}, Case{"down", "\x1f", 9, 9, 9, 14},
-          Case{"down at the bottom", "\x1f", 9, 698, 9, 700}, Case{"left", "\x1c", 9, 9, 2, 9},
-          Case{"left at the edge", "\x1c", 3, 9, 0, 9}, Case{"right", "\x1d", 9, 9, 16, 9},
-          Case{"right at the edge", "\x1d", 799, 9, 800, 9}, Case{"another key", "x", 9, 9, 9, 9}}) {
-        SCOPED_TRACE(c.name);
-        FakeCanvas canvas(800, 700);
-        canvas.view.pExtraText_Text = "note";
-        canvas.view.pExtraText_Step = {7, 5};
-        canvas.view.pExtraText_x = c.x;
-        canvas.view.pExtraText_y = c.y;
-        canvas.view.mExtraTextMove(c.key);
-        EXPECT_EQ(canvas.view.pExtraText_x, c.x) << "not applied";
-        EXPECT_EQ(canvas.refreshes, 0);
-        canvas.view.pExtraText_Apply = true;
-        canvas.view.mExtraTextMove(c.key);
-        EXPECT_EQ(canvas.view.pExtraText_x, c.toX);
-        EXPECT_EQ(canvas.view.pExtraText_y, c.toY);
-        EXPECT_EQ(canvas.refreshes, 1);
-        EXPECT_EQ(canvas.over<RectFilled>(2).x, c.toX);
-    }
 }
 
 } // namespace

@@ -47,7 +47,7 @@ void FolderDialog::accept() {
         return;
     }
     chosen_ = path;
-    QDialog::accept();
+    done(Accepted);
 }
 
 } // namespace velmarin

@@ -102,7 +102,7 @@ std::filesystem::path QtHost::SelectFolder(std::string_view prompt, const std::f
     delete dialog;
     if (chosen.isEmpty())
         return {};
-    const std::filesystem::path folder = pathFromQ(chosen);
+    std::filesystem::path folder = pathFromQ(chosen);
     std::error_code error;
     lastFolder_ = std::filesystem::exists(folder, error) ? folder : folder.parent_path();
     return folder;

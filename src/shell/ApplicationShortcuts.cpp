@@ -19,7 +19,8 @@ void addApplicationShortcuts(App& app, QWidget* window) {
     };
     for (const MenuPlan& menu : menuTree())
         for (const MenuItemPlan& item : menu.items)
-            if (!item.shortcut.empty() && app.handles(item.name) && !EditCommands::handles(item.name) && item.name != kWinItem)
+            if (!item.shortcut.empty() && app.handles(item.name) && !EditCommands::handles(item.name) &&
+                item.name != kWinItem)
                 add(toQ(item.shortcut), std::string(item.name), item.index);
     for (int digit = 0; digit < kWindowDigits; ++digit) {
         auto* shortcut = new QShortcut(QKeySequence(windowShortcut(digit)), window);

@@ -329,8 +329,9 @@ void MainWindow::changeEvent(QEvent* event) {
 
 void MainWindow::Event_Activate() {
     placement_.cameToFront();
-    // For any other reason the field of another window that has had the focus would drop its selection.
-    queryBar_->SearchEF()->setFocus(Qt::ActiveWindowFocusReason);
+    // Qt gives the focus back by itself, and then the field of the other window keeps its selection.
+    if (focusWidget() != queryBar_->SearchEF())
+        queryBar_->SearchEF()->setFocus();
     app_.ActiveMainWin = this;
 }
 

@@ -57,7 +57,7 @@ class MainWindow : public QMainWindow {
     bool hasGroup() const { return !state_.pDictionaryGroupFolder.isNil(); }
     /// What a pick of a free group does: saves the group being left and reads the new one. False where that fails.
     bool changeGroup(const FolderItem& group);
-    /// Drops the group with all that shows it, without writing anything, and fills the group pop-up anew.
+    /// Drops the group with all that shows it, without writing anything, and fills the group pop-up again.
     void startAnew();
     /// Shows a group. A folder that cannot be read is told, and leaves the window without a group.
     void ReadDictionaryFolder(const FolderItem& group);

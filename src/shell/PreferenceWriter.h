@@ -26,7 +26,7 @@ class PreferenceWriter {
     std::optional<WindowPlacement> placement(const ThisAppliModule& module) const;
     /// The file `MainWindow`.
     void writePlacement(const WindowPlacement& placement, const ThisAppliModule& module);
-    /// The next failure of any file is told of again.
+    /// The next failure of any file is told again.
     void forgetFailures() { failing_.clear(); }
     /// Takes note of the outcome of any other write to `path`.
     void note(const std::string& path, const WriteResult& result);

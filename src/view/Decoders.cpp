@@ -81,7 +81,7 @@ DecodedPix decodeAs(std::string_view extension, std::string_view bytes) {
     for (const PictureFormat& format : pictureFormats())
         if (format.matches(bytes, extension))
             return format.decode(bytes);
-    return DecodedPix::failed("its content is not a picture of a known format");
+    return DecodedPix::failed("its content is not a picture in a known format");
 }
 
 std::optional<std::string> readPictureFile(const FolderItem& file, std::string& reason) {

@@ -121,8 +121,8 @@ TEST_F(SampleFolder, DictionaryIsSortedParallelAndComplete) {
         EXPECT_GT(ink, 5000) << page << " is printed";
         pixDestroy(&pix);
     }
-    EXPECT_TRUE(
-        place_.read(dictionary / "mImg" / "ImageIndex").starts_with(std::to_string(pages.size()) + "\np0000.tif\n"))
+    EXPECT_TRUE(place_.read(dictionary / "mImg" / "ImageIndex2")
+                    .starts_with(std::to_string(pages.size()) + "\ntiny-0000.tif\tTitle\ntiny-0001.tif\t1\n"))
         << "the last index: the title page is one more";
     const std::string extra = between(texts[89], "<^_", "_>");
     EXPECT_TRUE(fs::exists(place_.path() / dictionary / "mPimg" / extra)) << extra;
@@ -134,11 +134,11 @@ TEST_F(SampleFolder, EachKindOfPageCanBeDecoded) {
         {PageKind::BilevelTiff, 1}, {PageKind::GreyPng, 8}, {PageKind::ColourPng, 32}, {PageKind::ColourJpeg, 32}};
     std::vector<Sample> samples;
     for (std::size_t i = 0; i < kinds.size(); ++i)
-        samples.push_back(tinySample(std::to_string(i), kinds[i].first));
+        samples.push_back(tinySample("Kind " + std::to_string(i), kinds[i].first));
     ASSERT_TRUE(make(samples));
     for (std::size_t i = 0; i < kinds.size(); ++i) {
-        const std::string name = "p0001" + std::string(extensionOf(kinds[i].first));
-        Pix* pix = pixRead((target() / "Group" / std::to_string(i) / "mImg" / name).c_str());
+        const std::string name = "kind-0001" + std::string(extensionOf(kinds[i].first));
+        Pix* pix = pixRead((target() / "Group" / ("Kind " + std::to_string(i)) / "mImg" / name).c_str());
         ASSERT_NE(pix, nullptr) << name;
         EXPECT_EQ(pixGetDepth(pix), kinds[i].second) << name;
         EXPECT_EQ(pixGetWidth(pix), 800) << name;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <memory>
 
@@ -18,10 +19,22 @@ constexpr std::size_t mostSupplementPages = 3;
 
 using Presses = std::vector<std::unique_ptr<Press>>;
 
-std::string numbered(const char* prefix, std::size_t number, PageKind kind) {
+std::string numbered(const std::string& prefix, std::size_t number, PageKind kind) {
     std::array<char, 32> digits{};
-    std::snprintf(digits.data(), digits.size(), "%s%04zu", prefix, number);
-    return digits.data() + std::string(extensionOf(kind));
+    std::snprintf(digits.data(), digits.size(), "-%04zu", number);
+    return prefix + digits.data() + std::string(extensionOf(kind));
+}
+
+/// The start of each page name: "webster" in the folder "Webster 1913". It keeps the pages of two dictionaries apart
+/// where only the name of a page is compared.
+std::string pagePrefix(const std::filesystem::path& folder) {
+    std::string prefix;
+    for (const char c : folder.filename().string()) {
+        if (std::isalpha(static_cast<unsigned char>(c)) == 0 && c != '-')
+            break;
+        prefix += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    return prefix;
 }
 
 /// The kana that heads the row in which `c` stands; the voiced and small ones go with the plain.
@@ -102,9 +115,10 @@ std::vector<FlowLine> flowOf(const Book& book, Presses& presses) {
 std::vector<ListedPage> printPages(const Book& book, const std::vector<FlowLine>& flow, const std::vector<Page>& pages,
                                    Presses& presses, const std::filesystem::path& folder) {
     const PageKind kind = book.design.kind;
+    const std::string prefix = pagePrefix(folder);
     std::vector<ListedPage> listed(pages.size() + 1);
     parallelFor(presses, listed.size(), [&](Press& press, std::size_t i) {
-        listed[i].name = numbered("p", i, kind);
+        listed[i].name = numbered(prefix, i, kind);
         const auto path = folder / "mImg" / listed[i].name;
         if (i == 0) {
             listed[i].caption = "Title";
@@ -132,13 +146,14 @@ std::vector<std::vector<std::string>> printSupplements(const Book& book, Presses
         return names;
     std::filesystem::create_directories(folder / "mPimg");
     const Design& design = book.design;
+    const std::string prefix = pagePrefix(folder);
     parallelFor(presses, wanted.size(), [&](Press& press, std::size_t n) {
         const Article& article = book.articles[wanted[n]];
         const auto flow = press.set(article.supplement, 0);
         auto pages = paginate(flow, design.textBottom - design.textTop);
         pages.resize(std::min(pages.size(), mostSupplementPages));
         for (std::size_t k = 0; k < pages.size(); ++k) {
-            const std::string name = numbered(("s" + std::to_string(k + 1) + "-").c_str(), n + 1, design.kind);
+            const std::string name = numbered(prefix + "-s" + std::to_string(k + 1), n + 1, design.kind);
             press.page(pages[k], flow, {article.guide, "Supplement", std::to_string(k + 1)})
                 .write(folder / "mPimg" / name, design.kind, design.dpi);
             names[wanted[n]].push_back(name);

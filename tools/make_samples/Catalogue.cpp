@@ -63,7 +63,6 @@ Book devil(const std::filesystem::path& folder) {
     book.design.bodyLeading = 38;
     book.design.small = 31;
     book.design.smallLeading = 35;
-    book.shape.pageList = DictionaryShape::PageList::None;
     book.articles = articlesOf(DictdReader(folder, "devil"), parseDevilArticle, everything);
     return book;
 }
@@ -82,7 +81,6 @@ Book elements(const std::filesystem::path& folder) {
     book.design.bodyLeading = 40;
     book.shape.order.FormatFom = "000";
     book.shape.independent = true;
-    book.shape.pageList = DictionaryShape::PageList::Captions;
     std::vector<bool> seen(1000);
     const DictdReader reader(folder, "elements");
     for (const std::string_view text : reader.articles()) {

@@ -41,10 +41,10 @@ std::string txtText(const std::vector<IndexLine>& lines) {
     return text;
 }
 
-std::string listText(const std::vector<ListedPage>& pages, bool withCaptions) {
+std::string listText(const std::vector<ListedPage>& pages) {
     std::string text = std::to_string(static_cast<long>(pages.size()) - 1) + "\n";
     for (const ListedPage& page : pages)
-        text += page.name + (withCaptions ? "\t" + page.caption : "") + "\n";
+        text += page.name + "\t" + page.caption + "\n";
     return text;
 }
 
@@ -99,10 +99,7 @@ void writeDictionary(const std::filesystem::path& folder, const std::vector<Inde
         writeFile(folder / "IJUV", "");
     if (!shape.order.FormatFom.empty() || shape.independent)
         writeFile(folder / "Format", shape.order.FormatFom + "\n" + (shape.independent ? "true\n" : ""));
-    if (shape.pageList == DictionaryShape::PageList::Names)
-        writeFile(folder / "mImg" / "ImageIndex", listText(pages, false));
-    else if (shape.pageList == DictionaryShape::PageList::Captions)
-        writeFile(folder / "mImg" / "ImageIndex2", listText(pages, true));
+    writeFile(folder / "mImg" / "ImageIndex2", listText(pages));
 }
 
 } // namespace velmarin

@@ -21,10 +21,9 @@ struct IndexLine {
 struct DictionaryShape {
     IndexOrder order;
     bool independent = false;
-    enum class PageList { None, Names, Captions } pageList = PageList::Names;
 };
 
-/// A page of the list, in page order.
+/// A page of the list, in page order. The caption is what is printed on it as its number.
 struct ListedPage {
     std::string name;
     std::string caption;

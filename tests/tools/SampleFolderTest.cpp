@@ -153,6 +153,40 @@ TEST_F(SampleFolder, WholeFolderIsLeftAlone) {
     EXPECT_FALSE(fs::exists(target() / "Group"));
 }
 
+/// A dictionary in `folder` as samples were made when all called their pages alike.
+void writeOldSample(const TempFolder& place, const fs::path& folder) {
+    for (const char* page : {"p0000.tif", "p0001.tif"})
+        place.write(folder / "mImg" / page, "");
+    place.write(folder / "mPimg" / "s1-0001.tif", "");
+    place.write(folder / "mImg" / "ImageIndex", "1\np0000.tif\np0001.tif\n");
+    place.write(folder / "FW", "");
+    place.write(folder / "ind", "bab\nbeb__DLM__n.\nbib\n");
+    place.write(folder / "txt", "<@_p0001.tif_>\nbeb <@_p0001.tif_>\n<@_p0001.tif_>\n");
+}
+
+TEST_F(SampleFolder, OnlyUnchangedSamplesOfAnEarlierRunAreMadeAgain) {
+    const fs::path group = fs::path("Samples") / "Group";
+    for (const char* name : {"Old", "Changed", "Larger", "Mine"})
+        writeOldSample(place_, group / name);
+    place_.write(group / "Changed" / "txt", "<@_p0001.tif_>\n<@_p0001.tif_>\n<@_p0001.tif_>\n");
+    place_.write(group / "Larger" / "mImg" / "plate.jpg", "");
+    place_.write(group / "DictionaryPreferences.txt", "Mine first\t1\t\n");
+    fs::create_directory_symlink(target() / "Group" / "Old", target() / "Group" / "Linked");
+    std::vector<Sample> samples;
+    for (const char* name : {"Old", "Changed", "Larger", "Linked", "Deleted"})
+        samples.push_back(tinySample(name, PageKind::BilevelTiff));
+    EXPECT_TRUE(make(samples));
+    EXPECT_EQ(said_.size(), 1U);
+    EXPECT_TRUE(fs::exists(target() / "Group" / "Old" / "mImg" / "old-0001.tif"));
+    EXPECT_FALSE(fs::exists(target() / "Group" / "Old" / "mImg" / "p0001.tif"));
+    for (const char* name : {"Changed", "Larger", "Mine"})
+        EXPECT_TRUE(fs::exists(target() / "Group" / name / "mImg" / "p0001.tif")) << name;
+    EXPECT_FALSE(fs::exists(target() / "Group" / "Deleted")) << "by the reader";
+    EXPECT_EQ(place_.read(group / "DictionaryPreferences.txt"), "Mine first\t1\t\n");
+    EXPECT_EQ(itemsBeside(), 1U) << "nothing of the old ones is left";
+    EXPECT_FALSE(make(samples)) << "a second time";
+}
+
 TEST_F(SampleFolder, InterruptedRunLeavesNoFolderAndIsCleared) {
     const Sample broken{"Group", "Broken", "tiny", [](const fs::path&) -> Book { throw std::runtime_error("torn"); }};
     EXPECT_THROW(make({tinySample("Tiny", PageKind::BilevelTiff), broken}), std::runtime_error);

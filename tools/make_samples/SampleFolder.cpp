@@ -1,6 +1,9 @@
 #include "make_samples/SampleFolder.h"
 
+#include <cstdio>
+#include <fstream>
 #include <map>
+#include <regex>
 #include <set>
 #include <stdexcept>
 
@@ -58,6 +61,61 @@ void writePreferences(const fs::path& group, const std::string& name, const std:
     writeFile(group / "DictionaryPreferences.txt", text);
 }
 
+/// Whether `folder` holds a sample of an earlier run that named its pages p0000.tif and on, and nothing else. A
+/// dictionary of the reader's own in that place lacks what the samples' `txt` has: every third headword.
+bool isOutdatedSample(const fs::path& folder) {
+    static const std::regex members("FW|ind|txt|Format|Spanish|IJUV|mImg|mPimg|mImg/(ImageIndex2?|p\\d{4}\\.[a-z]{3})|"
+                                    "mPimg/s\\d-\\d{4}\\.[a-z]{3}");
+    const auto isTitle = [&](const char* ending) {
+        return fs::exists(folder / "mImg" / (std::string("p0000") + ending));
+    };
+    if (!isTitle(".tif") && !isTitle(".png") && !isTitle(".jpg"))
+        return false;
+    if (!fs::is_directory(fs::symlink_status(folder)) || !fs::is_directory(fs::symlink_status(folder.parent_path())))
+        return false;
+    for (const auto& item : fs::recursive_directory_iterator(folder))
+        if (item.is_symlink() || !std::regex_match(item.path().lexically_relative(folder).string(), members))
+            return false;
+    std::ifstream ind(folder / "ind");
+    std::ifstream txt(folder / "txt");
+    std::string key;
+    std::string text;
+    std::size_t lines = 0;
+    for (; std::getline(ind, key) && std::getline(txt, text); ++lines) {
+        const std::string word = lines % 3 == 1 ? key.substr(0, key.find("__DLM__")) + " " : "";
+        if (!text.starts_with(word + "<@_p"))
+            return false;
+    }
+    return lines > 0 && !ind && !std::getline(txt, text);
+}
+
+/// Which of `samples` are to be made: all where `folder` is missing or empty, otherwise those of an earlier run.
+std::vector<Sample> dueSamples(const fs::path& folder, const std::vector<Sample>& samples) {
+    if (!fs::exists(folder) || (fs::is_directory(folder) && fs::is_empty(folder)))
+        return samples;
+    std::vector<Sample> due;
+    for (const Sample& sample : samples) {
+        try {
+            if (isOutdatedSample(folder / sample.group / sample.name))
+                due.push_back(sample);
+        } catch (const fs::filesystem_error&) {
+            continue; // What cannot be read is left as it is.
+        }
+    }
+    return due;
+}
+
+/// Swaps two folders.
+void exchange(const fs::path& made, const fs::path& old) {
+    if (renameat2(AT_FDCWD, made.c_str(), AT_FDCWD, old.c_str(), RENAME_EXCHANGE) == 0)
+        return;
+    // Not every file system can exchange two folders at once.
+    const fs::path aside = made.string() + ".old";
+    fs::rename(old, aside);
+    fs::rename(made, old);
+    fs::rename(aside, made);
+}
+
 } // namespace
 
 bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const std::vector<Sample>& samples,
@@ -65,20 +123,29 @@ bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const 
     fs::path whole = fs::absolute(target).lexically_normal();
     if (!whole.has_filename())
         whole = whole.parent_path();
-    if (fs::exists(whole) && (!fs::is_directory(whole) || !fs::is_empty(whole)))
+    const std::vector<Sample> due = dueSamples(whole, samples);
+    if (due.empty())
         return false;
-    checkSources(dictFolder, samples);
+    const bool renews = fs::exists(whole) && !fs::is_empty(whole);
+    checkSources(dictFolder, due);
     fs::create_directories(whole.parent_path());
     const FolderLock lock(whole.parent_path());
     const fs::path stage = whole.parent_path() / ("." + whole.filename().string() + ".unfinished");
     fs::remove_all(stage);
     std::map<std::string, std::vector<std::string>> groups;
-    for (const Sample& sample : samples) {
+    for (const Sample& sample : due) {
         const BookResult made = makeBook(sample.make(dictFolder), stage / sample.group / sample.name, threads);
         groups[sample.group].push_back(sample.name);
         tell(sample.group + " / " + sample.name + ": " + std::to_string(made.pages) + " pages, " +
              std::to_string(made.entries) + " entries" +
              (made.extraPages > 0 ? ", " + std::to_string(made.extraPages) + " extra pages" : ""));
+    }
+    if (renews) {
+        lock.flush();
+        for (const Sample& sample : due)
+            exchange(stage / sample.group / sample.name, whole / sample.group / sample.name);
+        fs::remove_all(stage);
+        return true;
     }
     for (const auto& [group, dictionaries] : groups)
         writePreferences(stage / group, group, dictionaries);

@@ -6,28 +6,18 @@
 
 namespace velmarin {
 
-enum class Style : std::uint8_t { Roman, Italic, Bold, SmallCaps };
-
-/// A run of text in one style. A no-break space keeps two words together.
-struct Span {
-    Style style = Style::Roman;
-    std::string text;
-    bool red = false;
-};
-
 enum class Setting : std::uint8_t {
     Hanging,  ///< Justified, the first line out to the margin: the opening of an article
-    Indented, ///< Justified, the first line in: what follows in the same article
+    Indented, ///< Justified, the first line in: a further paragraph of the article
     Verse,    ///< One line of a poem, not justified
     Right,    ///< A signature at the right margin
-    Centred,
 };
 
 struct Paragraph {
     Setting setting = Setting::Hanging;
     bool small = false;
-    bool gapBefore = false; ///< half a line of space above it
-    std::vector<Span> spans;
+    bool gapBefore = false; ///< a third of a line of space above it
+    std::string markup;     ///< Pango's
 };
 
 /// One article of a dictionary, ready to be set.

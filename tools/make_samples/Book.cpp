@@ -4,10 +4,12 @@
 #include <array>
 #include <cctype>
 #include <cstdio>
+#include <functional>
+#include <future>
+#include <iterator>
 #include <memory>
 
 #include "make_samples/Pagination.h"
-#include "make_samples/Parallel.h"
 #include "make_samples/Press.h"
 #include "make_samples/TextPieces.h"
 
@@ -90,52 +92,88 @@ void sortArticles(Book& book) {
         article = newPlace[article];
 }
 
-/// All lines of the book, letters between the parts of the alphabet.
-std::vector<FlowLine> flowOf(const Book& book, Presses& presses) {
-    std::vector<std::vector<FlowLine>> set(book.articles.size());
-    parallelFor(presses, book.articles.size(),
-                [&](Press& press, std::size_t i) { set[i] = press.set(book.articles[i].paragraphs, i); });
-    std::vector<FlowLine> flow;
-    std::string last;
-    for (std::size_t i = 0; i < set.size(); ++i) {
-        if (book.design.letterHeads) {
-            const std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.shape.order));
-            if (!initial.empty() && initial != last) {
-                for (FlowLine& line : presses.front()->initial(initial, i))
-                    flow.push_back(std::move(line));
-                last = initial;
-            }
-        }
-        std::move(set[i].begin(), set[i].end(), std::back_inserter(flow));
+/// Runs body(t) for every press at once. The first exception is thrown again when all have ended.
+void inParallel(const Presses& presses, const std::function<void(std::size_t)>& body) {
+    std::vector<std::future<void>> runs;
+    for (std::size_t t = 0; t < presses.size(); ++t)
+        runs.push_back(std::async(std::launch::async, body, t));
+    for (auto& run : runs)
+        run.wait();
+    for (auto& run : runs)
+        run.get();
+}
+
+/// For each article the press that sets it. A press has articles that follow each other, so that few pages hold lines
+/// of two presses, which only one thread may touch.
+std::vector<std::size_t> pressOf(const std::vector<Article>& articles, std::size_t presses) {
+    std::vector<std::size_t> ends;
+    std::size_t bytes = 0;
+    for (const Article& article : articles) {
+        for (const Paragraph& paragraph : article.paragraphs)
+            bytes += paragraph.markup.size();
+        ends.push_back(bytes);
     }
+    for (std::size_t& end : ends)
+        end = std::min(end * presses / std::max<std::size_t>(bytes, 1), presses - 1);
+    return ends;
+}
+
+/// All lines of the book, letters between the parts of the alphabet.
+std::vector<FlowLine> flowOf(const Book& book, const std::vector<std::size_t>& pressOf, const Presses& presses) {
+    std::vector<std::string> heads(book.articles.size());
+    std::string last;
+    for (std::size_t i = 0; book.design.letterHeads && i < heads.size(); ++i) {
+        const std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.shape.order));
+        if (!initial.empty() && initial != last)
+            last = heads[i] = initial;
+    }
+    std::vector<std::vector<FlowLine>> set(book.articles.size());
+    inParallel(presses, [&](std::size_t t) {
+        for (std::size_t i = 0; i < set.size(); ++i) {
+            if (pressOf[i] != t)
+                continue;
+            if (!heads[i].empty())
+                set[i] = presses[t]->initial(heads[i], i);
+            std::ranges::move(presses[t]->set(book.articles[i].paragraphs, i), std::back_inserter(set[i]));
+        }
+    });
+    std::vector<FlowLine> flow;
+    for (auto& lines : set)
+        std::ranges::move(lines, std::back_inserter(flow));
     return flow;
 }
 
 /// Prints title page and pages; their list, in order.
 std::vector<ListedPage> printPages(const Book& book, const std::vector<FlowLine>& flow, const std::vector<Page>& pages,
-                                   Presses& presses, const std::filesystem::path& folder) {
+                                   const std::vector<std::size_t>& pressOf, const Presses& presses,
+                                   const std::filesystem::path& folder) {
     const PageKind kind = book.design.kind;
     const std::string prefix = pagePrefix(folder);
-    std::vector<ListedPage> listed(pages.size() + 1);
-    parallelFor(presses, listed.size(), [&](Press& press, std::size_t i) {
-        listed[i].name = numbered(prefix, i, kind);
-        const auto path = folder / "mImg" / listed[i].name;
-        if (i == 0) {
-            listed[i].caption = "Title";
-            press.titlePage(book.title).write(path, kind, book.design.dpi);
-            return;
-        }
-        listed[i].caption = std::to_string(i);
+    std::vector<ListedPage> listed{{numbered(prefix, 0, kind), "Title"}};
+    for (std::size_t i = 1; i <= pages.size(); ++i)
+        listed.push_back({numbered(prefix, i, kind), std::to_string(i)});
+    const auto print = [&](std::size_t i, Press& press) {
         const Page& page = pages[i - 1];
-        const Press::Head head{book.articles[page.firstArticle].guide, listed[i].caption,
-                               book.articles[page.lastArticle].guide};
-        press.page(page, flow, head).write(path, kind, book.design.dpi);
+        press.printPage(
+            folder / "mImg" / listed[i].name, page, flow,
+            {book.articles[page.firstArticle].guide, listed[i].caption, book.articles[page.lastArticle].guide});
+    };
+    const auto pressAt = [&](const SetLine& line) { return pressOf[flow[line.line].article]; };
+    const auto isShared = [&](const Page& page) { return pressAt(page.lines.front()) != pressAt(page.lines.back()); };
+    inParallel(presses, [&](std::size_t t) {
+        for (std::size_t i = 1; i <= pages.size(); ++i)
+            if (!isShared(pages[i - 1]) && pressAt(pages[i - 1].lines.front()) == t)
+                print(i, *presses[t]);
     });
+    for (std::size_t i = 1; i <= pages.size(); ++i)
+        if (isShared(pages[i - 1]))
+            print(i, *presses.front());
+    presses.front()->printTitlePage(folder / "mImg" / listed[0].name, book.title);
     return listed;
 }
 
 /// Prints the supplements; for each article the names of its pages.
-std::vector<std::vector<std::string>> printSupplements(const Book& book, Presses& presses,
+std::vector<std::vector<std::string>> printSupplements(const Book& book, const Presses& presses,
                                                        const std::filesystem::path& folder) {
     std::vector<std::vector<std::string>> names(book.articles.size());
     std::vector<std::size_t> wanted;
@@ -147,16 +185,18 @@ std::vector<std::vector<std::string>> printSupplements(const Book& book, Presses
     std::filesystem::create_directories(folder / "mPimg");
     const Design& design = book.design;
     const std::string prefix = pagePrefix(folder);
-    parallelFor(presses, wanted.size(), [&](Press& press, std::size_t n) {
-        const Article& article = book.articles[wanted[n]];
-        const auto flow = press.set(article.supplement, 0);
-        auto pages = paginate(flow, design.textBottom - design.textTop);
-        pages.resize(std::min(pages.size(), mostSupplementPages));
-        for (std::size_t k = 0; k < pages.size(); ++k) {
-            const std::string name = numbered(prefix + "-s" + std::to_string(k + 1), n + 1, design.kind);
-            press.page(pages[k], flow, {article.guide, "Supplement", std::to_string(k + 1)})
-                .write(folder / "mPimg" / name, design.kind, design.dpi);
-            names[wanted[n]].push_back(name);
+    inParallel(presses, [&](std::size_t t) {
+        for (std::size_t n = t; n < wanted.size(); n += presses.size()) {
+            const Article& article = book.articles[wanted[n]];
+            const auto flow = presses[t]->set(article.supplement, 0);
+            auto pages = paginate(flow, design.textBottom - design.textTop);
+            pages.resize(std::min(pages.size(), mostSupplementPages));
+            for (std::size_t k = 0; k < pages.size(); ++k) {
+                const std::string name = numbered(prefix + "-s" + std::to_string(k + 1), n + 1, design.kind);
+                presses[t]->printPage(folder / "mPimg" / name, pages[k], flow,
+                                      {article.guide, "Supplement", std::to_string(k + 1)});
+                names[wanted[n]].push_back(name);
+            }
         }
     });
     return names;
@@ -170,9 +210,10 @@ BookResult makeBook(Book book, const std::filesystem::path& folder, unsigned thr
     for (unsigned t = 0; t < std::max(threads, 1U); ++t)
         presses.push_back(std::make_unique<Press>(book.design));
     sortArticles(book);
-    const auto flow = flowOf(book, presses);
+    const auto pressOfArticle = pressOf(book.articles, presses.size());
+    const auto flow = flowOf(book, pressOfArticle, presses);
     const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
-    const auto listed = printPages(book, flow, pages, presses, folder);
+    const auto listed = printPages(book, flow, pages, pressOfArticle, presses, folder);
     const auto supplements = printSupplements(book, presses, folder);
 
     std::vector<std::string> pageOf(book.articles.size());

@@ -4,20 +4,29 @@
 #include <cstdio>
 #include <limits>
 
-#include "make_samples/DictdReader.h"
-#include "make_samples/Faces.h"
 #include "make_samples/GcideParser.h"
 #include "make_samples/OtherParsers.h"
+#include "make_samples/SourceText.h"
 
 namespace velmarin {
 
 namespace {
 
 /// As much of the Webster as fills about 420 pages.
-constexpr std::size_t websterBytes = 3'700'000;
+constexpr std::size_t websterBytes = 3'350'000;
 constexpr std::size_t mostLanguageArticles = 5000;
 constexpr std::size_t mostSmallArticles = 900;
 constexpr std::size_t everything = std::numeric_limits<std::size_t>::max();
+
+// The families that the books are set in, from the font packages in tools/packages.txt. Those after the first fill in
+// for letters and ornaments that it lacks; the last has kana and Chinese characters.
+constexpr const char* modernFace = "Old Standard TT, Linux Libertine O, EB Garamond 12, IPAexMincho";
+constexpr const char* oldFace = "EB Garamond 12, Linux Libertine O, IPAexMincho";
+constexpr const char* plainFace = "Linux Libertine O, EB Garamond 12, IPAexMincho";
+
+std::string hyphenation(const std::string& language) {
+    return "/usr/share/hyphen/hyph_" + language + ".dic";
+}
 
 /// A page of a small octavo volume.
 Design octavo() {
@@ -45,9 +54,9 @@ Book webster(const std::filesystem::path& folder) {
                   {"From the Collaborative International Dictionary of English (GPL),",
                    "which is derived from the Revised Unabridged Dictionary of 1913.",
                    "Set in type from the electronic text for trying out Velmarin."}};
-    book.design.typeface = modernFace();
+    book.design.typeface = modernFace;
     book.design.hyphenation = hyphenation("en_US");
-    book.articles = websterArticles(DictdReader(folder, "gcide"), websterBytes, {"palimpsest"});
+    book.articles = websterArticles(SourceText(folder, "gcide"), websterBytes, {"palimpsest"});
     return book;
 }
 
@@ -56,14 +65,14 @@ Book devil(const std::filesystem::path& folder) {
     book.title = {
         "The Devil’s Dictionary", {"by Ambrose Bierce", "1911"}, imprint("The text is in the public domain.")};
     book.design = octavo();
-    book.design.typeface = oldFace();
+    book.design.typeface = oldFace;
     book.design.hyphenation = hyphenation("en_US");
     book.design.kind = PageKind::ColourJpeg;
     book.design.body = 34;
     book.design.bodyLeading = 38;
     book.design.small = 31;
     book.design.smallLeading = 35;
-    book.articles = articlesOf(DictdReader(folder, "devil"), parseDevilArticle, everything);
+    book.articles = articlesOf(SourceText(folder, "devil"), parseDevilArticle, everything);
     return book;
 }
 
@@ -73,7 +82,7 @@ Book elements(const std::filesystem::path& folder) {
                   {"in the order of their numbers", "with symbols and weights"},
                   imprint("From the Elements database of 2000 by Jay F. Kominek, in the public domain.")};
     book.design = octavo();
-    book.design.typeface = modernFace();
+    book.design.typeface = modernFace;
     book.design.hyphenation = hyphenation("en_US");
     book.design.kind = PageKind::ColourPng;
     book.design.letterHeads = false;
@@ -82,7 +91,7 @@ Book elements(const std::filesystem::path& folder) {
     book.shape.order.FormatFom = "000";
     book.shape.independent = true;
     std::vector<bool> seen(1000);
-    const DictdReader reader(folder, "elements");
+    const SourceText reader(folder, "elements");
     for (const std::string_view text : reader.articles()) {
         ElementArticle element = parseElement(text);
         if (element.number <= 0 || element.number > 999 || seen[static_cast<std::size_t>(element.number)])
@@ -98,7 +107,7 @@ Book elements(const std::filesystem::path& folder) {
 }
 
 /// A FreeDict dictionary of one of the larger languages.
-Book language(const std::filesystem::path& folder, const std::string& source, Title title, const Typeface& typeface,
+Book language(const std::filesystem::path& folder, const std::string& source, Title title, const char* typeface,
               const std::string& patterns) {
     Book book;
     book.title = std::move(title);
@@ -107,7 +116,7 @@ Book language(const std::filesystem::path& folder, const std::string& source, Ti
     book.design.hyphenation = patterns;
     book.design.body = 35;
     book.design.bodyLeading = 40;
-    book.articles = articlesOf(DictdReader(folder, source), parseFreedictArticle, mostLanguageArticles);
+    book.articles = articlesOf(SourceText(folder, source), parseFreedictArticle, mostLanguageArticles);
     return book;
 }
 
@@ -116,12 +125,12 @@ Book japanese(const std::filesystem::path& folder) {
     book.title = {"和仏辞典",
                   {"Dictionnaire japonais–français"},
                   imprint("From the FreeDict project’s dictionary jpn-fra (CC BY-SA).")};
-    book.design.typeface = japaneseFace();
+    book.design.typeface = plainFace;
     book.design.hyphenation = hyphenation("fr");
     book.design.body = 37;
     book.design.bodyLeading = 45;
     book.design.initial = 80;
-    book.articles = articlesOf(DictdReader(folder, "freedict-jpn-fra"), parseJapaneseArticle, mostLanguageArticles);
+    book.articles = articlesOf(SourceText(folder, "freedict-jpn-fra"), parseJapaneseArticle, mostLanguageArticles);
     return book;
 }
 
@@ -132,11 +141,11 @@ Book small(const std::filesystem::path& folder, const std::string& source, const
     book.title = {name.substr(0, dash), {"and " + name.substr(dash + 1), "a pocket dictionary"}, {}};
     book.title.imprint = imprint("From the FreeDict project’s dictionary " + source.substr(9) + " (GPL).");
     book.design = octavo();
-    const std::array<Typeface, 3> faces{modernFace(), oldFace(), plainFace()};
+    constexpr std::array faces{modernFace, oldFace, plainFace};
     book.design.typeface = faces[number % faces.size()];
     book.design.hyphenation = source.ends_with("eng") ? hyphenation("en_US") : "";
     book.design.letterHeads = true;
-    book.articles = articlesOf(DictdReader(folder, source), parseFreedictArticle, mostSmallArticles);
+    book.articles = articlesOf(SourceText(folder, source), parseFreedictArticle, mostSmallArticles);
     return book;
 }
 
@@ -170,9 +179,8 @@ std::vector<Sample> allSamples() {
         {"English", "Elements", "elements", elements},
         {"Languages", "Latin", "freedict-lat-deu",
          [](const auto& folder) {
-             Book book =
-                 language(folder, "freedict-lat-deu", {"Lexicon Latinum", {"Lateinisch–deutsches Wörterbuch"}, {}},
-                          oldFace(), hyphenation("de_DE"));
+             Book book = language(folder, "freedict-lat-deu",
+                                  {"Lexicon Latinum", {"Lateinisch–deutsches Wörterbuch"}, {}}, oldFace, "");
              book.shape.order.IJUVMode = true;
              return book;
          }},
@@ -181,7 +189,7 @@ std::vector<Sample> allSamples() {
              Book book =
                  language(folder, "freedict-spa-eng",
                           {"Diccionario español", {"Spanish–English dictionary", "in the old order of letters"}, {}},
-                          plainFace(), hyphenation("en_US"));
+                          plainFace, hyphenation("en_US"));
              book.shape.order.SpanishMode = true;
              return book;
          }},
@@ -189,13 +197,12 @@ std::vector<Sample> allSamples() {
         {"Languages", "German", "freedict-deu-ell",
          [](const auto& folder) {
              return language(folder, "freedict-deu-ell",
-                             {"Deutsches Wörterbuch", {"mit griechischen Übersetzungen"}, {}}, modernFace(),
-                             hyphenation("de_DE"));
+                             {"Deutsches Wörterbuch", {"mit griechischen Übersetzungen"}, {}}, modernFace, "");
          }},
         {"Languages", "French", "freedict-fra-eng",
          [](const auto& folder) {
              return language(folder, "freedict-fra-eng", {"Dictionnaire français", {"French–English dictionary"}, {}},
-                             oldFace(), hyphenation("en_US"));
+                             oldFace, hyphenation("en_US"));
          }},
     };
     for (std::size_t i = 0; i < smallSources.size(); ++i) {

@@ -1,17 +1,20 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
-#include "make_samples/Canvas.h"
-#include "make_samples/FontSet.h"
-#include "make_samples/LineBreaker.h"
-
 namespace velmarin {
+
+enum class PageKind : std::uint8_t {
+    BilevelTiff, ///< 1 bit a pixel, Group 4
+    ColourPng,   ///< red ink beside the black
+    ColourJpeg,  ///< the same on toned paper
+};
 
 /// How the pages of a book look. Lengths in pixels.
 struct Design {
-    Typeface typeface;
+    std::string typeface;    ///< font families; a character comes from the first that has it
     std::string hyphenation; ///< a hyphenation dictionary's path, or empty
     PageKind kind = PageKind::BilevelTiff;
     int dpi = 300;
@@ -32,9 +35,6 @@ struct Design {
 
     int textWidth() const { return pageWidth - 2 * sideMargin; }
     int columnWidth() const { return (textWidth() - gutter) / 2; }
-    TextMeasure columnMeasure() const {
-        return {static_cast<double>(columnWidth()), body, bodyLeading, small, smallLeading};
-    }
 };
 
 /// What the title page says.

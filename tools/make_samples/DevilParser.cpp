@@ -57,8 +57,7 @@ void addBlock(Article& article, const std::vector<std::string_view>& block, bool
         const std::size_t indent = indentOf(line);
         const std::string text = singleSpaced(line);
         if (indent >= signatureIndent) {
-            article.paragraphs.push_back(
-                {Setting::Right, true, false, {{Style::SmallCaps, printedMarks(text), false}}});
+            article.paragraphs.push_back({Setting::Right, true, false, smallCapitals(printedMarks(text))});
             open = false;
             continue;
         }
@@ -66,19 +65,17 @@ void addBlock(Article& article, const std::vector<std::string_view>& block, bool
             // Only the opening of a paragraph is indented.
             if (!open || indent >= verseIndent * 2)
                 article.paragraphs.push_back({Setting::Indented, indent >= verseIndent, false, {}});
-            else if (!endsInHyphen(article.paragraphs.back().spans.back().text))
-                article.paragraphs.back().spans.push_back({Style::Roman, " ", false});
+            else if (!endsInHyphen(article.paragraphs.back().markup))
+                article.paragraphs.back().markup += ' ';
             open = true;
-            addRichText(article.paragraphs.back().spans, text);
+            article.paragraphs.back().markup += richText(text);
             continue;
         }
         Paragraph verse{Setting::Verse, true, gap, {}};
         gap = false;
-        std::string inset;
         for (std::size_t i = verseIndent; i < indent; ++i)
-            inset += "\u00A0";
-        verse.spans.push_back({Style::Roman, inset, false});
-        addRichText(verse.spans, text);
+            verse.markup += "\u00A0";
+        verse.markup += richText(text);
         article.paragraphs.push_back(std::move(verse));
     }
 }
@@ -99,25 +96,25 @@ Article parseDevilArticle(std::string_view text) {
     article.key = headword;
     article.guide = headword;
     Paragraph opening;
-    opening.spans.push_back({Style::Bold, headword, true});
+    opening.markup = inRed(bold(headword));
     if (text.starts_with(",")) {
-        opening.spans.push_back({Style::Roman, ", ", false});
+        opening.markup += ", ";
         const auto end = text.find("  ");
         if (end < longestWordClass) {
             article.note = singleSpaced(text.substr(1, end - 1));
-            opening.spans.push_back({Style::Italic, article.note, false});
+            opening.markup += italic(article.note);
             text.remove_prefix(end);
         } else {
             text.remove_prefix(1);
         }
     }
-    opening.spans.push_back({Style::Roman, " ", false});
+    opening.markup += ' ';
     const auto lines = linesOf(text);
     std::size_t i = 0;
     std::string first;
     for (; i < lines.size() && !trimmed(lines[i]).empty(); ++i)
         first += (endsInHyphen(first) ? "" : " ") + std::string(lines[i]);
-    addRichText(opening.spans, singleSpaced(first));
+    opening.markup += richText(singleSpaced(first));
     article.paragraphs.push_back(std::move(opening));
     std::vector<std::string_view> block;
     for (; i <= lines.size(); ++i) {

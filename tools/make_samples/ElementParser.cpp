@@ -45,23 +45,14 @@ ElementArticle parseElement(std::string_view text) {
     Article& article = element.article;
     article.guide = std::to_string(element.number) + " " + element.name;
     article.note = element.name;
-    Paragraph opening;
-    opening.spans.push_back({Style::Bold, std::to_string(element.number) + ".", true});
-    opening.spans.push_back({Style::Bold, " " + element.name, false});
-    if (!symbol.empty()) {
-        opening.spans.push_back({Style::Roman, ", ", false});
-        opening.spans.push_back({Style::Bold, symbol, true});
-    }
-    if (!weight.empty()) {
-        opening.spans.push_back({Style::Roman, ". ", false});
-        opening.spans.push_back({Style::Italic, "Atomic weight", false});
-        opening.spans.push_back({Style::Roman, " " + weight + ".", false});
-    }
-    article.paragraphs.push_back(std::move(opening));
-    if (!body.empty()) {
-        article.paragraphs.push_back({Setting::Indented, false, false, {}});
-        addRichText(article.paragraphs.back().spans, body);
-    }
+    std::string opening = inRed(bold(std::to_string(element.number) + ".")) + bold(" " + element.name);
+    if (!symbol.empty())
+        opening += ", " + inRed(bold(symbol));
+    if (!weight.empty())
+        opening += ". " + italic("Atomic weight") + " " + escaped(weight) + ".";
+    article.paragraphs.push_back({Setting::Hanging, false, false, opening});
+    if (!body.empty())
+        article.paragraphs.push_back({Setting::Indented, false, false, richText(body)});
     return element;
 }
 

@@ -57,15 +57,15 @@ std::string printedClass(std::string_view tags) {
     return out;
 }
 
-/// Adds a line with its <tags> in italics.
-void addTagged(std::vector<Span>& spans, std::string_view line) {
-    while (!line.empty()) {
+/// A line with its <tags> in italics.
+std::string taggedText(std::string_view line) {
+    std::string markup;
+    for (;;) {
         const auto open = line.find('<');
         const auto close = open == std::string_view::npos ? open : line.find('>', open);
-        addRichText(spans, line.substr(0, close == std::string_view::npos ? close : open));
         if (close == std::string_view::npos)
-            return;
-        spans.push_back({Style::Italic, printedClass(line.substr(open + 1, close - open - 1)), false});
+            return markup + richText(line);
+        markup += richText(line.substr(0, open)) + italic(printedClass(line.substr(open + 1, close - open - 1)));
         line.remove_prefix(close + 1);
     }
 }
@@ -100,9 +100,7 @@ Article parseFreedictArticle(std::string_view text) {
         return article;
     article.key = heading.substr(0, end);
     article.guide = article.key;
-    Paragraph paragraph;
-    paragraph.spans.push_back({Style::Bold, article.key, false});
-    addTagged(paragraph.spans, std::string_view(heading).substr(end));
+    std::string markup = bold(article.key) + taggedText(std::string_view(heading).substr(end));
     bool isFirst = true;
     bool afterNumber = false; // and nothing else on its line
     std::string last;
@@ -113,23 +111,23 @@ Article parseFreedictArticle(std::string_view text) {
         const std::size_t number = senseNumber(line);
         const bool runsOn = isFirst || number > 0 || line.starts_with("\"") || last.ends_with(")");
         if (!afterNumber && !line.starts_with(";"))
-            paragraph.spans.push_back({Style::Roman, runsOn ? " " : " — ", false});
+            markup += runsOn ? " " : " — ";
         afterNumber = number > 0 && number == line.size();
         isFirst = false;
         last = line;
         if (number > 0)
-            paragraph.spans.push_back({Style::Bold, line.substr(0, number) + "\u00A0", false});
-        addTagged(paragraph.spans, trimmed(std::string_view(line).substr(number)));
+            markup += bold(line.substr(0, number) + "\u00A0");
+        markup += taggedText(trimmed(std::string_view(line).substr(number)));
     }
     if (isFirst)
         return {};
-    if (!last.ends_with(".") && !last.ends_with("?") && !last.ends_with("!"))
-        paragraph.spans.push_back({Style::Roman, ".", false});
-    article.paragraphs.push_back(std::move(paragraph));
+    if (!last.ends_with(".") && !last.ends_with("?") && !last.ends_with("!") && !markup.ends_with(".</i>"))
+        markup += '.';
+    article.paragraphs.push_back({Setting::Hanging, false, false, markup});
     return article;
 }
 
-std::vector<Article> articlesOf(const DictdReader& source, Article (*parse)(std::string_view), std::size_t most) {
+std::vector<Article> articlesOf(const SourceText& source, Article (*parse)(std::string_view), std::size_t most) {
     std::vector<Article> all;
     std::set<std::string_view> seen;
     for (const std::string_view text : source.articles()) {

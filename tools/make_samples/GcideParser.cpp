@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstdlib>
+#include <memory>
 #include <utility>
+
+#include <utf8proc.h>
 
 #include "make_samples/TextPieces.h"
 
@@ -38,36 +42,12 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 36> namedLet
     {"bprime", "‵"}, {"flat", "♭"},  {"sharp", "♯"},  {"=ae", "ǣ"},  {"isl", "ĭ"},  {"8star", "*"},
 }};
 
-/// The one character that a letter and the mark over it make, where there is one.
+/// A letter with a mark over or under it, as one character where there is one.
 std::string composed(char letter, std::string_view mark) {
-    static constexpr std::array<std::pair<std::string_view, std::string_view>, 11> rows{{
-        {"\u0301", "aáeéiíoóuúyýAÁEÉIÍOÓUÚYÝnń"},
-        {"\u0300", "aàeèiìoòuùAÀEÈIÌOÒUÙ"},
-        {"\u0302", "aâeêiîoôuûyŷAÂEÊIÎOÔUÛ"},
-        {"\u0308", "aäeëiïoöuüyÿAÄEËIÏOÖUÜ"},
-        {"\u0303", "aãnñoõiĩuũeẽAÃNÑOÕyỹ"},
-        {"\u0304", "aāeēiīoōuūyȳAĀEĒIĪOŌUŪ"},
-        {"\u0306", "aăeĕiĭoŏuŭyy̆AĂEĔIĬOŎUŬ"},
-        {"\u0327", "cçCÇsşSŞ"},
-        {"\u0307", "aȧeėoȯuu̇cċgġnṅrṙtṫ"},
-        {"\u030C", "aǎeěsšzžcčrř"},
-        {"\u030A", "aåAÅuů"},
-    }};
-    for (const auto& [rowMark, letters] : rows) {
-        if (rowMark != mark)
-            continue;
-        std::size_t at = 0;
-        while (at < letters.size()) {
-            const char plain = letters[at++];
-            const std::size_t start = at;
-            nextCodePoint(letters, at);
-            while (at < letters.size() && static_cast<unsigned char>(letters[at]) >= 0x80)
-                nextCodePoint(letters, at);
-            if (plain == letter)
-                return std::string(letters.substr(start, at - start));
-        }
-    }
-    return std::string(1, letter) + std::string(mark);
+    const std::string parts = letter + std::string(mark);
+    utf8proc_uint8_t* whole = utf8proc_NFC(reinterpret_cast<const utf8proc_uint8_t*>(parts.c_str()));
+    const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(whole, &std::free);
+    return whole == nullptr ? parts : reinterpret_cast<const char*>(whole);
 }
 
 /// The letter that the sign between two brackets stands for; empty where it is no sign.

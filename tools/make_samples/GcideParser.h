@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "make_samples/Article.h"
-#include "make_samples/DictdReader.h"
+#include "make_samples/SourceText.h"
 
 namespace velmarin {
 
@@ -35,7 +35,7 @@ GcideArticle parseGcideArticle(std::string_view text);
 
 /// The words of 1913 from A to Z in a shorter form: those with most to say, until `bytes` of text are reached. About
 /// three words for each letter, and each of `alwaysInFull`, have their articles in full as a supplement.
-std::vector<Article> websterArticles(const DictdReader& gcide, std::size_t bytes,
+std::vector<Article> websterArticles(const SourceText& gcide, std::size_t bytes,
                                      const std::vector<std::string>& alwaysInFull);
 
 } // namespace velmarin

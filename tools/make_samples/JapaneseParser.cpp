@@ -110,11 +110,10 @@ Article parseJapaneseArticle(std::string_view text) {
     if (article.key.empty())
         return article;
     article.guide = article.key;
-    Paragraph paragraph;
-    paragraph.spans.push_back({Style::Bold, article.key, false});
+    std::string markup = bold(article.key);
     if (!headings.empty()) {
         article.note = headings.front();
-        paragraph.spans.push_back({Style::Roman, headingsInBrackets(headings), false});
+        markup += escaped(headingsInBrackets(headings));
     }
     std::string wordClass;
     std::string meaning;
@@ -128,10 +127,8 @@ Article parseJapaneseArticle(std::string_view text) {
         }
     }
     if (!wordClass.empty())
-        paragraph.spans.push_back({Style::Italic, " " + wordClass, false});
-    addRichText(paragraph.spans, meaning);
-    paragraph.spans.push_back({Style::Roman, ".", false});
-    article.paragraphs.push_back(std::move(paragraph));
+        markup += italic(" " + wordClass);
+    article.paragraphs.push_back({Setting::Hanging, false, false, markup + richText(meaning) + "."});
     return article;
 }
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "make_samples/Article.h"
-#include "make_samples/DictdReader.h"
+#include "make_samples/SourceText.h"
 
 namespace velmarin {
 
@@ -30,6 +30,6 @@ Article parseFreedictArticle(std::string_view text);
 Article parseJapaneseArticle(std::string_view text);
 
 /// All articles of `source` that `parse` knows, equal ones once, at most `most` of them, evenly chosen.
-std::vector<Article> articlesOf(const DictdReader& source, Article (*parse)(std::string_view), std::size_t most);
+std::vector<Article> articlesOf(const SourceText& source, Article (*parse)(std::string_view), std::size_t most);
 
 } // namespace velmarin

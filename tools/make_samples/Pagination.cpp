@@ -10,7 +10,7 @@ namespace {
 constexpr double mostExtraSpace = 9;
 
 double heightAt(const FlowLine& line, bool atHead) {
-    return static_cast<double>(line.line.leading) + (atHead ? 0 : line.spaceBefore);
+    return line.leading + (atHead ? 0 : line.spaceBefore);
 }
 
 double heightOf(const std::vector<FlowLine>& flow, std::size_t from, std::size_t to) {

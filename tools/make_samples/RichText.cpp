@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "make_samples/TextPieces.h"
+#include "text/StringRules.h"
 
 namespace velmarin {
 
@@ -30,6 +30,29 @@ std::size_t authorStart(std::string_view text) {
 
 } // namespace
 
+std::string escaped(std::string_view text) {
+    std::string out;
+    for (const char c : toValidUtf8(text))
+        out += c == '&' ? "&amp;" : c == '<' ? "&lt;" : c == '>' ? "&gt;" : std::string(1, c);
+    return out;
+}
+
+std::string bold(std::string_view text) {
+    return "<b>" + escaped(text) + "</b>";
+}
+
+std::string italic(std::string_view text) {
+    return "<i>" + escaped(text) + "</i>";
+}
+
+std::string smallCapitals(std::string_view text) {
+    return "<span variant=\"small-caps\">" + escaped(text) + "</span>";
+}
+
+std::string inRed(std::string_view markup) {
+    return "<span color=\"#ac241c\">" + std::string(markup) + "</span>";
+}
+
 std::string printedMarks(std::string_view text) {
     std::string out;
     out.reserve(text.size() + 16);
@@ -52,36 +75,30 @@ std::string printedMarks(std::string_view text) {
     return out;
 }
 
-void addRichText(std::vector<Span>& spans, std::string_view text) {
+std::string richText(std::string_view text) {
     const std::size_t author = authorStart(text);
     const std::string_view signature = author == std::string_view::npos ? "" : text.substr(author + 2);
     text = text.substr(0, author);
-    const std::string marked = printedMarks(text);
+    std::string out;
     std::string plain;
-    bool italic = false;
-    const auto finish = [&](Style style) {
+    bool isItalic = false;
+    const auto finish = [&](bool isReference) {
         if (!plain.empty())
-            spans.push_back({style, std::move(plain), false});
+            out += isReference ? smallCapitals(plain) : isItalic ? italic(plain) : escaped(plain);
         plain.clear();
     };
-    for (std::size_t i = 0; i < marked.size(); ++i) {
-        const Style present = italic ? Style::Italic : Style::Roman;
-        if (marked[i] == '{') {
-            finish(present);
-        } else if (marked[i] == '}') {
-            finish(Style::SmallCaps);
-        } else if (marked[i] == '_') {
-            finish(present);
-            italic = !italic;
+    for (const char c : printedMarks(text)) {
+        if (c == '{' || c == '}' || c == '_') {
+            finish(c == '}');
+            isItalic = isItalic != (c == '_');
         } else {
-            plain += marked[i];
+            plain += c;
         }
     }
-    finish(italic ? Style::Italic : Style::Roman);
-    if (!signature.empty()) {
-        spans.push_back({Style::Roman, text.ends_with(" ") ? "—\u00A0" : " —\u00A0", false});
-        spans.push_back({Style::Italic, printedMarks(signature), false});
-    }
+    finish(false);
+    if (!signature.empty())
+        out += (text.ends_with(" ") ? "—\u00A0" : " —\u00A0") + italic(printedMarks(signature));
+    return out;
 }
 
 std::string cutShort(std::string_view text, std::size_t longest) {

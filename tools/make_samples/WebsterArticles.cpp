@@ -19,7 +19,8 @@ constexpr std::size_t longestFirstSense = 230;
 constexpr std::size_t longestSense = 120;
 constexpr std::size_t longestQuotation = 110;
 constexpr std::size_t longestSynonyms = 120;
-constexpr std::size_t longestEtymology = 90;
+constexpr std::size_t longestOrigin = 90;
+constexpr std::size_t longestOriginInFull = 600;
 /// More is no word class, but a heading that could not be told from its text.
 constexpr std::size_t longestWordClass = 60;
 constexpr std::size_t mostSenses = 3;
@@ -33,121 +34,79 @@ bool worthQuoting(const std::string& etymology, std::size_t longest) {
            etymology.back() == ']';
 }
 
-void addHeading(Paragraph& paragraph, const GcideArticle& article, std::size_t longestOrigin) {
-    paragraph.spans.push_back({Style::Bold, article.divided, false});
+std::string heading(const GcideArticle& article, std::size_t longestOrigin) {
+    std::string markup = bold(article.divided);
     if (!article.pronunciation.empty() && article.pronunciation.find_first_of("[?#") == std::string::npos)
-        paragraph.spans.push_back({Style::Roman, " (" + article.pronunciation + ")", false});
-    if (!article.wordClass.empty()) {
-        paragraph.spans.push_back({Style::Roman, ", ", false});
-        paragraph.spans.push_back({Style::Italic, printedMarks(article.wordClass), false});
-    }
-    if (worthQuoting(article.etymology, longestOrigin)) {
-        paragraph.spans.push_back({Style::Roman, " ", false});
-        addRichText(paragraph.spans, article.etymology);
-    }
+        markup += " (" + escaped(article.pronunciation) + ")";
+    if (!article.wordClass.empty())
+        markup += ", " + italic(printedMarks(article.wordClass));
+    if (worthQuoting(article.etymology, longestOrigin))
+        markup += " " + richText(article.etymology);
+    return markup;
 }
 
-/// A sense with its number in bold.
-void addSense(Paragraph& paragraph, std::string_view text) {
-    std::size_t digits = 0;
-    while (digits < text.size() && std::isdigit(static_cast<unsigned char>(text[digits])) != 0)
-        ++digits;
+/// A sense with its number in bold and its field in italics.
+std::string sense(std::string_view text) {
+    std::string markup;
+    const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
     if (digits > 0 && text.substr(digits).starts_with(". ")) {
-        paragraph.spans.push_back({Style::Bold, std::string(text.substr(0, digits + 1)), false});
-        paragraph.spans.push_back({Style::Roman, "\u00A0", false});
+        markup = bold(text.substr(0, digits + 1)) + "\u00A0";
         text.remove_prefix(digits + 2);
     }
-    if (text.starts_with("(")) {
-        const auto end = text.find(')');
-        if (end != std::string_view::npos && end > 2 && end < 30) {
-            paragraph.spans.push_back({Style::Italic, std::string(text.substr(0, end + 1)), false});
-            text.remove_prefix(end + 1);
-        }
+    const auto end = text.find(')');
+    if (text.starts_with("(") && end > 2 && end < 30) {
+        markup += italic(text.substr(0, end + 1));
+        text.remove_prefix(end + 1);
     }
-    addRichText(paragraph.spans, text);
+    return markup + richText(text);
 }
 
-/// "Syn:" and "Note:" as the books set them.
-void addRemark(Paragraph& paragraph, std::string_view text) {
-    const auto colon = text.find(':');
-    paragraph.spans.push_back({Style::Bold, std::string(text.substr(0, colon)) + ".", false});
-    paragraph.spans.push_back({Style::Roman, " — ", false});
-    addRichText(paragraph.spans, trimmed(text.substr(colon + 1)));
-}
-
-/// A phrase: its name in bold, then what it means.
-void addPhrase(Paragraph& paragraph, std::string_view text) {
-    const auto end = text.find('}');
-    if (end == std::string_view::npos) {
-        addRichText(paragraph.spans, text);
-        return;
+Paragraph paragraphOf(Kind kind, std::string_view text) {
+    Paragraph paragraph{Setting::Indented, kind != Kind::Sense && kind != Kind::Phrase, false, {}};
+    if (kind == Kind::Sense) {
+        paragraph.markup = sense(text);
+    } else if (kind == Kind::Quotation) {
+        paragraph.markup = richText(text);
+    } else if (kind == Kind::Phrase) {
+        const std::size_t end = std::min(text.find('}'), text.size() - 1);
+        paragraph.markup = bold(printedMarks(text.substr(1, end - 1))) + richText(text.substr(end + 1));
+    } else {
+        // "Syn:" and "Note:" as the books set them.
+        const std::size_t colon = text.find(':');
+        paragraph.markup =
+            bold(std::string(text.substr(0, colon)) + ".") + " — " + richText(trimmed(text.substr(colon + 1)));
     }
-    paragraph.spans.push_back({Style::Bold, printedMarks(text.substr(1, end - 1)), false});
-    addRichText(paragraph.spans, text.substr(end + 1));
+    return paragraph;
 }
 
 std::vector<Paragraph> inFull(const GcideArticle& article) {
-    std::vector<Paragraph> paragraphs(1);
-    addHeading(paragraphs[0], article, 600);
-    for (const auto& block : article.blocks) {
-        Paragraph paragraph{Setting::Indented, false, false, {}};
-        switch (block.kind) {
-        case Kind::Sense:
-            addSense(paragraph, block.text);
-            break;
-        case Kind::Quotation:
-            paragraph.small = true;
-            addRichText(paragraph.spans, block.text);
-            break;
-        case Kind::Synonyms:
-        case Kind::Note:
-            paragraph.small = true;
-            addRemark(paragraph, block.text);
-            break;
-        case Kind::Phrase:
-            addPhrase(paragraph, block.text);
-            break;
-        }
-        paragraphs.push_back(std::move(paragraph));
-    }
+    std::vector<Paragraph> paragraphs{{Setting::Hanging, false, false, heading(article, longestOriginInFull)}};
+    for (const auto& block : article.blocks)
+        paragraphs.push_back(paragraphOf(block.kind, block.text));
     return paragraphs;
 }
 
 std::vector<Paragraph> shortened(const GcideArticle& article) {
-    std::vector<Paragraph> paragraphs(1);
-    addHeading(paragraphs[0], article, longestEtymology);
-    paragraphs[0].spans.push_back({Style::Roman, " ", false});
+    std::vector<Paragraph> paragraphs{{Setting::Hanging, false, false, heading(article, longestOrigin)}};
     std::size_t senses = 0;
     bool quoted = false;
     for (const auto& block : article.blocks) {
         if (block.kind == Kind::Sense && senses < mostSenses) {
-            if (senses > 0)
-                paragraphs.push_back({Setting::Indented, false, false, {}});
-            addSense(paragraphs.back(), cutShort(block.text, senses == 0 ? longestFirstSense : longestSense));
-            ++senses;
+            Paragraph next =
+                paragraphOf(Kind::Sense, cutShort(block.text, senses == 0 ? longestFirstSense : longestSense));
+            if (senses++ == 0)
+                paragraphs.back().markup += " " + next.markup;
+            else
+                paragraphs.push_back(std::move(next));
         } else if (block.kind == Kind::Quotation && !quoted && senses > 0 && article.length >= longArticle &&
                    block.text.size() <= longestQuotation) {
             quoted = true;
-            paragraphs.push_back({Setting::Indented, true, false, {}});
-            addRichText(paragraphs.back().spans, block.text);
+            paragraphs.push_back(paragraphOf(block.kind, block.text));
         } else if (block.kind == Kind::Synonyms) {
-            paragraphs.push_back({Setting::Indented, true, false, {}});
-            addRemark(paragraphs.back(), cutShort(block.text, longestSynonyms));
+            paragraphs.push_back(paragraphOf(block.kind, cutShort(block.text, longestSynonyms)));
         }
     }
     return paragraphs;
-}
-
-std::size_t bytesOf(const std::vector<Paragraph>& paragraphs) {
-    // A paragraph's last line is half empty on average.
-    constexpr std::size_t lostPerParagraph = 25;
-    std::size_t bytes = 0;
-    for (const Paragraph& paragraph : paragraphs) {
-        bytes += lostPerParagraph;
-        for (const Span& span : paragraph.spans)
-            bytes += span.text.size();
-    }
-    return bytes;
 }
 
 /// Words that many books have, before phrases and what is out of use.
@@ -189,7 +148,7 @@ std::set<std::size_t> givenInFull(const std::vector<GcideArticle>& chosen, const
 
 } // namespace
 
-std::vector<Article> websterArticles(const DictdReader& gcide, std::size_t bytes,
+std::vector<Article> websterArticles(const SourceText& gcide, std::size_t bytes,
                                      const std::vector<std::string>& alwaysInFull) {
     std::vector<GcideArticle> all;
     for (const std::string_view text : gcide.articles()) {
@@ -217,7 +176,8 @@ std::vector<Article> websterArticles(const DictdReader& gcide, std::size_t bytes
         article.guide = all[i].headword;
         article.note = all[i].wordClass;
         article.paragraphs = shortened(all[i]);
-        total += bytesOf(article.paragraphs);
+        for (const Paragraph& paragraph : article.paragraphs)
+            total += paragraph.markup.size();
         articles.push_back(std::move(article));
         chosen.push_back(std::move(all[i]));
     }

@@ -2,9 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "make_samples/GcideParser.h"
-#include "make_samples/OtherParsers.h"
-#include "make_samples/RichText.h"
+#include "make_samples/Parsers.h"
+#include "make_samples/Text.h"
 #include "text/StringRules.h"
 
 namespace velmarin {
@@ -57,7 +56,6 @@ TEST(GcideArticle, HeadingIsToldFromTheTextByWhereItsLinesBreak) {
     EXPECT_EQ(article.pronunciation, "mous");
     EXPECT_EQ(article.wordClass, "n.; pl. Mice.");
     EXPECT_EQ(article.etymology, "[OE. mous, mus.]");
-    EXPECT_TRUE(article.of1913);
     ASSERT_EQ(article.blocks.size(), 3U) << "what later editors added is left out";
     EXPECT_EQ(article.blocks[0].text, "1. (Zool.) A small rodent.");
     EXPECT_EQ(article.blocks[1].kind, GcideArticle::Block::Kind::Quotation);
@@ -103,12 +101,12 @@ TEST(DevilArticle, ProseVerseAndSignatureAreToldApart) {
 }
 
 TEST(Element, OnlyWhatHasANumberIsOne) {
-    const ElementArticle helium =
+    const Article helium =
         parseElement("helium\nSymbol: He\nAtomic number: 2\nAtomic weight: 4.0026\nA gas of\n{group} 18.\n");
-    EXPECT_EQ(helium.number, 2);
-    EXPECT_EQ(helium.name, "Helium");
-    EXPECT_EQ(told(helium.article.paragraphs), "!*2.*^* Helium*, !*He*^. /Atomic weight/ 4.0026.|A gas of ^group^ 18.");
-    EXPECT_EQ(parseElement("neutron\nWeight: 1.67\nA hadron.\n").number, 0);
+    EXPECT_EQ(helium.key, "002");
+    EXPECT_EQ(helium.note, "Helium");
+    EXPECT_EQ(told(helium.paragraphs), "!*2.*^* Helium*, !*He*^. /Atomic weight/ 4.0026.|A gas of ^group^ 18.");
+    EXPECT_EQ(parseElement("neutron\nWeight: 1.67\nA hadron.\n").key, "");
 }
 
 TEST(FreedictArticle, SensesFollowTheHeadword) {

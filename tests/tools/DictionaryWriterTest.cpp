@@ -64,10 +64,12 @@ TEST(IndexLines, OfEqualWordsOnSeveralPagesTheFirstStays) {
 TEST(WriteDictionary, FilesAreAsReadersExpectThem) {
     const test::TempFolder folder;
     std::filesystem::create_directory(folder.path() / "mImg");
-    const DictionaryShape shape{{false, true, "000"}, true};
+    Book book;
+    book.order = {false, true, "000"};
+    book.independent = true;
     writeDictionary(folder.path(),
                     {{"a", "n.", "p1.png", {"e1.png", "e2.png"}}, {"b", "", "p2.png", {}}, {"c", "", "p2.png", {}}},
-                    {{"p1.png", "i"}, {"p2.png", "1"}}, shape);
+                    {{"p1.png", "i"}, {"p2.png", "1"}}, book);
     EXPECT_EQ(folder.read("FW"), "");
     EXPECT_EQ(folder.read("IJUV"), "");
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "Spanish"));

@@ -35,7 +35,7 @@ TEST(Press, JustifiedLinesEndAtTheMargin) {
         std::string text;
         for (std::size_t count = 1 + random() % 80; count > 0; --count)
             text += words[random() % words.size()] + " ";
-        const auto lines = press.set({{Setting::Hanging, false, false, text}}, 0);
+        const auto lines = press.set({{Setting::Hanging, false, false, text}}, 0, "");
         for (std::size_t i = 0; i < lines.size(); ++i) {
             EXPECT_NEAR(lines[i].x, i == 0 ? 0 : design().body, 0.1) << "hanging indent";
             EXPECT_LE(right(lines[i]), design().columnWidth() + 0.1) << text;
@@ -51,7 +51,7 @@ TEST(Press, KanaBreakAnywhereButNotBeforeAClosingMark) {
     for (int i = 0; i < 60; ++i)
         text += "かな。";
     Press press(design());
-    const auto lines = press.set({{Setting::Hanging, false, false, text}}, 0);
+    const auto lines = press.set({{Setting::Hanging, false, false, text}}, 0, "");
     EXPECT_GT(lines.size(), 3U);
     for (const FlowLine& line : lines)
         EXPECT_NE(text.substr(static_cast<std::size_t>(line.line->start_index), 3), "。");

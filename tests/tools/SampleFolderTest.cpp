@@ -7,9 +7,9 @@
 #include <gtest/gtest.h>
 #include <leptonica/allheaders.h>
 
-#include "make_samples/OtherParsers.h"
+#include "make_samples/Parsers.h"
 #include "make_samples/Sheet.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
 #include "support/TempFolder.h"
 
 namespace velmarin {

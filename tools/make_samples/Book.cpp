@@ -9,79 +9,64 @@
 #include <iterator>
 #include <memory>
 
+#include "make_samples/DictionaryWriter.h"
 #include "make_samples/Pagination.h"
 #include "make_samples/Press.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
 
 namespace velmarin {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::size_t mostSupplementPages = 3;
 
 using Presses = std::vector<std::unique_ptr<Press>>;
 
-std::string numbered(const std::string& prefix, std::size_t number, PageKind kind) {
-    std::array<char, 32> digits{};
-    std::snprintf(digits.data(), digits.size(), "-%04zu", number);
-    return prefix + digits.data() + std::string(extensionOf(kind));
-}
-
-/// The start of each page name: "webster" in the folder "Webster 1913". It keeps the pages of two dictionaries apart
-/// where only the name of a page is compared.
-std::string pagePrefix(const std::filesystem::path& folder) {
-    std::string prefix;
+/// The name of a page: "webster-0269.tif" in the folder "Webster 1913". The first part keeps the pages of two
+/// dictionaries apart where only the name of a page is compared.
+std::string pageName(const fs::path& folder, const char* series, std::size_t number, PageKind kind) {
+    std::string name;
     for (const char c : folder.filename().string()) {
         if (std::isalpha(static_cast<unsigned char>(c)) == 0 && c != '-')
             break;
-        prefix += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     }
-    return prefix;
+    std::array<char, 32> digits{};
+    std::snprintf(digits.data(), digits.size(), "-%s%04zu", series, number);
+    return name + digits.data() + extensionOf(kind);
 }
 
-/// The kana that heads the row in which `c` stands; the voiced and small ones go with the plain.
+/// The kana that heads the row of `c`; the voiced and small ones belong to the plain.
 std::string kanaRow(char32_t c) {
     static constexpr std::u32string_view heads = U"あかさたなはまやらわ";
     static constexpr std::u32string_view firsts = U"ぁかさたなはまゃらゎ";
-    if (c == U'セ')
-        return "さ";
-    if (c < 0x3041 || c > 0x3096)
-        return {};
     std::string row;
-    for (std::size_t i = 0; i < heads.size(); ++i) {
-        if (c < firsts[i])
-            break;
+    for (std::size_t i = 0; i < heads.size() && firsts[i] <= c && c <= U'ゖ'; ++i) {
         row.clear();
         appendUtf8(row, heads[i]);
     }
-    return row;
+    return c == U'セ' ? "さ" : row;
 }
 
-/// The letter under which a search word stands; empty for what is no letter.
+/// The letter under which a search word is listed; empty for what is no letter.
 std::string initialOf(const std::string& word) {
-    if (word.empty())
-        return {};
-    if (word.starts_with("CƩ"))
-        return "Ch";
-    if (word.starts_with("Lʎ"))
-        return "Ll";
+    if (word.starts_with("CƩ") || word.starts_with("Lʎ"))
+        return word[0] == 'C' ? "Ch" : "Ll";
     std::size_t at = 0;
-    const char32_t c = nextCodePoint(word, at);
+    const char32_t c = word.empty() ? U' ' : nextCodePoint(word, at);
     if (c >= 0x3040 && c <= 0x30FF)
         return kanaRow(c);
-    if (c < 'A' || (c > 'Z' && c < 0xC0))
-        return {};
-    return word.substr(0, at);
+    return c < 'A' || (c > 'Z' && c < 0xC0) ? "" : word.substr(0, at);
 }
 
 void sortArticles(Book& book) {
     std::vector<std::pair<std::string, std::size_t>> order;
-    order.reserve(book.articles.size());
-    for (std::size_t i = 0; i < book.articles.size(); ++i)
-        order.emplace_back(indexSearchWord(book.articles[i].key, book.shape.order), i);
-    std::sort(order.begin(), order.end());
+    for (const Article& article : book.articles)
+        order.emplace_back(indexSearchWord(article.key, book.order), order.size());
+    std::ranges::sort(order);
     std::vector<Article> sorted;
-    sorted.reserve(order.size());
     std::vector<std::size_t> newPlace(order.size());
     for (const auto& [word, i] : order) {
         newPlace[i] = sorted.size();
@@ -105,16 +90,16 @@ void inParallel(const Presses& presses, const std::function<void(std::size_t)>& 
 
 /// For each article the press that sets it. A press has articles that follow each other, so that few pages hold lines
 /// of two presses, which only one thread may touch.
-std::vector<std::size_t> pressOf(const std::vector<Article>& articles, std::size_t presses) {
+std::vector<std::size_t> pressesOf(const std::vector<Article>& articles, std::size_t presses) {
     std::vector<std::size_t> ends;
-    std::size_t bytes = 0;
+    std::size_t bytes = 1;
     for (const Article& article : articles) {
         for (const Paragraph& paragraph : article.paragraphs)
             bytes += paragraph.markup.size();
-        ends.push_back(bytes);
+        ends.push_back(bytes - 1);
     }
     for (std::size_t& end : ends)
-        end = std::min(end * presses / std::max<std::size_t>(bytes, 1), presses - 1);
+        end = end * presses / bytes;
     return ends;
 }
 
@@ -123,19 +108,15 @@ std::vector<FlowLine> flowOf(const Book& book, const std::vector<std::size_t>& p
     std::vector<std::string> heads(book.articles.size());
     std::string last;
     for (std::size_t i = 0; book.design.letterHeads && i < heads.size(); ++i) {
-        const std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.shape.order));
+        const std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.order));
         if (!initial.empty() && initial != last)
             last = heads[i] = initial;
     }
     std::vector<std::vector<FlowLine>> set(book.articles.size());
     inParallel(presses, [&](std::size_t t) {
-        for (std::size_t i = 0; i < set.size(); ++i) {
-            if (pressOf[i] != t)
-                continue;
-            if (!heads[i].empty())
-                set[i] = presses[t]->initial(heads[i], i);
-            std::ranges::move(presses[t]->set(book.articles[i].paragraphs, i), std::back_inserter(set[i]));
-        }
+        for (std::size_t i = 0; i < set.size(); ++i)
+            if (pressOf[i] == t)
+                set[i] = presses[t]->set(book.articles[i].paragraphs, i, heads[i]);
     });
     std::vector<FlowLine> flow;
     for (auto& lines : set)
@@ -143,97 +124,74 @@ std::vector<FlowLine> flowOf(const Book& book, const std::vector<std::size_t>& p
     return flow;
 }
 
-/// Prints title page and pages; their list, in order.
-std::vector<ListedPage> printPages(const Book& book, const std::vector<FlowLine>& flow, const std::vector<Page>& pages,
-                                   const std::vector<std::size_t>& pressOf, const Presses& presses,
-                                   const std::filesystem::path& folder) {
-    const PageKind kind = book.design.kind;
-    const std::string prefix = pagePrefix(folder);
-    std::vector<ListedPage> listed{{numbered(prefix, 0, kind), "Title"}};
-    for (std::size_t i = 1; i <= pages.size(); ++i)
-        listed.push_back({numbered(prefix, i, kind), std::to_string(i)});
-    const auto print = [&](std::size_t i, Press& press) {
-        const Page& page = pages[i - 1];
-        press.printPage(
-            folder / "mImg" / listed[i].name, page, flow,
-            {book.articles[page.firstArticle].guide, listed[i].caption, book.articles[page.lastArticle].guide});
-    };
+/// Prints the pages into mImg and notes for each article the one on which it opens.
+std::vector<ListedPage> printPages(const Book& book, const Presses& presses, const fs::path& folder,
+                                   std::vector<std::string>& pageOf) {
+    const auto pressOf = pressesOf(book.articles, presses.size());
+    const auto flow = flowOf(book, pressOf, presses);
+    const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
+    std::vector<ListedPage> listed;
+    for (std::size_t i = 0; i <= pages.size(); ++i)
+        listed.push_back({pageName(folder, "", i, book.design.kind), i == 0 ? "Title" : std::to_string(i)});
     const auto pressAt = [&](const SetLine& line) { return pressOf[flow[line.line].article]; };
-    const auto isShared = [&](const Page& page) { return pressAt(page.lines.front()) != pressAt(page.lines.back()); };
-    inParallel(presses, [&](std::size_t t) {
-        for (std::size_t i = 1; i <= pages.size(); ++i)
-            if (!isShared(pages[i - 1]) && pressAt(pages[i - 1].lines.front()) == t)
-                print(i, *presses[t]);
-    });
-    for (std::size_t i = 1; i <= pages.size(); ++i)
-        if (isShared(pages[i - 1]))
-            print(i, *presses.front());
+    const auto printThoseOf = [&](std::size_t t, bool shared) {
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            const Page& page = pages[i];
+            const bool isShared = pressAt(page.lines.front()) != pressAt(page.lines.back());
+            if (isShared == shared && (shared || pressAt(page.lines.front()) == t))
+                presses[t]->printPage(folder / "mImg" / listed[i + 1].name, page, flow,
+                                      {book.articles[page.firstArticle].guide, listed[i + 1].caption,
+                                       book.articles[page.lastArticle].guide});
+        }
+    };
+    inParallel(presses, [&](std::size_t t) { printThoseOf(t, false); });
+    printThoseOf(0, true);
     presses.front()->printTitlePage(folder / "mImg" / listed[0].name, book.title);
+    for (std::size_t i = 0; i < pages.size(); ++i)
+        for (const SetLine& set : pages[i].lines)
+            if (flow[set.line].opensArticle)
+                pageOf[flow[set.line].article] = listed[i + 1].name;
     return listed;
 }
 
-/// Prints the supplements; for each article the names of its pages.
-std::vector<std::vector<std::string>> printSupplements(const Book& book, const Presses& presses,
-                                                       const std::filesystem::path& folder) {
-    std::vector<std::vector<std::string>> names(book.articles.size());
-    std::vector<std::size_t> wanted;
-    for (std::size_t i = 0; i < book.articles.size(); ++i)
-        if (!book.articles[i].supplement.empty())
-            wanted.push_back(i);
-    if (wanted.empty())
-        return names;
-    std::filesystem::create_directories(folder / "mPimg");
-    const Design& design = book.design;
-    const std::string prefix = pagePrefix(folder);
-    inParallel(presses, [&](std::size_t t) {
-        for (std::size_t n = t; n < wanted.size(); n += presses.size()) {
-            const Article& article = book.articles[wanted[n]];
-            const auto flow = presses[t]->set(article.supplement, 0);
-            auto pages = paginate(flow, design.textBottom - design.textTop);
-            pages.resize(std::min(pages.size(), mostSupplementPages));
-            for (std::size_t k = 0; k < pages.size(); ++k) {
-                const std::string name = numbered(prefix + "-s" + std::to_string(k + 1), n + 1, design.kind);
-                presses[t]->printPage(folder / "mPimg" / name, pages[k], flow,
-                                      {article.guide, "Supplement", std::to_string(k + 1)});
-                names[wanted[n]].push_back(name);
-            }
-        }
-    });
+/// Prints an article's supplement into mPimg; the names of its pages.
+std::vector<std::string> printSupplement(const Book& book, std::size_t number, Press& press, const fs::path& folder) {
+    const Article& article = book.articles[number];
+    fs::create_directories(folder / "mPimg");
+    const auto flow = press.set(article.supplement, 0, "");
+    const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
+    std::vector<std::string> names;
+    for (std::size_t k = 0; k < std::min(pages.size(), mostSupplementPages); ++k) {
+        const std::string part = std::to_string(k + 1);
+        names.push_back(pageName(folder, ("s" + part + "-").c_str(), number + 1, book.design.kind));
+        press.printPage(folder / "mPimg" / names.back(), pages[k], flow, {article.guide, "Supplement", part});
+    }
     return names;
 }
 
 } // namespace
 
-BookResult makeBook(Book book, const std::filesystem::path& folder, unsigned threads) {
-    std::filesystem::create_directories(folder / "mImg");
+std::string makeBook(Book book, const fs::path& folder, unsigned threads) {
+    fs::create_directories(folder / "mImg");
     Presses presses;
     for (unsigned t = 0; t < std::max(threads, 1U); ++t)
         presses.push_back(std::make_unique<Press>(book.design));
     sortArticles(book);
-    const auto pressOfArticle = pressOf(book.articles, presses.size());
-    const auto flow = flowOf(book, pressOfArticle, presses);
-    const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
-    const auto listed = printPages(book, flow, pages, pressOfArticle, presses, folder);
-    const auto supplements = printSupplements(book, presses, folder);
-
     std::vector<std::string> pageOf(book.articles.size());
-    for (std::size_t p = 0; p < pages.size(); ++p)
-        for (const SetLine& set : pages[p].lines)
-            if (flow[set.line].opensArticle)
-                pageOf[flow[set.line].article] = listed[p + 1].name;
+    const auto listed = printPages(book, presses, folder, pageOf);
     std::vector<IndexLine> lines;
     for (std::size_t i = 0; i < book.articles.size(); ++i)
-        if (!pageOf[i].empty())
-            lines.push_back({book.articles[i].key, book.articles[i].note, pageOf[i], supplements[i]});
+        lines.push_back({book.articles[i].key, book.articles[i].note, pageOf[i], {}});
+    inParallel(presses, [&](std::size_t t) {
+        for (std::size_t i = t; i < book.articles.size(); i += presses.size())
+            if (!book.articles[i].supplement.empty())
+                lines[i].extraPages = printSupplement(book, i, *presses[t], folder);
+    });
     for (const auto& [key, article] : book.furtherKeys)
-        if (!pageOf[article].empty())
-            lines.push_back({key, "", pageOf[article], supplements[article]});
-    lines = indexLines(std::move(lines), book.shape.order);
-    writeDictionary(folder, lines, listed, book.shape);
-    BookResult result{listed.size(), lines.size(), 0};
-    for (const auto& names : supplements)
-        result.extraPages += names.size();
-    return result;
+        lines.push_back({key, "", pageOf[article], lines[article].extraPages});
+    lines = indexLines(std::move(lines), book.order);
+    writeDictionary(folder, lines, listed, book);
+    return std::to_string(listed.size()) + " pages, " + std::to_string(lines.size()) + " entries";
 }
 
 } // namespace velmarin

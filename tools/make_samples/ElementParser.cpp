@@ -1,59 +1,41 @@
-#include "make_samples/OtherParsers.h"
+#include "make_samples/Parsers.h"
 
-#include <cctype>
-#include <charconv>
+#include <algorithm>
 
-#include "make_samples/RichText.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
+#include "text/StringRules.h"
 
 namespace velmarin {
 
-namespace {
-
-/// What follows `label` on a line that begins with it.
-std::string_view valueAfter(std::string_view line, std::string_view label) {
-    return line.starts_with(label) ? trimmed(line.substr(label.size())) : std::string_view();
-}
-
-} // namespace
-
-ElementArticle parseElement(std::string_view text) {
-    ElementArticle element;
+Article parseElement(std::string_view text) {
+    static Pattern labelled("^(Atomic number|Symbol|Atomic weight): *(.*)$");
+    std::string name;
+    std::string number;
     std::string symbol;
     std::string weight;
     std::string body;
     for (const std::string_view raw : linesOf(text)) {
         const std::string_view line = trimmed(raw);
-        if (line.empty())
-            continue;
-        if (element.name.empty()) {
-            element.name = line;
-        } else if (const auto number = valueAfter(line, "Atomic number:"); !number.empty()) {
-            std::from_chars(number.data(), number.data() + number.size(), element.number);
-        } else if (const auto letters = valueAfter(line, "Symbol:"); !letters.empty()) {
-            symbol = letters;
-        } else if (const auto value = valueAfter(line, "Atomic weight:"); !value.empty()) {
-            weight = value;
-        } else {
-            body += body.empty() ? "" : " ";
-            body += line;
-        }
+        if (labelled.finds(line))
+            (line[0] == 'S' ? symbol : line[7] == 'n' ? number : weight) = labelled.Substring(2);
+        else if (name.empty())
+            name = line;
+        else
+            body += std::string(body.empty() ? "" : " ") += line;
     }
-    if (element.number <= 0 || element.name.empty())
+    if (number.empty() || number.size() > 3 || name.empty())
         return {};
-    element.name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(element.name[0])));
-    Article& article = element.article;
-    article.guide = std::to_string(element.number) + " " + element.name;
-    article.note = element.name;
-    std::string opening = inRed(bold(std::to_string(element.number) + ".")) + bold(" " + element.name);
+    name[0] = asciiCapital(name[0]);
+    std::string opening = inRed(bold(number + ".")) + bold(" " + name);
     if (!symbol.empty())
         opening += ", " + inRed(bold(symbol));
     if (!weight.empty())
         opening += ". " + italic("Atomic weight") + " " + escaped(weight) + ".";
+    Article article{std::string(3 - number.size(), '0') + number, number + " " + name, name, {}, {}};
     article.paragraphs.push_back({Setting::Hanging, false, false, opening});
-    if (!body.empty())
-        article.paragraphs.push_back({Setting::Indented, false, false, richText(body)});
-    return element;
+    if (!trimmed(body).empty())
+        article.paragraphs.push_back({Setting::Indented, false, false, richText(singleSpaced(body))});
+    return article;
 }
 
 } // namespace velmarin

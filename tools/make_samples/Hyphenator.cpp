@@ -3,20 +3,21 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <map>
 #include <mutex>
 #include <stdexcept>
 
 #include <hyphen.h>
 #include <utf8proc.h>
 
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
 
 namespace velmarin {
 
 namespace {
 
 constexpr std::size_t fewestLetters = 5;
-constexpr std::size_t mostLetters = 60;
+constexpr std::size_t mostBytes = 90; // libhyphen takes words of 100 at most
 constexpr int lettersBefore = 2;
 constexpr int lettersAfter = 3;
 
@@ -26,97 +27,72 @@ bool isLetter(char32_t c) {
 }
 
 /// Read once in a process. They do not change, so threads share them.
-std::shared_ptr<HyphenDict> patternsOf(const std::string& file) {
+HyphenDict* patternsOf(const std::string& file) {
     static std::mutex guard;
-    static std::map<std::string, std::shared_ptr<HyphenDict>> read;
+    static std::map<std::string, HyphenDict*> read;
     const std::lock_guard lock(guard);
-    auto& patterns = read[file];
-    if (!patterns)
-        patterns.reset(hnj_hyphen_load(file.c_str()), [](HyphenDict* loaded) {
-            if (loaded != nullptr)
-                hnj_hyphen_free(loaded);
-        });
-    if (!patterns)
+    HyphenDict*& patterns = read[file];
+    if (patterns == nullptr && (patterns = hnj_hyphen_load(file.c_str())) == nullptr)
         throw std::runtime_error("cannot read the hyphenation patterns " + file);
     return patterns;
 }
 
 } // namespace
 
-Hyphenator::Hyphenator(const std::string& file) : patterns_(file.empty() ? nullptr : patternsOf(file)) {
-    isUtf8_ = patterns_ && patterns_->utf8 != 0;
-}
+Hyphenator::Hyphenator(const std::string& file) : patterns_(file.empty() ? nullptr : patternsOf(file)) {}
 
 std::string Hyphenator::divided(std::string_view word) const {
     std::string small;
-    std::size_t letters = 0;
-    for (std::size_t at = 0; at < word.size(); ++letters) {
-        const auto c = utf8proc_tolower(static_cast<utf8proc_int32_t>(nextCodePoint(word, at)));
-        if (!isUtf8_ && c > 0xFF)
-            return std::string(word);
-        if (isUtf8_)
-            appendUtf8(small, static_cast<char32_t>(c));
-        else
-            small += static_cast<char>(c);
-    }
-    if (letters < fewestLetters || letters > mostLetters)
+    for (std::size_t at = 0; at < word.size();)
+        appendUtf8(small,
+                   static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(nextCodePoint(word, at)))));
+    if (small.size() < fewestLetters || small.size() > mostBytes)
         return std::string(word);
-    std::array<char, mostLetters * 4 + 5> digits{};
-    char** replacements = nullptr;
+    std::array<char, mostBytes + 5> digits{};
+    char** replacements = nullptr; // for divisions that change the spelling; these two languages have none
     int* positions = nullptr;
     int* cuts = nullptr;
-    hnj_hyphen_hyphenate3(patterns_.get(), small.data(), static_cast<int>(small.size()), digits.data(), nullptr,
+    hnj_hyphen_hyphenate3(patterns_, small.data(), static_cast<int>(small.size()), digits.data(), nullptr,
                           &replacements, &positions, &cuts, lettersBefore, lettersAfter, lettersBefore, lettersAfter);
-    std::string out;
-    std::size_t at = 0;
-    for (std::size_t i = 0; i < letters; ++i) {
-        const std::size_t start = at;
-        nextCodePoint(word, at);
-        out += word.substr(start, at - start);
-        // A division that changes the spelling is left out.
-        const bool changes = replacements != nullptr && replacements[i] != nullptr;
-        if (digits[i] % 2 == 1 && !changes)
-            out += "\u00AD";
-    }
-    for (std::size_t i = 0; replacements != nullptr && i < letters; ++i)
-        std::free(replacements[i]);
     std::free(replacements);
     std::free(positions);
     std::free(cuts);
+    std::string out;
+    std::size_t letter = 0;
+    for (std::size_t at = 0; at < word.size(); ++letter) {
+        appendUtf8(out, nextCodePoint(word, at));
+        if (digits[letter] % 2 == 1)
+            out += "\u00AD";
+    }
     return out;
 }
 
 std::string Hyphenator::hyphenated(std::string_view markup) {
-    if (!patterns_)
+    if (patterns_ == nullptr)
         return std::string(markup);
     std::string out;
-    out.reserve(markup.size() * 5 / 4);
-    for (std::size_t at = 0; at < markup.size();) {
-        const std::string_view rest = markup.substr(at);
-        std::size_t end = at;
-        if (rest.starts_with("<b>"))
-            end = std::min(markup.find("</", at), markup.size());
-        else if (rest.front() == '<' || rest.front() == '&')
-            end = std::min(markup.find(rest.front() == '<' ? '>' : ';', at), markup.size());
-        if (end > at) {
-            out += markup.substr(at, end - at);
-            at = end;
-            continue;
+    std::size_t from = 0;
+    while (from < markup.size()) {
+        std::size_t end = from;
+        if (markup[from] == '<' || markup[from] == '&') {
+            const bool isHeadword = markup.substr(from).starts_with("<b>");
+            end = std::min(isHeadword ? markup.find("</b>", from) : markup.find_first_of(">;", from), markup.size());
+            out += markup.substr(from, end - from);
+        } else {
+            std::size_t next = from;
+            while (end < markup.size() && isLetter(nextCodePoint(markup, next)))
+                end = next;
+            const std::string word(markup.substr(from, end - from));
+            const auto [known, isNew] = known_.try_emplace(word);
+            if (isNew)
+                known->second = divided(word);
+            out += known->second;
+            if (end < markup.size() && markup[end] != '<' && markup[end] != '&') {
+                out += markup.substr(end, next - end);
+                end = next;
+            }
         }
-        std::size_t next = at;
-        while (next < markup.size() && isLetter(nextCodePoint(markup, next)))
-            end = next;
-        if (end == at) {
-            out += markup.substr(at, next - at);
-            at = next;
-            continue;
-        }
-        const std::string_view word = markup.substr(at, end - at);
-        auto found = known_.find(word);
-        if (found == known_.end())
-            found = known_.emplace(word, divided(word)).first;
-        out += found->second;
-        at = end;
+        from = end;
     }
     return out;
 }

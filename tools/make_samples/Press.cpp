@@ -1,13 +1,14 @@
 #include "make_samples/Press.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 #include <fontconfig/fontconfig.h>
 #include <pango/pangocairo.h>
 #include <pango/pangofc-fontmap.h>
 
-#include "make_samples/RichText.h"
+#include "make_samples/Text.h"
 #include "text/StringRules.h"
 
 namespace velmarin {
@@ -87,21 +88,19 @@ void fitLine(PangoLayoutLine* line, int missing) {
         blank->geometry.width += missing / static_cast<int>(blanks.size());
 }
 
-/// The lines of a layout, which they keep.
-std::vector<FlowLine> linesOf(const std::shared_ptr<PangoLayout>& layout, double left, double leading) {
+/// The lines of a layout, which they keep. Justified ones are corrected.
+std::vector<FlowLine> flowLines(const std::shared_ptr<PangoLayout>& layout, double left, double leading) {
     std::vector<FlowLine> lines;
     const bool justified = pango_layout_get_justify(layout.get()) != FALSE;
     PangoLayoutIter* at = pango_layout_get_iter(layout.get());
     do {
         PangoRectangle extents;
         pango_layout_iter_get_line_extents(at, nullptr, &extents);
+        PangoLayoutLine* line = pango_layout_iter_get_line(at);
         if (justified && pango_layout_iter_at_last_line(at) == FALSE)
-            fitLine(pango_layout_iter_get_line(at), pango_layout_get_width(layout.get()) - extents.x - extents.width);
-        FlowLine line;
-        line.line = std::shared_ptr<PangoLayoutLine>(layout, pango_layout_iter_get_line_readonly(at));
-        line.x = left + pango_units_to_double(extents.x);
-        line.leading = leading;
-        lines.push_back(std::move(line));
+            fitLine(line, pango_layout_get_width(layout.get()) - extents.x - extents.width);
+        lines.push_back(
+            {std::shared_ptr<PangoLayoutLine>(layout, line), left + pango_units_to_double(extents.x), leading});
     } while (pango_layout_iter_next_line(at) != FALSE);
     pango_layout_iter_free(at);
     return lines;
@@ -144,61 +143,56 @@ Press::Layout Press::layout(const std::string& markup, double size, double width
     return made;
 }
 
-Press::Layout Press::paragraphLayout(const Paragraph& paragraph, double& left) {
+std::vector<FlowLine> Press::linesOf(const Paragraph& paragraph) {
     const double em = paragraph.small ? design_.small : design_.body;
     const bool justified = paragraph.setting == Setting::Hanging || paragraph.setting == Setting::Indented;
-    double indent = 0;
-    left = 0;
-    if (paragraph.setting == Setting::Hanging)
-        indent = -em;
-    else if (paragraph.setting == Setting::Indented)
-        left = indent = em;
-    else if (paragraph.setting == Setting::Verse)
-        indent = -(left = 1.6 * em);
-    Layout made = layout(justified ? hyphenator_.hyphenated(paragraph.markup) : paragraph.markup, em,
-                         design_.columnWidth() - left);
-    pango_layout_set_indent(made.get(), units(indent));
+    // Of the first line, and of the others.
+    const auto [first, rest] = paragraph.setting == Setting::Hanging    ? std::pair(0.0, em)
+                               : paragraph.setting == Setting::Indented ? std::pair(2 * em, em)
+                               : paragraph.setting == Setting::Verse    ? std::pair(1.6 * em, 3.2 * em)
+                                                                        : std::pair(0.0, 0.0);
+    const double left = std::min(first, rest);
+    const Layout made = layout(justified ? hyphenator_.hyphenated(paragraph.markup) : paragraph.markup, em,
+                               design_.columnWidth() - left);
+    pango_layout_set_indent(made.get(), units(first - rest));
     pango_layout_set_wrap(made.get(), PANGO_WRAP_WORD_CHAR);
     pango_layout_set_justify(made.get(), justified ? TRUE : FALSE);
     if (paragraph.setting == Setting::Right)
         pango_layout_set_alignment(made.get(), PANGO_ALIGN_RIGHT);
-    return made;
-}
-
-std::vector<FlowLine> Press::set(const std::vector<Paragraph>& paragraphs, std::size_t article) {
-    std::vector<FlowLine> lines;
-    for (const Paragraph& paragraph : paragraphs) {
-        const std::size_t start = lines.size();
-        if (paragraph.setting == Setting::Right && !lines.empty())
-            lines.back().keepWithNext = true;
-        double left = 0;
-        const Layout made = paragraphLayout(paragraph, left);
-        for (FlowLine& line : linesOf(made, left, paragraph.small ? design_.smallLeading : design_.bodyLeading)) {
-            line.article = article;
-            line.opensArticle = lines.empty();
-            if (lines.empty())
-                line.spaceBefore = articleSpace * design_.bodyLeading;
-            else if (lines.size() == start && paragraph.gapBefore)
-                line.spaceBefore = stanzaSpace * design_.bodyLeading;
-            lines.push_back(std::move(line));
-        }
-        // Neither the first line of a paragraph alone at the foot of a column, nor its last at the head of one.
-        if (lines.size() >= start + 2)
-            lines[start].keepWithNext = lines[lines.size() - 2].keepWithNext = true;
-    }
+    auto lines = flowLines(made, left, paragraph.small ? design_.smallLeading : design_.bodyLeading);
+    // Neither the first line of a paragraph alone at the foot of a column, nor its last at the head of one.
+    if (lines.size() >= 2)
+        lines.front().keepWithNext = lines[lines.size() - 2].keepWithNext = true;
+    if (paragraph.gapBefore)
+        lines.front().spaceBefore = stanzaSpace * design_.bodyLeading;
     return lines;
 }
 
-std::vector<FlowLine> Press::initial(const std::string& letter, std::size_t article) {
+std::vector<FlowLine> Press::linesOf(const std::string& letter) {
     const Layout made = layout(inRed(escaped(letter)), design_.initial, design_.columnWidth());
     pango_layout_set_alignment(made.get(), PANGO_ALIGN_CENTER);
-    std::vector<FlowLine> lines = linesOf(made, 0, design_.initial * 1.02);
+    auto lines = flowLines(made, 0, design_.initial * 1.02);
     lines.front().spaceBefore = initialSpace * design_.bodyLeading;
     lines.emplace_back().leading = design_.initial * 0.3;
-    for (FlowLine& line : lines) {
-        line.keepWithNext = true;
-        line.article = article;
+    lines[0].keepWithNext = lines[1].keepWithNext = true;
+    return lines;
+}
+
+std::vector<FlowLine> Press::set(const std::vector<Paragraph>& paragraphs, std::size_t article,
+                                 const std::string& letter) {
+    std::vector<FlowLine> lines;
+    if (!letter.empty())
+        lines = linesOf(letter);
+    const std::size_t opening = lines.size();
+    for (const Paragraph& paragraph : paragraphs) {
+        if (paragraph.setting == Setting::Right && lines.size() > opening)
+            lines.back().keepWithNext = true;
+        std::ranges::move(linesOf(paragraph), std::back_inserter(lines));
     }
+    lines.at(opening).opensArticle = true;
+    lines[opening].spaceBefore = articleSpace * design_.bodyLeading;
+    for (FlowLine& line : lines)
+        line.article = article;
     return lines;
 }
 

@@ -8,8 +8,7 @@
 
 #include <pango/pango.h>
 
-#include "make_samples/Article.h"
-#include "make_samples/Design.h"
+#include "make_samples/Book.h"
 #include "make_samples/Hyphenator.h"
 #include "make_samples/Pagination.h"
 #include "make_samples/Sheet.h"
@@ -22,11 +21,8 @@ class Press {
   public:
     explicit Press(const Design& design);
 
-    /// The lines of an article, its number in them.
-    std::vector<FlowLine> set(const std::vector<Paragraph>& paragraphs, std::size_t article);
-
-    /// The letter that opens a part of the alphabet, as lines to put before its first article.
-    std::vector<FlowLine> initial(const std::string& letter, std::size_t article);
+    /// The lines of an article, its number in them; above it the letter that opens a part of the alphabet, if any.
+    std::vector<FlowLine> set(const std::vector<Paragraph>& paragraphs, std::size_t article, const std::string& letter);
 
     /// What is printed above a page: two guide words, or one if they are equal, and between them its number or name.
     struct Head {
@@ -41,7 +37,8 @@ class Press {
 
     /// `size` in pixels; a `width` of 0 does not break the lines.
     Layout layout(const std::string& markup, double size, double width = 0);
-    Layout paragraphLayout(const Paragraph& paragraph, double& left);
+    std::vector<FlowLine> linesOf(const Paragraph& paragraph);
+    std::vector<FlowLine> linesOf(const std::string& letter);
     /// Draws one line of text on a baseline; `anchor` 0 has its left end at x, 0.5 its middle, 1 its right end.
     void print(const Layout& text, double x, double baseline, double anchor) const;
     void printHead(const Head& head);

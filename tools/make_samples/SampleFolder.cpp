@@ -11,6 +11,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include "make_samples/DictionaryWriter.h"
+
 namespace velmarin {
 
 namespace {
@@ -134,11 +136,9 @@ bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const 
     fs::remove_all(stage);
     std::map<std::string, std::vector<std::string>> groups;
     for (const Sample& sample : due) {
-        const BookResult made = makeBook(sample.make(dictFolder), stage / sample.group / sample.name, threads);
+        const std::string size = makeBook(sample.make(dictFolder), stage / sample.group / sample.name, threads);
         groups[sample.group].push_back(sample.name);
-        tell(sample.group + " / " + sample.name + ": " + std::to_string(made.pages) + " pages, " +
-             std::to_string(made.entries) + " entries" +
-             (made.extraPages > 0 ? ", " + std::to_string(made.extraPages) + " extra pages" : ""));
+        tell(sample.group + " / " + sample.name + ": " + size);
     }
     if (renews) {
         lock.flush();

@@ -7,7 +7,7 @@
 
 #include <cairo.h>
 
-#include "make_samples/Design.h"
+#include "make_samples/Book.h"
 
 namespace velmarin {
 

@@ -5,8 +5,20 @@
 
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
+#include "text/StringRules.h"
 
 namespace velmarin {
+
+namespace {
+
+/// Holds a word of abuse of a people; such articles of old books are no samples.
+bool isAbusive(std::string_view text) {
+    // The slow search that ignores case is for the few texts that may hold the word at all.
+    constexpr auto none = std::string_view::npos;
+    return (text.find("igger") != none || text.find("IGGER") != none) && InStr(1, text, "nigger") != 0;
+}
+
+} // namespace
 
 SourceText::SourceText(const std::filesystem::path& folder, const std::string& name) {
     const FolderItem files(folder);
@@ -28,7 +40,8 @@ SourceText::SourceText(const std::filesystem::path& folder, const std::string& n
         text_ += *piece;
     }
     for (const DictdPlace& place : places)
-        articles_.push_back(std::string_view(text_).substr(place.offset, place.size));
+        if (const auto article = std::string_view(text_).substr(place.offset, place.size); !isAbusive(article))
+            articles_.push_back(article);
 }
 
 } // namespace velmarin

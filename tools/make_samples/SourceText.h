@@ -13,7 +13,8 @@ class SourceText {
     /// Throws std::runtime_error with the file's name for a file that is missing or damaged.
     SourceText(const std::filesystem::path& folder, const std::string& name);
 
-    /// The articles, each once, in the order of the text; not those in which the dictionary describes itself.
+    /// The articles, each once, in the order of the text; not those in which the dictionary describes itself, and none
+    /// that abuse a people.
     const std::vector<std::string_view>& articles() const { return articles_; }
 
   private:

@@ -1,13 +1,14 @@
-#include "make_samples/GcideParser.h"
+#include "make_samples/Parsers.h"
 
 #include <algorithm>
 #include <cctype>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <set>
 
-#include "make_samples/RichText.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
+#include "text/StringRules.h"
 
 namespace velmarin {
 
@@ -24,6 +25,8 @@ constexpr std::size_t longestOriginInFull = 600;
 /// More is no word class, but a heading that could not be told from its text.
 constexpr std::size_t longestWordClass = 60;
 constexpr std::size_t mostSenses = 3;
+/// Which articles of a letter are given in full as well: the longest, and two of a page or so.
+const std::set<std::size_t> inFullRanks{0, 12, 30};
 /// Source bytes from which an article is one of those that have a quotation.
 constexpr std::size_t longArticle = 1500;
 
@@ -122,69 +125,37 @@ double importance(const GcideArticle& article) {
     return value;
 }
 
-char firstLetter(const std::string& word) {
-    return static_cast<char>(std::toupper(static_cast<unsigned char>(word.front())));
-}
-
-/// Which of `chosen`, the most important first, are given in full as well: one of those with the same headword.
-std::set<std::size_t> givenInFull(const std::vector<GcideArticle>& chosen, const std::vector<std::string>& always) {
-    std::set<std::size_t> picked;
-    std::map<char, std::vector<std::size_t>> byLetter;
-    for (std::size_t i = 0; i < chosen.size(); ++i) {
-        byLetter[firstLetter(chosen[i].headword)].push_back(i);
-        if (std::find(always.begin(), always.end(), chosen[i].headword) != always.end())
-            picked.insert(i);
-    }
-    for (const auto& [letter, articles] : byLetter) {
-        // The longest, and two of a page or so.
-        picked.insert(articles.front());
-        picked.insert(articles[articles.size() / 40]);
-        picked.insert(articles[articles.size() / 15]);
-    }
-    std::set<std::string> seen;
-    std::erase_if(picked, [&](std::size_t i) { return !seen.insert(chosen[i].headword).second; });
-    return picked;
-}
-
 } // namespace
 
-std::vector<Article> websterArticles(const SourceText& gcide, std::size_t bytes,
-                                     const std::vector<std::string>& alwaysInFull) {
-    std::vector<GcideArticle> all;
+std::vector<Article> websterArticles(const SourceText& gcide, std::size_t bytes, const std::string& alwaysInFull) {
+    std::vector<std::pair<double, GcideArticle>> all;
     for (const std::string_view text : gcide.articles()) {
-        if (isAbusive(text))
+        if (text.find("[1913 Webster") == std::string_view::npos)
             continue;
         GcideArticle article = parseGcideArticle(text);
-        if (article.of1913 && article.wordClass.size() <= longestWordClass && !article.headword.empty() &&
-            !article.divided.empty() && !article.blocks.empty() &&
+        if (article.wordClass.size() <= longestWordClass && !article.headword.empty() && !article.blocks.empty() &&
             std::isalpha(static_cast<unsigned char>(article.divided.front())) != 0)
-            all.push_back(std::move(article));
+            all.emplace_back(importance(article), std::move(article));
     }
-    std::vector<std::pair<double, std::size_t>> order;
-    order.reserve(all.size());
-    for (std::size_t i = 0; i < all.size(); ++i)
-        order.emplace_back(-importance(all[i]), i);
-    std::sort(order.begin(), order.end());
-    std::vector<GcideArticle> chosen;
+    std::ranges::stable_sort(all, std::greater(), [](const auto& rated) { return rated.first; });
     std::vector<Article> articles;
-    std::size_t total = 0;
-    for (const auto& [negative, i] : order) {
-        if (total >= bytes)
-            break;
-        Article article;
-        article.key = all[i].headword;
-        article.guide = all[i].headword;
-        article.note = all[i].wordClass;
-        article.paragraphs = shortened(all[i]);
-        for (const Paragraph& paragraph : article.paragraphs)
+    std::map<std::string, std::vector<std::size_t>> homographs;
+    std::map<char, std::size_t> ofLetter;
+    std::vector<std::string> inFullToo;
+    for (std::size_t i = 0, total = 0; i < all.size() && total < bytes; ++i) {
+        const GcideArticle& article = all[i].second;
+        articles.push_back({article.headword, article.headword, article.wordClass, shortened(article), {}});
+        for (const Paragraph& paragraph : articles.back().paragraphs)
             total += paragraph.markup.size();
-        articles.push_back(std::move(article));
-        chosen.push_back(std::move(all[i]));
+        const std::size_t rank = ofLetter[asciiCapital(article.headword.front())]++;
+        if (homographs[article.headword].empty() && (inFullRanks.contains(rank) || article.headword == alwaysInFull))
+            inFullToo.push_back(article.headword);
+        homographs[article.headword].push_back(i);
     }
-    for (const std::size_t i : givenInFull(chosen, alwaysInFull))
-        for (const GcideArticle& homograph : chosen)
-            if (homograph.headword == chosen[i].headword)
-                std::ranges::move(inFull(homograph), std::back_inserter(articles[i].supplement));
+    for (const std::string& headword : inFullToo)
+        for (const std::size_t i : homographs[headword])
+            std::ranges::move(inFull(all[i].second),
+                              std::back_inserter(articles[homographs[headword].front()].supplement));
     return articles;
 }
 

@@ -61,6 +61,7 @@ struct Design {
     double head = 38;
     double initial = 96; ///< the letter that opens its part of the alphabet
     bool letterHeads = true;
+    double boldSpacing = 0; ///< between bold letters, in ems: for a typeface that has to be thickened
 
     int textWidth() const { return pageWidth - 2 * sideMargin; }
     int columnWidth() const { return (textWidth() - gutter) / 2; }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <limits>
+#include <set>
 
 #include "make_samples/Parsers.h"
 
@@ -24,6 +25,7 @@ constexpr const char* oldFace = "EB Garamond 12, Linux Libertine O, IPAexMincho"
 constexpr const char* plainFace = "Linux Libertine O, EB Garamond 12, IPAexMincho";
 
 constexpr const char* english = "/usr/share/hyphen/hyph_en_US.dic";
+constexpr const char* german = "/usr/share/hyphen/hyph_de_DE.dic";
 constexpr const char* french = "/usr/share/hyphen/hyph_fr.dic";
 
 Book bookOf(Title title, const char* typeface, const char* hyphenation) {
@@ -32,6 +34,7 @@ Book bookOf(Title title, const char* typeface, const char* hyphenation) {
     book.title.imprint.emplace_back("Set in type from the electronic text for trying out Velmarin.");
     book.design.typeface = typeface;
     book.design.hyphenation = hyphenation;
+    book.design.boldSpacing = typeface == oldFace ? 0.03 : 0;
     return book;
 }
 
@@ -86,6 +89,8 @@ Book elements(const fs::path& folder) {
     book.order.FormatFom = "000";
     book.independent = true;
     book.articles = articlesOf(SourceText(folder, "elements"), parseElement, everything);
+    std::set<std::string> seen; // two elements are there under a second name too
+    std::erase_if(book.articles, [&](const Article& element) { return !seen.insert(element.key).second; });
     for (std::size_t i = 0; i < book.articles.size(); ++i)
         book.furtherKeys.emplace_back(book.articles[i].note, i);
     return book;
@@ -127,7 +132,7 @@ struct Language {
 };
 
 const std::array<Language, 5> languages{{
-    {"Latin", "freedict-lat-deu", {"Lexicon Latinum", {"Lateinisch–deutsches Wörterbuch"}, {}}, oldFace, ""},
+    {"Latin", "freedict-lat-deu", {"Lexicon Latinum", {"Lateinisch–deutsches Wörterbuch"}, {}}, oldFace, german},
     {"Spanish",
      "freedict-spa-eng",
      {"Diccionario español", {"Spanish–English dictionary", "in the old order of letters"}, {}},

@@ -30,7 +30,7 @@ Article parseElement(std::string_view text) {
     if (!symbol.empty())
         opening += ", " + inRed(bold(symbol));
     if (!weight.empty())
-        opening += ". " + italic("Atomic weight") + " " + escaped(weight) + ".";
+        opening += ". " + italic("Atomic\u00A0weight") + "\u00A0" + escaped(weight) + ".";
     Article article{std::string(3 - number.size(), '0') + number, number + " " + name, name, {}, {}};
     article.paragraphs.push_back({Setting::Hanging, false, false, opening});
     if (!trimmed(body).empty())

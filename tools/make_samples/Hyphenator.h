@@ -11,8 +11,8 @@ namespace velmarin {
 /// Puts soft hyphens where words may be divided, by the patterns of libhyphen. Not to be shared between threads.
 class Hyphenator {
   public:
-    /// The path of a pattern file (hyph_en_US.dic) in UTF-8. An empty path divides no word. Throws std::runtime_error
-    /// naming a file that cannot be read.
+    /// The path of a pattern file (hyph_en_US.dic) in UTF-8 or ISO 8859-1. An empty path divides no word. Throws
+    /// std::runtime_error naming a file that cannot be read.
     explicit Hyphenator(const std::string& file);
 
     /// `markup` is Pango's; headwords, which are bold, are left whole.

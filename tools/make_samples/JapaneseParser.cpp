@@ -41,7 +41,7 @@ std::string printedClass(std::string_view text) {
 
 Article parseJapaneseArticle(std::string_view text) {
     static Pattern common(R"(^[^\n]*\[(ichi1|news1|spec1)\])");
-    static const Pattern marks(R"( /[^/]*/|\[[^\]]*\]|\([^)]*\))");
+    static const Pattern marks(R"( /[^/]*/|\[[^\]]*\]|\((?:[^()]|\([^()]*\))*\))");
     static const Pattern notes(R"(\{[^}]*\})");
     static Pattern classed(R"(^([\d. ]*)(\((?:[^()]|\([^()]*\))*\)) *(.*)$)");
     const auto lines = linesOf(text);
@@ -71,7 +71,7 @@ Article parseJapaneseArticle(std::string_view text) {
             const std::string found = printedClass(classed.Substring(2));
             wordClass = wordClass.empty() ? found : wordClass;
             if (!found.empty() || line == classed.Substring(2))
-                line = classed.Substring(1) + classed.Substring(3);
+                line = singleSpaced(classed.Substring(1) + classed.Substring(3));
         }
         if (!line.empty())
             meaning += " " + line;

@@ -22,6 +22,9 @@ constexpr double articleSpace = 0.06;
 constexpr double stanzaSpace = 0.4;
 constexpr double initialSpace = 0.5;
 
+/// How much too long a line may be, in ems, before its blanks shrink.
+constexpr double mostShrink = 0.25;
+
 constexpr int ruleThickness = 3;
 
 /// The fonts of the packages in tools/packages.txt and no others, so that every machine sets the same pages. EB
@@ -73,8 +76,9 @@ int units(double pixels) {
     return pango_units_from_double(pixels);
 }
 
-/// Spreads what a line lacks over its blanks, or takes away what it has too much. Pango justifies a line before it adds
-/// the hyphen and drops the blank at its end, and so misses the margin in one line of ten.
+/// Spreads what a line lacks over its blanks, or takes from them what it has too much. Pango does not shrink blanks,
+/// and it justifies a line before it adds the hyphen and drops the blank at its end, so that one line in ten misses the
+/// margin.
 void fitLine(PangoLayoutLine* line, int missing) {
     std::vector<PangoGlyphInfo*> blanks;
     for (GSList* at = line->runs; at != nullptr; at = at->next) {
@@ -89,7 +93,7 @@ void fitLine(PangoLayoutLine* line, int missing) {
 }
 
 /// The lines of a layout, which they keep. Justified ones are corrected.
-std::vector<FlowLine> flowLines(const std::shared_ptr<PangoLayout>& layout, double left, double leading) {
+std::vector<FlowLine> flowLines(const std::shared_ptr<PangoLayout>& layout, double left, double width, double leading) {
     std::vector<FlowLine> lines;
     const bool justified = pango_layout_get_justify(layout.get()) != FALSE;
     PangoLayoutIter* at = pango_layout_get_iter(layout.get());
@@ -97,8 +101,9 @@ std::vector<FlowLine> flowLines(const std::shared_ptr<PangoLayout>& layout, doub
         PangoRectangle extents;
         pango_layout_iter_get_line_extents(at, nullptr, &extents);
         PangoLayoutLine* line = pango_layout_iter_get_line(at);
-        if (justified && pango_layout_iter_at_last_line(at) == FALSE)
-            fitLine(line, pango_layout_get_width(layout.get()) - extents.x - extents.width);
+        const int missing = units(width) - extents.x - extents.width;
+        if (justified && (missing < 0 || pango_layout_iter_at_last_line(at) == FALSE))
+            fitLine(line, missing);
         lines.push_back(
             {std::shared_ptr<PangoLayoutLine>(layout, line), left + pango_units_to_double(extents.x), leading});
     } while (pango_layout_iter_next_line(at) != FALSE);
@@ -131,7 +136,12 @@ void frame(const Sheet& sheet, const Design& design, double inset, double thickn
 Press::Press(const Design& design)
     : design_(design), hyphenator_(design.hyphenation), context_(newContext()), sheet_(design) {}
 
-Press::Layout Press::layout(const std::string& markup, double size, double width) {
+Press::Layout Press::layout(std::string markup, double size, double width) {
+    if (design_.boldSpacing > 0) {
+        const std::string spacing = std::to_string(units(design_.boldSpacing * size));
+        markup = ReplaceAllB(markup, "<b>", "<span weight=\"bold\" letter_spacing=\"" + spacing + "\">");
+        markup = ReplaceAllB(markup, "</b>", "</span>");
+    }
     Layout made(pango_layout_new(context_.get()), g_object_unref);
     PangoFontDescription* font = pango_font_description_new();
     pango_font_description_set_family(font, design_.typeface.c_str());
@@ -152,14 +162,15 @@ std::vector<FlowLine> Press::linesOf(const Paragraph& paragraph) {
                                : paragraph.setting == Setting::Verse    ? std::pair(1.6 * em, 3.2 * em)
                                                                         : std::pair(0.0, 0.0);
     const double left = std::min(first, rest);
+    const double width = design_.columnWidth() - left;
     const Layout made = layout(justified ? hyphenator_.hyphenated(paragraph.markup) : paragraph.markup, em,
-                               design_.columnWidth() - left);
+                               width + (justified ? mostShrink * em : 0));
     pango_layout_set_indent(made.get(), units(first - rest));
     pango_layout_set_wrap(made.get(), PANGO_WRAP_WORD_CHAR);
     pango_layout_set_justify(made.get(), justified ? TRUE : FALSE);
     if (paragraph.setting == Setting::Right)
         pango_layout_set_alignment(made.get(), PANGO_ALIGN_RIGHT);
-    auto lines = flowLines(made, left, paragraph.small ? design_.smallLeading : design_.bodyLeading);
+    auto lines = flowLines(made, left, width, paragraph.small ? design_.smallLeading : design_.bodyLeading);
     // Neither the first line of a paragraph alone at the foot of a column, nor its last at the head of one.
     if (lines.size() >= 2)
         lines.front().keepWithNext = lines[lines.size() - 2].keepWithNext = true;
@@ -171,7 +182,7 @@ std::vector<FlowLine> Press::linesOf(const Paragraph& paragraph) {
 std::vector<FlowLine> Press::linesOf(const std::string& letter) {
     const Layout made = layout(inRed(escaped(letter)), design_.initial, design_.columnWidth());
     pango_layout_set_alignment(made.get(), PANGO_ALIGN_CENTER);
-    auto lines = flowLines(made, 0, design_.initial * 1.02);
+    auto lines = flowLines(made, 0, design_.columnWidth(), design_.initial * 1.02);
     lines.front().spaceBefore = initialSpace * design_.bodyLeading;
     lines.emplace_back().leading = design_.initial * 0.3;
     lines[0].keepWithNext = lines[1].keepWithNext = true;

@@ -36,7 +36,7 @@ class Press {
     using Layout = std::shared_ptr<PangoLayout>;
 
     /// `size` in pixels; a `width` of 0 does not break the lines.
-    Layout layout(const std::string& markup, double size, double width = 0);
+    Layout layout(std::string markup, double size, double width = 0);
     std::vector<FlowLine> linesOf(const Paragraph& paragraph);
     std::vector<FlowLine> linesOf(const std::string& letter);
     /// Draws one line of text on a baseline; `anchor` 0 has its left end at x, 0.5 its middle, 1 its right end.

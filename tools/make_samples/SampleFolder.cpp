@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "make_samples/DictionaryWriter.h"
+#include "store/Descriptor.h"
 
 namespace velmarin {
 
@@ -19,28 +20,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Held while this run is at work in a folder. The folder itself is what is locked, so nothing is left behind.
-class FolderLock {
-  public:
-    explicit FolderLock(const fs::path& folder)
-        : descriptor_(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        if (descriptor_ < 0)
-            throw std::runtime_error("cannot open " + folder.string());
-        if (flock(descriptor_, LOCK_EX | LOCK_NB) != 0) {
-            close(descriptor_);
-            throw std::runtime_error("another run is making samples in " + folder.string());
-        }
-    }
-    ~FolderLock() { close(descriptor_); }
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-
-    /// Everything written to the file system so far is on the disk afterwards.
-    void flush() const { syncfs(descriptor_); }
-
-  private:
-    int descriptor_;
-};
+/// Keeps other runs out as long as it is open. The folder itself is what is locked, so nothing is left behind.
+Descriptor lockedFolder(const fs::path& folder) {
+    Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened)
+        throw std::runtime_error("cannot open " + folder.string());
+    if (flock(opened.number(), LOCK_EX | LOCK_NB) != 0)
+        throw std::runtime_error("another run is making samples in " + folder.string());
+    return opened;
+}
 
 void checkSources(const fs::path& dictFolder, const std::vector<Sample>& samples) {
     std::set<std::string> missing;
@@ -53,14 +41,6 @@ void checkSources(const fs::path& dictFolder, const std::vector<Sample>& samples
     for (const std::string& package : missing)
         message += " " + package;
     throw std::runtime_error(message);
-}
-
-/// Pages as wide as the window to begin with, in the order of the samples.
-void writePreferences(const fs::path& group, const std::string& name, const std::vector<std::string>& dictionaries) {
-    std::string text = name + "\t0\t\n";
-    for (const std::string& dictionary : dictionaries)
-        text += dictionary + "\t2\n";
-    writeFile(group / "DictionaryPreferences.txt", text);
 }
 
 /// Whether `folder` holds a sample of an earlier run that named its pages p0000.tif and on, and nothing else. A
@@ -131,26 +111,29 @@ bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const 
     const bool renews = fs::exists(whole) && !fs::is_empty(whole);
     checkSources(dictFolder, due);
     fs::create_directories(whole.parent_path());
-    const FolderLock lock(whole.parent_path());
+    const Descriptor lock = lockedFolder(whole.parent_path());
     const fs::path stage = whole.parent_path() / ("." + whole.filename().string() + ".unfinished");
     fs::remove_all(stage);
-    std::map<std::string, std::vector<std::string>> groups;
+    std::map<std::string, std::string> preferences;
     for (const Sample& sample : due) {
         const std::string size = makeBook(sample.make(dictFolder), stage / sample.group / sample.name, threads);
-        groups[sample.group].push_back(sample.name);
         tell(sample.group + " / " + sample.name + ": " + size);
+        std::string& group = preferences[sample.group];
+        if (group.empty())
+            group = sample.group + "\t0\t\n";
+        group += sample.name + "\t2\n"; // as wide as the window to begin with
     }
-    if (renews) {
-        lock.flush();
-        for (const Sample& sample : due)
-            exchange(stage / sample.group / sample.name, whole / sample.group / sample.name);
-        fs::remove_all(stage);
+    if (!renews)
+        for (const auto& [group, text] : preferences)
+            writeFile(stage / group / "DictionaryPreferences.txt", text);
+    syncfs(lock.number());
+    if (!renews) {
+        fs::rename(stage, whole);
         return true;
     }
-    for (const auto& [group, dictionaries] : groups)
-        writePreferences(stage / group, group, dictionaries);
-    lock.flush();
-    fs::rename(stage, whole);
+    for (const Sample& sample : due)
+        exchange(stage / sample.group / sample.name, whole / sample.group / sample.name);
+    fs::remove_all(stage);
     return true;
 }
 

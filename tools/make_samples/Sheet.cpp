@@ -69,13 +69,9 @@ Sheet::Sheet(const Design& design)
     cairo_surface_flush(surface_.get());
     if (kind_ == PageKind::BilevelTiff)
         cairo_set_operator(context(), CAIRO_OPERATOR_ADD); // much faster than OVER, and the same in one colour
-    blank_.assign(cairo_image_surface_get_data(surface_.get()), cairo_image_surface_get_data(surface_.get()) + bytes());
+    const unsigned char* first = cairo_image_surface_get_data(surface_.get());
+    blank_.assign(first, first + std::ptrdiff_t{cairo_image_surface_get_stride(surface_.get())} * design.pageHeight);
     useRed(false);
-}
-
-std::size_t Sheet::bytes() const {
-    return static_cast<std::size_t>(cairo_image_surface_get_stride(surface_.get())) *
-           static_cast<std::size_t>(cairo_image_surface_get_height(surface_.get()));
 }
 
 void Sheet::useRed(bool red) const {

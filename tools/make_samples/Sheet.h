@@ -29,13 +29,11 @@ class Sheet {
     void write(const std::filesystem::path& path) const;
 
   private:
-    std::size_t bytes() const;
-
     PageKind kind_;
     int dpi_;
     std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
     std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context_;
-    std::vector<unsigned char> blank_;
+    std::vector<unsigned char> blank_; ///< the bytes of the empty paper
 };
 
 } // namespace velmarin

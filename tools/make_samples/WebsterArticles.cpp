@@ -30,20 +30,15 @@ const std::set<std::size_t> inFullRanks{0, 12, 30};
 /// Source bytes from which an article is one of those that have a quotation.
 constexpr std::size_t longArticle = 1500;
 
-/// An etymology is left out where it quotes Greek, which the source spells in Latin letters.
-bool worthQuoting(const std::string& etymology, std::size_t longest) {
-    return !etymology.empty() && etymology.size() <= longest && etymology.find("Gr.") == std::string::npos &&
-           etymology.find('`') == std::string::npos && etymology.find("Skr.") == std::string::npos &&
-           etymology.back() == ']';
-}
-
 std::string heading(const GcideArticle& article, std::size_t longestOrigin) {
+    // Not those that quote Greek, which the source spells in Latin letters.
+    static Pattern origin(R"(^\[(?!.*(Gr\.|Skr\.|`)).*\]$)");
     std::string markup = bold(article.divided);
     if (!article.pronunciation.empty() && article.pronunciation.find_first_of("[?#") == std::string::npos)
         markup += " (" + escaped(article.pronunciation) + ")";
     if (!article.wordClass.empty())
         markup += ", " + italic(printedMarks(article.wordClass));
-    if (worthQuoting(article.etymology, longestOrigin))
+    if (article.etymology.size() <= longestOrigin && origin.finds(article.etymology))
         markup += " " + richText(article.etymology);
     return markup;
 }

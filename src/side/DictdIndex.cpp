@@ -200,6 +200,16 @@ void DictdIndex::appendEntries(std::string_view word, std::vector<DictdPlace>& p
     }
 }
 
+std::vector<DictdPlace> DictdIndex::places() const {
+    std::vector<DictdPlace> places;
+    for (auto line = lineAt(0); line; line = lineAt(line->end))
+        if (const auto place = placeOf(line->text); place && !tellsOfTheDictionary(wordOf(line->text)))
+            places.push_back(*place);
+    std::sort(places.begin(), places.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+    return places;
+}
+
 void DictdIndex::readFlags() {
     // Whether hyphens count is itself told by a flag, so that the flags are looked for under both orders.
     bool allChars = false;

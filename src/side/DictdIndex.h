@@ -3,6 +3,7 @@
 #include "store/FolderItem.h"
 #include "store/TextFile.h"
 
+#include <compare>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -15,7 +16,7 @@ namespace velmarin {
 struct DictdPlace {
     std::uint64_t offset = 0;
     std::uint64_t size = 0;
-    friend bool operator==(const DictdPlace&, const DictdPlace&) = default;
+    friend auto operator<=>(const DictdPlace&, const DictdPlace&) = default;
 };
 
 /// The index of a dictionary in the dictd format (dictd(8), dictfmt(1)): a line for each word, "word TAB offset TAB
@@ -32,6 +33,8 @@ class DictdIndex {
     /// The entries of `word` (UTF-8), in the order of the index, each once. The words with which a dictionary tells of
     /// itself are none.
     std::vector<DictdPlace> find(std::string_view word) const;
+    /// All entries, each once, in the order of the text; also without those words.
+    std::vector<DictdPlace> places() const;
     /// The entry with the dictionary's own name; nothing where it has none.
     std::optional<DictdPlace> nameEntry() const { return nameEntry_; }
 

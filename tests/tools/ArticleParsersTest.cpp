@@ -2,26 +2,27 @@
 
 #include <gtest/gtest.h>
 
-#include "make_samples/GcideParser.h"
-#include "make_samples/OtherParsers.h"
-#include "make_samples/RichText.h"
+#include "make_samples/Parsers.h"
+#include "make_samples/Text.h"
+#include "text/StringRules.h"
 
 namespace velmarin {
 namespace {
 
-/// The text of all paragraphs, '|' between them, with its styles: *bold* /italic/ ^small capitals^.
+/// The markup of all paragraphs, '|' between them, in short: *bold* /italic/ ^small capitals^.
 std::string told(const std::vector<Paragraph>& paragraphs) {
     std::string out;
-    for (const Paragraph& paragraph : paragraphs) {
-        out += out.empty() ? "" : "|";
-        for (const Span& span : paragraph.spans) {
-            const std::string mark = span.style == Style::Bold        ? "*"
-                                     : span.style == Style::Italic    ? "/"
-                                     : span.style == Style::SmallCaps ? "^"
-                                                                      : "";
-            out += mark + span.text + mark;
-        }
-    }
+    for (const Paragraph& paragraph : paragraphs)
+        out += (out.empty() ? "" : "|") + paragraph.markup;
+    const std::pair<const char*, const char*> signs[] = {{"<b>", "*"},
+                                                         {"</b>", "*"},
+                                                         {"<i>", "/"},
+                                                         {"</i>", "/"},
+                                                         {"<span variant=\"small-caps\">", "^"},
+                                                         {"<span color=\"#ac241c\">", "!"},
+                                                         {"</span>", "^"}};
+    for (const auto& [markup, sign] : signs)
+        out = ReplaceAllB(out, markup, sign);
     return out;
 }
 
@@ -55,7 +56,6 @@ TEST(GcideArticle, HeadingIsToldFromTheTextByWhereItsLinesBreak) {
     EXPECT_EQ(article.pronunciation, "mous");
     EXPECT_EQ(article.wordClass, "n.; pl. Mice.");
     EXPECT_EQ(article.etymology, "[OE. mous, mus.]");
-    EXPECT_TRUE(article.of1913);
     ASSERT_EQ(article.blocks.size(), 3U) << "what later editors added is left out";
     EXPECT_EQ(article.blocks[0].text, "1. (Zool.) A small rodent.");
     EXPECT_EQ(article.blocks[1].kind, GcideArticle::Block::Kind::Quotation);
@@ -70,11 +70,7 @@ TEST(GcideArticle, AccentsDivideTheWord) {
 }
 
 TEST(RichText, MarkupBecomesStyles) {
-    const auto rich = [](const char* text) {
-        Paragraph paragraph;
-        addRichText(paragraph.spans, text);
-        return told({paragraph});
-    };
+    const auto rich = [](const char* text) { return told({{Setting::Hanging, false, false, richText(text)}}); };
     EXPECT_EQ(rich("See {Ban}, v."), "See ^Ban^, v.");
     EXPECT_EQ(rich("\"A _bad_ end,\" 'tis said"), "“A /bad/ end,” ’tis said");
     EXPECT_EQ(rich("Hope was overthrown. --I. Taylor."), "Hope was overthrown. —\u00A0/I. Taylor./");
@@ -94,7 +90,7 @@ TEST(DevilArticle, ProseVerseAndSignatureAreToldApart) {
                                               "                                                   Judibras\n");
     EXPECT_EQ(article.key, "ADMONITION");
     ASSERT_EQ(article.paragraphs.size(), 4U);
-    EXPECT_EQ(told({article.paragraphs[0]}), "*ADMONITION*, /n./ Gentle reproof, as with a cannon-shot.");
+    EXPECT_EQ(told({article.paragraphs[0]}), "!*ADMONITION*^, /n./ Gentle reproof, as with a cannon-shot.");
     EXPECT_EQ(article.paragraphs[1].setting, Setting::Verse);
     EXPECT_TRUE(article.paragraphs[1].gapBefore);
     EXPECT_FALSE(article.paragraphs[2].gapBefore);
@@ -105,12 +101,12 @@ TEST(DevilArticle, ProseVerseAndSignatureAreToldApart) {
 }
 
 TEST(Element, OnlyWhatHasANumberIsOne) {
-    const ElementArticle helium =
+    const Article helium =
         parseElement("helium\nSymbol: He\nAtomic number: 2\nAtomic weight: 4.0026\nA gas of\n{group} 18.\n");
-    EXPECT_EQ(helium.number, 2);
-    EXPECT_EQ(helium.name, "Helium");
-    EXPECT_EQ(told(helium.article.paragraphs), "*2.** Helium*, *He*. /Atomic weight/ 4.0026.|A gas of ^group^ 18.");
-    EXPECT_EQ(parseElement("neutron\nWeight: 1.67\nA hadron.\n").number, 0);
+    EXPECT_EQ(helium.key, "002");
+    EXPECT_EQ(helium.note, "Helium");
+    EXPECT_EQ(told(helium.paragraphs), "!*2.*^* Helium*, !*He*^. /Atomic\u00A0weight/\u00A04.0026.|A gas of ^group^ 18.");
+    EXPECT_EQ(parseElement("neutron\nWeight: 1.67\nA hadron.\n").key, "");
 }
 
 TEST(FreedictArticle, SensesFollowTheHeadword) {
@@ -125,6 +121,7 @@ TEST(FreedictArticle, SensesFollowTheHeadword) {
         {"numbered", "abzug\n1. afname\n2. hak\n", "*abzug* *1.\u00A0*afname *2.\u00A0*hak."},
         {"number alone on its line", "hisa <n>\n1.\npart\n", "*hisa* /n./ *1.\u00A0*part."},
         {"definition after translation", "Rom <n, neut>\nΡώμη 2.\ndie Stadt\n", "*Rom* /n. n./ Ρώμη — die Stadt."},
+        {"class at the end", "hond\nHund <masc>\n", "*hond* Hund /m./"},
         {"no sense", "lonely\n", ""},
     };
     for (const Row& row : rows)

@@ -7,9 +7,9 @@
 namespace velmarin {
 namespace {
 
-FlowLine flowLine(std::size_t article, bool opens, bool keep, float leading = 10) {
+FlowLine flowLine(std::size_t article, bool opens, bool keep, double leading = 10) {
     FlowLine line;
-    line.line.leading = leading;
+    line.leading = leading;
     line.article = article;
     line.opensArticle = opens;
     line.keepWithNext = keep;
@@ -25,7 +25,7 @@ TEST(Pagination, EveryLineStandsOnceInOrderAndFits) {
             const bool opens = i == 0 || random() % 4 == 0;
             const std::size_t article = i == 0 ? 0 : flow.back().article + (opens ? 1 : 0);
             flow.push_back(
-                flowLine(article, opens, opens && random() % 2 == 0, 8.0F + static_cast<float>(random() % 4)));
+                flowLine(article, opens, opens && random() % 2 == 0, 8.0 + static_cast<double>(random() % 4)));
         }
         const double height = 100;
         std::size_t next = 0;

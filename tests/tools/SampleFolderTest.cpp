@@ -7,9 +7,9 @@
 #include <gtest/gtest.h>
 #include <leptonica/allheaders.h>
 
-#include "make_samples/Faces.h"
-#include "make_samples/OtherParsers.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Parsers.h"
+#include "make_samples/Sheet.h"
+#include "make_samples/Text.h"
 #include "support/TempFolder.h"
 
 namespace velmarin {
@@ -40,8 +40,8 @@ std::string writeTinySource(const TempFolder& folder) {
 
 Design tinyDesign(PageKind kind) {
     Design design;
-    design.typeface = plainFace();
-    design.hyphenation = hyphenation("en_US");
+    design.typeface = "Linux Libertine O";
+    design.hyphenation = "/usr/share/hyphen/hyph_en_US.dic";
     design.kind = kind;
     design.pageWidth = 800;
     design.pageHeight = 700;
@@ -57,7 +57,7 @@ Sample tinySample(const std::string& name, PageKind kind) {
                 Book book;
                 book.title = {"Tiny", {"a book"}, {"made for a test"}};
                 book.design = tinyDesign(kind);
-                book.articles = articlesOf(DictdReader(folder, "tiny"), parseFreedictArticle, 1000);
+                book.articles = articlesOf(SourceText(folder, "tiny"), parseFreedictArticle, 1000);
                 book.articles.front().supplement = book.articles.front().paragraphs;
                 return book;
             }};
@@ -121,8 +121,8 @@ TEST_F(SampleFolder, DictionaryIsSortedParallelAndComplete) {
         EXPECT_GT(ink, 5000) << page << " is printed";
         pixDestroy(&pix);
     }
-    EXPECT_TRUE(
-        place_.read(dictionary / "mImg" / "ImageIndex").starts_with(std::to_string(pages.size()) + "\np0000.tif\n"))
+    EXPECT_TRUE(place_.read(dictionary / "mImg" / "ImageIndex2")
+                    .starts_with(std::to_string(pages.size()) + "\ntiny-0000.tif\tTitle\ntiny-0001.tif\t1\n"))
         << "the last index: the title page is one more";
     const std::string extra = between(texts[89], "<^_", "_>");
     EXPECT_TRUE(fs::exists(place_.path() / dictionary / "mPimg" / extra)) << extra;
@@ -131,14 +131,14 @@ TEST_F(SampleFolder, DictionaryIsSortedParallelAndComplete) {
 
 TEST_F(SampleFolder, EachKindOfPageCanBeDecoded) {
     const std::vector<std::pair<PageKind, int>> kinds{
-        {PageKind::BilevelTiff, 1}, {PageKind::GreyPng, 8}, {PageKind::ColourPng, 32}, {PageKind::ColourJpeg, 32}};
+        {PageKind::BilevelTiff, 1}, {PageKind::ColourPng, 32}, {PageKind::ColourJpeg, 32}};
     std::vector<Sample> samples;
     for (std::size_t i = 0; i < kinds.size(); ++i)
-        samples.push_back(tinySample(std::to_string(i), kinds[i].first));
+        samples.push_back(tinySample("Kind " + std::to_string(i), kinds[i].first));
     ASSERT_TRUE(make(samples));
     for (std::size_t i = 0; i < kinds.size(); ++i) {
-        const std::string name = "p0001" + std::string(extensionOf(kinds[i].first));
-        Pix* pix = pixRead((target() / "Group" / std::to_string(i) / "mImg" / name).c_str());
+        const std::string name = "kind-0001" + std::string(extensionOf(kinds[i].first));
+        Pix* pix = pixRead((target() / "Group" / ("Kind " + std::to_string(i)) / "mImg" / name).c_str());
         ASSERT_NE(pix, nullptr) << name;
         EXPECT_EQ(pixGetDepth(pix), kinds[i].second) << name;
         EXPECT_EQ(pixGetWidth(pix), 800) << name;
@@ -151,6 +151,40 @@ TEST_F(SampleFolder, WholeFolderIsLeftAlone) {
     EXPECT_FALSE(make({tinySample("Tiny", PageKind::BilevelTiff)}));
     EXPECT_TRUE(said_.empty());
     EXPECT_FALSE(fs::exists(target() / "Group"));
+}
+
+/// A dictionary in `folder` as samples were made when all called their pages alike.
+void writeOldSample(const TempFolder& place, const fs::path& folder) {
+    for (const char* page : {"p0000.tif", "p0001.tif"})
+        place.write(folder / "mImg" / page, "");
+    place.write(folder / "mPimg" / "s1-0001.tif", "");
+    place.write(folder / "mImg" / "ImageIndex", "1\np0000.tif\np0001.tif\n");
+    place.write(folder / "FW", "");
+    place.write(folder / "ind", "bab\nbeb__DLM__n.\nbib\n");
+    place.write(folder / "txt", "<@_p0001.tif_>\nbeb <@_p0001.tif_>\n<@_p0001.tif_>\n");
+}
+
+TEST_F(SampleFolder, OnlyUnchangedSamplesOfAnEarlierRunAreMadeAgain) {
+    const fs::path group = fs::path("Samples") / "Group";
+    for (const char* name : {"Old", "Changed", "Larger", "Mine"})
+        writeOldSample(place_, group / name);
+    place_.write(group / "Changed" / "txt", "<@_p0001.tif_>\n<@_p0001.tif_>\n<@_p0001.tif_>\n");
+    place_.write(group / "Larger" / "mImg" / "plate.jpg", "");
+    place_.write(group / "DictionaryPreferences.txt", "Mine first\t1\t\n");
+    fs::create_directory_symlink(target() / "Group" / "Old", target() / "Group" / "Linked");
+    std::vector<Sample> samples;
+    for (const char* name : {"Old", "Changed", "Larger", "Linked", "Deleted"})
+        samples.push_back(tinySample(name, PageKind::BilevelTiff));
+    EXPECT_TRUE(make(samples));
+    EXPECT_EQ(said_.size(), 1U);
+    EXPECT_TRUE(fs::exists(target() / "Group" / "Old" / "mImg" / "old-0001.tif"));
+    EXPECT_FALSE(fs::exists(target() / "Group" / "Old" / "mImg" / "p0001.tif"));
+    for (const char* name : {"Changed", "Larger", "Mine"})
+        EXPECT_TRUE(fs::exists(target() / "Group" / name / "mImg" / "p0001.tif")) << name;
+    EXPECT_FALSE(fs::exists(target() / "Group" / "Deleted")) << "by the reader";
+    EXPECT_EQ(place_.read(group / "DictionaryPreferences.txt"), "Mine first\t1\t\n");
+    EXPECT_EQ(itemsBeside(), 1U) << "nothing of the old ones is left";
+    EXPECT_FALSE(make(samples)) << "a second time";
 }
 
 TEST_F(SampleFolder, InterruptedRunLeavesNoFolderAndIsCleared) {

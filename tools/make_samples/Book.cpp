@@ -2,71 +2,71 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstdio>
+#include <functional>
+#include <future>
+#include <iterator>
 #include <memory>
 
+#include "make_samples/DictionaryWriter.h"
 #include "make_samples/Pagination.h"
-#include "make_samples/Parallel.h"
 #include "make_samples/Press.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
 
 namespace velmarin {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr std::size_t mostSupplementPages = 3;
 
 using Presses = std::vector<std::unique_ptr<Press>>;
 
-std::string numbered(const char* prefix, std::size_t number, PageKind kind) {
+/// The name of a page: "webster-0269.tif" in the folder "Webster 1913". The first part keeps the pages of two
+/// dictionaries apart where only the name of a page is compared.
+std::string pageName(const fs::path& folder, const char* series, std::size_t number, PageKind kind) {
+    std::string name;
+    for (const char c : folder.filename().string()) {
+        if (std::isalpha(static_cast<unsigned char>(c)) == 0 && c != '-')
+            break;
+        name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
     std::array<char, 32> digits{};
-    std::snprintf(digits.data(), digits.size(), "%s%04zu", prefix, number);
-    return digits.data() + std::string(extensionOf(kind));
+    std::snprintf(digits.data(), digits.size(), "-%s%04zu", series, number);
+    return name + digits.data() + extensionOf(kind);
 }
 
-/// The kana that heads the row in which `c` stands; the voiced and small ones go with the plain.
+/// The kana that heads the row of `c`; the voiced and small ones belong to the plain.
 std::string kanaRow(char32_t c) {
     static constexpr std::u32string_view heads = U"あかさたなはまやらわ";
     static constexpr std::u32string_view firsts = U"ぁかさたなはまゃらゎ";
-    if (c == U'セ')
-        return "さ";
-    if (c < 0x3041 || c > 0x3096)
-        return {};
     std::string row;
-    for (std::size_t i = 0; i < heads.size(); ++i) {
-        if (c < firsts[i])
-            break;
+    for (std::size_t i = 0; i < heads.size() && firsts[i] <= c && c <= U'ゖ'; ++i) {
         row.clear();
         appendUtf8(row, heads[i]);
     }
-    return row;
+    return c == U'セ' ? "さ" : row;
 }
 
-/// The letter under which a search word stands; empty for what is no letter.
+/// The letter under which a search word is listed; empty for what is no letter.
 std::string initialOf(const std::string& word) {
-    if (word.empty())
-        return {};
-    if (word.starts_with("CƩ"))
-        return "Ch";
-    if (word.starts_with("Lʎ"))
-        return "Ll";
+    if (word.starts_with("CƩ") || word.starts_with("Lʎ"))
+        return word[0] == 'C' ? "Ch" : "Ll";
     std::size_t at = 0;
-    const char32_t c = nextCodePoint(word, at);
+    const char32_t c = word.empty() ? U' ' : nextCodePoint(word, at);
     if (c >= 0x3040 && c <= 0x30FF)
         return kanaRow(c);
-    if (c < 'A' || (c > 'Z' && c < 0xC0))
-        return {};
-    return word.substr(0, at);
+    return c < 'A' || (c > 'Z' && c < 0xC0) ? "" : word.substr(0, at);
 }
 
 void sortArticles(Book& book) {
     std::vector<std::pair<std::string, std::size_t>> order;
-    order.reserve(book.articles.size());
-    for (std::size_t i = 0; i < book.articles.size(); ++i)
-        order.emplace_back(indexSearchWord(book.articles[i].key, book.shape.order), i);
-    std::sort(order.begin(), order.end());
+    for (const Article& article : book.articles)
+        order.emplace_back(indexSearchWord(article.key, book.order), order.size());
+    std::ranges::sort(order);
     std::vector<Article> sorted;
-    sorted.reserve(order.size());
     std::vector<std::size_t> newPlace(order.size());
     for (const auto& [word, i] : order) {
         newPlace[i] = sorted.size();
@@ -77,107 +77,121 @@ void sortArticles(Book& book) {
         article = newPlace[article];
 }
 
-/// All lines of the book, letters between the parts of the alphabet.
-std::vector<FlowLine> flowOf(const Book& book, Presses& presses) {
-    std::vector<std::vector<FlowLine>> set(book.articles.size());
-    parallelFor(presses, book.articles.size(),
-                [&](Press& press, std::size_t i) { set[i] = press.set(book.articles[i].paragraphs, i); });
-    std::vector<FlowLine> flow;
-    std::string last;
-    for (std::size_t i = 0; i < set.size(); ++i) {
-        if (book.design.letterHeads) {
-            const std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.shape.order));
-            if (!initial.empty() && initial != last) {
-                for (FlowLine& line : presses.front()->initial(initial, i))
-                    flow.push_back(std::move(line));
-                last = initial;
-            }
-        }
-        std::move(set[i].begin(), set[i].end(), std::back_inserter(flow));
+/// Runs body(t) for every press at once. The first exception is thrown again when all have ended.
+void inParallel(const Presses& presses, const std::function<void(std::size_t)>& body) {
+    std::vector<std::future<void>> runs;
+    for (std::size_t t = 0; t < presses.size(); ++t)
+        runs.push_back(std::async(std::launch::async, body, t));
+    for (auto& run : runs)
+        run.wait();
+    for (auto& run : runs)
+        run.get();
+}
+
+/// For each article the press that sets it. A press has articles that follow each other, so that few pages hold lines
+/// of two presses, which only one thread may touch.
+std::vector<std::size_t> pressesOf(const std::vector<Article>& articles, std::size_t presses) {
+    std::vector<std::size_t> ends;
+    std::size_t bytes = 1;
+    for (const Article& article : articles) {
+        for (const Paragraph& paragraph : article.paragraphs)
+            bytes += paragraph.markup.size();
+        ends.push_back(bytes - 1);
     }
+    for (std::size_t& end : ends)
+        end = end * presses / bytes;
+    return ends;
+}
+
+/// All lines of the book, letters between the parts of the alphabet.
+std::vector<FlowLine> flowOf(const Book& book, const std::vector<std::size_t>& pressOf, const Presses& presses) {
+    std::vector<std::string> heads(book.articles.size());
+    std::string last;
+    for (std::size_t i = 0; book.design.letterHeads && i < heads.size(); ++i) {
+        const std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.order));
+        if (!initial.empty() && initial != last)
+            last = heads[i] = initial;
+    }
+    std::vector<std::vector<FlowLine>> set(book.articles.size());
+    inParallel(presses, [&](std::size_t t) {
+        for (std::size_t i = 0; i < set.size(); ++i)
+            if (pressOf[i] == t)
+                set[i] = presses[t]->set(book.articles[i].paragraphs, i, heads[i]);
+    });
+    std::vector<FlowLine> flow;
+    for (auto& lines : set)
+        std::ranges::move(lines, std::back_inserter(flow));
     return flow;
 }
 
-/// Prints title page and pages; their list, in order.
-std::vector<ListedPage> printPages(const Book& book, const std::vector<FlowLine>& flow, const std::vector<Page>& pages,
-                                   Presses& presses, const std::filesystem::path& folder) {
-    const PageKind kind = book.design.kind;
-    std::vector<ListedPage> listed(pages.size() + 1);
-    parallelFor(presses, listed.size(), [&](Press& press, std::size_t i) {
-        listed[i].name = numbered("p", i, kind);
-        const auto path = folder / "mImg" / listed[i].name;
-        if (i == 0) {
-            listed[i].caption = "Title";
-            press.titlePage(book.title).write(path, kind, book.design.dpi);
-            return;
+/// Prints the pages into mImg and notes for each article the one on which it opens.
+std::vector<ListedPage> printPages(const Book& book, const Presses& presses, const fs::path& folder,
+                                   std::vector<std::string>& pageOf) {
+    const auto pressOf = pressesOf(book.articles, presses.size());
+    const auto flow = flowOf(book, pressOf, presses);
+    const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
+    std::vector<ListedPage> listed;
+    for (std::size_t i = 0; i <= pages.size(); ++i)
+        listed.push_back({pageName(folder, "", i, book.design.kind), i == 0 ? "Title" : std::to_string(i)});
+    const auto pressAt = [&](const SetLine& line) { return pressOf[flow[line.line].article]; };
+    const auto printThoseOf = [&](std::size_t t, bool shared) {
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            const Page& page = pages[i];
+            const bool isShared = pressAt(page.lines.front()) != pressAt(page.lines.back());
+            if (isShared == shared && (shared || pressAt(page.lines.front()) == t))
+                presses[t]->printPage(folder / "mImg" / listed[i + 1].name, page, flow,
+                                      {book.articles[page.firstArticle].guide, listed[i + 1].caption,
+                                       book.articles[page.lastArticle].guide});
         }
-        listed[i].caption = std::to_string(i);
-        const Page& page = pages[i - 1];
-        const Press::Head head{book.articles[page.firstArticle].guide, listed[i].caption,
-                               book.articles[page.lastArticle].guide};
-        press.page(page, flow, head).write(path, kind, book.design.dpi);
-    });
+    };
+    inParallel(presses, [&](std::size_t t) { printThoseOf(t, false); });
+    printThoseOf(0, true);
+    presses.front()->printTitlePage(folder / "mImg" / listed[0].name, book.title);
+    for (std::size_t i = 0; i < pages.size(); ++i)
+        for (const SetLine& set : pages[i].lines)
+            if (flow[set.line].opensArticle)
+                pageOf[flow[set.line].article] = listed[i + 1].name;
     return listed;
 }
 
-/// Prints the supplements; for each article the names of its pages.
-std::vector<std::vector<std::string>> printSupplements(const Book& book, Presses& presses,
-                                                       const std::filesystem::path& folder) {
-    std::vector<std::vector<std::string>> names(book.articles.size());
-    std::vector<std::size_t> wanted;
-    for (std::size_t i = 0; i < book.articles.size(); ++i)
-        if (!book.articles[i].supplement.empty())
-            wanted.push_back(i);
-    if (wanted.empty())
-        return names;
-    std::filesystem::create_directories(folder / "mPimg");
-    const Design& design = book.design;
-    parallelFor(presses, wanted.size(), [&](Press& press, std::size_t n) {
-        const Article& article = book.articles[wanted[n]];
-        const auto flow = press.set(article.supplement, 0);
-        auto pages = paginate(flow, design.textBottom - design.textTop);
-        pages.resize(std::min(pages.size(), mostSupplementPages));
-        for (std::size_t k = 0; k < pages.size(); ++k) {
-            const std::string name = numbered(("s" + std::to_string(k + 1) + "-").c_str(), n + 1, design.kind);
-            press.page(pages[k], flow, {article.guide, "Supplement", std::to_string(k + 1)})
-                .write(folder / "mPimg" / name, design.kind, design.dpi);
-            names[wanted[n]].push_back(name);
-        }
-    });
+/// Prints an article's supplement into mPimg; the names of its pages.
+std::vector<std::string> printSupplement(const Book& book, std::size_t number, Press& press, const fs::path& folder) {
+    const Article& article = book.articles[number];
+    fs::create_directories(folder / "mPimg");
+    const auto flow = press.set(article.supplement, 0, "");
+    const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
+    std::vector<std::string> names;
+    for (std::size_t k = 0; k < std::min(pages.size(), mostSupplementPages); ++k) {
+        const std::string part = std::to_string(k + 1);
+        names.push_back(pageName(folder, ("s" + part + "-").c_str(), number + 1, book.design.kind));
+        press.printPage(folder / "mPimg" / names.back(), pages[k], flow, {article.guide, "Supplement", part});
+    }
     return names;
 }
 
 } // namespace
 
-BookResult makeBook(Book book, const std::filesystem::path& folder, unsigned threads) {
-    std::filesystem::create_directories(folder / "mImg");
+std::string makeBook(Book book, const fs::path& folder, unsigned threads) {
+    fs::create_directories(folder / "mImg");
     Presses presses;
     for (unsigned t = 0; t < std::max(threads, 1U); ++t)
         presses.push_back(std::make_unique<Press>(book.design));
     sortArticles(book);
-    const auto flow = flowOf(book, presses);
-    const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
-    const auto listed = printPages(book, flow, pages, presses, folder);
-    const auto supplements = printSupplements(book, presses, folder);
-
     std::vector<std::string> pageOf(book.articles.size());
-    for (std::size_t p = 0; p < pages.size(); ++p)
-        for (const SetLine& set : pages[p].lines)
-            if (flow[set.line].opensArticle)
-                pageOf[flow[set.line].article] = listed[p + 1].name;
+    const auto listed = printPages(book, presses, folder, pageOf);
     std::vector<IndexLine> lines;
     for (std::size_t i = 0; i < book.articles.size(); ++i)
-        if (!pageOf[i].empty())
-            lines.push_back({book.articles[i].key, book.articles[i].note, pageOf[i], supplements[i]});
+        lines.push_back({book.articles[i].key, book.articles[i].note, pageOf[i], {}});
+    inParallel(presses, [&](std::size_t t) {
+        for (std::size_t i = t; i < book.articles.size(); i += presses.size())
+            if (!book.articles[i].supplement.empty())
+                lines[i].extraPages = printSupplement(book, i, *presses[t], folder);
+    });
     for (const auto& [key, article] : book.furtherKeys)
-        if (!pageOf[article].empty())
-            lines.push_back({key, "", pageOf[article], supplements[article]});
-    lines = indexLines(std::move(lines), book.shape.order);
-    writeDictionary(folder, lines, listed, book.shape);
-    BookResult result{listed.size(), lines.size(), 0};
-    for (const auto& names : supplements)
-        result.extraPages += names.size();
-    return result;
+        lines.push_back({key, "", pageOf[article], lines[article].extraPages});
+    lines = indexLines(std::move(lines), book.order);
+    writeDictionary(folder, lines, listed, book);
+    return std::to_string(listed.size()) + " pages, " + std::to_string(lines.size()) + " entries";
 }
 
 } // namespace velmarin

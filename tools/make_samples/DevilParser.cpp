@@ -1,10 +1,8 @@
-#include "make_samples/OtherParsers.h"
+#include "make_samples/Parsers.h"
 
 #include <algorithm>
-#include <cctype>
 
-#include "make_samples/RichText.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
 
 namespace velmarin {
 
@@ -13,29 +11,6 @@ namespace {
 constexpr std::size_t verseIndent = 4;
 constexpr std::size_t signatureIndent = 36;
 constexpr std::size_t proseWidth = 58;
-constexpr std::size_t longestWordClass = 24;
-
-std::size_t indentOf(std::string_view line) {
-    return std::min(line.find_first_not_of(' '), line.size());
-}
-
-/// The length of the headword: words in capitals, up to a comma, two blanks, or a word that is not.
-std::size_t headwordLength(std::string_view text) {
-    std::size_t end = 0;
-    std::size_t at = 0;
-    while (at < text.size()) {
-        const std::size_t wordEnd = std::min(text.find_first_of(" ,\n", at), text.size());
-        const std::string_view word = text.substr(at, wordEnd - at);
-        if (word.empty() || std::any_of(word.begin(), word.end(), [](unsigned char c) { return std::islower(c); }) ||
-            std::isupper(static_cast<unsigned char>(word.front())) == 0)
-            break;
-        end = wordEnd;
-        if (wordEnd >= text.size() || text[wordEnd] != ' ' || text.substr(wordEnd).starts_with("  "))
-            break;
-        at = wordEnd + 1;
-    }
-    return end;
-}
 
 /// The next line goes on with the same word.
 bool endsInHyphen(std::string_view text) {
@@ -50,84 +25,64 @@ bool isProse(const std::vector<std::string_view>& block) {
 }
 
 /// One block between blank lines.
-void addBlock(Article& article, const std::vector<std::string_view>& block, bool gap) {
+void addBlock(std::vector<Paragraph>& paragraphs, const std::vector<std::string_view>& block) {
     const bool prose = isProse(block);
     bool open = false;
     for (const std::string_view line : block) {
         const std::size_t indent = indentOf(line);
         const std::string text = singleSpaced(line);
         if (indent >= signatureIndent) {
-            article.paragraphs.push_back(
-                {Setting::Right, true, false, {{Style::SmallCaps, printedMarks(text), false}}});
+            paragraphs.push_back({Setting::Right, true, false, smallCapitals(printedMarks(text))});
             open = false;
-            continue;
-        }
-        if (prose) {
+        } else if (prose) {
             // Only the opening of a paragraph is indented.
             if (!open || indent >= verseIndent * 2)
-                article.paragraphs.push_back({Setting::Indented, indent >= verseIndent, false, {}});
-            else if (!endsInHyphen(article.paragraphs.back().spans.back().text))
-                article.paragraphs.back().spans.push_back({Style::Roman, " ", false});
+                paragraphs.push_back({Setting::Indented, indent >= verseIndent, false, {}});
+            else if (!endsInHyphen(paragraphs.back().markup))
+                paragraphs.back().markup += ' ';
             open = true;
-            addRichText(article.paragraphs.back().spans, text);
-            continue;
+            paragraphs.back().markup += richText(text);
+        } else {
+            paragraphs.push_back({Setting::Verse, true, line.data() == block.front().data(), {}});
+            for (std::size_t i = verseIndent; i < indent; ++i)
+                paragraphs.back().markup += "\u00A0";
+            paragraphs.back().markup += richText(text);
         }
-        Paragraph verse{Setting::Verse, true, gap, {}};
-        gap = false;
-        std::string inset;
-        for (std::size_t i = verseIndent; i < indent; ++i)
-            inset += "\u00A0";
-        verse.spans.push_back({Style::Roman, inset, false});
-        addRichText(verse.spans, text);
-        article.paragraphs.push_back(std::move(verse));
     }
 }
 
 } // namespace
 
 Article parseDevilArticle(std::string_view text) {
+    // Words in capitals, then perhaps a comma, a word class and two blanks.
+    static Pattern heading(
+        R"(^\n*((?:[A-Z][^\sa-z,]*)(?: [A-Z][^\sa-z,]*(?![^\s,]))*)(?:,(?: ?([^\n]{1,22}?)(?=  ))?)?)");
+    if (!heading.finds(text) || heading.Substring(1).empty())
+        return {};
     Article article;
-    while (text.starts_with("\n"))
-        text.remove_prefix(1);
-    const std::size_t length = headwordLength(text);
-    if (length == 0)
-        return article;
-    std::string headword(text.substr(0, length));
-    text.remove_prefix(length);
-    if (headword.ends_with(".") && headword.find('.') + 1 == headword.size())
-        headword.pop_back();
-    article.key = headword;
-    article.guide = headword;
-    Paragraph opening;
-    opening.spans.push_back({Style::Bold, headword, true});
-    if (text.starts_with(",")) {
-        opening.spans.push_back({Style::Roman, ", ", false});
-        const auto end = text.find("  ");
-        if (end < longestWordClass) {
-            article.note = singleSpaced(text.substr(1, end - 1));
-            opening.spans.push_back({Style::Italic, article.note, false});
-            text.remove_prefix(end);
-        } else {
-            text.remove_prefix(1);
-        }
-    }
-    opening.spans.push_back({Style::Roman, " ", false});
-    const auto lines = linesOf(text);
+    article.key = heading.Substring(1);
+    if (article.key.find('.') + 1 == article.key.size())
+        article.key.pop_back();
+    article.guide = article.key;
+    article.note = heading.Substring(2);
+    const bool comma = heading.Substring(0).find(',') != std::string::npos;
+    std::string markup = inRed(bold(article.key)) + (comma ? ", " : "") +
+                         (article.note.empty() ? "" : italic(article.note)) +
+                         (comma && article.note.empty() ? "" : " ");
+    const auto lines = linesOf(text.substr(heading.Substring(0).size()));
     std::size_t i = 0;
     std::string first;
     for (; i < lines.size() && !trimmed(lines[i]).empty(); ++i)
-        first += (endsInHyphen(first) ? "" : " ") + std::string(lines[i]);
-    addRichText(opening.spans, singleSpaced(first));
-    article.paragraphs.push_back(std::move(opening));
+        (first += endsInHyphen(first) ? "" : " ") += lines[i];
+    article.paragraphs.push_back({Setting::Hanging, false, false, markup + richText(singleSpaced(first))});
     std::vector<std::string_view> block;
     for (; i <= lines.size(); ++i) {
         if (i < lines.size() && !trimmed(lines[i]).empty()) {
             block.push_back(lines[i]);
-            continue;
+        } else if (!block.empty()) {
+            addBlock(article.paragraphs, block);
+            block.clear();
         }
-        if (!block.empty())
-            addBlock(article, block, true);
-        block.clear();
     }
     return article;
 }

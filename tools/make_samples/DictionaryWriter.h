@@ -1,11 +1,10 @@
 #pragma once
 
-#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "text/SearchWord.h"
+#include "make_samples/Book.h"
 
 namespace velmarin {
 
@@ -17,14 +16,7 @@ struct IndexLine {
     std::vector<std::string> extraPages; ///< files in mPimg
 };
 
-/// How a dictionary is laid down beside its pages.
-struct DictionaryShape {
-    IndexOrder order;
-    bool independent = false;
-    enum class PageList { None, Names, Captions } pageList = PageList::Names;
-};
-
-/// A page of the list, in page order.
+/// A page of the list, in page order. The caption is what is printed on it as its number.
 struct ListedPage {
     std::string name;
     std::string caption;
@@ -38,7 +30,7 @@ std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder
 /// Writes the members of a dictionary other than its pictures into `folder`, which exists. `lines` come from
 /// indexLines. Throws std::runtime_error naming a file that cannot be written.
 void writeDictionary(const std::filesystem::path& folder, const std::vector<IndexLine>& lines,
-                     const std::vector<ListedPage>& pages, const DictionaryShape& shape);
+                     const std::vector<ListedPage>& pages, const Book& book);
 
 /// Writes a file whole, or throws std::runtime_error naming it.
 void writeFile(const std::filesystem::path& path, const std::string& bytes);

@@ -1,68 +1,41 @@
-#include "make_samples/OtherParsers.h"
+#include "make_samples/Parsers.h"
 
-#include <cctype>
-#include <charconv>
+#include <algorithm>
 
-#include "make_samples/RichText.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
+#include "text/StringRules.h"
 
 namespace velmarin {
 
-namespace {
-
-/// What follows `label` on a line that begins with it.
-std::string_view valueAfter(std::string_view line, std::string_view label) {
-    return line.starts_with(label) ? trimmed(line.substr(label.size())) : std::string_view();
-}
-
-} // namespace
-
-ElementArticle parseElement(std::string_view text) {
-    ElementArticle element;
+Article parseElement(std::string_view text) {
+    static Pattern labelled("^(Atomic number|Symbol|Atomic weight): *(.*)$");
+    std::string name;
+    std::string number;
     std::string symbol;
     std::string weight;
     std::string body;
     for (const std::string_view raw : linesOf(text)) {
         const std::string_view line = trimmed(raw);
-        if (line.empty())
-            continue;
-        if (element.name.empty()) {
-            element.name = line;
-        } else if (const auto number = valueAfter(line, "Atomic number:"); !number.empty()) {
-            std::from_chars(number.data(), number.data() + number.size(), element.number);
-        } else if (const auto letters = valueAfter(line, "Symbol:"); !letters.empty()) {
-            symbol = letters;
-        } else if (const auto value = valueAfter(line, "Atomic weight:"); !value.empty()) {
-            weight = value;
-        } else {
-            body += body.empty() ? "" : " ";
-            body += line;
-        }
+        if (labelled.finds(line))
+            (line[0] == 'S' ? symbol : line[7] == 'n' ? number : weight) = labelled.Substring(2);
+        else if (name.empty())
+            name = line;
+        else
+            body += std::string(body.empty() ? "" : " ") += line;
     }
-    if (element.number <= 0 || element.name.empty())
+    if (number.empty() || number.size() > 3 || name.empty())
         return {};
-    element.name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(element.name[0])));
-    Article& article = element.article;
-    article.guide = std::to_string(element.number) + " " + element.name;
-    article.note = element.name;
-    Paragraph opening;
-    opening.spans.push_back({Style::Bold, std::to_string(element.number) + ".", true});
-    opening.spans.push_back({Style::Bold, " " + element.name, false});
-    if (!symbol.empty()) {
-        opening.spans.push_back({Style::Roman, ", ", false});
-        opening.spans.push_back({Style::Bold, symbol, true});
-    }
-    if (!weight.empty()) {
-        opening.spans.push_back({Style::Roman, ". ", false});
-        opening.spans.push_back({Style::Italic, "Atomic weight", false});
-        opening.spans.push_back({Style::Roman, " " + weight + ".", false});
-    }
-    article.paragraphs.push_back(std::move(opening));
-    if (!body.empty()) {
-        article.paragraphs.push_back({Setting::Indented, false, false, {}});
-        addRichText(article.paragraphs.back().spans, body);
-    }
-    return element;
+    name[0] = asciiCapital(name[0]);
+    std::string opening = inRed(bold(number + ".")) + bold(" " + name);
+    if (!symbol.empty())
+        opening += ", " + inRed(bold(symbol));
+    if (!weight.empty())
+        opening += ". " + italic("Atomic\u00A0weight") + "\u00A0" + escaped(weight) + ".";
+    Article article{std::string(3 - number.size(), '0') + number, number + " " + name, name, {}, {}};
+    article.paragraphs.push_back({Setting::Hanging, false, false, opening});
+    if (!trimmed(body).empty())
+        article.paragraphs.push_back({Setting::Indented, false, false, richText(singleSpaced(body))});
+    return article;
 }
 
 } // namespace velmarin

@@ -1,149 +1,96 @@
-#include "make_samples/OtherParsers.h"
+#include "make_samples/Parsers.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <map>
 #include <set>
-#include <utility>
 
-#include "make_samples/RichText.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
+#include "text/StringRules.h"
 
 namespace velmarin {
 
 namespace {
 
-/// Every " /pronunciation/" taken out.
-std::string withoutPronunciation(std::string_view line) {
-    std::string out(line);
-    for (auto at = out.find(" /"); at != std::string::npos; at = out.find(" /", at)) {
-        const auto end = out.find('/', at + 2);
-        if (end == std::string::npos)
-            break;
-        out.erase(at, end - at + 1);
-    }
-    return out;
+/// A line without pronunciations, which are between slashes.
+std::string cleanLine(std::string_view line) {
+    static const Pattern pronunciation(" /[^/]*/");
+    return singleSpaced(pronunciation.removedFrom(line));
 }
-
-constexpr std::array<std::pair<std::string_view, std::string_view>, 12> wordClasses{{
-    {"sg", ""},
-    {"masc", "m."},
-    {"fem", "f."},
-    {"neut", "n."},
-    {"pn", "pr. n."},
-    {"n", "n."},
-    {"v", "v."},
-    {"adj", "adj."},
-    {"adv", "adv."},
-    {"m", "m."},
-    {"f", "f."},
-    {"gen", "gen."},
-}};
 
 /// "n, sg, f" to "n. f."
-std::string printedClass(std::string_view tags) {
+std::string printedClass(const std::string& tags) {
+    static const std::map<std::string, std::string> forms{
+        {"sg", ""}, {"masc", "m."}, {"fem", "f."}, {"neut", "n."}, {"pn", "pr. n."}};
     std::string out;
-    while (!tags.empty()) {
-        const auto end = std::min(tags.find(','), tags.size());
-        const std::string_view tag = trimmed(tags.substr(0, end));
-        std::string printed(tag);
-        for (const auto& [name, form] : wordClasses)
-            if (tag == name)
-                printed = form;
-        if (!printed.empty())
-            out += (out.empty() ? "" : " ") + printed + (printed.back() == '.' ? "" : ".");
-        tags.remove_prefix(std::min(end + 1, tags.size()));
+    for (const std::string& part : Split(tags, ",")) {
+        const std::string tag(trimmed(part));
+        const auto known = forms.find(tag);
+        const std::string form = known != forms.end() ? known->second : tag.ends_with(".") ? tag : tag + ".";
+        if (!form.empty())
+            out += (out.empty() ? "" : " ") + form;
     }
     return out;
 }
 
-/// Adds a line with its <tags> in italics.
-void addTagged(std::vector<Span>& spans, std::string_view line) {
-    while (!line.empty()) {
-        const auto open = line.find('<');
-        const auto close = open == std::string_view::npos ? open : line.find('>', open);
-        addRichText(spans, line.substr(0, close == std::string_view::npos ? close : open));
-        if (close == std::string_view::npos)
-            return;
-        spans.push_back({Style::Italic, printedClass(line.substr(open + 1, close - open - 1)), false});
-        line.remove_prefix(close + 1);
+/// A line with its <tags> in italics.
+std::string taggedText(std::string_view line) {
+    static Pattern tag("<(.*?)>");
+    std::string markup;
+    while (tag.finds(line)) {
+        const std::size_t open = line.find(tag.Substring(0));
+        const std::size_t size = tag.Substring(0).size();
+        markup += richText(line.substr(0, open)) + italic(printedClass(tag.Substring(1)));
+        line.remove_prefix(open + size);
     }
-}
-
-std::size_t senseNumber(std::string_view line) {
-    std::size_t digits = 0;
-    while (digits < line.size() && std::isdigit(static_cast<unsigned char>(line[digits])) != 0)
-        ++digits;
-    return digits > 0 && line.substr(digits).starts_with(".") ? digits + 1 : 0;
-}
-
-/// Some sources end a line with the number of the sense on the next.
-std::string withoutStrayNumber(std::string line) {
-    if (!line.ends_with("."))
-        return line;
-    const auto digits = line.find_last_not_of("0123456789", line.size() - 2);
-    if (digits != std::string::npos && digits + 2 < line.size() && line[digits] == ' ')
-        line.resize(digits);
-    return line;
+    return markup + richText(line);
 }
 
 } // namespace
 
 Article parseFreedictArticle(std::string_view text) {
-    Article article;
+    static Pattern sense(R"(^(\d+\.)? *(.*?)( \d+\.)?$)"); // some end with the number of the sense on the next line
     const auto lines = linesOf(text);
-    if (lines.size() < 2)
-        return article;
-    const std::string heading = singleSpaced(withoutPronunciation(lines[0]));
+    const std::string heading = lines.empty() ? "" : cleanLine(lines[0]);
     const std::size_t end = std::min({heading.find(" <"), heading.find(" ("), heading.size()});
     if (end == 0 || heading.find('{') < end)
-        return article;
-    article.key = heading.substr(0, end);
-    article.guide = article.key;
-    Paragraph paragraph;
-    paragraph.spans.push_back({Style::Bold, article.key, false});
-    addTagged(paragraph.spans, std::string_view(heading).substr(end));
-    bool isFirst = true;
-    bool afterNumber = false; // and nothing else on its line
-    std::string last;
-    for (std::size_t i = 1; i < lines.size(); ++i) {
-        const std::string line = withoutStrayNumber(singleSpaced(withoutPronunciation(lines[i])));
-        if (line.empty())
-            continue;
-        const std::size_t number = senseNumber(line);
-        const bool runsOn = isFirst || number > 0 || line.starts_with("\"") || last.ends_with(")");
-        if (!afterNumber && !line.starts_with(";"))
-            paragraph.spans.push_back({Style::Roman, runsOn ? " " : " — ", false});
-        afterNumber = number > 0 && number == line.size();
-        isFirst = false;
-        last = line;
-        if (number > 0)
-            paragraph.spans.push_back({Style::Bold, line.substr(0, number) + "\u00A0", false});
-        addTagged(paragraph.spans, trimmed(std::string_view(line).substr(number)));
-    }
-    if (isFirst)
         return {};
-    if (!last.ends_with(".") && !last.ends_with("?") && !last.ends_with("!"))
-        paragraph.spans.push_back({Style::Roman, ".", false});
-    article.paragraphs.push_back(std::move(paragraph));
-    return article;
+    const std::string key = heading.substr(0, end);
+    std::string markup = bold(key) + taggedText(std::string_view(heading).substr(end));
+    std::string last;
+    bool afterNumber = false; // and nothing else on its line
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        if (!sense.finds(cleanLine(lines[i])) || sense.Substring(0).empty())
+            continue;
+        const std::string number = sense.Substring(1);
+        const std::string line = sense.Substring(2);
+        const bool runsOn = last.empty() || !number.empty() || line.starts_with("\"") || last.ends_with(")");
+        if (!afterNumber && !line.starts_with(";"))
+            markup += runsOn ? " " : " — ";
+        if (!number.empty())
+            markup += bold(number + "\u00A0");
+        markup += taggedText(line);
+        afterNumber = line.empty();
+        last = number + line;
+    }
+    if (last.empty())
+        return {};
+    if (last.find_last_of(".?!") != last.size() - 1 && !markup.ends_with(".</i>"))
+        markup += '.';
+    return {key, key, "", {{Setting::Hanging, false, false, markup}}, {}};
 }
 
-std::vector<Article> articlesOf(const DictdReader& source, Article (*parse)(std::string_view), std::size_t most) {
+std::vector<Article> articlesOf(const SourceText& source, Article (*parse)(std::string_view), std::size_t most) {
     std::vector<Article> all;
     std::set<std::string_view> seen;
-    for (const std::string_view text : source.articles()) {
-        if (isAbusive(text) || !seen.insert(text).second)
-            continue;
-        Article article = parse(text);
-        if (!article.key.empty())
-            all.push_back(std::move(article));
-    }
+    for (const std::string_view text : source.articles())
+        if (seen.insert(text).second)
+            if (Article article = parse(text); !article.key.empty())
+                all.push_back(std::move(article));
     if (all.size() <= most)
         return all;
-    std::stable_sort(all.begin(), all.end(), [](const Article& a, const Article& b) { return a.key < b.key; });
+    std::ranges::stable_sort(all, {}, &Article::key);
     std::vector<Article> chosen;
-    chosen.reserve(most);
     for (std::size_t i = 0; i < most; ++i)
         chosen.push_back(std::move(all[i * all.size() / most]));
     return chosen;

@@ -1,11 +1,11 @@
-#include "make_samples/OtherParsers.h"
+#include "make_samples/Parsers.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
-#include "make_samples/RichText.h"
-#include "make_samples/TextPieces.h"
+#include "make_samples/Text.h"
+#include "text/StringRules.h"
 
 namespace velmarin {
 
@@ -13,126 +13,72 @@ namespace {
 
 constexpr std::size_t mostHeadings = 2;
 
-bool isKana(char32_t c) {
-    return c >= 0x3040 && c <= 0x30FF;
-}
-
 bool allKana(std::string_view word) {
-    std::size_t at = 0;
-    while (at < word.size())
-        if (!isKana(nextCodePoint(word, at)))
+    for (std::size_t at = 0; at < word.size();)
+        if (const char32_t c = nextCodePoint(word, at); c < 0x3040 || c > 0x30FF)
             return false;
     return !word.empty();
 }
 
-/// Every stretch from `open` to `close` taken out, both included.
-std::string without(std::string text, std::string_view open, std::string_view close) {
-    for (auto at = text.find(open); at != std::string::npos; at = text.find(open, at)) {
-        const auto end = text.find(close, at + open.size());
-        if (end == std::string::npos)
-            break;
-        text.erase(at, end + close.size() - at);
-    }
-    return text;
-}
-
 /// The word class in the words of a French book.
-std::string_view printedClass(std::string_view line) {
-    static constexpr std::array<std::pair<std::string_view, std::string_view>, 9> rows{{
-        {"(noun", "n."},
-        {"adjectival nouns", "adj."},
-        {"adjective", "adj."},
-        {"adverb", "adv."},
-        {"verb", "v."},
-        {"pronoun", "pron."},
-        {"interjection (", "interj."},
-        {"conjunction", "conj."},
-        {"suffix", "suff."},
-    }};
+std::string printedClass(std::string_view text) {
+    static constexpr std::array<std::pair<std::string_view, const char*>, 9> rows{{{"(noun", "n."},
+                                                                                   {"adjectival nouns", "adj."},
+                                                                                   {"adjective", "adj."},
+                                                                                   {"adverb", "adv."},
+                                                                                   {"verb", "v."},
+                                                                                   {"pronoun", "pron."},
+                                                                                   {"interjection (", "interj."},
+                                                                                   {"conjunction", "conj."},
+                                                                                   {"suffix", "suff."}}};
     for (const auto& [found, printed] : rows)
-        if (line.find(found) != std::string_view::npos)
+        if (text.find(found) != std::string_view::npos)
             return printed;
     return {};
-}
-
-/// A sense after its number, without the word class in front of it.
-std::string withoutClass(const std::string& line) {
-    const std::size_t open = std::min(line.find_first_not_of("0123456789. "), line.size());
-    if (open == line.size() || line[open] != '(')
-        return line;
-    int depth = 0;
-    for (std::size_t i = open; i < line.size(); ++i) {
-        depth += line[i] == '(' ? 1 : line[i] == ')' ? -1 : 0;
-        if (depth == 0) {
-            if (printedClass(std::string_view(line).substr(open, i - open)).empty())
-                return line;
-            return line.substr(0, open) + std::string(trimmed(std::string_view(line).substr(i + 1)));
-        }
-    }
-    return line;
-}
-
-/// At most two of them, as Japanese books give the characters after the kana.
-std::string headingsInBrackets(const std::vector<std::string>& headings) {
-    std::string text = "【";
-    for (std::size_t i = 0; i < headings.size() && i < mostHeadings; ++i)
-        text += (i == 0 ? "" : "・") + headings[i];
-    return text + "】";
 }
 
 } // namespace
 
 Article parseJapaneseArticle(std::string_view text) {
-    Article article;
+    static Pattern common(R"(^[^\n]*\[(ichi1|news1|spec1)\])");
+    static const Pattern marks(R"( /[^/]*/|\[[^\]]*\]|\((?:[^()]|\([^()]*\))*\))");
+    static const Pattern notes(R"(\{[^}]*\})");
+    static Pattern classed(R"(^([\d. ]*)(\((?:[^()]|\([^()]*\))*\)) *(.*)$)");
     const auto lines = linesOf(text);
-    if (lines.size() < 2 ||
-        (lines[0].find("[ichi1]") == std::string_view::npos && lines[0].find("[news1]") == std::string_view::npos &&
-         lines[0].find("[spec1]") == std::string_view::npos))
-        return article;
     // A note in the source runs into the translation that follows it.
-    if (text.find("Note:") != std::string_view::npos)
-        return article;
-    std::string heading = without(std::string(lines[0]), " /", "/");
-    heading = without(without(std::move(heading), "[", "]"), "(", ")");
-    std::vector<std::string> headings;
-    std::string_view rest = heading;
-    while (!rest.empty()) {
-        const auto end = std::min(rest.find(','), rest.size());
-        const std::string word(trimmed(rest.substr(0, end)));
+    if (!common.finds(text) || text.find("Note:") != std::string_view::npos)
+        return {};
+    std::string key;
+    std::string first;
+    std::string headings;
+    std::size_t count = 0;
+    for (const std::string& part : Split(marks.removedFrom(lines[0]), ",")) {
+        const std::string word(trimmed(part));
         if (allKana(word)) {
-            if (article.key.empty())
-                article.key = word;
-        } else if (!word.empty()) {
-            headings.push_back(word);
+            key = key.empty() ? word : key;
+        } else if (!word.empty() && count++ < mostHeadings) {
+            first = first.empty() ? word : first;
+            headings += (headings.empty() ? "" : "・") + word;
         }
-        rest.remove_prefix(std::min(end + 1, rest.size()));
     }
-    if (article.key.empty())
-        return article;
-    article.guide = article.key;
-    Paragraph paragraph;
-    paragraph.spans.push_back({Style::Bold, article.key, false});
-    if (!headings.empty()) {
-        article.note = headings.front();
-        paragraph.spans.push_back({Style::Roman, headingsInBrackets(headings), false});
-    }
+    if (key.empty())
+        return {};
     std::string wordClass;
     std::string meaning;
     for (std::size_t i = 1; i < lines.size(); ++i) {
-        const std::string line = singleSpaced(without(std::string(lines[i]), "{", "}"));
-        if (line.starts_with("(") && line.ends_with(")")) {
-            if (wordClass.empty())
-                wordClass = printedClass(line);
-        } else if (!line.empty()) {
-            meaning += " " + withoutClass(line);
+        std::string line = singleSpaced(notes.removedFrom(lines[i]));
+        if (classed.finds(line)) {
+            const std::string found = printedClass(classed.Substring(2));
+            wordClass = wordClass.empty() ? found : wordClass;
+            if (!found.empty() || line == classed.Substring(2))
+                line = singleSpaced(classed.Substring(1) + classed.Substring(3));
         }
+        if (!line.empty())
+            meaning += " " + line;
     }
-    if (!wordClass.empty())
-        paragraph.spans.push_back({Style::Italic, " " + wordClass, false});
-    addRichText(paragraph.spans, meaning);
-    paragraph.spans.push_back({Style::Roman, ".", false});
-    article.paragraphs.push_back(std::move(paragraph));
-    return article;
+    const std::string markup = bold(key) + (headings.empty() ? "" : escaped("【" + headings + "】")) +
+                               (wordClass.empty() ? "" : italic(" " + wordClass)) + richText(meaning) + ".";
+    return {key, key, first, {{Setting::Hanging, false, false, markup}}, {}};
 }
 
 } // namespace velmarin

@@ -1,18 +1,20 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <memory>
 #include <vector>
 
-#include "make_samples/LineBreaker.h"
+#include <pango/pango.h>
 
 namespace velmarin {
 
 /// One line in the stream of a book's text.
 struct FlowLine {
-    Line line;
-    double spaceBefore = 0;    ///< dropped at the head of a column
-    bool keepWithNext = false; ///< no column may end after this line
+    std::shared_ptr<PangoLayoutLine> line; ///< null: an empty one
+    double x = 0;                          ///< from the left of the column
+    double leading = 0;                    ///< from the baseline before it to its own
+    double spaceBefore = 0;                ///< dropped at the head of a column
+    bool keepWithNext = false;             ///< no column may end after this line
     bool opensArticle = false;
     std::size_t article = 0; ///< which article it belongs to
 };

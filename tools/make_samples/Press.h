@@ -1,49 +1,52 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "make_samples/Article.h"
-#include "make_samples/Canvas.h"
-#include "make_samples/Design.h"
-#include "make_samples/FontSet.h"
+#include <pango/pango.h>
+
+#include "make_samples/Book.h"
 #include "make_samples/Hyphenator.h"
 #include "make_samples/Pagination.h"
+#include "make_samples/Sheet.h"
 
 namespace velmarin {
 
-/// Sets and prints the pages of one book. One for each thread; all of one design give the same result.
+/// Sets and draws the pages of one book with Pango and cairo. A press and the lines that it has set are used by one
+/// thread at a time; all presses of one design give the same result.
 class Press {
   public:
     explicit Press(const Design& design);
 
-    /// The lines of an article, its number in them.
-    std::vector<FlowLine> set(const std::vector<Paragraph>& paragraphs, std::size_t article);
+    /// The lines of an article, its number in them; above it the letter that opens a part of the alphabet, if any.
+    std::vector<FlowLine> set(const std::vector<Paragraph>& paragraphs, std::size_t article, const std::string& letter);
 
-    /// The letter that opens a part of the alphabet, as lines that stand before its first article.
-    std::vector<FlowLine> initial(const std::string& letter, std::size_t article);
-
-    /// What stands over a page: two guide words, or one where they are equal, and between them its number or name.
+    /// What is printed above a page: two guide words, or one if they are equal, and between them its number or name.
     struct Head {
         std::string left, middle, right;
     };
-    Canvas page(const Page& page, const std::vector<FlowLine>& flow, const Head& head);
-
-    Canvas titlePage(const Title& title);
+    void printPage(const std::filesystem::path& path, const Page& page, const std::vector<FlowLine>& flow,
+                   const Head& head);
+    void printTitlePage(const std::filesystem::path& path, const Title& title);
 
   private:
-    Line centred(Style style, double size, const std::string& text, bool red = false);
-    double widthOf(Style style, double size, const std::string& text);
-    void printAt(Canvas& canvas, Style style, double size, const std::string& text, double x, double y,
-                 bool red = false);
-    void printCentred(Canvas& canvas, Style style, double size, const std::string& text, double y, bool red = false);
-    void printHead(Canvas& canvas, const Head& head);
-    std::string shortened(Style style, double size, std::string text, double width);
+    using Layout = std::shared_ptr<PangoLayout>;
+
+    /// `size` in pixels; a `width` of 0 does not break the lines.
+    Layout layout(std::string markup, double size, double width = 0);
+    std::vector<FlowLine> linesOf(const Paragraph& paragraph);
+    std::vector<FlowLine> linesOf(const std::string& letter);
+    /// Draws one line of text on a baseline; `anchor` 0 has its left end at x, 0.5 its middle, 1 its right end.
+    void print(const Layout& text, double x, double baseline, double anchor) const;
+    void printHead(const Head& head);
 
     Design design_;
-    FontSet fonts_;
     Hyphenator hyphenator_;
+    std::shared_ptr<PangoContext> context_;
+    Sheet sheet_;
 };
 
 } // namespace velmarin

@@ -14,7 +14,9 @@ int main(int argc, char** argv) {
     std::string folder;
     std::string dictFolder = "/usr/share/dictd";
     unsigned threads = std::thread::hardware_concurrency();
-    app.add_option("FOLDER", folder, "The folder to make; one that has anything in it is left alone")->required();
+    app.add_option("FOLDER", folder,
+                   "The folder to make; in one that has anything in it, only outdated samples are made again")
+        ->required();
     app.add_option("--dict-dir", dictFolder, "Where the dictionaries' .index and .dict.dz files are")
         ->capture_default_str();
     app.add_option("--threads", threads, "How many threads set and print pages")->check(CLI::Range(1, 64));
@@ -25,7 +27,7 @@ int main(int argc, char** argv) {
                                                          std::printf("%s\n", line.c_str());
                                                          std::fflush(stdout);
                                                      });
-        std::printf("%s %s\n", folder.c_str(), made ? "is made" : "is there already");
+        std::printf("%s %s\n", folder.c_str(), made ? "is made" : "is up to date");
         return 0;
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "velmarin-make-samples: %s\n", failure.what());

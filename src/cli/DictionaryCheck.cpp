@@ -4,8 +4,8 @@
 #include "cli/LineCheck.h"
 #include "cli/PageListCheck.h"
 #include "cli/PictureNames.h"
+#include "files/FolderListing.h"
 #include "search/DictionarySearch.h"
-#include "store/FolderListing.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "cli/FolderArgument.h"
 
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
 #include "store/DictionaryItem.h"
 
 #include <filesystem>

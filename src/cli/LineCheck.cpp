@@ -1,6 +1,6 @@
 #include "cli/LineCheck.h"
 
-#include "store/TextFile.h"
+#include "files/TextFile.h"
 #include "text/StringRules.h"
 #include "text/Utf8.h"
 

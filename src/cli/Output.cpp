@@ -1,6 +1,6 @@
 #include "cli/Output.h"
 
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
 #include "text/Utf8.h"
 
 #include <cerrno>

@@ -1,11 +1,11 @@
 #include "maintenance/Export.h"
 
-#include "maintenance/FolderChanges.h"
-#include "maintenance/StagedItem.h"
-#include "maintenance/TreePlan.h"
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
+#include "files/FolderChanges.h"
+#include "files/StagedItem.h"
+#include "files/TemporaryName.h"
+#include "files/TreePlan.h"
 #include "store/DictionaryItem.h"
-#include "store/TemporaryName.h"
 #include "text/StringRules.h"
 
 #include <algorithm>

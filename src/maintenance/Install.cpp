@@ -1,9 +1,9 @@
 #include "maintenance/Install.h"
 
-#include "maintenance/FolderChanges.h"
-#include "maintenance/StagedItem.h"
-#include "maintenance/TreePlan.h"
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
+#include "files/FolderChanges.h"
+#include "files/StagedItem.h"
+#include "files/TreePlan.h"
 
 #include <cerrno>
 

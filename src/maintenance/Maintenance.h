@@ -1,7 +1,7 @@
 #pragma once
 
+#include "files/FolderItem.h"
 #include "maintenance/Record.h"
-#include "store/FolderItem.h"
 
 #include <QPointer>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/FileCopy.h"
-#include "store/FolderItem.h"
+#include "files/FileCopy.h"
+#include "files/FolderItem.h"
 
 #include <string>
 #include <vector>

@@ -1,13 +1,13 @@
 #include "maintenance/Update.h"
 
-#include "maintenance/FolderChanges.h"
-#include "maintenance/MovedOut.h"
-#include "maintenance/StagedItem.h"
-#include "maintenance/TreePlan.h"
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
+#include "files/FolderChanges.h"
+#include "files/FolderListing.h"
+#include "files/MovedOut.h"
+#include "files/StagedItem.h"
+#include "files/TreePlan.h"
 #include "store/DictionaryItem.h"
 #include "store/Fi_Module.h"
-#include "store/FolderListing.h"
 #include "text/StringRules.h"
 
 #include <cerrno>

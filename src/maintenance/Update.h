@@ -1,7 +1,7 @@
 #pragma once
 
+#include "files/Work.h"
 #include "maintenance/Record.h"
-#include "maintenance/Work.h"
 
 #include <string_view>
 #include <vector>

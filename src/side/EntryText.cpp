@@ -1,6 +1,6 @@
 #include "side/EntryText.h"
 
-#include "store/TextFile.h"
+#include "files/TextFile.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/TextFile.h"
+#include "files/TextFile.h"
 
 #include <cstdint>
 #include <string_view>

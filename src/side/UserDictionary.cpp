@@ -1,10 +1,10 @@
 #include "side/UserDictionary.h"
 
+#include "files/AtomicFile.h"
+#include "files/Descriptor.h"
+#include "files/TemporaryName.h"
+#include "files/TextFile.h"
 #include "side/DictionaryModule.h"
-#include "store/AtomicFile.h"
-#include "store/Descriptor.h"
-#include "store/TemporaryName.h"
-#include "store/TextFile.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"
 

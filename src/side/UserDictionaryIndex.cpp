@@ -1,7 +1,7 @@
+#include "files/AtomicFile.h"
 #include "side/DictionaryModule.h"
 #include "side/LineScanner.h"
 #include "side/UserDictionary.h"
-#include "store/AtomicFile.h"
 #include "store/Fi_Module.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"

@@ -1,8 +1,8 @@
 #include "store/Fi_Module.h"
 
-#include "store/AtomicFile.h"
-#include "store/FileCopy.h"
-#include "store/TextFile.h"
+#include "files/AtomicFile.h"
+#include "files/FileCopy.h"
+#include "files/TextFile.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"

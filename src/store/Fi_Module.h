@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 
 #include <functional>
 #include <set>
@@ -28,7 +28,7 @@ std::string mFiMod_RemoveExtesionFromFileName(std::string_view name);
 /// before a number counts bytes, and can go through a character.
 std::string mFiMod_GetUniqueFileName(std::string_view name, const FolderItem& folder);
 
-/// The copies and the move go by copyItem and moveItem (store/FileCopy.h): nothing is replaced, and items that cannot
+/// The copies and the move go by copyItem and moveItem (files/FileCopy.h): nothing is replaced, and items that cannot
 /// be copied are left out without a word. The result is the item of that name in `destFolder`, which does not exist
 /// where nothing was copied. Links are copied as links; by _Complete, and of a file under a new name, what they lead to
 /// is.

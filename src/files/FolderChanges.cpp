@@ -1,8 +1,8 @@
-#include "maintenance/FolderChanges.h"
+#include "files/FolderChanges.h"
 
-#include "store/Descriptor.h"
-#include "store/FolderItem.h"
-#include "store/TemporaryName.h"
+#include "files/Descriptor.h"
+#include "files/FolderItem.h"
+#include "files/TemporaryName.h"
 
 #include <algorithm>
 #include <array>

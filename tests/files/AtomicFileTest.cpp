@@ -1,6 +1,6 @@
-#include "store/AtomicFile.h"
-#include "store/FolderItem.h"
-#include "store/TemporaryName.h"
+#include "files/AtomicFile.h"
+#include "files/FolderItem.h"
+#include "files/TemporaryName.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

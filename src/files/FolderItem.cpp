@@ -1,4 +1,4 @@
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "maintenance/Work.h"
-#include "store/FileCopy.h"
+#include "files/FileCopy.h"
+#include "files/Work.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -48,7 +48,7 @@ struct TreePlan {
 /// In how many ways a folder may be reached by links: those that branch could otherwise make a small folder endless.
 inline constexpr int kMostWays = 64;
 
-/// What is copied leaves behind the hidden leftovers of earlier runs (store/TemporaryName.h); what is moved takes all.
+/// What is copied leaves behind the hidden leftovers of earlier runs (files/TemporaryName.h); what is moved takes all.
 enum class Purpose { Copy, Move };
 
 /// Plans the copy of `source` into the folder `destination`. With Links::Followed the source itself is followed too.

@@ -1,4 +1,4 @@
-#include "store/TextFile.h"
+#include "files/TextFile.h"
 
 #include <algorithm>
 #include <cerrno>

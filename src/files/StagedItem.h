@@ -1,7 +1,7 @@
 #pragma once
 
-#include "maintenance/TreePlan.h"
-#include "store/Descriptor.h"
+#include "files/Descriptor.h"
+#include "files/TreePlan.h"
 
 #include <filesystem>
 #include <optional>
@@ -10,7 +10,7 @@
 
 namespace velmarin {
 
-/// A copy under a hidden name (store/TemporaryName.h), whole and flushed to the disk, on its way to its own name.
+/// A copy under a hidden name (files/TemporaryName.h), whole and flushed to the disk, on its way to its own name.
 /// What has the hidden name when the object dies is removed; a run that is killed leaves it behind for
 /// clearLeftoverTemporaries, which the lock that the object holds keeps off meanwhile.
 class StagedItem {

@@ -1,5 +1,5 @@
-#include "store/FileCopy.h"
-#include "store/TextFile.h"
+#include "files/FileCopy.h"
+#include "files/TextFile.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "store/TextFile.h"
-#include "store/IndexedTextFile.h"
+#include "files/TextFile.h"
+#include "files/IndexedTextFile.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

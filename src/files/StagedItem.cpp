@@ -1,9 +1,9 @@
-#include "maintenance/StagedItem.h"
+#include "files/StagedItem.h"
 
-#include "maintenance/FolderChanges.h"
-#include "store/AtomicFile.h"
-#include "store/TemporaryName.h"
-#include "store/TextFile.h"
+#include "files/AtomicFile.h"
+#include "files/FolderChanges.h"
+#include "files/TemporaryName.h"
+#include "files/TextFile.h"
 
 #include <algorithm>
 #include <cerrno>

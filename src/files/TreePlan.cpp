@@ -1,8 +1,8 @@
-#include "maintenance/TreePlan.h"
+#include "files/TreePlan.h"
 
-#include "store/AtomicFile.h"
-#include "store/FolderItem.h"
-#include "store/TemporaryName.h"
+#include "files/AtomicFile.h"
+#include "files/FolderItem.h"
+#include "files/TemporaryName.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "maintenance/Work.h"
-#include "store/FileCopy.h"
+#include "files/FileCopy.h"
+#include "files/Work.h"
 
 #include <filesystem>
 #include <optional>

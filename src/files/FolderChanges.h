@@ -1,7 +1,7 @@
 #pragma once
 
-#include "maintenance/Work.h"
-#include "store/Descriptor.h"
+#include "files/Descriptor.h"
+#include "files/Work.h"
 
 #include <filesystem>
 #include <optional>
@@ -49,7 +49,7 @@ struct SetAside {
 std::optional<SetAside> setAside(const std::filesystem::path& item);
 
 /// Removes what runs that were killed have left in a folder: hidden copies that were not whole yet, and what had been
-/// replaced and was about to be removed (store/TemporaryName.h). What was set aside and has no successor yet gets its
+/// replaced and was about to be removed (files/TemporaryName.h). What was set aside and has no successor yet gets its
 /// name back. What a running process holds locked stays.
 void clearLeftovers(const std::filesystem::path& folder, Work& work);
 /// Whether there is any such leftover.

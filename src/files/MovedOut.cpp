@@ -1,10 +1,10 @@
-#include "maintenance/MovedOut.h"
+#include "files/MovedOut.h"
 
-#include "maintenance/FolderChanges.h"
-#include "maintenance/StagedItem.h"
-#include "maintenance/TreePlan.h"
-#include "store/AtomicFile.h"
-#include "store/TemporaryName.h"
+#include "files/AtomicFile.h"
+#include "files/FolderChanges.h"
+#include "files/StagedItem.h"
+#include "files/TemporaryName.h"
+#include "files/TreePlan.h"
 
 #include <cerrno>
 

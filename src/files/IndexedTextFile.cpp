@@ -1,4 +1,4 @@
-#include "store/IndexedTextFile.h"
+#include "files/IndexedTextFile.h"
 
 namespace velmarin {
 

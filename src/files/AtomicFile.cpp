@@ -1,8 +1,8 @@
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
 
-#include "store/Descriptor.h"
-#include "store/FolderItem.h"
-#include "store/TemporaryName.h"
+#include "files/Descriptor.h"
+#include "files/FolderItem.h"
+#include "files/TemporaryName.h"
 
 #include <cerrno>
 #include <optional>

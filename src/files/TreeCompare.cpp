@@ -1,5 +1,5 @@
-#include "maintenance/TreePlan.h"
-#include "store/TextFile.h"
+#include "files/TextFile.h"
+#include "files/TreePlan.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/Descriptor.h"
-#include "store/FolderItem.h"
+#include "files/Descriptor.h"
+#include "files/FolderItem.h"
 
 #include <cstddef>
 #include <cstdint>

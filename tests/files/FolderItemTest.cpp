@@ -1,5 +1,5 @@
-#include "store/FolderItem.h"
-#include "store/FolderListing.h"
+#include "files/FolderItem.h"
+#include "files/FolderListing.h"
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"

@@ -1,4 +1,4 @@
-#include "store/FolderListing.h"
+#include "files/FolderListing.h"
 
 #include "text/StringRules.h"
 

@@ -22,7 +22,7 @@ struct WriteResult {
 WriteResult writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
                                 Durability durability = Durability::Flushed);
 
-/// Removes what killed runs have left in a folder: the temporary files and folders (store/TemporaryName.h) that no
+/// Removes what killed runs have left in a folder: the temporary files and folders (files/TemporaryName.h) that no
 /// process holds locked. Every flushed write does this for its own folder first.
 void clearLeftoverTemporaries(const std::filesystem::path& folder);
 

@@ -1,4 +1,4 @@
-#include "store/TemporaryName.h"
+#include "files/TemporaryName.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,9 +1,9 @@
-#include "store/FileCopy.h"
+#include "files/FileCopy.h"
 
-#include "store/AtomicFile.h"
-#include "store/Descriptor.h"
-#include "store/TemporaryName.h"
-#include "store/TextFile.h"
+#include "files/AtomicFile.h"
+#include "files/Descriptor.h"
+#include "files/TemporaryName.h"
+#include "files/TextFile.h"
 
 #include <algorithm>
 #include <cerrno>

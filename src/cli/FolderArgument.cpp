@@ -1,6 +1,5 @@
 #include "cli/FolderArgument.h"
 
-#include "files/AtomicFile.h"
 #include "store/DictionaryItem.h"
 
 #include <filesystem>

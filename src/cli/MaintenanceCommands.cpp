@@ -1,10 +1,13 @@
 #include "cli/Commands.h"
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
+#include "files/TreePlan.h"
 #include "maintenance/Export.h"
 #include "maintenance/Install.h"
 #include "maintenance/Update.h"
 #include "store/DictionaryItem.h"
+
+#include <utility>
 
 namespace velmarin {
 
@@ -31,12 +34,15 @@ constexpr const char* kUpdateHelp = R"help(Columns:
   2  its path
 
 Brings the members of the folder of a dictionary into every dictionary of that
-name, case ignored, in the groups of DICTIONARYFOLDER; links to dictionaries or
-groups are not followed. Members that only the installed dictionary has stay, and
-so do hidden ones. What is replaced goes to a new folder for each dictionary in
-BACKUPFOLDER, which is made where it is missing. At any moment each old member is
-whole in the one place or the other. After a run that was ended half-way, the
-same command again completes it.
+name, case and Unicode composition ignored, in the groups of DICTIONARYFOLDER;
+links to dictionaries or groups are not followed. Members that only the installed
+dictionary has stay, and so do hidden ones. What is replaced goes to a new folder for each dictionary in
+BACKUPFOLDER, which is created if it is missing. ind, txt and mImg are replaced
+only together, and if a disk is full the dictionary stays as it is. After a run
+that was ended half-way, the same command again completes it.
+
+While another install, update or export works on DICTIONARYFOLDER, the command
+waits and says so.
 
 Exit status: 0 all were updated, 1 no group holds such a dictionary, 2 not all
 members could be replaced.
@@ -72,12 +78,21 @@ FolderItem dictionaryArgument(const std::string& argument, Links links) {
 void write(const Record& record, Session& session) {
     for (const Record::Entry& each : record.deeds)
         session.out().record({deedInWords(each.deed), each.item.path().native()});
-    for (const CopyFailure& each : record.failures)
+    for (const Failure& each : record.failures)
         session.couldNot(each.item.path().native() + ": " + each.reason);
 }
 
+/// Says once which folder the run waits for.
+Progress sayWhatIsWaitedFor() {
+    return [said = false](const WorkDone& done) mutable {
+        if (!done.waitsFor.empty() && !std::exchange(said, true))
+            complain(done.waitsFor.native() + ": waiting for another install, update or export to end");
+    };
+}
+
 Status install(const std::string& dictionary, const std::string& group, Session& session) {
-    write(installDictionary(dictionaryArgument(dictionary, Links::Kept), folderArgument(group)), session);
+    write(installDictionary(dictionaryArgument(dictionary, Links::Kept), folderArgument(group), sayWhatIsWaitedFor()),
+          session);
     return Status::Done;
 }
 
@@ -89,7 +104,7 @@ Status update(const std::string& dictionary, const std::string& dictionaryFolder
         return Status::NothingFound;
     if (backups.empty())
         throw CannotDo("an empty name is no folder");
-    write(updateDictionary(newVersion, copies, FolderItem(backups)), session);
+    write(updateDictionary(newVersion, copies, FolderItem(backups), sayWhatIsWaitedFor()), session);
     return Status::Done;
 }
 
@@ -97,7 +112,7 @@ Status update(const std::string& dictionary, const std::string& dictionaryFolder
 bool exportOne(const FolderItem& dictionary, const FolderItem& destination, bool replace, Session& session) {
     Record record;
     exportDictionary(
-        dictionary, destination, [replace](const std::string&) { return replace; }, {}, record);
+        dictionary, destination, [replace](const std::string&) { return replace; }, sayWhatIsWaitedFor(), record);
     bool skipped = false;
     for (Record::Entry& each : record.deeds) {
         if (each.deed != Deed::Skipped)

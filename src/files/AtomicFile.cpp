@@ -1,16 +1,18 @@
 #include "files/AtomicFile.h"
 
-#include "files/Descriptor.h"
-#include "files/FolderItem.h"
+#include "files/Leftovers.h"
+#include "files/NewFile.h"
+#include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <optional>
 #include <system_error>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace velmarin {
 
@@ -37,20 +39,6 @@ std::optional<fs::path> endOfLinks(fs::path path) {
     return std::nullopt;
 }
 
-/// Some file systems cannot flush a folder or a file on demand; that is no failure of the write.
-bool flush(int descriptor) {
-    int result = 0;
-    do
-        result = ::fsync(descriptor);
-    while (result != 0 && errno == EINTR);
-    return result == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
-}
-
-bool flushFolder(const fs::path& folder) {
-    const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return !opened || flush(opened.number()); // a folder that may be written but not read cannot be flushed
-}
-
 /// A temporary file on its way to its name, removed again unless it gets there. It is locked for as long as it is open,
 /// which tells it from the leftover of a run that was killed.
 class TemporaryFile {
@@ -69,18 +57,11 @@ class TemporaryFile {
         constexpr int kAttempts = 100;
         for (int attempt = 0; attempt < kAttempts; ++attempt) {
             const fs::path path = folder / newTemporaryName();
-            Descriptor made(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-            if (!made) {
-                if (errno == EEXIST || errno == EINTR)
-                    continue;
+            file_.emplace(path);
+            if (!*file_ && errno != EEXIST)
                 return false;
-            }
-            // Between these lines another process may take the file for a leftover: it is then gone, or about to go.
-            const bool taken = ::flock(made.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-            struct stat found {};
-            if (!taken && ::fstat(made.number(), &found) == 0 && found.st_nlink > 0) {
+            if (*file_ && lockFresh(file_->descriptor())) {
                 path_ = path;
-                descriptor_ = std::move(made);
                 return true;
             }
         }
@@ -88,38 +69,15 @@ class TemporaryFile {
         return false;
     }
 
-    /// The owner and permissions of the file that is to be replaced; what cannot be kept there is let go.
+    /// The owner and permissions of the file that is to be replaced; what cannot be kept there is dropped.
     bool keepMode(const struct stat& old) {
-        [[maybe_unused]] const int ignored = ::fchown(descriptor_.number(), old.st_uid, old.st_gid);
-        return ::fchmod(descriptor_.number(), old.st_mode & 07777) == 0 || errno == EPERM || errno == ENOTSUP;
+        const int descriptor = file_->descriptor().number();
+        [[maybe_unused]] const int ignored = ::fchown(descriptor, old.st_uid, old.st_gid);
+        return ::fchmod(descriptor, old.st_mode & 07777) == 0 || errno == EPERM || errno == ENOTSUP;
     }
 
-    bool write(std::string_view bytes) {
-        const std::size_t size = bytes.size();
-        while (!bytes.empty()) {
-            const ssize_t done = ::write(descriptor_.number(), bytes.data(), bytes.size());
-            if (done < 0 && errno == EINTR)
-                continue;
-            if (done <= 0) {
-                errno = done == 0 ? ENOSPC : errno;
-                return false;
-            }
-            bytes.remove_prefix(static_cast<std::size_t>(done));
-        }
-        struct stat found {};
-        if (::fstat(descriptor_.number(), &found) != 0)
-            return false;
-        errno = EIO;
-        return static_cast<std::uint64_t>(found.st_size) == size;
-    }
-
-    /// Network file systems tell of a failed write at the latest when a descriptor is closed: a second one is, so that
-    /// the lock stays.
-    bool arrived(Durability durability) {
-        if (durability == Durability::Flushed)
-            return flush(descriptor_.number());
-        const int second = ::fcntl(descriptor_.number(), F_DUPFD_CLOEXEC, 0);
-        return second >= 0 && (::close(second) == 0 || errno == EINTR);
+    bool write(std::string_view bytes, Durability durability) {
+        return file_->write(bytes) && (durability == Durability::Flushed ? file_->flush() : file_->check());
     }
 
     bool moveTo(const fs::path& path) {
@@ -130,33 +88,11 @@ class TemporaryFile {
     }
 
   private:
-    Descriptor descriptor_;
+    std::optional<NewFile> file_;
     fs::path path_;
 };
 
 } // namespace
-
-std::string errorInWords(int error) {
-    return std::error_code(error, std::generic_category()).message();
-}
-
-void clearLeftoverTemporaries(const fs::path& folder) {
-    const auto names = listNames(folder);
-    if (!names)
-        return;
-    for (const std::string& name : *names) {
-        if (!isTemporaryName(name) || isSetAsideName(name))
-            continue;
-        const fs::path path = folder / name;
-        const Descriptor opened(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
-        struct stat found {};
-        if (!opened || ::fstat(opened.number(), &found) != 0 || !(S_ISREG(found.st_mode) || S_ISDIR(found.st_mode)))
-            continue;
-        std::error_code ignored;
-        if (::flock(opened.number(), LOCK_EX | LOCK_NB) == 0)
-            fs::remove_all(path, ignored);
-    }
-}
 
 WriteResult writeFileAtomically(const fs::path& path, std::string_view bytes, Durability durability) {
     const auto target = endOfLinks(path);
@@ -170,12 +106,13 @@ WriteResult writeFileAtomically(const fs::path& path, std::string_view bytes, Du
     // A rename would get past the write protection of the file itself.
     if (replaces && ::faccessat(AT_FDCWD, target->c_str(), W_OK, AT_EACCESS) != 0)
         return failure(path, errorInWords(errno));
+    Work quiet;
     if (durability == Durability::Flushed)
-        clearLeftoverTemporaries(folder);
+        clearLeftovers(folder, quiet);
 
     TemporaryFile temporary;
-    if (!temporary.make(folder) || (replaces && !temporary.keepMode(old)) || !temporary.write(bytes) ||
-        !temporary.arrived(durability) || !temporary.moveTo(*target))
+    if (!temporary.make(folder) || (replaces && !temporary.keepMode(old)) || !temporary.write(bytes, durability) ||
+        !temporary.moveTo(*target))
         return failure(path, errorInWords(errno));
     if (durability == Durability::Flushed && !flushFolder(folder))
         return failure(path, errorInWords(errno));

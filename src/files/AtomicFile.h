@@ -11,22 +11,16 @@ enum class Durability { Flushed, RenamedOnly };
 
 struct WriteResult {
     bool ok = true;
-    /// In plain words, with the file's name: empty where all went well.
+    /// In plain words, with the file's name; empty on success.
     std::string reason;
     explicit operator bool() const { return ok; }
 };
 
-/// The one writer of every file that the system rewrites: a temporary file beside it, every byte checked, flushed,
+/// The one writer of every file that the program rewrites: a temporary file beside it, every byte checked, flushed,
 /// renamed over the old one, the folder flushed. At any moment the file holds its old bytes or its new ones. A link is
-/// followed and stays a link; the permissions of an existing file are kept. On failure the temporary file is gone.
+/// followed and stays a link; the permissions of an existing file are kept. On failure the temporary file is gone. A
+/// flushed write first clears the leftovers of killed runs from the folder.
 WriteResult writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
                                 Durability durability = Durability::Flushed);
-
-/// Removes what killed runs have left in a folder: the temporary files and folders (files/TemporaryName.h) that no
-/// process holds locked. Every flushed write does this for its own folder first.
-void clearLeftoverTemporaries(const std::filesystem::path& folder);
-
-/// What the system says of an error number.
-std::string errorInWords(int error);
 
 } // namespace velmarin

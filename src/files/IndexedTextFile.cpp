@@ -1,5 +1,7 @@
 #include "files/IndexedTextFile.h"
 
+#include "files/LineScanner.h"
+
 namespace velmarin {
 
 IndexedTextFile::IndexedTextFile(FolderItem file) : file_(std::move(file)) {}
@@ -22,26 +24,23 @@ IndexedTextFile::Line IndexedTextFile::line(std::uint64_t number) {
     if (number == 0)
         return {.status = Status::NoSuchLine, .text = {}};
 
+    std::string_view text;
     const std::uint64_t before = number - 1;
     if (before < knownLines_) {
-        FileLineReader reader(*file, everyNth_[before / kStep]);
-        for (std::uint64_t i = before % kStep; i > 0; --i)
-            reader.skipLine();
-        return {.status = Status::Found, .text = reader.ReadLine()};
+        LineScanner lines(*file, everyNth_[before / kStep]);
+        for (std::uint64_t i = 0; i <= before % kStep; ++i)
+            lines.next(text);
+        return {.status = Status::Found, .text = std::string(text)};
     }
-    FileLineReader reader(*file, knownTo_);
-    for (; knownLines_ < before && !reader.EOF_(); ++knownLines_) {
-        notePlace(reader.position());
-        reader.skipLine();
+    LineScanner lines(*file, knownTo_);
+    while (lines.next(text)) {
+        notePlace(knownTo_);
+        ++knownLines_;
+        knownTo_ = lines.position();
+        if (knownLines_ == number)
+            return {.status = Status::Found, .text = std::string(text)};
     }
-    knownTo_ = reader.position();
-    if (reader.EOF_())
-        return {.status = Status::NoSuchLine, .text = {}};
-    notePlace(knownTo_);
-    Line found{.status = Status::Found, .text = reader.ReadLine()};
-    ++knownLines_;
-    knownTo_ = reader.position();
-    return found;
+    return {.status = Status::NoSuchLine, .text = {}};
 }
 
 void IndexedTextFile::notePlace(std::uint64_t place) {

@@ -11,7 +11,7 @@
 namespace velmarin {
 
 /// A text file whose lines are asked for by number. The places of its lines are noted as far as a question needs and
-/// kept; a file whose size, identity or time of change differs is read anew. Nothing of its text is kept.
+/// kept; a file whose size, identity or time of change differs is read again. Nothing of its text is kept.
 class IndexedTextFile {
   public:
     IndexedTextFile() = default;
@@ -24,7 +24,7 @@ class IndexedTextFile {
         Status status = Status::NoFile;
         std::string text;
     };
-    /// Line `number`, counted from 1, without its end (and without what FileLineReader leaves out of a huge one).
+    /// Line `number`, counted from 1, without its end (and without what LineScanner leaves out of a huge one).
     Line line(std::uint64_t number);
 
   private:

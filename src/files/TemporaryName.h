@@ -1,19 +1,25 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace velmarin {
 
-/// Hidden names of what is being written and not whole yet, ".velmarin-<process>-<number>.tmp": each is new in this
-/// run.
-std::string newTemporaryName();
-/// The hidden name of a folder that holds what is about to be replaced, under its own name:
-/// ".velmarin-<process>-<number>.old".
-std::string newSetAsideName();
+/// What a hidden item is for, as its name says, ".velmarin-<process>-<number>" and the ending:
+enum class TemporaryKind {
+    Staged,   ///< ".tmp": new and not whole yet, or old and about to be removed
+    Swap,     ///< ".swap": a folder whose new members are changing places with old ones
+    Replaced, ///< ".old": a folder of replaced members on their way to a backup
+};
 
-/// Either kind.
+/// A name that is new in this run.
+std::string newTemporaryName();
+/// A name of that kind with the numbers of `name`.
+std::string temporaryNameAs(TemporaryKind kind, std::string_view name);
+
+/// Nothing where the name is none of these.
+std::optional<TemporaryKind> temporaryKind(std::string_view name);
 bool isTemporaryName(std::string_view name);
-bool isSetAsideName(std::string_view name);
 
 } // namespace velmarin

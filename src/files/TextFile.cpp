@@ -127,46 +127,4 @@ std::string_view LineReader::ReadLine() {
     return text_.substr(begin, end - begin);
 }
 
-FileLineReader::FileLineReader(const ReadOnlyFile& file, std::uint64_t offset)
-    : file_(file), window_(kWindow), windowAt_(offset) {
-    if (offset == 0) {
-        refill();
-        if (std::string_view(window_.data(), filled_).starts_with(kByteOrderMark))
-            at_ = kByteOrderMark.size();
-    }
-}
-
-bool FileLineReader::refill() {
-    windowAt_ += filled_;
-    at_ = 0;
-    filled_ = file_.read(windowAt_, window_.data(), window_.size());
-    return filled_ > 0;
-}
-
-bool FileLineReader::EOF_() {
-    return at_ >= filled_ && !refill();
-}
-
-void FileLineReader::takeLine(std::string* line) {
-    while (at_ < filled_ || refill()) {
-        const std::size_t begin = at_;
-        const char* all = window_.data();
-        at_ = static_cast<std::size_t>(findLineEnd(all + at_, all + filled_) - all);
-        if (line != nullptr && line->size() < kLongestLine)
-            line->append(window_.data() + begin, std::min(at_ - begin, kLongestLine - line->size()));
-        if (at_ >= filled_)
-            continue;
-        const bool carriageReturn = window_[at_++] == '\r';
-        if (carriageReturn && (at_ < filled_ || refill()) && window_[at_] == '\n')
-            ++at_;
-        return;
-    }
-}
-
-std::string FileLineReader::ReadLine() {
-    std::string line;
-    takeLine(&line);
-    return line;
-}
-
 } // namespace velmarin

@@ -8,7 +8,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace velmarin {
 
@@ -60,33 +59,6 @@ class LineReader {
 
   private:
     std::string_view text_;
-    std::size_t at_ = 0;
-};
-
-/// The lines of a file, by the rules of LineReader, through a window of fixed size, whatever the length of the file.
-class FileLineReader {
-  public:
-    /// `file` must outlive the reader; `offset` is where a line begins.
-    explicit FileLineReader(const ReadOnlyFile& file, std::uint64_t offset = 0);
-
-    bool EOF_();
-    /// The next line without its end; what goes beyond kLongestLine bytes is left out. Empty at the end of the file.
-    std::string ReadLine();
-    void skipLine() { takeLine(nullptr); }
-    /// Where the next line begins, in bytes.
-    std::uint64_t position() const { return windowAt_ + at_; }
-
-    static constexpr std::size_t kLongestLine = std::size_t{1} << 24;
-    static constexpr std::size_t kWindow = std::size_t{1} << 16;
-
-  private:
-    bool refill();
-    void takeLine(std::string* line);
-
-    const ReadOnlyFile& file_;
-    std::vector<char> window_;
-    std::uint64_t windowAt_ = 0;
-    std::size_t filled_ = 0;
     std::size_t at_ = 0;
 };
 

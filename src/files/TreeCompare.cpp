@@ -1,5 +1,5 @@
+#include "files/TreeCompare.h"
 #include "files/TextFile.h"
-#include "files/TreePlan.h"
 
 #include <algorithm>
 #include <cstring>
@@ -20,7 +20,7 @@ bool sameBytes(const fs::path& one, const fs::path& other, Work& work) {
     const auto b = ReadOnlyFile::open(FolderItem(other));
     if (!a || !b || a->stamp().size != b->stamp().size)
         return false;
-    // What was just written shall come from the disk, as far as the system lets go of it.
+    // What was just written is to be read from the disk, not from the system's cache.
     ::posix_fadvise(b->descriptor(), 0, 0, POSIX_FADV_DONTNEED);
     std::string left(kPiece, '\0');
     std::string right(kPiece, '\0');

@@ -1,7 +1,7 @@
 #include "files/TreePlan.h"
 
-#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
+#include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 
 #include <algorithm>
@@ -52,11 +52,18 @@ bool has(const std::vector<Identity>& all, Identity one) {
 
 class Planner {
   public:
-    Planner(const fs::path& destination, Links links, Purpose purpose, Work& work)
-        : links_(links), purpose_(purpose), work_(work), above_(folderAndThoseAbove(destination)) {}
+    Planner(const fs::path& destination, Links links, Purpose purpose, Work& work, const fs::path& whole)
+        : links_(links), purpose_(purpose), work_(work), above_(folderAndThoseAbove(destination)) {
+        std::error_code error;
+        if (!whole.empty())
+            whole_ = fs::canonical(whole, error);
+    }
 
     TreePlan plan(const fs::path& source) {
         plan_.source = source;
+        std::error_code error;
+        if (whole_.empty() && !fs::is_symlink(source, error))
+            whole_ = fs::canonical(source, error);
         add({});
         return std::move(plan_);
     }
@@ -112,8 +119,36 @@ class Planner {
         item.leadsTo = fs::read_symlink(path, error).native();
         if (error)
             plan_.unreadable.push_back({FolderItem(path), error.message()});
+        else if (purpose_ == Purpose::Copy && !leadsToTheSame(item))
+            plan_.unreadable.push_back({FolderItem(path), "it is a link that leads nowhere"});
         else
             plan_.items.push_back(std::move(item));
+    }
+
+    bool isInWhole(const fs::path& path) const {
+        return !whole_.empty() &&
+               std::mismatch(whole_.begin(), whole_.end(), path.begin(), path.end()).first == whole_.end();
+    }
+
+    /// Rewrites a relative link that the copy would lead elsewhere. False for one that leads nowhere.
+    bool leadsToTheSame(PlannedItem& item) const {
+        const fs::path leadsTo(item.leadsTo);
+        if (leadsTo.is_absolute())
+            return true;
+        std::error_code error;
+        const fs::path link = plan_.pathOf(item);
+        const fs::path target = fs::canonical(link, error);
+        if (error)
+            return false;
+        const fs::path folder = fs::canonical(fs::absolute(link).parent_path(), error);
+        fs::path at = folder;
+        if (std::all_of(leadsTo.begin(), leadsTo.end(), [&](const fs::path& step) {
+                at = (at / step).lexically_normal();
+                return isInWhole(at);
+            }))
+            return true; // its way does not leave what is copied
+        item.leadsTo = (isInWhole(target) ? target.lexically_relative(folder) : target).native();
+        return true;
     }
 
     void addFolder(PlannedItem item, Identity self) {
@@ -155,12 +190,14 @@ class Planner {
     std::vector<Identity> open_;
     std::map<Identity, int> ways_;
     TreePlan plan_;
+    fs::path whole_;
 };
 
 } // namespace
 
-TreePlan planTree(const fs::path& source, const fs::path& destination, Links links, Purpose purpose, Work& work) {
-    return Planner(destination, links, purpose, work).plan(source);
+TreePlan planTree(const fs::path& source, const fs::path& destination, Links links, Purpose purpose, Work& work,
+                  const fs::path& whole) {
+    return Planner(destination, links, purpose, work, whole).plan(source);
 }
 
 bool liesIn(const fs::path& item, const fs::path& folder) {

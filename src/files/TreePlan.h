@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/FileCopy.h"
+#include "files/Failure.h"
 #include "files/Work.h"
 
 #include <cstddef>
@@ -12,6 +12,10 @@
 #include <sys/stat.h>
 
 namespace velmarin {
+
+/// What becomes of symbolic links inside what is copied: they stay links, or what they lead to takes their place and
+/// name.
+enum class Links { Kept, Followed };
 
 struct PlannedItem {
     enum class Kind { Folder, File, Link };
@@ -33,9 +37,9 @@ struct TreePlan {
     std::uint64_t bytes = 0;
     /// What no copy can hold: FIFOs, devices and sockets; where links are followed, those that lead nowhere, in a
     /// circle, or to a folder that the destination lies in. The copy counts as whole without them.
-    std::vector<CopyFailure> leftOut;
+    Failures leftOut;
     /// What ought to be in the copy and cannot be read: without it the copy would not be whole.
-    std::vector<CopyFailure> unreadable;
+    Failures unreadable;
 
     std::filesystem::path pathOf(const PlannedItem& item) const { return placeOf(item, source); }
     /// Where an item stands in a copy whose top is `top`.
@@ -48,18 +52,18 @@ struct TreePlan {
 /// In how many ways a folder may be reached by links: those that branch could otherwise make a small folder endless.
 inline constexpr int kMostWays = 64;
 
-/// What is copied leaves behind the hidden leftovers of earlier runs (files/TemporaryName.h); what is moved takes all.
+/// A copy is without the hidden leftovers of earlier runs (files/TemporaryName.h), and its relative links are made to
+/// lead where the original's do: those to a place outside are rewritten, those that lead nowhere count as unreadable.
+/// What is moved takes everything as it is.
 enum class Purpose { Copy, Move };
 
 /// Plans the copy of `source` into the folder `destination`. With Links::Followed the source itself is followed too.
+/// `whole` is the folder that is copied together with `source`, where that is only a member of it: links between
+/// members stay as they are.
 TreePlan planTree(const std::filesystem::path& source, const std::filesystem::path& destination, Links links,
-                  Purpose purpose, Work& work);
+                  Purpose purpose, Work& work, const std::filesystem::path& whole = {});
 
 /// Whether `item` is the folder `folder` or lies in it, however the two are reached.
 bool liesIn(const std::filesystem::path& item, const std::filesystem::path& folder);
-
-/// Whether what was planned and what stands at `other` (its links as they stand) are the same, byte for byte: names,
-/// kinds and contents. What stands at `other` is read from the disk, where the system lets go of what it holds of it.
-bool sameContents(const TreePlan& plan, const std::filesystem::path& other, Work& work);
 
 } // namespace velmarin

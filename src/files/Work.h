@@ -12,10 +12,12 @@ struct WorkDone {
     std::filesystem::path item; ///< what is being worked on
     std::uint64_t bytes = 0;    ///< copied so far
     std::uint64_t of = 0;       ///< as far as known yet
+    /// The folder that another run holds locked, for as long as this one waits for it; otherwise empty.
+    std::filesystem::path waitsFor;
 };
 
 /// Called between pieces of work: for every item, and every few megabytes. It may run the event loop. What it throws
-/// ends the command, which clears up behind itself.
+/// ends the command, which then removes what it has staged.
 using Progress = std::function<void(const WorkDone&)>;
 
 /// Counts the work of one command and calls its Progress.
@@ -30,6 +32,12 @@ class Work {
     }
     void copied(std::uint64_t bytes) {
         done_.bytes += bytes;
+        pass();
+    }
+    void waitFor(const std::filesystem::path& folder) {
+        if (folder.empty() && done_.waitsFor.empty())
+            return;
+        done_.waitsFor = folder;
         pass();
     }
     void pass() const {

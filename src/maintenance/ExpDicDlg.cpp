@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -139,6 +140,13 @@ void ExpDicDlg::CancelBT_Action() {
 }
 
 void ExpDicDlg::OKBT_Action() {
+    if (busy_.busy()) { // an update that this one would wait for would wait for this one to return
+        busy_.whenFree([self = QPointer<ExpDicDlg>(this)] {
+            if (self)
+                self->OKBT_Action();
+        });
+        return;
+    }
     int first = 0;
     while (first < MainLB_->rowCount() && !ticked(first))
         ++first;

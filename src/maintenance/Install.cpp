@@ -1,9 +1,11 @@
 #include "maintenance/Install.h"
 
-#include "files/AtomicFile.h"
-#include "files/FolderChanges.h"
-#include "files/StagedItem.h"
-#include "files/TreePlan.h"
+#include "files/FolderLock.h"
+#include "files/Leftovers.h"
+#include "files/StagedMembers.h"
+#include "files/SystemCalls.h"
+#include "files/TreeCompare.h"
+#include "maintenance/DictionaryFolder.h"
 
 #include <cerrno>
 
@@ -28,6 +30,7 @@ Record installDictionary(const FolderItem& dictionary, const FolderItem& group, 
     };
     if (!group.Directory())
         return fail(group, "it is not a folder");
+    const FolderLock lock(dictionaryFolderOf(group), FolderLock::Kind::Alone, work);
     clearLeftovers(group.path(), work);
 
     const TreePlan plan = planTree(dictionary.path(), group.path(), Links::Kept, Purpose::Copy, work);
@@ -46,14 +49,16 @@ Record installDictionary(const FolderItem& dictionary, const FolderItem& group, 
     }
 
     work.expect(plan.bytes);
-    auto staged = StagedItem::copy(plan, group.path(), work, record.failures);
+    auto staged = StagedMembers::in(group.path());
     if (!staged)
+        return fail(group, "nothing can be written there: " + errorInWords(errno));
+    if (staged->copy(plan, dictionary.Name(), work, record.failures) != CopyOutcome::Whole)
         return record;
-    if (!staged->moveToEvenOverEmptyFolder(target.path()))
-        return fail(dictionary, "it could not be given its name in the group: " + errorInWords(errno));
+    if (!staged->moveTo(dictionary.Name(), target.path()))
+        return fail(target, "it could not be given its name: " + errorInWords(errno));
     record.deeds.push_back({Deed::Installed, target});
     if (!flushFolder(group.path()))
-        return fail(target, errorInWords(errno));
+        return fail(target, "it could not be written: " + errorInWords(errno));
     return record;
 }
 

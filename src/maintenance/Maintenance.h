@@ -1,7 +1,9 @@
 #pragma once
 
 #include "files/FolderItem.h"
+#include "files/Work.h"
 #include "maintenance/Record.h"
+#include "platform/Desktop.h"
 
 #include <QPointer>
 
@@ -13,13 +15,10 @@ class ExpDicDlg;
 class Host;
 class WindowsLink;
 
-/// The desktop of the user, where the backup folders of an update go. It need not exist.
-FolderItem desktopFolder();
-
 /// The maintenance commands and their dialogs, of which there is one each. Owned by the application object.
 class Maintenance {
   public:
-    Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop = desktopFolder());
+    Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop = FolderItem(desktopFolder()));
     ~Maintenance();
 
     /// Asks for a dictionary, and updates every installed copy of it or, where there is none, installs it. Works while
@@ -34,7 +33,7 @@ class Maintenance {
     void windowLeftGroup(int window);
 
   private:
-    Record mInstallDictionary(const FolderItem& dictionary);
+    Record mInstallDictionary(const FolderItem& dictionary, const Progress& progress);
 
     WindowsLink& windows_;
     Host& host_;

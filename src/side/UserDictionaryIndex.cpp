@@ -1,6 +1,8 @@
+#include "side/UserDictionaryIndex.h"
+
 #include "files/AtomicFile.h"
+#include "files/LineScanner.h"
 #include "side/DictionaryModule.h"
-#include "side/LineScanner.h"
 #include "side/UserDictionary.h"
 #include "store/Fi_Module.h"
 #include "text/NilObjectException.h"
@@ -72,10 +74,8 @@ std::vector<std::string_view> sortedLines(std::string_view text, BuildProgress& 
 
 } // namespace
 
-void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index,
-                                      BuildProgress& progress) const {
-    if (source.isNil() || index.isNil())
-        return;
+void makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, BuildProgress& progress,
+                             const std::function<void(std::string_view)>& write) {
     progress.message("I'm counting the lines of the data.");
     const int lineCount = mFiMod_GetLineCountFromTextFi(source);
     const auto file = ReadOnlyFile::open(source);
@@ -85,7 +85,7 @@ void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem
 
     progress.message("I'm making the word for sorting and searching.");
     progress.setMaximum(lineCount);
-    const Words words = makeWords(*this, *file, progress);
+    const Words words = makeWords(module, *file, progress);
     progress.setValue(lineCount);
 
     progress.message("I'm making the index data.");
@@ -106,10 +106,19 @@ void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem
         bytes += sorted[i];
         progress.yield();
     }
-    if (const WriteResult written = writeFileAtomically(index.path(), bytes); !written)
-        throw NilObjectException(written.reason);
+    write(bytes);
     progress.setValue(last);
     progress.message("");
+}
+
+void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index,
+                                      BuildProgress& progress) const {
+    if (source.isNil() || index.isNil())
+        return;
+    makeUserDictionaryIndex(*this, source, progress, [&](std::string_view bytes) {
+        if (const WriteResult written = writeFileAtomically(index.path(), bytes); !written)
+            throw NilObjectException(written.reason);
+    });
 }
 
 } // namespace velmarin

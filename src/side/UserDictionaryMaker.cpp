@@ -40,7 +40,7 @@ std::string notUtf8Message(std::int64_t lines) {
 } // namespace
 
 void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink& mainWindow, Host& host,
-                                  BusyState& busy) {
+                                  BusyState& busy, const FolderItem& desktop) {
     const FolderItem dictionaries = groupFolder.Child(kUserDictionariesFolder);
     if (!dictionaries.Exists() && !dictionaries.CreateAsFolder())
         host.MsgBox("The folder " + dictionaries.path().native() + " could not be made.");
@@ -57,7 +57,7 @@ void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink&
     {
         const Busy guard(busy);
         ShownInMainWindow progress(mainWindow, host);
-        result = buildUserDictionary(FolderItem(source), FolderItem(folder), progress);
+        result = buildUserDictionary(FolderItem(source), FolderItem(folder), progress, EarlierPair::Saved, desktop);
     }
     if (!result.ok) {
         mainWindow.setSearchText("");

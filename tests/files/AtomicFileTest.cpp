@@ -141,10 +141,12 @@ TEST(WriteFileAtomically, ClearsWhatKilledRunsLeftButNotWhatIsBeingWritten) {
     EXPECT_EQ(*listNames(folder.path()), (std::vector<std::string>{".velmarin-notes", ".velmarin-x-2.tmp", "f"}));
 }
 
-TEST(TemporaryName, IsRecognisedAndNeverTheSame) {
+TEST(TemporaryName, IsNewAndTellsItsKind) {
     const std::string one = newTemporaryName();
-    EXPECT_TRUE(isTemporaryName(one));
+    EXPECT_EQ(temporaryKind(one), TemporaryKind::Staged);
     EXPECT_NE(one, newTemporaryName());
+    for (const TemporaryKind kind : {TemporaryKind::Swap, TemporaryKind::Replaced, TemporaryKind::Staged})
+        EXPECT_EQ(temporaryKind(temporaryNameAs(kind, one)), kind);
     for (const char* name : {"", ".velmarin-.tmp", ".velmarin--.tmp", ".velmarin-1.tmp", ".velmarin-1-.tmp",
                              ".velmarin-1-1-1.tmp", ".velmarin-1-1.tmpx", "velmarin-1-1.tmp", ".velmarin-1-a.tmp"})
         EXPECT_FALSE(isTemporaryName(name)) << name;

@@ -1,5 +1,6 @@
 #include "files/TextFile.h"
 #include "files/IndexedTextFile.h"
+#include "files/LineScanner.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -29,8 +30,9 @@ Lines linesInMemory(const std::string& text) {
 Lines linesInFile(const FolderItem& item) {
     Lines lines;
     const auto file = ReadOnlyFile::open(item);
-    for (FileLineReader reader(*file); !reader.EOF_();)
-        lines.push_back(reader.ReadLine());
+    LineScanner scanner(*file);
+    for (std::string_view line; scanner.next(line);)
+        lines.emplace_back(line);
     return lines;
 }
 
@@ -76,17 +78,17 @@ INSTANTIATE_TEST_SUITE_P(
                     LineCase{"SecondByteOrderMarkIsText", kMark + kMark + "a", {kMark + "a"}},
                     LineCase{"MarkOnALaterLineIsText", "a\n" + kMark + "b", {"a", kMark + "b"}},
                     LineCase{"LineLongerThanTheWindow",
-                             std::string(3 * FileLineReader::kWindow, 'x') + "\r\ny",
-                             {std::string(3 * FileLineReader::kWindow, 'x'), "y"}},
+                             std::string(3 * LineScanner::kWindow, 'x') + "\r\ny",
+                             {std::string(3 * LineScanner::kWindow, 'x'), "y"}},
                     LineCase{"PairSplitByTheWindow",
-                             std::string(FileLineReader::kWindow - 1, 'x') + "\r\ny",
-                             {std::string(FileLineReader::kWindow - 1, 'x'), "y"}},
+                             std::string(LineScanner::kWindow - 1, 'x') + "\r\ny",
+                             {std::string(LineScanner::kWindow - 1, 'x'), "y"}},
                     LineCase{"CarriageReturnLastInWindow",
-                             std::string(FileLineReader::kWindow - 1, 'x') + "\ry",
-                             {std::string(FileLineReader::kWindow - 1, 'x'), "y"}},
+                             std::string(LineScanner::kWindow - 1, 'x') + "\ry",
+                             {std::string(LineScanner::kWindow - 1, 'x'), "y"}},
                     LineCase{"CarriageReturnLastInWindowAndFile",
-                             std::string(FileLineReader::kWindow - 1, 'x') + "\r",
-                             {std::string(FileLineReader::kWindow - 1, 'x')}}),
+                             std::string(LineScanner::kWindow - 1, 'x') + "\r",
+                             {std::string(LineScanner::kWindow - 1, 'x')}}),
     [](const auto& info) { return info.param.reason; });
 
 /// The rule of line ends, a character at a time.
@@ -212,20 +214,17 @@ TEST(ReadWholeFile, HoldsToItsLimit) {
     EXPECT_FALSE(readWholeFile(FolderItem("/proc/version"), 10));
 }
 
-TEST(FileLineReader, KeepsAHugeLineWithinBounds) {
+TEST(LineScanner, CutsALineThatIsNoLine) {
     const TempFolder folder;
-    const fs::path path = folder.write("huge", "");
-    ASSERT_EQ(::truncate(path.c_str(), off_t{3} * FileLineReader::kLongestLine), 0);
-    {
-        const int end = ::open(path.c_str(), O_WRONLY | O_APPEND);
-        ASSERT_EQ(::write(end, "\nnext", 5), 5);
-        ::close(end);
-    }
-    const auto file = ReadOnlyFile::open(FolderItem(path));
-    FileLineReader reader(*file);
-    EXPECT_EQ(reader.ReadLine().size(), FileLineReader::kLongestLine);
-    EXPECT_EQ(reader.ReadLine(), "next");
-    EXPECT_TRUE(reader.EOF_());
+    const FolderItem huge(
+        folder.write("text", "a\n" + std::string(LineScanner::kLongestLine + 3'000'000, 'x') + "\nlast"));
+    const Lines lines = linesInFile(huge);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[1].size(), LineScanner::kLongestLine);
+    EXPECT_EQ(lines[2], "last");
+    IndexedTextFile indexed(huge);
+    EXPECT_EQ(indexed.line(3).text, "last");
+    EXPECT_EQ(indexed.line(3).text, "last") << "by the noted place";
 }
 
 } // namespace

@@ -41,7 +41,8 @@ struct Built {
     BuildResult result;
 
     explicit Built(const std::string& source) {
-        result = buildUserDictionary(FolderItem(folder.write("source.txt", source)), dictionary(), progress);
+        result = buildUserDictionary(FolderItem(folder.write("source.txt", source)), dictionary(), progress,
+                                     EarlierPair::Removed);
     }
     FolderItem dictionary() const {
         fs::create_directories(folder.path() / "Latin");
@@ -122,7 +123,7 @@ TEST(BuildProgressTold, InTheOrderOfThePasses) {
 TEST(BuildAgain, ReplacesBothFilesTogether) {
     Built built("old\tx\n");
     const FolderItem source(built.folder.write("source.txt", "new\ty\n"));
-    ASSERT_TRUE(buildUserDictionary(source, built.dictionary(), built.progress).ok);
+    ASSERT_TRUE(buildUserDictionary(source, built.dictionary(), built.progress, EarlierPair::Removed).ok);
     EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
     EXPECT_EQ(built.folder.read("Latin/Index.txt"), "NEW\t0\n");
 }
@@ -141,8 +142,8 @@ TEST_P(BuildRefused, LeavesAnEarlierDictionaryAsItIs) {
     RecordedProgress progress;
     if (GetParam().prepare != nullptr)
         GetParam().prepare(earlier);
-    const BuildResult result =
-        buildUserDictionary(FolderItem(earlier.folder.path() / GetParam().source), earlier.dictionary(), progress);
+    const BuildResult result = buildUserDictionary(FolderItem(earlier.folder.path() / GetParam().source),
+                                                   earlier.dictionary(), progress, EarlierPair::Removed);
     EXPECT_FALSE(result.ok);
     EXPECT_NE(result.reason.find(GetParam().reason), std::string::npos) << result.reason;
     if (fs::is_regular_file(earlier.folder.path() / "Latin/Text.txt")) {
@@ -186,7 +187,7 @@ TEST(BuildFailure, WhereTheDiskIsFullLeavesAllAsItWas) {
     for (const rlim_t most : {rlim_t{100}, rlim_t{16000}}) {
         const rlimit limit{most, before.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress);
+        const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress, EarlierPair::Removed);
         ::setrlimit(RLIMIT_FSIZE, &before);
         EXPECT_FALSE(result.ok);
         EXPECT_NE(result.reason, "");
@@ -201,7 +202,7 @@ TEST(BuildFailure, WhereTheSourceChangesMeanwhile) {
     Built built("old\tx\n");
     const FolderItem item(built.folder.write("source.txt", "new\ty\n"));
     built.progress.onYield = [&] { built.folder.write("source.txt", "quite another\ty\n"); };
-    const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress);
+    const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress, EarlierPair::Removed);
     EXPECT_FALSE(result.ok);
     EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
 }

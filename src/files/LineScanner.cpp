@@ -1,4 +1,4 @@
-#include "side/LineScanner.h"
+#include "files/LineScanner.h"
 
 #include <algorithm>
 #include <cstring>
@@ -7,14 +7,14 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::size_t kBlock = std::size_t{1} << 18;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 } // namespace
 
-LineScanner::LineScanner(const ReadOnlyFile& file) : file_(file), window_(kBlock) {
+LineScanner::LineScanner(const ReadOnlyFile& file, std::uint64_t offset)
+    : file_(file), window_(kWindow), readTo_(offset) {
     refill();
-    if (std::string_view(window_.data(), filled_).starts_with(kByteOrderMark))
+    if (offset == 0 && std::string_view(window_.data(), filled_).starts_with(kByteOrderMark))
         at_ = nextLf_ = nextCr_ = kByteOrderMark.size();
 }
 
@@ -27,8 +27,8 @@ bool LineScanner::refill() {
     nextCr_ -= std::min(at_, nextCr_);
     filled_ -= at_;
     at_ = 0;
-    if (window_.size() - filled_ < kBlock)
-        window_.resize(std::min(window_.size() * 2, FileLineReader::kLongestLine + 2 * kBlock));
+    if (window_.size() - filled_ < kWindow)
+        window_.resize(std::min(window_.size() * 2, kLongestLine + 2 * kWindow));
     const std::size_t got = file_.read(readTo_, window_.data() + filled_, window_.size() - filled_);
     readTo_ += got;
     filled_ += got;
@@ -46,10 +46,10 @@ std::size_t LineScanner::find(char wanted, std::size_t& known) const {
 bool LineScanner::next(std::string_view& line) {
     for (;;) {
         const std::size_t end = std::min(find('\n', nextLf_), find('\r', nextCr_));
-        // A CR at the end of the window may have its LF behind it.
+        // A CR at the end of the window may have its LF after it.
         const bool whole = end < filled_ && (window_[end] == '\n' || end + 1 < filled_);
         if (whole || (ended_ && at_ < filled_)) {
-            line = std::string_view(window_.data() + at_, std::min(end - at_, FileLineReader::kLongestLine));
+            line = std::string_view(window_.data() + at_, std::min(end - at_, kLongestLine));
             at_ = end;
             if (at_ < filled_)
                 at_ += window_[at_] == '\r' && at_ + 1 < filled_ && window_[at_ + 1] == '\n' ? 2 : 1;
@@ -57,8 +57,8 @@ bool LineScanner::next(std::string_view& line) {
         }
         if (ended_)
             return false;
-        if (filled_ - at_ > FileLineReader::kLongestLine + kBlock) {
-            filled_ = at_ + FileLineReader::kLongestLine;
+        if (filled_ - at_ > kLongestLine + kWindow) {
+            filled_ = at_ + kLongestLine;
             nextLf_ = std::min(nextLf_, filled_);
             nextCr_ = std::min(nextCr_, filled_);
         }

@@ -15,7 +15,7 @@ struct Axis {
     int length = 0;
     int result = 0;
 
-    /// Holds every sum within 64 bits.
+    /// Keeps every sum within 64 bits.
     static constexpr int limit = 1 << 24;
     bool usable() const { return size > 0 && length > 0 && result > 0 && length <= limit && result <= limit; }
     bool identical() const { return length == result; }
@@ -23,7 +23,7 @@ struct Axis {
     std::int64_t unitsBegin() const { return std::max<std::int64_t>(0, -std::int64_t{start}) * result; }
     std::int64_t unitsEnd() const { return std::min<std::int64_t>(length, std::int64_t{size} - start) * result; }
 
-    /// The pixels of the result that have any of the source behind them: begin <= d < end.
+    /// The result pixels that show any of the source: begin <= d < end.
     int begin() const { return static_cast<int>(std::min<std::int64_t>(unitsBegin() / std::max(length, 1), result)); }
     int end() const {
         if (unitsEnd() <= unitsBegin())

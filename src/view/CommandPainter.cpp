@@ -78,7 +78,7 @@ CommandPainter::CommandPainter(QPainter& painter, PageRenderer& renderer, const 
              static_cast<int>(std::ceil((exposed.y() + exposed.height()) * scale)) - top};
     painter_.save();
     painter_.scale(1 / scale, 1 / scale);
-    // At a fractional scale the widget may begin between two pixels of the screen; the page may not.
+    // At a fractional scale the widget may begin between two screen pixels; the page must not.
     const QPointF origin = painter_.deviceTransform().map(QPointF(0, 0));
     painter_.translate(std::round(origin.x()) - origin.x(), std::round(origin.y()) - origin.y());
 }

@@ -14,8 +14,8 @@ namespace velmarin {
 /// Draws commands on the screen: geometry comes in control pixels and is drawn in whole device pixels, at any scale.
 class CommandPainter {
   public:
-    /// `painter` stands on a widget and keeps its state; `exposed` is the part of it that needs drawing, `scale` the
-    /// widget's device pixels to a control pixel.
+    /// `painter` draws on a widget, and its state is restored at the end; `exposed` is the part of the widget that
+    /// needs drawing, `scale` the number of device pixels to a control pixel.
     CommandPainter(QPainter& painter, PageRenderer& renderer, const QRect& exposed, qreal scale);
     ~CommandPainter();
     CommandPainter(const CommandPainter&) = delete;

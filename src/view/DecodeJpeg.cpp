@@ -14,13 +14,13 @@
 namespace velmarin {
 namespace {
 
-/// A progressive file is held as coefficients, six bytes a pixel, until its last scan is in.
+/// A progressive file is kept as coefficients, six bytes a pixel, until its last scan is read.
 constexpr std::int64_t maxProgressivePixels = 250'000'000;
-/// A file of a few kilobytes can hold thousands of empty scans, each of which passes over the whole picture.
+/// A file of a few kilobytes can hold thousands of empty scans, and each passes over the whole picture.
 constexpr int maxScans = 200;
 
-/// Reads one JPEG. libjpeg reports errors by jumping out, so that nothing with a destructor may live in the functions
-/// that call it: all such state is a member.
+/// Reads one JPEG. libjpeg reports errors by longjmp, so functions that call it hold nothing with a destructor: all
+/// such state is a member.
 class JpegReader {
   public:
     explicit JpegReader(std::string_view bytes) : bytes_(bytes) {
@@ -143,7 +143,7 @@ class JpegReader {
 
 DecodedPix decodeJpeg(std::string_view bytes) {
     if (!bytes.starts_with("\xff\xd8"))
-        return DecodedPix::failed("its content is no JPEG picture");
+        return DecodedPix::failed("its content is not a JPEG picture");
     JpegReader reader(bytes);
     return reader.read();
 }

@@ -15,7 +15,7 @@ namespace {
 
 /// JPEG 2000 is decoded to four bytes a sample.
 constexpr std::int64_t maxJpeg2000Pixels = 100'000'000;
-/// GraphicsMagick keeps eight bytes a pixel; it gets two gigabytes and no disk.
+/// GraphicsMagick uses eight bytes a pixel; it may take two gigabytes and no disk.
 constexpr magick_int64_t maxMagickMemory = magick_int64_t{1} << 31;
 
 const l_uint8* bytesOf(std::string_view bytes) {
@@ -29,8 +29,8 @@ std::uint32_t littleEndian(std::string_view bytes, std::size_t at, int count) {
     return value;
 }
 
-/// The formats that are read through GraphicsMagick (JPEG within PICT). All others are taken out of it, so that no
-/// content makes it run a program, read another file or fetch one.
+/// The formats that GraphicsMagick reads here (JPEG within PICT). All others are unregistered, so no content makes it
+/// run a program, read another file or fetch one.
 bool isWanted(std::string_view format) {
     for (const std::string_view wanted :
          {"PICT", "GIF", "WEBP", "PNM", "PBM", "PGM", "PPM", "PCX", "TGA", "BMP", "JPEG"})
@@ -114,7 +114,7 @@ DecodedPix decodeByMagick(std::string_view bytes, const char* format) {
     initialiseMagick();
     const std::unique_ptr<ImageInfo, decltype(&DestroyImageInfo)> info(CloneImageInfo(nullptr), &DestroyImageInfo);
     std::strncpy(info->magick, format, MaxTextExtent - 1);
-    info->affirm = MagickTrue; // or the content may choose another
+    info->affirm = MagickTrue; // otherwise the content could choose another format
     info->subrange = 1;
     Exception exception;
     {
@@ -144,7 +144,7 @@ DecodedPix decodeBmp(std::string_view bytes) {
     PixPtr pix = normalForm(PixPtr(pixReadMemBmp(bytesOf(bytes), bytes.size())));
     if (pix)
         return {std::move(pix), {}};
-    return decodeByMagick(bytes, "BMP"); // run-length coding, bit fields and other rarer kinds
+    return decodeByMagick(bytes, "BMP"); // run-length coding, bit fields and other rare kinds
 }
 
 DecodedPix decodeJpeg2000(std::string_view bytes) {

@@ -23,7 +23,7 @@ std::size_t startOf(std::string_view bytes) {
     return std::string_view::npos;
 }
 
-/// Passes over an opcode that draws nothing. False for all others.
+/// Skips the operands of an opcode that draws nothing. False for all others.
 bool skipOperands(PictReader& in, int opcode) {
     switch (opcode) {
     case 0x00: // nothing
@@ -77,14 +77,14 @@ bool skipOperands(PictReader& in, int opcode) {
     }
 }
 
-/// Draws the maps of pixels of a PICT, one or in bands, as the programs of scanners write them. GraphicsMagick shows
-/// bit maps all black and takes the size from the clipping region.
+/// Draws the pixel maps of a PICT, one or in bands, as scanning programs write them. GraphicsMagick shows bit maps all
+/// black and takes the size from the clipping region.
 class MappedPict {
   public:
     MappedPict(std::string_view bytes, const PictRectangle& frame)
         : in_(bytes), frame_(frame), canvas_(Picture::make(frame.width(), frame.height(), 1)) {}
 
-    /// False where the picture is another's to draw.
+    /// False if the picture holds no pixel map, and another decoder must draw it.
     bool draw(DecodedPix& result) {
         if (!canvas_) {
             result = DecodedPix::noMemory();
@@ -118,13 +118,13 @@ class MappedPict {
                 if (begun_)
                     result.pix.reset(pixClone(canvas_.pix()));
                 if (begun_ && opcode != 0xff)
-                    result.reason = "it goes on with drawings that are not shown";
+                    result.reason = "it continues with drawings that are not shown";
                 return;
             }
         }
     }
 
-    /// A small file can hold many maps of nothing, each as large as a picture may be.
+    /// A small file can hold many empty maps, each as large as a picture may be.
     bool withinBounds(const PictMap& map) {
         const std::int64_t frame = std::int64_t{frame_.width()} * frame_.height();
         const std::int64_t target = std::int64_t{std::abs(map.target.width())} * std::abs(map.target.height());

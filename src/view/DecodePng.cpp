@@ -11,11 +11,11 @@
 namespace velmarin {
 namespace {
 
-/// What one chunk may ask for, beside the picture itself.
+/// The memory that one chunk may take besides the picture.
 constexpr png_alloc_size_t maxChunk = 16 << 20;
 
-/// Reads one PNG. libpng reports errors by jumping out, so that nothing with a destructor may live in the functions
-/// that call it: all such state is a member.
+/// Reads one PNG. libpng reports errors by longjmp, so functions that call it hold nothing with a destructor: all such
+/// state is a member.
 class PngReader {
   public:
     explicit PngReader(std::string_view bytes) : bytes_(bytes) {
@@ -77,7 +77,7 @@ class PngReader {
         return inverted_ || (is(palette[0], 0) && is(palette[1], 255));
     }
 
-    /// Has libpng make rows of 1 bit, of 8 bits, or of words in the order of a picture's.
+    /// Tells libpng to make rows of 1 bit, of 8 bits, or of words in a picture's byte order.
     void setUp() {
         const bool transparent =
             (colourType_ & PNG_COLOR_MASK_ALPHA) != 0 || png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
@@ -111,7 +111,7 @@ class PngReader {
     void readPixels() {
         const int passes = png_set_interlace_handling(png_);
         png_read_update_info(png_, info_);
-        // With 16 bits scaled down and the rest expanded a row is as long as the picture's; never trust, check.
+        // With 16 bits scaled down and the rest expanded, a row should be as long as the picture's.
         if (png_get_rowbytes(png_, info_) > std::size_t{4} * static_cast<std::size_t>(pixGetWpl(pix_.get())))
             png_error(png_, "its rows are longer than they should be");
         for (int pass = 0; pass < passes; ++pass)
@@ -153,7 +153,7 @@ class PngReader {
 
 DecodedPix decodePng(std::string_view bytes) {
     if (!bytes.starts_with("\x89PNG\r\n\x1a\n"))
-        return DecodedPix::failed("its content is no PNG picture");
+        return DecodedPix::failed("its content is not a PNG picture");
     PngReader reader(bytes);
     return reader.read();
 }

@@ -14,10 +14,10 @@
 namespace velmarin {
 namespace {
 
-/// What libtiff may ask for at once: a picture in one strip of 16 bits a pixel.
+/// The largest allocation of libtiff: a picture in one strip of 16 bits a pixel.
 constexpr tmsize_t maxAllocation = tmsize_t{2} * maxPixels + (1 << 20);
 
-/// A file in memory, as libtiff reads it; and what libtiff has to say.
+/// A file in memory for libtiff, and the errors that libtiff reports.
 struct Source {
     std::string_view bytes;
     std::uint64_t at = 0;
@@ -39,7 +39,7 @@ struct Source {
         const std::uint64_t from = whence == SEEK_CUR ? self.at : whence == SEEK_END ? self.bytes.size() : 0;
         return self.at = from + offset;
     }
-    /// Without this, libtiff 4.5 refuses tiles that are not compressed and no whole kilobyte. It only reads.
+    /// Without a mapping, libtiff 4.5 refuses uncompressed tiles that are not a multiple of 1024 bytes.
     static int map(thandle_t handle, void** base, toff_t* size) {
         *base = const_cast<char*>(of(handle).bytes.data());
         *size = of(handle).bytes.size();
@@ -95,8 +95,8 @@ struct Header {
           orientation(tag<std::uint16_t>(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT)),
           format(tag<std::uint16_t>(tiff, TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_UINT)) {}
 
-    /// One sample a pixel that says how much ink or light: read as it stands, in its own depth. All else goes through
-    /// libtiff's own conversion to colour.
+    /// One sample a pixel, for ink or light: read directly, in its own depth. Everything else goes through libtiff's
+    /// conversion to colour.
     bool plain() const {
         return samples == 1 && (photometric == PHOTOMETRIC_MINISWHITE || photometric == PHOTOMETRIC_MINISBLACK) &&
                (bits == 1 || bits == 2 || bits == 4 || bits == 8 || bits == 16) && compression != COMPRESSION_OJPEG &&
@@ -104,8 +104,8 @@ struct Header {
     }
 };
 
-/// Hands every row of a plain picture to `take(y, x, bytes, pixels)`, a strip or a tile at a time. False where one of
-/// them cannot be read.
+/// Passes every row of a plain picture to `take(y, x, bytes, pixels)`, a strip or a tile at a time. False if one cannot
+/// be read.
 template <typename Take> bool readPlain(TIFF* tiff, const Header& header, Take take) {
     const bool tiled = TIFFIsTiled(tiff) != 0;
     const tmsize_t size = tiled ? TIFFTileSize(tiff) : TIFFStripSize(tiff);
@@ -182,7 +182,7 @@ DecodedPix decodeColour(TIFF* tiff, const Header& header, const Source& source) 
     if (TIFFRGBAImageBegin(&image, tiff, 1, why) == 0)
         return DecodedPix::failed(why);
     const std::unique_ptr<TIFFRGBAImage, decltype(&TIFFRGBAImageEnd)> ended(&image, &TIFFRGBAImageEnd);
-    image.req_orientation = image.orientation; // turned afterwards, for all kinds alike
+    image.req_orientation = image.orientation; // the caller turns all kinds of pictures
     PixPtr pix = newPix(static_cast<int>(header.width), static_cast<int>(header.height), 32);
     if (!pix)
         return DecodedPix::noMemory();
@@ -200,7 +200,7 @@ DecodedPix decodeColour(TIFF* tiff, const Header& header, const Source& source) 
     return {leanest(std::move(pix)), {}};
 }
 
-/// Turns a picture whose first row and column stand elsewhere than at the top and the left.
+/// Turns a picture whose first row is not at the top or whose first column is not at the left.
 PixPtr upright(PixPtr pix, int orientation) {
     const bool sideways = orientation >= ORIENTATION_LEFTTOP && orientation <= ORIENTATION_LEFTBOT;
     if (sideways) {
@@ -225,7 +225,7 @@ DecodedPix decodeTiff(std::string_view bytes) {
     Source source{.bytes = bytes, .at = 0, .error = {}};
     const TiffPtr tiff = open(source);
     if (!tiff)
-        return DecodedPix::failed(source.error.empty() ? "its content is no TIFF picture" : source.error);
+        return DecodedPix::failed(source.error.empty() ? "its content is not a TIFF picture" : source.error);
     const Header header(tiff.get());
     if (!isPictureSize(header.width, header.height))
         return DecodedPix::tooLarge(header.width, header.height);

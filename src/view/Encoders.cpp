@@ -29,7 +29,7 @@ int thresholdOf(Pix* grey) {
         sum += i * static_cast<double>(count[static_cast<std::size_t>(i)]);
     }
     double dark = 0, darkSum = 0, best = -1;
-    int first = 128, last = 128; // of equally good thresholds; their middle is taken
+    int first = 128, last = 128; // the range of equally good thresholds
     for (int i = 0; i < 255; ++i) {
         dark += static_cast<double>(count[static_cast<std::size_t>(i)]);
         darkSum += i * static_cast<double>(count[static_cast<std::size_t>(i)]);
@@ -85,7 +85,7 @@ std::optional<std::string> encodePicture(const Picture& picture, std::string_vie
         });
     }
     if (is("jpg") || is("jpeg")) {
-        constexpr int maxJpegSide = 65500; // beyond it libjpeg complains on standard error
+        constexpr int maxJpegSide = 65500; // above it libjpeg writes to standard error
         if (std::max(picture.Width(), picture.Height()) > maxJpegSide)
             return std::nullopt;
         const PixPtr deep(picture.depth() == 1 ? pixConvertTo8(picture.pix(), 0) : pixClone(picture.pix()));

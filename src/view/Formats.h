@@ -8,8 +8,7 @@
 
 namespace velmarin {
 
-/// What a decoder made of a file's bytes: a picture in normal form, or null and the reason; a picture with a reason is
-/// damaged.
+/// A decoder's result: a picture in normal form, or null and the reason. A picture with a reason is damaged.
 struct DecodedPix {
     PixPtr pix;
     std::string reason;
@@ -25,12 +24,12 @@ DecodedPix decodePng(std::string_view bytes);
 DecodedPix decodeBmp(std::string_view bytes);
 DecodedPix decodeJpeg2000(std::string_view bytes);
 
-/// Whether the bytes are a PICT, with or without the 512 bytes that come before it in a file.
+/// Whether the bytes are a PICT, with or without the 512-byte file header.
 bool isPict(std::string_view bytes);
 DecodedPix decodePict(std::string_view bytes);
 
-/// By GraphicsMagick, as the one format named: "PICT", "GIF", "WEBP", "PNM", "PCX", "TGA" or "BMP". It knows no other
-/// here, and thus runs no program and reads no other file.
+/// Decodes with GraphicsMagick, as the named format only: "PICT", "GIF", "WEBP", "PNM", "PCX", "TGA" or "BMP". All
+/// other formats are unregistered, so no content makes it run a program or read another file.
 DecodedPix decodeByMagick(std::string_view bytes, const char* format);
 
 /// Lays the colour and alpha words of a 32-bit picture over white.

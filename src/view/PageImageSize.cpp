@@ -8,16 +8,16 @@ namespace velmarin {
 
 namespace {
 
-/// The width from which a page can be made out.
+/// The smallest width at which a page is recognisable.
 constexpr double leastPageWidth = 350.0;
-/// What the window has above the page.
+/// The height of the window above the page.
 constexpr double extraHeight = 30.0;
 
 int heightFromRatio(double ratio, const Extent& picture) {
     return toInt32(ratio * picture.height + extraHeight);
 }
 
-/// Without a picture this divides by 0; what comes of it is not a number, and counts as 0.
+/// Without a picture this divides by 0; a result that is not a number counts as 0.
 int heightFromWidth(int windowWidth, const Extent& picture) {
     return toInt32(static_cast<double>(windowWidth) / picture.width * picture.height + extraHeight);
 }

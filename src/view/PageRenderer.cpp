@@ -15,14 +15,14 @@ int rounded(double value) {
     return static_cast<int>(std::lround(std::clamp(value, -1e9, 1e9)));
 }
 
-/// Device pixels from `from` to `to`; edges are rounded, so that what adjoins on the control adjoins on the screen.
+/// Device pixels from `from` to `to`. Edges are rounded, so neighbours on the control are neighbours on the screen.
 DeviceRect scaled(const PictureDrawn& d, double scale) {
     const int left = rounded(d.x * scale), top = rounded(d.y * scale);
     return {left, top, rounded((static_cast<double>(d.x) + d.w) * scale) - left,
             rounded((static_cast<double>(d.y) + d.h) * scale) - top};
 }
 
-/// What of a scaling placed at left, top lies within `clip` and within `bounds`.
+/// The part of a scaling placed at left, top that is inside `clip` and `bounds`.
 DeviceRect visible(const Scaling& scaling, int left, int top, const DeviceRect& bounds, const DeviceRect& clip) {
     const std::int64_t x0 = std::max<std::int64_t>({std::int64_t{left} + scaling.left(), bounds.x, clip.x});
     const std::int64_t y0 = std::max<std::int64_t>({std::int64_t{top} + scaling.top(), bounds.y, clip.y});

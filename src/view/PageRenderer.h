@@ -27,11 +27,11 @@ struct PixelBlock {
 /// A reduced page, made in bands of rows when they are first asked for.
 class ReducedPage {
   public:
-    /// Rows are `width` device pixels wide. `usable` is false where memory fails.
+    /// Rows are `width` device pixels wide. `usable` is false if memory fails.
     ReducedPage(const Picture& page, int width, int height);
     bool usable() const { return pixels_ != nullptr; }
     bool shows(const Picture& page, int width, int height) const;
-    /// Makes sure of the rows y0 to y1 - 1 and returns the first of them.
+    /// Makes the rows y0 to y1 - 1 if needed, and returns the first of them.
     const std::uint8_t* rows(int y0, int y1);
     std::ptrdiff_t stride() const { return stride_; }
     /// How many rows have been made.
@@ -50,8 +50,8 @@ class ReducedPage {
 };
 
 /// Turns drawn pictures into device pixels. A page that is shown reduced is kept at its present scale, so that
-/// scrolling copies pixels; what is shown at its own size, enlarged, or in part (the lens) is made from the page
-/// itself.
+/// scrolling copies pixels. What is shown at original size, enlarged, or in part (the lens) is made from the page each
+/// time.
 class PageRenderer {
   public:
     /// The part of `drawn` that lies within `clip`, at `scale` device pixels to a control pixel. `clip` is in device

@@ -12,7 +12,7 @@ namespace {
 constexpr int packedOpcodes = 0x98;
 constexpr int directOpcodes = 0x9a;
 
-/// What is told of a map before its pixels.
+/// The header of a map.
 struct Format {
     int rowBytes = 0;
     int bits = 1;
@@ -35,7 +35,7 @@ void readTable(PictReader& in, Format& format) {
     }
 }
 
-/// One row, unpacked; short rows are filled up with 0. `unit` is the size of what runs repeat.
+/// One row, unpacked and padded with 0. Runs repeat `unit` bytes.
 std::string unpacked(PictReader& in, const Format& format, std::size_t size, std::size_t unit) {
     std::string row;
     if (!format.packed) {
@@ -55,14 +55,14 @@ std::string unpacked(PictReader& in, const Format& format, std::size_t size, std
                 }
             }
         } catch (const PictReader::EndOfFile&) {
-            // The row is shorter than it should be; those after it may be whole.
+            // The row is too short; the following ones may be whole.
         }
     }
     row.resize(size);
     return row;
 }
 
-/// How many bytes of a row, once unpacked, hold pixels.
+/// The number of bytes of an unpacked row that hold pixels.
 std::size_t bytesUsed(const Format& format, int width) {
     const auto pixels = static_cast<std::size_t>(width);
     if (format.bits == 32)
@@ -72,7 +72,7 @@ std::size_t bytesUsed(const Format& format, int width) {
     return (pixels * static_cast<std::size_t>(format.bits) + 7) / 8;
 }
 
-/// The words of a row of pixels of more than a bit.
+/// A row of pixels of more than one bit, as words.
 void spread(const Format& format, const std::string& row, std::size_t width, l_uint32* to) {
     auto at = [&](std::size_t i) { return static_cast<std::uint32_t>(static_cast<unsigned char>(row[i])); };
     for (std::size_t x = 0; x < width; ++x) {

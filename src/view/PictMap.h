@@ -27,7 +27,7 @@ class PictReader {
     }
     int signedWord() { return static_cast<std::int16_t>(word()); }
     void skip(std::size_t count) { take(count); }
-    /// Passes over a region, its size first.
+    /// Skips a region, which begins with its size.
     void skipRegion() {
         const int size = word();
         skip(static_cast<std::size_t>(size > 2 ? size - 2 : 0));
@@ -52,17 +52,17 @@ struct PictRectangle {
     int height() const { return bottom - top; }
 };
 
-/// A map of pixels within a PICT, and where it is drawn.
+/// A pixel map of a PICT, and the rectangle that it is drawn in.
 struct PictMap {
-    Picture picture; ///< nil where it is damaged, of an unknown packing, or memory fails
+    Picture picture; ///< nil if it is damaged, packed in an unknown way, or memory fails
     PictRectangle bounds, source, target;
 };
 
-/// Whether an opcode draws a map of pixels: 0x90, 0x91, 0x98 to 0x9b.
+/// Whether an opcode draws a pixel map: 0x90, 0x91, 0x98 to 0x9b.
 bool isPictMap(int opcode);
 
-/// Reads the operands of such an opcode: bit maps, maps with a colour table, maps of 16 and 32 bits, plain or packed as
-/// "Inside Macintosh: Imaging With QuickDraw" tells. May throw PictReader::EndOfFile.
+/// Reads the operands of such an opcode: bit maps, maps with a colour table, maps of 16 and 32 bits, plain or packed
+/// (source: "Inside Macintosh: Imaging With QuickDraw"). May throw PictReader::EndOfFile.
 PictMap readPictMap(PictReader& in, int opcode);
 
 } // namespace velmarin

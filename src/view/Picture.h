@@ -25,23 +25,23 @@ inline constexpr std::int64_t maxPixels = 1'000'000'000;
 inline constexpr int maxSide = 4'000'000;
 bool isPictureSize(std::int64_t width, std::int64_t height);
 
-/// A pixel image, kept in the depth it was scanned in: 1 bit (ink or paper), 8 bits (grey) or 32 bits (colour). Whoever
-/// reads pixels or draws sees a 32-bit opaque picture. Copies share their pixels until one of them is drawn on.
-/// Default-made it is nil; using the pixels of a nil picture raises NilObjectException.
+/// A pixel image, kept in the depth it was scanned in: 1 bit (ink or paper), 8 bits (grey) or 32 bits (colour). Reading
+/// pixels and drawing see a 32-bit opaque picture. Copies share their pixels until one of them is drawn on. A
+/// default-constructed picture is nil; using its pixels raises NilObjectException.
 class Picture {
   public:
     Picture() = default;
 
-    /// A white picture. Nil where the size is not a picture's or memory fails.
+    /// A white picture. Nil if isPictureSize refuses the size or memory fails.
     static Picture make(int width, int height, int depth = 32);
-    /// Takes over `pix`, which holds 1, 8 or 32 bits and no colour map (in 1 bit, 0 is paper; 32 bits are opaque).
-    /// Null gives nil.
+    /// Takes ownership of `pix`, which has 1, 8 or 32 bits and no colour map (in 1 bit, 0 is paper; 32 bits are
+    /// opaque). Null gives nil.
     static Picture adopt(Pix* pix);
 
     bool isNil() const { return pix_ == nullptr; }
     explicit operator bool() const { return pix_ != nullptr; }
 
-    /// 0 where nil.
+    /// 0 if nil.
     int Width() const;
     int Height() const;
     int depth() const;
@@ -51,19 +51,19 @@ class Picture {
     bool AntiAlias = true;
 
     /// Draws the rectangle sx, sy, sw, sh of `source`, scaled to x, y, w, h. What overruns either picture is clipped
-    /// without changing the scale. This picture takes on the depth that the drawing needs. False, and nothing drawn,
-    /// where memory fails.
+    /// without changing the scale. This picture takes the depth that the drawing needs. False, and nothing drawn, if
+    /// memory fails.
     bool DrawPicture(const Picture& source, int x, int y, int w, int h, int sx, int sy, int sw, int sh);
 
     /// This picture with its first row and its first column white. The pixels are copied only if another picture shares
-    /// them. Nil where memory fails.
+    /// them. Nil if memory fails.
     Picture withWhiteEdges() &&;
 
     /// The pixels as Leptonica keeps them: read only.
     Pix* pix() const;
     /// A line of pixels as 32-bit words, the leftmost pixel in the highest bits.
     const std::uint32_t* row(int y) const;
-    /// Tells one set of pixels from every other that this process has made: what caches ask. 0 where nil.
+    /// Identifies this set of pixels among all that the process has made, for caches. 0 if nil.
     std::uint64_t id() const { return id_; }
 
   private:

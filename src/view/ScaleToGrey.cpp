@@ -8,8 +8,8 @@
 namespace velmarin {
 namespace {
 
-/// The left border of a result pixel: the source pixel in which it lies, and how many whole source pixels there are
-/// from there to the next border.
+/// The left border of a result pixel: the source pixel that it crosses, and the number of whole source pixels up to the
+/// next border.
 struct Cut {
     std::uint32_t word = 0; ///< of the line, counted from the first word used
     std::uint8_t shift = 0; ///< of the pixel within the word

@@ -8,14 +8,14 @@
 namespace velmarin {
 namespace {
 
-/// Between which two source pixels a pixel of the result lies, and how near the second, in parts of 256.
+/// The two source pixels that a result pixel lies between, and how near it is to the second, in 1/256.
 struct Sample {
     int first = 0;
     int second = 0;
     std::uint32_t nearSecond = 0;
 };
 
-/// Where the centre of pixel d falls among the centres of the source pixels, held to the picture's edges.
+/// The position of the centre of pixel d between the centres of source pixels, clamped to the picture's edges.
 Sample sampleAt(const Axis& axis, int d, bool smooth) {
     const std::int64_t twice = std::int64_t{2} * axis.result;
     const std::int64_t centre = (std::int64_t{2} * d + 1) * axis.length;
@@ -119,8 +119,8 @@ class SampledRows : public ScaledRows {
     Picture source_;
     Axis y_;
     bool smooth_;
-    bool moved_ = false;    ///< some pixel lies between two of the source
-    bool straight_ = false; ///< every pixel is one of the source, in order
+    bool moved_ = false;    ///< a pixel lies between two source pixels
+    bool straight_ = false; ///< the pixels are source pixels, in order
     int first_ = 0;
     std::vector<Sample> samples_;
     std::vector<std::uint32_t> above_, below_;

@@ -9,7 +9,7 @@
 
 namespace velmarin {
 
-/// Produces rows of a scaled picture; each depends on the source alone, so that any band equals that part of the whole.
+/// Produces rows of a scaled picture. Each row depends on the source alone, so a band equals that part of the whole.
 class ScaledRows {
   public:
     virtual ~ScaledRows() = default;
@@ -17,22 +17,22 @@ class ScaledRows {
     virtual void row(int y, std::uint8_t* to) = 0;
 };
 
-/// A rectangle of a picture on its way to another size.
+/// Scales a rectangle of a picture.
 ///
-/// A reduction averages by exact area: every pixel of the result is the mean of the source under it, parts of source
-/// pixels counted by their parts, rounded once (halves up). No stroke is lost, however thin. An enlargement is bilinear
-/// between pixel centres; at scale 1 the pixels are copied. Where one direction is reduced and the other enlarged, both
-/// go by area.
+/// A reduction averages by exact area: each result pixel is the mean of the source under it, with partly covered source
+/// pixels weighted by the covered part, rounded once (halves up). No stroke is lost, however thin. An enlargement is
+/// bilinear between pixel centres; at scale 1 pixels are copied. If one direction is reduced and the other enlarged,
+/// both average by area.
 class Scaling {
   public:
     enum class Smoothing { Smooth, Nearest };
 
-    /// The rectangle sx, sy, sw, sh of `source` becomes width x height. It may overrun the source; what has no source
-    /// behind it lies outside the visible part.
+    /// The rectangle sx, sy, sw, sh of `source` becomes width x height. It may overrun the source; the overrun is
+    /// outside the visible part.
     Scaling(Picture source, int sx, int sy, int sw, int sh, int width, int height,
             Smoothing smoothing = Smoothing::Smooth);
 
-    /// The part of the result that has source behind it; empty for sizes that cannot be scaled.
+    /// The part of the result that shows the source; empty for sizes that cannot be scaled.
     int left() const { return left_; }
     int top() const { return top_; }
     int right() const { return right_; }
@@ -43,7 +43,7 @@ class Scaling {
     int bytesPerPixel() const { return colour() ? 4 : 1; }
     bool identical() const { return x_.identical() && y_.identical(); }
 
-    /// Rows of the columns x0 to x1 - 1, which lie in the visible part, as do the rows asked for.
+    /// Rows of the columns x0 to x1 - 1. Columns and rows must be in the visible part.
     std::unique_ptr<ScaledRows> rows(int x0, int x1) const;
     /// Columns x0 to x1 - 1 of the rows y0 to y1 - 1, `stride` bytes apart.
     void band(int x0, int x1, int y0, int y1, std::uint8_t* to, std::ptrdiff_t stride) const;

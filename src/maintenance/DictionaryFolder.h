@@ -1,8 +1,10 @@
 #pragma once
 
 #include "files/FolderItem.h"
+#include "text/StringRules.h"
 
 #include <filesystem>
+#include <string>
 
 namespace velmarin {
 
@@ -10,6 +12,11 @@ namespace velmarin {
 /// installed group. The same for every way to the group.
 inline std::filesystem::path dictionaryFolderOf(const FolderItem& group) {
     return std::filesystem::path(group.AbsolutePath()).parent_path();
+}
+
+/// What a window shows while its run waits for that lock.
+inline std::string waitMessage(const std::filesystem::path& folder) {
+    return "Waiting for another run on \"" + toValidUtf8(folder.filename().native()) + "\"";
 }
 
 } // namespace velmarin

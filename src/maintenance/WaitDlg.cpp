@@ -1,6 +1,7 @@
 #include "maintenance/WaitDlg.h"
 
 #include "controls/AnchoredLayout.h"
+#include "maintenance/DictionaryFolder.h"
 #include "platform/QtText.h"
 
 #include <QLabel>
@@ -34,9 +35,7 @@ WaitDlg::WaitDlg(QWidget* parent)
 }
 
 void WaitDlg::showWhatIsWaitedFor(const std::filesystem::path& folder) {
-    const QString text = folder.empty()
-                             ? QStringLiteral("Please wait a minute !")
-                             : QStringLiteral("Waiting for another run on \"%1\"").arg(pathToQ(folder.filename()));
+    const QString text = folder.empty() ? QStringLiteral("Please wait a minute !") : toQ(waitMessage(folder));
     Label1_->setText(text);
     Label1_->setToolTip(pathToQ(folder));
 }

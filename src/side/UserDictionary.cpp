@@ -12,7 +12,6 @@
 #include "side/DictionaryModule.h"
 #include "side/UserDictionaryIndex.h"
 #include "store/BackupFolder.h"
-#include "text/NilObjectException.h"
 #include "text/StringRules.h"
 
 #include <array>
@@ -181,15 +180,15 @@ class Build {
         if (!text.flush())
             return notWritten(folder_.path() / kTextFileName);
         staged.add(std::string(kTextFileName));
-        try {
-            makeUserDictionaryIndex(DictionaryModule(), source_, progress_, [&](std::string_view bytes) {
-                NewFile index(staged.placeOf(kIndexFileName));
-                if (!index.write(bytes) || !index.flush())
-                    throw NilObjectException(notWritten(folder_.path() / kIndexFileName));
-            });
-        } catch (const NilObjectException& error) {
-            return error.what();
-        }
+        std::string why = quoted(source_.path()) + " could not be read.";
+        const bool made = makeUserDictionaryIndex(DictionaryModule(), source_, progress_, [&](std::string_view bytes) {
+            NewFile index(staged.placeOf(kIndexFileName));
+            const bool written = index.write(bytes) && index.flush();
+            why = notWritten(folder_.path() / kIndexFileName);
+            return written;
+        });
+        if (!made)
+            return why;
         staged.add(std::string(kIndexFileName));
         return std::nullopt;
     }

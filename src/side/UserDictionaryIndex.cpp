@@ -74,13 +74,13 @@ std::vector<std::string_view> sortedLines(std::string_view text, BuildProgress& 
 
 } // namespace
 
-void makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, BuildProgress& progress,
-                             const std::function<void(std::string_view)>& write) {
+bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, BuildProgress& progress,
+                             const std::function<bool(std::string_view)>& write) {
     progress.message("I'm counting the lines of the data.");
     const int lineCount = mFiMod_GetLineCountFromTextFi(source);
     const auto file = ReadOnlyFile::open(source);
     if (!file)
-        throw NilObjectException("\"" + source.path().native() + "\" could not be read.");
+        return false;
     progress.showBar();
 
     progress.message("I'm making the word for sorting and searching.");
@@ -106,19 +106,24 @@ void makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& s
         bytes += sorted[i];
         progress.yield();
     }
-    write(bytes);
+    if (!write(bytes))
+        return false;
     progress.setValue(last);
     progress.message("");
+    return true;
 }
 
 void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index,
                                       BuildProgress& progress) const {
     if (source.isNil() || index.isNil())
         return;
-    makeUserDictionaryIndex(*this, source, progress, [&](std::string_view bytes) {
-        if (const WriteResult written = writeFileAtomically(index.path(), bytes); !written)
-            throw NilObjectException(written.reason);
+    WriteResult written{.ok = false, .reason = "\"" + source.path().native() + "\" could not be read."};
+    const bool made = makeUserDictionaryIndex(*this, source, progress, [&](std::string_view bytes) {
+        written = writeFileAtomically(index.path(), bytes);
+        return written.ok;
     });
+    if (!made)
+        throw NilObjectException(written.reason);
 }
 
 } // namespace velmarin

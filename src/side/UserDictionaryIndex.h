@@ -10,9 +10,9 @@ namespace velmarin {
 class BuildProgress;
 class DictionaryModule;
 
-/// The index of a source file as `mDic_MakeIndex` makes it, handed whole to `write`. Raises NilObjectException where
-/// the source cannot be read.
-void makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, BuildProgress& progress,
-                             const std::function<void(std::string_view)>& write);
+/// The index of a source file as `mDic_MakeIndex` makes it, handed whole to `write`. False where the source cannot be
+/// read, or where `write` returns false.
+bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, BuildProgress& progress,
+                             const std::function<bool(std::string_view)>& write);
 
 } // namespace velmarin

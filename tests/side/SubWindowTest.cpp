@@ -1,6 +1,7 @@
 #include "SideFixture.h"
 
 #include "controls/QtText.h"
+#include "side/UserDictionaryMaker.h"
 
 #include <QApplication>
 #include <QDockWidget>
@@ -443,6 +444,19 @@ TEST(MakingAUserDictionary, ShowsItsProgressInTheMainWindow) {
     EXPECT_TRUE(busyThroughout);
     EXPECT_GT(fixture.host.yields, 5);
     EXPECT_FALSE(fixture.busy.busy());
+}
+
+TEST(MakingAUserDictionary, KeepsAnEarlierOneOnTheDesktop) {
+    SideFixture fixture;
+    const test::TempFolder work;
+    work.write("Mine/Text.txt", "precious");
+    fixture.host.files.push_back(work.write("data.txt", "a\tb\n"));
+    fixture.host.folders.push_back(work.path() / "Mine");
+    makeUserDictionaryByDialogue(FolderItem(fixture.groupFolder.path()), fixture.main, fixture.host, fixture.busy,
+                                 FolderItem(work.path() / "Desktop"));
+    EXPECT_EQ(fixture.host.messages.back(), kMade);
+    EXPECT_EQ(work.read("Mine/Text.txt"), "a\tb\n");
+    EXPECT_EQ(work.read("Desktop/Mine-Oldversion-0/Text.txt"), "precious");
 }
 
 TEST(MakingAUserDictionary, ThatFailsSaysWhyAndLeavesTheSearchFieldEmpty) {

@@ -120,12 +120,45 @@ TEST(BuildProgressTold, InTheOrderOfThePasses) {
     EXPECT_GT(built.progress.yields, 3 * 2500);
 }
 
-TEST(BuildAgain, ReplacesBothFilesTogether) {
+TEST(BuildAgain, RefusesRemovesOrSavesTheEarlierPair) {
     Built built("old\tx\n");
     const FolderItem source(built.folder.write("source.txt", "new\ty\n"));
-    ASSERT_TRUE(buildUserDictionary(source, built.dictionary(), built.progress, EarlierPair::Removed).ok);
+    const FolderItem desktop(built.folder.path() / "Desktop");
+    const auto build = [&](EarlierPair earlier) {
+        return buildUserDictionary(source, built.dictionary(), built.progress, earlier, desktop);
+    };
+    EXPECT_TRUE(build(EarlierPair::Refused).earlierRefused);
+    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
+    EXPECT_TRUE(build(EarlierPair::Saved).ok);
+    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Text.txt"), "old\tx\n");
+    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Index.txt"), "OLD\t0\n");
     EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
     EXPECT_EQ(built.folder.read("Latin/Index.txt"), "NEW\t0\n");
+    EXPECT_TRUE(build(EarlierPair::Removed).ok);
+    EXPECT_EQ(desktop.items().size(), 1U);
+    EXPECT_EQ(built.dictionary().items().size(), 2U);
+    // One file of the pair is enough, and a file in the place of the desktop keeps it where it is.
+    fs::remove(built.folder.path() / "Latin/Index.txt");
+    EXPECT_TRUE(build(EarlierPair::Refused).earlierRefused);
+    built.folder.write("file", "");
+    EXPECT_FALSE(buildUserDictionary(source, built.dictionary(), built.progress, EarlierPair::Saved,
+                                     FolderItem(built.folder.path() / "file"))
+                     .ok);
+    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
+}
+
+TEST(BuildOfALongSource, IsTheSameWhereverItsPiecesEnd) {
+    const std::string huge(3 << 20, 'x');
+    for (const std::string end : {"\n", "\r", "\r\n"}) {
+        std::string source = huge + end, text = source;
+        for (int line = 1; line <= 200'000; ++line) {
+            source += "a__NUM__1" + end;
+            text += "a¹" + end;
+        }
+        const Built built(source);
+        EXPECT_EQ(built.result.lines, 200'001);
+        EXPECT_TRUE(built.folder.read("Latin/Text.txt") == text);
+    }
 }
 
 struct RefusalCase {

@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <utility>
 
+#include <unistd.h>
+
 namespace velmarin {
 
 namespace fs = std::filesystem;
@@ -25,7 +27,13 @@ std::optional<StagedMembers> StagedMembers::in(const fs::path& folder) {
             return std::nullopt;
         }
         Descriptor lock = openFolder(hidden);
-        if (!lock || !lockFresh(lock))
+        if (!lock && errno != ENOENT) {
+            const int error = errno;
+            ::rmdir(hidden.c_str());
+            errno = error;
+            return std::nullopt;
+        }
+        if (!lock || !lockFresh(lock)) // another process has taken it for a leftover
             continue;
         StagedMembers staged(hidden, std::move(lock));
         if (!makeFolder(hidden / kNewMembers) || !makeFolder(hidden / kOldMembers))

@@ -17,6 +17,7 @@ class FolderListing {
     explicit FolderListing(FolderItem folder);
 
     const FolderItem& folder() const { return folder_; }
+    bool listed() const { return listed_; }
     /// In ListingOrder; empty where the folder cannot be listed.
     const std::vector<std::string>& names() const { return names_; }
 

@@ -121,7 +121,10 @@ bool undoSwap(const fs::path& hidden, const fs::path& folder, const std::vector<
         if (!occupied(waiting) && occupied(folder / name) && !renameItem(folder / name, waiting))
             return false;
     }
-    for (const std::string& name : listNames(hidden / kOldMembers).value_or(std::vector<std::string>())) {
+    const auto old = listNames(hidden / kOldMembers);
+    if (!old)
+        return false;
+    for (const std::string& name : *old) {
         if (replacedBy(name, names).empty())
             continue;
         // One that could only be copied aside has left what was not removed yet of it.

@@ -38,9 +38,13 @@ bool copyVerified(const fs::path& item, const fs::path& place, const fs::path& s
     return true;
 }
 
-std::vector<fs::path> membersIn(const fs::path& folder) {
+std::optional<std::vector<fs::path>> membersIn(const fs::path& folder) {
+    const auto names = listNames(folder);
+    if (!names)
+        return std::nullopt;
     std::vector<fs::path> members;
-    for (const std::string& name : listNames(folder).value_or(std::vector<std::string>()))
+    members.reserve(names->size());
+    for (const std::string& name : *names)
         members.push_back(folder / name);
     return members;
 }

@@ -4,6 +4,7 @@
 #include "files/Work.h"
 
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 namespace velmarin {
@@ -14,8 +15,8 @@ namespace velmarin {
 bool copyVerified(const std::filesystem::path& item, const std::filesystem::path& place,
                   const std::filesystem::path& staging, Work& work, Failures& failures);
 
-/// The items of a folder, whatever their names; none where it is missing.
-std::vector<std::filesystem::path> membersIn(const std::filesystem::path& folder);
+/// The items of a folder, whatever their names; nothing where it cannot be listed.
+std::optional<std::vector<std::filesystem::path>> membersIn(const std::filesystem::path& folder);
 
 /// Items on their way into another folder, under their own names, all of them or none.
 class Moves {

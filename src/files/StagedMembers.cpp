@@ -161,16 +161,18 @@ bool StagedMembers::forgetOld() {
     return becomes(TemporaryKind::Staged);
 }
 
-bool StagedMembers::keepOld() {
-    return becomes(TemporaryKind::Replaced);
+std::optional<std::vector<fs::path>> StagedMembers::keepOld() {
+    // Listed first: a failure to list them later would look as if there were none.
+    auto old = membersIn(hidden_ / kOldMembers);
+    if (!old || !becomes(TemporaryKind::Replaced))
+        return std::nullopt;
+    for (fs::path& each : *old)
+        each = hidden_ / kOldMembers / each.filename();
+    return old;
 }
 
 bool StagedMembers::undoKeepOld() {
     return becomes(TemporaryKind::Swap);
-}
-
-std::vector<fs::path> StagedMembers::replaced() const {
-    return membersIn(hidden_ / kOldMembers);
 }
 
 bool StagedMembers::drop(Work& work) {

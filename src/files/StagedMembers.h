@@ -50,13 +50,12 @@ class StagedMembers {
     bool swap(const std::vector<std::string>& names, Work& work, Failures& failures);
     /// Takes all swaps back. False with errno; clearLeftovers tries again later.
     bool undo(Work& work);
-    /// Ends the swaps: the old members are to be removed, or are the caller's to move from where `replaced` says. False
-    /// with errno, and then clearLeftovers will take the swaps back.
+    /// Ends the swaps; the old members are to be removed. False with errno, and then the swaps are taken back.
     bool forgetOld();
-    bool keepOld();
-    /// The old members, in ListingOrder.
-    std::vector<std::filesystem::path> replaced() const;
-    /// Returns from keepOld to before it.
+    /// Ends the swaps; the old members are the caller's to move from the places that it returns. Nothing with errno,
+    /// and then the swaps are taken back.
+    std::optional<std::vector<std::filesystem::path>> keepOld();
+    /// Returns from keepOld to before it. False with errno.
     bool undoKeepOld();
 
     /// Removes what is hidden. False with errno where something of it is left.

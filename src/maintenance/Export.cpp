@@ -1,5 +1,6 @@
 #include "maintenance/Export.h"
 
+#include "files/FolderListing.h"
 #include "files/FolderLock.h"
 #include "files/Leftovers.h"
 #include "files/StagedMembers.h"
@@ -72,7 +73,10 @@ void exportDictionary(const FolderItem& dictionary, const FolderItem& destinatio
                           work);
     clearLeftovers(destination.path(), work);
 
-    const FolderItem there = destination.Child(dictionary.Name());
+    const FolderListing listing(destination);
+    if (!listing.listed())
+        return fail(destination, "it cannot be listed");
+    const FolderItem there = listing.Child(dictionary.Name());
     if (there.occupied()) {
         if (!there.Alias() && (liesIn(dictionary.path(), there.path()) || liesIn(there.path(), dictionary.path())))
             return fail(dictionary, "it cannot be exported onto itself");

@@ -1,5 +1,6 @@
 #include "maintenance/Install.h"
 
+#include "files/FolderListing.h"
 #include "files/FolderLock.h"
 #include "files/Leftovers.h"
 #include "files/StagedMembers.h"
@@ -40,7 +41,10 @@ Record installDictionary(const FolderItem& dictionary, const FolderItem& group, 
         return record;
 
     const FolderItem target(group.path() / dictionary.Name());
-    const FolderItem there = group.Child(dictionary.Name());
+    const FolderListing listing(group);
+    if (!listing.listed())
+        return fail(group, "it cannot be listed");
+    const FolderItem there = listing.Child(dictionary.Name());
     if (there.occupied() && !(there == target && isEmptyFolder(there))) {
         if (!sameContents(plan, there.path(), work))
             return fail(there, "an item of that name stands there already");

@@ -112,13 +112,14 @@ class CopyUpdate {
 
     /// Moves what was replaced to the backup folder. Where that fails, the copy gets all of it back.
     bool saveOld(StagedMembers& staged) {
-        if (!staged.keepOld()) {
+        const auto old = staged.keepOld();
+        if (!old) {
             fail(copy_, "it could not be written, and stays as it is: " + errorInWords(errno));
             return false;
         }
         Moves moves;
-        for (const fs::path& old : staged.replaced()) {
-            if (moves.move(old, backup_, backup_.parent_path(), work_, record_.failures))
+        for (const fs::path& each : *old) {
+            if (moves.move(each, backup_, backup_.parent_path(), work_, record_.failures))
                 continue;
             if (!moves.undo(work_, record_.failures) || !staged.undoKeepOld() || !staged.undo(work_))
                 fail(copy_, "it is updated, but not all that was replaced could be saved. The next run tries again");
@@ -199,13 +200,18 @@ class Updater {
         for (const FolderItem& copy : copies)
             folders.insert(dictionaryFolderOf(copy.Parent()));
         std::vector<std::unique_ptr<FolderLock>> locks;
+        locks.reserve(folders.size());
         for (const fs::path& folder : folders)
             locks.push_back(std::make_unique<FolderLock>(folder, FolderLock::Kind::Alone, work_));
         return locks;
     }
 
     void planMembers(std::size_t copies) {
-        for (const FolderItem& item : dictionary_.items()) {
+        const auto items = membersIn(dictionary_.path());
+        if (!items)
+            return fail(dictionary_, "it cannot be listed");
+        for (const fs::path& path : *items) {
+            const FolderItem item(path);
             if (!item.Visible())
                 continue;
             TreePlan plan = planTree(item.path(), {}, Links::Kept, Purpose::Copy, work_, dictionary_.path());
@@ -246,12 +252,17 @@ class Updater {
     /// Moves to a backup what a killed run has replaced in the copy, so that it is not mixed with what is replaced now.
     bool saveLeftover(const fs::path& leftover, const FolderItem& copy, std::size_t k) {
         const auto backup = makeBackup(copy, k);
+        const auto members = membersIn(leftover / kOldMembers);
+        if (!members)
+            fail(FolderItem(leftover), "it cannot be listed");
+        if (!backup || !members)
+            return false;
         Moves moves;
-        for (const fs::path& old : membersIn(leftover / kOldMembers)) {
-            if (!backup || !moves.move(old, *backup, backups_.path(), work_, record_.failures))
+        for (const fs::path& old : *members) {
+            if (!moves.move(old, *backup, backups_.path(), work_, record_.failures))
                 return false;
         }
-        return backup && removeTree(leftover, work_);
+        return removeTree(leftover, work_);
     }
 
     const FolderItem& dictionary_;

@@ -200,11 +200,12 @@ class Build {
             return notWritten(folder_.path());
         if (!staged.swap({std::string(kIndexFileName), std::string(kTextFileName)}, work_, failures))
             return told(failures);
-        if (earlier != EarlierPair::Saved || staged.replaced().empty())
+        if (earlier != EarlierPair::Saved)
             return staged.forgetOld() ? std::nullopt : std::optional(notWritten(folder_.path()));
-        if (!staged.keepOld())
+        const auto old = staged.keepOld();
+        if (!old)
             return notWritten(folder_.path());
-        if (save(staged.replaced(), backups, failures)) {
+        if (old->empty() || save(*old, backups, failures)) {
             staged.drop(work_);
             return std::nullopt;
         }
@@ -236,7 +237,8 @@ class Build {
     void saveLeftovers(const FolderItem& backups) {
         Failures ignored;
         for (const fs::path& leftover : unsavedMembers(folder_.path())) {
-            if (save(membersIn(leftover / kOldMembers), backups, ignored))
+            const auto old = membersIn(leftover / kOldMembers);
+            if (old && save(*old, backups, ignored))
                 removeTree(leftover, work_);
         }
     }

@@ -79,7 +79,7 @@ std::string leftBytes(std::string_view text, std::ptrdiff_t count) {
 
 FolderItem copyInto(const FolderItem& given, const FolderItem& destFolder, const std::string& newName, Links links) {
     const FolderItem source = links == Links::Followed ? given.resolved() : given;
-    const FolderItem target = isMemberName(newName) ? FolderItem(destFolder.path() / newName) : FolderItem();
+    FolderItem target = isMemberName(newName) ? FolderItem(destFolder.path() / newName) : FolderItem();
     if (target.isNil() || liesIn(destFolder.path(), source.path()))
         return destFolder.Child(newName);
     const auto isFolder = [](const FolderItem& item) { return item.Directory() && !item.Alias(); };

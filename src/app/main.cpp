@@ -1,3 +1,4 @@
+#include "files/FolderItem.h"
 #include "platform/EndSignals.h"
 #include "platform/QtHost.h"
 #include "platform/QtText.h"
@@ -5,7 +6,6 @@
 #include "shell/Application.h"
 #include "shell/Artwork.h"
 #include "shell/PictureRun.h"
-#include "store/FolderItem.h"
 
 #include <CLI/CLI.hpp>
 

@@ -4,9 +4,9 @@
 #include "cli/LineCheck.h"
 #include "cli/PageListCheck.h"
 #include "cli/PictureNames.h"
+#include "files/FolderListing.h"
 #include "search/DictionarySearch.h"
 #include "store/DictionaryItem.h"
-#include "store/FolderListing.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,8 +1,7 @@
 #include "cli/FolderArgument.h"
 
-#include "store/AtomicFile.h"
 #include "store/DictionaryItem.h"
-#include "store/FolderListing.h"
+#include "files/FolderListing.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Session.h"
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 #include "store/Group.h"
 
 #include <functional>

@@ -1,6 +1,7 @@
 #include "cli/LineCheck.h"
 
-#include "store/TextFile.h"
+#include "files/LineScanner.h"
+#include "files/TextFile.h"
 #include "text/StringRules.h"
 #include "text/Utf8.h"
 
@@ -41,10 +42,10 @@ checkLines(const FolderItem& file, std::vector<Finding>& findings,
         findings.push_back({file.path(), 0, "is longer than 256 MiB, and is not read"});
         return std::nullopt;
     }
-    FileLineReader lines(*opened);
+    LineScanner lines(*opened);
     std::uint64_t number = 0;
-    while (!lines.EOF_()) {
-        const std::string line = lines.ReadLine();
+    for (std::string_view next; lines.next(next);) {
+        const std::string line(next);
         ++number;
         if (!isValidUtf8(line))
             findings.push_back(

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/DictionaryCheck.h"
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 
 #include <cstdint>
 #include <functional>

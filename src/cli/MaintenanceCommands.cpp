@@ -1,10 +1,13 @@
 #include "cli/Commands.h"
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
+#include "files/TreePlan.h"
 #include "maintenance/Export.h"
 #include "maintenance/Install.h"
 #include "maintenance/Update.h"
 #include "store/DictionaryItem.h"
+
+#include <utility>
 
 namespace velmarin {
 
@@ -31,12 +34,15 @@ constexpr const char* kUpdateHelp = R"help(Columns:
   2  its path; of an old member, the path in BACKUPFOLDER
 
 Copies the members of a dictionary into every installed dictionary of that name
-in the groups of DICTIONARYFOLDER. Case is ignored, and links to dictionaries or
-groups are not followed. Hidden members, and members that only the installed
-dictionary has, are kept. The replaced members go to a new folder for each
-dictionary in BACKUPFOLDER, which is created if it is missing. At any moment each
-old member is complete in one of the two places. If a run was interrupted, run
-the same command again.
+in the groups of DICTIONARYFOLDER. Case and Unicode composition are ignored, and
+links to dictionaries or groups are not followed. Hidden members, and members that
+only the installed dictionary has, are kept. The replaced members go to a new
+folder for each dictionary in BACKUPFOLDER, which is created if it is missing.
+ind, txt and mImg are replaced only together, and if a disk is full the dictionary
+stays as it is. If a run was interrupted, run the same command again.
+
+While another install, update or export works on DICTIONARYFOLDER, the command
+waits and says so.
 
 Exit status: 0 success, 1 no group has this dictionary, 2 some members could not
 be replaced.
@@ -73,12 +79,20 @@ FolderItem dictionaryArgument(const std::string& argument) {
 void write(const Record& record, Session& session) {
     for (const Record::Entry& each : record.deeds)
         session.out().record({deedInWords(each.deed), each.item.path().native()});
-    for (const CopyFailure& each : record.failures)
+    for (const Failure& each : record.failures)
         session.couldNot(each.item.path().native() + ": " + each.reason);
 }
 
+/// Says once which folder the run waits for.
+Progress sayWhatIsWaitedFor() {
+    return [said = false](const WorkDone& done) mutable {
+        if (!done.waitsFor.empty() && !std::exchange(said, true))
+            complain(done.waitsFor.native() + ": waiting for another install, update or export to end");
+    };
+}
+
 Status install(const std::string& dictionary, const std::string& group, Session& session) {
-    write(installDictionary(dictionaryArgument(dictionary), folderArgument(group)), session);
+    write(installDictionary(dictionaryArgument(dictionary), folderArgument(group), sayWhatIsWaitedFor()), session);
     return Status::Done;
 }
 
@@ -90,7 +104,7 @@ Status update(const std::string& dictionary, const std::string& dictionaryFolder
         return Status::NothingFound;
     if (backups.empty())
         throw CannotDo("an empty name is not a folder");
-    write(updateDictionary(newVersion, copies, FolderItem(backups)), session);
+    write(updateDictionary(newVersion, copies, FolderItem(backups), sayWhatIsWaitedFor()), session);
     return Status::Done;
 }
 
@@ -98,7 +112,7 @@ Status update(const std::string& dictionary, const std::string& dictionaryFolder
 bool exportOne(const FolderItem& dictionary, const FolderItem& destination, bool replace, Session& session) {
     Record record;
     exportDictionary(
-        dictionary, destination, [replace](const std::string&) { return replace; }, {}, record);
+        dictionary, destination, [replace](const std::string&) { return replace; }, sayWhatIsWaitedFor(), record);
     bool skipped = false;
     for (Record::Entry& each : record.deeds) {
         if (each.deed != Deed::Skipped)

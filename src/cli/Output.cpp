@@ -1,6 +1,6 @@
 #include "cli/Output.h"
 
-#include "store/AtomicFile.h"
+#include "files/SystemCalls.h"
 #include "text/Utf8.h"
 
 #include <cerrno>
@@ -10,18 +10,6 @@
 namespace velmarin {
 
 namespace {
-
-/// Writes all bytes. Returns 0 or the error number.
-int writeAll(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR)
-            return errno;
-        if (written > 0)
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return 0;
-}
 
 constexpr char32_t kControlPictures = 0x2400;
 constexpr char32_t kDelete = 0x7F;
@@ -76,10 +64,10 @@ void Output::flush() {
     if (buffer_.empty())
         return;
     used_ = true;
-    const int error = writeAll(descriptor_, buffer_);
+    const bool written = writeAll(descriptor_, buffer_);
     buffer_.clear();
-    if (error != 0)
-        throw CannotDo("standard output: " + errorInWords(error));
+    if (!written)
+        throw CannotDo("standard output: " + errorInWords(errno));
 }
 
 void Output::close() {

@@ -2,8 +2,8 @@
 
 #include "cli/DictionaryCheck.h"
 #include "cli/PictureNames.h"
+#include "files/FolderListing.h"
 #include "store/DictionaryItem.h"
-#include "store/FolderListing.h"
 
 #include <optional>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/DictionaryCheck.h"
-#include "store/FolderListing.h"
+#include "files/FolderListing.h"
 
 #include <cstdint>
 #include <filesystem>

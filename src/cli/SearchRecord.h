@@ -1,9 +1,9 @@
 #pragma once
 
 #include "cli/Output.h"
+#include "files/IndexedTextFile.h"
 #include "search/DictionarySearch.h"
 #include "store/Group.h"
-#include "store/IndexedTextFile.h"
 
 #include <cstddef>
 #include <string>

@@ -27,13 +27,15 @@ SOURCE has one entry per line: the headword, a TAB, the meaning. __NUM__1 to
 __NUM__9 after a headword number homographs and are shown as raised digits;
 __BR__ is shown as a line break.
 
-FOLDER is created if it is missing. Text.txt and Index.txt in it are replaced
-together, and only when both are complete.
+FOLDER is created if it is missing. If it already holds a user dictionary,
+nothing is built unless --replace is given: then Text.txt and Index.txt are
+replaced together, once both new files are complete.
 
 Exit status: 0 success, 2 failure.
 
-Example:
-  velmarin-cli user-dictionary build words.txt UserDictionaries/Mine)help";
+Examples:
+  velmarin-cli user-dictionary build words.txt UserDictionaries/Mine
+  velmarin-cli user-dictionary build --replace words.txt UserDictionaries/Mine)help";
 
 constexpr const char* kSearchHelp = R"help(Columns, one line for each entry found, as in Text.txt:
   1  the headword
@@ -63,18 +65,18 @@ class Silent : public BuildProgress {
     void yield() override {}
 };
 
-Status build(const std::string& source, const std::string& folder, Session& session) {
+Status build(const std::string& source, const std::string& folder, EarlierPair earlier, Session& session) {
     if (source.empty())
         throw CannotDo("an empty name is not a file");
     std::error_code error;
     const bool made = !folder.empty() && std::filesystem::create_directory(folder, error);
     const FolderItem dictionary = folderArgument(folder);
     Silent progress;
-    const BuildResult result = buildUserDictionary(FolderItem(source), dictionary, progress);
+    const BuildResult result = buildUserDictionary(FolderItem(source), dictionary, progress, earlier);
     if (!result.ok) {
         if (made)
             std::filesystem::remove(folder, error);
-        throw CannotDo(result.reason);
+        throw CannotDo(result.earlierRefused ? result.reason + " Use --replace to replace it." : result.reason);
     }
     session.out().record({Str(result.lines), Str(result.linesNotUtf8)});
     return Status::Done;
@@ -110,10 +112,15 @@ void addUserDictionaryCommand(CLI::App& program, Job& chosen) {
 
     CLI::App* build_ = command->add_subcommand("build", "Build a user dictionary from a text file");
     build_->footer(kBuildHelp);
+    const CLI::Option* replace =
+        build_->add_flag("--replace")->option_text(" ")->description("Replace a user dictionary that FOLDER holds");
     const CLI::Option* source = addOne(*build_, "SOURCE", "The text file");
     const CLI::Option* target = addOne(*build_, "FOLDER", "The folder of the user dictionary");
-    build_->callback([&chosen, source, target] {
-        chosen = [=](Session& session) { return build(operand(source), operand(target), session); };
+    build_->callback([&chosen, replace, source, target] {
+        chosen = [=](Session& session) {
+            const EarlierPair earlier = replace->count() > 0 ? EarlierPair::Removed : EarlierPair::Refused;
+            return build(operand(source), operand(target), earlier, session);
+        };
     });
 
     CLI::App* search_ = command->add_subcommand("search", "Look up words in a user dictionary");

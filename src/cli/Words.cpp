@@ -1,6 +1,6 @@
 #include "cli/Words.h"
 
-#include "store/AtomicFile.h"
+#include "files/SystemCalls.h"
 
 #include <algorithm>
 #include <cerrno>

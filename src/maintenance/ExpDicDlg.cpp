@@ -4,6 +4,7 @@
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
+#include "maintenance/DictionaryFolder.h"
 #include "maintenance/Export.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
@@ -12,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QTableWidget>
 
@@ -23,6 +25,8 @@ constexpr QSize kSize(428, 455);
 constexpr int kCheckAll = 0;
 
 enum Column { kCheckBox, kName };
+
+constexpr std::string_view kCheckItems = "Check the item(s) which you want to export.";
 
 } // namespace
 
@@ -47,7 +51,7 @@ class ExpDicDlg::Working {
 };
 
 ExpDicDlg::ExpDicDlg(Host& host, BusyState& busy, QWidget* parent)
-    : QDialog(parent), host_(host), busy_(busy), CheckBV_(new BevelButton("Check", this)),
+    : QDialog(parent), host_(host), busy_(busy), CheckBV_(new BevelButton("Check", this)), ST_(new QLabel(this)),
       MainLB_(new QTableWidget(0, 2, this)), CancelBT_(new QPushButton(QStringLiteral("Cancel"), this)),
       PB_(new ProgressBar(Qt::Horizontal, this)), OKBT_(new QPushButton(QStringLiteral("Export"), this)) {
     setObjectName(QStringLiteral("ExpDicDlg"));
@@ -66,10 +70,10 @@ void ExpDicDlg::makeControls() {
     layout->add(CheckBV_, QRect(14, 12, 60, 22), Anchor::Left | Anchor::Top);
     connect(CheckBV_, &BevelButton::rowChosen, this, &ExpDicDlg::CheckBV_Action);
 
-    auto* ST = new QLabel(QStringLiteral("Check the item(s) which you want to export."), this);
-    ST->setObjectName(QStringLiteral("ST"));
-    ST->setStyleSheet(QStringLiteral("color: #ff0000"));
-    layout->add(ST, QRect(83, 19, 339, 15), Anchor::Left | Anchor::Top);
+    ST_->setText(toQ(kCheckItems));
+    ST_->setObjectName(QStringLiteral("ST"));
+    ST_->setStyleSheet(QStringLiteral("color: #ff0000"));
+    layout->add(ST_, QRect(83, 19, 339, 15), Anchor::Left | Anchor::Top);
 
     MainLB_->setObjectName(QStringLiteral("MainLB"));
     MainLB_->setAccessibleName(QStringLiteral("Dictionaries"));
@@ -139,6 +143,13 @@ void ExpDicDlg::CancelBT_Action() {
 }
 
 void ExpDicDlg::OKBT_Action() {
+    if (busy_.busy()) { // an update that this one would wait for would wait for this one to return
+        busy_.whenFree([self = QPointer<ExpDicDlg>(this)] {
+            if (self)
+                self->OKBT_Action();
+        });
+        return;
+    }
     int first = 0;
     while (first < MainLB_->rowCount() && !isChecked(first))
         ++first;
@@ -175,8 +186,11 @@ void ExpDicDlg::mExportDic(const FolderItem& dictionary, const FolderItem& desti
                               "'in the destination folder. Do you want to delete it to continue this proces  ?") ==
                Host::Answer::Yes;
     };
-    exportDictionary(
-        dictionary, destination, mayReplace, [this](const WorkDone&) { host_.Yield(); }, record);
+    const Progress yield = [this](const WorkDone& done) {
+        ST_->setText(done.waitsFor.empty() ? toQ(kCheckItems) : toQ(waitMessage(done.waitsFor)));
+        host_.Yield();
+    };
+    exportDictionary(dictionary, destination, mayReplace, yield, record);
 }
 
 void ExpDicDlg::reject() {

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 
 #include <QDialog>
 
 #include <vector>
 
+class QLabel;
 class QPushButton;
 class QTableWidget;
 
@@ -47,6 +48,7 @@ class ExpDicDlg : public QDialog {
     Host& host_;
     BusyState& busy_;
     BevelButton* CheckBV_;
+    QLabel* ST_;
     QTableWidget* MainLB_;
     QPushButton* CancelBT_;
     ProgressBar* PB_;

@@ -1,11 +1,14 @@
 #include "maintenance/Export.h"
 
-#include "maintenance/FolderChanges.h"
-#include "maintenance/StagedItem.h"
-#include "maintenance/TreePlan.h"
-#include "store/AtomicFile.h"
+#include "files/FolderListing.h"
+#include "files/FolderLock.h"
+#include "files/Leftovers.h"
+#include "files/StagedMembers.h"
+#include "files/SystemCalls.h"
+#include "files/TemporaryName.h"
+#include "files/TreeCompare.h"
+#include "maintenance/DictionaryFolder.h"
 #include "store/DictionaryItem.h"
-#include "store/TemporaryName.h"
 #include "text/StringRules.h"
 
 #include <algorithm>
@@ -16,9 +19,16 @@ namespace velmarin {
 
 namespace {
 
-/// Gives the copy its name, in the place of `there` where that exists. False with errno.
-bool putInPlace(StagedItem& staged, const FolderItem& there, const FolderItem& target) {
-    return there.occupied() ? staged.moveInPlaceOf(there.path(), target.path()) : staged.moveTo(target.path());
+/// Puts a staged dictionary in the place of the one that is there, whose name may differ in case or composition. False
+/// with the failures.
+bool replace(StagedMembers& staged, const FolderItem& there, const std::string& name, Work& work, Failures& failures) {
+    if (there.Name() == name && staged.exchange(name))
+        return true;
+    const auto fail = [&] {
+        failures.push_back({there, "it could not be replaced: " + errorInWords(errno)});
+        return false;
+    };
+    return (staged.beginSwap() || fail()) && staged.swap({name}, work, failures) && (staged.forgetOld() || fail());
 }
 
 } // namespace
@@ -59,9 +69,14 @@ void exportDictionary(const FolderItem& dictionary, const FolderItem& destinatio
     }
     if (!destination.Directory())
         return fail(destination, "it is not a folder");
+    const FolderLock lock(dictionaryFolderOf(FolderItem(dictionary.AbsolutePath()).Parent()), FolderLock::Kind::Shared,
+                          work);
     clearLeftovers(destination.path(), work);
 
-    const FolderItem there = destination.Child(dictionary.Name());
+    const FolderListing listing(destination);
+    if (!listing.listed())
+        return fail(destination, "it cannot be listed");
+    const FolderItem there = listing.Child(dictionary.Name());
     if (there.occupied()) {
         if (!there.Alias() && (liesIn(dictionary.path(), there.path()) || liesIn(there.path(), dictionary.path())))
             return fail(dictionary, "it cannot be exported onto itself");
@@ -77,17 +92,24 @@ void exportDictionary(const FolderItem& dictionary, const FolderItem& destinatio
         return;
 
     work.expect(plan.bytes);
-    auto staged = StagedItem::copy(plan, destination.path(), work, record.failures);
+    const std::string name = dictionary.Name();
+    auto staged = StagedMembers::in(destination.path());
     if (!staged)
+        return fail(destination, "nothing can be written there: " + errorInWords(errno));
+    if (staged->copy(plan, name, work, record.failures) != CopyOutcome::Whole)
         return;
-    const FolderItem target(destination.path() / dictionary.Name());
-    if (!putInPlace(*staged, there, target))
-        return fail(dictionary, "it could not be given its name in the folder: " + errorInWords(errno));
+    const FolderItem target(destination.path() / name);
+    if (there.occupied()) {
+        if (!replace(*staged, there, name, work, record.failures))
+            return;
+    } else if (!staged->moveTo(name, target.path())) {
+        return fail(target, "it could not be given its name: " + errorInWords(errno));
+    }
     record.deeds.push_back({Deed::Exported, target});
     if (!flushFolder(destination.path()))
-        return fail(target, errorInWords(errno));
+        return fail(target, "it could not be written: " + errorInWords(errno));
     if (!staged->drop(work))
-        fail(target, "what stood there before could not be removed altogether: " + errorInWords(errno));
+        fail(target, "the replaced one could not be removed altogether: " + errorInWords(errno));
 }
 
 bool sameAsExported(const FolderItem& dictionary, const FolderItem& other, const Progress& progress) {

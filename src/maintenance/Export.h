@@ -1,7 +1,7 @@
 #pragma once
 
+#include "files/Work.h"
 #include "maintenance/Record.h"
-#include "maintenance/Work.h"
 
 #include <functional>
 #include <string>
@@ -22,6 +22,9 @@ using MayReplace = std::function<bool(const std::string& name)>;
 /// A dictionary without `FW`, and one that must not be replaced, is skipped. What no copy can hold (FIFOs, devices,
 /// links that lead nowhere or in circles) is left out and is among the failures; anything else that cannot be copied
 /// keeps the dictionary from appearing.
+///
+/// Waits while an install or update works on the folder that holds the dictionary's group
+/// (maintenance/DictionaryFolder.h). Exports do not wait for each other.
 void exportDictionary(const FolderItem& dictionary, const FolderItem& destination, const MayReplace& mayReplace,
                       const Progress& progress, Record& record);
 

@@ -1,9 +1,12 @@
 #include "maintenance/Install.h"
 
-#include "maintenance/FolderChanges.h"
-#include "maintenance/StagedItem.h"
-#include "maintenance/TreePlan.h"
-#include "store/AtomicFile.h"
+#include "files/FolderListing.h"
+#include "files/FolderLock.h"
+#include "files/Leftovers.h"
+#include "files/StagedMembers.h"
+#include "files/SystemCalls.h"
+#include "files/TreeCompare.h"
+#include "maintenance/DictionaryFolder.h"
 
 #include <cerrno>
 
@@ -28,6 +31,7 @@ Record installDictionary(const FolderItem& dictionary, const FolderItem& group, 
     };
     if (!group.Directory())
         return fail(group, "it is not a folder");
+    const FolderLock lock(dictionaryFolderOf(group), FolderLock::Kind::Alone, work);
     clearLeftovers(group.path(), work);
 
     const TreePlan plan = planTree(dictionary.path(), group.path(), Links::Kept, Purpose::Copy, work);
@@ -37,7 +41,10 @@ Record installDictionary(const FolderItem& dictionary, const FolderItem& group, 
         return record;
 
     const FolderItem target(group.path() / dictionary.Name());
-    const FolderItem there = group.Child(dictionary.Name());
+    const FolderListing listing(group);
+    if (!listing.listed())
+        return fail(group, "it cannot be listed");
+    const FolderItem there = listing.Child(dictionary.Name());
     if (there.occupied() && !(there == target && isEmptyFolder(there))) {
         if (!sameContents(plan, there.path(), work))
             return fail(there, "an item of that name stands there already");
@@ -46,14 +53,16 @@ Record installDictionary(const FolderItem& dictionary, const FolderItem& group, 
     }
 
     work.expect(plan.bytes);
-    auto staged = StagedItem::copy(plan, group.path(), work, record.failures);
+    auto staged = StagedMembers::in(group.path());
     if (!staged)
+        return fail(group, "nothing can be written there: " + errorInWords(errno));
+    if (staged->copy(plan, dictionary.Name(), work, record.failures) != CopyOutcome::Whole)
         return record;
-    if (!staged->moveToEvenOverEmptyFolder(target.path()))
-        return fail(dictionary, "it could not be given its name in the group: " + errorInWords(errno));
+    if (!staged->moveTo(dictionary.Name(), target.path()))
+        return fail(target, "it could not be given its name: " + errorInWords(errno));
     record.deeds.push_back({Deed::Installed, target});
     if (!flushFolder(group.path()))
-        return fail(target, errorInWords(errno));
+        return fail(target, "it could not be written: " + errorInWords(errno));
     return record;
 }
 

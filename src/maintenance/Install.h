@@ -1,7 +1,7 @@
 #pragma once
 
+#include "files/Work.h"
 #include "maintenance/Record.h"
-#include "maintenance/Work.h"
 
 namespace velmarin {
 
@@ -10,7 +10,10 @@ namespace velmarin {
 /// byte, nothing is done.
 ///
 /// Links are copied as links. What no copy can hold (FIFOs, devices) is left out and is among the failures; anything
-/// else that cannot be copied keeps the dictionary from appearing.
+/// else that cannot be copied keeps the dictionary from appearing, and so does a relative link that leads nowhere;
+/// others are rewritten where needed, so that they lead to the same.
+///
+/// Waits while another run works on the folder that holds the group (maintenance/DictionaryFolder.h).
 Record installDictionary(const FolderItem& dictionary, const FolderItem& group, const Progress& progress = {});
 
 } // namespace velmarin

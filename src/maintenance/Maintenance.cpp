@@ -1,6 +1,5 @@
 #include "maintenance/Maintenance.h"
 
-#include "controls/QtText.h"
 #include "maintenance/EditDicDlg.h"
 #include "maintenance/ExpDicDlg.h"
 #include "maintenance/Install.h"
@@ -10,8 +9,6 @@
 #include "platform/Busy.h"
 #include "platform/Host.h"
 #include "store/DictionaryItem.h"
-
-#include <QStandardPaths>
 
 namespace velmarin {
 
@@ -30,10 +27,6 @@ constexpr std::string_view kAskForGroup = "To use a existing group. selet the ap
                                           "make a new group, make a new folder on the dialog.";
 
 } // namespace
-
-FolderItem desktopFolder() {
-    return FolderItem(pathFromQ(QStandardPaths::writableLocation(QStandardPaths::DesktopLocation)));
-}
 
 Maintenance::Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop)
     : windows_(windows), host_(host), busy_(busy), desktop_(std::move(desktop)) {}
@@ -57,21 +50,24 @@ void Maintenance::mUpDateDictionary() {
     {
         WaitDlg wait(windows_.frontWindow());
         wait.show();
-        const Progress yield = [this](const WorkDone&) { host_.Yield(); };
+        const Progress yield = [this, &wait](const WorkDone& done) {
+            wait.showWhatIsWaitedFor(done.waitsFor);
+            host_.Yield();
+        };
         const auto copies = installedCopies(windows_.pDictionaryFolder(), dictionary.Name(), yield);
-        record =
-            copies.empty() ? mInstallDictionary(dictionary) : updateDictionary(dictionary, copies, desktop_, yield);
+        record = copies.empty() ? mInstallDictionary(dictionary, yield)
+                                : updateDictionary(dictionary, copies, desktop_, yield);
     }
     if (!record.failures.empty())
         host_.MsgBox(failureMessage(record));
 }
 
-Record Maintenance::mInstallDictionary(const FolderItem& dictionary) {
+Record Maintenance::mInstallDictionary(const FolderItem& dictionary, const Progress& progress) {
     host_.MsgBox(kNewDictionary);
     const std::filesystem::path group = host_.SelectFolder(kAskForGroup, windows_.pDictionaryFolder().path());
     if (group.empty())
         return {};
-    Record record = installDictionary(dictionary, FolderItem(group), [this](const WorkDone&) { host_.Yield(); });
+    Record record = installDictionary(dictionary, FolderItem(group), progress);
     for (int window = 0; window < windows_.windowCount(); ++window) {
         windows_.resetToNoGroup(window);
         host_.Yield();

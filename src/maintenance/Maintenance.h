@@ -1,7 +1,9 @@
 #pragma once
 
+#include "files/FolderItem.h"
+#include "files/Work.h"
 #include "maintenance/Record.h"
-#include "store/FolderItem.h"
+#include "platform/Desktop.h"
 
 #include <QPointer>
 
@@ -13,13 +15,10 @@ class ExpDicDlg;
 class Host;
 class WindowsLink;
 
-/// The user's desktop, where updates put their backup folders. It may be missing.
-FolderItem desktopFolder();
-
 /// The maintenance commands and their dialogs, one of each. Owned by the application object.
 class Maintenance {
   public:
-    Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop = desktopFolder());
+    Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop = FolderItem(desktopFolder()));
     ~Maintenance();
 
     /// Asks for a dictionary and updates every installed copy of it or, if there is none, installs it. Shows `WaitDlg`,
@@ -32,7 +31,7 @@ class Maintenance {
     void changeDictionariesOrder(int window, const FolderItem& group);
 
   private:
-    Record mInstallDictionary(const FolderItem& dictionary);
+    Record mInstallDictionary(const FolderItem& dictionary, const Progress& progress);
 
     WindowsLink& windows_;
     Host& host_;

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "store/FileCopy.h"
-#include "store/FolderItem.h"
+#include "files/Failure.h"
 
 #include <string>
 #include <vector>
@@ -29,7 +28,7 @@ struct Record {
         FolderItem item;
     };
     std::vector<Entry> deeds;
-    std::vector<CopyFailure> failures;
+    Failures failures;
 };
 
 /// One message that lists the failures with their reasons; empty where there is none. Items that were merely left out

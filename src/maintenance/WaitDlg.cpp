@@ -1,13 +1,16 @@
 #include "maintenance/WaitDlg.h"
 
 #include "controls/AnchoredLayout.h"
+#include "maintenance/DictionaryFolder.h"
+#include "platform/QtText.h"
 
 #include <QLabel>
 #include <QProgressBar>
 
 namespace velmarin {
 
-WaitDlg::WaitDlg(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
+WaitDlg::WaitDlg(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), Label1_(new QLabel(this)) {
     setObjectName(QStringLiteral("WaitDlg"));
     constexpr QSize size(375, 79);
     const Anchors locks = Anchor::Left | Anchor::Top | Anchor::Right;
@@ -20,15 +23,21 @@ WaitDlg::WaitDlg(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::CustomizeWi
     ProgressBar1->setTextVisible(false);
     layout->add(ProgressBar1, QRect(25, 14, 323, 20), locks);
 
-    auto* Label1 = new QLabel(QStringLiteral("Please wait a minute !"), this);
-    Label1->setObjectName(QStringLiteral("Label1"));
-    Label1->setAlignment(Qt::AlignCenter);
-    QFont bold = Label1->font();
+    showWhatIsWaitedFor({});
+    Label1_->setObjectName(QStringLiteral("Label1"));
+    Label1_->setAlignment(Qt::AlignCenter);
+    QFont bold = Label1_->font();
     bold.setBold(true);
-    Label1->setFont(bold);
-    layout->add(Label1, QRect(25, 46, 320, 20), locks);
+    Label1_->setFont(bold);
+    layout->add(Label1_, QRect(25, 46, 320, 20), locks);
 
     resize(size);
+}
+
+void WaitDlg::showWhatIsWaitedFor(const std::filesystem::path& folder) {
+    const QString text = folder.empty() ? QStringLiteral("Please wait a minute !") : toQ(waitMessage(folder));
+    Label1_->setText(text);
+    Label1_->setToolTip(pathToQ(folder));
 }
 
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 
 #include <string>
 #include <vector>

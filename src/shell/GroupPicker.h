@@ -1,7 +1,7 @@
 #pragma once
 
+#include "files/FolderItem.h"
 #include "search/GroupPicks.h"
-#include "store/FolderItem.h"
 
 #include <QObject>
 

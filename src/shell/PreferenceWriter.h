@@ -1,8 +1,8 @@
 #pragma once
 
+#include "files/AtomicFile.h"
 #include "search/WindowState.h"
 #include "shell/ThisAppliModule.h"
-#include "store/AtomicFile.h"
 
 #include <functional>
 #include <map>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/FolderItem.h"
-#include "store/TextFile.h"
+#include "files/FolderItem.h"
+#include "files/TextFile.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,6 +1,7 @@
 #include "side/DictionaryModule.h"
 
-#include "side/LineScanner.h"
+#include "files/Leftovers.h"
+#include "files/LineScanner.h"
 #include "side/UserDictionary.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
@@ -63,7 +64,12 @@ bool DictionaryModule::m__SubMatch(std::string_view indexWord, std::string_view 
 bool DictionaryModule::mSearch(const FolderItem& dictionary, std::string_view word, int mode, bool indexOnly,
                                const Yield& yield) {
     pResult.clear();
-    const auto index = ReadOnlyFile::open(dictionary.Child(kIndexFileName));
+    auto index = ReadOnlyFile::open(dictionary.Child(kIndexFileName));
+    if (!index) { // as after a build that was killed, which has left the earlier pair under hidden names
+        Work quiet;
+        clearLeftovers(dictionary.path(), quiet);
+        index = ReadOnlyFile::open(dictionary.Child(kIndexFileName));
+    }
     if (!index)
         throw NilObjectException("The user dictionary \"" + dictionary.Name() + "\" has no " +
                                  std::string(kIndexFileName) + " that can be read.");

@@ -1,8 +1,8 @@
 #include "side/DictionaryService.h"
 
+#include "files/TextFile.h"
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
-#include "store/TextFile.h"
 #include "text/StringRules.h"
 #include "text/Utf8.h"
 

@@ -1,6 +1,6 @@
 #include "side/LookUpText.h"
 
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
 #include "text/NilObjectException.h"
 
 namespace velmarin {

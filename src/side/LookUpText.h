@@ -1,7 +1,7 @@
 #pragma once
 
+#include "files/FolderItem.h"
 #include "side/ScriptRun.h"
-#include "store/FolderItem.h"
 
 #include <functional>
 #include <string>

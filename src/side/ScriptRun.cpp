@@ -1,6 +1,6 @@
 #include "side/ScriptRun.h"
 
-#include "store/Descriptor.h"
+#include "files/Descriptor.h"
 
 #include <cerrno>
 #include <csignal>

@@ -1,7 +1,7 @@
 #include "side/SubwindowFile.h"
 
+#include "files/TextFile.h"
 #include "store/DataModule.h"
-#include "store/TextFile.h"
 #include "text/StringRules.h"
 
 namespace velmarin {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/AtomicFile.h"
-#include "store/FolderItem.h"
+#include "files/AtomicFile.h"
+#include "files/FolderItem.h"
 
 #include <optional>
 #include <string>

@@ -1,11 +1,17 @@
 #include "side/UserDictionary.h"
 
+#include "files/AtomicFile.h"
+#include "files/Descriptor.h"
+#include "files/Leftovers.h"
+#include "files/Move.h"
+#include "files/NewFile.h"
+#include "files/StagedMembers.h"
+#include "files/SystemCalls.h"
+#include "files/TemporaryName.h"
+#include "files/TextFile.h"
 #include "side/DictionaryModule.h"
-#include "store/AtomicFile.h"
-#include "store/Descriptor.h"
-#include "store/TemporaryName.h"
-#include "store/TextFile.h"
-#include "text/NilObjectException.h"
+#include "side/UserDictionaryIndex.h"
+#include "store/BackupFolder.h"
 #include "text/StringRules.h"
 
 #include <array>
@@ -14,10 +20,6 @@
 #include <system_error>
 #include <utility>
 #include <vector>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
 
 namespace velmarin {
 
@@ -38,60 +40,6 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 10> kSupersc
     {"__NUM__", "-"},
 }};
 
-/// A hidden folder inside another one, in which files are made whole before they are put in place. Locked, so that
-/// nobody takes it for the leftover of a run that was killed.
-class StagingFolder {
-  public:
-    explicit StagingFolder(const fs::path& parent) : path_(parent / newTemporaryName()) {
-        if (::mkdir(path_.c_str(), 0777) != 0) {
-            error_ = errno;
-            path_.clear();
-            return;
-        }
-        lock_ = Descriptor(::open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-        if (lock_)
-            ::flock(lock_.number(), LOCK_EX | LOCK_NB);
-    }
-    ~StagingFolder() {
-        std::error_code ignored;
-        if (!path_.empty())
-            fs::remove_all(path_, ignored);
-    }
-    StagingFolder(const StagingFolder&) = delete;
-    StagingFolder& operator=(const StagingFolder&) = delete;
-
-    const fs::path& path() const { return path_; }
-    int error() const { return error_; }
-
-  private:
-    fs::path path_;
-    Descriptor lock_;
-    int error_ = 0;
-};
-
-/// Renames that are taken back in reverse order unless all of them went well.
-class Renames {
-  public:
-    Renames() = default;
-    Renames(const Renames&) = delete;
-    Renames& operator=(const Renames&) = delete;
-    ~Renames() {
-        std::error_code ignored;
-        for (auto it = done_.rbegin(); it != done_.rend(); ++it)
-            fs::rename(it->second, it->first, ignored);
-    }
-    bool rename(const fs::path& from, const fs::path& to) {
-        if (::rename(from.c_str(), to.c_str()) != 0)
-            return false;
-        done_.emplace_back(from, to);
-        return true;
-    }
-    void keep() { done_.clear(); }
-
-  private:
-    std::vector<std::pair<fs::path, fs::path>> done_;
-};
-
 std::string quoted(const fs::path& path) {
     return "\"" + path.native() + "\"";
 }
@@ -103,7 +51,7 @@ BuildResult failure(std::string reason) {
 /// Why the files in `folder` may not be replaced; nothing where they may.
 std::optional<std::string> obstacle(const FolderItem& source, const FolderItem& folder) {
     for (const std::string_view name : {kTextFileName, kIndexFileName}) {
-        const FolderItem member(folder.path() / name);
+        const FolderItem member = folder.Child(name);
         std::error_code error;
         if (member.Directory())
             return quoted(member.path()) + " is a folder.";
@@ -112,6 +60,55 @@ std::optional<std::string> obstacle(const FolderItem& source, const FolderItem& 
     }
     return std::nullopt;
 }
+
+bool holdsUserDictionary(const FolderItem& folder) {
+    return folder.Child(kTextFileName).occupied() || folder.Child(kIndexFileName).occupied();
+}
+
+/// The source a piece at a time, cut at the ends of lines. A line that is longer than a piece comes whole.
+class Pieces {
+  public:
+    explicit Pieces(const ReadOnlyFile& file) : file_(file) {}
+
+    /// False at the end of the file. The piece lasts until the next call.
+    bool next(std::string_view& piece) {
+        buffer_.erase(0, std::exchange(taken_, 0));
+        for (std::size_t searched = 0; taken_ == 0; searched = buffer_.size()) {
+            const std::size_t had = buffer_.size();
+            buffer_.resize(had + kPiece);
+            buffer_.resize(had + file_.read(at_, buffer_.data() + had, kPiece));
+            at_ += buffer_.size() - had;
+            taken_ = buffer_.size() == had ? had : endOfLines(searched);
+            if (buffer_.empty())
+                return false;
+        }
+        piece = std::string_view(buffer_).substr(0, taken_);
+        return true;
+    }
+
+    /// How many bytes of the file have been read.
+    std::uint64_t read() const { return at_; }
+
+  private:
+    static constexpr std::size_t kPiece = std::size_t{1} << 20;
+
+    /// After the last end of a line that is known to be whole; 0 where there is none.
+    std::size_t endOfLines(std::size_t searched) const {
+        const std::string_view fresh = std::string_view(buffer_).substr(searched > 0 ? searched - 1 : 0);
+        const std::size_t before = buffer_.size() - fresh.size();
+        const std::size_t lineFeed = fresh.rfind('\n');
+        if (lineFeed != std::string_view::npos)
+            return before + lineFeed + 1;
+        // A CR at the very end may have its LF in what comes next.
+        const std::size_t carriageReturn = fresh.substr(0, fresh.size() - 1).rfind('\r');
+        return carriageReturn == std::string_view::npos ? 0 : before + carriageReturn + 1;
+    }
+
+    const ReadOnlyFile& file_;
+    std::string buffer_;
+    std::size_t taken_ = 0;
+    std::uint64_t at_ = 0;
+};
 
 /// The lines of `bytes` with their ends, the superscripts set.
 std::string dictionaryText(std::string_view bytes, BuildProgress& progress, BuildResult& result) {
@@ -133,22 +130,132 @@ std::string dictionaryText(std::string_view bytes, BuildProgress& progress, Buil
     return text;
 }
 
-BuildResult putInPlace(const fs::path& staging, const fs::path& folder) {
-    Renames renames;
-    // The index goes first and comes last: whenever this is cut short, no index stands beside a text that it is not of.
-    for (const std::string_view name : {kIndexFileName, kTextFileName})
-        if (FolderItem(folder / name).occupied() &&
-            !renames.rename(folder / name, staging / ("Old" + std::string(name))))
-            return failure(quoted(folder / name) + " could not be replaced: " + errorInWords(errno));
-    for (const std::string_view name : {kTextFileName, kIndexFileName})
-        if (!renames.rename(staging / name, folder / name))
-            return failure(quoted(folder / name) + " could not be written: " + errorInWords(errno));
-    renames.keep();
-    const Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (opened)
-        ::fsync(opened.number());
-    return {};
-}
+/// One build, in which the files are staged and then change places with the earlier ones.
+class Build {
+  public:
+    Build(const FolderItem& source, const FolderItem& folder, BuildProgress& progress)
+        : source_(source), folder_(folder), progress_(progress),
+          work_([&progress](const WorkDone&) { progress.yield(); }) {}
+
+    BuildResult run(EarlierPair earlier, const FolderItem& backups) {
+        clearLeftovers(folder_.path(), work_);
+        const auto file = ReadOnlyFile::open(source_);
+        if (!file)
+            return failure(quoted(source_.path()) + " could not be read.");
+        const FileStamp stamp = file->stamp();
+        if (const auto why = obstacle(source_, folder_))
+            return failure(*why);
+        if (earlier == EarlierPair::Refused && holdsUserDictionary(folder_)) {
+            result_ = failure(quoted(folder_.path()) + " already holds a user dictionary.");
+            result_.earlierRefused = true;
+            return result_;
+        }
+        if (earlier == EarlierPair::Saved)
+            saveLeftovers(backups);
+        auto staged = StagedMembers::in(folder_.path());
+        if (!staged)
+            return failure("Nothing can be written to " + quoted(folder_.path()) + ": " + errorInWords(errno));
+        if (const auto why = write(*staged, *file))
+            return failure(*why);
+        const auto again = ReadOnlyFile::open(source_);
+        if (!again || again->stamp() != stamp)
+            return failure(quoted(source_.path()) + " was changed while the dictionary was being made.");
+        if (const auto why = putInPlace(*staged, earlier, backups))
+            return failure(*why);
+        return result_;
+    }
+
+  private:
+    static std::string notWritten(const fs::path& path) {
+        return quoted(path) + " could not be written: " + errorInWords(errno);
+    }
+
+    std::optional<std::string> write(StagedMembers& staged, const ReadOnlyFile& file) {
+        NewFile text(staged.placeOf(kTextFileName));
+        Pieces pieces(file);
+        for (std::string_view piece; text && pieces.next(piece);)
+            text.write(dictionaryText(piece, progress_, result_));
+        if (text && pieces.read() < file.stamp().size)
+            return quoted(source_.path()) + " could not be read.";
+        if (!text.flush())
+            return notWritten(folder_.path() / kTextFileName);
+        staged.add(std::string(kTextFileName));
+        std::string why = quoted(source_.path()) + " could not be read.";
+        const bool made = makeUserDictionaryIndex(DictionaryModule(), source_, progress_, [&](std::string_view bytes) {
+            NewFile index(staged.placeOf(kIndexFileName));
+            const bool written = index.write(bytes) && index.flush();
+            why = notWritten(folder_.path() / kIndexFileName);
+            return written;
+        });
+        if (!made)
+            return why;
+        staged.add(std::string(kIndexFileName));
+        return std::nullopt;
+    }
+
+    std::optional<std::string> putInPlace(StagedMembers& staged, EarlierPair earlier, const FolderItem& backups) {
+        Failures failures;
+        // The index goes first and comes last: no index is ever beside a text that it does not belong to.
+        if (!staged.beginSwap())
+            return notWritten(folder_.path());
+        if (!staged.swap({std::string(kIndexFileName), std::string(kTextFileName)}, work_, failures))
+            return told(failures);
+        if (earlier != EarlierPair::Saved)
+            return staged.forgetOld() ? std::nullopt : std::optional(notWritten(folder_.path()));
+        const auto old = staged.keepOld();
+        if (!old)
+            return notWritten(folder_.path());
+        if (old->empty() || save(*old, backups, failures)) {
+            staged.drop(work_);
+            return std::nullopt;
+        }
+        if (!staged.undoKeepOld() || !staged.undo(work_))
+            failures.push_back({folder_, "what was replaced could not be put back: " + errorInWords(errno)});
+        return told(failures);
+    }
+
+    /// Moves an earlier pair to a new folder in `backups`; it stays where that fails. What had to be copied there stays
+    /// too, for the hidden folder that holds it to be removed.
+    bool save(const std::vector<fs::path>& pair, const FolderItem& backups, Failures& failures) {
+        const FolderItem backup(backups.path() / backupFolderName(folder_.Name(), 0, backups));
+        if (!backups.CreateAsFolder() || !makeFolder(backup.path())) {
+            failures.push_back({backup, "the folder could not be made: " + errorInWords(errno)});
+            return false;
+        }
+        clearLeftovers(backups.path(), work_);
+        Moves moves;
+        for (const fs::path& each : pair) {
+            if (!moves.move(each, backup.path(), backups.path(), work_, failures)) {
+                moves.undo(work_, failures);
+                return false;
+            }
+        }
+        return true;
+    }
+
+    /// What a killed build has replaced and not yet saved; it stays hidden where that fails.
+    void saveLeftovers(const FolderItem& backups) {
+        Failures ignored;
+        for (const fs::path& leftover : unsavedMembers(folder_.path())) {
+            const auto old = membersIn(leftover / kOldMembers);
+            if (old && save(*old, backups, ignored))
+                removeTree(leftover, work_);
+        }
+    }
+
+    static std::string told(const Failures& failures) {
+        std::string text;
+        for (const Failure& each : failures)
+            text += (text.empty() ? "" : "; ") + quoted(each.item.path()) + ": " + each.reason;
+        return text;
+    }
+
+    const FolderItem& source_;
+    const FolderItem& folder_;
+    BuildProgress& progress_;
+    Work work_;
+    BuildResult result_;
+};
 
 } // namespace
 
@@ -159,36 +266,9 @@ std::string withSuperscripts(std::string_view line) {
     return result;
 }
 
-BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, BuildProgress& progress) {
-    const auto file = ReadOnlyFile::open(source);
-    if (!file)
-        return failure(quoted(source.path()) + " could not be read.");
-    const FileStamp stamp = file->stamp();
-    if (const auto why = obstacle(source, folder))
-        return failure(*why);
-    clearLeftoverTemporaries(folder.path());
-    const StagingFolder staging(folder.path());
-    if (staging.path().empty())
-        return failure("Nothing can be written to " + quoted(folder.path()) + ": " + errorInWords(staging.error()));
-
-    BuildResult result;
-    if (const auto bytes = readWholeFile(source); !bytes)
-        return failure(quoted(source.path()) + " could not be read.");
-    else if (const WriteResult written =
-                 writeFileAtomically(staging.path() / kTextFileName, dictionaryText(*bytes, progress, result));
-             !written)
-        return failure(written.reason);
-    try {
-        DictionaryModule().mDic_MakeIndex(source, FolderItem(staging.path() / kIndexFileName), progress);
-    } catch (const NilObjectException& error) {
-        return failure(error.what());
-    }
-    const auto again = ReadOnlyFile::open(source);
-    if (!again || again->stamp() != stamp)
-        return failure(quoted(source.path()) + " was changed while the dictionary was being made.");
-    if (BuildResult placed = putInPlace(staging.path(), folder.path()); !placed.ok)
-        return placed;
-    return result;
+BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, BuildProgress& progress,
+                                EarlierPair earlier, const FolderItem& backups) {
+    return Build(source, folder, progress).run(earlier, backups);
 }
 
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 
 #include <cstdint>
 #include <string>
@@ -29,10 +29,12 @@ class BuildProgress {
 
 struct BuildResult {
     bool ok = true;
-    /// In plain words, with the name of the file: empty where all went well.
+    /// In plain words, with the name of the file; empty on success.
     std::string reason;
+    /// The reason is that the folder already holds a dictionary.
+    bool earlierRefused = false;
     std::int64_t lines = 0;
-    /// Lines that are no UTF-8: they are in the dictionary byte for byte.
+    /// Lines that are not UTF-8: they are in the dictionary byte for byte.
     std::int64_t linesNotUtf8 = 0;
 };
 
@@ -40,9 +42,18 @@ struct BuildResult {
 /// "__NUM__" a hyphen, whatever the case of the marker. All else, line ends included, stays as it is.
 std::string withSuperscripts(std::string_view line);
 
-/// Makes `folder` a user dictionary from the source file: both files are written whole beside the folder's own and put
-/// in place together, in place of those of an earlier dictionary. Where anything fails the folder is as it was.
-/// The folder has to be there.
-BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, BuildProgress& progress);
+/// What becomes of the files of an earlier dictionary in the folder.
+enum class EarlierPair {
+    Refused, ///< nothing is built
+    Removed,
+    Saved, ///< moved to a new folder in the folder for backups
+};
+
+/// Makes `folder`, which has to be there, a user dictionary from the source file: both files are written whole in a
+/// hidden folder inside it and put in place together. Until then the earlier pair stays, and where anything fails the
+/// folder is as it was; after a kill the next build gives the earlier pair its names back first. A folder for what is
+/// saved is made in `backups`, called after the dictionary, "-Oldversion-0" and, where that name is taken, a number.
+BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, BuildProgress& progress,
+                                EarlierPair earlier, const FolderItem& backups = {});
 
 } // namespace velmarin

@@ -1,7 +1,9 @@
+#include "side/UserDictionaryIndex.h"
+
+#include "files/AtomicFile.h"
+#include "files/LineScanner.h"
 #include "side/DictionaryModule.h"
-#include "side/LineScanner.h"
 #include "side/UserDictionary.h"
-#include "store/AtomicFile.h"
 #include "store/Fi_Module.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"
@@ -72,20 +74,18 @@ std::vector<std::string_view> sortedLines(std::string_view text, BuildProgress& 
 
 } // namespace
 
-void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index,
-                                      BuildProgress& progress) const {
-    if (source.isNil() || index.isNil())
-        return;
+bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, BuildProgress& progress,
+                             const std::function<bool(std::string_view)>& write) {
     progress.message("I'm counting the lines of the data.");
     const int lineCount = mFiMod_GetLineCountFromTextFi(source);
     const auto file = ReadOnlyFile::open(source);
     if (!file)
-        throw NilObjectException("\"" + source.path().native() + "\" could not be read.");
+        return false;
     progress.showBar();
 
     progress.message("I'm making the word for sorting and searching.");
     progress.setMaximum(lineCount);
-    const Words words = makeWords(*this, *file, progress);
+    const Words words = makeWords(module, *file, progress);
     progress.setValue(lineCount);
 
     progress.message("I'm making the index data.");
@@ -106,10 +106,24 @@ void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem
         bytes += sorted[i];
         progress.yield();
     }
-    if (const WriteResult written = writeFileAtomically(index.path(), bytes); !written)
-        throw NilObjectException(written.reason);
+    if (!write(bytes))
+        return false;
     progress.setValue(last);
     progress.message("");
+    return true;
+}
+
+void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index,
+                                      BuildProgress& progress) const {
+    if (source.isNil() || index.isNil())
+        return;
+    WriteResult written{.ok = false, .reason = "\"" + source.path().native() + "\" could not be read."};
+    const bool made = makeUserDictionaryIndex(*this, source, progress, [&](std::string_view bytes) {
+        written = writeFileAtomically(index.path(), bytes);
+        return written.ok;
+    });
+    if (!made)
+        throw NilObjectException(written.reason);
 }
 
 } // namespace velmarin

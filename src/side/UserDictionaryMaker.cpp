@@ -55,7 +55,7 @@ std::string notUtf8Message(std::int64_t lines) {
 } // namespace
 
 void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink& mainWindow, Host& host,
-                                  BusyState& busy) {
+                                  BusyState& busy, const FolderItem& desktop) {
     const FolderItem dictionaries = groupFolder.Child(kUserDictionariesFolder);
     if (!dictionaries.Exists() && !dictionaries.CreateAsFolder())
         host.MsgBox("The folder " + dictionaries.path().native() + " could not be made.");
@@ -79,7 +79,7 @@ void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink&
     {
         const Busy guard(busy);
         ShownInMainWindow progress(mainWindow, host);
-        result = buildUserDictionary(FolderItem(source), folder, progress);
+        result = buildUserDictionary(FolderItem(source), folder, progress, EarlierPair::Saved, desktop);
         if (result.ok)
             progress.done();
     }

@@ -1,7 +1,7 @@
 #include "store/DictionaryItem.h"
 
-#include "store/FolderListing.h"
-#include "store/TextFile.h"
+#include "files/FolderListing.h"
+#include "files/TextFile.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
+#include "files/IndexedTextFile.h"
 #include "store/HeadwordIndex.h"
-#include "store/IndexedTextFile.h"
 #include "text/SearchWord.h"
 
 #include <array>

@@ -1,8 +1,10 @@
 #include "store/Fi_Module.h"
 
-#include "store/AtomicFile.h"
-#include "store/FileCopy.h"
-#include "store/TextFile.h"
+#include "files/AtomicFile.h"
+#include "files/LineScanner.h"
+#include "files/Move.h"
+#include "files/StagedMembers.h"
+#include "files/TextFile.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"
@@ -75,8 +77,24 @@ std::string leftBytes(std::string_view text, std::ptrdiff_t count) {
     return std::string(text.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(count, 0))));
 }
 
-FolderItem copyInto(const FolderItem& source, const FolderItem& destFolder, std::string_view newName, Links links) {
-    copyItem(source, destFolder, newName, links);
+FolderItem copyInto(const FolderItem& given, const FolderItem& destFolder, const std::string& newName, Links links) {
+    const FolderItem source = links == Links::Followed ? given.resolved() : given;
+    FolderItem target = isMemberName(newName) ? FolderItem(destFolder.path() / newName) : FolderItem();
+    if (target.isNil() || liesIn(destFolder.path(), source.path()))
+        return destFolder.Child(newName);
+    const auto isFolder = [](const FolderItem& item) { return item.Directory() && !item.Alias(); };
+    if (isFolder(target) && isFolder(source)) {
+        for (const FolderItem& item : source.items())
+            copyInto(item, target, item.Name(), links);
+        return target;
+    }
+    Work quiet;
+    Failures ignored;
+    TreePlan plan = planTree(source.path(), destFolder.path(), links, Purpose::Copy, quiet);
+    plan.unreadable.clear(); // what cannot be read is left out
+    auto staged = plan.whole() && !target.occupied() ? StagedMembers::in(destFolder.path()) : std::nullopt;
+    if (staged && staged->copy(plan, newName, quiet, ignored) == CopyOutcome::Whole)
+        staged->moveTo(newName, target.path());
     return destFolder.Child(newName);
 }
 
@@ -157,7 +175,7 @@ FolderItem mFiMod_CopyFileOrFolderTo_Complete(const FolderItem& source, const Fo
 
 FolderItem mFiMod_CopyFiToFolderWIthNewName(const FolderItem& source, const FolderItem& destFolder,
                                             std::string_view newName) {
-    return copyInto(source, destFolder, newName, Links::Followed);
+    return copyInto(source, destFolder, std::string(newName), Links::Followed);
 }
 
 FolderItem mFiMod_MoveFileOrFolderTo(const FolderItem& source, const FolderItem& destFolder) {
@@ -166,7 +184,14 @@ FolderItem mFiMod_MoveFileOrFolderTo(const FolderItem& source, const FolderItem&
         MsgBox("The item which has the same name exists already.\n" + destFolder.AbsolutePath() + "\n" + name);
         return {};
     }
-    return moveItem(source, destFolder, name).empty() ? destFolder.Child(name) : FolderItem();
+    Work quiet;
+    Failures failures;
+    Moves moves;
+    if (!moves.move(source.path(), destFolder.path(), destFolder.path(), quiet, failures)) {
+        moves.undo(quiet, failures);
+        return {};
+    }
+    return moves.finish(quiet, failures) ? destFolder.Child(name) : FolderItem();
 }
 
 void mFiMod_GetTextFiLinesByLineNums(const FolderItem& file, const std::vector<int>& lineNumbers,
@@ -181,14 +206,13 @@ void mFiMod_GetTextFiLinesByLineNums(const FolderItem& file, const std::vector<i
     if (!opened)
         return MsgBox("NilObjectException: mFiMod_GetTextFiLinesByLineNums: StrArray");
 
-    FileLineReader reader(*opened);
+    LineScanner scanner(*opened);
+    std::string_view line;
     auto wanted = lineNumbers.begin();
-    for (int number = 1; number <= lineNumbers.back() && wanted != lineNumbers.end() && !reader.EOF_(); ++number) {
+    for (int number = 1; number <= lineNumbers.back() && wanted != lineNumbers.end() && scanner.next(line); ++number) {
         if (number == *wanted) {
-            lines.push_back(reader.ReadLine());
+            lines.emplace_back(line);
             ++wanted;
-        } else {
-            reader.skipLine();
         }
     }
 }
@@ -197,10 +221,11 @@ int mFiMod_GetLineCountFromTextFi(const FolderItem& file) {
     const auto opened = file.isNil() ? std::nullopt : ReadOnlyFile::open(file);
     if (!opened)
         return 0;
-    FileLineReader reader(*opened);
+    LineScanner scanner(*opened);
+    std::string_view line;
     int count = 0;
-    for (; !reader.EOF_() && count < std::numeric_limits<int>::max(); ++count)
-        reader.skipLine();
+    while (count < std::numeric_limits<int>::max() && scanner.next(line))
+        ++count;
     return count;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 
 #include <functional>
 #include <set>
@@ -28,13 +28,15 @@ std::string mFiMod_RemoveExtesionFromFileName(std::string_view name);
 /// before a number counts bytes, and can go through a character.
 std::string mFiMod_GetUniqueFileName(std::string_view name, const FolderItem& folder);
 
-/// The copies and the move go by copyItem and moveItem (store/FileCopy.h): nothing is replaced, and items that cannot
-/// be copied are left out without a word. The result is the item of that name in `destFolder`, which does not exist
-/// where nothing was copied. Links are copied as links; by _Complete, and of a file under a new name, what they lead to
-/// is.
+// The copies: nothing is replaced, a folder that is there is filled up, and items that cannot be copied are left out
+// without a message. The result is the item of that name in `destFolder`, which does not exist where nothing was
+// copied.
+
+/// Links are copied as links that lead to the same; by _Complete, what they lead to is copied in their place.
 FolderItem mFiMod_CopyFileOrFolderTo(const FolderItem& source, const FolderItem& destFolder);
 FolderItem mFiMod_CopyFileOrFolderTo_Complete(const FolderItem& source, const FolderItem& destFolder);
-/// Whether the name of `source` is taken in `destFolder` plays no part; a `newName` that is taken stays as it is.
+/// Of a link, what it leads to. Whether the name of `source` is taken in `destFolder` plays no part; a `newName` that
+/// is taken stays as it is.
 FolderItem mFiMod_CopyFiToFolderWIthNewName(const FolderItem& source, const FolderItem& destFolder,
                                             std::string_view newName);
 /// The moved item. Nil, and nothing moved, where the name is taken (after a message) or the move fails.

@@ -1,8 +1,8 @@
 #include "store/Group.h"
 
+#include "files/FolderListing.h"
+#include "files/TextFile.h"
 #include "store/DataModule.h"
-#include "store/FolderListing.h"
-#include "store/TextFile.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"

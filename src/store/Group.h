@@ -1,8 +1,8 @@
 #pragma once
 
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
+#include "files/FolderItem.h"
 #include "store/DictionaryItem.h"
-#include "store/FolderItem.h"
 
 #include <functional>
 #include <memory>

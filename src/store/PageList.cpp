@@ -1,6 +1,6 @@
+#include "files/TextFile.h"
 #include "store/DictionaryItem.h"
 #include "store/Fi_Module.h"
-#include "store/TextFile.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"
 

@@ -1,7 +1,7 @@
 #include "view/Decoders.h"
 
+#include "files/TextFile.h"
 #include "store/Fi_Module.h"
-#include "store/TextFile.h"
 #include "text/StringRules.h"
 #include "view/Formats.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "files/AtomicFile.h"
+#include "files/FolderItem.h"
 #include "platform/Host.h"
-#include "store/AtomicFile.h"
-#include "store/FolderItem.h"
 #include "view/PageImageSize.h"
 #include "view/PageStepper.h"
 #include "view/Picture.h"

@@ -1,6 +1,6 @@
 #include "view/PageView.h"
 
-#include "store/AtomicFile.h"
+#include "files/AtomicFile.h"
 #include "store/Fi_Module.h"
 #include "text/NilObjectException.h"
 #include "text/StringRules.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "files/FolderItem.h"
 #include "platform/Host.h"
-#include "store/FolderItem.h"
 #include "view/PageRenderer.h"
 #include "view/PageView.h"
 

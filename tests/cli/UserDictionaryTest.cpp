@@ -28,6 +28,19 @@ TEST(UserDictionaryBuild, TellsTheEntriesAndThoseThatAreNotUtf8) {
     EXPECT_EQ(built.folder.read("Mine/Index.txt"), "AMO\t0\nCAF\xE9\t1\n");
 }
 
+TEST(UserDictionaryBuild, ReplacesOnlyWhenToldTo) {
+    const BuiltDictionary built("old\tx\n");
+    built.folder.write("words.txt", "new\ty\n");
+    const CliRun refused = runCli({"user-dictionary", "build", "words.txt", "Mine"}, {.folder = built.folder.path()});
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_EQ(refused.err, "velmarin-cli: \"Mine\" already holds a user dictionary. Use --replace to replace it.\n");
+    EXPECT_EQ(built.folder.read("Mine/Text.txt"), "old\tx\n");
+    const CliRun replaced =
+        runCli({"user-dictionary", "build", "--replace", "words.txt", "Mine"}, {.folder = built.folder.path()});
+    EXPECT_EQ(replaced.status, 0) << replaced.err;
+    EXPECT_EQ(built.folder.read("Mine/Text.txt"), "new\ty\n");
+}
+
 TEST(UserDictionaryBuild, ThatFailsLeavesNoFolderBehind) {
     const TempFolder folder;
     const CliRun run = runCli({"user-dictionary", "build", "none.txt", "Mine"}, {.folder = folder.path()});

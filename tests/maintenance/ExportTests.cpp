@@ -62,7 +62,7 @@ TEST_F(Export, LinksThatLeadNowhereOrInCirclesAreLeftOutAndNamed) {
     makeFifo(at("DF/A/Webster/pipe"));
     const Record record = exportFrom("DF/A/Webster", out());
     std::vector<std::string> named;
-    for (const CopyFailure& each : record.failures)
+    for (const Failure& each : record.failures)
         named.push_back(each.item.path().lexically_relative(at("DF/A/Webster")));
     EXPECT_EQ(named, (std::vector<std::string>{"gone", "loop", "pipe", "sub/up"}));
     ASSERT_EQ(record.deeds.size(), 1U);

@@ -1,5 +1,7 @@
 #include "DialogTest.h"
 #include "Trees.h"
+#include "files/FolderLock.h"
+#include "platform/QtText.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -94,6 +96,24 @@ TEST_F(InstallDialogs, FailuresAreToldOnceAtTheEnd) {
     ASSERT_EQ(host_.messages.size(), 1U);
     EXPECT_NE(host_.messages[0].find(at("new/Webster/mMov").native()), std::string::npos);
     EXPECT_NE(host_.messages[0].find(at("new/Webster/mSnd").native()), std::string::npos);
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
+}
+
+TEST_F(InstallDialogs, WaitDlgSaysWhatTheUpdateWaitsFor) {
+    folder_.write("DF/A/Webster/ind", "old index");
+    host_.folders = {at("new/Webster")};
+    Work quiet;
+    auto other = std::make_optional<FolderLock>(at("DF"), FolderLock::Kind::Alone, quiet);
+    std::string said;
+    host_.onYield = [&] {
+        const std::string label = fromQ(shown("WaitDlg")->findChild<QLabel*>("Label1")->text());
+        if (said.empty() && label != "Please wait a minute !")
+            said = label;
+        if (!said.empty())
+            other.reset();
+    };
+    maintenance_.mUpDateDictionary();
+    EXPECT_EQ(said, "Waiting for another run on \"DF\"");
     EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
 }
 

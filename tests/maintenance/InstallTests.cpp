@@ -36,7 +36,7 @@ class Install : public ::testing::Test {
 TEST_F(Install, BringsEveryMemberWithItsTimesAndLinksVisibleOrNot) {
     folder_.write("source/Webster/.hidden", "x");
     makeLink(source() / "mPimg", "mImg");
-    makeLink(source() / "nowhere", "not there");
+    makeLink(source() / "nowhere", "/not/there");
     fs::permissions(source() / "ind", fs::perms::owner_read | fs::perms::group_read);
     const auto changed = fs::file_time_type::clock::now() - std::chrono::hours(1000);
     fs::last_write_time(source() / "ind", changed);
@@ -53,6 +53,20 @@ TEST_F(Install, BringsEveryMemberWithItsTimesAndLinksVisibleOrNot) {
     EXPECT_EQ(fs::status(target() / "ind").permissions(),
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read)
         << "the owner may write, so that an update can replace it";
+}
+
+TEST_F(Install, RelativeLinksLeadToTheSameFromTheCopy) {
+    folder_.write("shared/text", "shared");
+    makeLink(source() / "outside", "../../shared/text");
+    makeLink(source() / "inside", "mImg/p1.bmp");
+    makeLink(source() / "mImg/chain", "../outside");
+    makeLink(source() / "roundabout", "../../source/Webster/ind");
+    EXPECT_EQ(failureMessage(install()), "");
+    fs::rename(source(), folder_.path() / "source/gone");
+    EXPECT_EQ(folder_.read("Group/Webster/outside"), "shared");
+    EXPECT_EQ(fs::read_symlink(target() / "inside"), "mImg/p1.bmp");
+    EXPECT_EQ(folder_.read("Group/Webster/mImg/chain"), "shared");
+    EXPECT_EQ(fs::read_symlink(target() / "roundabout"), "ind");
 }
 
 TEST_F(Install, LeavesOutWhatNoCopyCanHoldAndSaysSo) {
@@ -174,6 +188,12 @@ INSTANTIATE_TEST_SUITE_P(
                                   return f.path() / "link";
                               },
                               "into itself"},
+                      Refusal{"WithARelativeLinkThatLeadsNowhere",
+                              [](const TempFolder& f) {
+                                  makeLink(f.path() / "source/Webster/txt2", "../not there");
+                                  return f.path() / "Group";
+                              },
+                              "txt2\n    it is a link that leads nowhere"},
                       Refusal{"IntoAFile", [](const TempFolder& f) { return f.write("file", ""); }, "not a folder"},
                       Refusal{"IntoNothing", [](const TempFolder& f) { return f.path() / "nothing"; }, "not a folder"}),
     [](const auto& info) { return info.param.why; });

@@ -1,23 +1,52 @@
-// install, update and export as velmarin-cli has them, without the rest of it.
+// install, update, export and user-dictionary as velmarin-cli has them, without the rest of it, and
+// "keep SOURCE FOLDER BACKUPS": a user dictionary made as the side window makes it.
 
 #include "cli/Commands.h"
 #include "cli/Operands.h"
+#include "side/UserDictionary.h"
 
 #include <unistd.h>
 
+namespace {
+
+using namespace velmarin;
+
+class Silent : public BuildProgress {
+  public:
+    void message(std::string_view) override {}
+    void showBar() override {}
+    void setMaximum(int) override {}
+    void setValue(int) override {}
+    void yield() override {}
+};
+
+Status keep(char** argv) {
+    Silent progress;
+    const BuildResult result = buildUserDictionary(FolderItem(argv[2]), FolderItem(argv[3]), progress,
+                                                   EarlierPair::Saved, FolderItem(argv[4]));
+    if (!result.ok)
+        throw CannotDo(result.reason);
+    return Status::Done;
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
-    velmarin::Output out(STDOUT_FILENO);
+    Output out(STDOUT_FILENO);
     try {
+        if (argc == 5 && std::string_view(argv[1]) == "keep")
+            return static_cast<int>(keep(argv));
         CLI::App options;
-        velmarin::Job chosen;
-        velmarin::addMaintenanceCommands(options, chosen);
-        options.parse(velmarin::guardedArguments(argc, argv));
-        velmarin::Session session(out);
-        const velmarin::Status status = session.status(chosen(session));
+        Job chosen;
+        addMaintenanceCommands(options, chosen);
+        addUserDictionaryCommand(options, chosen);
+        options.parse(guardedArguments(argc, argv));
+        Session session(out);
+        const Status status = session.status(chosen(session));
         out.close();
         return static_cast<int>(status);
     } catch (const std::exception& error) {
-        velmarin::complain(error.what());
-        return static_cast<int>(velmarin::Status::CouldNot);
+        complain(error.what());
+        return static_cast<int>(Status::CouldNot);
     }
 }

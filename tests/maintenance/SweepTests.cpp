@@ -110,9 +110,21 @@ struct Scene {
     std::function<void()> nothingIsLost;
     /// What must hold once a run has said that it did all.
     std::function<void()> isDone;
+    /// What must hold too once a run has failed by itself, or one that must fail, `failing`, has followed a kill.
+    std::function<void()> isConsistent = [] {};
+    std::vector<std::string> failing;
     /// On a file system that can exchange no names, and with a full disk for the second run too.
     bool poorFileSystem = false;
 };
+
+/// Whether an item of that name with these contents is anywhere below `top`.
+bool isSomewhere(const fs::path& top, const std::string& name, const Tree& tree) {
+    for (const auto& entry : fs::recursive_directory_iterator(top)) {
+        if (entry.path().filename() == name && treeOf(entry.path()) == tree)
+            return true;
+    }
+    return false;
+}
 
 class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>> {
   protected:
@@ -173,7 +185,7 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
         return words;
     }
 
-    /// The calls of an undisturbed run that change something.
+    /// The calls of an undisturbed run that change something or list a folder.
     std::vector<Call> callsOf(const Scene& scene) const {
         scene.setUp();
         std::vector<std::string> options{"-e", std::string("trace=") + kWriteCalls};
@@ -190,7 +202,9 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
             if (!std::regex_search(line, match, start))
                 continue;
             const int number = ++counts[match[1]];
-            if (match[1] != "openat" || line.find("O_CREAT") != std::string::npos)
+            // What is opened to be made or listed; to fail others keeps the program from starting.
+            if (match[1] != "openat" || line.find("O_CREAT") != std::string::npos ||
+                line.find("O_DIRECTORY") != std::string::npos)
                 calls.push_back({match[1], number});
         }
         return calls;
@@ -214,6 +228,12 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
             scene.nothingIsLost();
             if (first.status == 0)
                 scene.isDone();
+            if (kill && !scene.failing.empty()) {
+                ASSERT_EQ(runProgram(plain(scene.failing), output()).status, 2) << textOf(output());
+                scene.nothingIsLost();
+            }
+            if (!kill || !scene.failing.empty())
+                scene.isConsistent();
             if (scene.poorFileSystem) {
                 runProgram(traced({"-e", "trace=mkdir", "-e", "inject=mkdir:error=ENOSPC"}, scene.command), output());
                 scene.nothingIsLost();
@@ -293,10 +313,7 @@ TEST_P(MaintenanceSweep, ExportWithoutExchangeKeepsTheOldOneUnderOneNameOrTheOth
         newOne = treeOf(near("source/Webster"));
     };
     scene.nothingIsLost = [&] {
-        bool safe = treeOf(far("Out/Webster")) == newOne || treeOf(far("Out/WEBSTER")) == oldOne;
-        for (const auto& entry : fs::directory_iterator(far("Out")))
-            safe = safe || treeOf(entry.path() / "WEBSTER") == oldOne;
-        ASSERT_TRUE(safe);
+        ASSERT_TRUE(treeOf(far("Out/Webster")) == newOne || isSomewhere(far("Out"), "WEBSTER", oldOne));
     };
     scene.isDone = [&] {
         ASSERT_EQ(treeOf(far("Out/Webster")), newOne);
@@ -305,8 +322,8 @@ TEST_P(MaintenanceSweep, ExportWithoutExchangeKeepsTheOldOneUnderOneNameOrTheOth
     sweep(scene);
 }
 
-TEST_P(MaintenanceSweep, UpdateKeepsEachOldMemberInOneOfTheTwoPlaces) {
-    const std::vector<std::string> replaced{"FW", "ind", "mImg"};
+TEST_P(MaintenanceSweep, UpdateKeepsEachOldMemberAndNeverMixesTwoVersions) {
+    const std::vector<std::string> replaced{"FW", "ind", "mImg", "txt"};
     const fs::path copy = near("DictionaryFolder/Group/webster");
     std::map<std::string, Tree> oldMembers, newMembers;
     Scene scene;
@@ -315,13 +332,14 @@ TEST_P(MaintenanceSweep, UpdateKeepsEachOldMemberInOneOfTheTwoPlaces) {
     scene.setUp = [&] {
         empty();
         writeNewVersion();
+        write(near("source/Webster/txt"), "new text");
         write(copy / "FW", "old mark");
         write(copy / "ind", "old index");
+        write(copy / "txt", "old text");
         write(copy / "mImg/p1.tif", std::string(5000, 'o'));
-        write(copy / "mImg/old/p3.tif", "an old page");
         makeLink(copy / "mImg/first", "p1.tif");
         write(copy / ".hidden", "invisible");
-        write(copy / "txt", "only the old one has it");
+        write(copy / "Format", "only the old one has it");
         fs::create_directories(far("Desktop"));
         for (const auto& entry : fs::directory_iterator(copy))
             oldMembers[entry.path().filename()] = treeOf(entry.path());
@@ -329,24 +347,78 @@ TEST_P(MaintenanceSweep, UpdateKeepsEachOldMemberInOneOfTheTwoPlaces) {
             newMembers[entry.path().filename()] = treeOf(entry.path());
     };
     scene.nothingIsLost = [&] {
-        ASSERT_EQ(treeOf(copy / "txt"), oldMembers["txt"]);
+        ASSERT_EQ(treeOf(copy / "Format"), oldMembers["Format"]);
         ASSERT_EQ(treeOf(copy / ".hidden"), oldMembers[".hidden"]);
-        for (const std::string& member : replaced) {
-            bool kept = treeOf(copy / member) == oldMembers[member];
-            for (const auto& backup : fs::directory_iterator(far("Desktop")))
-                kept = kept || treeOf(backup.path() / member) == oldMembers[member];
-            ASSERT_TRUE(kept) << member;
-        }
+        for (const std::string& member : replaced)
+            ASSERT_TRUE(isSomewhere(copy, member, oldMembers[member]) ||
+                        isSomewhere(far("Desktop"), member, oldMembers[member]))
+                << member;
         for (const auto& [member, tree] : newMembers) {
             const Tree there = treeOf(copy / member);
             ASSERT_TRUE(there.empty() || there == tree || there == oldMembers[member]) << member;
         }
     };
+    scene.isConsistent = [&] {
+        const bool updated = treeOf(copy / "ind") == newMembers["ind"];
+        for (const char* member : {"ind", "txt", "mImg"})
+            ASSERT_EQ(treeOf(copy / member), updated ? newMembers[member] : oldMembers[member]) << member;
+    };
     scene.isDone = [&] {
         for (const auto& [member, tree] : newMembers)
             ASSERT_EQ(treeOf(copy / member), tree) << member;
+        for (const std::string& member : replaced)
+            ASSERT_TRUE(isSomewhere(far("Desktop"), member, oldMembers[member])) << member;
     };
     sweep(scene);
+}
+
+class UserDictionaryPair {
+  public:
+    explicit UserDictionaryPair(fs::path folder) : folder_(std::move(folder)) {}
+
+    bool isOld() const { return is("old\tx\n", "OLD\t0\n"); }
+    bool isNew() const { return is("new\ty\n", "NEW\t0\n"); }
+
+  private:
+    bool is(const char* text, const char* index) const {
+        return textOf(folder_ / "Text.txt") == text && textOf(folder_ / "Index.txt") == index;
+    }
+    fs::path folder_;
+};
+
+TEST_P(MaintenanceSweep, AUserDictionaryIsTheOldOneOrTheNewOne) {
+    const UserDictionaryPair pair(far("Mine"));
+    for (const bool kept : {false, true}) {
+        Scene scene;
+        scene.name = kept ? "user dictionary, the old one kept" : "user dictionary";
+        const fs::path source = near("source.txt"), missing = near("missing.txt");
+        const auto command = [&](const fs::path& data) -> std::vector<std::string> {
+            return kept ? std::vector<std::string>{"keep", data, far("Mine"), near("Desktop")}
+                        : std::vector<std::string>{"user-dictionary", "build", "--replace", data, far("Mine")};
+        };
+        scene.command = command(source);
+        scene.failing = command(missing);
+        scene.setUp = [&] {
+            empty();
+            write(source, "new\ty\n");
+            write(far("Mine/Text.txt"), "old\tx\n");
+            write(far("Mine/Index.txt"), "OLD\t0\n");
+            fs::create_directories(near("Desktop"));
+            fs::create_directory(missing);
+        };
+        scene.nothingIsLost = [&] {
+            for (const auto& [name, bytes] : {std::pair("Text.txt", "file old\tx\n"), {"Index.txt", "file OLD\t0\n"}})
+                ASSERT_TRUE((!kept && pair.isNew()) || isSomewhere(far("Mine"), name, {{".", bytes}}) ||
+                            isSomewhere(near("Desktop"), name, {{".", bytes}}))
+                    << name;
+        };
+        scene.isConsistent = [&] { ASSERT_TRUE(pair.isOld() || pair.isNew()); };
+        scene.isDone = [&] {
+            ASSERT_TRUE(pair.isNew());
+            ASSERT_TRUE(!kept || isSomewhere(near("Desktop"), "Text.txt", {{".", "file old\tx\n"}}));
+        };
+        sweep(scene);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Everywhere, MaintenanceSweep,

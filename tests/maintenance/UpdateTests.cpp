@@ -1,4 +1,5 @@
 #include "Trees.h"
+#include "files/FolderLock.h"
 #include "maintenance/Update.h"
 #include "support/TempFolder.h"
 #include "text/StringRules.h"
@@ -35,6 +36,12 @@ class Update : public ::testing::Test {
     std::vector<FolderItem> copies() const { return installedCopies(FolderItem(at("DF")), "Webster"); }
     Record update() const {
         return updateDictionary(FolderItem(at("new/Webster")), copies(), FolderItem(at("Desktop")));
+    }
+    std::vector<std::string> failedItems(const Record& record) const {
+        std::vector<std::string> items;
+        for (const Failure& each : record.failures)
+            items.push_back(each.item.path().lexically_relative(folder_.path()));
+        return items;
     }
     std::vector<std::string> copyPaths() const {
         std::vector<std::string> paths;
@@ -133,14 +140,65 @@ TEST_F(Update, AFileMayReplaceAFolderAndTheOtherWayRound) {
     EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0/mImg/p2.tif"), "old page 2");
 }
 
-TEST_F(Update, AMemberThatCannotBeCopiedStaysOldAndStopsNoOther) {
+TEST_F(Update, AMemberThatCannotBeReadStaysOldAndWithItThoseThatBelongToIt) {
     makeFifo(at("new/Webster/txt"));
     folder_.write("DF/A/Webster/txt", "old text");
-    const Record record = update();
-    ASSERT_EQ(record.failures.size(), 1U);
-    EXPECT_EQ(record.failures[0].item.path(), at("new/Webster/txt"));
-    EXPECT_EQ(folder_.read("DF/A/Webster/txt"), "old text");
+    EXPECT_EQ(failedItems(update()),
+              (std::vector<std::string>{"new/Webster/txt", "DF/A/Webster/ind", "DF/A/Webster/mImg", "DF/A/Webster"}));
+    for (const char* member : {"txt", "ind", "mImg/p1.tif"})
+        EXPECT_EQ(folder_.read(at("DF/A/Webster") / member).substr(0, 3), "old") << member;
+    EXPECT_EQ(folder_.read("DF/A/Webster/FW"), "new") << "another member is replaced";
+
+    fs::remove(at("new/Webster/txt"));
+    makeFifo(at("new/Webster/Format"));
+    EXPECT_EQ(failedItems(update()), (std::vector<std::string>{"new/Webster/Format", "DF/A/Webster"}));
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
+}
+
+TEST_F(Update, NamesAreEqualInAnyUnicodeComposition) {
+    const std::string composed = "M\xC3\xA9thode", decomposed = "Me\xCC\x81thode";
+    folder_.write("DF/A/" + decomposed + "/ind", "old");
+    folder_.write("DF/A/" + decomposed + "/\xC3\xA9", "old");
+    folder_.write("new/" + composed + "/ind", "new");
+    folder_.write("new/" + composed + "/e\xCC\x81", "new");
+    const auto found = installedCopies(FolderItem(at("DF")), composed);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(failureMessage(updateDictionary(FolderItem(at("new/" + composed)), found, FolderItem(at("Desktop")))),
+              "");
+    EXPECT_EQ(treeOf(found[0].path()), (Tree{{".", "folder"}, {"ind", "file new"}, {"e\xCC\x81", "file new"}}));
+}
+
+TEST_F(Update, WriteProtectedFoldersInTheCopyAreReplacedAndKeepTheirPermissions) {
+    for (const char* folder : {"DF/A/Webster/mImg", "DF/A/Webster"})
+        fs::permissions(at(folder), fs::perms(0555));
+    EXPECT_EQ(failureMessage(update()), "");
     EXPECT_EQ(folder_.read("DF/A/Webster/mImg/p1.tif"), "new page");
+    EXPECT_EQ(fs::status(at("Desktop/Webster-Oldversion-0/mImg")).permissions(), fs::perms(0555));
+    EXPECT_EQ(fs::status(at("DF/A/Webster")).permissions(), fs::perms(0555));
+    fs::permissions(at("DF/A/Webster"), fs::perms(0755));
+    fs::permissions(at("Desktop/Webster-Oldversion-0/mImg"), fs::perms(0755));
+}
+
+TEST_F(Update, TakesAnInterruptedSwapBackAndSavesWhatWasReplacedBefore) {
+    const fs::path swap = "DF/A/Webster/.velmarin-1-0.swap";
+    fs::create_directories(at(swap / "new"));
+    folder_.write(swap / "names", "FW/ind/BW");
+    folder_.write(swap / "new/ind", "half a version");
+    folder_.write(swap / "old/FW", "older");
+    folder_.write(swap / "old/ind", "older");
+    folder_.write(swap / "copied/ind", "its rest is still in its place");
+    folder_.write("DF/A/Webster/BW", "half a version");
+    folder_.write("DF/A/Webster/.velmarin-1-1.old/old/mImg", "oldest");
+    folder_.write("DF/A/Webster/.velmarin-1-2.tmp/p1.tif", "half");
+    folder_.write("Desktop/.velmarin-1-1.tmp", "half");
+
+    EXPECT_EQ(failureMessage(update()), "");
+
+    EXPECT_TRUE(leftoversIn(folder_.path()).empty());
+    EXPECT_EQ(treeOf(at("Desktop/Webster-Oldversion-0")), (Tree{{".", "folder"}, {"mImg", "file oldest"}}));
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0_1/ind"), "older");
+    EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0_1/FW"), "older");
+    EXPECT_FALSE(fs::exists(at("DF/A/Webster/BW"))) << "it came with the interrupted version";
 }
 
 TEST_F(Update, ADictionaryOfTheLongestNameIsUpdatedAgainAndAgain) {
@@ -165,6 +223,28 @@ TEST_F(Update, ADictionaryOfTheLongestNameIsUpdatedAgainAndAgain) {
     EXPECT_EQ(backups, 9U);
 }
 
+TEST_F(Update, WaitsForOtherRunsOnTheDictionaryFolderAndSaysSo) {
+    Work quiet;
+    auto other = std::make_optional<FolderLock>(at("DF"), FolderLock::Kind::Shared, quiet);
+    std::vector<std::string> waitedFor;
+    const Progress untilFree = [&](const WorkDone& done) {
+        if (done.waitsFor.empty())
+            return;
+        waitedFor.push_back(done.waitsFor);
+        EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "old index");
+        other.reset();
+    };
+    fs::create_directory_symlink(at("DF"), at("link"));
+    const auto found = installedCopies(FolderItem(at("link")), "Webster");
+    EXPECT_EQ(
+        failureMessage(updateDictionary(FolderItem(at("new/Webster")), found, FolderItem(at("Desktop")), untilFree)),
+        "");
+    EXPECT_EQ(waitedFor, std::vector<std::string>{at("DF")});
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
+    const FolderLock one(at("DF"), FolderLock::Kind::Shared, quiet); // two exports do not wait for each other
+    const FolderLock two(at("DF"), FolderLock::Kind::Shared, quiet);
+}
+
 TEST_F(Update, TheChosenFolderItselfIsLeftAloneAndTheOtherCopiesAreUpdated) {
     writeCopy("DF/B/Webster");
     folder_.write("DF/B/Webster/ind", "newest index");
@@ -183,13 +263,6 @@ TEST_F(Update, BackupsThatWouldLieInADictionaryAreRefused) {
         EXPECT_EQ(record.failures.size(), 1U) << backups;
         EXPECT_EQ(treeOf(folder_.path()), before) << backups;
     }
-}
-
-TEST_F(Update, ClearsWhatAKilledRunHasLeftInCopyAndBackups) {
-    folder_.write("DF/A/Webster/.velmarin-1-0.tmp/p1.tif", "half");
-    folder_.write("Desktop/.velmarin-1-1.tmp", "half");
-    EXPECT_EQ(failureMessage(update()), "");
-    EXPECT_TRUE(leftoversIn(folder_.path()).empty());
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "search/DictionarySearch.h"
 
-#include "store/FolderItem.h"
+#include "files/FolderItem.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
 #include "text/Message.h"

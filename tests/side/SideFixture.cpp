@@ -88,8 +88,8 @@ void SideFixture::addUserDictionary(const std::string& name, const std::string& 
     fs::create_directories(folder);
     SilentProgress progress;
     const TempFolder data;
-    const BuildResult result =
-        buildUserDictionary(FolderItem(data.write("source", source)), FolderItem(folder), progress);
+    const BuildResult result = buildUserDictionary(FolderItem(data.write("source", source)), FolderItem(folder),
+                                                   progress, EarlierPair::Refused);
     if (!result.ok)
         throw std::runtime_error(result.reason);
 }

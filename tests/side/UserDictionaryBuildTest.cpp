@@ -41,7 +41,8 @@ struct Built {
     BuildResult result;
 
     explicit Built(const std::string& source) {
-        result = buildUserDictionary(FolderItem(folder.write("source.txt", source)), dictionary(), progress);
+        result = buildUserDictionary(FolderItem(folder.write("source.txt", source)), dictionary(), progress,
+                                     EarlierPair::Removed);
     }
     FolderItem dictionary() const {
         fs::create_directories(folder.path() / "Latin");
@@ -119,12 +120,45 @@ TEST(BuildProgressTold, InTheOrderOfThePasses) {
     EXPECT_GT(built.progress.yields, 3 * 2500);
 }
 
-TEST(BuildAgain, ReplacesBothFilesTogether) {
+TEST(BuildAgain, RefusesRemovesOrSavesTheEarlierPair) {
     Built built("old\tx\n");
     const FolderItem source(built.folder.write("source.txt", "new\ty\n"));
-    ASSERT_TRUE(buildUserDictionary(source, built.dictionary(), built.progress).ok);
+    const FolderItem desktop(built.folder.path() / "Desktop");
+    const auto build = [&](EarlierPair earlier) {
+        return buildUserDictionary(source, built.dictionary(), built.progress, earlier, desktop);
+    };
+    EXPECT_TRUE(build(EarlierPair::Refused).earlierRefused);
+    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
+    EXPECT_TRUE(build(EarlierPair::Saved).ok);
+    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Text.txt"), "old\tx\n");
+    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Index.txt"), "OLD\t0\n");
     EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
     EXPECT_EQ(built.folder.read("Latin/Index.txt"), "NEW\t0\n");
+    EXPECT_TRUE(build(EarlierPair::Removed).ok);
+    EXPECT_EQ(desktop.items().size(), 1U);
+    EXPECT_EQ(built.dictionary().items().size(), 2U);
+    // One file of the pair is enough, and a file in the place of the desktop keeps it where it is.
+    fs::remove(built.folder.path() / "Latin/Index.txt");
+    EXPECT_TRUE(build(EarlierPair::Refused).earlierRefused);
+    built.folder.write("file", "");
+    EXPECT_FALSE(buildUserDictionary(source, built.dictionary(), built.progress, EarlierPair::Saved,
+                                     FolderItem(built.folder.path() / "file"))
+                     .ok);
+    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
+}
+
+TEST(BuildOfALongSource, IsTheSameWhereverItsPiecesEnd) {
+    const std::string huge(3 << 20, 'x');
+    for (const std::string end : {"\n", "\r", "\r\n"}) {
+        std::string source = huge + end, text = source;
+        for (int line = 1; line <= 200'000; ++line) {
+            source += "a__NUM__1" + end;
+            text += "a¹" + end;
+        }
+        const Built built(source);
+        EXPECT_EQ(built.result.lines, 200'001);
+        EXPECT_TRUE(built.folder.read("Latin/Text.txt") == text);
+    }
 }
 
 struct RefusalCase {
@@ -141,8 +175,8 @@ TEST_P(BuildRefused, LeavesAnEarlierDictionaryAsItIs) {
     RecordedProgress progress;
     if (GetParam().prepare != nullptr)
         GetParam().prepare(earlier);
-    const BuildResult result =
-        buildUserDictionary(FolderItem(earlier.folder.path() / GetParam().source), earlier.dictionary(), progress);
+    const BuildResult result = buildUserDictionary(FolderItem(earlier.folder.path() / GetParam().source),
+                                                   earlier.dictionary(), progress, EarlierPair::Removed);
     EXPECT_FALSE(result.ok);
     EXPECT_NE(result.reason.find(GetParam().reason), std::string::npos) << result.reason;
     if (fs::is_regular_file(earlier.folder.path() / "Latin/Text.txt")) {
@@ -186,7 +220,7 @@ TEST(BuildFailure, WhereTheDiskIsFullLeavesAllAsItWas) {
     for (const rlim_t most : {rlim_t{100}, rlim_t{16000}}) {
         const rlimit limit{most, before.rlim_max};
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress);
+        const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress, EarlierPair::Removed);
         ::setrlimit(RLIMIT_FSIZE, &before);
         EXPECT_FALSE(result.ok);
         EXPECT_NE(result.reason, "");
@@ -201,7 +235,7 @@ TEST(BuildFailure, WhereTheSourceChangesMeanwhile) {
     Built built("old\tx\n");
     const FolderItem item(built.folder.write("source.txt", "new\ty\n"));
     built.progress.onYield = [&] { built.folder.write("source.txt", "quite another\ty\n"); };
-    const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress);
+    const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress, EarlierPair::Removed);
     EXPECT_FALSE(result.ok);
     EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
 }

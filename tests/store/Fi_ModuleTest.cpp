@@ -97,22 +97,60 @@ INSTANTIATE_TEST_SUITE_P(
         UniqueCase{"ExtensionBeyondTheRoom", {"b." + kLong, "." + kLong}, "b." + kLong, "_1." + kLong}),
     [](const auto& info) { return info.param.reason; });
 
-TEST(CopyFileOrFolder, ReturnsTheCopyUnderTheSourcesName) {
+TEST(CopyFileOrFolder, KeepsOrFollowsTheLinksInsideAndLeavesOutWhatNoCopyCanHold) {
     const TempFolder folder;
     folder.write("from/Dic/ind", "a");
+    folder.write("from/Dic/sub/.hidden", "h");
     folder.write("real", "r");
     fs::create_symlink("../../real", folder.path() / "from/Dic/alias");
-    fs::create_directories(folder.path() / "to");
-    fs::create_directories(folder.path() / "complete");
+    fs::create_symlink("nowhere", folder.path() / "from/Dic/gone");
+    ASSERT_EQ(::mkfifo((folder.path() / "from/Dic/fifo").c_str(), 0600), 0);
+    for (const char* name : {"to", "complete"})
+        fs::create_directories(folder.path() / name);
     const FolderItem source(folder.path() / "from/Dic");
 
     const FolderItem copy = mFiMod_CopyFileOrFolderTo(source, FolderItem(folder.path() / "to"));
     EXPECT_EQ(copy.path(), folder.path() / "to/Dic");
     EXPECT_TRUE(copy.Child("alias").Alias());
+    EXPECT_EQ(folder.read("to/Dic/alias"), "r") << "it leads to the same file from there";
+    EXPECT_EQ(folder.read("to/Dic/sub/.hidden"), "h");
     const FolderItem complete = mFiMod_CopyFileOrFolderTo_Complete(source, FolderItem(folder.path() / "complete"));
     EXPECT_FALSE(complete.Child("alias").Alias());
     EXPECT_EQ(folder.read("complete/Dic/alias"), "r");
-    EXPECT_FALSE(mFiMod_CopyFileOrFolderTo(FolderItem(folder.path() / "gone"), FolderItem(folder.path())).Exists());
+    for (const FolderItem& each : {copy, complete})
+        EXPECT_EQ(each.items().size(), 3U) << each.Name();
+}
+
+TEST(CopyFileOrFolder, FillsUpAFolderThatIsThereAndReplacesNothing) {
+    const TempFolder folder;
+    folder.write("from/a", "new");
+    folder.write("from/sub/b", "new");
+    folder.write("to/from/a", "old");
+    folder.write("to/from/c", "own");
+    mFiMod_CopyFileOrFolderTo(FolderItem(folder.path() / "from"), FolderItem(folder.path() / "to"));
+    EXPECT_EQ(folder.read("to/from/a"), "old");
+    EXPECT_EQ(folder.read("to/from/c"), "own");
+    EXPECT_EQ(folder.read("to/from/sub/b"), "new");
+}
+
+TEST(CopyFileOrFolder, ThatCannotBeLeavesNothingBehind) {
+    const TempFolder folder;
+    folder.write("file", "f");
+    folder.write("dir/sub/inside", "f");
+    const auto copied = [&](const char* from, const char* to, const std::string& name) {
+        return mFiMod_CopyFiToFolderWIthNewName(FolderItem(folder.path() / from), FolderItem(folder.path() / to), name)
+            .Exists();
+    };
+    EXPECT_FALSE(copied("missing", "dir", "x"));
+    EXPECT_FALSE(copied("file", "file", "x"));
+    EXPECT_FALSE(copied("file", "nowhere", "x"));
+    EXPECT_FALSE(copied("dir", "dir/sub", "into itself"));
+    for (const std::string& name : {std::string(300, 'n'), std::string(), std::string(".."), std::string("a/b")})
+        EXPECT_FALSE(copied("file", "dir", name)) << name;
+    std::size_t left = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(folder.path()))
+        left += entry.exists() ? 1 : 0;
+    EXPECT_EQ(left, 4U);
 }
 
 TEST(CopyWithNewName, NeverTouchesAFileThatIsThere) {

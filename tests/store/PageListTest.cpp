@@ -1,5 +1,5 @@
+#include "files/FolderItem.h"
 #include "store/DictionaryItem.h"
-#include "store/FolderItem.h"
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"
 

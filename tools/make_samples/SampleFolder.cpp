@@ -12,7 +12,7 @@
 #include <unistd.h>
 
 #include "make_samples/DictionaryWriter.h"
-#include "store/Descriptor.h"
+#include "files/Descriptor.h"
 
 namespace velmarin {
 

@@ -1,0 +1,122 @@
+#include "files/AtomicFile.h"
+
+#include "files/Leftovers.h"
+#include "files/NewFile.h"
+#include "files/SystemCalls.h"
+#include "files/TemporaryName.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <optional>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace velmarin {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+WriteResult failure(const fs::path& path, std::string_view why) {
+    return {.ok = false, .reason = "\"" + path.native() + "\" could not be written: " + std::string(why)};
+}
+
+/// Where the bytes go: the end of a chain of links, which may not exist yet.
+std::optional<fs::path> endOfLinks(fs::path path) {
+    constexpr int kMostLinks = 40;
+    std::error_code error;
+    for (int links = 0; links < kMostLinks; ++links) {
+        if (!fs::is_symlink(fs::symlink_status(path, error)))
+            return path;
+        const fs::path target = fs::read_symlink(path, error);
+        if (error)
+            return std::nullopt;
+        path = path.parent_path() / target;
+    }
+    return std::nullopt;
+}
+
+/// A temporary file on its way to its name, removed again unless it gets there. It is locked for as long as it is open,
+/// which tells it from the leftover of a run that was killed.
+class TemporaryFile {
+  public:
+    TemporaryFile() = default;
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        const int error = errno;
+        if (!path_.empty())
+            ::unlink(path_.c_str());
+        errno = error;
+    }
+
+    bool make(const fs::path& folder) {
+        constexpr int kAttempts = 100;
+        for (int attempt = 0; attempt < kAttempts; ++attempt) {
+            const fs::path path = folder / newTemporaryName();
+            file_.emplace(path);
+            if (!*file_ && errno != EEXIST)
+                return false;
+            if (*file_ && lockFresh(file_->descriptor())) {
+                path_ = path;
+                return true;
+            }
+        }
+        errno = EEXIST;
+        return false;
+    }
+
+    /// The owner and permissions of the file that is to be replaced; what cannot be kept there is dropped.
+    bool keepMode(const struct stat& old) {
+        const int descriptor = file_->descriptor().number();
+        [[maybe_unused]] const int ignored = ::fchown(descriptor, old.st_uid, old.st_gid);
+        return ::fchmod(descriptor, old.st_mode & 07777) == 0 || errno == EPERM || errno == ENOTSUP;
+    }
+
+    bool write(std::string_view bytes, Durability durability) {
+        return file_->write(bytes) && (durability == Durability::Flushed ? file_->flush() : file_->check());
+    }
+
+    bool moveTo(const fs::path& path) {
+        if (::rename(path_.c_str(), path.c_str()) != 0)
+            return false;
+        path_.clear();
+        return true;
+    }
+
+  private:
+    std::optional<NewFile> file_;
+    fs::path path_;
+};
+
+} // namespace
+
+WriteResult writeFileAtomically(const fs::path& path, std::string_view bytes, Durability durability) {
+    const auto target = endOfLinks(path);
+    if (!target)
+        return failure(path, "it is a link that leads nowhere");
+    const fs::path folder = target->has_parent_path() ? target->parent_path() : fs::path(".");
+    struct stat old {};
+    const bool replaces = ::lstat(target->c_str(), &old) == 0;
+    if (replaces && !S_ISREG(old.st_mode))
+        return failure(path, "it is not a file");
+    // A rename would get past the write protection of the file itself.
+    if (replaces && ::faccessat(AT_FDCWD, target->c_str(), W_OK, AT_EACCESS) != 0)
+        return failure(path, errorInWords(errno));
+    Work quiet;
+    if (durability == Durability::Flushed)
+        clearLeftovers(folder, quiet);
+
+    TemporaryFile temporary;
+    if (!temporary.make(folder) || (replaces && !temporary.keepMode(old)) || !temporary.write(bytes, durability) ||
+        !temporary.moveTo(*target))
+        return failure(path, errorInWords(errno));
+    if (durability == Durability::Flushed && !flushFolder(folder))
+        return failure(path, errorInWords(errno));
+    return {};
+}
+
+} // namespace velmarin

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "files/FolderItem.h"
+#include "files/TextFile.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace velmarin {
+
+/// A text file whose lines are asked for by number. The places of its lines are noted as far as a question needs and
+/// kept; a file whose size, identity or time of change differs is read again. Nothing of its text is kept.
+class IndexedTextFile {
+  public:
+    IndexedTextFile() = default;
+    explicit IndexedTextFile(FolderItem file);
+
+    const FolderItem& item() const { return file_; }
+
+    enum class Status { Found, NoSuchLine, NoFile };
+    struct Line {
+        Status status = Status::NoFile;
+        std::string text;
+    };
+    /// Line `number`, counted from 1, without its end (and without what LineScanner leaves out of a huge one).
+    Line line(std::uint64_t number);
+
+  private:
+    /// Of how many lines one place is noted.
+    static constexpr std::uint64_t kStep = 64;
+
+    void forgetPlacesUnlessSame(const FileStamp& stamp);
+    /// `place` is where the line after the known ones begins.
+    void notePlace(std::uint64_t place);
+
+    FolderItem file_;
+    FileStamp stamp_;
+    bool wasSettled_ = false;
+    /// Where lines 1, 1 + kStep, 1 + 2 kStep ... begin, as far as known.
+    std::vector<std::uint64_t> everyNth_;
+    std::uint64_t knownLines_ = 0;
+    std::uint64_t knownTo_ = 0;
+};
+
+} // namespace velmarin

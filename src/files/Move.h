@@ -1,0 +1,45 @@
+#pragma once
+
+#include "files/Failure.h"
+#include "files/Work.h"
+
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+namespace velmarin {
+
+/// Copies `item` to `place`, flushed and known to be equal to it, as a move between file systems needs it: links stay
+/// as they are, and what no copy can hold is a failure. It is staged in `staging`, a folder of the target's file
+/// system. False with the failures, where nothing of the copy is left.
+bool copyVerified(const std::filesystem::path& item, const std::filesystem::path& place,
+                  const std::filesystem::path& staging, Work& work, Failures& failures);
+
+/// The items of a folder, whatever their names; nothing where it cannot be listed.
+std::optional<std::vector<std::filesystem::path>> membersIn(const std::filesystem::path& folder);
+
+/// Items on their way into another folder, under their own names, all of them or none.
+class Moves {
+  public:
+    /// By renaming, or where that is not possible by a verified copy, staged in `staging`. False with the failures
+    /// where the item stays in its place.
+    bool move(const std::filesystem::path& item, const std::filesystem::path& folder,
+              const std::filesystem::path& staging, Work& work, Failures& failures);
+    /// Takes back the moves since the object was made. False, with the failures, where one stays moved.
+    bool undo(Work& work, Failures& failures);
+    /// Ends them: removes the originals of what was copied. False with the failures where something of them is left.
+    bool finish(Work& work, Failures& failures);
+
+    /// Where the items are now, in order.
+    std::vector<std::filesystem::path> moved() const;
+
+  private:
+    struct Each {
+        std::filesystem::path from;
+        std::filesystem::path to;
+        bool copied;
+    };
+    std::vector<Each> done_;
+};
+
+} // namespace velmarin

@@ -1,0 +1,129 @@
+#include "files/SystemCalls.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace velmarin {
+
+namespace fs = std::filesystem;
+
+std::string errorInWords(int error) {
+    return std::error_code(error, std::generic_category()).message();
+}
+
+bool isDiskError(int error) {
+    return error == EIO || error == ENOSPC || error == EDQUOT || error == EFBIG || error == EROFS;
+}
+
+bool writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t done = ::write(descriptor, bytes.data(), bytes.size());
+        if (done < 0 && errno == EINTR)
+            continue;
+        if (done <= 0) {
+            errno = done == 0 ? ENOSPC : errno;
+            return false;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(done));
+    }
+    return true;
+}
+
+bool flushOpen(int descriptor) {
+    int result = 0;
+    do
+        result = ::fsync(descriptor);
+    while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
+}
+
+bool flushFolder(const fs::path& folder) {
+    const Descriptor opened = openFolder(folder);
+    if (!opened)
+        return errno == EACCES;
+    return flushOpen(opened.number());
+}
+
+bool setAttributes(int descriptor, mode_t permissions, const timespec& read, const timespec& changed) {
+    const std::array times{read, changed};
+    return (::fchmod(descriptor, permissions) == 0 || !isDiskError(errno)) &&
+           (::futimens(descriptor, times.data()) == 0 || !isDiskError(errno));
+}
+
+bool makeFolder(const fs::path& folder) {
+    return ::mkdir(folder.c_str(), 0777) == 0;
+}
+
+Descriptor openFolder(const fs::path& folder) {
+    return Descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+bool lockAlone(const Descriptor& opened) {
+    return opened && ::flock(opened.number(), LOCK_EX | LOCK_NB) == 0;
+}
+
+bool lockFresh(const Descriptor& made) {
+    struct stat found {};
+    return (lockAlone(made) || errno != EWOULDBLOCK) && ::fstat(made.number(), &found) == 0 && found.st_nlink > 0;
+}
+
+bool renameToFreeName(const fs::path& from, const fs::path& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    // Either the file system does not know the flag, or the folder would move into itself: the plain rename tells.
+    struct stat taken {};
+    if (::lstat(to.c_str(), &taken) == 0) {
+        errno = EEXIST;
+        return false;
+    }
+    return ::rename(from.c_str(), to.c_str()) == 0;
+}
+
+bool renameItem(const fs::path& from, const fs::path& to) {
+    if (renameToFreeName(from, to))
+        return true;
+    if (errno != EACCES && errno != EPERM)
+        return false;
+    const int error = errno;
+    const WriteAccess access(from);
+    if (!access.changed()) {
+        errno = error;
+        return false;
+    }
+    return renameToFreeName(from, to);
+}
+
+bool exchangeNames(const fs::path& one, const fs::path& other) {
+    if (::renameat2(AT_FDCWD, one.c_str(), AT_FDCWD, other.c_str(), RENAME_EXCHANGE) == 0)
+        return true;
+    if (errno == ENOSYS)
+        errno = EINVAL;
+    return false;
+}
+
+WriteAccess::WriteAccess(const fs::path& folder) {
+    Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    struct stat found {};
+    if (!opened || ::fstat(opened.number(), &found) != 0 || (found.st_mode & S_IWUSR) != 0 ||
+        ::fchmod(opened.number(), (found.st_mode & 07777) | S_IRWXU) != 0)
+        return;
+    permissions_ = found.st_mode & 07777;
+    folder_ = std::move(opened);
+}
+
+WriteAccess::~WriteAccess() {
+    const int error = errno;
+    if (folder_) [[maybe_unused]]
+        const int ignored = ::fchmod(folder_.number(), permissions_);
+    errno = error;
+}
+
+} // namespace velmarin

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "files/Failure.h"
+#include "files/Work.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <sys/stat.h>
+
+namespace velmarin {
+
+/// What becomes of symbolic links inside what is copied: they stay links, or what they lead to takes their place and
+/// name.
+enum class Links { Kept, Followed };
+
+struct PlannedItem {
+    enum class Kind { Folder, File, Link };
+    /// Its path below the top; empty for the top itself. No fs::path: a plan can hold very many.
+    std::string name;
+    Kind kind = Kind::File;
+    std::uint64_t size = 0; ///< of a file
+    std::string leadsTo;    ///< of a link
+    mode_t permissions = 0;
+    timespec read{}, changed{};
+};
+
+/// What a copy will consist of, found out before the first byte of it is written: what stands in its way is known at
+/// once, and the amount of work too.
+struct TreePlan {
+    std::filesystem::path source;
+    /// The top first, every folder before what is in it. Empty where nothing can be copied.
+    std::vector<PlannedItem> items;
+    std::uint64_t bytes = 0;
+    /// What no copy can hold: FIFOs, devices and sockets; where links are followed, those that lead nowhere, in a
+    /// circle, or to a folder that the destination lies in. The copy counts as whole without them.
+    Failures leftOut;
+    /// What ought to be in the copy and cannot be read: without it the copy would not be whole.
+    Failures unreadable;
+
+    std::filesystem::path pathOf(const PlannedItem& item) const { return placeOf(item, source); }
+    /// Where an item stands in a copy whose top is `top`.
+    static std::filesystem::path placeOf(const PlannedItem& item, const std::filesystem::path& top) {
+        return item.name.empty() ? top : std::filesystem::path(top.native() + "/" + item.name);
+    }
+    bool whole() const { return !items.empty() && unreadable.empty(); }
+};
+
+/// In how many ways a folder may be reached by links: those that branch could otherwise make a small folder endless.
+inline constexpr int kMostWays = 64;
+
+/// A copy is without the hidden leftovers of earlier runs (files/TemporaryName.h), and its relative links are made to
+/// lead where the original's do: those to a place outside are rewritten, those that lead nowhere count as unreadable.
+/// What is moved takes everything as it is.
+enum class Purpose { Copy, Move };
+
+/// Plans the copy of `source` into the folder `destination`. With Links::Followed the source itself is followed too.
+/// `whole` is the folder that is copied together with `source`, where that is only a member of it: links between
+/// members stay as they are.
+TreePlan planTree(const std::filesystem::path& source, const std::filesystem::path& destination, Links links,
+                  Purpose purpose, Work& work, const std::filesystem::path& whole = {});
+
+/// Whether `item` is the folder `folder` or lies in it, however the two are reached.
+bool liesIn(const std::filesystem::path& item, const std::filesystem::path& folder);
+
+} // namespace velmarin

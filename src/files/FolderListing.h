@@ -17,6 +17,7 @@ class FolderListing {
     explicit FolderListing(FolderItem folder);
 
     const FolderItem& folder() const { return folder_; }
+    /// False where the folder cannot be listed, which `names` does not tell from an empty one.
     bool listed() const { return listed_; }
     /// In ListingOrder; empty where the folder cannot be listed.
     const std::vector<std::string>& names() const { return names_; }

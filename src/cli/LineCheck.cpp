@@ -50,7 +50,7 @@ checkLines(const FolderItem& file, std::vector<Finding>& findings,
         if (!isValidUtf8(line))
             findings.push_back(
                 {file.path(), number, "is not UTF-8 from byte " + std::to_string(firstInvalidByte(line)) + " on"});
-        if (line.size() >= FileLineReader::kLongestLine)
+        if (line.size() >= LineScanner::kLongestLine)
             findings.push_back({file.path(), number, "is 16 MiB long or longer; only the first 16 MiB are read"});
         each(line, number);
     }

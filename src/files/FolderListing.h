@@ -17,7 +17,7 @@ class FolderListing {
     explicit FolderListing(FolderItem folder);
 
     const FolderItem& folder() const { return folder_; }
-    /// False if the folder cannot be listed; then `names` is empty.
+    /// False where the folder cannot be listed, which `names` does not tell from an empty one.
     bool listed() const { return listed_; }
     /// In ListingOrder; empty where the folder cannot be listed.
     const std::vector<std::string>& names() const { return names_; }

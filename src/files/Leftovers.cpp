@@ -97,6 +97,17 @@ bool holdsLeftovers(const fs::path& folder) {
     return names && std::any_of(names->begin(), names->end(), isTemporaryName);
 }
 
+std::optional<std::vector<fs::path>> membersIn(const fs::path& folder) {
+    const auto names = listNames(folder);
+    if (!names)
+        return std::nullopt;
+    std::vector<fs::path> members;
+    members.reserve(names->size());
+    for (const std::string& name : *names)
+        members.push_back(folder / name);
+    return members;
+}
+
 std::vector<fs::path> unsavedMembers(const fs::path& folder) {
     std::vector<fs::path> found;
     for (const std::string& name : listNames(folder).value_or(std::vector<std::string>())) {

@@ -3,6 +3,7 @@
 #include "files/Work.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ bool removeTree(const std::filesystem::path& item, Work& work);
 void clearLeftovers(const std::filesystem::path& folder, Work& work);
 /// Whether there is any leftover.
 bool holdsLeftovers(const std::filesystem::path& folder);
+
+/// The items of a folder, whatever their names; nothing where it cannot be listed.
+std::optional<std::vector<std::filesystem::path>> membersIn(const std::filesystem::path& folder);
 
 /// The hidden folders in `folder` from which a killed run had still to move replaced members to their backup.
 std::vector<std::filesystem::path> unsavedMembers(const std::filesystem::path& folder);

@@ -4,19 +4,9 @@
 #include "files/Work.h"
 
 #include <filesystem>
-#include <optional>
 #include <vector>
 
 namespace velmarin {
-
-/// Copies `item` to `place`, flushed and known to be equal to it, as a move between file systems needs it: links stay
-/// as they are, and what no copy can hold is a failure. It is staged in `staging`, a folder of the target's file
-/// system. False with the failures, where nothing of the copy is left.
-bool copyVerified(const std::filesystem::path& item, const std::filesystem::path& place,
-                  const std::filesystem::path& staging, Work& work, Failures& failures);
-
-/// The items of a folder, whatever their names; nothing where it cannot be listed.
-std::optional<std::vector<std::filesystem::path>> membersIn(const std::filesystem::path& folder);
 
 /// Items on their way into another folder, under their own names, all of them or none.
 class Moves {

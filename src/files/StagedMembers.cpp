@@ -1,10 +1,10 @@
 #include "files/StagedMembers.h"
 
 #include "files/Leftovers.h"
-#include "files/Move.h"
 #include "files/NewFile.h"
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
+#include "files/VerifiedCopy.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -16,6 +16,13 @@
 namespace velmarin {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// Inside the hidden folder: an old member that is being copied there.
+constexpr const char* kPart = "part";
+
+} // namespace
 
 std::optional<StagedMembers> StagedMembers::in(const fs::path& folder) {
     constexpr int kAttempts = 100;
@@ -121,7 +128,11 @@ bool StagedMembers::putAside(const fs::path& old, Work& work, Failures& failures
     const fs::path marks = hidden_ / kCopiedMembers;
     if ((!makeFolder(marks) && errno != EEXIST) || !makeFolder(marks / old.filename()) || !flushFolder(marks))
         return fail();
-    return copyVerified(old, aside, hidden_, work, failures) && (removeTree(old, work) || fail());
+    if (!copyVerified(old, aside, hidden_ / kPart, work, failures)) {
+        removeTree(hidden_ / kPart, work);
+        return false;
+    }
+    return removeTree(old, work) || fail();
 }
 
 bool StagedMembers::putIn(const std::string& name, Failures& failures) {

@@ -23,7 +23,7 @@ struct FileStamp {
 /// A descriptor of a regular file opened for reading, without ever waiting: a FIFO, a device or a folder is an error.
 class ReadOnlyFile {
   public:
-    /// Nothing where the file is missing, is no regular file or cannot be read.
+    /// Nothing where the file is missing, is not a regular file or cannot be read.
     static std::optional<ReadOnlyFile> open(const FolderItem& item);
 
     FileStamp stamp() const;
@@ -36,7 +36,7 @@ class ReadOnlyFile {
     Descriptor descriptor_;
 };
 
-/// The whole of a regular file, or nothing (missing, no regular file, unreadable, or longer than `limit` bytes).
+/// The whole of a regular file, or nothing (missing, not a regular file, unreadable, or longer than `limit` bytes).
 std::optional<std::string> readWholeFile(const FolderItem& item, std::uint64_t limit = std::uint64_t{1} << 31);
 
 /// Whether a file's last change lies so far back that a further one would show in its stamp. The time of a change is

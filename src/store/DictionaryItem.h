@@ -90,8 +90,8 @@ bool mSub_DicOrNot(const FolderItem& item);
 /// a read-only medium, the list of the pictures is used without it, since the pages are there to be read.
 ///
 /// Raises NilObjectException where an index cannot be opened, and where there is none and no picture. A first line that
-/// is no number counts as 0. An index that promises more lines than it has gives empty names up to the promised count,
-/// at most kMostPages of them.
+/// is not a number counts as 0. An index that promises more lines than it has gives empty names up to the promised
+/// count, at most kMostPages of them.
 PageList readPageList(const FolderItem& imageFolder);
 inline constexpr int kMostPages = 200'000;
 

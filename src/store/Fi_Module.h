@@ -47,15 +47,15 @@ FolderItem mFiMod_MoveFileOrFolderTo(const FolderItem& source, const FolderItem&
 /// a message.
 void mFiMod_GetTextFiLinesByLineNums(const FolderItem& file, const std::vector<int>& lineNumbers,
                                      std::vector<std::string>& lines);
-/// 0 for a nil or missing file, and for what is no file or cannot be read.
+/// 0 for a nil or missing file, and for what is not a file or cannot be read.
 int mFiMod_GetLineCountFromTextFi(const FolderItem& file);
 
 /// The pictures of a folder in ListingOrder, by extension. A link counts by its own name. Left out are hidden files
-/// (other systems leave "._page1.tif" beside "page1.tif"), what is no file, and names that would break a line.
+/// (other systems leave "._page1.tif" beside "page1.tif"), what is not a file, and names that would break a line.
 std::vector<std::string> pictureNames(const FolderItem& folder);
 
 /// Writes `ImageIndex` in `folder` from its pictures. A nil folder is asked for through `askForFolder`. False, and
-/// nothing written, where there is no folder, no picture, or it cannot be written.
+/// nothing written, without a folder or a picture, or if it cannot be written.
 bool mFiMod_MakeImageIndex(FolderItem folder, const std::function<FolderItem()>& askForFolder = {});
 
 } // namespace velmarin

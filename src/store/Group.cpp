@@ -1,6 +1,7 @@
 #include "store/Group.h"
 
 #include "files/FolderListing.h"
+#include "files/SystemCalls.h"
 #include "files/TextFile.h"
 #include "store/DataModule.h"
 #include "text/Message.h"

@@ -100,7 +100,7 @@ class FileSystems {
     std::vector<fs::path> mounted_;
 };
 
-/// A command on folders that are made anew for each run.
+/// A command on folders that are set up again for each run.
 struct Scene {
     std::string name;
     std::vector<std::string> command;

@@ -107,6 +107,19 @@ TEST(MakingAUserDictionary, MakesANewFolderWhereTheOthersAre) {
     EXPECT_FALSE(fs::exists(others / "Failed")) << "it would be listed as a dictionary";
 }
 
+TEST(MakingAUserDictionary, KeepsAnEarlierOneOnTheDesktop) {
+    SideFixture fixture;
+    const test::TempFolder work;
+    work.write("Mine/Text.txt", "precious");
+    fixture.host.files.push_back(work.write("data.txt", "a\tb\n"));
+    fixture.host.folders.push_back(work.path() / "Mine");
+    makeUserDictionaryByDialogue(FolderItem(fixture.groupFolder.path()), fixture.main, fixture.host, fixture.busy,
+                                 FolderItem(work.path() / "Desktop"));
+    EXPECT_EQ(fixture.host.messages.back(), kMade);
+    EXPECT_EQ(work.read("Mine/Text.txt"), "a\tb\n");
+    EXPECT_EQ(work.read("Desktop/Mine-Oldversion-0/Text.txt"), "precious");
+}
+
 TEST(MakingAUserDictionary, ThatFailsSaysWhyAndLeavesTheSearchFieldEmpty) {
     SideFixture fixture;
     fixture.open();

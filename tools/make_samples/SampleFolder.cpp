@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include "make_samples/DictionaryWriter.h"
+#include "make_samples/Processes.h"
 #include "store/Descriptor.h"
 
 namespace velmarin {
@@ -101,7 +102,7 @@ void exchange(const fs::path& made, const fs::path& old) {
 } // namespace
 
 bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const std::vector<Sample>& samples,
-                      unsigned threads, const std::function<void(const std::string&)>& tell) {
+                      std::size_t atOnce, const std::function<void(const std::string&)>& tell) {
     fs::path whole = fs::absolute(target).lexically_normal();
     if (!whole.has_filename())
         whole = whole.parent_path();
@@ -114,10 +115,12 @@ bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const 
     const Descriptor lock = lockedFolder(whole.parent_path());
     const fs::path stage = whole.parent_path() / ("." + whole.filename().string() + ".unfinished");
     fs::remove_all(stage);
+    const auto nameOf = [&](std::size_t i) { return fs::path(due[i].group) / due[i].name; };
+    inProcesses(
+        due.size(), atOnce, [&](std::size_t i) { makeBook(due[i].make(dictFolder), stage / nameOf(i), atOnce); },
+        [&](std::size_t i) { tell(nameOf(i).string()); });
     std::map<std::string, std::string> preferences;
     for (const Sample& sample : due) {
-        const std::string size = makeBook(sample.make(dictFolder), stage / sample.group / sample.name, threads);
-        tell(sample.group + " / " + sample.name + ": " + size);
         std::string& group = preferences[sample.group];
         if (group.empty())
             group = sample.group + "\t0\t\n";

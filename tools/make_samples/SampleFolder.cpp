@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 #include <stdexcept>
 
@@ -13,6 +12,7 @@
 
 #include "make_samples/DictionaryWriter.h"
 #include "make_samples/Processes.h"
+#include "make_samples/Text.h"
 #include "store/Descriptor.h"
 
 namespace velmarin {
@@ -47,8 +47,8 @@ void checkSources(const fs::path& dictFolder, const std::vector<Sample>& samples
 /// Whether `folder` holds a sample of an earlier run that named its pages p0000.tif and on, and nothing else. A
 /// dictionary of the reader's own in that place lacks what the samples' `txt` has: every third headword.
 bool isOutdatedSample(const fs::path& folder) {
-    static const std::regex members("FW|ind|txt|Format|Spanish|IJUV|mImg|mPimg|mImg/(ImageIndex2?|p\\d{4}\\.[a-z]{3})|"
-                                    "mPimg/s\\d-\\d{4}\\.[a-z]{3}");
+    static Pattern members(R"(^(FW|ind|txt|Format|Spanish|IJUV|mP?[Ii]mg|mImg/(ImageIndex2?|p\d{4}\.[a-z]{3})|)"
+                           R"(mPimg/s\d-\d{4}\.[a-z]{3})$)");
     const auto isTitle = [&](const char* ending) {
         return fs::exists(folder / "mImg" / (std::string("p0000") + ending));
     };
@@ -57,7 +57,7 @@ bool isOutdatedSample(const fs::path& folder) {
     if (!fs::is_directory(fs::symlink_status(folder)) || !fs::is_directory(fs::symlink_status(folder.parent_path())))
         return false;
     for (const auto& item : fs::recursive_directory_iterator(folder))
-        if (item.is_symlink() || !std::regex_match(item.path().lexically_relative(folder).string(), members))
+        if (item.is_symlink() || !members.finds(item.path().lexically_relative(folder).string()))
             return false;
     std::ifstream ind(folder / "ind");
     std::ifstream txt(folder / "txt");

@@ -105,7 +105,8 @@ TEST(Element, OnlyWhatHasANumberIsOne) {
         parseElement("helium\nSymbol: He\nAtomic number: 2\nAtomic weight: 4.0026\nA gas of\n{group} 18.\n");
     EXPECT_EQ(helium.key, "002");
     EXPECT_EQ(helium.note, "Helium");
-    EXPECT_EQ(told(helium.paragraphs), "!*2.*^* Helium*, !*He*^. /Atomic\u00A0weight/\u00A04.0026.|A gas of ^group^ 18.");
+    EXPECT_EQ(told(helium.paragraphs),
+              "!*2.*^* Helium*, !*He*^. /Atomic\u00A0weight/\u00A04.0026.|A gas of ^group^ 18.");
     EXPECT_EQ(parseElement("neutron\nWeight: 1.67\nA hadron.\n").key, "");
 }
 

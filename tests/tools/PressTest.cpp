@@ -7,6 +7,12 @@
 
 #include "make_samples/Hyphenator.h"
 
+/// fontconfig keeps a list of its own until the end.
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig";
+}
+
 namespace velmarin {
 namespace {
 

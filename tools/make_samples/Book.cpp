@@ -4,14 +4,12 @@
 #include <array>
 #include <cctype>
 #include <cstdio>
-#include <functional>
-#include <future>
 #include <iterator>
-#include <memory>
 
 #include "make_samples/DictionaryWriter.h"
 #include "make_samples/Pagination.h"
 #include "make_samples/Press.h"
+#include "make_samples/Processes.h"
 #include "make_samples/Text.h"
 
 namespace velmarin {
@@ -22,7 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t mostSupplementPages = 3;
 
-using Presses = std::vector<std::unique_ptr<Press>>;
+constexpr std::size_t fewestPagesForAProcess = 100;
 
 /// The name of a page: "webster-0269.tif" in the folder "Webster 1913". The first part keeps the pages of two
 /// dictionaries apart where only the name of a page is compared.
@@ -77,76 +75,40 @@ void sortArticles(Book& book) {
         article = newPlace[article];
 }
 
-/// Runs body(t) for every press at once. The first exception is thrown again when all have ended.
-void inParallel(const Presses& presses, const std::function<void(std::size_t)>& body) {
-    std::vector<std::future<void>> runs;
-    for (std::size_t t = 0; t < presses.size(); ++t)
-        runs.push_back(std::async(std::launch::async, body, t));
-    for (auto& run : runs)
-        run.wait();
-    for (auto& run : runs)
-        run.get();
-}
-
-/// For each article the press that sets it. A press has articles that follow each other, so that few pages hold lines
-/// of two presses, which only one thread may touch.
-std::vector<std::size_t> pressesOf(const std::vector<Article>& articles, std::size_t presses) {
-    std::vector<std::size_t> ends;
-    std::size_t bytes = 1;
-    for (const Article& article : articles) {
-        for (const Paragraph& paragraph : article.paragraphs)
-            bytes += paragraph.markup.size();
-        ends.push_back(bytes - 1);
-    }
-    for (std::size_t& end : ends)
-        end = end * presses / bytes;
-    return ends;
-}
-
 /// All lines of the book, letters between the parts of the alphabet.
-std::vector<FlowLine> flowOf(const Book& book, const std::vector<std::size_t>& pressOf, const Presses& presses) {
-    std::vector<std::string> heads(book.articles.size());
-    std::string last;
-    for (std::size_t i = 0; book.design.letterHeads && i < heads.size(); ++i) {
-        const std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.order));
-        if (!initial.empty() && initial != last)
-            last = heads[i] = initial;
-    }
-    std::vector<std::vector<FlowLine>> set(book.articles.size());
-    inParallel(presses, [&](std::size_t t) {
-        for (std::size_t i = 0; i < set.size(); ++i)
-            if (pressOf[i] == t)
-                set[i] = presses[t]->set(book.articles[i].paragraphs, i, heads[i]);
-    });
+std::vector<FlowLine> flowOf(const Book& book, Press& press) {
     std::vector<FlowLine> flow;
-    for (auto& lines : set)
-        std::ranges::move(lines, std::back_inserter(flow));
+    std::string last;
+    for (std::size_t i = 0; i < book.articles.size(); ++i) {
+        std::string initial;
+        if (book.design.letterHeads)
+            initial = initialOf(indexSearchWord(book.articles[i].key, book.order));
+        const bool opensPart = !initial.empty() && initial != last;
+        std::ranges::move(press.set(book.articles[i].paragraphs, i, opensPart ? initial : ""),
+                          std::back_inserter(flow));
+        if (opensPart)
+            last = initial;
+    }
     return flow;
 }
 
 /// Prints the pages into mImg and notes for each article the one on which it opens.
-std::vector<ListedPage> printPages(const Book& book, const Presses& presses, const fs::path& folder,
+std::vector<ListedPage> printPages(const Book& book, Press& press, const fs::path& folder, std::size_t atOnce,
                                    std::vector<std::string>& pageOf) {
-    const auto pressOf = pressesOf(book.articles, presses.size());
-    const auto flow = flowOf(book, pressOf, presses);
+    const auto flow = flowOf(book, press);
     const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
     std::vector<ListedPage> listed;
     for (std::size_t i = 0; i <= pages.size(); ++i)
         listed.push_back({pageName(folder, "", i, book.design.kind), i == 0 ? "Title" : std::to_string(i)});
-    const auto pressAt = [&](const SetLine& line) { return pressOf[flow[line.line].article]; };
-    const auto printThoseOf = [&](std::size_t t, bool shared) {
-        for (std::size_t i = 0; i < pages.size(); ++i) {
-            const Page& page = pages[i];
-            const bool isShared = pressAt(page.lines.front()) != pressAt(page.lines.back());
-            if (isShared == shared && (shared || pressAt(page.lines.front()) == t))
-                presses[t]->printPage(folder / "mImg" / listed[i + 1].name, page, flow,
-                                      {book.articles[page.firstArticle].guide, listed[i + 1].caption,
-                                       book.articles[page.lastArticle].guide});
-        }
-    };
-    inParallel(presses, [&](std::size_t t) { printThoseOf(t, false); });
-    printThoseOf(0, true);
-    presses.front()->printTitlePage(folder / "mImg" / listed[0].name, book.title);
+    const std::size_t parts = std::min(atOnce, pages.size() / fewestPagesForAProcess + 1);
+    inProcesses(parts, parts, [&](std::size_t part) {
+        if (part == 0)
+            press.printTitlePage(folder / "mImg" / listed[0].name, book.title);
+        for (std::size_t i = part; i < pages.size(); i += parts)
+            press.printPage(folder / "mImg" / listed[i + 1].name, pages[i], flow,
+                            {book.articles[pages[i].firstArticle].guide, listed[i + 1].caption,
+                             book.articles[pages[i].lastArticle].guide});
+    });
     for (std::size_t i = 0; i < pages.size(); ++i)
         for (const SetLine& set : pages[i].lines)
             if (flow[set.line].opensArticle)
@@ -171,27 +133,21 @@ std::vector<std::string> printSupplement(const Book& book, std::size_t number, P
 
 } // namespace
 
-std::string makeBook(Book book, const fs::path& folder, unsigned threads) {
+void makeBook(Book book, const fs::path& folder, std::size_t atOnce) {
     fs::create_directories(folder / "mImg");
-    Presses presses;
-    for (unsigned t = 0; t < std::max(threads, 1U); ++t)
-        presses.push_back(std::make_unique<Press>(book.design));
+    Press press(book.design);
     sortArticles(book);
     std::vector<std::string> pageOf(book.articles.size());
-    const auto listed = printPages(book, presses, folder, pageOf);
+    const auto listed = printPages(book, press, folder, atOnce, pageOf);
     std::vector<IndexLine> lines;
-    for (std::size_t i = 0; i < book.articles.size(); ++i)
+    for (std::size_t i = 0; i < book.articles.size(); ++i) {
         lines.push_back({book.articles[i].key, book.articles[i].note, pageOf[i], {}});
-    inParallel(presses, [&](std::size_t t) {
-        for (std::size_t i = t; i < book.articles.size(); i += presses.size())
-            if (!book.articles[i].supplement.empty())
-                lines[i].extraPages = printSupplement(book, i, *presses[t], folder);
-    });
+        if (!book.articles[i].supplement.empty())
+            lines.back().extraPages = printSupplement(book, i, press, folder);
+    }
     for (const auto& [key, article] : book.furtherKeys)
         lines.push_back({key, "", pageOf[article], lines[article].extraPages});
-    lines = indexLines(std::move(lines), book.order);
-    writeDictionary(folder, lines, listed, book);
-    return std::to_string(listed.size()) + " pages, " + std::to_string(lines.size()) + " entries";
+    writeDictionary(folder, indexLines(std::move(lines), book.order), listed, book);
 }
 
 } // namespace velmarin

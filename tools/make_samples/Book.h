@@ -85,7 +85,7 @@ struct Book {
     std::vector<std::pair<std::string, std::size_t>> furtherKeys;
 };
 
-/// Makes the dictionary in `folder`, which does not exist yet; returns a line that says how much it holds.
-std::string makeBook(Book book, const std::filesystem::path& folder, unsigned threads);
+/// Makes the dictionary in `folder`, which does not exist yet, with at most `atOnce` processes for the pages.
+void makeBook(Book book, const std::filesystem::path& folder, std::size_t atOnce);
 
 } // namespace velmarin

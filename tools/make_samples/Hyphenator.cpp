@@ -5,9 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <map>
 #include <memory>
-#include <mutex>
 #include <stdexcept>
 
 #include <hyphen.h>
@@ -52,24 +50,15 @@ std::string shortPatterns(const std::string& file) {
     return patterns;
 }
 
-/// Loaded once in a process. They do not change, so threads share them.
-HyphenDict* patternsOf(const std::string& file) {
-    static std::mutex guard;
-    static std::map<std::string, HyphenDict*> loaded;
-    const std::lock_guard lock(guard);
-    const auto [known, isNew] = loaded.try_emplace(file);
-    if (isNew) {
-        std::string patterns = shortPatterns(file);
-        const std::unique_ptr<FILE, int (*)(FILE*)> memory(fmemopen(patterns.data(), patterns.size(), "r"),
-                                                           std::fclose);
-        known->second = hnj_hyphen_load_file(memory.get());
-    }
-    return known->second;
-}
-
 } // namespace
 
-Hyphenator::Hyphenator(const std::string& file) : patterns_(file.empty() ? nullptr : patternsOf(file)) {}
+Hyphenator::Hyphenator(const std::string& file) {
+    if (file.empty())
+        return;
+    std::string patterns = shortPatterns(file);
+    const std::unique_ptr<FILE, int (*)(FILE*)> memory(fmemopen(patterns.data(), patterns.size(), "r"), std::fclose);
+    patterns_.reset(hnj_hyphen_load_file(memory.get()), hnj_hyphen_free);
+}
 
 std::string Hyphenator::divided(std::string_view word) const {
     std::string small;
@@ -82,7 +71,7 @@ std::string Hyphenator::divided(std::string_view word) const {
     char** replacements = nullptr; // for divisions that change the spelling; these languages have none
     int* positions = nullptr;
     int* cuts = nullptr;
-    hnj_hyphen_hyphenate3(patterns_, small.data(), static_cast<int>(small.size()), digits.data(), nullptr,
+    hnj_hyphen_hyphenate3(patterns_.get(), small.data(), static_cast<int>(small.size()), digits.data(), nullptr,
                           &replacements, &positions, &cuts, lettersBefore, lettersAfter, lettersBefore, lettersAfter);
     std::free(replacements);
     std::free(positions);
@@ -98,7 +87,7 @@ std::string Hyphenator::divided(std::string_view word) const {
 }
 
 std::string Hyphenator::hyphenated(std::string_view markup) {
-    if (patterns_ == nullptr)
+    if (!patterns_)
         return std::string(markup);
     std::string out;
     std::size_t from = 0;

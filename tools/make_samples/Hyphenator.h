@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -8,7 +9,7 @@ struct _HyphenDict;
 
 namespace velmarin {
 
-/// Puts soft hyphens where words may be divided, by the patterns of libhyphen. Not to be shared between threads.
+/// Puts soft hyphens where words may be divided, by the patterns of libhyphen.
 class Hyphenator {
   public:
     /// The path of a pattern file (hyph_en_US.dic) in UTF-8 or ISO 8859-1. An empty path divides no word. Throws
@@ -21,7 +22,7 @@ class Hyphenator {
   private:
     std::string divided(std::string_view word) const;
 
-    _HyphenDict* patterns_;
+    std::shared_ptr<_HyphenDict> patterns_;
     std::unordered_map<std::string, std::string> known_;
 };
 

@@ -15,8 +15,7 @@
 
 namespace velmarin {
 
-/// Sets and draws the pages of one book with Pango and cairo. A press and the lines that it has set are used by one
-/// thread at a time; all presses of one design give the same result.
+/// Sets and draws the pages of one book with Pango and cairo.
 class Press {
   public:
     explicit Press(const Design& design);

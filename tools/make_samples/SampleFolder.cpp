@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 #include <stdexcept>
 
@@ -11,8 +10,10 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include "make_samples/DictionaryWriter.h"
 #include "files/Descriptor.h"
+#include "make_samples/DictionaryWriter.h"
+#include "make_samples/Processes.h"
+#include "make_samples/Text.h"
 
 namespace velmarin {
 
@@ -46,8 +47,8 @@ void checkSources(const fs::path& dictFolder, const std::vector<Sample>& samples
 /// Whether `folder` holds a sample of an earlier run that named its pages p0000.tif and on, and nothing else. A
 /// dictionary of the reader's own in that place lacks what the samples' `txt` has: every third headword.
 bool isOutdatedSample(const fs::path& folder) {
-    static const std::regex members("FW|ind|txt|Format|Spanish|IJUV|mImg|mPimg|mImg/(ImageIndex2?|p\\d{4}\\.[a-z]{3})|"
-                                    "mPimg/s\\d-\\d{4}\\.[a-z]{3}");
+    static Pattern members(R"(^(FW|ind|txt|Format|Spanish|IJUV|mP?[Ii]mg|mImg/(ImageIndex2?|p\d{4}\.[a-z]{3})|)"
+                           R"(mPimg/s\d-\d{4}\.[a-z]{3})$)");
     const auto isTitle = [&](const char* ending) {
         return fs::exists(folder / "mImg" / (std::string("p0000") + ending));
     };
@@ -56,7 +57,7 @@ bool isOutdatedSample(const fs::path& folder) {
     if (!fs::is_directory(fs::symlink_status(folder)) || !fs::is_directory(fs::symlink_status(folder.parent_path())))
         return false;
     for (const auto& item : fs::recursive_directory_iterator(folder))
-        if (item.is_symlink() || !std::regex_match(item.path().lexically_relative(folder).string(), members))
+        if (item.is_symlink() || !members.finds(item.path().lexically_relative(folder).string()))
             return false;
     std::ifstream ind(folder / "ind");
     std::ifstream txt(folder / "txt");
@@ -101,7 +102,7 @@ void exchange(const fs::path& made, const fs::path& old) {
 } // namespace
 
 bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const std::vector<Sample>& samples,
-                      unsigned threads, const std::function<void(const std::string&)>& tell) {
+                      std::size_t atOnce, const std::function<void(const std::string&)>& tell) {
     fs::path whole = fs::absolute(target).lexically_normal();
     if (!whole.has_filename())
         whole = whole.parent_path();
@@ -114,10 +115,12 @@ bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const 
     const Descriptor lock = lockedFolder(whole.parent_path());
     const fs::path stage = whole.parent_path() / ("." + whole.filename().string() + ".unfinished");
     fs::remove_all(stage);
+    const auto nameOf = [&](std::size_t i) { return fs::path(due[i].group) / due[i].name; };
+    inProcesses(
+        due.size(), atOnce, [&](std::size_t i) { makeBook(due[i].make(dictFolder), stage / nameOf(i), atOnce); },
+        [&](std::size_t i) { tell(nameOf(i).string()); });
     std::map<std::string, std::string> preferences;
     for (const Sample& sample : due) {
-        const std::string size = makeBook(sample.make(dictFolder), stage / sample.group / sample.name, threads);
-        tell(sample.group + " / " + sample.name + ": " + size);
         std::string& group = preferences[sample.group];
         if (group.empty())
             group = sample.group + "\t0\t\n";

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -13,16 +15,16 @@ int main(int argc, char** argv) {
                  "to try Velmarin with, typeset here.");
     std::string folder;
     std::string dictFolder = "/usr/share/dictd";
-    unsigned threads = std::thread::hardware_concurrency();
+    std::size_t processes = std::max(std::thread::hardware_concurrency(), 1U);
     app.add_option("FOLDER", folder,
                    "The folder to make; in one that has anything in it, only outdated samples are made again")
         ->required();
     app.add_option("--dict-dir", dictFolder, "Where the dictionaries' .index and .dict.dz files are")
         ->capture_default_str();
-    app.add_option("--threads", threads, "How many threads set and print pages")->check(CLI::Range(1, 64));
+    app.add_option("--processes", processes, "How many dictionaries are made at a time")->check(CLI::Range(1, 64));
     CLI11_PARSE(app, argc, argv);
     try {
-        const bool made = velmarin::makeSampleFolder(folder, dictFolder, velmarin::allSamples(), threads,
+        const bool made = velmarin::makeSampleFolder(folder, dictFolder, velmarin::allSamples(), processes,
                                                      [](const std::string& line) {
                                                          std::printf("%s\n", line.c_str());
                                                          std::fflush(stdout);

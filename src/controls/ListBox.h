@@ -25,8 +25,8 @@ class ListBox : public QListView {
 
     /// The selected row, -1 for none.
     int ListIndex() const;
-    /// Selects a row, brings it into view and emits `Change`, be it selected already or not. A row that is not there
-    /// means none.
+    /// Selects a row, scrolls to it and emits `Change`, even if it is already selected. An index without a row selects
+    /// none.
     void setListIndex(int row);
     int SelCount() const;
     bool Selected(int row) const;

@@ -65,7 +65,7 @@ void BusyState::postNext() {
 
 void BusyState::runNext() {
     posted_ = false;
-    // The turn may come inside a loop that has begun since: its end posts anew.
+    // This may run inside a loop that began meanwhile; the end of that loop posts again.
     if (busy() || waiting_.empty())
         return;
     const Action action = std::move(waiting_.front());

@@ -23,11 +23,10 @@ class BusyState {
 
     bool busy() const { return guards_ > 0; }
 
-    /// Runs `action` at once where nothing is under way and nothing waits. Otherwise it waits: once the last guard has
-    /// ended the waiting actions run from the event loop, in the order in which they came, one a turn of the loop, so
-    /// that whatever the loop's owner still does after its guard is done first. An action that finds a new guard held
-    /// goes on waiting. What it throws reaches the event loop; those behind it still run. An action outlives whoever
-    /// put it off, so it must look whether what it works on is still there.
+    /// Runs `action` at once if nothing is under way and nothing waits. Otherwise it waits: after the last guard has
+    /// ended, the waiting actions run from the event loop in their order, one per turn of the loop, so the owner of the
+    /// guard finishes first. While a new guard is held, they continue to wait. An exception reaches the event loop, and
+    /// the next actions still run. An action can outlive its caller and must check that its objects still exist.
     void whenFree(Action action);
 
     /// Like whenFree, for an action that closes a window or ends the run. While it waits, `stopWanted()` is true.

@@ -240,7 +240,7 @@ std::vector<std::string> DictdIndex::spellings(std::string_view word) const {
     }
     if (!caseSensitive_)
         spellings.front() = smallLetters(spellings.front());
-    // Whoever made the index may or may not have counted a mark beyond ASCII as a letter.
+    // The program that made the index may have counted marks beyond ASCII as letters, or not.
     if (!allChars_)
         spellings.push_back(squeezed(lettersAndDigits(spellings.front())));
     return spellings;

@@ -83,7 +83,7 @@ class SubWindow : public QWidget {
     int pFindStartPosition() const { return steps_.pFindStartPosition; }
 
   signals:
-    /// It has written its settings and is gone, whoever wished so.
+    /// Emitted after the settings are saved, however the window was closed.
     void closed();
 
   protected:

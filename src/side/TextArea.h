@@ -15,7 +15,7 @@ class TextArea : public QTextEdit {
 
     QString Text() const { return toPlainText(); }
     int textLength() const;
-    /// The whole text anew: all styles are gone, and the insertion point stands at the end.
+    /// Replaces the whole text, without styles, and puts the insertion point at its end.
     void setWholeText(const QString& text);
 
     int SelStart() const { return textCursor().selectionStart(); }

@@ -38,7 +38,7 @@ class ImageDictionaryMap {
     std::unordered_map<std::string, int> positions_;
 };
 
-/// One loaded dictionary. Owned by one main window's `pDictionaryItem`, and held by whoever works with it meanwhile.
+/// One loaded dictionary. Owned by `pDictionaryItem` of one main window, and shared by code that works with it.
 struct DictionaryItem {
     int TabNum = 0;
     FolderItem DictionaryFolderitem;
@@ -86,10 +86,10 @@ inline constexpr std::size_t kFormatBytes = std::size_t{1} << 16;
 bool mSub_DicOrNot(const FolderItem& item);
 
 /// The page list of a dictionary's `mImg`: `ImageIndex2` (name, TAB, caption) or else `ImageIndex` (name), whose first
-/// line is the index of the last page. Where there is neither, `ImageIndex` is made; where it cannot be written, as on
-/// a read-only medium, the list of the pictures is used without it, since the pages are there to be read.
+/// line is the index of the last page. If there is neither, `ImageIndex` is made; if it cannot be written, as on a
+/// read-only medium, the list of the pictures is used without it.
 ///
-/// Raises NilObjectException where an index cannot be opened, and where there is none and no picture. A first line that
+/// Raises NilObjectException if an index cannot be opened, or if there is none and no picture. A first line that
 /// is not a number counts as 0. An index that promises more lines than it has gives empty names up to the promised
 /// count, at most kMostPages of them.
 PageList readPageList(const FolderItem& imageFolder);

@@ -38,8 +38,8 @@ struct PageImageWindowEvents {
 /// folder with a menu of what is in it. It takes its size from the picture and a ratio (view/PageImageSize.h), and its
 /// buttons step the pages of the main window that opened it.
 ///
-/// Made hidden, with `new`: it destroys itself after it was closed, by its button, Escape, Ctrl+W or `close()`, which
-/// also saves its place and its ratio. Whoever holds it, holds it by a QPointer and lets go of it in `closed`.
+/// Created hidden, with `new`. Its button, Escape, Ctrl+W or `close()` closes it, which saves its place and ratio and
+/// then destroys it. Owners hold a QPointer and clear it in `closed`.
 class PageImageWindow : public QWidget {
     Q_OBJECT
   public:
@@ -50,7 +50,7 @@ class PageImageWindow : public QWidget {
     ~PageImageWindow() override;
 
     /// Shows a picture, or the first picture of a folder; nothing for a nil item. A folder without visible items closes
-    /// the window. What is no picture is told of by a message, and the picture before it stays.
+    /// the window. For a file that is not a picture, shows a message and keeps the present picture.
     void mSetImage(const FolderItem& f);
 
     /// The main window that the buttons step, and its tab. Once it is gone, or has no such tab, a press does nothing;

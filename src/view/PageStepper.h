@@ -2,8 +2,8 @@
 
 namespace velmarin {
 
-/// What the page image window drives: the pages of a main window. It is held weakly; whoever implements it drops it
-/// when its window closes.
+/// The pages of a main window, as the page image window steps them. Held weakly; the owner drops it when its window
+/// closes.
 class PageStepper {
   public:
     virtual ~PageStepper() = default;

@@ -17,8 +17,8 @@ namespace velmarin {
 /// The control that shows a page: a PageView on the screen. White where there is no page; takes no focus, so that keys
 /// stay where they are typed. Screen readers know it as a picture.
 ///
-/// Each operation, and each event of the mouse, ends with the screen as it is to be, painted once: a lens that is wiped
-/// and drawn anew in one step does not flicker. The reduced page is kept while the control is shown.
+/// Each operation and each mouse event paints the screen once, at its end, so a lens that is wiped and redrawn in one
+/// step does not flicker. The reduced page is kept while the control is shown.
 class SmartCanvas : public QWidget {
     Q_OBJECT
   public:
@@ -73,7 +73,7 @@ class SmartCanvas : public QWidget {
     PageView view_;
     PageRenderer renderer_;
     /// What the last Event_Paint drew. During a drag the page stands elsewhere than the view's stored position says,
-    /// and is painted anew from here.
+    /// and is repainted from here.
     std::vector<DrawCommand> recorded_;
     int steps_ = 0;            ///< operations under way
     bool recordedNow_ = false; ///< by the present step

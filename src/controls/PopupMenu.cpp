@@ -83,6 +83,9 @@ void PopupMenu::showPopup() {
     view()->setMinimumWidth(std::clamp(view()->sizeHintForColumn(0) + frame, std::min(width(), widest), widest));
     view()->setTextElideMode(Qt::ElideMiddle);
     QComboBox::showPopup();
+    // With no row marked, the first press of Down would go to the second row.
+    if (currentIndex() < 0)
+        view()->setCurrentIndex(model()->index(0, modelColumn()));
 }
 
 QFont PopupMenu::textFont() const {

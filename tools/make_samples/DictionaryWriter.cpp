@@ -24,6 +24,7 @@ void writeFile(const std::filesystem::path& path, const std::string& bytes) {
 
 std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder& order) {
     std::vector<std::pair<std::string, IndexLine>> keyed;
+    keyed.reserve(lines.size());
     for (IndexLine& line : lines)
         keyed.emplace_back(indexSearchWord(line.key, order), std::move(line));
     std::ranges::stable_sort(keyed, {}, &std::pair<std::string, IndexLine>::first);

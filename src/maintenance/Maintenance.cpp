@@ -64,10 +64,17 @@ void Maintenance::mUpDateDictionary() {
 
 Record Maintenance::mInstallDictionary(const FolderItem& dictionary, const Progress& progress) {
     host_.MsgBox(kNewDictionary);
-    const std::filesystem::path group = host_.SelectFolder(kAskForGroup, windows_.pDictionaryFolder().path());
-    if (group.empty())
+    const std::filesystem::path chosen =
+        host_.SelectFolder(kAskForGroup, windows_.pDictionaryFolder().path(), Host::FolderChoice::MayBeNew);
+    if (chosen.empty())
         return {};
-    Record record = installDictionary(dictionary, FolderItem(group), progress);
+    const FolderItem group(chosen);
+    const bool isNew = !group.Exists() && group.CreateAsFolder();
+    Record record = installDictionary(dictionary, group, progress);
+    if (isNew && !record.failures.empty()) {
+        std::error_code notEmpty;
+        std::filesystem::remove(chosen, notEmpty);
+    }
     for (int window = 0; window < windows_.windowCount(); ++window) {
         windows_.resetToNoGroup(window);
         host_.Yield();

@@ -4,9 +4,13 @@
 
 #include <QFileDialog>
 
+class QLineEdit;
+
 namespace velmarin {
 
-/// Asks for a folder, with the whole prompt above the list: a title would cut it off.
+/// Asks for a folder, with the whole prompt above the list: a title would cut it off. The folder is the one that is
+/// typed or selected; if the field is empty, the one that the dialog shows. A dialog for a folder that may be new does
+/// not take the folder in which it opened, which is where new ones belong.
 class FolderDialog : public QFileDialog {
     Q_OBJECT
 
@@ -20,7 +24,14 @@ class FolderDialog : public QFileDialog {
     void accept() override;
 
   private:
+    /// The folder that the field and the list say.
+    QString named() const;
+    /// Why `path` cannot be chosen; empty if it can.
+    QString objection(const QString& path) const;
+
     Host::FolderChoice choice_;
+    QString openedAt_;
+    QLineEdit* name_ = nullptr;
     QString chosen_;
 };
 

@@ -58,7 +58,7 @@ void HitList::LB_Change() {
 void HitList::showHit(const HitItem& hit) {
     const ControlSet& target = deck_.set(0);
     target.BVjump->DeleteAllRows();
-    target.MainCanvas->describePage({}, {}, {});
+    target.describePage({}, {}, {});
     deck_.showErrata(0, {});
     state_.pListMode_CurrentDicNum = hit.DictionaryNumber;
     deck_.TB()->setCaption(0, hit.DictionaryName);
@@ -75,7 +75,7 @@ void HitList::showHit(const HitItem& hit) {
     target.MainCanvas->Refresh();
     deck_.mMakeBVjump(hit.DictionaryNumber);
     target.BVjump->setMenuValue(item->ImageDictionary.value(hit.ImageName));
-    target.MainCanvas->describePage(hit.DictionaryName, deck_.pageTitle(*item, hit.ImageName, 0), problem);
+    target.describePage(hit.DictionaryName, deck_.pageTitle(*item, hit.ImageName, 0), problem);
     deck_.showErrata(0, hit.PageImageName);
 }
 

@@ -240,7 +240,8 @@ void Press::printPage(const fs::path& path, const Page& page, const std::vector<
             pango_cairo_show_layout_line(sheet_.context(), line.line.get());
         foot = std::max(foot, set.baseline);
     }
-    fill(sheet_, design_.pageWidth / 2 - 1, design_.textTop + 6, 2, foot + design_.bodyLeading * 0.2 - 6);
+    const int rule = design_.pageWidth / 2 - 1;
+    fill(sheet_, rule, design_.textTop + 6, 2, foot + design_.bodyLeading * 0.2 - 6);
     sheet_.write(path);
 }
 

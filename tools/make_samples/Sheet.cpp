@@ -99,7 +99,7 @@ void Sheet::write(const std::filesystem::path& path) const {
     for (int y = 0; y < height; ++y, row += cairo_image_surface_get_stride(surface_.get()))
         for (int x = 0; x < words; ++x)
             // cairo keeps a colour in the low 24 bits of a word, Leptonica in the high ones.
-            *word++ = bilevel ? packed(row + x * 32, std::min(32, width - x * 32))
+            *word++ = bilevel ? packed(row + std::ptrdiff_t{x} * 32, std::min(32, width - x * 32))
                               : reinterpret_cast<const l_uint32*>(row)[x] << 8;
     pixSetResolution(pix.get(), dpi_, dpi_);
     const bool failed = kind_ == PageKind::ColourJpeg

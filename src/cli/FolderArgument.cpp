@@ -106,10 +106,11 @@ bool isDictionary(const FolderItem& folder) {
     if (!mSub_DicOrNot(followed))
         return false;
     const FolderListing members(followed);
-    return std::any_of(kDictionaryMembers.begin(), kDictionaryMembers.end(), [&](const char* name) {
+    const bool hasFile = std::any_of(kDictionaryMembers.begin(), kDictionaryMembers.end(), [&](const char* name) {
         const FolderItem member = members.Child(name);
-        return member.Exists() && !mSub_DicOrNot(member.resolved());
+        return member.Exists() && !member.Directory();
     });
+    return hasFile || foldersOf(followed).dictionaries.empty();
 }
 
 ReadGroup groupArgument(const std::string& argument, Session& session) {

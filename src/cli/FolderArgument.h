@@ -42,8 +42,8 @@ GroupFolders foldersOf(const FolderItem& group);
 /// As "G/D: Permission denied".
 std::string inWords(const GroupFolders::Closed& closed);
 
-/// Whether `folder` (links followed) is a dictionary, as opposed to a group that holds a dictionary called "ind" or
-/// like another member: such a member does not count.
+/// Whether `folder` (links followed) is a dictionary. If all members that make it one are folders, such as "ind" or
+/// "mImg", and it holds a dictionary, it is a group with folders of these names.
 bool isDictionary(const FolderItem& folder);
 
 /// The group that an argument names, read as a window reads it. A dictionary that cannot be opened, and a folder that

@@ -289,13 +289,15 @@ TEST(CheckCommand, GroupIsCheckedDictionaryByDictionary) {
     EXPECT_EQ(run.status, 1);
 }
 
-TEST(CheckCommand, DictionaryCalledAsAMemberMakesNoDictionaryOfItsGroup) {
+TEST(CheckCommand, FolderCalledAsAMemberMakesNoDictionaryOfItsGroup) {
     const TempFolder folder;
     for (const char* name : {"ind", "mImg", "FW"})
         DictionaryBuilder(name).entries({"a", "zz"}).writeTo(folder.path() / "G");
     fs::create_directories(folder.path() / "G/UserDictionaries/ind");
-    const CliRun run = check(folder, {"G"});
-    EXPECT_EQ(run.out + run.err, "No problems in 3 dictionaries.\n");
+    sound().writeTo(folder.path() / "Empty");
+    fs::create_directories(folder.path() / "Empty/ind");
+    const CliRun run = check(folder, {"G", "Empty"});
+    EXPECT_EQ(run.out + run.err, "No problems in 4 dictionaries.\n");
     EXPECT_EQ(run.status, 0);
 }
 

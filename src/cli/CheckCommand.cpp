@@ -3,7 +3,6 @@
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
 #include "side/UserDictionary.h"
-#include "store/DictionaryItem.h"
 #include "text/StringRules.h"
 
 #include <unordered_set>
@@ -50,23 +49,14 @@ Examples:
   velmarin-cli check "DictionaryFolder/English/Webster 1913"
   velmarin-cli check --no-images DictionaryFolder/*)help";
 
-/// A user dictionary called "ind" does not make a dictionary of the folder that holds it.
-bool holdsUserDictionaries(const FolderItem& folder) {
-    return equalStrings(folder.Name(), kUserDictionariesFolder);
-}
-
-/// What is, or could be, a dictionary of `group`: the program passes over one without FW, which is a finding.
-std::vector<FolderItem> dictionariesOf(const FolderItem& group) {
-    std::vector<FolderItem> found;
-    for (const FolderItem& item : group.items()) {
-        if (item.Visible() && !holdsUserDictionaries(item) && mSub_DicOrNot(item.resolved()))
-            found.push_back(item);
-    }
-    return found;
-}
-
+/// Also a group whose dictionaries may all be among folders that cannot be listed: each of these is a failure.
 bool canBeChecked(const FolderItem& folder) {
-    return !holdsUserDictionaries(folder) && (isDictionary(folder) || !dictionariesOf(folder).empty());
+    if (equalStrings(folder.Name(), kUserDictionariesFolder))
+        return false;
+    if (isDictionary(folder))
+        return true;
+    const GroupFolders folders = foldersOf(folder);
+    return !folders.dictionaries.empty() || !folders.closed.empty();
 }
 
 /// Writes the findings of each dictionary as soon as it is checked.
@@ -105,11 +95,15 @@ Status checkAll(const std::vector<std::string>& arguments, Images images, Sessio
                                  .refusal = "neither a dictionary nor a group that holds one"};
     Checker checker(session, images);
     for (const FolderItem& folder : folderArguments(arguments, filter, session)) {
-        if (isDictionary(folder))
+        if (isDictionary(folder)) {
             checker.check(folder);
-        else
-            for (const FolderItem& dictionary : dictionariesOf(folder))
-                checker.check(dictionary);
+            continue;
+        }
+        const GroupFolders folders = foldersOf(folder);
+        for (const GroupFolders::Closed& closed : folders.closed)
+            session.couldNot(inWords(closed));
+        for (const FolderItem& dictionary : folders.dictionaries)
+            checker.check(dictionary);
     }
     if (const std::size_t count = checker.count(); count > 0 && !checker.anyFinding())
         session.out().text("No problems in " + std::to_string(count) +

@@ -5,6 +5,7 @@
 #include "cli/PageListCheck.h"
 #include "cli/PictureNames.h"
 #include "files/FolderListing.h"
+#include "files/TextFile.h"
 #include "search/DictionarySearch.h"
 #include "store/DictionaryItem.h"
 
@@ -68,20 +69,8 @@ std::optional<FolderItem> neededMember(const FolderListing& members, const char*
     return std::nullopt;
 }
 
-/// Which of the two lines of a `Format` the program does not read to its end; 0 if none.
-std::uint64_t cutFormatLine(const FolderItem& format) {
-    const auto file = ReadOnlyFile::open(format);
-    if (!file || file->stamp().size <= kFormatBytes)
-        return 0;
-    const std::string start = readFileStart(*file, kFormatBytes);
-    LineReader lines(start);
-    for (const std::uint64_t line : {1, 2}) {
-        lines.ReadLine();
-        if (lines.EOF_())
-            return line;
-    }
-    return 0;
-}
+/// The lines of a `Format` that are used: the number format and the mark of an independent dictionary.
+constexpr std::uint64_t kFormatLines = 2;
 
 /// Checks one dictionary and collects the findings.
 class DictionaryChecker {
@@ -112,9 +101,13 @@ class DictionaryChecker {
         const FolderItem format = members_.Child("Format");
         if (!format.Exists())
             return;
-        checkLines(format, findings_, [](const std::string&, std::uint64_t) {});
-        if (const std::uint64_t line = cutFormatLine(format); line != 0)
-            findings_.push_back({format.path(), line, "goes beyond 64 KiB; only the first 64 KiB are read"});
+        const auto file = ReadOnlyFile::open(format);
+        const std::string start = file ? readFileStart(*file, kFormatBytes) : std::string();
+        LineReader asRead(start);
+        checkLines(format, findings_, [&](const std::string& line, std::uint64_t number) {
+            if (number <= kFormatLines && asRead.ReadLine() != line)
+                findings_.push_back({format.path(), number, "goes beyond 64 KiB; only the first 64 KiB are read"});
+        });
     }
 
     void checkInd(const FolderItem& ind) {

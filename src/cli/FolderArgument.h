@@ -10,7 +10,8 @@
 
 namespace velmarin {
 
-/// The folder that an argument names. Raises CannotDo if it is missing, is not a folder, or cannot be listed.
+/// The folder that an argument names. Raises CannotDo if it is missing, is not a folder, or cannot be listed or
+/// entered.
 FolderItem folderArgument(const std::string& argument);
 
 /// Which folders a command works on, and its messages about the others.
@@ -22,17 +23,32 @@ struct FolderFilter {
 
 /// The accepted folders among `arguments`, in their order. A shell pattern such as "English/*" also names files and
 /// other folders: these are passed over with a note, or are failures of the session if nothing else is named. What is
-/// missing or cannot be listed is always a failure.
+/// missing, or cannot be listed or entered, is always a failure.
 std::vector<FolderItem> folderArguments(const std::vector<std::string>& arguments, const FolderFilter& filter,
                                         Session& session);
 
-/// Whether `folder` (links followed) is a dictionary, as opposed to a group that holds a dictionary called "ind" or
-/// like another member: such a member does not count.
+/// The visible folders in a group that are dictionaries or may be. The folder of the user dictionaries is left out: one
+/// of these may be called "ind".
+struct GroupFolders {
+    /// A folder that cannot be listed or entered, and may be a dictionary.
+    struct Closed {
+        FolderItem folder;
+        std::string reason;
+    };
+    std::vector<FolderItem> dictionaries; ///< with any member of a dictionary, even without FW
+    std::vector<Closed> closed;
+};
+GroupFolders foldersOf(const FolderItem& group);
+/// As "G/D: Permission denied".
+std::string inWords(const GroupFolders::Closed& closed);
+
+/// Whether `folder` (links followed) is a dictionary. If all members that make it one are folders, such as "ind" or
+/// "mImg", and it holds a dictionary, it is a group with folders of these names.
 bool isDictionary(const FolderItem& folder);
 
-/// The group that an argument names, read as a window reads it. A dictionary that cannot be opened is a failure of the
-/// session, and the others are read. Raises CannotDo or NilObjectException if the group cannot be read, or if it is a
-/// dictionary, a common slip.
+/// The group that an argument names, read as a window reads it. A dictionary that cannot be opened, and a folder that
+/// may be one but cannot be entered, is a failure of the session, and the others are read. Raises CannotDo or
+/// NilObjectException if the group cannot be read, or if it is a dictionary, a common slip.
 ReadGroup groupArgument(const std::string& argument, Session& session);
 
 } // namespace velmarin

@@ -91,6 +91,8 @@ TEST(Check, SoundDictionariesGiveNoFinding) {
          {"EmptyLinesBehindTheImageIndex", sound().member("mImg/ImageIndex", "2\np1.bmp\np2.bmp\np3.bmp\n\n\n"), ""},
          {"MarksWithoutAComposedForm", DictionaryBuilder("D").entries({"x\xCC\x84", "\xE2\x84\xAB", "\U0010FFFD"}), ""},
          {"LongFormat", sound().member("Format", "000\ntrue\n" + std::string(70'000, 'x')), ""},
+         {"FormatWhoseSecondLineEndsWhereReadingDoes",
+          sound().member("Format", "000\n" + std::string((1 << 16) - 5, ' ') + "\nx"), ""},
          {"Captions", sound().captions({{"p1.bmp", "1"}, {"p2.bmp", "2"}, {"p3.bmp", "2"}}), ""},
          {"ImageIndexThatIsNotLookedAt",
           sound().captions({{"p1.bmp", "1"}, {"p2.bmp", "2"}, {"p3.bmp", "3"}}).imageIndex({"none.bmp"}), ""}},
@@ -231,21 +233,24 @@ TEST(Check, PicturesAreDecodedOnceEach) {
 }
 
 TEST(Check, MembersAreHeldAgainstWhatADictionaryNeeds) {
-    checkRows({{"NoMark", sound().without("FW"), "D/FW\t\tis missing: groups do not show the dictionary\n"},
-               {"MarkAlone", DictionaryBuilder("D").without("ind").without("txt").without("mImg"),
-                "D/ind\t\tis missing\nD/txt\t\tis missing\nD/mImg\t\tis missing\n"},
-               {"FileInPlaceOfAFolder", sound().without("mImg").member("MIMG", ""), "D/MIMG\t\tis not a folder\n"},
-               {"FolderInPlaceOfAFile", sound().without("ind").member("ind/x", ""),
-                "D/ind\t\tis not a file that can be read\n"},
-               {"NoPicture",
-                DictionaryBuilder("D").member("ind", "a\nzz\n").member("txt", "<@_p_>\n\n").without("mImg/ImageIndex"),
-                "D/mImg\t\thas neither a picture nor an image index\n"
-                "D/txt\t1\tnames \"p\", which is not in mImg\n"},
-               {"FormatThatIsNotReadToItsEnd", sound().member("Format", "000\n" + std::string(1 << 16, ' ') + "\n"),
-                "D/Format\t2\tgoes beyond 64 KiB; only the first 64 KiB are read\n"},
-               {"FormatThatIsNotUtf8", sound().member("Format", "000\n\xFF\n"),
-                "D/Format\t2\tis not UTF-8 from byte 1 on\n"}},
-              1);
+    checkRows(
+        {{"NoMark", sound().without("FW"), "D/FW\t\tis missing: groups do not show the dictionary\n"},
+         {"MarkAlone", DictionaryBuilder("D").without("ind").without("txt").without("mImg"),
+          "D/ind\t\tis missing\nD/txt\t\tis missing\nD/mImg\t\tis missing\n"},
+         {"FileInPlaceOfAFolder", sound().without("mImg").member("MIMG", ""), "D/MIMG\t\tis not a folder\n"},
+         {"FolderInPlaceOfAFile", sound().without("ind").member("ind/x", ""),
+          "D/ind\t\tis not a file that can be read\n"},
+         {"NoPicture",
+          DictionaryBuilder("D").member("ind", "a\nzz\n").member("txt", "<@_p_>\n\n").without("mImg/ImageIndex"),
+          "D/mImg\t\thas neither a picture nor an image index\n"
+          "D/txt\t1\tnames \"p\", which is not in mImg\n"},
+         {"FormatThatIsNotReadToItsEnd", sound().member("Format", "000\n" + std::string(1 << 16, ' ') + "\n"),
+          "D/Format\t2\tgoes beyond 64 KiB; only the first 64 KiB are read\n"},
+         {"FormatWhoseFirstLineFillsWhatIsRead", sound().member("Format", std::string((1 << 16) - 1, 'x') + "\ntrue\n"),
+          "D/Format\t2\tgoes beyond 64 KiB; only the first 64 KiB are read\n"},
+         {"FormatThatIsNotUtf8", sound().member("Format", "000\n\xFF\n"),
+          "D/Format\t2\tis not UTF-8 from byte 1 on\n"}},
+        1);
 }
 
 TEST(CheckCommand, MembersThatAreNoFilesOrHaveNoEndAreToldAndHoldNothingUp) {
@@ -284,13 +289,15 @@ TEST(CheckCommand, GroupIsCheckedDictionaryByDictionary) {
     EXPECT_EQ(run.status, 1);
 }
 
-TEST(CheckCommand, DictionaryCalledAsAMemberMakesNoDictionaryOfItsGroup) {
+TEST(CheckCommand, FolderCalledAsAMemberMakesNoDictionaryOfItsGroup) {
     const TempFolder folder;
     for (const char* name : {"ind", "mImg", "FW"})
         DictionaryBuilder(name).entries({"a", "zz"}).writeTo(folder.path() / "G");
     fs::create_directories(folder.path() / "G/UserDictionaries/ind");
-    const CliRun run = check(folder, {"G"});
-    EXPECT_EQ(run.out + run.err, "No problems in 3 dictionaries.\n");
+    sound().writeTo(folder.path() / "Empty");
+    fs::create_directories(folder.path() / "Empty/ind");
+    const CliRun run = check(folder, {"G", "Empty"});
+    EXPECT_EQ(run.out + run.err, "No problems in 4 dictionaries.\n");
     EXPECT_EQ(run.status, 0);
 }
 

@@ -96,21 +96,40 @@ INSTANTIATE_TEST_SUITE_P(
         SlipCase{"NameWithALineEnd", {"groups", "a\nb"}, "a␊b: No such file or directory"}),
     [](const auto& info) { return info.param.reason; });
 
+/// "G" is a group with a dictionary that may be read and "closed", one that may not; "listed" may not be entered.
 TEST(CommandLine, FolderThatMayNotBeReadIsNamed) {
     const TempFolder folder;
     fs::permissions(folder.path(), fs::perms{0711});
-    fs::create_directory(folder.path() / "locked");
-    fs::permissions(folder.path() / "locked", fs::perms::none);
+    for (const char* name : {"D", "closed"})
+        DictionaryBuilder(name).entries({"a", "zz"}).writeTo(folder.path() / "G");
+    fs::create_directory(folder.path() / "listed");
+    fs::permissions(folder.path() / "G/closed", fs::perms::none);
+    fs::permissions(folder.path() / "listed", fs::perms{0444});
     CliPlace place = {.folder = folder.path(), .input = {}, .outFile = {}};
     place.withoutRights = true;
     if (runCli({"--version"}, place).status == 127)
         GTEST_SKIP() << "the program lies where only root can start it";
-    for (const char* command : {"groups", "dictionaries", "search", "check"}) {
-        const auto run = runCli({command, "locked"}, place);
-        EXPECT_EQ(run.err, "velmarin-cli: locked: Permission denied\n") << command;
-        EXPECT_EQ(run.status, 2) << command;
+    struct Row {
+        std::vector<std::string> arguments;
+        std::string named;
+    };
+    for (const Row& row : {Row{{"groups", "G/closed"}, "G/closed"},
+                           {{"groups", "listed"}, "listed"},
+                           {{"dictionaries", "listed"}, "listed"},
+                           {{"dictionaries", "G"}, "G/closed"},
+                           {{"search", "G", "a"}, "G/closed"},
+                           {{"check", "listed"}, "listed"},
+                           {{"check", "G/closed"}, "G/closed"},
+                           {{"check", "G"}, "G/closed"},
+                           {{"export", "listed", "G"}, "listed"},
+                           {{"export", "G/closed", "G"}, "G/closed"}}) {
+        SCOPED_TRACE(row.arguments[0] + " " + row.arguments[1]);
+        const auto run = runCli(row.arguments, place);
+        EXPECT_EQ(run.err, "velmarin-cli: " + row.named + ": Permission denied\n");
+        EXPECT_EQ(run.status, 2);
     }
-    fs::permissions(folder.path() / "locked", fs::perms::owner_all);
+    for (const char* name : {"G/closed", "listed"})
+        fs::permissions(folder.path() / name, fs::perms::owner_all);
 }
 
 } // namespace

@@ -22,7 +22,7 @@ using velmarin::test::TempFolder;
 
 CliRun check(const TempFolder& folder, std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "check");
-    return runCli(arguments, {.folder = folder.path(), .input = {}, .outFile = {}});
+    return runCli(arguments, {.folder = folder.path()});
 }
 
 /// Two entries and a closing one, each on a page of its own, "p1.bmp" to "p3.bmp".

@@ -21,7 +21,6 @@ struct CliPlace {
     std::string input{};            ///< what it reads from standard input
     std::string outFile{};          ///< a file opened for standard output in place of the one that is read back
     bool outClosed = false;
-    bool ignorePipeSignal = false;
     bool withoutRights = false; ///< as a user who owns nothing, where the tests are run by root
 };
 

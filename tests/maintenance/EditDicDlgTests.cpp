@@ -23,7 +23,7 @@ class EditDicDialog : public DialogTest {
     OrderList* list() const { return control<OrderList>(kDialog, "LB"); }
     QPushButton* button(const char* name) const { return control<QPushButton>(kDialog, name); }
     QPoint middleOf(int row) const { return list()->visualRect(list()->model()->index(row, 0)).center(); }
-    /// The pointer's way from the middle of a row to a point, button held.
+    /// Drags from the middle of a row to a point and keeps the button down.
     void dragTo(int from, const QPoint& to) const {
         QWidget* viewport = list()->viewport();
         QTest::mousePress(viewport, Qt::LeftButton, {}, middleOf(from));
@@ -36,9 +36,7 @@ class EditDicDialog : public DialogTest {
 TEST_F(EditDicDialog, RowsFollowTheDragAndTheSelectionFollowsTheRow) {
     const struct {
         const char* why;
-        int from;
-        int to;
-        int offset; ///< from the middle of that row
+        int from, to, offset; ///< rows, and pixels from the middle of `to`
         Rows expected;
     } cases[] = {{"down past a row's middle", 0, 2, 3, {"b", "c", "a", "d"}},
                  {"down to a row's upper half", 0, 2, -3, {"b", "a", "c", "d"}},

@@ -2,22 +2,17 @@
 // disk: nothing may be lost, and the command run again completes.
 
 #include "RunProgram.h"
+#include "SweepFileSystems.h"
 #include "Trees.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <memory>
 #include <regex>
 #include <sstream>
-
-#include <sched.h>
-#include <sys/mount.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmarin::test {
 
@@ -25,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Those that some kind of processor does not have are marked, so that strace passes over them.
+/// A question mark: not every processor has the call, and strace ignores it there.
 constexpr const char* kWriteCalls =
     "openat,write,?pwrite64,?copy_file_range,?sync_file_range,?sync_file_range2,fsync,?fdatasync,ftruncate,?mkdir,"
     "mkdirat,?symlink,symlinkat,?link,linkat,?rename,?renameat,renameat2,?unlink,unlinkat,?rmdir,?chmod,fchmod,"
@@ -33,72 +28,13 @@ constexpr const char* kWriteCalls =
 
 constexpr const char* kNoExchange = "inject=renameat2:error=EINVAL";
 
-/// One call of a run: the n-th of its kind, from 1.
 struct Call {
     std::string name;
-    int number;
+    int number; ///< among the calls of that name, from 1
 };
 
 enum class Place { SameFileSystem, OtherFileSystem };
 enum class Blow { Killed, DiskFull };
-
-/// Two file systems in memory, of two kinds, in a mount namespace of this process: flushing them takes no time. Where
-/// the kernel forbids that, the temporary folder and /dev/shm, as far as these are two file systems.
-class FileSystems {
-  public:
-    FileSystems() : near_(folder_.path() / "near"), far_(folder_.path() / "far") {
-        fs::create_directory(near_);
-        fs::create_directory(far_);
-        if (enterNamespace() && ::mount("none", near_.c_str(), "ramfs", 0, nullptr) == 0) {
-            mounted_.push_back(near_);
-            if (::mount("none", far_.c_str(), "tmpfs", 0, "size=16m") == 0)
-                mounted_.push_back(far_);
-        }
-        if (mounted_.size() < 2)
-            useSharedMemoryFolder();
-    }
-    ~FileSystems() {
-        for (const fs::path& each : mounted_)
-            ::umount(each.c_str());
-        std::error_code ignored;
-        if (!far_.empty())
-            fs::remove_all(far_, ignored);
-    }
-    FileSystems(const FileSystems&) = delete;
-    FileSystems& operator=(const FileSystems&) = delete;
-
-    const fs::path& nearFolder() const { return near_; }
-    /// On another file system; empty where there is none.
-    const fs::path& farFolder() const { return far_; }
-
-  private:
-    static bool enterNamespace() {
-        const uid_t user = ::getuid();
-        const gid_t group = ::getgid();
-        if (::unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0)
-            return false;
-        if (user != 0) {
-            std::ofstream("/proc/self/setgroups") << "deny";
-            std::ofstream("/proc/self/uid_map") << user << " " << user << " 1";
-            std::ofstream("/proc/self/gid_map") << group << " " << group << " 1";
-        }
-        return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-    }
-
-    void useSharedMemoryFolder() {
-        std::string pattern = "/dev/shm/velmarin-test-XXXXXX";
-        struct stat here {
-        }, there{};
-        const bool other = ::mkdtemp(pattern.data()) != nullptr && ::stat(pattern.c_str(), &there) == 0 &&
-                           ::stat(near_.c_str(), &here) == 0 && here.st_dev != there.st_dev;
-        far_ = other ? pattern : "";
-    }
-
-    TempFolder folder_;
-    fs::path near_;
-    fs::path far_;
-    std::vector<fs::path> mounted_;
-};
 
 /// A command on folders that are set up again for each run.
 struct Scene {
@@ -128,7 +64,7 @@ bool isSomewhere(const fs::path& top, const std::string& name, const Tree& tree)
 
 class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>> {
   protected:
-    static void SetUpTestSuite() { places_ = std::make_unique<FileSystems>(); }
+    static void SetUpTestSuite() { places_ = std::make_unique<SweepFileSystems>(); }
     static void TearDownTestSuite() { places_.reset(); }
 
     void SetUp() override {
@@ -249,13 +185,13 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
         }
     }
 
-    static std::unique_ptr<FileSystems> places_;
+    static std::unique_ptr<SweepFileSystems> places_;
     TempFolder folder_;
     fs::path near_;
     fs::path far_;
 };
 
-std::unique_ptr<FileSystems> MaintenanceSweep::places_;
+std::unique_ptr<SweepFileSystems> MaintenanceSweep::places_;
 
 TEST_P(MaintenanceSweep, InstallShowsTheDictionaryWholeOrNotAtAll) {
     Scene scene;

@@ -10,20 +10,6 @@
 namespace velmarin {
 namespace {
 
-TEST(WordsScript, IsWhatPlainJoiningGives) {
-    EXPECT_EQ(wordsScript(""), "cd /usr/local/lib/words/\n/usr/local/lib/words/words");
-    EXPECT_EQ(wordsScript("amor"), "cd /usr/local/lib/words/\n/usr/local/lib/words/words 'amor'");
-    EXPECT_EQ(wordsScript("d'amor"), "cd /usr/local/lib/words/\n/usr/local/lib/words/words 'd'amor'");
-}
-
-TEST(LookUpBlocks, StandAsTheyAreShown) {
-    EXPECT_EQ(wordsBlock("amor N\r\n"),
-              "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\namor N\r\n\n\n");
-    EXPECT_EQ(serviceBlock("amor", "love"), "\n✜✜✜✜✜✜✜✜ Dictionary.app ✜✜✜✜✜✜✜✜\n\nlove\n\n");
-    EXPECT_EQ(serviceBlock("xqz", ""), "\n✜✜✜✜✜✜✜✜ Dictionary.app ✜✜✜✜✜✜✜✜\n\nSorry no result for xqz !\n\n");
-    EXPECT_EQ(userDictionaryHeading("Latin"), "\n✜✜✜✜✜✜✜✜ Latin ✜✜✜✜✜✜✜✜\n\n");
-}
-
 /// A program `words` that says what it was asked.
 struct StandIn {
     test::TempFolder folder;
@@ -38,30 +24,26 @@ struct StandIn {
     }
 };
 
-struct AskCase {
-    const char* name;
-    const char* word;
-    bool ok;
-    const char* output;
-};
-
-class AskingWords : public testing::TestWithParam<AskCase> {};
-
-TEST_P(AskingWords, Answers) {
-    const StandIn words("echo \"$#:$1\"");
-    const ScriptResult result = words.ask(GetParam().word);
-    EXPECT_EQ(result.ok(), GetParam().ok);
-    EXPECT_EQ(result.output, GetParam().output);
+TEST(AskingWords, Answers) {
+    const struct {
+        const char* name;
+        const char* word;
+        bool ok;
+        const char* output;
+    } cases[] = {{"Word", "amor", true, "1:amor\n"},
+                 {"BlanksStayInOneArgument", "amo amas", true, "1:amo amas\n"},
+                 {"EmptyWordIsNoArgument", "", true, "0:\n"},
+                 {"QuoteIsLeftToTheShell", "d'amor", false, ""},
+                 {"TwoQuotesAreLeftToTheShell", "a' 'b", true, "2:a\n"},
+                 {"BeyondAscii", "amōr", true, "1:amōr\n"}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        const StandIn words("echo \"$#:$1\"");
+        const ScriptResult result = words.ask(each.word);
+        EXPECT_EQ(result.ok(), each.ok);
+        EXPECT_EQ(result.output, each.output);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Words, AskingWords,
-                         testing::Values(AskCase{"Word", "amor", true, "1:amor\n"},
-                                         AskCase{"BlanksStayInOneArgument", "amo amas", true, "1:amo amas\n"},
-                                         AskCase{"EmptyWordIsNoArgument", "", true, "0:\n"},
-                                         AskCase{"QuoteIsLeftToTheShell", "d'amor", false, ""},
-                                         AskCase{"TwoQuotesAreLeftToTheShell", "a' 'b", true, "2:a\n"},
-                                         AskCase{"BeyondAscii", "amōr", true, "1:amōr\n"}),
-                         [](const auto& tested) { return tested.param.name; });
 
 TEST(AskingWordsFolder, WithoutTheProgramIsAFailure) {
     const test::TempFolder preferences;

@@ -11,6 +11,8 @@
 
 #include <QMainWindow>
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <string>
 #include <vector>
@@ -53,6 +55,8 @@ class SideFixture {
 
     SubWindow& open(Hanging hanging = Hanging::Window);
     SubWindow& side() { return *side_; }
+    /// Opens a window whose Return key looks words up.
+    SubWindow& openForLookUp();
     /// Shuts the window and opens another one.
     SubWindow& reopen();
 
@@ -92,6 +96,9 @@ class SideFixture {
   private:
     QPointer<SubWindow> side_;
 };
+
+/// A test with a fixture of its own.
+class SideTest : public testing::Test, public SideFixture {};
 
 /// The block that the service's answer for "amor" gives.
 extern const char* const kAmorBlock;

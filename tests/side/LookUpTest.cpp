@@ -21,7 +21,9 @@ using Synchronising = test::SideTest;
 using Latin = test::SideTest;
 using DisplayingResults = test::SideTest;
 
-constexpr const char* kWordsBlock = "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\namor N\n\n\n";
+std::string wordsBlock(const std::string& answer) {
+    return "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\n" + answer + "\n\n";
+}
 constexpr const char* kUserBlock = "\n✜✜✜✜✜✜✜✜ Mine ✜✜✜✜✜✜✜✜\n\namor\n\nlove\n\n";
 constexpr const char* kSorryBlock = "\n✜✜✜✜✜✜✜✜ Dictionary.app ✜✜✜✜✜✜✜✜\n\nSorry no result for xqz !\n\n";
 
@@ -34,16 +36,18 @@ TEST(LookUpSources, WriteInTheirOrder) {
     } cases[] = {{"None", false, false, false, "amor", ""},
                  {"Service", true, false, false, "amor", kAmorBlock},
                  {"ServiceWithoutAnAnswer", true, false, false, "xqz", kSorryBlock},
-                 {"Latin", false, true, false, "amor", kWordsBlock},
-                 {"LatinThatFails", false, true, false, "d'amor", ""},
+                 {"Latin", false, true, false, "amor", wordsBlock("1:amor\n")},
+                 {"LatinWordsInOneArgument", false, true, false, "amo amās", wordsBlock("1:amo amās\n")},
+                 {"LatinQuotesAreLeftToTheShell", false, true, false, "a' 'b", wordsBlock("2:a\n")},
+                 {"LatinUnendedQuoteIsNoAnswer", false, true, false, "d'amor", ""},
                  {"User", false, false, true, "amor", kUserBlock},
                  {"UserWithoutAHit", false, false, true, "xqz", ""},
-                 {"All", true, true, true, "amor", std::string(kAmorBlock) + kWordsBlock + kUserBlock},
+                 {"All", true, true, true, "amor", std::string(kAmorBlock) + wordsBlock("1:amor\n") + kUserBlock},
                  {"EmptyWordLeavesAll", true, true, true, "", "of the last time"}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         SideFixture fixture;
-        fixture.installWords("echo \"$1 N\"");
+        fixture.installWords("echo \"$#:$1\"");
         fixture.addUserDictionary("Mine", "amor\tlove\n");
         fixture.openForLookUp();
         fixture.useUserDictionary(0);
@@ -60,7 +64,7 @@ TEST(LookUpSources, WriteInTheirOrder) {
     }
 }
 
-TEST_F(LookUp, KeepsTheTextIfSoWishedAndScrollsToItsOwnStart) {
+TEST_F(LookUp, KeepsTheTextOnRequestAndScrollsToItsOwnStart) {
     openForLookUp();
     control<QCheckBox>("DontClearCB").setChecked(true);
     EF().setWholeText(QString("x\n").repeated(200));
@@ -138,19 +142,16 @@ TEST_F(LookUp, ShowsUserHitsInTheirStyles) {
 TEST_F(LookUp, WithTheOptionKeySearchesTheMainWindowFirst) {
     openForLookUp();
     host.option.held = true;
-    bool wasBusy = false;
-    std::string textThen = "?";
     main.onSearchAll = [&] {
-        wasBusy = busy.busy();
-        textThen = text();
+        EXPECT_TRUE(busy.busy());
+        EXPECT_EQ(text(), "");
+        main.onSearchAll = nullptr;
     };
     main.log.clear();
     ask("amor");
     ASSERT_GE(main.log.size(), 2U);
     EXPECT_EQ(main.log[0], "text amor");
     EXPECT_EQ(main.log[1], "search amor");
-    EXPECT_TRUE(wasBusy);
-    EXPECT_EQ(textThen, "");
     EXPECT_EQ(text(), kAmorBlock);
 
     main.log.clear();
@@ -229,8 +230,7 @@ TEST(TickingLatin, TriesTheProgram) {
         EXPECT_EQ(box.isChecked(), each.staysOn);
         if (each.staysOn) {
             EXPECT_TRUE(fixture.host.questions.empty());
-            EXPECT_EQ(fixture.text(),
-                      "kept\n✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\n0 arguments\n\n\n");
+            EXPECT_EQ(fixture.text(), "kept\n" + wordsBlock("0 arguments\n"));
         } else {
             EXPECT_EQ(
                 fixture.host.questions,
@@ -249,7 +249,7 @@ TEST_F(Latin, SilenceIsAnAnswer) {
     open();
     const Busy guard(busy);
     EXPECT_TRUE(side().mLatinWORDS("amor"));
-    EXPECT_EQ(text(), "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\n\n\n");
+    EXPECT_EQ(text(), wordsBlock(""));
 }
 
 /// WORDS hangs, asked with or without a word.

@@ -1,6 +1,8 @@
 #include "side/ScriptRun.h"
 
+#include "side/LookUpText.h"
 #include "support/TempFolder.h"
+#include "text/NilObjectException.h"
 
 #include <fstream>
 #include <sstream>
@@ -23,8 +25,7 @@ TEST(ScriptRun, EndsAsTheShellDoes) {
                  {"AnyBytes", "printf 'a\\000\\377\\r\\n'", End::Exited, 0, std::string("a\0\xFF\r\n", 5)},
                  {"Failure", "echo lost; exit 3", End::Exited, 3, "lost\n"},
                  {"NoSuchProgram", "/no/such/program", End::Exited, 127, ""},
-                 {"LastCommandDecides", "cd /no/such/folder\necho x", End::Exited, 0, "x\n"},
-                 {"UnendedQuote", "echo 'x", End::Exited, 2, ""},
+
                  {"NothingToRead", "cat; echo end", End::Exited, 0, "end\n"},
                  {"ErrorOutputIsLeftOut", "echo x >&2; echo y", End::Exited, 0, "y\n"},
                  {"ClosesItsOutputAndGoesOn", "echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
@@ -103,6 +104,10 @@ TEST(ScriptRunStop, WhatAScriptLeavesBehindIsNotWaitedForAndEnds) {
     EXPECT_TRUE(result.ok());
     EXPECT_EQ(result.output, "done\n");
     EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
+}
+
+TEST(WordsScript, ThatCannotBeWrittenRaises) {
+    EXPECT_THROW(runWords(FolderItem("/no/such/folder"), "amor", [] { return true; }), NilObjectException);
 }
 
 } // namespace

@@ -4,12 +4,10 @@
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"
 
-#include <csignal>
 #include <filesystem>
 
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace velmarin {
@@ -114,31 +112,21 @@ TEST(BuildProgressTold, InTheOrderOfThePasses) {
     EXPECT_GT(built.progress.yields, 3 * 2500);
 }
 
-TEST(BuildAgain, RefusesRemovesOrSavesTheEarlierPair) {
+TEST(BuildAgain, OneFileOfAnEarlierPairIsRefusedOrSavedToo) {
     Built built("old\tx\n");
     const FolderItem source(built.folder.write("source.txt", "new\ty\n"));
-    const FolderItem desktop(built.folder.path() / "Desktop");
-    const auto build = [&](EarlierPair earlier) {
-        return buildUserDictionary(source, built.dictionary(), built.progress, earlier, desktop);
+    const auto build = [&](EarlierPair earlier, const fs::path& desktop) {
+        return buildUserDictionary(source, built.dictionary(), built.progress, earlier, FolderItem(desktop));
     };
-    EXPECT_TRUE(build(EarlierPair::Refused).earlierRefused);
-    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
-    EXPECT_TRUE(build(EarlierPair::Saved).ok);
-    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Text.txt"), "old\tx\n");
-    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Index.txt"), "OLD\t0\n");
-    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
-    EXPECT_EQ(built.folder.read("Latin/Index.txt"), "NEW\t0\n");
-    EXPECT_TRUE(build(EarlierPair::Removed).ok);
-    EXPECT_EQ(desktop.items().size(), 1U);
-    EXPECT_EQ(built.dictionary().items().size(), 2U);
-    // One file of the pair is enough, and a file in the place of the desktop keeps it where it is.
     fs::remove(built.folder.path() / "Latin/Index.txt");
-    EXPECT_TRUE(build(EarlierPair::Refused).earlierRefused);
-    built.folder.write("file", "");
-    EXPECT_FALSE(buildUserDictionary(source, built.dictionary(), built.progress, EarlierPair::Saved,
-                                     FolderItem(built.folder.path() / "file"))
-                     .ok);
-    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
+    EXPECT_TRUE(build(EarlierPair::Refused, {}).earlierRefused);
+    EXPECT_FALSE(build(EarlierPair::Saved, built.folder.write("file", "")).ok) << "it cannot be saved there";
+    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
+    EXPECT_TRUE(build(EarlierPair::Saved, built.folder.path() / "Desktop").ok);
+    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Text.txt"), "old\tx\n");
+    EXPECT_TRUE(build(EarlierPair::Removed, built.folder.path() / "Desktop").ok);
+    EXPECT_EQ(FolderItem(built.folder.path() / "Desktop").items().size(), 1U);
+    EXPECT_EQ(built.dictionary().items().size(), 2U);
 }
 
 TEST(BuildOfALongSource, IsTheSameWhereverItsPiecesEnd) {
@@ -192,30 +180,6 @@ TEST(BuildRefused, LeavesAnEarlierDictionaryAsItIs) {
         EXPECT_EQ(earlier.folder.read("Latin/Index.txt"), "OLD\t0\n");
         EXPECT_EQ(FolderItem(earlier.folder.path() / "Latin").items().size(), 2U);
     }
-}
-
-TEST(BuildFailure, WhereTheDiskIsFullLeavesAllAsItWas) {
-    Built built("old\tx\n");
-    std::string source;
-    for (int line = 0; line < 2000; ++line)
-        source += "word\tm\n";
-    const FolderItem item(built.folder.write("source.txt", source));
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    // The first fails in the text, the second in the index, which is the longer one.
-    for (const rlim_t most : {rlim_t{100}, rlim_t{16000}}) {
-        const rlimit limit{most, before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress, EarlierPair::Removed);
-        ::setrlimit(RLIMIT_FSIZE, &before);
-        EXPECT_FALSE(result.ok);
-        EXPECT_NE(result.reason, "");
-        EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
-        EXPECT_EQ(built.folder.read("Latin/Index.txt"), "OLD\t0\n");
-        EXPECT_EQ(built.dictionary().items().size(), 2U);
-    }
-    std::signal(SIGXFSZ, handler);
 }
 
 TEST(BuildFailure, WhereTheSourceChangesMeanwhile) {

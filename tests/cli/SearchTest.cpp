@@ -151,7 +151,7 @@ TEST(SearchJson, TellsThePlaceToo) {
     }
 }
 
-TEST(SearchFailure, TxtThatCannotBeReadIsToldOnceWithItsDictionary) {
+TEST(SearchFailure, TxtThatCannotBeReadIsReportedOnce) {
     const TempFolder folder;
     const fs::path group =
         GroupBuilder("G").dictionary(DictionaryBuilder("D").entries({"a", "zz"}).without("txt")).writeTo(folder.path());

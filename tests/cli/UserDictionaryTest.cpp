@@ -20,7 +20,7 @@ struct BuiltDictionary {
     }
 };
 
-TEST(UserDictionaryBuild, TellsTheEntriesAndThoseThatAreNotUtf8) {
+TEST(UserDictionaryBuild, CountsTheEntriesAndThoseThatAreNotUtf8) {
     const BuiltDictionary built("amo__NUM__1\tlove\ncaf\xE9\tbar\n");
     EXPECT_EQ(built.run.status, 0) << built.run.err;
     EXPECT_EQ(built.run.out, "2\t1\n");
@@ -28,7 +28,7 @@ TEST(UserDictionaryBuild, TellsTheEntriesAndThoseThatAreNotUtf8) {
     EXPECT_EQ(built.folder.read("Mine/Index.txt"), "AMO\t0\nCAF\xE9\t1\n");
 }
 
-TEST(UserDictionaryBuild, ReplacesOnlyWhenToldTo) {
+TEST(UserDictionaryBuild, ReplacesOnlyOnRequest) {
     const BuiltDictionary built("old\tx\n");
     built.folder.write("words.txt", "new\ty\n");
     const CliRun refused = runCli({"user-dictionary", "build", "words.txt", "Mine"}, {.folder = built.folder.path()});
@@ -65,7 +65,7 @@ TEST(UserDictionarySearch, WritesTheLinesOfTheText) {
         {"Nothing", {"Mine", "amor"}, "", "", 1},
         {"NoSuchMode", {"--mode", "5", "Mine", "amo"}, "", "", 2},
         {"NoSuchFolder", {"Yours", "amo"}, "", "", 2},
-        {"FolderThatIsNoDictionary", {".", "amo"}, "", "", 2}};
+        {"FolderWithoutADictionary", {".", "amo"}, "", "", 2}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.reason);
         const BuiltDictionary built(

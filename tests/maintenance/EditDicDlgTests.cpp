@@ -94,7 +94,7 @@ TEST_F(EditDicDialog, SaveWritesTheLinesAndReadsTheGroupAgain) {
     windows_.onRead = [&] { EXPECT_TRUE(busy_.busy()) << "a pick now would be for another group"; };
     click(button("SaveBT"));
     EXPECT_EQ(windows_.newDicPref, (Rows{"Older ones", "a", "b", "d", "c"}));
-    EXPECT_EQ(windows_.told,
+    EXPECT_EQ(windows_.calls,
               (Rows{"pNewDicPref", "close page image window", "write 1", "read 1 /dictionaries/group", "ready 1"}));
     EXPECT_EQ(shown(kDialog), nullptr);
     EXPECT_TRUE(host_.messages.empty());
@@ -113,7 +113,7 @@ TEST_F(EditDicDialog, NothingIsSavedByAnyOtherWayOut) {
         QTest::keyClick(list(), Qt::Key_Down, Qt::AltModifier);
         leave();
         EXPECT_EQ(shown(kDialog), nullptr) << why;
-        EXPECT_TRUE(windows_.told.empty()) << why;
+        EXPECT_TRUE(windows_.calls.empty()) << why;
     }
 }
 
@@ -123,7 +123,7 @@ TEST_F(EditDicDialog, SavesToItsGroupWhenTheWindowHasNone) {
     windows_.anyGroup = false;
     click(button("SaveBT"));
     EXPECT_EQ(windows_.newDicPref, (Rows{"Old ones", "b", "a", "c", "d"}));
-    EXPECT_EQ(windows_.told, (Rows{"pNewDicPref", "close page image window", "write and pick 1 /dictionaries/group"}));
+    EXPECT_EQ(windows_.calls, (Rows{"pNewDicPref", "close page image window", "write and pick 1 /dictionaries/group"}));
     EXPECT_EQ(shown(kDialog), nullptr);
 }
 
@@ -141,7 +141,7 @@ TEST_F(EditDicDialog, SavingWaitsUntilNothingElseIsUnderWay) {
         EXPECT_FALSE(button("SaveBT")->isEnabled());
         click(button("SaveBT"));
     }
-    EXPECT_TRUE(windows_.told.empty());
+    EXPECT_TRUE(windows_.calls.empty());
     EXPECT_TRUE(button("SaveBT")->isEnabled());
 }
 
@@ -151,7 +151,7 @@ TEST_F(EditDicDialog, ItCannotBeClosedWhileItSaves) {
         EXPECT_NE(shown(kDialog), nullptr);
     };
     click(button("SaveBT"));
-    EXPECT_EQ(windows_.told.size(), 5U);
+    EXPECT_EQ(windows_.calls.size(), 5U);
 }
 
 } // namespace

@@ -127,7 +127,7 @@ TEST_F(ExpDicDialog, ExportsWhatIsCheckedAndOpensTheFolder) {
     EXPECT_EQ(host_.messages.size(), 1U) << "all went well";
 }
 
-TEST_F(ExpDicDialog, AFolderThatCannotBeOpenedIsTold) {
+TEST_F(ExpDicDialog, AFolderThatCannotBeOpenedIsReported) {
     host_.folders = {at("Out")};
     host_.launches = false;
     maintenance_.mExportDic();
@@ -138,7 +138,7 @@ TEST_F(ExpDicDialog, AFolderThatCannotBeOpenedIsTold) {
     EXPECT_EQ(shown(kDialog), nullptr);
 }
 
-TEST_F(ExpDicDialog, FailuresAreToldOnceAndStopNoOther) {
+TEST_F(ExpDicDialog, FailuresAreReportedOnceAndStopNoOther) {
     makeFifo(at("DF/A/Latin/pipe"));
     makeLink(at("DF/A/Webster/gone"), "nowhere");
     host_.folders = {at("Out")};

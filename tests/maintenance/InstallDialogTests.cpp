@@ -29,7 +29,7 @@ TEST_F(InstallDialogs, WhatIsNotADictionaryIsRefused) {
         maintenance_.mUpDateDictionary();
         EXPECT_EQ(host_.messages, std::vector<std::string>{"This is not a Dictionary !"}) << chosen;
     }
-    EXPECT_TRUE(windows_.told.empty());
+    EXPECT_TRUE(windows_.calls.empty());
 }
 
 TEST_F(InstallDialogs, AnUpdateShowsWaitDlgAndTellsNoWindow) {
@@ -59,14 +59,14 @@ TEST_F(InstallDialogs, AnUpdateShowsWaitDlgAndTellsNoWindow) {
     EXPECT_EQ(shown("WaitDlg"), nullptr);
     EXPECT_FALSE(busy_.busy());
     EXPECT_TRUE(host_.messages.empty());
-    EXPECT_TRUE(windows_.told.empty());
+    EXPECT_TRUE(windows_.calls.empty());
     EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
     EXPECT_EQ(folder_.read("DF/B/WEBSTER/ind"), "new index");
     EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-0/ind"), "old index");
     EXPECT_EQ(folder_.read("Desktop/Webster-Oldversion-1/ind"), "old index too");
 }
 
-TEST_F(InstallDialogs, ANewDictionaryGoesWhereTheUserSaysAndEveryWindowIsReset) {
+TEST_F(InstallDialogs, ANewDictionaryGoesIntoTheChosenGroupAndEveryWindowIsReset) {
     fs::create_directory(at("DF/A"));
     host_.folders = {at("new/Webster"), at("DF/A")};
 
@@ -84,7 +84,7 @@ TEST_F(InstallDialogs, ANewDictionaryGoesWhereTheUserSaysAndEveryWindowIsReset) 
                                 "group, make a new folder on the dialog.");
     EXPECT_EQ(host_.openedAt[1], at("DF"));
     EXPECT_EQ(treeOf(at("DF/A/Webster")), treeOf(at("new/Webster")));
-    EXPECT_EQ(windows_.told, (std::vector<std::string>{"reset 0", "reset 1"}));
+    EXPECT_EQ(windows_.calls, (std::vector<std::string>{"reset 0", "reset 1"}));
     EXPECT_FALSE(fs::exists(at("Desktop")));
 }
 
@@ -93,11 +93,11 @@ TEST_F(InstallDialogs, WithoutAGroupNothingIsCopied) {
     maintenance_.mUpDateDictionary();
     EXPECT_EQ(host_.messages.size(), 1U);
     EXPECT_TRUE(fs::is_empty(at("DF")));
-    EXPECT_TRUE(windows_.told.empty());
+    EXPECT_TRUE(windows_.calls.empty());
     EXPECT_EQ(shown("WaitDlg"), nullptr);
 }
 
-TEST_F(InstallDialogs, FailuresAreToldOnceAtTheEnd) {
+TEST_F(InstallDialogs, FailuresAreReportedOnceAtTheEnd) {
     folder_.write("DF/A/Webster/ind", "old index");
     makeFifo(at("new/Webster/mSnd"));
     makeFifo(at("new/Webster/mMov"));

@@ -8,8 +8,6 @@
 
 #include <functional>
 
-#include <unistd.h>
-
 namespace velmarin::test {
 
 namespace fs = std::filesystem;
@@ -70,16 +68,12 @@ TEST_F(Install, RelativeLinksLeadToTheSameFromTheCopy) {
     EXPECT_EQ(fs::read_symlink(target() / "roundabout"), "ind");
 }
 
-TEST_F(Install, LeavesOutWhatNoCopyCanHoldAndSaysSo) {
+TEST_F(Install, LeavesOutWhatCannotBeCopiedAndReportsIt) {
+    const Tree expected = treeOf(source());
     makeFifo(source() / "mImg/pipe");
-    const Tree whole = treeOf(source());
-
     const Record record = install();
-
     ASSERT_EQ(record.failures.size(), 1U);
     EXPECT_EQ(record.failures[0].item.path(), source() / "mImg/pipe");
-    Tree expected = whole;
-    expected.erase("mImg/pipe");
     EXPECT_EQ(treeOf(target()), expected);
 }
 
@@ -92,7 +86,7 @@ TEST_F(Install, LeavesBehindTheLeftoversOfKilledRuns) {
     EXPECT_TRUE(fs::exists(target() / "ind"));
 }
 
-TEST_F(Install, AHugeFileArrivesWholeAndTheProgressIsToldOnTheWay) {
+TEST_F(Install, AHugeFileArrivesWholeAndReportsItsProgress) {
     constexpr std::size_t kSize = std::size_t{70} << 20; // more than is written before the first flush
     std::string bytes(kSize, '\0');
     for (std::size_t at = 0; at < kSize; at += 4096)
@@ -164,16 +158,6 @@ TEST_F(Install, ThatIsRefusedNamesTheReasonAndChangesNothing) {
         refused(into, "not a folder");
     makeLink(source() / "txt2", "../not there");
     refused("Group", "txt2\n    it is a link that leads nowhere");
-}
-
-TEST_F(Install, APageThatMayNotBeReadKeepsTheDictionaryFromAppearing) {
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "the superuser may read everything";
-    fs::permissions(source() / "mImg/p1.bmp", fs::perms::none);
-    const Record record = install();
-    ASSERT_EQ(record.failures.size(), 1U);
-    EXPECT_EQ(record.failures[0].item.path(), source() / "mImg/p1.bmp");
-    EXPECT_TRUE(fs::is_empty(group()));
 }
 
 TEST_F(Install, WhatItsCallerThrowsLeavesNothingBehind) {

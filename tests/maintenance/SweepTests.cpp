@@ -42,18 +42,19 @@ struct Scene {
     std::vector<std::string> command;
     /// Puts the folders into their first state.
     std::function<void()> setUp;
-    /// What must hold at any time.
+    /// Must hold at any time.
     std::function<void()> nothingIsLost;
-    /// What must hold once a run has said that it did all.
+    /// Must hold after a run that reported success.
     std::function<void()> isDone;
-    /// What must hold too once a run has failed by itself, or one that must fail, `failing`, has followed a kill.
+    /// Must also hold after a run that failed without a kill, and after `failing`, a run that must fail, followed a
+    /// kill.
     std::function<void()> isConsistent = [] {};
     std::vector<std::string> failing;
-    /// On a file system that can exchange no names, and with a full disk for the second run too.
+    /// The file system cannot exchange names, and the disk is full for the second run too.
     bool poorFileSystem = false;
 };
 
-/// Whether an item of that name with these contents is anywhere below `top`.
+/// Whether an item with that name and content is anywhere below `top`.
 bool isSomewhere(const fs::path& top, const std::string& name, const Tree& tree) {
     for (const auto& entry : fs::recursive_directory_iterator(top)) {
         if (entry.path().filename() == name && treeOf(entry.path()) == tree)
@@ -74,7 +75,7 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
         far_ = places_->nearFolder() / "far";
         if (std::get<0>(GetParam()) == Place::OtherFileSystem) {
             if (places_->farFolder().empty())
-                GTEST_SKIP() << "the kernel forbids mount namespaces, and /dev/shm is no other file system";
+                GTEST_SKIP() << "the kernel forbids mount namespaces, and /dev/shm is on the same file system";
             far_ = places_->farFolder() / "far";
         }
     }
@@ -138,7 +139,7 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
             if (!std::regex_search(line, match, start))
                 continue;
             const int number = ++counts[match[1]];
-            // What is opened to be made or listed; to fail others keeps the program from starting.
+            // Of openat, those that make a file or list a folder: without the others the program does not start.
             if (match[1] != "openat" || line.find("O_CREAT") != std::string::npos ||
                 line.find("O_DIRECTORY") != std::string::npos)
                 calls.push_back({match[1], number});

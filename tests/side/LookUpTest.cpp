@@ -97,7 +97,7 @@ TEST_F(LookUp, InTheUserDictionaryAloneWritesAtTheInsertionPoint) {
     EXPECT_EQ(text(), std::string("before") + kUserBlock + "after");
 }
 
-TEST_F(LookUp, InTheServiceWritesAtTheEndWhateverIsTypedMeanwhile) {
+TEST_F(LookUp, InTheServiceWritesAtTheEndWhileTheUserTypes) {
     openForLookUp();
     host.onYield = [&] {
         EXPECT_TRUE(busy.busy());
@@ -182,7 +182,7 @@ TEST_F(LookUp, IsPutOffOnceWhileSomethingElseRuns) {
     EXPECT_EQ(EF().SelLength(), 4) << "finding waits for nothing";
 }
 
-TEST_F(Synchronising, LooksUpWhateverTheTargetIs) {
+TEST_F(Synchronising, LooksUpForAnyTarget) {
     open();
     side().synchronise("amor");
     EXPECT_EQ(text(), "");

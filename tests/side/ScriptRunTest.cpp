@@ -96,7 +96,7 @@ TEST(ScriptRunStop, EndsTheWholeGroup) {
     EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
 }
 
-TEST(ScriptRunStop, WhatAScriptLeavesBehindIsNotWaitedForAndEnds) {
+TEST(ScriptRunStop, BackgroundProcessesAreEndedWithoutWaiting) {
     const test::TempFolder folder;
     const auto pids = folder.path() / "pid";
     const auto script = folder.write("s.sh", "sleep 1000 & echo $! > '" + pids.string() + "'; echo done");
@@ -104,6 +104,10 @@ TEST(ScriptRunStop, WhatAScriptLeavesBehindIsNotWaitedForAndEnds) {
     EXPECT_TRUE(result.ok());
     EXPECT_EQ(result.output, "done\n");
     EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
+}
+
+TEST(WordsScript, JoinsTheWordUnescaped) {
+    EXPECT_EQ(wordsScript("d'amor"), "cd /usr/local/lib/words/\n/usr/local/lib/words/words 'd'amor'");
 }
 
 TEST(WordsScript, ThatCannotBeWrittenRaises) {

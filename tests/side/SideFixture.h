@@ -19,7 +19,7 @@
 
 namespace velmarin::test {
 
-/// A main window that keeps what it is told.
+/// A main window that records its calls.
 class RecordedMainWindow : public MainWindowLink {
   public:
     RecordedMainWindow() { frame.setGeometry(100, 100, 838, 809); }
@@ -46,8 +46,8 @@ class RecordedMainWindow : public MainWindowLink {
     void hideProgress() override { log.emplace_back("no bar"); }
 };
 
-/// A group on disk with one main window, a dictionary service that knows "amor", and what it takes to open side
-/// windows. WORDS is not there until `installWords`.
+/// A group on disk with one main window, a dictionary service that knows "amor", and what side windows need.
+/// WORDS is missing until `installWords`.
 class SideFixture {
   public:
     SideFixture();

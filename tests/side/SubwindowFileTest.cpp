@@ -12,7 +12,7 @@ TEST(SubwindowFile, IsReadAs) {
         const char* name;
         const char* text;
         const char* meaning; ///< as it would be written
-        bool rowTold;
+        bool hasRow;
     } cases[] = {
         {"Whole", "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n",
          "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n", true},
@@ -30,7 +30,7 @@ TEST(SubwindowFile, IsReadAs) {
         SCOPED_TRACE(each.name);
         const SubwindowSettings settings = parseSubwindow(each.text);
         EXPECT_EQ(subwindowText(settings), each.meaning);
-        EXPECT_EQ(settings.userDicRow.has_value(), each.rowTold);
+        EXPECT_EQ(settings.userDicRow.has_value(), each.hasRow);
     }
 }
 

@@ -98,7 +98,7 @@ TEST(BuildingAUserDictionary, WritesTextAndIndex) {
     }
 }
 
-TEST(BuildProgressTold, InTheOrderOfThePasses) {
+TEST(BuildProgress, IsReportedInTheOrderOfThePasses) {
     std::string source;
     for (int line = 0; line < 2500; ++line)
         source += "x\n";

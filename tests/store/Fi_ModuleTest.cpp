@@ -113,7 +113,7 @@ TEST(CopyFileOrFolder, FillsUpAFolderThatIsThereAndReplacesNothing) {
     EXPECT_EQ(folder.read("to/from/sub/b"), "new");
 }
 
-TEST(CopyFileOrFolder, ThatCannotBeLeavesNothingBehind) {
+TEST(CopyFileOrFolder, ThatFailsLeavesNothingBehind) {
     const TempFolder folder;
     folder.write("file", "f");
     folder.write("dir/sub/inside", "f");
@@ -147,7 +147,7 @@ TEST(CopyWithNewName, NeverTouchesAFileThatIsThere) {
     EXPECT_EQ(to.items().size(), 2u);
 }
 
-TEST(MoveFileOrFolder, OntoAnExistingNameMovesNothingAndSaysSo) {
+TEST(MoveFileOrFolder, OntoAnExistingNameMovesNothingAndReportsIt) {
     const TempFolder folder;
     folder.write("from/Dic/ind", "new");
     folder.write("to/dic/ind", "old");
@@ -165,7 +165,7 @@ TEST(MoveFileOrFolder, OntoAnExistingNameMovesNothingAndSaysSo) {
     EXPECT_EQ(messages.texts.size(), 1u);
 }
 
-TEST(LinesByNumbers, AreThoseTold) {
+TEST(LinesByNumbers, EndAtANumberThatDoesNotRise) {
     const struct {
         const char* reason;
         std::vector<int> numbers;
@@ -190,7 +190,7 @@ TEST(LinesByNumbers, AreThoseTold) {
     }
 }
 
-TEST(LinesByNumbers, TellOfEachThingThatIsMissing) {
+TEST(LinesByNumbers, ReportWhatIsMissing) {
     const TempFolder folder;
     const FolderItem file(folder.write("txt", "one\n"));
     const CollectedMessages messages;

@@ -32,7 +32,7 @@ TEST(PageList, HasAsManyPagesAsTheFirstLineSays) {
                   "\xEF\xBB\xBF"
                   "2\ra\r\nb\rc",
                   {"a", "b", "c"}},
-                 {"SameNameTwiceStandsTwice", "1\na\na\n", {"a", "a"}},
+                 {"SameNameTwiceIsTwoPages", "1\na\na\n", {"a", "a"}},
                  {"TabBelongsToTheName", "0\na\tb\n", {"a\tb"}}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.reason);

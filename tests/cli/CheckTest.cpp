@@ -22,7 +22,7 @@ using velmarin::test::TempFolder;
 
 CliRun check(const TempFolder& folder, std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), "check");
-    return runCli(arguments, {.folder = folder.path(), .input = {}, .outFile = {}});
+    return runCli(arguments, {.folder = folder.path()});
 }
 
 /// Two entries and a closing one, each on a page of its own, "p1.bmp" to "p3.bmp".
@@ -43,7 +43,7 @@ struct CheckCase {
     std::string out; ///< what `check D` writes; nothing where the dictionary is sound
 };
 
-/// Checks the dictionaries of all rows in one run, and holds the findings of each against its row.
+/// Checks the dictionaries of all rows in one run, and compares the findings of each with its row.
 void checkRows(const std::vector<CheckCase>& rows, int status) {
     const TempFolder folder;
     std::vector<std::string> arguments;
@@ -99,12 +99,12 @@ TEST(Check, SoundDictionariesGiveNoFinding) {
         0);
 }
 
-TEST(Check, HeadwordsAreHeldAgainstTheirOrder) {
+TEST(Check, HeadwordsAreInOrder) {
     checkRows(
         {{"OutOfOrder", DictionaryBuilder("D").entries({"re-form", "Reclaim", "re-act", "Ébahi", "zz"}),
           "D/ind\t3\tout of order: \"RE-ACT\" sorts before \"RECLAIM\" of line 2\n"
           "D/ind\t4\tout of order: \"EBAHI\" sorts before \"RE-ACT\" of line 3\n"},
-         {"EmptyLineInTheMidst", DictionaryBuilder("D").entries({"a", "", "b", "zz"}),
+         {"EmptyLineBetweenEntries", DictionaryBuilder("D").entries({"a", "", "b", "zz"}),
           "D/ind\t2\tout of order: \"\" sorts before \"A\" of line 1\n"},
          {"OrderOfAnotherMode", DictionaryBuilder("D").entries({"chico", "cuz", "zz"}).spanish(),
           "D/ind\t2\tout of order: \"CUZ\" sorts before \"CƩICO\" of line 1\n"},
@@ -122,7 +122,7 @@ TEST(Check, HeadwordsAreHeldAgainstTheirOrder) {
         1);
 }
 
-TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
+TEST(Check, LinesOfTxtBelongToEntriesAndNameFiles) {
     checkRows(
         {{"TxtIsShorter", sound().member("txt", "<@_p1.bmp_>\n<@_p2.bmp_>\n"),
           "D/ind\t3\tno line of txt belongs to this entry: different lengths (ind has 3, txt 2)\n"},
@@ -135,7 +135,7 @@ TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
           "D/ind\t2\tno closing entry: the last one, \"B\", is never shown; one that sorts after all others "
           "should follow it\n"
           "D/txt\t2\tnames no page\n"},
-         {"PageWithoutAFileIsToldOnce",
+         {"PageWithoutAFileIsReportedOnce",
           DictionaryBuilder("D")
               .entry("a", "p1.bmp")
               .entry("b", "gone.bmp")
@@ -164,7 +164,7 @@ TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
          {"ErrataWithoutAFolder",
           DictionaryBuilder("D").entry("a", "p1.bmp", {"e1.bmp"}).entry("zz", "p1.bmp").without("mPimg"),
           "D/txt\t1\tnames \"e1.bmp\", which is not in mPimg\n"},
-         {"FolderIsNoPage",
+         {"FolderInPlaceOfAPage",
           DictionaryBuilder("D")
               .entry("a", "p1.bmp")
               .entry("zz", "p2.bmp")
@@ -186,7 +186,7 @@ TEST(Check, LinesOfTxtAreHeldAgainstIndAndTheFiles) {
         1);
 }
 
-TEST(Check, ImageIndexIsHeldAgainstItsCountAndTheFiles) {
+TEST(Check, ImageIndexHasItsCountAndNamesFiles) {
     checkRows(
         {{"CountOfPagesInPlaceOfTheLast", sound().member("mImg/ImageIndex", "3\np1.bmp\np2.bmp\np3.bmp\n"),
           "D/mImg/ImageIndex\t1\tthe count is \"3\"; it should be 2, the number of pages less one\n"},
@@ -214,7 +214,7 @@ TEST(Check, ImageIndexIsHeldAgainstItsCountAndTheFiles) {
 }
 
 TEST(Check, PicturesAreDecodedOnceEach) {
-    checkRows({{"NamedOrListedOnceHoweverOften",
+    checkRows({{"NamedOrListedOftenReportedOnce",
                 DictionaryBuilder("D")
                     .entry("a", "p1.bmp", {"e.bmp"})
                     .entry("b", "p2.bmp")
@@ -232,7 +232,7 @@ TEST(Check, PicturesAreDecodedOnceEach) {
               1);
 }
 
-TEST(Check, MembersAreHeldAgainstWhatADictionaryNeeds) {
+TEST(Check, MembersThatADictionaryNeeds) {
     checkRows(
         {{"NoMark", sound().without("FW"), "D/FW\t\tis missing: groups do not show the dictionary\n"},
          {"MarkAlone", DictionaryBuilder("D").without("ind").without("txt").without("mImg"),
@@ -253,7 +253,7 @@ TEST(Check, MembersAreHeldAgainstWhatADictionaryNeeds) {
         1);
 }
 
-TEST(CheckCommand, MembersThatAreNoFilesOrHaveNoEndAreToldAndHoldNothingUp) {
+TEST(CheckCommand, MembersThatAreNotFilesOrHugeAreNotRead) {
     const TempFolder folder;
     const fs::path own = sound().without("txt").writeTo(folder.path());
     ASSERT_EQ(::mkfifo((own / "txt").c_str(), 0600), 0);
@@ -289,7 +289,7 @@ TEST(CheckCommand, GroupIsCheckedDictionaryByDictionary) {
     EXPECT_EQ(run.status, 1);
 }
 
-TEST(CheckCommand, FolderCalledAsAMemberMakesNoDictionaryOfItsGroup) {
+TEST(CheckCommand, ADictionaryNamedLikeAMemberLeavesItsGroupAGroup) {
     const TempFolder folder;
     for (const char* name : {"ind", "mImg", "FW"})
         DictionaryBuilder(name).entries({"a", "zz"}).writeTo(folder.path() / "G");
@@ -301,7 +301,7 @@ TEST(CheckCommand, FolderCalledAsAMemberMakesNoDictionaryOfItsGroup) {
     EXPECT_EQ(run.status, 0);
 }
 
-TEST(CheckCommand, WhatIsNoDictionaryIsPassedOverUnlessNothingElseIsNamed) {
+TEST(CheckCommand, OtherFilesArePassedOverUnlessNothingElseIsNamed) {
     const TempFolder folder;
     const fs::path group = GroupBuilder("G").dictionary(sound()).preferences("G\t0\t\n").writeTo(folder.path());
     fs::create_directories(group / "UserDictionaries/ind");
@@ -326,8 +326,8 @@ TEST(CheckCommand, ArgumentThatCannotBeCheckedDoesNotStopTheOthers) {
     EXPECT_EQ(run.status, 2);
 }
 
-/// The order is that of the lines, not that in which the threads end.
-TEST(CheckCommand, ManyPicturesAreToldInTheOrderOfTheirLines) {
+/// The order of the lines, not the order in which the threads end.
+TEST(CheckCommand, ManyPicturesAreReportedInTheOrderOfTheirLines) {
     const TempFolder folder;
     DictionaryBuilder dictionary("D");
     std::string expected;

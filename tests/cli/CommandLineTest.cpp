@@ -32,69 +32,59 @@ TEST(CommandLine, HelpOfEveryCommandTellsItsColumnsStatusesAndAnExample) {
     EXPECT_NE(runCli({"search", "--help"}).out.find("[OPTION...] GROUP [WORD...]\n"), std::string::npos);
 }
 
-struct SlipCase {
+const struct {
     const char* reason;
     std::vector<std::string> arguments;
     std::string err;
-};
+} kWrong[] = {
+    {"NoCommand", {}, "no command was given (see \"velmarin-cli --help\")"},
+    {"NoSuchCommand", {"serach", "G"}, "there is no command \"serach\" (see \"velmarin-cli --help\")"},
+    {"NoSuchOption", {"key", "-x"}, "The following argument was not expected: -x (see \"velmarin-cli key --help\")"},
+    {"OrdersThatExclude",
+     {"key", "--spanish", "--ijuv", "a"},
+     "--spanish excludes --ijuv (see \"velmarin-cli key --help\")"},
+    {"FrontIsNegative",
+     {"search", "--front", "-1", "G", "a"},
+     "--front: \"-1\" is not a tab number (see \"velmarin-cli search --help\")"},
+    {"FrontBeyondTheTabs",
+     {"search", "--front", "1", "G", "a"},
+     "--front 1: the group has 1 dictionaries, counted from 0"},
+    {"NoGroup", {"search"}, "GROUP is required (see \"velmarin-cli search --help\")"},
+    {"EmptyGroup", {"search", "", "a"}, "an empty name is not a folder"},
+    {"GroupIsMissing", {"search", "none", "a"}, "none: No such file or directory"},
+    {"GroupIsAFile", {"dictionaries", "file"}, "file: Not a directory"},
+    {"GroupIsAFifo", {"dictionaries", "fifo"}, "fifo: Not a directory"},
+    {"GroupIsALoop", {"dictionaries", "loop"}, "loop: Too many levels of symbolic links"},
+    {"GroupIsADictionary",
+     {"search", "G/D", "a"},
+     "G/D: this is a dictionary; give the folder that holds it, its group"},
+    {"FolderIsMissing", {"groups", "none"}, "none: No such file or directory"},
+    {"NothingToCheck", {"check", "."}, ".: neither a dictionary nor a group that holds one"},
+    {"NameWithALineEnd", {"groups", "a\nb"}, "a␊b: No such file or directory"}};
 
-class Slip : public testing::TestWithParam<SlipCase> {};
-
-/// The tree of these: "G", a group with the dictionary "D"; a file; a link that leads to itself; a FIFO.
-TEST_P(Slip, IsToldInOneLineAndMakesNothing) {
-    const TempFolder folder;
-    GroupBuilder("G").dictionary(DictionaryBuilder("D").entries({"a", "zz"})).writeTo(folder.path());
-    folder.write("file", "text");
-    fs::create_symlink("loop", folder.path() / "loop");
-    ASSERT_EQ(::mkfifo((folder.path() / "fifo").c_str(), 0600), 0);
-    const auto itemsOf = [&] {
-        std::set<fs::path> items;
-        for (const auto& entry : fs::recursive_directory_iterator(folder.path()))
-            items.insert(entry.path());
-        return items;
-    };
-    const auto before = itemsOf();
-    const auto run = runCli(GetParam().arguments, {.folder = folder.path(), .input = {}, .outFile = {}});
-    EXPECT_EQ(run.out, "");
-    EXPECT_EQ(run.err, "velmarin-cli: " + GetParam().err + "\n");
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(itemsOf(), before);
+/// The folder they run in: "G", a group with the dictionary "D"; a file; a link that leads to itself; a FIFO.
+TEST(CommandLine, AWrongOneIsReportedInOneLineAndChangesNothing) {
+    for (const auto& each : kWrong) {
+        SCOPED_TRACE(each.reason);
+        const TempFolder folder;
+        GroupBuilder("G").dictionary(DictionaryBuilder("D").entries({"a", "zz"})).writeTo(folder.path());
+        folder.write("file", "text");
+        fs::create_symlink("loop", folder.path() / "loop");
+        ASSERT_EQ(::mkfifo((folder.path() / "fifo").c_str(), 0600), 0);
+        const auto itemsOf = [&] {
+            std::set<fs::path> items;
+            for (const auto& entry : fs::recursive_directory_iterator(folder.path()))
+                items.insert(entry.path());
+            return items;
+        };
+        const auto before = itemsOf();
+        const auto run = runCli(each.arguments, {.folder = folder.path()});
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(run.err, "velmarin-cli: " + each.err + "\n");
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(itemsOf(), before);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Arguments, Slip,
-    testing::Values(
-        SlipCase{"NoCommand", {}, "no command was given (see \"velmarin-cli --help\")"},
-        SlipCase{"NoSuchCommand", {"serach", "G"}, "there is no command \"serach\" (see \"velmarin-cli --help\")"},
-        SlipCase{"NoSuchOption",
-                 {"key", "-x"},
-                 "The following argument was not expected: -x (see \"velmarin-cli key --help\")"},
-        SlipCase{"OrdersThatExclude",
-                 {"key", "--spanish", "--ijuv", "a"},
-                 "--spanish excludes --ijuv (see \"velmarin-cli key --help\")"},
-        SlipCase{"FrontIsNoNumber",
-                 {"search", "--front", "two", "G", "a"},
-                 "--front: \"two\" is not a tab number (see \"velmarin-cli search --help\")"},
-        SlipCase{"FrontIsNegative",
-                 {"search", "--front", "-1", "G", "a"},
-                 "--front: \"-1\" is not a tab number (see \"velmarin-cli search --help\")"},
-        SlipCase{"FrontBeyondTheTabs",
-                 {"search", "--front", "1", "G", "a"},
-                 "--front 1: the group has 1 dictionaries, counted from 0"},
-        SlipCase{"NoGroup", {"search"}, "GROUP is required (see \"velmarin-cli search --help\")"},
-        SlipCase{"EmptyGroup", {"search", "", "a"}, "an empty name is not a folder"},
-        SlipCase{"GroupIsMissing", {"search", "none", "a"}, "none: No such file or directory"},
-        SlipCase{"GroupBelowNothing", {"dictionaries", "none/G"}, "none/G: No such file or directory"},
-        SlipCase{"GroupIsAFile", {"dictionaries", "file"}, "file: Not a directory"},
-        SlipCase{"GroupIsAFifo", {"dictionaries", "fifo"}, "fifo: Not a directory"},
-        SlipCase{"GroupIsALoop", {"dictionaries", "loop"}, "loop: Too many levels of symbolic links"},
-        SlipCase{"GroupIsADictionary",
-                 {"search", "G/D", "a"},
-                 "G/D: this is a dictionary; give the folder that holds it, its group"},
-        SlipCase{"FolderIsMissing", {"groups", "none"}, "none: No such file or directory"},
-        SlipCase{"NothingToCheck", {"check", "."}, ".: neither a dictionary nor a group that holds one"},
-        SlipCase{"NameWithALineEnd", {"groups", "a\nb"}, "a␊b: No such file or directory"}),
-    [](const auto& info) { return info.param.reason; });
 
 /// "G" is a group with a dictionary that may be read and "closed", one that may not; "listed" may not be entered.
 TEST(CommandLine, FolderThatMayNotBeReadIsNamed) {
@@ -105,7 +95,7 @@ TEST(CommandLine, FolderThatMayNotBeReadIsNamed) {
     fs::create_directory(folder.path() / "listed");
     fs::permissions(folder.path() / "G/closed", fs::perms::none);
     fs::permissions(folder.path() / "listed", fs::perms{0444});
-    CliPlace place = {.folder = folder.path(), .input = {}, .outFile = {}};
+    CliPlace place = {.folder = folder.path()};
     place.withoutRights = true;
     if (runCli({"--version"}, place).status == 127)
         GTEST_SKIP() << "the program lies where only root can start it";

@@ -16,7 +16,7 @@ using velmarin::test::runCli;
 using velmarin::test::TempFolder;
 
 CliRun runIn(const TempFolder& folder, const std::vector<std::string>& arguments) {
-    return runCli(arguments, {.folder = folder.path(), .input = {}, .outFile = {}});
+    return runCli(arguments, {.folder = folder.path()});
 }
 
 TEST(GroupsCommand, FoldersAndLinksToThemComeByName) {
@@ -30,13 +30,6 @@ TEST(GroupsCommand, FoldersAndLinksToThemComeByName) {
     EXPECT_EQ(run.out, "a␉b\nEnglish\nGreek\nlatin\n");
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 0);
-}
-
-TEST(GroupsCommand, NoGroupIsNothingFound) {
-    const TempFolder folder;
-    const CliRun run = runIn(folder, {"groups", "."});
-    EXPECT_EQ(run.out + run.err, "");
-    EXPECT_EQ(run.status, 1);
 }
 
 TEST(DictionariesCommand, ColumnsInDisplayOrder) {
@@ -71,14 +64,6 @@ TEST(DictionariesCommand, GroupIsFoundByAnyWayToIt) {
     }
 }
 
-TEST(DictionariesCommand, GroupWithoutDictionariesIsNothingFound) {
-    const TempFolder folder;
-    folder.write("G/notes.txt", "");
-    const CliRun run = runIn(folder, {"dictionaries", "G"});
-    EXPECT_EQ(run.out + run.err, "");
-    EXPECT_EQ(run.status, 1);
-}
-
 TEST(DictionariesCommand, IndexThatCannotBeOpenedIsNamedAndTheOthersAreListed) {
     const TempFolder folder;
     const fs::path group = GroupBuilder("G")
@@ -90,6 +75,15 @@ TEST(DictionariesCommand, IndexThatCannotBeOpenedIsNamedAndTheOthersAreListed) {
     EXPECT_EQ(run.out, "Good\t2\t1\t\n");
     EXPECT_EQ(run.err, "velmarin-cli: The index \"G/Bad/ind\" could not be opened.\n");
     EXPECT_EQ(run.status, 2);
+}
+
+TEST(GroupCommands, AnEmptyFolderIsNothingFound) {
+    const TempFolder folder;
+    for (const char* command : {"groups", "dictionaries"}) {
+        const CliRun run = runIn(folder, {command, "."});
+        EXPECT_EQ(run.out + run.err, "") << command;
+        EXPECT_EQ(run.status, 1) << command;
+    }
 }
 
 } // namespace

@@ -21,14 +21,14 @@ TEST(Output, FullDiskIsToldAndFails) {
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"key", "a"}, {"key"}, {"--help"}, {"search", "--help"}, {"--version"}}) {
         SCOPED_TRACE(testing::PrintToString(arguments));
-        const auto run = runCli(arguments, {.folder = {}, .input = manyLines(), .outFile = "/dev/full"});
+        const auto run = runCli(arguments, {.input = manyLines(), .outFile = "/dev/full"});
         EXPECT_EQ(run.err, "velmarin-cli: standard output: No space left on device\n");
         EXPECT_EQ(run.status, 2);
     }
 }
 
 TEST(Output, ClosedOutputFailsOnlyWhereThereIsSomethingToSay) {
-    const CliPlace closed = {.folder = {}, .input = {}, .outFile = {}, .outClosed = true};
+    const CliPlace closed = {.outClosed = true};
     const auto said = runCli({"key", "a"}, closed);
     EXPECT_EQ(said.err, "velmarin-cli: standard output: Bad file descriptor\n");
     EXPECT_EQ(said.status, 2);

@@ -25,7 +25,7 @@ int waitFor(int pid) {
     for (const std::string& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
-    ::signal(SIGPIPE, place.ignorePipeSignal ? SIG_IGN : SIG_DFL);
+    ::signal(SIGPIPE, SIG_DFL);
     const bool moved = place.folder.empty() || ::chdir(place.folder.c_str()) == 0;
     ::dup2(in, STDIN_FILENO);
     if (place.outClosed)

@@ -8,20 +8,19 @@
 
 namespace velmarin::test {
 
-/// What a run of velmarin-cli came to.
+/// The result of a run of velmarin-cli.
 struct CliRun {
-    int status = -1; ///< 128 and the number of the signal where one ended it
+    int status = -1; ///< or 128 and the number of the signal that ended it
     std::string out;
     std::string err;
 };
 
-/// Where a run finds and leaves things.
+/// The surroundings of a run.
 struct CliPlace {
-    std::filesystem::path folder{}; ///< its working folder, so that relative paths can be told exactly
+    std::filesystem::path folder{}; ///< its working folder, for relative paths in its messages
     std::string input{};            ///< what it reads from standard input
     std::string outFile{};          ///< a file opened for standard output in place of the one that is read back
     bool outClosed = false;
-    bool ignorePipeSignal = false;
     bool withoutRights = false; ///< as a user who owns nothing, where the tests are run by root
 };
 

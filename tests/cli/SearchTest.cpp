@@ -39,136 +39,105 @@ void writeGroup(const fs::path& folder) {
         .writeTo(folder);
 }
 
-struct SearchCase {
+const struct {
     const char* reason;
     std::vector<std::string> arguments;
     std::string input;
     std::string out;
     int status;
-};
+} kSearchCases[] = {
+    {"HitWithErrata",
+     {"G", "ABC"},
+     "",
+     "ABC\tPlain\thit\tp2.bmp\te1.bmp\te2.bmp\nABC\tSpanish\tbefore\t\nABC\tBroken\tafter\t\n",
+     0},
+    {"LineWithoutAPageIsAHitWithoutOne",
+     {"G", "abd"},
+     "",
+     "abd\tPlain\thit\t\nabd\tSpanish\tbefore\t\nabd\tBroken\tafter\t\n",
+     0},
+    {"LastEntryIsNeverShown",
+     {"G", "zzzz"},
+     "",
+     "zzzz\tPlain\tafter\t\nzzzz\tSpanish\tafter\t\nzzzz\tBroken\tafter\t\n",
+     1},
+    {"EmptyWordComesFirstOfAll", {"G", ""}, "", "\tPlain\tbefore\t\n\tSpanish\tbefore\t\n\tBroken\tafter\t\n", 1},
+    {"TabAppliesTheModeToTheWord",
+     {"G", "chico"},
+     "",
+     "chico\tPlain\thit\tgone.bmp\nchico\tSpanish\thit\tp3.bmp\nchico\tBroken\tafter\t\n",
+     0},
+    {"ListDoesNot",
+     {"--list", "G", "chico"},
+     "",
+     "chico\tPlain\thit\tgone.bmp\nchico\tSpanish\thit\tp1.bmp\nchico\tBroken\tafter\t\n",
+     0},
+    {"IndependentInFrontIsSearchedAlone", {"Numbered", "9"}, "", "9\tNumbers\thit\tp2.bmp\n9\tWords\tskipped\t\n", 0},
+    {"IndependentBehindIsNotSearched",
+     {"--front", "1", "Numbered", "b"},
+     "",
+     "b\tNumbers\tskipped\t\nb\tWords\thit\tp1.bmp\n",
+     0},
+    {"ListKnowsNoIndependence", {"--list", "Numbered", "2"}, "", "2\tNumbers\thit\tp2.bmp\n2\tWords\tbefore\t\n", 0},
+    {"WordsComeInTurnFromInput",
+     {"--front=1", "Numbered"},
+     "b\r\n\nc",
+     "b\tNumbers\tskipped\t\nb\tWords\thit\tp1.bmp\n"
+     "\tNumbers\tskipped\t\n\tWords\tbefore\t\n"
+     "c\tNumbers\tskipped\t\nc\tWords\thit\tp1.bmp\n",
+     0},
+    {"NoWordAtAll", {"G"}, "", "", 1}};
 
-class Search : public testing::TestWithParam<SearchCase> {};
-
-TEST_P(Search, GivesARecordForEachWordAndDictionary) {
-    const TempFolder folder;
-    writeGroup(folder.path());
-    std::vector<std::string> arguments = {"search"};
-    arguments.insert(arguments.end(), GetParam().arguments.begin(), GetParam().arguments.end());
-    const CliRun run = runCli(arguments, {.folder = folder.path(), .input = GetParam().input, .outFile = {}});
-    EXPECT_EQ(run.out, GetParam().out);
-    EXPECT_EQ(run.err, "");
-    EXPECT_EQ(run.status, GetParam().status);
+TEST(Search, GivesARecordForEachWordAndDictionary) {
+    for (const auto& each : kSearchCases) {
+        SCOPED_TRACE(each.reason);
+        const TempFolder folder;
+        writeGroup(folder.path());
+        std::vector<std::string> arguments = {"search"};
+        arguments.insert(arguments.end(), each.arguments.begin(), each.arguments.end());
+        const CliRun run = runCli(arguments, {.folder = folder.path(), .input = each.input});
+        EXPECT_EQ(run.out, each.out);
+        EXPECT_EQ(run.err, "");
+        EXPECT_EQ(run.status, each.status);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Outcomes, Search,
-    testing::Values(
-        SearchCase{"HitWithErrata",
-                   {"G", "ABC"},
-                   "",
-                   "ABC\tPlain\thit\tp2.bmp\te1.bmp\te2.bmp\nABC\tSpanish\tbefore\t\nABC\tBroken\tafter\t\n",
-                   0},
-        SearchCase{"LineWithoutAPageIsAHitWithoutOne",
-                   {"G", "abd"},
-                   "",
-                   "abd\tPlain\thit\t\nabd\tSpanish\tbefore\t\nabd\tBroken\tafter\t\n",
-                   0},
-        SearchCase{"PageIsNamedWhetherOrNotItsFileIsThere",
-                   {"G", "abe"},
-                   "",
-                   "abe\tPlain\thit\tgone.bmp\nabe\tSpanish\tbefore\t\nabe\tBroken\tafter\t\n",
-                   0},
-        SearchCase{"LastEntryIsNeverShown",
-                   {"G", "zzzz"},
-                   "",
-                   "zzzz\tPlain\tafter\t\nzzzz\tSpanish\tafter\t\nzzzz\tBroken\tafter\t\n",
-                   1},
-        SearchCase{"EmptyWordComesFirstOfAll",
-                   {"G", ""},
-                   "",
-                   "\tPlain\tbefore\t\n\tSpanish\tbefore\t\n\tBroken\tafter\t\n",
-                   1},
-        SearchCase{"TabAppliesTheModeToTheWord",
-                   {"G", "chico"},
-                   "",
-                   "chico\tPlain\thit\tgone.bmp\nchico\tSpanish\thit\tp3.bmp\nchico\tBroken\tafter\t\n",
-                   0},
-        SearchCase{"ListDoesNot",
-                   {"--list", "G", "chico"},
-                   "",
-                   "chico\tPlain\thit\tgone.bmp\nchico\tSpanish\thit\tp1.bmp\nchico\tBroken\tafter\t\n",
-                   0},
-        SearchCase{"IndependentInFrontIsSearchedAlone",
-                   {"Numbered", "9"},
-                   "",
-                   "9\tNumbers\thit\tp2.bmp\n9\tWords\tskipped\t\n",
-                   0},
-        SearchCase{"IndependentBehindIsNotSearched",
-                   {"--front", "1", "Numbered", "b"},
-                   "",
-                   "b\tNumbers\tskipped\t\nb\tWords\thit\tp1.bmp\n",
-                   0},
-        SearchCase{"ListKnowsNoIndependence",
-                   {"--list", "Numbered", "2"},
-                   "",
-                   "2\tNumbers\thit\tp2.bmp\n2\tWords\tbefore\t\n",
-                   0},
-        SearchCase{"WordsComeInTurnFromInput",
-                   {"--front=1", "Numbered"},
-                   "b\r\n\nc",
-                   "b\tNumbers\tskipped\t\nb\tWords\thit\tp1.bmp\n"
-                   "\tNumbers\tskipped\t\n\tWords\tbefore\t\n"
-                   "c\tNumbers\tskipped\t\nc\tWords\thit\tp1.bmp\n",
-                   0},
-        SearchCase{"NoWordAtAll", {"G"}, "", "", 1},
-        SearchCase{"WordWithATabStaysOneColumn",
-                   {"--front", "1", "Numbered", "b\tc"},
-                   "",
-                   "b␉c\tNumbers\tskipped\t\nb␉c\tWords\thit\tp1.bmp\n",
-                   0}),
-    [](const auto& info) { return info.param.reason; });
-
-struct JsonCase {
-    const char* reason;
-    std::string word;
-    std::string dictionary;
-    /// With "~" for the folder of the group.
-    std::string record;
-};
-
 TEST(SearchJson, TellsThePlaceToo) {
-    const std::vector<JsonCase> rows = {
-        {"HitBetweenTwoHeadwordsAsTheyStand", "ABC", "Plain",
-         R"({"word":"ABC","dictionary":"Plain","outcome":"hit","page":"p2.bmp","path":"~/Plain/mImg/p2.bmp",)"
-         R"("errata":["e1.bmp","e2.bmp"],"line":2,"headword_before":"abb","headword_after":"abd"})"},
-        {"PageWithoutAFileHasNoPath", "abe", "Plain",
-         R"({"word":"abe","dictionary":"Plain","outcome":"hit","page":"gone.bmp","path":null,)"
-         R"("errata":[],"line":4,"headword_before":"abe","headword_after":"zzzz"})"},
-        {"BeforeTheFirst", "", "Spanish",
-         R"({"word":"","dictionary":"Spanish","outcome":"before","page":null,"path":null,)"
-         R"("errata":[],"line":null,"headword_before":null,"headword_after":"caza"})"},
-        {"AfterTheLast", "zzzzz", "Plain",
-         R"({"word":"zzzzz","dictionary":"Plain","outcome":"after","page":null,"path":null,)"
-         R"("errata":[],"line":null,"headword_before":"zzzz","headword_after":null})"},
-        {"DictionaryThatDoesNotLoad", "a", "Broken",
-         R"({"word":"a","dictionary":"Broken","outcome":"after","page":null,"path":null,)"
-         R"("errata":[],"line":null,"headword_before":null,"headword_after":null})"},
-        {"BytesThatAreNoUtf8AreReplacedAndControlCharactersAreNot", "a\xFF\tb", "Broken",
-         R"({"word":"a)"
-         "\xEF\xBF\xBD"
-         R"(\tb","dictionary":"Broken","outcome":"after","page":null,"path":null,)"
-         R"("errata":[],"line":null,"headword_before":null,"headword_after":null})"}};
+    const struct {
+        const char* reason;
+        std::string word, dictionary;
+        std::string record; ///< with "~" for the folder of the group
+    } rows[] = {{"HitBetweenTwoHeadwordsAsTheyStand", "ABC", "Plain",
+                 R"({"word":"ABC","dictionary":"Plain","outcome":"hit","page":"p2.bmp","path":"~/Plain/mImg/p2.bmp",)"
+                 R"("errata":["e1.bmp","e2.bmp"],"line":2,"headword_before":"abb","headword_after":"abd"})"},
+                {"PageWithoutAFileHasNoPath", "abe", "Plain",
+                 R"({"word":"abe","dictionary":"Plain","outcome":"hit","page":"gone.bmp","path":null,)"
+                 R"("errata":[],"line":4,"headword_before":"abe","headword_after":"zzzz"})"},
+                {"BeforeTheFirst", "", "Spanish",
+                 R"({"word":"","dictionary":"Spanish","outcome":"before","page":null,"path":null,)"
+                 R"("errata":[],"line":null,"headword_before":null,"headword_after":"caza"})"},
+                {"AfterTheLast", "zzzzz", "Plain",
+                 R"({"word":"zzzzz","dictionary":"Plain","outcome":"after","page":null,"path":null,)"
+                 R"("errata":[],"line":null,"headword_before":"zzzz","headword_after":null})"},
+                {"DictionaryThatDoesNotLoad", "a", "Broken",
+                 R"({"word":"a","dictionary":"Broken","outcome":"after","page":null,"path":null,)"
+                 R"("errata":[],"line":null,"headword_before":null,"headword_after":null})"},
+                {"BytesThatAreNoUtf8AreReplacedAndControlCharactersAreNot", "a\xFF\tb", "Broken",
+                 R"({"word":"a)"
+                 "\xEF\xBF\xBD"
+                 R"(\tb","dictionary":"Broken","outcome":"after","page":null,"path":null,)"
+                 R"("errata":[],"line":null,"headword_before":null,"headword_after":null})"}};
     const TempFolder folder;
     writeGroup(folder.path());
     std::vector<std::string> arguments = {"search", "--json", "G"};
-    for (const JsonCase& row : rows)
+    for (const auto& row : rows)
         arguments.push_back(row.word);
-    const CliRun run = runCli(arguments, {.folder = folder.path(), .input = {}, .outFile = {}});
+    const CliRun run = runCli(arguments, {.folder = folder.path()});
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 0);
     std::istringstream lines(run.out);
     const std::string own = (folder.path() / "G").string();
-    for (const JsonCase& row : rows) {
+    for (const auto& row : rows) {
         std::string found;
         for (int dictionary = 0; dictionary < 3; ++dictionary) {
             std::string line;
@@ -182,12 +151,12 @@ TEST(SearchJson, TellsThePlaceToo) {
     }
 }
 
-TEST(SearchFailure, TxtThatCannotBeReadIsToldOnceWithItsDictionary) {
+TEST(SearchFailure, TxtThatCannotBeReadIsReportedOnce) {
     const TempFolder folder;
     const fs::path group =
         GroupBuilder("G").dictionary(DictionaryBuilder("D").entries({"a", "zz"}).without("txt")).writeTo(folder.path());
     fs::create_directory(group / "D/txt");
-    const CliRun run = runCli({"search", "G", "a", "b"}, {.folder = folder.path(), .input = {}, .outFile = {}});
+    const CliRun run = runCli({"search", "G", "a", "b"}, {.folder = folder.path()});
     EXPECT_EQ(run.out, "a\tD\thit\t\nb\tD\thit\t\n");
     EXPECT_EQ(run.err, "velmarin-cli: G/D: NilObjectException: mFiMod_GetTextFiLinesByLineNums: StrArray\n");
     EXPECT_EQ(run.status, 2);
@@ -202,7 +171,7 @@ TEST(SearchFailure, NothingIsWrittenIntoTheDictionaries) {
                                                       {"search", "--json", "G", "a"},
                                                       {"dictionaries", "G"},
                                                       {"check", "G"}})
-        EXPECT_EQ(runCli(arguments, {.folder = folder.path(), .input = {}, .outFile = {}}).status, 0);
+        EXPECT_EQ(runCli(arguments, {.folder = folder.path()}).status, 0);
     EXPECT_FALSE(fs::exists(folder.path() / "G/D/mImg/ImageIndex"));
     EXPECT_FALSE(fs::exists(folder.path() / "G/DictionaryPreferences.txt"));
 }

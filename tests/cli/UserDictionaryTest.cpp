@@ -20,7 +20,7 @@ struct BuiltDictionary {
     }
 };
 
-TEST(UserDictionaryBuild, TellsTheEntriesAndThoseThatAreNotUtf8) {
+TEST(UserDictionaryBuild, CountsTheEntriesAndThoseThatAreNotUtf8) {
     const BuiltDictionary built("amo__NUM__1\tlove\ncaf\xE9\tbar\n");
     EXPECT_EQ(built.run.status, 0) << built.run.err;
     EXPECT_EQ(built.run.out, "2\t1\n");
@@ -28,7 +28,7 @@ TEST(UserDictionaryBuild, TellsTheEntriesAndThoseThatAreNotUtf8) {
     EXPECT_EQ(built.folder.read("Mine/Index.txt"), "AMO\t0\nCAF\xE9\t1\n");
 }
 
-TEST(UserDictionaryBuild, ReplacesOnlyWhenToldTo) {
+TEST(UserDictionaryBuild, ReplacesOnlyOnRequest) {
     const BuiltDictionary built("old\tx\n");
     built.folder.write("words.txt", "new\ty\n");
     const CliRun refused = runCli({"user-dictionary", "build", "words.txt", "Mine"}, {.folder = built.folder.path()});
@@ -49,38 +49,33 @@ TEST(UserDictionaryBuild, ThatFailsLeavesNoFolderBehind) {
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "Mine"));
 }
 
-struct SearchCase {
-    const char* reason;
-    std::vector<std::string> arguments;
-    std::string input;
-    std::string out;
-    int status;
-};
-
-class UserDictionarySearch : public testing::TestWithParam<SearchCase> {};
-
-TEST_P(UserDictionarySearch, WritesTheLinesOfTheText) {
-    const BuiltDictionary built("amo__NUM__1\tto love\nclamor\tnoise\textra\nAMO__NUM__2\t__BR__hook\nno meaning\n");
-    std::vector<std::string> arguments = {"user-dictionary", "search"};
-    arguments.insert(arguments.end(), GetParam().arguments.begin(), GetParam().arguments.end());
-    const CliRun run = runCli(arguments, {.folder = built.folder.path(), .input = GetParam().input});
-    EXPECT_EQ(run.out, GetParam().out);
-    EXPECT_EQ(run.status, GetParam().status) << run.err;
+TEST(UserDictionarySearch, WritesTheLinesOfTheText) {
+    const struct {
+        const char* reason;
+        std::vector<std::string> arguments;
+        std::string input;
+        std::string out;
+        int status;
+    } cases[] = {
+        {"WholeWord", {"Mine", "amo"}, "", "amo¹\tto love\nAMO²\t__BR__hook\n", 0},
+        {"SeveralWords", {"Mine", "clamor", "nothing", "no meaning"}, "", "clamor\tnoise\textra\nno meaning\n", 0},
+        {"FromInput", {"Mine"}, "clamor\n", "clamor\tnoise\textra\n", 0},
+        {"EndsWith", {"--mode", "1", "Mine", "mor"}, "", "clamor\tnoise\textra\n", 0},
+        {"Pattern", {"--mode", "4", "Mine", "^C.*R$"}, "", "clamor\tnoise\textra\n", 0},
+        {"Nothing", {"Mine", "amor"}, "", "", 1},
+        {"NoSuchMode", {"--mode", "5", "Mine", "amo"}, "", "", 2},
+        {"NoSuchFolder", {"Yours", "amo"}, "", "", 2},
+        {"FolderWithoutADictionary", {".", "amo"}, "", "", 2}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.reason);
+        const BuiltDictionary built(
+            "amo__NUM__1\tto love\nclamor\tnoise\textra\nAMO__NUM__2\t__BR__hook\nno meaning\n");
+        std::vector<std::string> arguments = {"user-dictionary", "search"};
+        arguments.insert(arguments.end(), each.arguments.begin(), each.arguments.end());
+        const CliRun run = runCli(arguments, {.folder = built.folder.path(), .input = each.input});
+        EXPECT_EQ(run.out, each.out);
+        EXPECT_EQ(run.status, each.status) << run.err;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Words, UserDictionarySearch,
-    testing::Values(
-        SearchCase{"WholeWord", {"Mine", "amo"}, "", "amo¹\tto love\nAMO²\t__BR__hook\n", 0},
-        SearchCase{
-            "SeveralWords", {"Mine", "clamor", "nothing", "no meaning"}, "", "clamor\tnoise\textra\nno meaning\n", 0},
-        SearchCase{"FromInput", {"Mine"}, "clamor\n", "clamor\tnoise\textra\n", 0},
-        SearchCase{"EndsWith", {"--mode", "1", "Mine", "mor"}, "", "clamor\tnoise\textra\n", 0},
-        SearchCase{"Pattern", {"--mode", "4", "Mine", "^C.*R$"}, "", "clamor\tnoise\textra\n", 0},
-        SearchCase{"Nothing", {"Mine", "amor"}, "", "", 1},
-        SearchCase{"NoSuchMode", {"--mode", "5", "Mine", "amo"}, "", "", 2},
-        SearchCase{"NoSuchFolder", {"Yours", "amo"}, "", "", 2},
-        SearchCase{"FolderThatIsNoDictionary", {".", "amo"}, "", "", 2}),
-    [](const auto& info) { return info.param.reason; });
 
 } // namespace

@@ -69,7 +69,7 @@ TEST_F(MaintenanceCommands, ExportCopiesManyAndReplacesOnlyWhenToldTo) {
     EXPECT_EQ(folder_.read("Out/Latin/ind"), "more");
 }
 
-TEST_F(MaintenanceCommands, ExportPassesOverWhatIsNoDictionaryUnlessNothingElseIsNamed) {
+TEST_F(MaintenanceCommands, ExportPassesOverOtherFilesUnlessNothingElseIsNamed) {
     folder_.write("DF/A/DictionaryPreferences.txt", "");
     folder_.write("DF/A/Latin/FW", "");
     EXPECT_EQ(run({"export", at("DF/A/DictionaryPreferences.txt"), at("DF/A/Latin"), at("Out")}),
@@ -88,12 +88,12 @@ TEST_F(MaintenanceCommands, OneThatFailsStopsNoOther) {
               "exported\tOut/Webster\nexported\tOut/Latin\n");
 }
 
-TEST_F(MaintenanceCommands, WrongFoldersAreToldAndNothingIsDone) {
+TEST_F(MaintenanceCommands, WrongFoldersAreReportedAndNothingIsDone) {
     makeLink(at("link"), at("new/Webster"));
     const Tree before = treeOf(at("DF"));
     const struct {
         std::vector<std::string> words;
-        const char* told;
+        const char* message;
     } cases[] = {{{"install", at("Out"), at("DF/A")}, "Out: This is not a Dictionary !"},
                  {{"install", at("link"), at("DF/A")}, "link: This is not a Dictionary !"},
                  {{"install", at("new/Webster"), at("DF/B")}, "DF/B: No such file or directory"},
@@ -106,7 +106,7 @@ TEST_F(MaintenanceCommands, WrongFoldersAreToldAndNothingIsDone) {
     for (const auto& each : cases) {
         const std::string said = run(each.words);
         EXPECT_TRUE(said.starts_with("2\nvelmarin-cli: ")) << said;
-        EXPECT_NE(said.find(each.told), std::string::npos) << said;
+        EXPECT_NE(said.find(each.message), std::string::npos) << said;
         EXPECT_EQ(treeOf(at("DF")), before) << said;
     }
 }

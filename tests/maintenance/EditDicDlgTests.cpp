@@ -23,7 +23,7 @@ class EditDicDialog : public DialogTest {
     OrderList* list() const { return control<OrderList>(kDialog, "LB"); }
     QPushButton* button(const char* name) const { return control<QPushButton>(kDialog, name); }
     QPoint middleOf(int row) const { return list()->visualRect(list()->model()->index(row, 0)).center(); }
-    /// The pointer's way from the middle of a row to a point, button held.
+    /// Drags from the middle of a row to a point and keeps the button down.
     void dragTo(int from, const QPoint& to) const {
         QWidget* viewport = list()->viewport();
         QTest::mousePress(viewport, Qt::LeftButton, {}, middleOf(from));
@@ -36,9 +36,7 @@ class EditDicDialog : public DialogTest {
 TEST_F(EditDicDialog, RowsFollowTheDragAndTheSelectionFollowsTheRow) {
     const struct {
         const char* why;
-        int from;
-        int to;
-        int offset; ///< from the middle of that row
+        int from, to, offset; ///< rows, and pixels from the middle of `to`
         Rows expected;
     } cases[] = {{"down past a row's middle", 0, 2, 3, {"b", "c", "a", "d"}},
                  {"down to a row's upper half", 0, 2, -3, {"b", "a", "c", "d"}},
@@ -96,7 +94,7 @@ TEST_F(EditDicDialog, SaveWritesTheLinesAndReadsTheGroupAgain) {
     windows_.onRead = [&] { EXPECT_TRUE(busy_.busy()) << "a pick now would be for another group"; };
     click(button("SaveBT"));
     EXPECT_EQ(windows_.newDicPref, (Rows{"Older ones", "a", "b", "d", "c"}));
-    EXPECT_EQ(windows_.told,
+    EXPECT_EQ(windows_.calls,
               (Rows{"pNewDicPref", "close page image window", "write 1", "read 1 /dictionaries/group", "ready 1"}));
     EXPECT_EQ(shown(kDialog), nullptr);
     EXPECT_TRUE(host_.messages.empty());
@@ -115,7 +113,7 @@ TEST_F(EditDicDialog, NothingIsSavedByAnyOtherWayOut) {
         QTest::keyClick(list(), Qt::Key_Down, Qt::AltModifier);
         leave();
         EXPECT_EQ(shown(kDialog), nullptr) << why;
-        EXPECT_TRUE(windows_.told.empty()) << why;
+        EXPECT_TRUE(windows_.calls.empty()) << why;
     }
 }
 
@@ -125,7 +123,7 @@ TEST_F(EditDicDialog, SavesToItsGroupWhenTheWindowHasNone) {
     windows_.anyGroup = false;
     click(button("SaveBT"));
     EXPECT_EQ(windows_.newDicPref, (Rows{"Old ones", "b", "a", "c", "d"}));
-    EXPECT_EQ(windows_.told, (Rows{"pNewDicPref", "close page image window", "write and pick 1 /dictionaries/group"}));
+    EXPECT_EQ(windows_.calls, (Rows{"pNewDicPref", "close page image window", "write and pick 1 /dictionaries/group"}));
     EXPECT_EQ(shown(kDialog), nullptr);
 }
 
@@ -143,7 +141,7 @@ TEST_F(EditDicDialog, SavingWaitsUntilNothingElseIsUnderWay) {
         EXPECT_FALSE(button("SaveBT")->isEnabled());
         click(button("SaveBT"));
     }
-    EXPECT_TRUE(windows_.told.empty());
+    EXPECT_TRUE(windows_.calls.empty());
     EXPECT_TRUE(button("SaveBT")->isEnabled());
 }
 
@@ -153,7 +151,7 @@ TEST_F(EditDicDialog, ItCannotBeClosedWhileItSaves) {
         EXPECT_NE(shown(kDialog), nullptr);
     };
     click(button("SaveBT"));
-    EXPECT_EQ(windows_.told.size(), 5U);
+    EXPECT_EQ(windows_.calls.size(), 5U);
 }
 
 } // namespace

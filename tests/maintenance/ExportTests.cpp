@@ -41,7 +41,7 @@ class Export : public ::testing::Test {
     mutable std::vector<std::string> asked_;
 };
 
-TEST_F(Export, StandsByItselfWhereLinksWere) {
+TEST_F(Export, NeedsNoLinks) {
     makeLink(at("DF/A/Webster/deep/txt"), "../ind");
     const Record record = exportFrom("DF/A/Webster", out());
     EXPECT_EQ(failureMessage(record), "");
@@ -87,88 +87,50 @@ TEST_F(Export, LinksThatBranchEndlesslyAreRefused) {
     EXPECT_TRUE(fs::is_empty(out()));
 }
 
-TEST_F(Export, ADictionaryWithoutTheMarkIsSkippedWithoutAWord) {
-    fs::remove(at("DF/A/Webster/FW"));
-    const Record record = exportFrom("DF/A/Webster", out());
-    EXPECT_TRUE(record.failures.empty());
-    ASSERT_EQ(record.deeds.size(), 1U);
-    EXPECT_EQ(record.deeds[0].deed, Deed::Skipped);
-    EXPECT_TRUE(fs::is_empty(out()));
+TEST_F(Export, AnItemOfTheNameIsKeptOrReplacedAsAnswered) {
+    const std::pair<const char*, std::function<void(const fs::path&)>> cases[] = {
+        {"an old dictionary", [&](const fs::path& to) { folder_.write(to / "Webster/mImg/p9.tif", "old"); }},
+        {"a write-protected one",
+         [&](const fs::path& to) {
+             folder_.write(to / "Webster/mImg/p9.tif", "old");
+             fs::permissions(at(to / "Webster/mImg"), fs::perms(0500));
+         }},
+        {"one of the name in other case", [&](const fs::path& to) { folder_.write(to / "WEBSTER/FW", "old"); }},
+        {"a file", [&](const fs::path& to) { folder_.write(to / "Webster", "a file"); }},
+        {"a link", [&](const fs::path& to) { makeLink(at(to / "Webster"), "../precious"); }},
+        {"a link to the dictionary itself",
+         [&](const fs::path& to) { makeLink(at(to / "Webster"), "../DF/A/Webster"); }}};
+    folder_.write("precious", "not to be followed");
+    for (const auto& [why, make] : cases) {
+        SCOPED_TRACE(why);
+        const fs::path to = at(why);
+        make(why);
+        const Tree before = treeOf(folder_.path());
+
+        const Record kept = exportFrom("DF/A/Webster", to, false);
+        EXPECT_TRUE(kept.failures.empty());
+        ASSERT_EQ(kept.deeds.size(), 1U);
+        EXPECT_EQ(kept.deeds[0].deed, Deed::Skipped);
+        EXPECT_EQ(treeOf(folder_.path()), before);
+
+        EXPECT_EQ(failureMessage(exportFrom("DF/A/Webster", to, true)), "");
+        EXPECT_TRUE(sameAsExported(FolderItem(at("DF/A/Webster")), FolderItem(to / "Webster")));
+        EXPECT_EQ(std::distance(fs::directory_iterator(to), {}), 1) << "nothing else is left there";
+        EXPECT_EQ(folder_.read("precious"), "not to be followed");
+        EXPECT_EQ(std::exchange(asked_, {}), (std::vector<std::string>{"Webster", "Webster"}));
+    }
 }
-
-struct Existing {
-    const char* why;
-    std::function<void(const TempFolder&)> make;
-};
-
-class ExportOverSomething : public Export, public ::testing::WithParamInterface<Existing> {};
-
-TEST_P(ExportOverSomething, AsksAndThenKeepsOrReplacesIt) {
-    GetParam().make(folder_);
-    const Tree before = treeOf(folder_.path());
-
-    const Record kept = exportFrom("DF/A/Webster", out(), false);
-    EXPECT_TRUE(kept.failures.empty());
-    ASSERT_EQ(kept.deeds.size(), 1U);
-    EXPECT_EQ(kept.deeds[0].deed, Deed::Skipped);
-    EXPECT_EQ(treeOf(folder_.path()), before);
-
-    EXPECT_EQ(failureMessage(exportFrom("DF/A/Webster", out(), true)), "");
-    EXPECT_EQ(asked_, (std::vector<std::string>{"Webster", "Webster"}));
-    EXPECT_TRUE(sameAsExported(FolderItem(at("DF/A/Webster")), FolderItem(out() / "Webster")));
-    EXPECT_EQ(std::distance(fs::directory_iterator(out()), {}), 1) << "nothing else is left there";
-    EXPECT_EQ(folder_.read("precious"), "not to be followed");
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, ExportOverSomething,
-                         ::testing::Values(Existing{"AnOldDictionary",
-                                                    [](const TempFolder& f) {
-                                                        f.write("precious", "not to be followed");
-                                                        f.write("Out/Webster/mImg/p9.tif", "old");
-                                                    }},
-                                           Existing{"OneThatIsWriteProtected",
-                                                    [](const TempFolder& f) {
-                                                        f.write("precious", "not to be followed");
-                                                        f.write("Out/Webster/mImg/p9.tif", "old");
-                                                        fs::permissions(f.path() / "Out/Webster/mImg",
-                                                                        fs::perms::owner_read | fs::perms::owner_exec);
-                                                    }},
-                                           Existing{"OneOfTheNameInOtherCase",
-                                                    [](const TempFolder& f) {
-                                                        f.write("precious", "not to be followed");
-                                                        f.write("Out/WEBSTER/FW", "old");
-                                                    }},
-                                           Existing{"AFile",
-                                                    [](const TempFolder& f) {
-                                                        f.write("precious", "not to be followed");
-                                                        f.write("Out/Webster", "a file");
-                                                    }},
-                                           Existing{"ALinkWhichIsReplacedItself",
-                                                    [](const TempFolder& f) {
-                                                        f.write("precious", "not to be followed");
-                                                        makeLink(f.path() / "Out/Webster", "../precious");
-                                                    }},
-                                           Existing{"ALinkToTheVeryDictionary",
-                                                    [](const TempFolder& f) {
-                                                        f.write("precious", "not to be followed");
-                                                        makeLink(f.path() / "Out/Webster", "../DF/A/Webster");
-                                                    }}),
-                         [](const auto& info) { return info.param.why; });
 
 TEST_F(Export, ADictionaryIsNeverExportedOntoOrIntoItself) {
     folder_.write("DF/A/Webster/Webster/FW", "a dictionary in a dictionary");
-    const struct {
-        const char* dictionary;
-        const char* destination;
-    } cases[] = {{"DF/A/Webster", "DF/A"},
-                 {"DF/A/Webster", "DF/A/Webster"},
-                 {"DF/A/Webster/Webster", "DF/A"},
-                 {"DF/A/Webster", "elsewhere/pages"}};
-    for (const auto& each : cases) {
-        SCOPED_TRACE(std::string(each.dictionary) + " to " + each.destination);
-        fs::create_directories(at(each.destination));
+    const std::pair<const char*, const char*> cases[] = {{"DF/A/Webster", "DF/A"},
+                                                         {"DF/A/Webster", "DF/A/Webster"},
+                                                         {"DF/A/Webster/Webster", "DF/A"},
+                                                         {"DF/A/Webster", "elsewhere/pages"}};
+    for (const auto& [dictionary, destination] : cases) {
+        SCOPED_TRACE(std::string(dictionary) + " to " + destination);
         const Tree before = treeOf(at("DF"));
-        const Record record = exportFrom(each.dictionary, at(each.destination), true);
+        const Record record = exportFrom(dictionary, at(destination), true);
         EXPECT_GE(record.failures.size(), 1U);
         EXPECT_EQ(treeOf(at("DF")), before);
     }

@@ -8,7 +8,7 @@
 
 namespace velmarin::test {
 
-/// Main windows that only keep what they are told, in order.
+/// Main windows that record their calls in order.
 class FakeWindows : public WindowsLink {
   public:
     FolderItem dictionaryFolder;
@@ -17,7 +17,7 @@ class FakeWindows : public WindowsLink {
     std::string groupName;
     bool anyGroup = true;
 
-    std::vector<std::string> told;
+    std::vector<std::string> calls;
     std::vector<std::string> newDicPref;
 
     /// Runs when a group is read.
@@ -27,25 +27,25 @@ class FakeWindows : public WindowsLink {
     QWidget* frontWindow() const override { return nullptr; }
     void prepare(QWidget* /*window*/) override {}
     int windowCount() const override { return windows; }
-    void resetToNoGroup(int window) override { told.push_back("reset " + std::to_string(window)); }
+    void resetToNoGroup(int window) override { calls.push_back("reset " + std::to_string(window)); }
     std::vector<std::string> dictionaryNames(int /*window*/) const override { return names; }
     std::string pDicGroupName(int /*window*/) const override { return groupName; }
     void setNewDicPref(std::vector<std::string> lines) override {
-        told.emplace_back("pNewDicPref");
+        calls.emplace_back("pNewDicPref");
         newDicPref = std::move(lines);
     }
     bool hasGroup(int /*window*/) const override { return anyGroup; }
     void writeOrderAndPick(int window, const FolderItem& group) override {
-        told.push_back("write and pick " + std::to_string(window) + " " + group.path().native());
+        calls.push_back("write and pick " + std::to_string(window) + " " + group.path().native());
     }
-    void closePageImageWindow() override { told.emplace_back("close page image window"); }
-    void mWritePreferences_DicGroup(int window) override { told.push_back("write " + std::to_string(window)); }
+    void closePageImageWindow() override { calls.emplace_back("close page image window"); }
+    void mWritePreferences_DicGroup(int window) override { calls.push_back("write " + std::to_string(window)); }
     void ReadDictionaryFolder(int window, const FolderItem& group) override {
-        told.push_back("read " + std::to_string(window) + " " + group.path().native());
+        calls.push_back("read " + std::to_string(window) + " " + group.path().native());
         if (onRead)
             onRead();
     }
-    void readyForSearch(int window) override { told.push_back("ready " + std::to_string(window)); }
+    void readyForSearch(int window) override { calls.push_back("ready " + std::to_string(window)); }
 };
 
 } // namespace velmarin::test

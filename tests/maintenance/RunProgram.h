@@ -8,7 +8,7 @@ namespace velmarin::test {
 
 struct ProgramRun {
     bool killed = false;
-    int status = -1; ///< -1 where it did not end by itself
+    int status = -1; ///< -1 if a signal ended it
 };
 
 /// Runs a program, found as the shell finds it, with standard output and error in one file, and waits for its end.

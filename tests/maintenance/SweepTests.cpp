@@ -2,22 +2,17 @@
 // disk: nothing may be lost, and the command run again completes.
 
 #include "RunProgram.h"
+#include "SweepFileSystems.h"
 #include "Trees.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <memory>
 #include <regex>
 #include <sstream>
-
-#include <sched.h>
-#include <sys/mount.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmarin::test {
 
@@ -25,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Those that some kind of processor does not have are marked, so that strace passes over them.
+/// A question mark: not every processor has the call, and strace ignores it there.
 constexpr const char* kWriteCalls =
     "openat,write,?pwrite64,?copy_file_range,?sync_file_range,?sync_file_range2,fsync,?fdatasync,ftruncate,?mkdir,"
     "mkdirat,?symlink,symlinkat,?link,linkat,?rename,?renameat,renameat2,?unlink,unlinkat,?rmdir,?chmod,fchmod,"
@@ -33,72 +28,13 @@ constexpr const char* kWriteCalls =
 
 constexpr const char* kNoExchange = "inject=renameat2:error=EINVAL";
 
-/// One call of a run: the n-th of its kind, from 1.
 struct Call {
     std::string name;
-    int number;
+    int number; ///< among the calls of that name, from 1
 };
 
 enum class Place { SameFileSystem, OtherFileSystem };
 enum class Blow { Killed, DiskFull };
-
-/// Two file systems in memory, of two kinds, in a mount namespace of this process: flushing them takes no time. Where
-/// the kernel forbids that, the temporary folder and /dev/shm, as far as these are two file systems.
-class FileSystems {
-  public:
-    FileSystems() : near_(folder_.path() / "near"), far_(folder_.path() / "far") {
-        fs::create_directory(near_);
-        fs::create_directory(far_);
-        if (enterNamespace() && ::mount("none", near_.c_str(), "ramfs", 0, nullptr) == 0) {
-            mounted_.push_back(near_);
-            if (::mount("none", far_.c_str(), "tmpfs", 0, "size=16m") == 0)
-                mounted_.push_back(far_);
-        }
-        if (mounted_.size() < 2)
-            useSharedMemoryFolder();
-    }
-    ~FileSystems() {
-        for (const fs::path& each : mounted_)
-            ::umount(each.c_str());
-        std::error_code ignored;
-        if (!far_.empty())
-            fs::remove_all(far_, ignored);
-    }
-    FileSystems(const FileSystems&) = delete;
-    FileSystems& operator=(const FileSystems&) = delete;
-
-    const fs::path& nearFolder() const { return near_; }
-    /// On another file system; empty where there is none.
-    const fs::path& farFolder() const { return far_; }
-
-  private:
-    static bool enterNamespace() {
-        const uid_t user = ::getuid();
-        const gid_t group = ::getgid();
-        if (::unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0)
-            return false;
-        if (user != 0) {
-            std::ofstream("/proc/self/setgroups") << "deny";
-            std::ofstream("/proc/self/uid_map") << user << " " << user << " 1";
-            std::ofstream("/proc/self/gid_map") << group << " " << group << " 1";
-        }
-        return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
-    }
-
-    void useSharedMemoryFolder() {
-        std::string pattern = "/dev/shm/velmarin-test-XXXXXX";
-        struct stat here {
-        }, there{};
-        const bool other = ::mkdtemp(pattern.data()) != nullptr && ::stat(pattern.c_str(), &there) == 0 &&
-                           ::stat(near_.c_str(), &here) == 0 && here.st_dev != there.st_dev;
-        far_ = other ? pattern : "";
-    }
-
-    TempFolder folder_;
-    fs::path near_;
-    fs::path far_;
-    std::vector<fs::path> mounted_;
-};
 
 /// A command on folders that are set up again for each run.
 struct Scene {
@@ -106,18 +42,19 @@ struct Scene {
     std::vector<std::string> command;
     /// Puts the folders into their first state.
     std::function<void()> setUp;
-    /// What must hold at any time.
+    /// Must hold at any time.
     std::function<void()> nothingIsLost;
-    /// What must hold once a run has said that it did all.
+    /// Must hold after a run that reported success.
     std::function<void()> isDone;
-    /// What must hold too once a run has failed by itself, or one that must fail, `failing`, has followed a kill.
+    /// Must also hold after a run that failed without a kill, and after `failing`, a run that must fail, followed a
+    /// kill.
     std::function<void()> isConsistent = [] {};
     std::vector<std::string> failing;
-    /// On a file system that can exchange no names, and with a full disk for the second run too.
+    /// The file system cannot exchange names, and the disk is full for the second run too.
     bool poorFileSystem = false;
 };
 
-/// Whether an item of that name with these contents is anywhere below `top`.
+/// Whether an item with that name and content is anywhere below `top`.
 bool isSomewhere(const fs::path& top, const std::string& name, const Tree& tree) {
     for (const auto& entry : fs::recursive_directory_iterator(top)) {
         if (entry.path().filename() == name && treeOf(entry.path()) == tree)
@@ -128,7 +65,7 @@ bool isSomewhere(const fs::path& top, const std::string& name, const Tree& tree)
 
 class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>> {
   protected:
-    static void SetUpTestSuite() { places_ = std::make_unique<FileSystems>(); }
+    static void SetUpTestSuite() { places_ = std::make_unique<SweepFileSystems>(); }
     static void TearDownTestSuite() { places_.reset(); }
 
     void SetUp() override {
@@ -138,7 +75,7 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
         far_ = places_->nearFolder() / "far";
         if (std::get<0>(GetParam()) == Place::OtherFileSystem) {
             if (places_->farFolder().empty())
-                GTEST_SKIP() << "the kernel forbids mount namespaces, and /dev/shm is no other file system";
+                GTEST_SKIP() << "the kernel forbids mount namespaces, and /dev/shm is on the same file system";
             far_ = places_->farFolder() / "far";
         }
     }
@@ -202,7 +139,7 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
             if (!std::regex_search(line, match, start))
                 continue;
             const int number = ++counts[match[1]];
-            // What is opened to be made or listed; to fail others keeps the program from starting.
+            // Of openat, those that make a file or list a folder: without the others the program does not start.
             if (match[1] != "openat" || line.find("O_CREAT") != std::string::npos ||
                 line.find("O_DIRECTORY") != std::string::npos)
                 calls.push_back({match[1], number});
@@ -249,13 +186,13 @@ class MaintenanceSweep : public ::testing::TestWithParam<std::tuple<Place, Blow>
         }
     }
 
-    static std::unique_ptr<FileSystems> places_;
+    static std::unique_ptr<SweepFileSystems> places_;
     TempFolder folder_;
     fs::path near_;
     fs::path far_;
 };
 
-std::unique_ptr<FileSystems> MaintenanceSweep::places_;
+std::unique_ptr<SweepFileSystems> MaintenanceSweep::places_;
 
 TEST_P(MaintenanceSweep, InstallShowsTheDictionaryWholeOrNotAtAll) {
     Scene scene;

@@ -28,37 +28,32 @@ template <typename Dialog, typename Act> void whenUp(Act act) {
     });
 }
 
-struct TextCase {
-    const char* name;
-    std::string text;
-    QString shown;
-};
-
-class MessageTexts : public ::testing::TestWithParam<TextCase> {};
-
-TEST_P(MessageTexts, AreShownAsTheyStand) {
-    QtHost host;
-    QString shown;
-    Qt::TextFormat format = Qt::AutoText;
-    whenUp<QMessageBox>([&](QMessageBox* box) {
-        shown = box->text();
-        format = box->textFormat();
-        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
-    });
-    host.MsgBox(GetParam().text);
-    EXPECT_EQ(shown, GetParam().shown);
-    EXPECT_EQ(format, Qt::PlainText);
+TEST(QtHost, MessagesAreShownAsPlainText) {
+    const struct {
+        const char* name;
+        std::string text;
+        QString shown;
+    } cases[] = {{"Markup", "<b>a</b> & <img src=x>", "<b>a</b> & <img src=x>"},
+                 {"CarriageReturn", "taken:\rEnglish\rLatin", "taken:\nEnglish\nLatin"},
+                 {"BothLineEnds", "one\r\ntwo\nthree", "one\ntwo\nthree"},
+                 {"Japanese", "\xE8\xBE\x9E\xE6\x9B\xB8", QStringLiteral(u"\u8F9E\u66F8")},
+                 {"InvalidUtf8", "a\xFF", QStringLiteral(u"a\uFFFD")},
+                 {"Nul", std::string("a\0b", 3), QStringLiteral(u"a\uFFFDb")}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        QtHost host;
+        QString shown;
+        Qt::TextFormat format = Qt::AutoText;
+        whenUp<QMessageBox>([&](QMessageBox* box) {
+            shown = box->text();
+            format = box->textFormat();
+            QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+        });
+        host.MsgBox(each.text);
+        EXPECT_EQ(shown, each.shown);
+        EXPECT_EQ(format, Qt::PlainText);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    QtHost, MessageTexts,
-    ::testing::Values(TextCase{"Markup", "<b>a</b> & <img src=x>", "<b>a</b> & <img src=x>"},
-                      TextCase{"CarriageReturn", "taken:\rEnglish\rLatin", "taken:\nEnglish\nLatin"},
-                      TextCase{"BothLineEnds", "one\r\ntwo\nthree", "one\ntwo\nthree"},
-                      TextCase{"Japanese", "\xE8\xBE\x9E\xE6\x9B\xB8", QStringLiteral(u"\u8F9E\u66F8")},
-                      TextCase{"InvalidUtf8", "a\xFF", QStringLiteral(u"a\uFFFD")},
-                      TextCase{"Nul", std::string("a\0b", 3), QStringLiteral(u"a\uFFFDb")}),
-    [](const auto& info) { return info.param.name; });
 
 TEST(QtHost, LongMessageIsShownInPartWithTheWholeOneClickAway) {
     std::string text;
@@ -80,30 +75,24 @@ TEST(QtHost, LongMessageIsShownInPartWithTheWholeOneClickAway) {
     EXPECT_EQ(whole, toQ(text));
 }
 
-struct AnswerCase {
-    const char* name;
-    std::function<void(QMessageBox*)> act;
-    Host::Answer answer;
-};
-
-class Questions : public ::testing::TestWithParam<AnswerCase> {};
-
-TEST_P(Questions, AreAnsweredAsTheUserDoes) {
-    QtHost host;
-    whenUp<QMessageBox>(GetParam().act);
-    EXPECT_EQ(host.askYesNo("Update?"), GetParam().answer);
+TEST(QtHost, QuestionsAreAnsweredAsTheUserDoes) {
+    const struct {
+        const char* name;
+        std::function<void(QMessageBox*)> act;
+        Host::Answer answer;
+    } cases[] = {{"Yes", [](QMessageBox* box) { QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton); },
+                  Host::Answer::Yes},
+                 {"No", [](QMessageBox* box) { QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton); },
+                  Host::Answer::No},
+                 {"Escape", [](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); }, Host::Answer::No},
+                 {"CloseButton", [](QMessageBox* box) { box->close(); }, Host::Answer::No}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        QtHost host;
+        whenUp<QMessageBox>(each.act);
+        EXPECT_EQ(host.askYesNo("Update?"), each.answer);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    QtHost, Questions,
-    ::testing::Values(
-        AnswerCase{"Yes", [](QMessageBox* box) { QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton); },
-                   Host::Answer::Yes},
-        AnswerCase{"No", [](QMessageBox* box) { QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton); },
-                   Host::Answer::No},
-        AnswerCase{"Escape", [](QMessageBox* box) { QTest::keyClick(box, Qt::Key_Escape); }, Host::Answer::No},
-        AnswerCase{"CloseButton", [](QMessageBox* box) { box->close(); }, Host::Answer::No}),
-    [](const auto& info) { return info.param.name; });
 
 TEST(QtHost, KeysAreThoseHeldNow) {
     QWidget window;
@@ -140,55 +129,48 @@ TEST(QtHost, FolderDialogGivesTheFolderAndStartsThereTheNextTime) {
     EXPECT_EQ(host.SelectFolder("Choose a folder"), "");
 }
 
-struct TypedCase {
-    const char* name;
-    const char* typed;
-    Host::FolderChoice choice;
-    const char* chosen; ///< in the folder that is open; null: the dialog refuses it and stays up
-};
-
-class TypedFolders : public ::testing::TestWithParam<TypedCase> {};
-
-TEST_P(TypedFolders, AreTakenOrRefused) {
-    const test::TempFolder folder;
-    std::filesystem::create_directory(folder.path() / "There");
-    folder.write("file", "x");
-    bool refused = false;
-    whenUp<QFileDialog>([&](QFileDialog* dialog) {
-        EXPECT_EQ(pathFromQ(dialog->directory().absolutePath()), folder.path());
-        auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-        name->setText(GetParam().typed);
-        QTimer::singleShot(0, [&refused] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                refused = true;
-                box->reject();
-            }
-        });
-        QTest::keyClick(name, Qt::Key_Return);
-        if (dialog->isVisible())
-            dialog->reject();
-        QCoreApplication::processEvents();
-    });
-    QtHost host;
-    const std::filesystem::path chosen = host.SelectFolder("Choose", folder.path(), GetParam().choice);
-    if (GetParam().chosen != nullptr)
-        EXPECT_EQ(chosen, folder.path() / GetParam().chosen);
-    else
-        EXPECT_EQ(chosen, "");
-    EXPECT_EQ(refused, GetParam().chosen == nullptr);
-}
-
 constexpr auto kExisting = Host::FolderChoice::Existing;
 constexpr auto kMayBeNew = Host::FolderChoice::MayBeNew;
-INSTANTIATE_TEST_SUITE_P(QtHost, TypedFolders,
-                         ::testing::Values(TypedCase{"There", "There", kExisting, "There"},
-                                           TypedCase{"NewWhereItMustExist", "New", kExisting, nullptr},
-                                           TypedCase{"ThereWhereItMayBeNew", "There", kMayBeNew, "There"},
-                                           TypedCase{"New", "New one", kMayBeNew, "New one"},
-                                           TypedCase{"NewInsideAnother", "There/New", kMayBeNew, "There/New"},
-                                           TypedCase{"InNone", "Gone/New", kMayBeNew, nullptr},
-                                           TypedCase{"File", "file", kMayBeNew, nullptr}),
-                         [](const auto& info) { return info.param.name; });
+TEST(QtHost, TypedFoldersAreTakenOrRefused) {
+    const struct {
+        const char* name;
+        const char* typed;
+        Host::FolderChoice choice;
+        const char* chosen; ///< in the folder that is open; null: the dialog refuses it and stays up
+    } cases[] = {{"There", "There", kExisting, "There"},
+                 {"NewWhereItMustExist", "New", kExisting, nullptr},
+                 {"ThereWhereItMayBeNew", "There", kMayBeNew, "There"},
+                 {"New", "New one", kMayBeNew, "New one"},
+                 {"NewInsideAnother", "There/New", kMayBeNew, "There/New"},
+                 {"InNone", "Gone/New", kMayBeNew, nullptr},
+                 {"File", "file", kMayBeNew, nullptr}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        const test::TempFolder folder;
+        std::filesystem::create_directory(folder.path() / "There");
+        folder.write("file", "x");
+        bool refused = false;
+        whenUp<QFileDialog>([&](QFileDialog* dialog) {
+            EXPECT_EQ(pathFromQ(dialog->directory().absolutePath()), folder.path());
+            auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+            name->setText(each.typed);
+            QTimer::singleShot(0, [&refused] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    refused = true;
+                    box->reject();
+                }
+            });
+            QTest::keyClick(name, Qt::Key_Return);
+            if (dialog->isVisible())
+                dialog->reject();
+            QCoreApplication::processEvents();
+        });
+        QtHost host;
+        const std::filesystem::path chosen = host.SelectFolder("Choose", folder.path(), each.choice);
+        EXPECT_EQ(chosen, each.chosen == nullptr ? std::filesystem::path() : folder.path() / each.chosen);
+        EXPECT_EQ(refused, each.chosen == nullptr);
+    }
+}
 
 TEST(QtHost, FileDialogOffersTheExtensionsFirst) {
     const test::TempFolder folder;
@@ -245,11 +227,6 @@ TEST_F(YieldTest, LoopInsideAPumpedHandlerDoesNotPumpAgain) {
     now += std::chrono::seconds(1);
     host.Yield();
     EXPECT_EQ(pumped, 1);
-}
-
-TEST(QtText, NamesOfFilesSurviveTheWayThroughAWidget) {
-    for (const std::string name : {"plain", "\xE8\xBE\x9E\xE6\x9B\xB8.txt", "e\xCC\x81"})
-        EXPECT_EQ(pathFromQ(pathToQ(name)).native(), name);
 }
 
 } // namespace

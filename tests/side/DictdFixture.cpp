@@ -16,8 +16,7 @@ std::string littleEndian(std::size_t value) {
     return {static_cast<char>(value & 0xFF), static_cast<char>(value >> 8 & 0xFF)};
 }
 
-} // namespace
-
+/// A number as an index in the dictd format has it.
 std::string dictdNumber(std::size_t value) {
     constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     std::string digits(1, kDigits[value % 64]);
@@ -26,6 +25,7 @@ std::string dictdNumber(std::size_t value) {
     return digits;
 }
 
+/// A gzip file that can be read chunk by chunk.
 std::string dictzip(std::string_view text, std::size_t chunkLength, bool withName) {
     z_stream stream{};
     if (deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY) != Z_OK)
@@ -46,7 +46,7 @@ std::string dictzip(std::string_view text, std::size_t chunkLength, bool withNam
     }
     deflateEnd(&stream);
     const std::string table = littleEndian(1) + littleEndian(chunkLength) + littleEndian(count) + sizes;
-    // A subfield of somebody else's stands before the table.
+    // Another program's subfield precedes the table.
     const std::string extra = std::string("ZZ") + littleEndian(3) + "abc" + "RA" + littleEndian(table.size()) + table;
     std::string file("\x1F\x8B\x08", 3);
     file += withName ? '\x0C' : '\x04';
@@ -55,6 +55,8 @@ std::string dictzip(std::string_view text, std::size_t chunkLength, bool withNam
         file += std::string("name\0", 5);
     return file + body + std::string(8, '\0');
 }
+
+} // namespace
 
 DictdFixture& DictdFixture::entry(std::string word, std::string text) {
     index_ += word + "\t" + dictdNumber(text_.size()) + "\t" + dictdNumber(text.size()) + "\n";
@@ -67,7 +69,7 @@ void DictdFixture::writeTo(const TempFolder& folder, const std::string& name, st
     if (chunkLength == 0)
         folder.write(name + ".dict", text_);
     else
-        folder.write(name + ".dict.dz", dictzip(text_, chunkLength));
+        folder.write(name + ".dict.dz", dictzip(text_, chunkLength, chunkLength >= 50));
 }
 
 } // namespace velmarin::test

@@ -4,16 +4,9 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace velmarin::test {
-
-/// A number as an index in the dictd format has it.
-std::string dictdNumber(std::size_t value);
-
-/// A gzip file that can be read chunk by chunk.
-std::string dictzip(std::string_view text, std::size_t chunkLength, bool withName = true);
 
 /// A dictionary in the dictd format: entries in the order of its index, written as one pair of files.
 class DictdFixture {
@@ -22,7 +15,8 @@ class DictdFixture {
     DictdFixture& entry(std::string word, std::string text);
     std::string index() const { return index_; }
     std::string text() const { return text_; }
-    /// Writes "name.index", and "name.dict.dz" in chunks of this length, or "name.dict" for 0.
+    /// Writes "name.index", and "name.dict.dz" in chunks of this length, or "name.dict" for 0. Chunks of under 50 bytes
+    /// make a header without the name.
     void writeTo(const TempFolder& folder, const std::string& name, std::size_t chunkLength = 0) const;
 
   private:

@@ -1,7 +1,6 @@
 #include "side/DictionaryService.h"
 
 #include "DictdFixture.h"
-#include "side/DictZip.h"
 #include "side/DictdIndex.h"
 #include "text/StringRules.h"
 
@@ -46,44 +45,43 @@ DictdFixture latin() {
     return made;
 }
 
-struct AnswerCase {
+const struct {
     const char* name;
     const char* word;
     const char* answer;
-};
+} kAnswers[] = {
+    {"One", "amo", "Latin - Français\n\namo\n   aimer"},
+    {"None", "amor", ""},
+    {"BeforeAll", "0", ""},
+    {"BehindAll", "zz", ""},
+    {"Empty", "", ""},
+    {"SignsAlone", "--", ""},
+    {"AllEntriesOfAWord", "AMOUR", "The Webster\n\nAmour\n   love\n\nAmour\n   affair"},
+    {"InSeveralDictionaries", "naïve", "Latin - Français\n\nnaïve\n   simplex\n\n\nThe Webster\n\nNaive\n   artless"},
+    {"HyphenDoesNotCount", "selflove", "The Webster\n\nSelf-love\n   amour propre"},
+    {"HyphenInTheQuestion", "self-love", "The Webster\n\nSelf-love\n   amour propre"},
+    {"BlanksCountOnce", " a   priori ", "The Webster\n\nA priori\n   beforehand"},
+    {"ShorterWordIsItself", "a", "The Webster\n\nA\n   the letter"},
+    {"CapitalsBeyondAscii", "ÉTÉ", "Latin - Français\n\nété\n   aestas"},
+    {"ApostropheAndABlankBehindTheWord", "d'un coup", "Latin - Français\n\nd'un coup\n   subito"},
+    {"TypographicApostrophe", "d’un coup", "Latin - Français\n\nd'un coup\n   subito"},
+    {"Kana", "ねこ", "Latin - Français\n\nねこ\n   feles"},
+    {"DatabaseEntriesAreNotWords", "00-database-info", ""},
+    {"FlagsAreNotWords", "00databaseutf8", ""},
+    {"InvalidUtf8", "\xFF\xC3", ""}};
 
-class ServiceAnswer : public testing::TestWithParam<AnswerCase> {};
-
-TEST_P(ServiceAnswer, IsOfAllDictionariesThatKnowTheWord) {
-    for (const std::size_t chunk : {0U, 7U, 64U, 60000U}) {
-        const TempFolder folder;
-        webster().writeTo(folder, "web", chunk);
-        latin().writeTo(folder, "lat", chunk);
-        const DictionaryService service(FolderItem(folder.path()));
-        EXPECT_EQ(service.TextDefinition(GetParam().word, 0, 100), GetParam().answer) << "chunks of " << chunk;
+TEST(ServiceAnswer, IsOfAllDictionariesThatKnowTheWord) {
+    for (const auto& each : kAnswers) {
+        SCOPED_TRACE(each.name);
+        for (const std::size_t chunk : {0U, 7U, 64U, 60000U}) {
+            const TempFolder folder;
+            webster().writeTo(folder, "web", chunk);
+            latin().writeTo(folder, "lat", chunk);
+            const DictionaryService service(FolderItem(folder.path()));
+            EXPECT_EQ(service.TextDefinition(each.word, 0, 100), each.answer) << "chunks of " << chunk;
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Words, ServiceAnswer,
-    testing::Values(AnswerCase{"One", "amo", "Latin - Français\n\namo\n   aimer"}, AnswerCase{"None", "amor", ""},
-                    AnswerCase{"BeforeAll", "0", ""}, AnswerCase{"BehindAll", "zz", ""}, AnswerCase{"Empty", "", ""},
-                    AnswerCase{"SignsAlone", "--", ""},
-                    AnswerCase{"AllEntriesOfAWord", "AMOUR", "The Webster\n\nAmour\n   love\n\nAmour\n   affair"},
-                    AnswerCase{"InSeveralDictionaries", "naïve",
-                               "Latin - Français\n\nnaïve\n   simplex\n\n\nThe Webster\n\nNaive\n   artless"},
-                    AnswerCase{"HyphenDoesNotCount", "selflove", "The Webster\n\nSelf-love\n   amour propre"},
-                    AnswerCase{"HyphenInTheQuestion", "self-love", "The Webster\n\nSelf-love\n   amour propre"},
-                    AnswerCase{"BlanksCountOnce", " a   priori ", "The Webster\n\nA priori\n   beforehand"},
-                    AnswerCase{"ShorterWordIsItself", "a", "The Webster\n\nA\n   the letter"},
-                    AnswerCase{"CapitalsBeyondAscii", "ÉTÉ", "Latin - Français\n\nété\n   aestas"},
-                    AnswerCase{"ApostropheAndABlankBehindTheWord", "d'un coup",
-                               "Latin - Français\n\nd'un coup\n   subito"},
-                    AnswerCase{"TypographicApostrophe", "d’un coup", "Latin - Français\n\nd'un coup\n   subito"},
-                    AnswerCase{"Kana", "ねこ", "Latin - Français\n\nねこ\n   feles"},
-                    AnswerCase{"FactsOfTheDictionaryAreNoWords", "00-database-info", ""},
-                    AnswerCase{"FlagsAreNoWords", "00databaseutf8", ""}, AnswerCase{"InvalidUtf8", "\xFF\xC3", ""}),
-    [](const auto& tested) { return tested.param.name; });
 
 TEST(ServiceAnswer, LetsEventsRunAfterEachDictionary) {
     const TempFolder folder;
@@ -122,131 +120,103 @@ TEST(ServiceText, KeepsTheLinesAndBlanksOfTheDictionary) {
     EXPECT_EQ(service.TextDefinition("amor", 0, 4), "d\n\na\r\nb");
 }
 
-struct DamageCase {
-    const char* name;
-    void (*damage)(const TempFolder&);
-};
-
-class DamagedDictionary : public testing::TestWithParam<DamageCase> {};
-
-TEST_P(DamagedDictionary, DoesNotKeepTheOthersFromAnswering) {
-    const TempFolder folder;
-    latin().writeTo(folder, "lat", 50);
-    DictdFixture().entry("amo", std::string(500, 'x')).writeTo(folder, "bad", 50);
-    GetParam().damage(folder);
-    const DictionaryService service(FolderItem(folder.path()));
-    EXPECT_EQ(service.TextDefinition("amo", 0, 3), "Latin - Français\n\namo\n   aimer");
-}
-
 void cut(const TempFolder& folder, const char* file, std::size_t length) {
     folder.write(file, folder.read(file).substr(0, length));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, DamagedDictionary,
-    testing::Values(
-        DamageCase{"NoText", [](const TempFolder& f) { std::filesystem::remove(f.path() / "bad.dict.dz"); }},
-        DamageCase{"EmptyText", [](const TempFolder& f) { f.write("bad.dict.dz", ""); }},
-        DamageCase{"CutInTheHeader", [](const TempFolder& f) { cut(f, "bad.dict.dz", 15); }},
-        DamageCase{"CutInTheTable", [](const TempFolder& f) { cut(f, "bad.dict.dz", 30); }},
-        DamageCase{"CutInTheChunks", [](const TempFolder& f) { cut(f, "bad.dict.dz", 100); }},
-        DamageCase{"GzipWithoutATable",
-                   [](const TempFolder& f) { f.write("bad.dict.dz", "\x1F\x8B\x08\0\0\0\0\0\0\3xyz"s); }},
-        DamageCase{"ChunksOfNoLength",
-                   [](const TempFolder& f) {
-                       std::string file = f.read("bad.dict.dz");
-                       file[file.find("RA") + 6] = 0;
-                       f.write("bad.dict.dz", file);
-                   }},
-        DamageCase{"NoiseForChunks",
-                   [](const TempFolder& f) {
-                       std::string file = f.read("bad.dict.dz");
-                       std::fill(file.end() - 60, file.end(), '\xFF');
-                       f.write("bad.dict.dz", file);
-                   }},
-        DamageCase{"PlaceBehindTheText", [](const TempFolder& f) { f.write("bad.index", "amo\t////////\tB\n"); }},
-        DamageCase{"HugeEntry", [](const TempFolder& f) { f.write("bad.index", "amo\tA\t////////\n"); }},
-        DamageCase{"NumbersThatAreNone", [](const TempFolder& f) { f.write("bad.index", "amo\t*\t-1\n"); }},
-        DamageCase{"NumbersMissing", [](const TempFolder& f) { f.write("bad.index", "amo\n"); }},
-        DamageCase{"EmptyIndex", [](const TempFolder& f) { f.write("bad.index", ""); }},
-        DamageCase{"IndexOfOneEndlessLine",
-                   [](const TempFolder& f) { f.write("bad.index", std::string(3'000'000, 'a')); }},
-        DamageCase{"IndexOfNuls", [](const TempFolder& f) { f.write("bad.index", std::string(100'000, '\0')); }},
-        DamageCase{"FifoForTheIndex",
-                   [](const TempFolder& f) {
-                       std::filesystem::remove(f.path() / "bad.index");
-                       ::mkfifo((f.path() / "bad.index").c_str(), 0600);
-                   }},
-        DamageCase{"FolderForTheText",
-                   [](const TempFolder& f) {
-                       std::filesystem::remove(f.path() / "bad.dict.dz");
-                       std::filesystem::create_directory(f.path() / "bad.dict.dz");
-                   }}),
-    [](const auto& tested) { return tested.param.name; });
+const struct {
+    const char* name;
+    void (*damage)(const TempFolder&);
+} kDamages[] = {
+    {"NoText", [](const TempFolder& f) { std::filesystem::remove(f.path() / "bad.dict.dz"); }},
+    {"EmptyText", [](const TempFolder& f) { f.write("bad.dict.dz", ""); }},
+    {"CutInTheHeader", [](const TempFolder& f) { cut(f, "bad.dict.dz", 15); }},
+    {"CutInTheTable", [](const TempFolder& f) { cut(f, "bad.dict.dz", 30); }},
+    {"CutInTheChunks", [](const TempFolder& f) { cut(f, "bad.dict.dz", 100); }},
+    {"GzipWithoutATable", [](const TempFolder& f) { f.write("bad.dict.dz", "\x1F\x8B\x08\0\0\0\0\0\0\3xyz"s); }},
+    {"ChunksOfNoLength",
+     [](const TempFolder& f) {
+         std::string file = f.read("bad.dict.dz");
+         file[file.find("RA") + 6] = 0;
+         f.write("bad.dict.dz", file);
+     }},
+    {"NoiseForChunks",
+     [](const TempFolder& f) {
+         std::string file = f.read("bad.dict.dz");
+         std::fill(file.end() - 60, file.end(), '\xFF');
+         f.write("bad.dict.dz", file);
+     }},
+    {"PlaceBehindTheText", [](const TempFolder& f) { f.write("bad.index", "amo\t////////\tB\n"); }},
+    {"HugeEntry", [](const TempFolder& f) { f.write("bad.index", "amo\tA\t////////\n"); }},
+    {"NumbersThatAreNone", [](const TempFolder& f) { f.write("bad.index", "amo\t*\t-1\n"); }},
+    {"NumbersMissing", [](const TempFolder& f) { f.write("bad.index", "amo\n"); }},
+    {"EmptyIndex", [](const TempFolder& f) { f.write("bad.index", ""); }},
+    {"IndexOfOneEndlessLine", [](const TempFolder& f) { f.write("bad.index", std::string(3'000'000, 'a')); }},
+    {"IndexOfNuls", [](const TempFolder& f) { f.write("bad.index", std::string(100'000, '\0')); }},
+    {"FifoForTheIndex",
+     [](const TempFolder& f) {
+         std::filesystem::remove(f.path() / "bad.index");
+         ::mkfifo((f.path() / "bad.index").c_str(), 0600);
+     }},
+    {"FolderForTheText", [](const TempFolder& f) {
+         std::filesystem::remove(f.path() / "bad.dict.dz");
+         std::filesystem::create_directory(f.path() / "bad.dict.dz");
+     }}};
 
-TEST(DictZipPiece, IsTheSameStretchOfTheText) {
-    const TempFolder folder;
-    std::mt19937 random(5);
-    std::string text;
-    while (text.size() < 20000)
-        text += std::to_string(random());
-    for (const std::size_t chunk : {2U, 13U, 1000U, 20000U, 65535U}) {
-        const auto zip = DictZip::open(FolderItem(folder.write("t", test::dictzip(text, chunk, chunk > 100))));
-        ASSERT_TRUE(zip);
-        for (int round = 0; round < 100; ++round) {
-            const std::size_t offset = random() % text.size();
-            const std::size_t size = random() % (text.size() - offset + 1);
-            EXPECT_EQ(zip->read(offset, size), text.substr(offset, size)) << offset << " " << size;
-        }
-        EXPECT_FALSE(zip->read(text.size() - 1, 2));
-        EXPECT_FALSE(zip->read(~std::uint64_t{0} - 1, 2));
+TEST(DamagedDictionary, DoesNotKeepTheOthersFromAnswering) {
+    for (const auto& each : kDamages) {
+        SCOPED_TRACE(each.name);
+        const TempFolder folder;
+        latin().writeTo(folder, "lat", 50);
+        DictdFixture().entry("amo", std::string(500, 'x')).writeTo(folder, "bad", 50);
+        each.damage(folder);
+        const DictionaryService service(FolderItem(folder.path()));
+        EXPECT_EQ(service.TextDefinition("amo", 0, 3), "Latin - Français\n\namo\n   aimer");
     }
 }
 
-class IndexOrderTest : public testing::TestWithParam<std::string> {};
-
-TEST_P(IndexOrderTest, BisectionFindsWhatALookAtEachLineFinds) {
-    const TempFolder folder;
-    std::mt19937 random(17);
-    const std::string flag = GetParam();
-    std::vector<std::string> words{flag};
-    for (int i = 0; i < 1500; ++i) {
-        std::string word;
-        for (unsigned length = 1 + random() % 4; length > 0; --length)
-            word += std::vector<std::string>{"a", "B", "b", "-", "c", "é", "7", " z"}[random() % 8];
-        words.push_back(word);
-    }
-    // The fixture tells its own index which order to sort by.
-    const auto flagOnly = DictdIndex::open(FolderItem(folder.write("f.index", flag + "\tA\tA\n")));
-    std::stable_sort(words.begin(), words.end(),
-                     [&](const std::string& a, const std::string& b) { return flagOnly->key(a) < flagOnly->key(b); });
-    DictdFixture made;
-    for (const std::string& word : words)
-        made.entry(word, "text of " + word);
-    const auto index = DictdIndex::open(FolderItem(folder.write("i.index", made.index())));
-    EXPECT_EQ(index->utf8(), flag.find("utf8") != std::string::npos);
-    for (int round = 0; round < 200; ++round) {
-        const std::string& asked = words[random() % words.size()];
-        if (index->key(asked).starts_with(' '))
-            continue; // a question's blanks are off before it is asked
-        const auto trimmed = [](std::string text) { return text.substr(0, text.find_last_not_of(' ') + 1); };
-        std::vector<std::string> expected;
+TEST(IndexOrder, BisectionFindsWhatALinearSearchFinds) {
+    for (const std::string flag :
+         {"00-database-info", "00databaseutf8", "00-database-allchars", "00-database-case-sensitive"}) {
+        SCOPED_TRACE(flag);
+        const TempFolder folder;
+        std::mt19937 random(17);
+        std::vector<std::string> words{flag};
+        for (int i = 0; i < 1500; ++i) {
+            std::string word;
+            for (unsigned length = 1 + random() % 4; length > 0; --length)
+                word += std::vector<std::string>{"a", "B", "b", "-", "c", "é", "7", " z"}[random() % 8];
+            words.push_back(word);
+        }
+        // An index of the flag alone gives the keys to sort by.
+        const auto flagOnly = DictdIndex::open(FolderItem(folder.write("f.index", flag + "\tA\tA\n")));
+        std::stable_sort(words.begin(), words.end(), [&](const std::string& a, const std::string& b) {
+            return flagOnly->key(a) < flagOnly->key(b);
+        });
+        DictdFixture made;
         for (const std::string& word : words)
-            if (word != flag && !index->key(asked).empty() && trimmed(index->key(word)) == index->key(asked))
-                expected.push_back("text of " + word);
-        std::vector<std::string> found;
-        for (const DictdPlace& place : index->find(asked))
-            found.push_back(made.text().substr(place.offset, place.size));
-        for (const std::string& text : expected) {
-            EXPECT_NE(std::find(found.begin(), found.end(), text), found.end())
-                << "\"" << asked << "\" should find \"" << text << "\"";
+            made.entry(word, "text of " + word);
+        const auto index = DictdIndex::open(FolderItem(folder.write("i.index", made.index())));
+        EXPECT_EQ(index->utf8(), flag.find("utf8") != std::string::npos);
+        for (int round = 0; round < 200; ++round) {
+            const std::string& asked = words[random() % words.size()];
+            if (index->key(asked).starts_with(' '))
+                continue; // the caller has trimmed the question
+            const auto trimmed = [](std::string text) { return text.substr(0, text.find_last_not_of(' ') + 1); };
+            std::vector<std::string> expected;
+            for (const std::string& word : words)
+                if (word != flag && !index->key(asked).empty() && trimmed(index->key(word)) == index->key(asked))
+                    expected.push_back("text of " + word);
+            std::vector<std::string> found;
+            for (const DictdPlace& place : index->find(asked))
+                found.push_back(made.text().substr(place.offset, place.size));
+            for (const std::string& text : expected) {
+                EXPECT_NE(std::find(found.begin(), found.end(), text), found.end())
+                    << "\"" << asked << "\" should find \"" << text << "\"";
+            }
         }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Flags, IndexOrderTest,
-                         testing::Values("00-database-info", "00databaseutf8", "00-database-allchars",
-                                         "00-database-case-sensitive"));
 
 } // namespace
 } // namespace velmarin

@@ -10,7 +10,10 @@
 namespace velmarin {
 namespace {
 
-using test::SideFixture;
+class FindBarTest : public test::SideTest {
+  protected:
+    FindBarTest() { open(); }
+};
 
 const QColor kRed(0xFF, 0, 0);
 const QColor kGrey(0x66, 0x66, 0x66);
@@ -27,141 +30,121 @@ std::string paint(const TextArea& area) {
     return colours;
 }
 
-QColor wordColour(SideFixture& fixture) {
-    return fixture.FindEF().palette().color(QPalette::Text);
+QColor wordColour(const QLineEdit& field) {
+    return field.palette().color(QPalette::Text);
 }
 
-TEST(FindBar, StepsFromHitToHitAndPaintsThem) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.EF().setWholeText("aba aba");
+TEST_F(FindBarTest, StepsFromHitToHitAndPaintsThem) {
+    EF().setWholeText("aba aba");
     struct Step {
         int start, length;
         const char* paint;
         bool missed;
     };
-    fixture.FindEF().setText("ABA");
+    FindEF().setText("ABA");
     for (const Step& step : {Step{0, 3, "rrr....", false}, Step{4, 3, "rrr.rrr", false}, Step{4, 3, "rrr.rrr", true},
                              Step{0, 3, "rrr.rrr", false}}) {
-        QTest::keyClick(&fixture.FindEF(), Qt::Key_Return);
-        EXPECT_EQ(fixture.EF().SelStart(), step.start);
-        EXPECT_EQ(fixture.EF().SelLength(), step.length);
-        EXPECT_EQ(paint(fixture.EF()), step.paint);
-        EXPECT_EQ(wordColour(fixture), step.missed ? kGrey : QColor(Qt::black));
+        QTest::keyClick(&FindEF(), Qt::Key_Return);
+        EXPECT_EQ(EF().SelStart(), step.start);
+        EXPECT_EQ(EF().SelLength(), step.length);
+        EXPECT_EQ(paint(EF()), step.paint);
+        EXPECT_EQ(wordColour(FindEF()), step.missed ? kGrey : QColor(Qt::black));
     }
-    EXPECT_EQ(fixture.FindEF().selectedText(), "ABA");
+    EXPECT_EQ(FindEF().selectedText(), "ABA");
 }
 
-TEST(FindBar, FindsBeyondTheFirstParagraphAndNothingAcrossParagraphs) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.EF().setWholeText("one\ntwo one\n\nthree");
-    fixture.ask("one");
-    QTest::keyClick(&fixture.FindEF(), Qt::Key_Return);
-    EXPECT_EQ(fixture.EF().SelStart(), 8);
-    fixture.ask("three");
-    EXPECT_EQ(fixture.EF().SelStart(), 13);
-    fixture.ask("onetwo");
-    EXPECT_EQ(wordColour(fixture), kGrey);
+TEST_F(FindBarTest, FindsBeyondTheFirstParagraphAndNothingAcrossParagraphs) {
+    EF().setWholeText("one\ntwo one\n\nthree");
+    ask("one");
+    QTest::keyClick(&FindEF(), Qt::Key_Return);
+    EXPECT_EQ(EF().SelStart(), 8);
+    ask("three");
+    EXPECT_EQ(EF().SelStart(), 13);
+    ask("onetwo");
+    EXPECT_EQ(wordColour(FindEF()), kGrey);
 }
 
-TEST(FindBar, AnotherWordStartsFromTheTopInBlack) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.EF().setWholeText("ab ac");
-    fixture.ask("ac");
-    fixture.ask("x");
-    EXPECT_EQ(wordColour(fixture), kGrey);
-    fixture.FindEF().setText("a");
-    EXPECT_EQ(wordColour(fixture), QColor(Qt::black));
-    EXPECT_EQ(fixture.side().pFindStartPosition(), -1);
-    QTest::keyClick(&fixture.FindEF(), Qt::Key_Return);
-    EXPECT_EQ(fixture.EF().SelStart(), 0);
+TEST_F(FindBarTest, AnotherWordStartsFromTheTopInBlack) {
+    EF().setWholeText("ab ac");
+    ask("ac");
+    ask("x");
+    EXPECT_EQ(wordColour(FindEF()), kGrey);
+    FindEF().setText("a");
+    EXPECT_EQ(wordColour(FindEF()), QColor(Qt::black));
+    EXPECT_EQ(side().pFindStartPosition(), -1);
+    QTest::keyClick(&FindEF(), Qt::Key_Return);
+    EXPECT_EQ(EF().SelStart(), 0);
 }
 
-TEST(FindBar, StartBehindAShortenedTextIsAMiss) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.EF().setWholeText("xxxxxxxxxx aba");
-    fixture.ask("aba");
-    fixture.EF().setWholeText("aba");
-    QTest::keyClick(&fixture.FindEF(), Qt::Key_Return);
-    EXPECT_EQ(wordColour(fixture), kGrey);
-    QTest::keyClick(&fixture.FindEF(), Qt::Key_Return);
-    EXPECT_EQ(fixture.EF().SelStart(), 0);
-    EXPECT_EQ(fixture.EF().SelLength(), 3);
+TEST_F(FindBarTest, StartBehindAShortenedTextIsAMiss) {
+    EF().setWholeText("xxxxxxxxxx aba");
+    ask("aba");
+    EF().setWholeText("aba");
+    QTest::keyClick(&FindEF(), Qt::Key_Return);
+    EXPECT_EQ(wordColour(FindEF()), kGrey);
+    QTest::keyClick(&FindEF(), Qt::Key_Return);
+    EXPECT_EQ(EF().SelStart(), 0);
+    EXPECT_EQ(EF().SelLength(), 3);
 }
 
-TEST(FindBar, EmptyWordDisablesTheButtonsAndMisses) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.EF().setWholeText("aba");
-    EXPECT_FALSE(fixture.side().findBar().FindBV()->isEnabled());
-    EXPECT_FALSE(fixture.side().findBar().FindClBV()->isEnabled());
-    QTest::keyClick(&fixture.FindEF(), Qt::Key_Return);
-    EXPECT_EQ(wordColour(fixture), kGrey);
-    QTest::keyClicks(&fixture.FindEF(), "a");
-    EXPECT_TRUE(fixture.side().findBar().FindBV()->isEnabled());
-    EXPECT_TRUE(fixture.side().findBar().FindClBV()->isEnabled());
+TEST_F(FindBarTest, ButtonsWorkWhileThereIsAWordAndClearLeavesThePaint) {
+    EF().setWholeText("aba");
+    const FindBar& bar = side().findBar();
+    const auto bothEnabled = [&] {
+        EXPECT_EQ(bar.FindBV()->isEnabled(), bar.FindClBV()->isEnabled());
+        return bar.FindBV()->isEnabled();
+    };
+    EXPECT_FALSE(bothEnabled());
+    QTest::keyClick(&FindEF(), Qt::Key_Return);
+    EXPECT_EQ(wordColour(FindEF()), kGrey) << "an empty word is not found";
+    ask("aba");
+    EXPECT_TRUE(bothEnabled());
+    QTest::mouseClick(bar.FindClBV(), Qt::LeftButton);
+    EXPECT_EQ(FindEF().text(), "");
+    EXPECT_FALSE(bothEnabled());
+    EXPECT_EQ(side().pFindStartPosition(), 0);
+    EXPECT_EQ(paint(EF()), "rrr");
 }
 
-TEST(FindBar, ClearButtonEmptiesTheWordAndLeavesThePaint) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.EF().setWholeText("aba");
-    fixture.ask("aba");
-    QTest::mouseClick(fixture.side().findBar().FindClBV(), Qt::LeftButton);
-    EXPECT_EQ(fixture.FindEF().text(), "");
-    EXPECT_FALSE(fixture.side().findBar().FindBV()->isEnabled());
-    EXPECT_FALSE(fixture.side().findBar().FindClBV()->isEnabled());
-    EXPECT_EQ(fixture.side().pFindStartPosition(), 0);
-    EXPECT_EQ(paint(fixture.EF()), "rrr");
-}
-
-TEST(FindBar, PaintAtTheEndIsNotInheritedByTheNextAnswer) {
+TEST_F(FindBarTest, PaintAtTheEndIsNotInheritedByTheNextAnswer) {
     for (const bool keepsTheText : {true, false}) {
-        SideFixture fixture;
-        fixture.open();
-        fixture.control<QCheckBox>("DontClearCB").setChecked(keepsTheText);
-        fixture.EF().setWholeText("aba");
-        fixture.EF().setTextSize(20);
-        fixture.ask("aba");
-        fixture.side().findBar().setTarget(FindTarget::DicApp);
-        fixture.ask("amor");
-        const std::string painted = paint(fixture.EF());
+        side().findBar().setTarget(FindTarget::Find);
+        control<QCheckBox>("DontClearCB").setChecked(keepsTheText);
+        EF().setWholeText("aba");
+        EF().setTextSize(20);
+        ask("aba");
+        side().findBar().setTarget(FindTarget::DicApp);
+        ask("amor");
+        const std::string painted = paint(EF());
         EXPECT_EQ(painted.rfind('r') + 1, keepsTheText ? 3 : 0);
         EXPECT_GT(painted.size(), 3U);
     }
 }
 
-TEST(FindBar, ColourOfTheWellPaintsOverTheOldOne) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.EF().setWholeText("ab");
-    fixture.ask("ab");
-    ColorRect& well = *fixture.side().findBar().FindColorRect();
+TEST_F(FindBarTest, ColourOfTheWellPaintsOverTheOldOne) {
+    EF().setWholeText("ab");
+    ask("ab");
+    ColorRect& well = *side().findBar().FindColorRect();
     QTest::mouseClick(&well, Qt::LeftButton);
-    EXPECT_EQ(well.FillColor(), kRed) << "a cancelled dialogue leaves the colour";
-    fixture.nextColour = Qt::blue;
+    EXPECT_EQ(well.FillColor(), kRed) << "a cancelled dialog leaves the colour";
+    nextColour = Qt::blue;
     QTest::mouseClick(&well, Qt::LeftButton);
     EXPECT_EQ(well.FillColor(), QColor(Qt::blue));
     EXPECT_EQ(well.grab().toImage().pixelColor(8, 8), QColor(Qt::blue));
-    fixture.ask("b");
-    EXPECT_EQ(paint(fixture.EF()), "rb");
-    fixture.nextColour = kRed;
+    ask("b");
+    EXPECT_EQ(paint(EF()), "rb");
+    nextColour = kRed;
     QTest::keyClick(&well, Qt::Key_Space);
     EXPECT_EQ(well.FillColor(), kRed);
 }
 
-TEST(FindBar, SelectedHitShowsItsPaintWhileTheTextHasNoFocus) {
-    SideFixture fixture;
-    fixture.open();
-    TextArea& area = fixture.EF();
+TEST_F(FindBarTest, SelectedHitShowsItsPaintWhileTheTextHasNoFocus) {
+    TextArea& area = EF();
     QPalette colours = area.palette();
     colours.setColor(QPalette::Highlight, Qt::magenta);
     area.setPalette(colours);
     area.setWholeText("MMMM");
-    fixture.ask("MMMM");
+    ask("MMMM");
     ASSERT_FALSE(area.hasFocus());
     const QImage image = area.viewport()->grab().toImage();
     bool red = false, magenta = false;
@@ -174,21 +157,17 @@ TEST(FindBar, SelectedHitShowsItsPaintWhileTheTextHasNoFocus) {
     EXPECT_FALSE(magenta);
 }
 
-TEST(FindBar, TabGoesToTheMainWindow) {
-    SideFixture fixture;
-    fixture.open();
-    QTest::keyClick(&fixture.FindEF(), Qt::Key_Tab);
-    EXPECT_EQ(fixture.main.log.back(), "focus all");
+TEST_F(FindBarTest, TabGoesToTheMainWindow) {
+    QTest::keyClick(&FindEF(), Qt::Key_Tab);
+    EXPECT_EQ(main.log.back(), "focus all");
 }
 
-TEST(FindBar, FocusTakesTheMainButtonsReturn) {
-    SideFixture fixture;
-    fixture.open();
-    QApplication::setActiveWindow(&fixture.side());
-    fixture.FindEF().setFocus();
-    EXPECT_EQ(fixture.main.log.back(), "no default");
-    fixture.EF().setFocus();
-    EXPECT_EQ(fixture.main.log.back(), "default");
+TEST_F(FindBarTest, FocusTakesTheMainButtonsReturn) {
+    QApplication::setActiveWindow(&side());
+    FindEF().setFocus();
+    EXPECT_EQ(main.log.back(), "no default");
+    EF().setFocus();
+    EXPECT_EQ(main.log.back(), "default");
 }
 
 } // namespace

@@ -16,114 +16,111 @@ namespace {
 
 using test::kAmorBlock;
 using test::SideFixture;
+using LookUp = test::SideTest;
+using Synchronising = test::SideTest;
+using Latin = test::SideTest;
+using DisplayingResults = test::SideTest;
 
-constexpr const char* kWordsBlock = "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\namor N\n\n\n";
+std::string wordsBlock(const std::string& answer) {
+    return "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\n" + answer + "\n\n";
+}
 constexpr const char* kUserBlock = "\n✜✜✜✜✜✜✜✜ Mine ✜✜✜✜✜✜✜✜\n\namor\n\nlove\n\n";
 constexpr const char* kSorryBlock = "\n✜✜✜✜✜✜✜✜ Dictionary.app ✜✜✜✜✜✜✜✜\n\nSorry no result for xqz !\n\n";
 
-struct SourcesCase {
-    const char* name;
-    bool service, latin, user;
-    const char* word;
-    std::string text;
-};
-
-class LookUpSources : public testing::TestWithParam<SourcesCase> {};
-
-TEST_P(LookUpSources, WriteInTheirOrder) {
-    SideFixture fixture;
-    fixture.installWords("echo \"$1 N\"");
-    fixture.addUserDictionary("Mine", "amor\tlove\n");
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.useUserDictionary(0);
-    fixture.control<QCheckBox>("DicAppCB").setChecked(GetParam().service);
-    fixture.control<QCheckBox>("LatinCB").setChecked(GetParam().latin);
-    fixture.control<QCheckBox>("UserDicCB").setChecked(GetParam().user);
-    fixture.EF().setWholeText("of the last time");
-    fixture.ask(QString::fromUtf8(GetParam().word));
-    EXPECT_EQ(fixture.text(), GetParam().text);
-    EXPECT_EQ(fixture.FindEF().selectedText(), QString::fromUtf8(GetParam().word));
-    EXPECT_FALSE(fixture.busy.busy());
+TEST(LookUpSources, WriteInTheirOrder) {
+    const struct {
+        const char* name;
+        bool service, latin, user;
+        const char* word;
+        std::string text;
+    } cases[] = {{"None", false, false, false, "amor", ""},
+                 {"Service", true, false, false, "amor", kAmorBlock},
+                 {"ServiceWithoutAnAnswer", true, false, false, "xqz", kSorryBlock},
+                 {"Latin", false, true, false, "amor", wordsBlock("1:amor\n")},
+                 {"LatinWordsInOneArgument", false, true, false, "amo amās", wordsBlock("1:amo amās\n")},
+                 {"LatinQuotesAreLeftToTheShell", false, true, false, "a' 'b", wordsBlock("2:a\n")},
+                 {"LatinUnendedQuoteIsNoAnswer", false, true, false, "d'amor", ""},
+                 {"User", false, false, true, "amor", kUserBlock},
+                 {"UserWithoutAHit", false, false, true, "xqz", ""},
+                 {"All", true, true, true, "amor", std::string(kAmorBlock) + wordsBlock("1:amor\n") + kUserBlock},
+                 {"EmptyWordLeavesAll", true, true, true, "", "of the last time"}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        SideFixture fixture;
+        fixture.installWords("echo \"$#:$1\"");
+        fixture.addUserDictionary("Mine", "amor\tlove\n");
+        fixture.openForLookUp();
+        fixture.useUserDictionary(0);
+        fixture.control<QCheckBox>("DicAppCB").setChecked(each.service);
+        fixture.control<QCheckBox>("LatinCB").setChecked(each.latin);
+        fixture.control<QCheckBox>("UserDicCB").setChecked(each.user);
+        fixture.EF().setWholeText("of the last time");
+        fixture.ask(QString::fromUtf8(each.word));
+        EXPECT_EQ(fixture.text(), each.text);
+        EXPECT_EQ(fixture.FindEF().selectedText(), QString::fromUtf8(each.word));
+        EXPECT_FALSE(fixture.busy.busy());
+        EXPECT_TRUE(fixture.host.questions.empty());
+        EXPECT_EQ(fixture.control<QCheckBox>("LatinCB").isChecked(), each.latin);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Switches, LookUpSources,
-                         testing::Values(SourcesCase{"None", false, false, false, "amor", ""},
-                                         SourcesCase{"Service", true, false, false, "amor", kAmorBlock},
-                                         SourcesCase{"ServiceWithoutAnAnswer", true, false, false, "xqz", kSorryBlock},
-                                         SourcesCase{"Latin", false, true, false, "amor", kWordsBlock},
-                                         SourcesCase{"User", false, false, true, "amor", kUserBlock},
-                                         SourcesCase{"UserWithoutAHit", false, false, true, "xqz", ""},
-                                         SourcesCase{"All", true, true, true, "amor",
-                                                     std::string(kAmorBlock) + kWordsBlock + kUserBlock},
-                                         SourcesCase{"EmptyWordLeavesAll", true, true, true, "", "of the last time"}),
-                         [](const auto& tested) { return tested.param.name; });
-
-TEST(LookUp, KeepsTheTextIfSoWishedAndScrollsToItsOwnStart) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.control<QCheckBox>("DontClearCB").setChecked(true);
-    fixture.EF().setWholeText(QString("x\n").repeated(200));
-    const int start = fixture.EF().textLength();
-    fixture.ask("amor");
-    fixture.EF().select(0, 0);
-    fixture.ask("xqz");
-    EXPECT_EQ(fixture.text().substr(static_cast<std::size_t>(start)), std::string(kAmorBlock) + kSorryBlock);
-    EXPECT_GT(fixture.EF().verticalScrollBar()->value(), 0);
+TEST_F(LookUp, KeepsTheTextOnRequestAndScrollsToItsOwnStart) {
+    openForLookUp();
+    control<QCheckBox>("DontClearCB").setChecked(true);
+    EF().setWholeText(QString("x\n").repeated(200));
+    const int start = EF().textLength();
+    ask("amor");
+    EF().select(0, 0);
+    ask("xqz");
+    EXPECT_EQ(text().substr(static_cast<std::size_t>(start)), std::string(kAmorBlock) + kSorryBlock);
+    EXPECT_GT(EF().verticalScrollBar()->value(), 0);
     for (int i = 0; i < 40; ++i)
-        fixture.ask("xqz");
-    fixture.EF().select(0, 0);
-    const int last = fixture.EF().textLength();
-    fixture.ask("amor");
-    QTextCursor cursor(fixture.EF().document());
+        ask("xqz");
+    EF().select(0, 0);
+    const int last = EF().textLength();
+    ask("amor");
+    QTextCursor cursor(EF().document());
     cursor.setPosition(last);
-    EXPECT_LE(fixture.EF().cursorRect(cursor).top(), fixture.EF().viewport()->height());
-    EXPECT_GE(fixture.EF().cursorRect(cursor).top(), 0);
+    EXPECT_LE(EF().cursorRect(cursor).top(), EF().viewport()->height());
+    EXPECT_GE(EF().cursorRect(cursor).top(), 0);
 }
 
-TEST(LookUp, InTheUserDictionaryAloneWritesAtTheInsertionPoint) {
-    SideFixture fixture;
-    fixture.addUserDictionary("Mine", "amor\tlove\n");
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.useUserDictionary(0);
-    fixture.control<QCheckBox>("DicAppCB").setChecked(false);
-    fixture.control<QCheckBox>("DontClearCB").setChecked(true);
-    fixture.EF().setWholeText("before after");
-    fixture.EF().select(6, 1);
-    fixture.ask("amor");
-    EXPECT_EQ(fixture.text(), std::string("before") + kUserBlock + "after");
+TEST_F(LookUp, InTheUserDictionaryAloneWritesAtTheInsertionPoint) {
+    addUserDictionary("Mine", "amor\tlove\n");
+    openForLookUp();
+    useUserDictionary(0);
+    control<QCheckBox>("DicAppCB").setChecked(false);
+    control<QCheckBox>("DontClearCB").setChecked(true);
+    EF().setWholeText("before after");
+    EF().select(6, 1);
+    ask("amor");
+    EXPECT_EQ(text(), std::string("before") + kUserBlock + "after");
 }
 
-TEST(LookUp, InTheServiceWritesAtTheEndWhateverIsTypedMeanwhile) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.host.onYield = [&] {
-        EXPECT_TRUE(fixture.busy.busy());
-        fixture.EF().select(0, 0);
-        QTest::keyClicks(&fixture.EF(), "xy");
-        fixture.EF().select(0, 0);
+TEST_F(LookUp, InTheServiceWritesAtTheEndWhileTheUserTypes) {
+    openForLookUp();
+    host.onYield = [&] {
+        EXPECT_TRUE(busy.busy());
+        EF().select(0, 0);
+        QTest::keyClicks(&EF(), "xy");
+        EF().select(0, 0);
     };
-    fixture.ask("amor");
-    EXPECT_EQ(fixture.text(), std::string("xy") + kAmorBlock);
+    ask("amor");
+    EXPECT_EQ(text(), std::string("xy") + kAmorBlock);
 }
 
-TEST(LookUp, ShowsUserHitsInTheirStyles) {
-    SideFixture fixture;
-    fixture.addUserDictionary("Mine", "amo__NUM__2\tto__BR__love\tnever shown\na__BR__b\nAMO\tx\n");
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.useUserDictionary(0);
-    fixture.control<QCheckBox>("DicAppCB").setChecked(false);
-    fixture.EF().setTextSize(12.7);
-    fixture.ask("amo");
+TEST_F(LookUp, ShowsUserHitsInTheirStyles) {
+    addUserDictionary("Mine", "amo__NUM__2\tto__BR__love\tnever shown\na__BR__b\nAMO\tx\n");
+    openForLookUp();
+    useUserDictionary(0);
+    control<QCheckBox>("DicAppCB").setChecked(false);
+    EF().setTextSize(12.7);
+    ask("amo");
     const std::string heading = "\n✜✜✜✜✜✜✜✜ Mine ✜✜✜✜✜✜✜✜\n\n";
-    EXPECT_EQ(fixture.text(), heading + "amo²\n\nto\nlove\n\n" + heading + "AMO\n\nx\n\n");
+    EXPECT_EQ(text(), heading + "amo²\n\nto\nlove\n\n" + heading + "AMO\n\nx\n\n");
 
     const auto styleAt = [&](const char* text) {
-        const QTextCursor cursor = fixture.EF().document()->find(QString::fromUtf8(text));
+        const QTextCursor cursor = EF().document()->find(QString::fromUtf8(text));
         return cursor.charFormat();
     };
     EXPECT_EQ(styleAt("Mine").foreground().color(), QColor(64, 128, 0));
@@ -134,168 +131,125 @@ TEST(LookUp, ShowsUserHitsInTheirStyles) {
     EXPECT_EQ(styleAt("love").fontPointSize(), 12);
     EXPECT_NE(styleAt("love").fontWeight(), QFont::Bold);
 
-    for (const double size : {10.0, 16.0}) {
-        fixture.EF().setTextSize(size);
-        fixture.ask("amo");
-        EXPECT_EQ(styleAt("love").fontPointSize(), size);
-        EXPECT_EQ(styleAt("x").fontPointSize(), size) << "the second hit is as large as the first";
-    }
-    fixture.ask("a__BR__b");
-    EXPECT_EQ(fixture.text(), heading + "a\nb\n\n\n\n");
+    EF().setTextSize(16);
+    ask("amo");
+    EXPECT_EQ(styleAt("love").fontPointSize(), 16);
+    EXPECT_EQ(styleAt("x").fontPointSize(), 16) << "the second hit is as large as the first";
+    ask("a__BR__b");
+    EXPECT_EQ(text(), heading + "a\nb\n\n\n\n");
 }
 
-TEST(LookUp, WithTheOptionKeySearchesTheMainWindowFirst) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.host.option.held = true;
-    bool wasBusy = false;
-    std::string textThen = "?";
-    fixture.main.onSearchAll = [&] {
-        wasBusy = fixture.busy.busy();
-        textThen = fixture.text();
+TEST_F(LookUp, WithTheOptionKeySearchesTheMainWindowFirst) {
+    openForLookUp();
+    host.option.held = true;
+    main.onSearchAll = [&] {
+        EXPECT_TRUE(busy.busy());
+        EXPECT_EQ(text(), "");
+        main.onSearchAll = nullptr;
     };
-    fixture.main.log.clear();
-    fixture.ask("amor");
-    ASSERT_GE(fixture.main.log.size(), 2U);
-    EXPECT_EQ(fixture.main.log[0], "text amor");
-    EXPECT_EQ(fixture.main.log[1], "search amor");
-    EXPECT_TRUE(wasBusy);
-    EXPECT_EQ(textThen, "");
-    EXPECT_EQ(fixture.text(), kAmorBlock);
+    main.log.clear();
+    ask("amor");
+    ASSERT_GE(main.log.size(), 2U);
+    EXPECT_EQ(main.log[0], "text amor");
+    EXPECT_EQ(main.log[1], "search amor");
+    EXPECT_EQ(text(), kAmorBlock);
 
-    fixture.main.log.clear();
-    fixture.ask("");
-    EXPECT_EQ(fixture.main.log[0], "text ");
-    EXPECT_EQ(fixture.main.log[1], "search ");
-    EXPECT_EQ(fixture.text(), kAmorBlock);
+    main.log.clear();
+    ask("");
+    EXPECT_EQ(main.log[0], "text ");
+    EXPECT_EQ(main.log[1], "search ");
+    EXPECT_EQ(text(), kAmorBlock);
 
-    fixture.side().findBar().setTarget(FindTarget::Find);
-    fixture.main.log.clear();
-    fixture.ask("love");
-    EXPECT_EQ(std::count(fixture.main.log.begin(), fixture.main.log.end(), "search love"), 0);
+    side().findBar().setTarget(FindTarget::Find);
+    main.log.clear();
+    ask("love");
+    EXPECT_EQ(std::count(main.log.begin(), main.log.end(), "search love"), 0);
 }
 
-TEST(LookUp, IsPutOffOnceWhileSomethingElseRuns) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
+TEST_F(LookUp, IsPutOffOnceWhileSomethingElseRuns) {
+    openForLookUp();
     {
-        const Busy guard(fixture.busy);
-        fixture.ask("xqz");
-        fixture.ask("amor");
-        EXPECT_EQ(fixture.text(), "");
+        const Busy guard(busy);
+        ask("xqz");
+        ask("amor");
+        EXPECT_EQ(text(), "");
     }
-    fixture.runPosted();
-    EXPECT_EQ(fixture.text(), kAmorBlock);
-    fixture.side().findBar().setTarget(FindTarget::Find);
-    const Busy guard(fixture.busy);
-    fixture.ask("love");
-    EXPECT_EQ(fixture.EF().SelLength(), 4) << "finding waits for nothing";
+    runPosted();
+    EXPECT_EQ(text(), kAmorBlock);
+    side().findBar().setTarget(FindTarget::Find);
+    const Busy guard(busy);
+    ask("love");
+    EXPECT_EQ(EF().SelLength(), 4) << "finding waits for nothing";
 }
 
-TEST(LookUp, InADictionaryWithoutAnIndexRaises) {
-    SideFixture fixture;
-    std::filesystem::create_directories(fixture.groupFolder.path() / "UserDictionaries/Empty");
-    fixture.open();
-    fixture.useUserDictionary(0);
-    const Busy guard(fixture.busy);
-    EXPECT_THROW(fixture.side().mSearchUserDictionary("amor"), NilObjectException);
-}
-
-TEST(Synchronising, LooksUpWhateverTheTargetIs) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.side().synchronise("amor");
-    EXPECT_EQ(fixture.text(), "");
-    fixture.control<QCheckBox>("SyncronizeCB").setChecked(true);
-    fixture.side().synchronise("amor");
-    EXPECT_EQ(fixture.text(), kAmorBlock);
-    EXPECT_EQ(fixture.FindEF().text(), "amor");
-    EXPECT_EQ(fixture.side().findBar().target(), FindTarget::Find);
-    EXPECT_EQ(std::count(fixture.main.log.begin(), fixture.main.log.end(), "search amor"), 0);
-}
-
-TEST(Synchronising, GivesTheTargetBackAfterAnException) {
-    SideFixture fixture;
-    std::filesystem::create_directories(fixture.groupFolder.path() / "UserDictionaries/Empty");
-    fixture.open();
-    fixture.useUserDictionary(0);
-    fixture.control<QCheckBox>("SyncronizeCB").setChecked(true);
-    EXPECT_THROW(fixture.side().synchronise("amor"), NilObjectException);
-    EXPECT_EQ(fixture.side().findBar().target(), FindTarget::Find);
-    EXPECT_FALSE(fixture.busy.busy());
-}
-
-TEST(Synchronising, IsPutOffWhileSomethingElseRuns) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.control<QCheckBox>("SyncronizeCB").setChecked(true);
+TEST_F(Synchronising, LooksUpForAnyTarget) {
+    open();
+    side().synchronise("amor");
+    EXPECT_EQ(text(), "");
+    control<QCheckBox>("SyncronizeCB").setChecked(true);
     {
-        const Busy guard(fixture.busy);
-        fixture.side().synchronise("amor");
-        EXPECT_EQ(fixture.text(), "");
+        const Busy guard(busy);
+        side().synchronise("amor");
+        EXPECT_EQ(text(), "") << "it is put off while something else runs";
     }
-    fixture.runPosted();
-    EXPECT_EQ(fixture.text(), kAmorBlock);
+    runPosted();
+    EXPECT_EQ(text(), kAmorBlock);
+    EXPECT_EQ(FindEF().text(), "amor");
+    EXPECT_EQ(side().findBar().target(), FindTarget::Find);
+    EXPECT_EQ(std::count(main.log.begin(), main.log.end(), "search amor"), 0);
 }
 
-struct TickCase {
-    const char* name;
-    const char* program; ///< nothing: it is not there
-    bool staysOn;
-};
+TEST_F(Synchronising, GivesTheTargetBackAfterAnException) {
+    std::filesystem::create_directories(groupFolder.path() / "UserDictionaries/Empty");
+    open();
+    useUserDictionary(0);
+    control<QCheckBox>("SyncronizeCB").setChecked(true);
+    EXPECT_THROW(side().synchronise("amor"), NilObjectException);
+    EXPECT_EQ(side().findBar().target(), FindTarget::Find);
+    EXPECT_FALSE(busy.busy());
+}
 
-class TickingLatin : public testing::TestWithParam<TickCase> {};
-
-TEST_P(TickingLatin, TriesTheProgram) {
-    SideFixture fixture;
-    if (GetParam().program != nullptr)
-        fixture.installWords(GetParam().program);
-    fixture.open();
-    fixture.EF().setWholeText("kept\n");
-    QCheckBox& box = fixture.control<QCheckBox>("LatinCB");
-    box.click();
-    EXPECT_EQ(box.isChecked(), GetParam().staysOn);
-    if (GetParam().staysOn) {
-        EXPECT_TRUE(fixture.host.questions.empty());
-        EXPECT_EQ(fixture.text(),
-                  "kept\n✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\n0 arguments\n\n\n");
-    } else {
-        EXPECT_EQ(fixture.host.questions,
-                  (std::vector<std::string>{
-                      "To use this function, you have to install Words made by Mr. Ansel Corrigan. Do you want to go "
-                      "to his home page ?\r"}));
-        EXPECT_EQ(fixture.text(), "kept\n");
+TEST(TickingLatin, TriesTheProgram) {
+    const struct {
+        const char* name;
+        const char* program; ///< nothing: it is not there
+        bool staysOn;
+    } cases[] = {{"Answers", "echo $# arguments", true},
+                 {"Fails", "echo $# arguments; exit 1", false},
+                 {"IsNotThere", nullptr, false},
+                 {"IsEndless", "yes", false}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        SideFixture fixture;
+        if (each.program != nullptr)
+            fixture.installWords(each.program);
+        fixture.open();
+        fixture.EF().setWholeText("kept\n");
+        QCheckBox& box = fixture.control<QCheckBox>("LatinCB");
+        box.click();
+        EXPECT_EQ(box.isChecked(), each.staysOn);
+        if (each.staysOn) {
+            EXPECT_TRUE(fixture.host.questions.empty());
+            EXPECT_EQ(fixture.text(), "kept\n" + wordsBlock("0 arguments\n"));
+        } else {
+            EXPECT_EQ(
+                fixture.host.questions,
+                (std::vector<std::string>{
+                    "To use this function, you have to install Words made by Mr. Ansel Corrigan. Do you want to go "
+                    "to his home page ?\r"}));
+            EXPECT_EQ(fixture.text(), "kept\n");
+        }
+        EXPECT_EQ(fixture.preferences.read("temp.sh"),
+                  "cd " + fixture.words.path().string() + "/\n" + fixture.words.path().string() + "/words");
     }
-    EXPECT_EQ(fixture.preferences.read("temp.sh"),
-              "cd " + fixture.words.path().string() + "/\n" + fixture.words.path().string() + "/words");
 }
 
-INSTANTIATE_TEST_SUITE_P(Programs, TickingLatin,
-                         testing::Values(TickCase{"Answers", "echo $# arguments", true},
-                                         TickCase{"Fails", "echo $# arguments; exit 1", false},
-                                         TickCase{"IsNotThere", nullptr, false}, TickCase{"IsEndless", "yes", false}),
-                         [](const auto& tested) { return tested.param.name; });
-
-TEST(Latin, FailingInALookUpIsSilentAndLeavesTheBoxOn) {
-    SideFixture fixture;
-    fixture.open();
-    fixture.side().findBar().setTarget(FindTarget::DicApp);
-    fixture.control<QCheckBox>("LatinCB").setChecked(true);
-    fixture.ask("amor");
-    EXPECT_EQ(fixture.text(), kAmorBlock);
-    EXPECT_TRUE(fixture.host.questions.empty());
-    EXPECT_TRUE(fixture.control<QCheckBox>("LatinCB").isChecked());
-}
-
-TEST(Latin, SilenceIsAnAnswer) {
-    SideFixture fixture;
-    fixture.installWords("exit 0");
-    fixture.open();
-    const Busy guard(fixture.busy);
-    EXPECT_TRUE(fixture.side().mLatinWORDS("amor"));
-    EXPECT_EQ(fixture.text(), "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\n\n\n");
+TEST_F(Latin, SilenceIsAnAnswer) {
+    installWords("exit 0");
+    open();
+    const Busy guard(busy);
+    EXPECT_TRUE(side().mLatinWORDS("amor"));
+    EXPECT_EQ(text(), wordsBlock(""));
 }
 
 /// WORDS hangs, asked with or without a word.
@@ -303,7 +257,7 @@ class HangingLatin : public testing::TestWithParam<bool> {
   protected:
     HangingLatin() {
         fixture_.installWords("sleep 1000");
-        fixture_.open().findBar().setTarget(FindTarget::DicApp);
+        fixture_.openForLookUp();
         fixture_.control<QCheckBox>("DicAppCB").setChecked(false);
     }
     void ask() {
@@ -352,32 +306,29 @@ TEST_P(HangingLatin, EndsWhenTheMainWindowIsToClose) {
 INSTANTIATE_TEST_SUITE_P(Latin, HangingLatin, testing::Bool(),
                          [](const auto& tested) { return tested.param ? "LookUp" : "Ticking"; });
 
-TEST(Latin, RunningWhenTheWindowIsShutEndsWithIt) {
-    SideFixture fixture;
-    fixture.installWords("sleep 1000");
-    SubWindow& side = fixture.open();
-    side.findBar().setTarget(FindTarget::DicApp);
-    fixture.control<QCheckBox>("LatinCB").setChecked(true);
-    fixture.control<QCheckBox>("DicAppCB").setChecked(false);
+TEST_F(Latin, RunningWhenTheWindowIsShutEndsWithIt) {
+    installWords("sleep 1000");
+    SubWindow& side = openForLookUp();
+    control<QCheckBox>("LatinCB").setChecked(true);
+    control<QCheckBox>("DicAppCB").setChecked(false);
     const QPointer<SubWindow> watched(&side);
-    fixture.host.onYield = [&] {
+    host.onYield = [&] {
         side.shut();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         ASSERT_FALSE(watched.isNull()) << "it is still running";
     };
-    fixture.ask("amor");
-    EXPECT_TRUE(std::filesystem::exists(fixture.groupFolder.path() / "Subwindow"));
+    ask("amor");
+    EXPECT_TRUE(std::filesystem::exists(groupFolder.path() / "Subwindow"));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(watched.isNull());
 }
 
-TEST(DisplayingResults, InAPopupAddsRowsWithTags) {
-    SideFixture fixture;
+TEST_F(DisplayingResults, InAPopupAddsRowsWithTags) {
     DictionaryModule module;
     module.pResult = {"one__DLM__first", "two"};
     PopupMenu popup;
     popup.AddRow("kept");
-    mDisplayResult(module, "Mine", true, &popup, nullptr, fixture.host);
+    mDisplayResult(module, "Mine", true, &popup, nullptr, host);
     ASSERT_EQ(popup.rowCount(), 3);
     EXPECT_EQ(popup.List(1), "one");
     EXPECT_EQ(std::any_cast<std::string>(popup.Tag(1)), "first");

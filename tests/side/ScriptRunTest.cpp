@@ -1,6 +1,8 @@
 #include "side/ScriptRun.h"
 
+#include "side/LookUpText.h"
 #include "support/TempFolder.h"
+#include "text/NilObjectException.h"
 
 #include <fstream>
 #include <sstream>
@@ -12,43 +14,31 @@ namespace {
 
 using End = ScriptResult::End;
 
-struct RunCase {
-    const char* name;
-    const char* script;
-    End end;
-    int exitStatus;
-    const char* output;
-};
+TEST(ScriptRun, EndsAsTheShellDoes) {
+    const struct {
+        const char* name;
+        const char* script;
+        End end;
+        int exitStatus;
+        std::string output;
+    } cases[] = {{"Success", "printf 'a\\nb'", End::Exited, 0, "a\nb"},
+                 {"AnyBytes", "printf 'a\\000\\377\\r\\n'", End::Exited, 0, std::string("a\0\xFF\r\n", 5)},
+                 {"Failure", "echo lost; exit 3", End::Exited, 3, "lost\n"},
+                 {"NoSuchProgram", "/no/such/program", End::Exited, 127, ""},
 
-class ScriptRun : public testing::TestWithParam<RunCase> {};
-
-TEST_P(ScriptRun, EndsAs) {
-    const test::TempFolder folder;
-    const ScriptResult result = runScript(folder.write("s.sh", GetParam().script), [] { return true; });
-    EXPECT_EQ(result.end, GetParam().end);
-    EXPECT_EQ(result.exitStatus, GetParam().exitStatus);
-    EXPECT_EQ(result.output, GetParam().output);
-    EXPECT_EQ(result.ok(), GetParam().end == End::Exited && GetParam().exitStatus == 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Scripts, ScriptRun,
-    testing::Values(RunCase{"Success", "printf 'a\\nb'", End::Exited, 0, "a\nb"},
-                    RunCase{"Silence", "true", End::Exited, 0, ""},
-                    RunCase{"Failure", "echo lost; exit 3", End::Exited, 3, "lost\n"},
-                    RunCase{"NoSuchProgram", "/no/such/program", End::Exited, 127, ""},
-                    RunCase{"LastCommandDecides", "cd /no/such/folder\necho x", End::Exited, 0, "x\n"},
-                    RunCase{"UnendedQuote", "echo 'x", End::Exited, 2, ""},
-                    RunCase{"NothingToRead", "cat; echo end", End::Exited, 0, "end\n"},
-                    RunCase{"ErrorOutputIsLeftOut", "echo x >&2; echo y", End::Exited, 0, "y\n"},
-                    RunCase{"ClosesItsOutputAndGoesOn", "echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
-                    RunCase{"EndsBySignal", "kill -TERM $$", End::Killed, -1, ""}),
-    [](const auto& tested) { return tested.param.name; });
-
-TEST(ScriptRunOutput, IsTakenByteForByte) {
-    const test::TempFolder folder;
-    const ScriptResult result = runScript(folder.write("s.sh", "printf 'a\\000\\377\\r\\n'"), [] { return true; });
-    EXPECT_EQ(result.output, std::string("a\0\xFF\r\n", 5));
+                 {"NothingToRead", "cat; echo end", End::Exited, 0, "end\n"},
+                 {"ErrorOutputIsLeftOut", "echo x >&2; echo y", End::Exited, 0, "y\n"},
+                 {"ClosesItsOutputAndGoesOn", "echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
+                 {"EndsBySignal", "kill -TERM $$", End::Killed, -1, ""}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        const test::TempFolder folder;
+        const ScriptResult result = runScript(folder.write("s.sh", each.script), [] { return true; });
+        EXPECT_EQ(result.end, each.end);
+        EXPECT_EQ(result.exitStatus, each.exitStatus);
+        EXPECT_EQ(result.output, each.output);
+        EXPECT_EQ(result.ok(), each.end == End::Exited && each.exitStatus == 0);
+    }
 }
 
 TEST(ScriptRunOutput, WithoutEndIsCutOffAndIsAFailure) {
@@ -106,7 +96,7 @@ TEST(ScriptRunStop, EndsTheWholeGroup) {
     EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
 }
 
-TEST(ScriptRunStop, WhatAScriptLeavesBehindIsNotWaitedForAndEnds) {
+TEST(ScriptRunStop, BackgroundProcessesAreEndedWithoutWaiting) {
     const test::TempFolder folder;
     const auto pids = folder.path() / "pid";
     const auto script = folder.write("s.sh", "sleep 1000 & echo $! > '" + pids.string() + "'; echo done");
@@ -114,6 +104,14 @@ TEST(ScriptRunStop, WhatAScriptLeavesBehindIsNotWaitedForAndEnds) {
     EXPECT_TRUE(result.ok());
     EXPECT_EQ(result.output, "done\n");
     EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
+}
+
+TEST(WordsScript, JoinsTheWordUnescaped) {
+    EXPECT_EQ(wordsScript("d'amor"), "cd /usr/local/lib/words/\n/usr/local/lib/words/words 'd'amor'");
+}
+
+TEST(WordsScript, ThatCannotBeWrittenRaises) {
+    EXPECT_THROW(runWords(FolderItem("/no/such/folder"), "amor", [] { return true; }), NilObjectException);
 }
 
 } // namespace

@@ -45,7 +45,7 @@ const char* const kAmorBlock = "\n✜✜✜✜✜✜✜✜ Dictionary.app ✜✜
 SideFixture::SideFixture() {
     main.group = FolderItem(groupFolder.path());
     DictdFixture().entry("amor", "love").writeTo(dictd, "lat");
-    // What is not asked for by a test stays out of the way of the pointer.
+    // No control is under the pointer unless a test moves it there.
     QCursor::setPos(0, 0);
 }
 
@@ -69,6 +69,11 @@ SubWindow& SideFixture::open(Hanging hanging) {
                                        .clock = [this] { return now; }},
                           hanging);
     side_->open();
+    return *side_;
+}
+
+SubWindow& SideFixture::openForLookUp() {
+    open().findBar().setTarget(FindTarget::DicApp);
     return *side_;
 }
 

@@ -11,13 +11,15 @@
 
 #include <QMainWindow>
 
+#include <gtest/gtest.h>
+
 #include <chrono>
 #include <string>
 #include <vector>
 
 namespace velmarin::test {
 
-/// A main window that keeps what it is told.
+/// A main window that records its calls.
 class RecordedMainWindow : public MainWindowLink {
   public:
     RecordedMainWindow() { frame.setGeometry(100, 100, 838, 809); }
@@ -44,8 +46,8 @@ class RecordedMainWindow : public MainWindowLink {
     void hideProgress() override { log.emplace_back("no bar"); }
 };
 
-/// A group on disk with one main window, a dictionary service that knows "amor", and what it takes to open side
-/// windows. WORDS is not there until `installWords`.
+/// A group on disk with one main window, a dictionary service that knows "amor", and what side windows need.
+/// WORDS is missing until `installWords`.
 class SideFixture {
   public:
     SideFixture();
@@ -53,6 +55,8 @@ class SideFixture {
 
     SubWindow& open(Hanging hanging = Hanging::Window);
     SubWindow& side() { return *side_; }
+    /// Opens a window whose Return key looks words up.
+    SubWindow& openForLookUp();
     /// Shuts the window and opens another one.
     SubWindow& reopen();
 
@@ -92,6 +96,9 @@ class SideFixture {
   private:
     QPointer<SubWindow> side_;
 };
+
+/// A test with a fixture of its own.
+class SideTest : public testing::Test, public SideFixture {};
 
 /// The block that the service's answer for "amor" gives.
 extern const char* const kAmorBlock;

@@ -13,30 +13,25 @@ namespace velmarin {
 namespace {
 
 using test::SideFixture;
+using SideHangsAsWindow = test::SideTest;
+using SideHangsAsPanel = test::SideTest;
 
-struct HangCase {
-    const char* name;
-    QRect frame, content;
-    int width;
-    QRect place;
-};
-
-class SideHangs : public testing::TestWithParam<HangCase> {};
-
-TEST_P(SideHangs, At) {
-    EXPECT_EQ(placeBeside(GetParam().frame, GetParam().content, GetParam().width, QRect(0, 0, 1920, 1080)),
-              GetParam().place);
+TEST(SideHangs, At) {
+    const struct {
+        const char* name;
+        QRect frame, content;
+        int width;
+        QRect place;
+    } cases[] = {{"FlushWithTheFrame", {100, 100, 842, 840}, {102, 129, 838, 809}, 352, {942, 129, 352, 809}},
+                 {"OverlapsWhereTheScreenEnds", {900, 0, 900, 840}, {900, 30, 900, 810}, 352, {1568, 30, 352, 810}},
+                 {"JustFits", {0, 0, 1568, 840}, {0, 30, 1568, 810}, 352, {1568, 30, 352, 810}},
+                 {"MainWindowOffTheScreen", {1900, 0, 900, 840}, {1900, 30, 900, 810}, 352, {1568, 30, 352, 810}},
+                 {"WiderThanTheScreen", {100, 0, 900, 840}, {100, 30, 900, 810}, 3000, {0, 30, 3000, 810}}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(placeBeside(each.frame, each.content, each.width, QRect(0, 0, 1920, 1080)), each.place);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Screens, SideHangs,
-    testing::Values(
-        HangCase{"FlushWithTheFrame", {100, 100, 842, 840}, {102, 129, 838, 809}, 352, {942, 129, 352, 809}},
-        HangCase{"OverlapsWhereTheScreenEnds", {900, 0, 900, 840}, {900, 30, 900, 810}, 352, {1568, 30, 352, 810}},
-        HangCase{"JustFits", {0, 0, 1568, 840}, {0, 30, 1568, 810}, 352, {1568, 30, 352, 810}},
-        HangCase{"MainWindowOffTheScreen", {1900, 0, 900, 840}, {1900, 30, 900, 810}, 352, {1568, 30, 352, 810}},
-        HangCase{"WiderThanTheScreen", {100, 0, 900, 840}, {100, 30, 900, 810}, 3000, {0, 30, 3000, 810}}),
-    [](const auto& tested) { return tested.param.name; });
 
 TEST(SideHangsAs, APanelWhereNoProgramPlacesItsWindows) {
     EXPECT_EQ(hangingFor("wayland"), Hanging::Panel);
@@ -45,30 +40,28 @@ TEST(SideHangsAs, APanelWhereNoProgramPlacesItsWindows) {
     EXPECT_EQ(hangingFor("offscreen"), Hanging::Window);
 }
 
-TEST(SideHangsAsWindow, FollowsTheMainWindow) {
-    SideFixture fixture;
-    fixture.main.frame.setGeometry(10, 10, 300, 500);
-    SubWindow& side = fixture.open();
+TEST_F(SideHangsAsWindow, FollowsTheMainWindow) {
+    main.frame.setGeometry(10, 10, 300, 500);
+    SubWindow& side = open();
     const auto expected = [&] {
-        return placeBeside(fixture.main.frame.frameGeometry(), fixture.main.frame.geometry(), side.width(),
+        return placeBeside(main.frame.frameGeometry(), main.frame.geometry(), side.width(),
                            side.screen()->availableGeometry());
     };
     EXPECT_TRUE(side.isWindow());
     EXPECT_EQ(side.geometry(), expected());
-    fixture.main.frame.move(40, 20);
+    main.frame.move(40, 20);
     EXPECT_EQ(side.geometry(), expected());
-    fixture.main.frame.resize(280, 400);
+    main.frame.resize(280, 400);
     EXPECT_EQ(side.geometry(), expected());
     EXPECT_EQ(side.height(), 400);
 }
 
-TEST(SideHangsAsWindow, IsMadeWiderAtItsFreeEdge) {
-    SideFixture fixture;
-    fixture.main.frame.setGeometry(0, 0, 200, 500);
-    SubWindow& side = fixture.open();
+TEST_F(SideHangsAsWindow, IsMadeWiderAtItsFreeEdge) {
+    main.frame.setGeometry(0, 0, 200, 500);
+    SubWindow& side = open();
     const int before = side.width();
     const int left = side.x();
-    auto& grip = fixture.control<QWidget>("EdgeGrip");
+    auto& grip = control<QWidget>("EdgeGrip");
     ASSERT_GT(grip.x(), side.width() / 2);
     const QPoint from = grip.mapToGlobal(QPoint(2, 100));
     const auto drag = [&](QEvent::Type type, int by) {
@@ -84,7 +77,7 @@ TEST(SideHangsAsWindow, IsMadeWiderAtItsFreeEdge) {
     EXPECT_EQ(side.width(), 350);
 }
 
-TEST(SideHangsAsWindow, KeepsTheWidthThatWasAskedForWhenTheDesktopRoundsIt) {
+TEST(SideWidth, KeepsTheWidthThatWasAskedForWhenTheDesktopRoundsIt) {
     for (const auto& [given, kept] : {std::pair{399, "400\n"}, std::pair{401, "400\n"}, std::pair{390, "390\n"}}) {
         SideFixture fixture;
         fixture.groupFolder.write("Subwindow", "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
@@ -96,19 +89,18 @@ TEST(SideHangsAsWindow, KeepsTheWidthThatWasAskedForWhenTheDesktopRoundsIt) {
     }
 }
 
-TEST(SideHangsAsPanel, StandsInsideTheMainWindow) {
-    SideFixture fixture;
-    fixture.groupFolder.write("Subwindow", "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
-    fixture.main.frame.setCentralWidget(new QWidget);
-    SubWindow& side = fixture.open(Hanging::Panel);
-    EXPECT_FALSE(side.isWindow());
-    EXPECT_TRUE(side.isVisible());
-    EXPECT_EQ(side.window(), &fixture.main.frame);
-    EXPECT_EQ(side.width(), 400);
-    EXPECT_EQ(side.mapTo(&fixture.main.frame, QPoint(side.width(), 0)).x(), fixture.main.frame.width());
-    fixture.reopen();
-    EXPECT_EQ(fixture.main.frame.findChildren<QDockWidget*>().size(), 1);
-    EXPECT_EQ(fixture.side().width(), 400);
+TEST_F(SideHangsAsPanel, IsInsideTheMainWindow) {
+    groupFolder.write("Subwindow", "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
+    main.frame.setCentralWidget(new QWidget);
+    open(Hanging::Panel);
+    EXPECT_FALSE(side().isWindow());
+    EXPECT_TRUE(side().isVisible());
+    EXPECT_EQ(side().window(), &main.frame);
+    EXPECT_EQ(side().width(), 400);
+    EXPECT_EQ(side().mapTo(&main.frame, QPoint(side().width(), 0)).x(), main.frame.width());
+    reopen();
+    EXPECT_EQ(main.frame.findChildren<QDockWidget*>().size(), 1);
+    EXPECT_EQ(side().width(), 400);
 }
 
 } // namespace

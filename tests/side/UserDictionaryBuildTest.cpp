@@ -4,12 +4,10 @@
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"
 
-#include <csignal>
 #include <filesystem>
 
 #include <gtest/gtest.h>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace velmarin {
@@ -50,63 +48,57 @@ struct Built {
     }
 };
 
-struct BuildCase {
+const struct {
     const char* name;
     std::string source;
     std::string text;
     std::string index;
     int lines;
     int notUtf8 = 0;
-};
+} kSources[] = {
+    {"Plain", "b\tsecond\na\tfirst\n", "b\tsecond\na\tfirst\n", "A\t1\nB\t0\n", 2},
+    {"Empty", "", "", "", 0},
+    {"LastLineWithoutEnd", "b\nA", "b\nA", "A\t1\nB\t0\n", 2},
+    {"BlankLineKeepsTheNumbersInStep", "b\n\na\n", "b\n\na\n", "\t1\nA\t2\nB\t0\n", 3},
+    {"Homographs", "amo__NUM__1\tx\namo__NUM__2\ty\n", "amo¹\tx\namo²\ty\n", "AMO\t0\nAMO\t1\n", 2},
+    {"AllSuperscripts", "a__NUM__1__NUM__2__NUM__3__NUM__4__NUM__5__NUM__6__NUM__7__NUM__8__NUM__9__NUM__0",
+     "a¹²³⁴⁵⁶⁷⁸⁹-0", "A\t0\n", 1},
+    {"TwelveIsOneAndATwo", "amo__NUM__12", "amo¹2", "AMO\t0\n", 1},
+    {"MarkerAtTheStartLeavesNoWord", "__NUM__3x\ty", "³x\ty", "\t0\n", 1},
+    {"MarkerInAMeaning", "amo\tsee __NUM__2, a__NUM__b", "amo\tsee ², a-b", "AMO\t0\n", 1},
+    {"MarkerInSmallLettersCutsAsWell", "amo__num__2", "amo²", "AMO\t0\n", 1},
+    {"OverlappingMarkersGoByTheOrderOfTheTable", "__NUM__NUM__1", "__NUM¹", "\t0\n", 1},
+    {"BreaksAndDelimitersStay", "a__BR__b\tc__BR__d__DLM__e", "a__BR__b\tc__BR__d__DLM__e", "A__BR__B\t0\n", 1},
+    {"LineEndsStay", "b\r\na\rc\n", "b\r\na\rc\n", "A\t1\nB\t0\nC\t2\n", 3},
+    {"ByteOrderMarkBelongsToNoWord",
+     "\xEF\xBB\xBF"
+     "a\tx\n",
+     "\xEF\xBB\xBF"
+     "a\tx\n",
+     "A\t0\n", 1},
+    {"Latin1StaysByteForByte", "caf\xE9\tbar\nok\tna\xEFve\nfine\n", "caf\xE9\tbar\nok\tna\xEFve\nfine\n",
+     "CAF\xE9\t0\nFINE\t2\nOK\t1\n", 3, 2},
+    {"Latin1BesideAMarker", "caf\xE9__NUM__1\t\xFF\n", "caf\xE9¹\t\xFF\n", "CAF\xE9\t0\n", 1, 1},
+    {"NulStays", "a\0b\tc\n"s, "a\0b\tc\n"s, "A\0B\t0\n"s, 1},
+    {"WordBeforeItsExtensions", "amor\namo\n", "amor\namo\n", "AMO\t1\nAMOR\t0\n", 2},
+    {"KanaAndAccents", "アモ\nÉté\n", "アモ\nÉté\n", "ETE\t1\nあも\t0\n", 2},
+    {"TenBeforeTwo", "a\na\na\na\na\na\na\na\na\na\na\na\n", "a\na\na\na\na\na\na\na\na\na\na\na\n",
+     "A\t0\nA\t1\nA\t10\nA\t11\nA\t2\nA\t3\nA\t4\nA\t5\nA\t6\nA\t7\nA\t8\nA\t9\n", 12}};
 
-class BuildingAUserDictionary : public testing::TestWithParam<BuildCase> {};
-
-TEST_P(BuildingAUserDictionary, WritesTextAndIndex) {
-    const BuildCase& tested = GetParam();
-    const Built built(tested.source);
-    ASSERT_TRUE(built.result.ok) << built.result.reason;
-    EXPECT_EQ(built.folder.read("Latin/Text.txt"), tested.text);
-    EXPECT_EQ(built.folder.read("Latin/Index.txt"), tested.index);
-    EXPECT_EQ(built.result.lines, tested.lines);
-    EXPECT_EQ(built.result.linesNotUtf8, tested.notUtf8);
-    EXPECT_EQ(FolderItem(built.folder.path() / "Latin").items().size(), 2U);
+TEST(BuildingAUserDictionary, WritesTextAndIndex) {
+    for (const auto& tested : kSources) {
+        SCOPED_TRACE(tested.name);
+        const Built built(tested.source);
+        ASSERT_TRUE(built.result.ok) << built.result.reason;
+        EXPECT_EQ(built.folder.read("Latin/Text.txt"), tested.text);
+        EXPECT_EQ(built.folder.read("Latin/Index.txt"), tested.index);
+        EXPECT_EQ(built.result.lines, tested.lines);
+        EXPECT_EQ(built.result.linesNotUtf8, tested.notUtf8);
+        EXPECT_EQ(FolderItem(built.folder.path() / "Latin").items().size(), 2U);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Sources, BuildingAUserDictionary,
-    testing::Values(
-        BuildCase{"Plain", "b\tsecond\na\tfirst\n", "b\tsecond\na\tfirst\n", "A\t1\nB\t0\n", 2},
-        BuildCase{"Empty", "", "", "", 0}, BuildCase{"LastLineWithoutEnd", "b\nA", "b\nA", "A\t1\nB\t0\n", 2},
-        BuildCase{"BlankLineKeepsTheNumbersInStep", "b\n\na\n", "b\n\na\n", "\t1\nA\t2\nB\t0\n", 3},
-        BuildCase{"Homographs", "amo__NUM__1\tx\namo__NUM__2\ty\n", "amo¹\tx\namo²\ty\n", "AMO\t0\nAMO\t1\n", 2},
-        BuildCase{"AllSuperscripts",
-                  "a__NUM__1__NUM__2__NUM__3__NUM__4__NUM__5__NUM__6__NUM__7__NUM__8__NUM__9__NUM__0", "a¹²³⁴⁵⁶⁷⁸⁹-0",
-                  "A\t0\n", 1},
-        BuildCase{"TwelveIsOneAndATwo", "amo__NUM__12", "amo¹2", "AMO\t0\n", 1},
-        BuildCase{"MarkerAtTheStartLeavesNoWord", "__NUM__3x\ty", "³x\ty", "\t0\n", 1},
-        BuildCase{"MarkerInAMeaning", "amo\tsee __NUM__2, a__NUM__b", "amo\tsee ², a-b", "AMO\t0\n", 1},
-        BuildCase{"MarkerInSmallLettersCutsAsWell", "amo__num__2", "amo²", "AMO\t0\n", 1},
-        BuildCase{"OverlappingMarkersGoByTheOrderOfTheTable", "__NUM__NUM__1", "__NUM¹", "\t0\n", 1},
-        BuildCase{"BreaksAndDelimitersStay", "a__BR__b\tc__BR__d__DLM__e", "a__BR__b\tc__BR__d__DLM__e",
-                  "A__BR__B\t0\n", 1},
-        BuildCase{"LineEndsStay", "b\r\na\rc\n", "b\r\na\rc\n", "A\t1\nB\t0\nC\t2\n", 3},
-        BuildCase{"ByteOrderMarkBelongsToNoWord",
-                  "\xEF\xBB\xBF"
-                  "a\tx\n",
-                  "\xEF\xBB\xBF"
-                  "a\tx\n",
-                  "A\t0\n", 1},
-        BuildCase{"Latin1StaysByteForByte", "caf\xE9\tbar\nok\tna\xEFve\nfine\n", "caf\xE9\tbar\nok\tna\xEFve\nfine\n",
-                  "CAF\xE9\t0\nFINE\t2\nOK\t1\n", 3, 2},
-        BuildCase{"Latin1BesideAMarker", "caf\xE9__NUM__1\t\xFF\n", "caf\xE9¹\t\xFF\n", "CAF\xE9\t0\n", 1, 1},
-        BuildCase{"NulStays", "a\0b\tc\n"s, "a\0b\tc\n"s, "A\0B\t0\n"s, 1},
-        BuildCase{"WordBeforeItsExtensions", "amor\namo\n", "amor\namo\n", "AMO\t1\nAMOR\t0\n", 2},
-        BuildCase{"KanaAndAccents", "アモ\nÉté\n", "アモ\nÉté\n", "ETE\t1\nあも\t0\n", 2},
-        BuildCase{"TenBeforeTwo", "a\na\na\na\na\na\na\na\na\na\na\na\n", "a\na\na\na\na\na\na\na\na\na\na\na\n",
-                  "A\t0\nA\t1\nA\t10\nA\t11\nA\t2\nA\t3\nA\t4\nA\t5\nA\t6\nA\t7\nA\t8\nA\t9\n", 12}),
-    [](const auto& tested) { return tested.param.name; });
-
-TEST(BuildProgressTold, InTheOrderOfThePasses) {
+TEST(BuildProgress, IsReportedInTheOrderOfThePasses) {
     std::string source;
     for (int line = 0; line < 2500; ++line)
         source += "x\n";
@@ -120,31 +112,21 @@ TEST(BuildProgressTold, InTheOrderOfThePasses) {
     EXPECT_GT(built.progress.yields, 3 * 2500);
 }
 
-TEST(BuildAgain, RefusesRemovesOrSavesTheEarlierPair) {
+TEST(BuildAgain, OneFileOfAnEarlierPairIsRefusedOrSavedToo) {
     Built built("old\tx\n");
     const FolderItem source(built.folder.write("source.txt", "new\ty\n"));
-    const FolderItem desktop(built.folder.path() / "Desktop");
-    const auto build = [&](EarlierPair earlier) {
-        return buildUserDictionary(source, built.dictionary(), built.progress, earlier, desktop);
+    const auto build = [&](EarlierPair earlier, const fs::path& desktop) {
+        return buildUserDictionary(source, built.dictionary(), built.progress, earlier, FolderItem(desktop));
     };
-    EXPECT_TRUE(build(EarlierPair::Refused).earlierRefused);
-    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
-    EXPECT_TRUE(build(EarlierPair::Saved).ok);
-    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Text.txt"), "old\tx\n");
-    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Index.txt"), "OLD\t0\n");
-    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
-    EXPECT_EQ(built.folder.read("Latin/Index.txt"), "NEW\t0\n");
-    EXPECT_TRUE(build(EarlierPair::Removed).ok);
-    EXPECT_EQ(desktop.items().size(), 1U);
-    EXPECT_EQ(built.dictionary().items().size(), 2U);
-    // One file of the pair is enough, and a file in the place of the desktop keeps it where it is.
     fs::remove(built.folder.path() / "Latin/Index.txt");
-    EXPECT_TRUE(build(EarlierPair::Refused).earlierRefused);
-    built.folder.write("file", "");
-    EXPECT_FALSE(buildUserDictionary(source, built.dictionary(), built.progress, EarlierPair::Saved,
-                                     FolderItem(built.folder.path() / "file"))
-                     .ok);
-    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "new\ty\n");
+    EXPECT_TRUE(build(EarlierPair::Refused, {}).earlierRefused);
+    EXPECT_FALSE(build(EarlierPair::Saved, built.folder.write("file", "")).ok) << "it cannot be saved there";
+    EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
+    EXPECT_TRUE(build(EarlierPair::Saved, built.folder.path() / "Desktop").ok);
+    EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Text.txt"), "old\tx\n");
+    EXPECT_TRUE(build(EarlierPair::Removed, built.folder.path() / "Desktop").ok);
+    EXPECT_EQ(FolderItem(built.folder.path() / "Desktop").items().size(), 1U);
+    EXPECT_EQ(built.dictionary().items().size(), 2U);
 }
 
 TEST(BuildOfALongSource, IsTheSameWhereverItsPiecesEnd) {
@@ -161,74 +143,43 @@ TEST(BuildOfALongSource, IsTheSameWhereverItsPiecesEnd) {
     }
 }
 
-struct RefusalCase {
-    const char* name;
-    void (*prepare)(const Built&);
-    const char* source;
-    const char* reason;
-};
-
-class BuildRefused : public testing::TestWithParam<RefusalCase> {};
-
-TEST_P(BuildRefused, LeavesAnEarlierDictionaryAsItIs) {
-    const Built earlier("old\tx\n");
-    RecordedProgress progress;
-    if (GetParam().prepare != nullptr)
-        GetParam().prepare(earlier);
-    const BuildResult result = buildUserDictionary(FolderItem(earlier.folder.path() / GetParam().source),
-                                                   earlier.dictionary(), progress, EarlierPair::Removed);
-    EXPECT_FALSE(result.ok);
-    EXPECT_NE(result.reason.find(GetParam().reason), std::string::npos) << result.reason;
-    if (fs::is_regular_file(earlier.folder.path() / "Latin/Text.txt")) {
-        EXPECT_EQ(earlier.folder.read("Latin/Text.txt"), "old\tx\n");
-    }
-    EXPECT_EQ(earlier.folder.read("Latin/Index.txt"), "OLD\t0\n");
-    EXPECT_EQ(FolderItem(earlier.folder.path() / "Latin").items().size(), 2U);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Reasons, BuildRefused,
-    testing::Values(RefusalCase{"MissingSource", nullptr, "none.txt", "could not be read"},
-                    RefusalCase{"FolderAsSource", nullptr, "Latin", "could not be read"},
-                    RefusalCase{"FifoAsSource",
-                                [](const Built& b) { ::mkfifo((b.folder.path() / "fifo").c_str(), 0600); }, "fifo",
-                                "could not be read"},
-                    RefusalCase{"SourceIsTheTextItself", nullptr, "Latin/Text.txt", "is the data file itself"},
-                    RefusalCase{"LinkToTheTextItself",
-                                [](const Built& b) {
-                                    fs::create_symlink(b.folder.path() / "Latin/Text.txt", b.folder.path() / "link");
-                                },
-                                "link", "is the data file itself"},
-                    RefusalCase{"FolderInThePlaceOfTheText",
-                                [](const Built& b) {
-                                    fs::remove(b.folder.path() / "Latin/Text.txt");
-                                    b.folder.write("Latin/Text.txt/kept", "");
-                                },
-                                "source.txt", "is a folder"}),
-    [](const auto& tested) { return tested.param.name; });
-
-TEST(BuildFailure, WhereTheDiskIsFullLeavesAllAsItWas) {
-    Built built("old\tx\n");
-    std::string source;
-    for (int line = 0; line < 2000; ++line)
-        source += "word\tm\n";
-    const FolderItem item(built.folder.write("source.txt", source));
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    // The first fails in the text, the second in the index, which is the longer one.
-    for (const rlim_t most : {rlim_t{100}, rlim_t{16000}}) {
-        const rlimit limit{most, before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-        const BuildResult result = buildUserDictionary(item, built.dictionary(), built.progress, EarlierPair::Removed);
-        ::setrlimit(RLIMIT_FSIZE, &before);
+TEST(BuildRefused, LeavesAnEarlierDictionaryAsItIs) {
+    const struct {
+        const char* name;
+        void (*prepare)(const Built&);
+        const char* source;
+        const char* reason;
+    } cases[] = {
+        {"MissingSource", nullptr, "none.txt", "could not be read"},
+        {"FolderAsSource", nullptr, "Latin", "could not be read"},
+        {"FifoAsSource", [](const Built& b) { ::mkfifo((b.folder.path() / "fifo").c_str(), 0600); }, "fifo",
+         "could not be read"},
+        {"SourceIsTheTextItself", nullptr, "Latin/Text.txt", "is the data file itself"},
+        {"LinkToTheTextItself",
+         [](const Built& b) { fs::create_symlink(b.folder.path() / "Latin/Text.txt", b.folder.path() / "link"); },
+         "link", "is the data file itself"},
+        {"FolderInThePlaceOfTheText",
+         [](const Built& b) {
+             fs::remove(b.folder.path() / "Latin/Text.txt");
+             b.folder.write("Latin/Text.txt/kept", "");
+         },
+         "source.txt", "is a folder"}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        const Built earlier("old\tx\n");
+        RecordedProgress progress;
+        if (each.prepare != nullptr)
+            each.prepare(earlier);
+        const BuildResult result = buildUserDictionary(FolderItem(earlier.folder.path() / each.source),
+                                                       earlier.dictionary(), progress, EarlierPair::Removed);
         EXPECT_FALSE(result.ok);
-        EXPECT_NE(result.reason, "");
-        EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
-        EXPECT_EQ(built.folder.read("Latin/Index.txt"), "OLD\t0\n");
-        EXPECT_EQ(built.dictionary().items().size(), 2U);
+        EXPECT_NE(result.reason.find(each.reason), std::string::npos) << result.reason;
+        if (fs::is_regular_file(earlier.folder.path() / "Latin/Text.txt")) {
+            EXPECT_EQ(earlier.folder.read("Latin/Text.txt"), "old\tx\n");
+        }
+        EXPECT_EQ(earlier.folder.read("Latin/Index.txt"), "OLD\t0\n");
+        EXPECT_EQ(FolderItem(earlier.folder.path() / "Latin").items().size(), 2U);
     }
-    std::signal(SIGXFSZ, handler);
 }
 
 TEST(BuildFailure, WhereTheSourceChangesMeanwhile) {

@@ -22,17 +22,6 @@ Words wordsOf(const DictionaryItem& item) {
     return words;
 }
 
-struct LoadCase {
-    const char* reason;
-    DictionaryBuilder dictionary;
-    Words words;
-    bool loads = true;
-    bool spanish = false;
-    bool ijuv = false;
-    std::string format = {};
-    bool independent = false;
-};
-
 DictionaryBuilder dictionary() {
     return DictionaryBuilder("Dic");
 }
@@ -41,62 +30,61 @@ DictionaryBuilder two() {
 }
 const Words kTwo = {"ABC", "STRASSE"};
 
-class Loading : public testing::TestWithParam<LoadCase> {};
-
-TEST_P(Loading, FillsTheItem) {
-    const TempFolder folder;
-    const LoadCase& c = GetParam();
-    const FolderItem own(c.dictionary.writeTo(folder.path()));
-    DictionaryItem item;
-    item.ImageMode = 77;
-    EXPECT_EQ(MakeDictionaryItem(own, item, 4), c.loads);
-    EXPECT_EQ(item.loaded, c.loads);
-    EXPECT_EQ(wordsOf(item), c.words);
-    EXPECT_EQ(item.order.SpanishMode, c.spanish);
-    EXPECT_EQ(item.order.IJUVMode, c.ijuv);
-    EXPECT_EQ(item.order.FormatFom, c.format);
-    EXPECT_EQ(item.Independent, c.independent);
-    EXPECT_EQ(item.name, "Dic");
-    EXPECT_EQ(item.TabNum, 4);
-    EXPECT_EQ(item.ImageMode, 77);
-    EXPECT_EQ(item.ImageFolder, own.Child("mImg"));
-    EXPECT_TRUE(item.ImageNameArray.empty());
+TEST(MakeDictionaryItem, FillsTheItemAndLeavesItsImageMode) {
+    const struct {
+        const char* reason;
+        DictionaryBuilder dictionary;
+        Words words;
+        bool loads = true;
+        bool spanish = false;
+        bool ijuv = false;
+        std::string format = {};
+        bool independent = false;
+    } cases[] = {
+        {"TheLeastThatLoads", two().without("mPimg"), kTwo},
+        {"EmptyIndex", dictionary(), {}},
+        {"KeyEndsAtTheFirstDelimiter",
+         dictionary().member("ind", "abc__DLM__def__DLM__ghi\n__DLM__x\nplain"),
+         {"ABC", "", "PLAIN"}},
+        {"EmptyLinesKeepTheirPlace", dictionary().member("ind", "\na\n\nb\n"), {"", "A", "", "B"}},
+        {"AllLineEnds", dictionary().member("ind", "a\rb\r\nc\nd"), {"A", "B", "C", "D"}},
+        {"ByteOrderMark", dictionary().member("ind", "\xEF\xBB\xBFz\n"), {"Z"}},
+        {"NotUtf8", dictionary().member("ind", "caf\xE9\nz\n"), {"CAF\xE9", "Z"}},
+        {"Spanish", dictionary().entries({"mucho"}).spanish(), {"MUC\xC6\xA9O"}, true, true},
+        {"Ijuv", dictionary().entries({"Julius"}).ijuv(), {"IULIUS"}, true, false, true},
+        {"SpanishWinsOverIjuv", dictionary().entries({"chivo"}).spanish().ijuv(), {"C\xC6\xA9IVO"}, true, true, true},
+        {"MarkerThatIsAFolder", two().member("Spanish/inside", ""), kTwo, true, true},
+        {"Format", two().format("000"), kTwo, true, false, false, "000"},
+        {"FormatAndIndependent", two().format("000", true), kTwo, true, false, false, "000", true},
+        {"IndependentInAnyCase", two().member("Format", "\r\nTRUE"), kTwo, true, false, false, "", true},
+        {"OtherSecondLine", two().member("Format", "0\ntrue \n"), kTwo, true, false, false, "0"},
+        {"EmptyFormat", two().member("Format", ""), kTwo},
+        {"FormatInSmallLetters", two().member("format", "00"), kTwo, true, false, false, "00"},
+        {"HugeFormat", two().member("Format", "0\nfalse\n" + std::string(1'000'000, 'x')), kTwo, true, false, false,
+         "0"},
+        {"WithoutInd", two().without("ind").ijuv(), {}, false, false, true},
+        {"WithoutTxt", two().without("txt").format("0"), {}, false, false, false, "0"},
+        {"WithoutImages", two().without("mImg"), {}, false},
+        {"MarkAlone", two().without("ind").without("txt").without("mImg"), {}, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.reason);
+        const TempFolder folder;
+        const FolderItem own(c.dictionary.writeTo(folder.path()));
+        DictionaryItem item;
+        item.ImageMode = 77;
+        EXPECT_EQ(MakeDictionaryItem(own, item, 4), c.loads);
+        EXPECT_EQ(item.loaded, c.loads);
+        EXPECT_EQ(wordsOf(item), c.words);
+        EXPECT_EQ(item.order.SpanishMode, c.spanish);
+        EXPECT_EQ(item.order.IJUVMode, c.ijuv);
+        EXPECT_EQ(item.order.FormatFom, c.format);
+        EXPECT_EQ(item.Independent, c.independent);
+        EXPECT_EQ(item.name, "Dic");
+        EXPECT_EQ(item.TabNum, 4);
+        EXPECT_EQ(item.ImageMode, 77);
+        EXPECT_TRUE(item.ImageNameArray.empty());
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Dictionaries, Loading,
-    testing::Values(LoadCase{"TheLeastThatLoads", two().without("mPimg"), kTwo},
-                    LoadCase{"EmptyIndex", dictionary(), {}},
-                    LoadCase{"KeyEndsAtTheFirstDelimiter",
-                             dictionary().member("ind", "abc__DLM__def__DLM__ghi\n__DLM__x\nplain"),
-                             {"ABC", "", "PLAIN"}},
-                    LoadCase{"EmptyLinesKeepTheirPlace", dictionary().member("ind", "\na\n\nb\n"), {"", "A", "", "B"}},
-                    LoadCase{"AllLineEnds", dictionary().member("ind", "a\rb\r\nc\nd"), {"A", "B", "C", "D"}},
-                    LoadCase{"ByteOrderMark", dictionary().member("ind", "\xEF\xBB\xBFz\n"), {"Z"}},
-                    LoadCase{"NotUtf8", dictionary().member("ind", "caf\xE9\nz\n"), {"CAF\xE9", "Z"}},
-                    LoadCase{"Spanish", dictionary().entries({"mucho"}).spanish(), {"MUC\xC6\xA9O"}, true, true},
-                    LoadCase{"Ijuv", dictionary().entries({"Julius"}).ijuv(), {"IULIUS"}, true, false, true},
-                    LoadCase{"SpanishWinsOverIjuv",
-                             dictionary().entries({"chivo"}).spanish().ijuv(),
-                             {"C\xC6\xA9IVO"},
-                             true,
-                             true,
-                             true},
-                    LoadCase{"MarkerThatIsAFolder", two().member("Spanish/inside", ""), kTwo, true, true},
-                    LoadCase{"Format", two().format("000"), kTwo, true, false, false, "000"},
-                    LoadCase{"FormatAndIndependent", two().format("000", true), kTwo, true, false, false, "000", true},
-                    LoadCase{"IndependentInAnyCase", two().member("Format", "\r\nTRUE"), kTwo, true, false, false, "",
-                             true},
-                    LoadCase{"OtherSecondLine", two().member("Format", "0\ntrue \n"), kTwo, true, false, false, "0"},
-                    LoadCase{"EmptyFormat", two().member("Format", ""), kTwo},
-                    LoadCase{"FormatInSmallLetters", two().member("format", "00"), kTwo, true, false, false, "00"},
-                    LoadCase{"HugeFormat", two().member("Format", "0\nfalse\n" + std::string(1'000'000, 'x')), kTwo,
-                             true, false, false, "0"},
-                    LoadCase{"WithoutInd", two().without("ind").ijuv(), {}, false, false, true},
-                    LoadCase{"WithoutTxt", two().without("txt").format("0"), {}, false, false, false, "0"},
-                    LoadCase{"WithoutImages", two().without("mImg"), {}, false},
-                    LoadCase{"MarkAlone", two().without("ind").without("txt").without("mImg"), {}, false}),
-    [](const auto& info) { return info.param.reason; });
 
 TEST(MakeDictionaryItem, WhatExistsAndCannotBeOpenedIsNamed) {
     const TempFolder folder;

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 
 #include <sys/stat.h>
@@ -19,83 +18,64 @@ using test::TempFolder;
 using Texts = std::vector<std::string>;
 
 TEST(FileNames, ExtensionIsWhatFollowsTheLastPoint) {
-    struct Case {
-        const char* name;
-        const char* extension;
-        const char* rest;
-    };
-    for (const Case& c : {Case{"", "", ""}, Case{"name", "", "name"}, Case{"a.tif", "tif", "a"},
-                          Case{"a.b.TIFF", "TIFF", "a.b"}, Case{"name.", "", "name"}, Case{".hidden", "hidden", ""},
-                          Case{".", "", ""}, Case{"\xC3\xA9.\xC3\xA9", "\xC3\xA9", "\xC3\xA9"}}) {
-        EXPECT_EQ(mFiMod_GetExtensionFromFileName(c.name), c.extension) << c.name;
-        EXPECT_EQ(mFiMod_RemoveExtesionFromFileName(c.name), c.rest) << c.name;
+    const struct {
+        const char *name, *extension, *rest;
+    } cases[] = {{"", "", ""},          {"name", "", "name"},      {"a.b.TIFF", "TIFF", "a.b"},
+                 {"name.", "", "name"}, {".hidden", "hidden", ""}, {".", "", ""}};
+    for (const auto& each : cases) {
+        EXPECT_EQ(mFiMod_GetExtensionFromFileName(each.name), each.extension) << each.name;
+        EXPECT_EQ(mFiMod_RemoveExtesionFromFileName(each.name), each.rest) << each.name;
     }
 }
 
-struct UniqueCase {
-    const char* reason;
-    Texts taken;
-    std::string name;
-    std::string unique;
-};
-
-class UniqueFileName : public testing::TestWithParam<UniqueCase> {};
-
-TEST_P(UniqueFileName, IsTheFirstFreeOne) {
-    const TempFolder folder;
-    for (const std::string& name : GetParam().taken)
-        folder.write(name, "");
-    EXPECT_EQ(mFiMod_GetUniqueFileName(GetParam().name, FolderItem(folder.path())), GetParam().unique);
+std::string x(std::size_t count) {
+    return std::string(count, 'x');
 }
 
-std::string times(int count, const std::string& text) {
+std::string accents(int count) {
     std::string all;
     while (count-- > 0)
-        all += text;
+        all += "\xC3\xA9";
     return all;
 }
 
-const std::string kLong = times(40, "x");
-const std::string kAccents = times(40, "\xC3\xA9");
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, UniqueFileName,
-    testing::Values(
-        UniqueCase{"FreeLongNameStays", {}, kLong + ".tif", kLong + ".tif"},
-        UniqueCase{"TakenGetsANumberBeforeItsExtension", {"a.tif"}, "a.tif", "a_1.tif"},
-        UniqueCase{"NumbersGoOn", {"a.tif", "a_1.tif", "a_2.tif"}, "a.tif", "a_3.tif"},
-        UniqueCase{"WithoutExtension", {"Latin"}, "Latin", "Latin_1"},
-        UniqueCase{"PointAtTheEndIsDropped", {"a."}, "a.", "a"},
-        UniqueCase{"OtherCaseIsTaken", {"A.TIF"}, "a.tif", "a_1.tif"},
-        UniqueCase{"LongIsCutTo31Bytes", {kLong + ".tif"}, kLong + ".tif", times(27, "x") + ".tif"},
-        UniqueCase{"OneByteTooLongIsCut", {times(28, "x") + ".tif"}, times(28, "x") + ".tif", times(27, "x") + ".tif"},
-        UniqueCase{"FittingIsNotCutButItsNumberedFormIs",
-                   {times(27, "x") + ".tif"},
-                   times(27, "x") + ".tif",
-                   times(25, "x") + "_1.tif"},
-        UniqueCase{"NumberedFormOf31BytesIsWhole",
-                   {times(24, "x") + ".jpeg"},
-                   times(24, "x") + ".jpeg",
-                   times(24, "x") + "_1.jpeg"},
-        UniqueCase{"NumberedFormOf32BytesIsNot",
-                   {times(25, "x") + ".jpeg"},
-                   times(25, "x") + ".jpeg",
-                   times(24, "x") + "_1.jpeg"},
-        UniqueCase{"TwoDigitsCutOneMore",
-                   {times(27, "x") + ".tif", times(25, "x") + "_1.tif", times(25, "x") + "_2.tif",
-                    times(25, "x") + "_3.tif", times(25, "x") + "_4.tif", times(25, "x") + "_5.tif",
-                    times(25, "x") + "_6.tif", times(25, "x") + "_7.tif", times(25, "x") + "_8.tif",
-                    times(25, "x") + "_9.tif"},
-                   times(27, "x") + ".tif",
-                   times(24, "x") + "_10.tif"},
-        UniqueCase{"FirstCutCountsCharacters", {kAccents + ".tif"}, kAccents + ".tif", times(27, "\xC3\xA9") + ".tif"},
-        UniqueCase{"SecondCutCountsBytes",
-                   {kAccents + ".tif", times(27, "\xC3\xA9") + ".tif"},
-                   kAccents + ".tif",
-                   times(12, "\xC3\xA9") + "\xC3_1.tif"},
-        UniqueCase{"ExtensionAloneFillsTheRoom", {"b." + kLong}, "b." + kLong, "." + kLong},
-        UniqueCase{"ExtensionBeyondTheRoom", {"b." + kLong, "." + kLong}, "b." + kLong, "_1." + kLong}),
-    [](const auto& info) { return info.param.reason; });
+TEST(FileNames, AreMadeUnique) {
+    const struct {
+        const char* reason;
+        Texts taken;
+        std::string name;
+        std::string unique;
+    } cases[] = {{"FreeLongNameStays", {}, x(40) + ".tif", x(40) + ".tif"},
+                 {"TakenGetsANumberBeforeItsExtension", {"a.tif"}, "a.tif", "a_1.tif"},
+                 {"NumbersGoOn", {"a.tif", "a_1.tif", "a_2.tif"}, "a.tif", "a_3.tif"},
+                 {"WithoutExtension", {"Latin"}, "Latin", "Latin_1"},
+                 {"PointAtTheEndIsDropped", {"a."}, "a.", "a"},
+                 {"OtherCaseIsTaken", {"A.TIF"}, "a.tif", "a_1.tif"},
+                 {"LongIsCutTo31Bytes", {x(40) + ".tif"}, x(40) + ".tif", x(27) + ".tif"},
+                 {"OneByteTooLongIsCut", {x(28) + ".tif"}, x(28) + ".tif", x(27) + ".tif"},
+                 {"FittingIsNotCutButItsNumberedFormIs", {x(27) + ".tif"}, x(27) + ".tif", x(25) + "_1.tif"},
+                 {"NumberedFormOf31BytesIsWhole", {x(24) + ".jpeg"}, x(24) + ".jpeg", x(24) + "_1.jpeg"},
+                 {"NumberedFormOf32BytesIsNot", {x(25) + ".jpeg"}, x(25) + ".jpeg", x(24) + "_1.jpeg"},
+                 {"TwoDigitsCutOneMore",
+                  {x(27) + ".tif", x(25) + "_1.tif", x(25) + "_2.tif", x(25) + "_3.tif", x(25) + "_4.tif",
+                   x(25) + "_5.tif", x(25) + "_6.tif", x(25) + "_7.tif", x(25) + "_8.tif", x(25) + "_9.tif"},
+                  x(27) + ".tif",
+                  x(24) + "_10.tif"},
+                 {"FirstCutCountsCharacters", {accents(40) + ".tif"}, accents(40) + ".tif", accents(27) + ".tif"},
+                 {"SecondCutCountsBytes",
+                  {accents(40) + ".tif", accents(27) + ".tif"},
+                  accents(40) + ".tif",
+                  accents(12) + "\xC3_1.tif"},
+                 {"ExtensionAloneFillsTheRoom", {"b." + x(40)}, "b." + x(40), "." + x(40)},
+                 {"ExtensionBeyondTheRoom", {"b." + x(40), "." + x(40)}, "b." + x(40), "_1." + x(40)}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.reason);
+        const TempFolder folder;
+        for (const std::string& name : each.taken)
+            folder.write(name, "");
+        EXPECT_EQ(mFiMod_GetUniqueFileName(each.name, FolderItem(folder.path())), each.unique);
+    }
+}
 
 TEST(CopyFileOrFolder, KeepsOrFollowsTheLinksInsideAndLeavesOutWhatNoCopyCanHold) {
     const TempFolder folder;
@@ -133,7 +113,7 @@ TEST(CopyFileOrFolder, FillsUpAFolderThatIsThereAndReplacesNothing) {
     EXPECT_EQ(folder.read("to/from/sub/b"), "new");
 }
 
-TEST(CopyFileOrFolder, ThatCannotBeLeavesNothingBehind) {
+TEST(CopyFileOrFolder, ThatFailsLeavesNothingBehind) {
     const TempFolder folder;
     folder.write("file", "f");
     folder.write("dir/sub/inside", "f");
@@ -167,7 +147,7 @@ TEST(CopyWithNewName, NeverTouchesAFileThatIsThere) {
     EXPECT_EQ(to.items().size(), 2u);
 }
 
-TEST(MoveFileOrFolder, OntoAnExistingNameMovesNothingAndSaysSo) {
+TEST(MoveFileOrFolder, OntoAnExistingNameMovesNothingAndReportsIt) {
     const TempFolder folder;
     folder.write("from/Dic/ind", "new");
     folder.write("to/dic/ind", "old");
@@ -185,34 +165,32 @@ TEST(MoveFileOrFolder, OntoAnExistingNameMovesNothingAndSaysSo) {
     EXPECT_EQ(messages.texts.size(), 1u);
 }
 
-struct LinesCase {
-    const char* reason;
-    std::vector<int> numbers;
-    Texts lines;
-};
-
-class LinesByNumbers : public testing::TestWithParam<LinesCase> {};
-
-TEST_P(LinesByNumbers, AreThoseTold) {
-    const TempFolder folder;
-    const FolderItem file(folder.write("txt", "one\r\ntwo\rthree\n\nfive"));
-    Texts lines = {"before"};
-    mFiMod_GetTextFiLinesByLineNums(file, GetParam().numbers, lines);
-    Texts wanted = {"before"};
-    wanted.insert(wanted.end(), GetParam().lines.begin(), GetParam().lines.end());
-    EXPECT_EQ(lines, wanted);
+TEST(LinesByNumbers, EndAtANumberThatDoesNotRise) {
+    const struct {
+        const char* reason;
+        std::vector<int> numbers;
+        Texts lines;
+    } cases[] = {{"Several", {1, 3, 4, 5}, {"one", "three", "", "five"}},
+                 {"EachTwiceGivesItOnce", {2, 2}, {"two"}},
+                 {"ARepeatedNumberStopsTheRest", {2, 2, 3}, {"two"}},
+                 {"ZeroStopsTheRest", {0, 3}, {}},
+                 {"Zero", {0, 0}, {}},
+                 {"Negative", {-1}, {}},
+                 {"PastTheEnd", {5, 6, 9}, {"five"}},
+                 {"DescendingEndsAtTheLast", {3, 1}, {}}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.reason);
+        const TempFolder folder;
+        const FolderItem file(folder.write("txt", "one\r\ntwo\rthree\n\nfive"));
+        Texts lines = {"before"};
+        mFiMod_GetTextFiLinesByLineNums(file, each.numbers, lines);
+        Texts wanted = {"before"};
+        wanted.insert(wanted.end(), each.lines.begin(), each.lines.end());
+        EXPECT_EQ(lines, wanted);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Numbers, LinesByNumbers,
-                         testing::Values(LinesCase{"Several", {1, 3, 4, 5}, {"one", "three", "", "five"}},
-                                         LinesCase{"EachTwiceGivesItOnce", {2, 2}, {"two"}},
-                                         LinesCase{"ARepeatedNumberStopsTheRest", {2, 2, 3}, {"two"}},
-                                         LinesCase{"ZeroStopsTheRest", {0, 3}, {}}, LinesCase{"Zero", {0, 0}, {}},
-                                         LinesCase{"Negative", {-1}, {}}, LinesCase{"PastTheEnd", {5, 6, 9}, {"five"}},
-                                         LinesCase{"DescendingEndsAtTheLast", {3, 1}, {}}),
-                         [](const auto& info) { return info.param.reason; });
-
-TEST(LinesByNumbers, TellOfEachThingThatIsMissing) {
+TEST(LinesByNumbers, ReportWhatIsMissing) {
     const TempFolder folder;
     const FolderItem file(folder.write("txt", "one\n"));
     const CollectedMessages messages;
@@ -309,15 +287,10 @@ TEST(OpenFiModule, WithoutAPreferencesFolderSaysSoWhereThereIsADesktop) {
     EXPECT_TRUE(fs::exists(home.path() / "Application Data/Selorin_SoftWare/LocalUserName"));
 }
 
-TEST(DataModule, WritesBooleansAndDateNames) {
-    EXPECT_EQ(mDataMod_ConvertBooleanToString(true), "True");
-    EXPECT_EQ(mDataMod_ConvertBooleanToString(false), "False");
-    EXPECT_EQ(mDataMod_ConvertBooleanTo1or0(true), "1");
-    EXPECT_EQ(mDataMod_ConvertBooleanTo1or0(false), "0");
+TEST(DataModule, DateNameIsDigits) {
     const std::string name = mDataMod_MakeDateName();
     EXPECT_GT(name.size(), 8u);
-    EXPECT_LE(name.size(), 14u);
-    EXPECT_TRUE(std::all_of(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; })) << name;
+    EXPECT_EQ(name.find_first_not_of("0123456789"), std::string::npos) << name;
 }
 
 } // namespace

@@ -38,14 +38,6 @@ Names shown(const ReadGroup& group) {
     return rows;
 }
 
-struct GroupCase {
-    const char* reason;
-    GroupBuilder group;
-    Names dictionaries;
-    std::string name = {};
-    bool separately = false;
-};
-
 GroupBuilder group() {
     return GroupBuilder("G");
 }
@@ -53,71 +45,62 @@ GroupBuilder three() {
     return group().dictionary(good("C")).dictionary(good("a")).dictionary(good("B"));
 }
 
-class Reading : public testing::TestWithParam<GroupCase> {};
+const struct {
+    const char* reason;
+    GroupBuilder group;
+    Names dictionaries;
+    std::string name = {};
+    bool separately = false;
+} kReadingCases[] = {
+    {"UnlistedByNameWithWidthMode", three(), {"a:2:3", "B:2:3", "C:2:3"}},
+    {"ListedFirstThenTheOthers",
+     three().preferences("Old books\t1\t\nC\t1\n"),
+     {"C:1:3", "a:2:3", "B:2:3"},
+     "Old books",
+     true},
+    {"OrderEditorsShapeHasModeZero", three().preferences("Books\nC\nB\na\n"), {"C:0:3", "B:0:3", "a:0:3"}, "Books"},
+    {"FlagIsTheDigitOneAlone",
+     three().preferences("Books\t01\t\nC\t1\nB\ta\na\t-3.9\n"),
+     {"C:1:3", "B:0:3", "a:-3:3"},
+     "Books"},
+    {"EmptyFile", three().preferences(""), {"a:2:3", "B:2:3", "C:2:3"}},
+    {"EmptyTitle", three().preferences("\t1\t\r\nB\t0\r\n"), {"B:0:3", "a:2:3", "C:2:3"}, "", true},
+    {"ListedTwiceIsShownOnce", three().preferences("G\t0\t\nC\t1\nB\t0\nC\t2\n"), {"C:1:3", "B:0:3", "a:2:3"}, "G"},
+    {"ListedInOtherCaseHasTheFoldersName", three().preferences("G\t0\t\nb\t1\n"), {"B:1:3", "a:2:3", "C:2:3"}, "G"},
+    {"NamesThatAreGoneOrLeadOutArePassedOver",
+     three().preferences("G\t0\t\ngone\t1\n../G/B\t1\n\n.\t1\n/etc\t1\nC\t0\n"),
+     {"C:0:3", "a:2:3", "B:2:3"},
+     "G"},
+    {"ListedThatFailsIsKept",
+     group().dictionary(bad("X")).dictionary(good("Y")).preferences("G\t0\t\nX\t1\n"),
+     {"X:1:-", "Y:2:3"},
+     "G"},
+    {"UnlistedThatFailsIsDropped", group().dictionary(bad("X")).dictionary(good("Y")), {"Y:2:3"}},
+    {"WithoutMarkIsSkipped", group().dictionary(good("X").without("FW")).preferences("G\t0\t\nX\t1\n"), {}, "G"},
+    {"HiddenIsSkipped", group().dictionary(good(".X")), {}},
+    {"FolderOfFilesAlone", group().preferences("G\t1\t\n"), {}, "G", true},
+    {"LinkHasItsOwnName", group().dictionary(good("Z")).alias("A", "Z").preferences("G\t0\t\nA\t1\n"), {"A:1:3"}, "G"},
+    {"LinkLoopsAndLinksToNothing",
+     three().alias("loop", "loop").alias("gone", "nowhere").alias("up", ".."),
+     {"a:2:3", "B:2:3", "C:2:3"}},
+    {"FolderBeforeALinkToIt", three().alias("A first link", "B"), {"a:2:3", "B:2:3", "C:2:3"}},
+    {"ListedLinkStandsForItsFolder",
+     three().alias("Link", "B").preferences("G\t0\t\nLink\t1\nB\t0\n"),
+     {"Link:1:3", "a:2:3", "C:2:3"},
+     "G"}};
 
-TEST_P(Reading, GivesTheDictionariesInDisplayOrder) {
-    const TempFolder folder;
-    int calls = 0;
-    const ReadGroup read = readGroup(FolderItem(GetParam().group.writeTo(folder.path())), [&] { ++calls; });
-    EXPECT_EQ(shown(read), GetParam().dictionaries);
-    EXPECT_EQ(read.groupName, GetParam().name);
-    EXPECT_EQ(read.separately, GetParam().separately);
-    EXPECT_GE(calls, static_cast<int>(read.dictionaries.size()));
+TEST(Reading, GivesTheDictionariesInDisplayOrder) {
+    for (const auto& each : kReadingCases) {
+        SCOPED_TRACE(each.reason);
+        const TempFolder folder;
+        int calls = 0;
+        const ReadGroup read = readGroup(FolderItem(each.group.writeTo(folder.path())), [&] { ++calls; });
+        EXPECT_EQ(shown(read), each.dictionaries);
+        EXPECT_EQ(read.groupName, each.name);
+        EXPECT_EQ(read.separately, each.separately);
+        EXPECT_GE(calls, static_cast<int>(read.dictionaries.size()));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Groups, Reading,
-    testing::Values(
-        GroupCase{"UnlistedByNameWithWidthMode", three(), {"a:2:3", "B:2:3", "C:2:3"}},
-        GroupCase{"ListedFirstThenTheOthers",
-                  three().preferences("Old books\t1\t\nC\t1\n"),
-                  {"C:1:3", "a:2:3", "B:2:3"},
-                  "Old books",
-                  true},
-        GroupCase{"OrderEditorsShapeHasModeNought",
-                  three().preferences("Books\nC\nB\na\n"),
-                  {"C:0:3", "B:0:3", "a:0:3"},
-                  "Books"},
-        GroupCase{"FlagIsTheDigitOneAlone",
-                  three().preferences("Books\t01\t\nC\t1\nB\ta\na\t-3.9\n"),
-                  {"C:1:3", "B:0:3", "a:-3:3"},
-                  "Books"},
-        GroupCase{"EmptyFile", three().preferences(""), {"a:2:3", "B:2:3", "C:2:3"}},
-        GroupCase{"EmptyTitle", three().preferences("\t1\t\r\nB\t0\r\n"), {"B:0:3", "a:2:3", "C:2:3"}, "", true},
-        GroupCase{"ListedTwiceStandsOnce",
-                  three().preferences("G\t0\t\nC\t1\nB\t0\nC\t2\n"),
-                  {"C:1:3", "B:0:3", "a:2:3"},
-                  "G"},
-        GroupCase{"ListedInOtherCaseBearsTheFoldersName",
-                  three().preferences("G\t0\t\nb\t1\n"),
-                  {"B:1:3", "a:2:3", "C:2:3"},
-                  "G"},
-        GroupCase{"NamesThatAreGoneOrLeadOutArePassedOver",
-                  three().preferences("G\t0\t\ngone\t1\n../G/B\t1\n\n.\t1\n/etc\t1\nC\t0\n"),
-                  {"C:0:3", "a:2:3", "B:2:3"},
-                  "G"},
-        GroupCase{"ListedThatFailsIsKept",
-                  group().dictionary(bad("X")).dictionary(good("Y")).preferences("G\t0\t\nX\t1\n"),
-                  {"X:1:-", "Y:2:3"},
-                  "G"},
-        GroupCase{"UnlistedThatFailsIsDropped", group().dictionary(bad("X")).dictionary(good("Y")), {"Y:2:3"}},
-        GroupCase{
-            "WithoutMarkIsNone", group().dictionary(good("X").without("FW")).preferences("G\t0\t\nX\t1\n"), {}, "G"},
-        GroupCase{"HiddenIsNone", group().dictionary(good(".X")), {}},
-        GroupCase{"FolderOfFilesAlone", group().preferences("G\t1\t\n"), {}, "G", true},
-        GroupCase{"LinkBearsItsOwnName",
-                  group().dictionary(good("Z")).alias("A", "Z").preferences("G\t0\t\nA\t1\n"),
-                  {"A:1:3"},
-                  "G"},
-        GroupCase{"LinkLoopsAndLinksToNothing",
-                  three().alias("loop", "loop").alias("gone", "nowhere").alias("up", ".."),
-                  {"a:2:3", "B:2:3", "C:2:3"}},
-        GroupCase{"FolderBeforeALinkToIt", three().alias("A first link", "B"), {"a:2:3", "B:2:3", "C:2:3"}},
-        GroupCase{"ListedLinkStandsForItsFolder",
-                  three().alias("Link", "B").preferences("G\t0\t\nLink\t1\nB\t0\n"),
-                  {"Link:1:3", "a:2:3", "C:2:3"},
-                  "G"}),
-    [](const auto& info) { return info.param.reason; });
 
 TEST(Reading, OfTwoLinksToOneFolderTheFirstGivesTheName) {
     const TempFolder folder;
@@ -141,7 +124,7 @@ TEST(Reading, FolderThatIsGoneIsMadeWithAMessage) {
     EXPECT_THROW(readGroup(FolderItem()), NilObjectException);
 }
 
-TEST(Reading, WhatCannotBeListedIsNoEmptyGroup) {
+TEST(Reading, AFolderThatCannotBeListedIsAnError) {
     const TempFolder folder;
     EXPECT_THROW(readGroup(FolderItem(folder.write("file", ""))), NilObjectException);
     if (::geteuid() == 0)
@@ -232,7 +215,7 @@ TEST(GroupPreferences, OnceTheOrderWasSavedItsLinesGoIntoEveryGroup) {
     fs::permissions(own.path(), fs::perms(0755));
 }
 
-TEST(WindowPlacement, SurvivesAndFillsUpWithNought) {
+TEST(WindowPlacement, IsReadBackAndMissingNumbersAreZero) {
     const TempFolder folder;
     const FolderItem preferences(folder.path());
     EXPECT_FALSE(readWindowPlacement(preferences));

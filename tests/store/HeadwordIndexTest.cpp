@@ -18,7 +18,7 @@ HeadwordIndex indexOf(const Words& words) {
     return index;
 }
 
-/// The selection as it is told: from the front, the first entry that sorts after the word.
+/// The definition: from the front, the first entry that sorts after the word.
 std::size_t plainLoop(const Words& words, const std::string& word) {
     for (std::size_t i = 0; i < words.size(); ++i) {
         if (word < words[i])
@@ -57,33 +57,6 @@ TEST(HeadwordIndex, FindsTheFirstGreaterEntryOfAnyListAsThePlainLoopDoes) {
     }
     EXPECT_GT(unsortedLists, 1000);
 }
-
-struct GreaterCase {
-    const char* reason;
-    Words words;
-    std::string word;
-    std::size_t first;
-};
-
-class FirstGreater : public testing::TestWithParam<GreaterCase> {};
-
-TEST_P(FirstGreater, IsThePlaceTold) {
-    EXPECT_EQ(indexOf(GetParam().words).firstGreater(GetParam().word), GetParam().first);
-}
-
-INSTANTIATE_TEST_SUITE_P(Lists, FirstGreater,
-                         testing::Values(GreaterCase{"EmptyList", {}, "A", 0},
-                                         GreaterCase{"Between", {"ABA", "ABB", "ABD"}, "ABC", 2},
-                                         GreaterCase{"EqualDoesNotStop", {"ABA", "ABB", "ABD"}, "ABB", 2},
-                                         GreaterCase{"BeforeTheFirst", {"ABA", "ABB"}, "AA", 0},
-                                         GreaterCase{"EqualToTheLast", {"ABA", "ABB"}, "ABB", 2},
-                                         GreaterCase{"PastAllThatAreEqual", {"A", "B", "B", "B", "C"}, "B", 4},
-                                         GreaterCase{"EmptyEntriesAreNeverGreater", {"", "", "A"}, "", 2},
-                                         GreaterCase{"WordBeforeItsExtension", {"AB", "ABC"}, "AB", 1},
-                                         GreaterCase{"BytesAreUnsigned", {"Z", "\xC3\x84"}, "Z", 1},
-                                         GreaterCase{"FirstInFileOrderOfAnUnsortedList", {"M", "Z", "B", "C"}, "N", 1},
-                                         GreaterCase{"LaterSmallerEntriesAreNotSeen", {"Z", "A", "B"}, "A", 0}),
-                         [](const auto& info) { return info.param.reason; });
 
 TEST(HeadwordIndex, HoldsLittleMoreThanItsText) {
     HeadwordIndex index;

@@ -114,7 +114,7 @@ TEST(FailureMessages, NameATaskByItsCaptionOrNotAtAll) {
     EXPECT_EQ(taskOf(item(run.window(), "WinItem", "R & D")), "R & D");
     EXPECT_EQ(taskOf(run.window().findChild<QMenu*>("TBpanel")), "Tab panel");
     EXPECT_EQ(taskOf(run.control<QWidget>("OKBT")), "OK");
-    EXPECT_EQ(taskOf(run.control<QWidget>("SearchEF")), "") << "a field is no task";
+    EXPECT_EQ(taskOf(run.control<QWidget>("SearchEF")), "") << "a field is not a task";
     auto* jump = run.control<BevelButton>("BVjump.0");
     jump->openMenu();
     EXPECT_EQ(taskOf(QApplication::activePopupWidget()->focusWidget()), "Page") << "a row of its menu";

@@ -92,7 +92,7 @@ TEST(Placement, WithoutASavedOneTheWindowFitsItsScreen) {
 TEST(Placement, AFolderThatCannotBeWrittenIsToldOnceAndOnlyAfterAMove) {
     Started run;
     run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1));
-    run.files().write("Preferences", "a file stands where the folder belongs");
+    run.files().write("Preferences", "a file in place of the folder");
     run.start();
     EXPECT_EQ(run.host.messages.size(), 0U) << "nothing of the user's has been lost";
     for (int i = 1; i <= 5; ++i) {

@@ -63,7 +63,7 @@ TEST(StartRequest, AClosedWindowForgetsTheWord) {
     EXPECT_EQ(run.imageName(0), "");
 }
 
-TEST(NoGroups, TheHelpTagOfThePopUpTellsWhereTheyBelong) {
+TEST(NoGroups, TheToolTipOfThePopUpSaysWhereTheyBelong) {
     Started run;
     run.start();
     auto* groups = run.control<PopupMenu>("SelectDicFolPU");

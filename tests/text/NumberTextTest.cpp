@@ -72,7 +72,7 @@ TEST(Format, WritesANumberByItsPicture) {
         {"whole digits without places", 12.5, ".00", "12.50"},
         {"thousands", 1234567, "#,##0", "1,234,567"},
         {"thousands with zeros", 5, "0,000", "0,005"},
-        {"comma outside the digits stands", 12, "0,", "12,"},
+        {"comma outside the digits is kept", 12, "0,", "12,"},
         {"separator between digits", 1234, "000-00", "012-34"},
         {"letters around", 3, "No 00 a", "No 03 a"},
         {"point at the end", 3, "0.", "3."},

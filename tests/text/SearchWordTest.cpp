@@ -154,7 +154,7 @@ TEST(NumberFormat, RewritesAQueryFieldByField) {
         {"two zeros are not a number", "00-3", "000-00", "00-03"},
         {"empty field is kept", "12--3", "000-00", "012--3"},
         {"empty query", "", "000-00", ""},
-        {"underscore is no separator", "12_3", "000-00", "012"},
+        {"underscore is not a separator", "12_3", "000-00", "012"},
         {"underscore in the format neither", "12", "0_0", "1_2"},
         {"backslash", "3-7", "00\\00", "03\\07"},
         {"number sign separates", "12-3", "##0-00", "12#3"},

@@ -34,7 +34,7 @@ TEST(Lens, ShowsThePageAtTwiceTheScaleFromThePointer) {
     }
 }
 
-TEST(Lens, LivesUntilTheNextRefreshOrSize) {
+TEST(Lens, StaysUntilTheNextRefreshOrSize) {
     FakeCanvas canvas;
     canvas.show(1000, 1400, 0);
     EXPECT_TRUE(canvas.view.Event_MouseDown(10, 10));
@@ -78,7 +78,7 @@ TEST(Lens, LooksWhereTheLastJumpLeftThePage) {
         canvas.show(1000, 2000, 1);
         canvas.view.mJumpScroll_vertical(1); // so that the place of the lens is not 0
         canvas.view.SetScrollPosition(0, c.from);
-        EXPECT_EQ(lensAt(canvas, 30, 20), std::pair(30, 20 + 650)) << "a position that was set moves no lens";
+        EXPECT_EQ(lensAt(canvas, 30, 20), std::pair(30, 20 + 650)) << "setting a position does not move the lens";
         (canvas.view.*c.jump)(c.direction);
         EXPECT_EQ(lensAt(canvas, 30, 20), std::pair(30, 20 + c.to));
     }

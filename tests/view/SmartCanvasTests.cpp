@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <tuple>
 
 #include <allheaders.h>
 
@@ -104,20 +105,17 @@ class SmartCanvasTest : public ::testing::Test {
 TEST_F(SmartCanvasTest, ShowsThePageInDevicePixelsInEveryMode) {
     for (const int depth : {1, 8, 32}) {
         const Picture page = noise(1000, 1500, depth, 1);
-        show(page, 0);
-        EXPECT_EQ(shown(), expected(466, 700, 0, 0)) << depth;
-        show(page, 1);
-        EXPECT_EQ(shown(), expected(1000, 1500, 0, 0)) << depth;
-        show(page, 2);
-        EXPECT_EQ(shown(), expected(800, 1200, 0, 0)) << depth;
-        show(page, 5);
-        EXPECT_EQ(shown(), expected(466, 700, 0, 0)) << depth;
+        for (const auto& [mode, width, height] :
+             {std::tuple(0, 466, 700), {1, 1000, 1500}, {2, 800, 1200}, {5, 466, 700}}) {
+            show(page, mode);
+            EXPECT_EQ(shown(), expected(width, height, 0, 0)) << depth << " bits, mode " << mode;
+        }
         show(page, 6);
         EXPECT_EQ(shown().pixelColor(9, 9), QColor(Qt::white));
     }
 }
 
-TEST_F(SmartCanvasTest, StandsOnWholePixelsOfTheWindow) {
+TEST_F(SmartCanvasTest, BeginsAtWholePixelsOfTheWindow) {
     // Stripes of one device pixel stay black and white wherever the control begins.
     const int pixels = device(400);
     if (std::abs(pixels - 400 * dpr()) > 1e-6)
@@ -149,16 +147,13 @@ TEST_F(SmartCanvasTest, FollowsADragAndPaintsEachStepOnce) {
     EXPECT_EQ(shown(), expected(800, 1500, 0, 200));
     drag({380, 100});
     EXPECT_EQ(scrollY(), 200) << "after the button is up nothing drags";
-}
 
-TEST_F(SmartCanvasTest, ADragEndsWhenItsButtonIsUpWithoutARelease) {
-    show(noise(1600, 3000, 1, 3), 2);
     press({400, 400});
     drag({400, 350});
     drag({400, 300}, Qt::NoButton);
     const int where = scrollY();
     drag({400, 100}, Qt::NoButton);
-    EXPECT_EQ(scrollY(), where);
+    EXPECT_EQ(scrollY(), where) << "nor if the release never came";
     EXPECT_EQ(shown(), expected(800, 1500, 0, where));
 }
 
@@ -173,7 +168,7 @@ TEST_F(SmartCanvasTest, ADragEndsWithItsPage) {
     EXPECT_TRUE(host.messages.empty());
 }
 
-TEST_F(SmartCanvasTest, LensAndMarkerGoWithTheTabThatIsLeft) {
+TEST_F(SmartCanvasTest, LensAndMarkerDisappearWithTheirTab) {
     show(noise(1600, 1400, 1, 4), 0);
     const QImage before = shown();
     press({100, 60});

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 
 namespace velmarin {
@@ -21,7 +22,7 @@ std::vector<std::string> pages(int count) {
     return names;
 }
 
-/// A window with one menu button, and what a user's hands do to it.
+/// A window with one menu button, and what a user does with it.
 struct BevelMenu : ::testing::Test {
     QWidget window;
     BevelButton button{"Page", &window};
@@ -38,15 +39,13 @@ struct BevelMenu : ::testing::Test {
     MenuList* list() const { return popup() != nullptr ? popup()->findChild<MenuList*>() : nullptr; }
 
     void press() { QTest::mousePress(&button, Qt::LeftButton); }
-    /// The pointer where it would be over a row, with the button down or up.
-    void moveTo(int row, Qt::MouseButtons buttons) {
-        const QPoint place = list()->visualRect(list()->model()->index(row, 0)).center();
-        QMouseEvent move(QEvent::MouseMove, place, list()->viewport()->mapToGlobal(place), Qt::NoButton, buttons, {});
+    QPoint placeOf(int row) const { return list()->visualRect(list()->model()->index(row, 0)).center(); }
+    /// Moves the pointer to a row with the button down.
+    void moveTo(int row) {
+        const QPoint place = placeOf(row);
+        QMouseEvent move(QEvent::MouseMove, place, list()->viewport()->mapToGlobal(place), Qt::NoButton, Qt::LeftButton,
+                         {});
         QApplication::sendEvent(list()->viewport(), &move);
-    }
-    void releaseOn(int row) {
-        const QPoint place = list()->visualRect(list()->model()->index(row, 0)).center();
-        QTest::mouseRelease(list()->viewport(), Qt::LeftButton, {}, place);
     }
     /// The release of the press that opened the menu, which goes to the menu by then.
     void releaseWherePressed() {
@@ -55,10 +54,7 @@ struct BevelMenu : ::testing::Test {
         QMouseEvent release(QEvent::MouseButtonRelease, local, global, Qt::LeftButton, Qt::NoButton, {});
         QApplication::sendEvent(list()->viewport(), &release);
     }
-    void clickRow(int row) {
-        const QPoint place = list()->visualRect(list()->model()->index(row, 0)).center();
-        QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, place);
-    }
+    void clickRow(int row) { QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, placeOf(row)); }
     std::optional<int> lastChosen() const {
         return chosen.isEmpty() ? std::nullopt : std::optional(chosen.last().first().toInt());
     }
@@ -81,40 +77,25 @@ TEST_F(BevelMenu, ClickOpensItAndAClickOnARowPicksIt) {
 TEST_F(BevelMenu, PressDragAndReleasePicksInOneGo) {
     button.setRows(pages(5));
     press();
-    moveTo(2, Qt::LeftButton);
+    moveTo(2);
     EXPECT_EQ(list()->currentIndex().row(), 2) << "the row under the pointer is highlighted";
-    releaseOn(2);
+    QTest::mouseRelease(list()->viewport(), Qt::LeftButton, {}, placeOf(2));
     EXPECT_EQ(lastChosen(), 2);
 }
 
-TEST_F(BevelMenu, CurrentRowCanBePickedAgain) {
+TEST_F(BevelMenu, HandlerSeesTheNewValueAndAClosedMenuAndMayReplaceTheRows) {
     button.setRows(pages(5));
-    button.setMenuValue(1);
-    button.openMenu();
-    clickRow(1);
-    EXPECT_EQ(lastChosen(), 1);
-}
-
-TEST_F(BevelMenu, MenuValueIsTheRowWhenTheSignalComes) {
-    button.setRows(pages(5));
+    button.setMenuValue(4);
     int seen = -1;
-    bool open = true;
     QObject::connect(&button, &BevelButton::rowChosen, &window, [&] {
         seen = button.MenuValue();
-        open = button.menuIsOpen();
+        EXPECT_FALSE(button.menuIsOpen()) << "a handler may show a message or open another menu";
+        button.setRows(pages(2));
     });
     button.openMenu();
     clickRow(4);
-    EXPECT_EQ(seen, 4);
-    EXPECT_FALSE(open) << "a handler may show a message or open another menu";
-}
-
-TEST_F(BevelMenu, HandlerMayReplaceTheRows) {
-    button.setRows(pages(5));
-    QObject::connect(&button, &BevelButton::rowChosen, &window, [&] { button.setRows(pages(2)); });
-    button.openMenu();
-    clickRow(4);
     QCoreApplication::processEvents();
+    EXPECT_EQ(seen, 4) << "the current row can be picked again";
     EXPECT_EQ(button.rowCount(), 2);
     EXPECT_EQ(button.MenuValue(), 0);
 }
@@ -129,88 +110,67 @@ TEST_F(BevelMenu, SeparatorIsNotPicked) {
     EXPECT_EQ(chosen.count(), 0);
 }
 
-struct KeyCase {
-    const char* name;
-    std::vector<Qt::Key> keys;
-    std::optional<int> chosen;
-};
-
-/// Rows: 0 "Delete", 1 a separator, then p0 to p199 from row 2; the current row is 5.
-class MenuKeys : public BevelMenu, public ::testing::WithParamInterface<KeyCase> {};
-
-TEST_P(MenuKeys, ReachARow) {
+TEST_F(BevelMenu, KeysReachEveryRow) {
+    const struct {
+        const char* name;
+        std::vector<Qt::Key> keys;
+        std::optional<int> chosen;
+    } cases[] = {
+        {"Space and Return pick the current row", {Qt::Key_Space, Qt::Key_Return}, 5},
+        {"Return opens", {Qt::Key_Return, Qt::Key_Enter}, 5},
+        {"Down opens without moving", {Qt::Key_Down, Qt::Key_Return}, 5},
+        {"Down", {Qt::Key_Space, Qt::Key_Down, Qt::Key_Return}, 6},
+        {"Up passes over the separator",
+         {Qt::Key_Space, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Return},
+         0},
+        {"End", {Qt::Key_Space, Qt::Key_End, Qt::Key_Return}, 201},
+        {"typing searches", {Qt::Key_Space, Qt::Key_P, Qt::Key_1, Qt::Key_5, Qt::Key_0, Qt::Key_Return}, 152},
+        {"Escape picks nothing", {Qt::Key_Space, Qt::Key_End, Qt::Key_Escape}, std::nullopt},
+        {"Tab picks nothing", {Qt::Key_Space, Qt::Key_End, Qt::Key_Tab}, std::nullopt},
+    };
     button.AddRow("Delete");
     button.AddSeparator();
     for (const std::string& page : pages(200))
         button.AddRow(page);
-    button.setMenuValue(5);
-    button.setFocus();
-    for (const Qt::Key key : GetParam().keys) {
-        QWidget* target = list() != nullptr ? static_cast<QWidget*>(list()) : &button;
-        QTest::keyClick(target, key);
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        chosen.clear();
+        button.setMenuValue(5);
+        button.setFocus();
+        for (const Qt::Key key : row.keys)
+            QTest::keyClick(list() != nullptr ? static_cast<QWidget*>(list()) : &button, key);
+        EXPECT_EQ(lastChosen(), row.chosen);
+        EXPECT_FALSE(button.menuIsOpen());
     }
-    EXPECT_EQ(lastChosen(), GetParam().chosen);
-    EXPECT_FALSE(button.menuIsOpen());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    BevelButton, MenuKeys,
-    ::testing::Values(
-        KeyCase{"SpaceAndEnterPickTheCurrentRow", {Qt::Key_Space, Qt::Key_Return}, 5},
-        KeyCase{"ReturnOpens", {Qt::Key_Return, Qt::Key_Enter}, 5},
-        KeyCase{"DownOpensWithoutMoving", {Qt::Key_Down, Qt::Key_Return}, 5},
-        KeyCase{"DownGoesToTheNext", {Qt::Key_Space, Qt::Key_Down, Qt::Key_Return}, 6},
-        KeyCase{"UpGoesToTheOneBefore", {Qt::Key_Space, Qt::Key_Up, Qt::Key_Return}, 4},
-        KeyCase{"UpPassesOverTheSeparator",
-                {Qt::Key_Space, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Return},
-                0},
-        KeyCase{"HomeGoesToTheFirst", {Qt::Key_Space, Qt::Key_Home, Qt::Key_Return}, 0},
-        KeyCase{"EndGoesToTheLast", {Qt::Key_Space, Qt::Key_End, Qt::Key_Return}, 201},
-        KeyCase{"TypingSearches", {Qt::Key_Space, Qt::Key_P, Qt::Key_1, Qt::Key_5, Qt::Key_0, Qt::Key_Return}, 152},
-        KeyCase{"EscapeLeavesAllAsItIs", {Qt::Key_Space, Qt::Key_End, Qt::Key_Escape}, std::nullopt},
-        KeyCase{"TabLeavesAllAsItIs", {Qt::Key_Space, Qt::Key_End, Qt::Key_Tab}, std::nullopt}),
-    [](const auto& info) { return info.param.name; });
-
-TEST_F(BevelMenu, PressElsewhereClosesIt) {
-    button.setRows(pages(5));
-    button.openMenu();
-    QTest::mousePress(popup(), Qt::LeftButton, {}, QPoint(-50, -40));
-    EXPECT_FALSE(button.menuIsOpen());
+TEST_F(BevelMenu, APressElsewhereOrAChangeOfTheButtonClosesIt) {
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"press elsewhere", [&] { QTest::mousePress(popup(), Qt::LeftButton, {}, QPoint(-50, -40)); }},
+        {"row added", [&] { button.AddRow("x"); }},
+        {"row removed", [&] { button.RemoveRow(3); }},
+        {"rows deleted", [&] { button.DeleteAllRows(); }},
+        {"disabled", [&] { button.setEnabled(false); }},
+        {"hidden", [&] { button.hide(); }},
+    };
+    for (const auto& [name, act] : cases) {
+        SCOPED_TRACE(name);
+        button.setRows(pages(50));
+        button.setEnabled(true);
+        button.openMenu();
+        ASSERT_TRUE(button.menuIsOpen());
+        act();
+        EXPECT_FALSE(button.menuIsOpen() || button.isDown());
+        QCoreApplication::processEvents();
+    }
     EXPECT_EQ(chosen.count(), 0);
-    EXPECT_FALSE(button.isDown());
 }
-
-struct ClosingCase {
-    const char* name;
-    void (*act)(BevelButton&);
-};
-
-class MenuClosing : public BevelMenu, public ::testing::WithParamInterface<ClosingCase> {};
-
-TEST_P(MenuClosing, FollowsWhatCodeDoesToTheButton) {
-    button.setRows(pages(50));
-    button.openMenu();
-    ASSERT_TRUE(button.menuIsOpen());
-    GetParam().act(button);
-    EXPECT_FALSE(button.menuIsOpen());
-    QCoreApplication::processEvents();
-}
-
-INSTANTIATE_TEST_SUITE_P(BevelButton, MenuClosing,
-                         ::testing::Values(ClosingCase{"Disabled", [](BevelButton& b) { b.setEnabled(false); }},
-                                           ClosingCase{"Hidden", [](BevelButton& b) { b.hide(); }},
-                                           ClosingCase{"RowsDeleted", [](BevelButton& b) { b.DeleteAllRows(); }},
-                                           ClosingCase{"RowAdded", [](BevelButton& b) { b.AddRow("x"); }},
-                                           ClosingCase{"RowRemoved", [](BevelButton& b) { b.RemoveRow(3); }}),
-                         [](const auto& info) { return info.param.name; });
 
 TEST_F(BevelMenu, WithoutRowsNothingOpens) {
     button.setHasMenu(true);
     press();
-    button.openMenu();
     QTest::keyClick(&button, Qt::Key_Space);
-    EXPECT_FALSE(button.menuIsOpen());
-    EXPECT_FALSE(button.isDown());
+    EXPECT_FALSE(button.menuIsOpen() || button.isDown());
 }
 
 TEST_F(BevelMenu, ButtonMayDieWithItsMenuOpen) {
@@ -245,42 +205,36 @@ TEST_F(BevelMenu, LongPageListOpensAtItsCurrentRowAndAsksForFewOfTheOthers) {
     menu->close();
 }
 
-struct PlaceCase {
-    const char* name;
-    QPoint window;
-    int rows;
-    std::string widest;
-    bool below;
-};
-
-class MenuPlaces : public BevelMenu, public ::testing::WithParamInterface<PlaceCase> {};
-
-TEST_P(MenuPlaces, AreInsideTheScreenBesideTheButton) {
+TEST_F(BevelMenu, OpensInsideTheScreenBesideTheButton) {
+    const struct {
+        const char* name;
+        QPoint percent; ///< where the window is on the screen
+        int rows;
+        std::string widest;
+        bool below;
+    } cases[] = {{"long", {10, 10}, 5000, "p2", true},
+                 {"at the bottom", {10, 100}, 500, "p2", false},
+                 {"at the right", {100, 10}, 4, std::string(60, 'w'), true},
+                 {"very wide rows", {10, 10}, 4, std::string(4000, 'w'), true}};
     const QRect screen = window.screen()->availableGeometry();
-    const PlaceCase& row = GetParam();
-    window.move(screen.left() + row.window.x() * (screen.width() - 100) / 100,
-                screen.top() + row.window.y() * (screen.height() - 40) / 100);
-    QCoreApplication::processEvents();
-    auto names = pages(row.rows);
-    names.back() = row.widest;
-    button.setRows(names);
-    button.openMenu();
-    const QRect place = popup()->geometry();
-    const QRect onScreen(button.mapToGlobal(QPoint()), button.size());
-    EXPECT_TRUE(screen.contains(place));
-    EXPECT_FALSE(place.intersects(onScreen));
-    EXPECT_EQ(place.top() > onScreen.top(), row.below);
-    EXPECT_GE(place.width(), button.width());
-    EXPECT_LE(place.width(), 520);
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        window.move(screen.left() + row.percent.x() * (screen.width() - 100) / 100,
+                    screen.top() + row.percent.y() * (screen.height() - 40) / 100);
+        QCoreApplication::processEvents();
+        auto names = pages(row.rows);
+        names.back() = row.widest;
+        button.setRows(names);
+        button.openMenu();
+        const QRect place = popup()->geometry();
+        const QRect onScreen(button.mapToGlobal(QPoint()), button.size());
+        EXPECT_TRUE(screen.contains(place));
+        EXPECT_FALSE(place.intersects(onScreen));
+        EXPECT_EQ(place.top() > onScreen.top(), row.below);
+        EXPECT_GE(place.width(), button.width());
+        popup()->close();
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    BevelButton, MenuPlaces,
-    ::testing::Values(PlaceCase{"Short", {10, 10}, 3, "p2", true}, PlaceCase{"Long", {10, 10}, 5000, "p2", true},
-                      PlaceCase{"AtTheBottomOpensUpward", {10, 100}, 500, "p2", false},
-                      PlaceCase{"AtTheRightIsMovedIn", {100, 10}, 4, std::string(60, 'w'), true},
-                      PlaceCase{"VeryWideRowsAreCapped", {10, 10}, 4, std::string(4000, 'w'), true}),
-    [](const auto& info) { return info.param.name; });
 
 } // namespace
 } // namespace velmarin

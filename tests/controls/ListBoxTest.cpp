@@ -26,72 +26,35 @@ struct ListBoxTest : ::testing::Test {
     }
 };
 
-struct SelectCase {
-    const char* name;
-    std::function<void(ListBoxTest&)> act;
-    int row;
-    int changes;
-};
-
-class Selections : public ListBoxTest, public ::testing::WithParamInterface<SelectCase> {};
-
-TEST_P(Selections, AreTold) {
-    GetParam().act(*this);
-    EXPECT_EQ(box.ListIndex(), GetParam().row);
-    EXPECT_EQ(box.SelCount(), GetParam().row >= 0 ? 1 : 0);
-    EXPECT_EQ(changes.count(), GetParam().changes);
-    for (int row = -1; row <= box.rowCount(); ++row)
-        EXPECT_EQ(box.Selected(row), row == GetParam().row && row >= 0);
+TEST_F(ListBoxTest, SelectionsAreSignalled) {
+    const auto down = [this] { QTest::keyClick(&box, Qt::Key_Down); };
+    const struct {
+        const char* name;
+        std::function<void()> act;
+        int row, changes;
+    } steps[] = {
+        {"click", [&] { click(2); }, 2, 1},
+        {"click on the same row", [&] { click(2); }, 2, 0},
+        {"Down", down, 3, 1},
+        {"code", [&] { box.setListIndex(0); }, 0, 1},
+        {"code on the same row", [&] { box.setListIndex(0); }, 0, 1},
+        {"Down after code", down, 1, 1},
+        {"row added behind it", [&] { box.AddRow("Spanish"); }, 1, 0},
+        {"missing row", [&] { box.setListIndex(5); }, -1, 1},
+        {"rows deleted", [&] { box.setListIndex(1), box.DeleteAllRows(); }, -1, 1},
+    };
+    EXPECT_EQ(box.ListIndex(), -1);
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.name);
+        changes.clear();
+        step.act();
+        EXPECT_EQ(box.ListIndex(), step.row);
+        EXPECT_EQ(box.SelCount(), step.row >= 0 ? 1 : 0);
+        EXPECT_EQ(changes.count(), step.changes);
+        for (int row = -1; row <= box.rowCount(); ++row)
+            EXPECT_EQ(box.Selected(row), row == step.row && row >= 0);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(ListBox, Selections,
-                         ::testing::Values(SelectCase{"NothingAtFirst", [](auto&) {}, -1, 0},
-                                           SelectCase{"Click", [](auto& t) { t.click(2); }, 2, 1},
-                                           SelectCase{"ClickOnTheSameRowAgain",
-                                                      [](auto& t) {
-                                                          t.click(2);
-                                                          t.click(2);
-                                                      },
-                                                      2, 1},
-                                           SelectCase{"DownKey",
-                                                      [](auto& t) {
-                                                          t.click(1);
-                                                          QTest::keyClick(&t.box, Qt::Key_Down);
-                                                      },
-                                                      2, 2},
-                                           SelectCase{"Code", [](auto& t) { t.box.setListIndex(3); }, 3, 1},
-                                           SelectCase{"CodeOnTheSameRowAgain",
-                                                      [](auto& t) {
-                                                          t.box.setListIndex(0);
-                                                          t.box.setListIndex(0);
-                                                      },
-                                                      0, 2},
-                                           SelectCase{"CodeTakesItAway",
-                                                      [](auto& t) {
-                                                          t.box.setListIndex(1);
-                                                          t.box.setListIndex(-1);
-                                                      },
-                                                      -1, 2},
-                                           SelectCase{"MissingRow", [](auto& t) { t.box.setListIndex(4); }, -1, 1},
-                                           SelectCase{"RowsDeleted",
-                                                      [](auto& t) {
-                                                          t.box.setListIndex(1);
-                                                          t.box.DeleteAllRows();
-                                                      },
-                                                      -1, 1},
-                                           SelectCase{"RowAddedBehindIt",
-                                                      [](auto& t) {
-                                                          t.box.setListIndex(1);
-                                                          t.box.AddRow("Spanish");
-                                                      },
-                                                      1, 1},
-                                           SelectCase{"ArrowKeyAfterCode",
-                                                      [](auto& t) {
-                                                          t.box.setListIndex(0);
-                                                          QTest::keyClick(&t.box, Qt::Key_Down);
-                                                      },
-                                                      1, 2}),
-                         [](const auto& info) { return info.param.name; });
 
 TEST_F(ListBoxTest, RowSetByCodeIsInView) {
     std::vector<std::string> rows;

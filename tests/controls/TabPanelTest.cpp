@@ -1,18 +1,12 @@
 #include "controls/TabPanel.h"
-#include "controls/AnchoredLayout.h"
 #include "controls/SmallTabBar.h"
-
-#include "Ink.h"
 
 #include <QPointer>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace velmarin {
 namespace {
@@ -20,13 +14,11 @@ namespace {
 struct TabPanelTest : ::testing::Test {
     TabPanel panel;
     SmallTabBar* bar = panel.findChild<SmallTabBar*>();
-    QSignalSpy changes{&panel, &TabPanel::Change};
 
     void SetUp() override { panel.resize(808, 765); }
     void fill(int count) {
         for (int i = 0; i < count; ++i)
             panel.insertPanel(i, "A Dictionary of the English Language, volume " + std::to_string(i + 1));
-        changes.clear();
     }
     void show() {
         panel.show();
@@ -42,48 +34,41 @@ struct TabPanelTest : ::testing::Test {
     }
 };
 
-struct FrontCase {
-    const char* name;
-    std::function<void(TabPanel&)> act;
-    std::string front;
-    int changes;
-};
-
-/// Panels a, b, c, d; c is in front.
-class Fronts : public TabPanelTest, public ::testing::WithParamInterface<FrontCase> {};
-
-TEST_P(Fronts, StayWithTheirPage) {
-    for (const char* caption : {"a", "b", "c", "d"})
-        panel.insertPanel(panel.PanelCount(), caption);
-    panel.setValue(2);
-    changes.clear();
-    GetParam().act(panel);
-    EXPECT_EQ(panel.caption(panel.Value()), GetParam().front);
-    EXPECT_EQ(changes.count(), GetParam().changes);
-    for (int i = 0; i < panel.PanelCount(); ++i)
-        EXPECT_EQ(panel.panel(i)->isVisibleTo(&panel), i == panel.Value()) << i;
+TEST(TabPanelFront, StaysWithItsPage) {
+    using Panel = TabPanel;
+    const struct {
+        const char* name;
+        void (*act)(Panel&);
+        std::string front;
+        int changes;
+    } cases[] = {
+        {"set", [](Panel& p) { p.setValue(0); }, "a", 1},
+        {"set to itself", [](Panel& p) { p.setValue(2); }, "c", 0},
+        {"set beyond", [](Panel& p) { p.setValue(4); }, "c", 0},
+        {"set negative", [](Panel& p) { p.setValue(-1); }, "c", 0},
+        {"inserted before", [](Panel& p) { p.insertPanel(0, "x"); }, "c", 0},
+        {"inserted beyond the end", [](Panel& p) { p.insertPanel(99, "x"); }, "c", 0},
+        {"removed before", [](Panel& p) { p.removePanel(0); }, "c", 0},
+        {"removed behind", [](Panel& p) { p.removePanel(3); }, "c", 0},
+        {"removed itself", [](Panel& p) { p.removePanel(2); }, "d", 1},
+        {"removed a missing one", [](Panel& p) { p.removePanel(4); }, "c", 0},
+        {"renamed", [](Panel& p) { p.setCaption(2, "C & c"); }, "C & c", 0},
+        {"last two removed", [](Panel& p) { p.removePanel(3), p.removePanel(2); }, "b", 1},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        Panel panel;
+        for (const char* caption : {"a", "b", "c", "d"})
+            panel.insertPanel(panel.PanelCount(), caption);
+        panel.setValue(2);
+        QSignalSpy changes(&panel, &Panel::Change);
+        row.act(panel);
+        EXPECT_EQ(panel.caption(panel.Value()), row.front);
+        EXPECT_EQ(changes.count(), row.changes);
+        for (int i = 0; i < panel.PanelCount(); ++i)
+            EXPECT_EQ(panel.panel(i)->isVisibleTo(&panel), i == panel.Value()) << i;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(TabPanel, Fronts,
-                         ::testing::Values(FrontCase{"Set", [](auto& p) { p.setValue(0); }, "a", 1},
-                                           FrontCase{"SetToItself", [](auto& p) { p.setValue(2); }, "c", 0},
-                                           FrontCase{"SetBeyond", [](auto& p) { p.setValue(4); }, "c", 0},
-                                           FrontCase{"SetNegative", [](auto& p) { p.setValue(-1); }, "c", 0},
-                                           FrontCase{"InsertedBefore", [](auto& p) { p.insertPanel(0, "x"); }, "c", 0},
-                                           FrontCase{"InsertedBeyondTheEnd", [](auto& p) { p.insertPanel(99, "x"); },
-                                                     "c", 0},
-                                           FrontCase{"RemovedBefore", [](auto& p) { p.removePanel(0); }, "c", 0},
-                                           FrontCase{"RemovedBehind", [](auto& p) { p.removePanel(3); }, "c", 0},
-                                           FrontCase{"RemovedItself", [](auto& p) { p.removePanel(2); }, "d", 1},
-                                           FrontCase{"RemovedAMissingOne", [](auto& p) { p.removePanel(4); }, "c", 0},
-                                           FrontCase{"Renamed", [](auto& p) { p.setCaption(2, "C & c"); }, "C & c", 0},
-                                           FrontCase{"AllButTheFirstRemovedFromTheLast",
-                                                     [](auto& p) {
-                                                         for (int i = 3; i > 0; --i)
-                                                             p.removePanel(i);
-                                                     },
-                                                     "a", 2}),
-                         [](const auto& info) { return info.param.name; });
 
 TEST_F(TabPanelTest, RemovedPageDiesAfterTheEventThatRemovedIt) {
     fill(2);
@@ -99,24 +84,19 @@ TEST_F(TabPanelTest, ClickOnATabBringsItsPageToTheFront) {
     show();
     QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(2).center());
     EXPECT_EQ(panel.Value(), 2);
-    EXPECT_EQ(changes.count(), 1);
     EXPECT_TRUE(panel.panel(2)->isVisible());
     EXPECT_FALSE(panel.panel(0)->isVisible());
 }
 
 TEST_F(TabPanelTest, HiddenPagesFollowThePanelsSize) {
     fill(3);
-    auto* inner = new AnchoredLayout(panel.panel(2), {808, 743});
-    QWidget canvas(panel.panel(2));
-    inner->add(&canvas, {7, 25, 796, 714}, Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
-    EXPECT_EQ(panel.panel(2)->geometry(), QRect(0, 22, 808, 743));
     show();
-    panel.resize(908, 865);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(canvas.geometry(), QRect(7, 25, 896, 814));
-    panel.resize(908, 10);
-    QCoreApplication::processEvents();
-    EXPECT_GE(panel.panel(2)->height(), 0);
+    const QSize before = panel.panel(2)->size();
+    for (const QSize& more : {QSize(100, 100), QSize(100, -755)}) {
+        panel.resize(808 + more.width(), 765 + more.height());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(panel.panel(2)->size(), (before + more).expandedTo({0, 0}));
+    }
 }
 
 TEST_F(TabPanelTest, TwentyOneTabsCanEachBeBroughtIntoViewAndRead) {
@@ -124,23 +104,16 @@ TEST_F(TabPanelTest, TwentyOneTabsCanEachBeBroughtIntoViewAndRead) {
     show();
     for (const int tab : {20, 0, 10, 11, 9, 20, 19, 1}) {
         panel.setValue(tab);
-        const QRect place = bar->tabRect(tab);
-        EXPECT_TRUE(room().contains(place)) << "tab " << tab;
-        EXPECT_EQ(place.height(), 22);
+        EXPECT_TRUE(room().contains(bar->tabRect(tab))) << "tab " << tab;
     }
     QSet<QString> captions;
     for (int tab = 0; tab < 21; ++tab)
         captions.insert(bar->shownCaption(tab));
     EXPECT_EQ(captions.size(), 21) << "long names that differ at their ends";
-}
-
-TEST_F(TabPanelTest, CurrentTabStaysInViewWhenThePanelShrinks) {
-    fill(21);
     panel.setValue(6);
-    show();
     panel.resize(300, 765);
     QCoreApplication::processEvents();
-    EXPECT_TRUE(room().contains(bar->tabRect(6)));
+    EXPECT_TRUE(room().contains(bar->tabRect(6))) << "after the panel shrinks";
 }
 
 } // namespace

@@ -14,8 +14,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-
 namespace velmarin {
 namespace {
 
@@ -32,16 +30,12 @@ struct SizeButton : ::testing::Test {
     void SetUp() override { button.Event_Open(); }
 };
 
-TEST_F(SizeButton, MenuIsNineAndTheEvenSizesToForty) {
-    std::vector<std::string> rows;
-    for (int row = 0; row < button.rowCount(); ++row)
-        rows.push_back(button.List(row));
-    EXPECT_EQ(rows, (std::vector<std::string>{"9", "10", "12", "14", "16", "18", "20", "22", "24", "26", "28", "30",
-                                              "32", "34", "36", "38", "40"}));
+TEST_F(SizeButton, MenuIsNineAndTheEvenSizesToFortyAndAnyOtherSizeAppliesTheFirst) {
     EXPECT_EQ(button.CurrentFontSize, 14);
-}
-
-TEST_F(SizeButton, SizeThatIsNotInTheMenuAppliesTheFirst) {
+    EXPECT_EQ(button.List(0), "9");
+    for (int row = 1; row < 17; ++row)
+        EXPECT_EQ(button.List(row), std::to_string(8 + 2 * row));
+    EXPECT_EQ(button.rowCount(), 17);
     button.SelectMenuFromFontSize(18);
     EXPECT_EQ(button.MenuValue(), 5);
     EXPECT_EQ(button.CurrentFontSize, 18) << "without targets too";
@@ -50,102 +44,90 @@ TEST_F(SizeButton, SizeThatIsNotInTheMenuAppliesTheFirst) {
     EXPECT_EQ(button.shownText(), "9");
 }
 
-struct TargetCase {
-    const char* name;
-    std::unique_ptr<QWidget> (*make)();
-    bool takes;
-};
-
-template <typename Widget> std::unique_ptr<QWidget> make() {
-    return std::make_unique<Widget>();
+/// Gives a widget a font of a size that is not in the menu.
+void setOldSize(QWidget& widget) {
+    QFont font = widget.font();
+    font.setPointSizeF(11);
+    widget.setFont(font);
 }
 
-class PlainTargets : public ::testing::TestWithParam<TargetCase> {};
-
-TEST_P(PlainTargets, TakeTheSizeAsAWholeOrNotAtAll) {
-    TextSizeBevelButton button;
-    button.Event_Open();
-    const std::unique_ptr<QWidget> target = GetParam().make();
-    QFont font = target->font();
-    font.setPointSizeF(11);
-    target->setFont(font);
-    QSignalSpy told(&button, &TextSizeBevelButton::Action);
-    button.SetObjObject(target.get());
-    button.SelectMenuFromFontSize(24);
-    EXPECT_EQ(target->font().pointSizeF(), GetParam().takes ? 24 : 11);
-    ASSERT_EQ(told.count(), 1) << "whatever its kind";
-    EXPECT_EQ(told.first().at(0).value<std::int32_t>(), 24);
-    EXPECT_EQ(told.first().at(1).value<QWidget*>(), target.get());
+TEST_F(SizeButton, PlainTargetsTakeTheSizeAsAWholeOrNotAtAll) {
+    PopupMenu popup;
+    ListBox list;
+    QTextEdit area;
+    QLineEdit field;
+    QPlainTextEdit plain;
+    QLabel label;
+    BevelButton bevel;
+    QCheckBox other;
+    for (QWidget* target :
+         std::initializer_list<QWidget*>{&popup, &list, &area, &field, &plain, &label, &bevel, &other}) {
+        SCOPED_TRACE(target->metaObject()->className());
+        setOldSize(*target);
+        TextSizeBevelButton sizes;
+        sizes.Event_Open();
+        QSignalSpy told(&sizes, &TextSizeBevelButton::Action);
+        sizes.SetObjObject(target);
+        sizes.setMenuValue(8);
+        emit sizes.rowChosen(8);
+        EXPECT_EQ(target->font().pointSizeF(), target == &other ? 11 : 24);
+        ASSERT_EQ(told.count(), 1) << "whatever its kind";
+        EXPECT_EQ(told.first().at(0).value<std::int32_t>(), 24);
+        EXPECT_EQ(told.first().at(1).value<QWidget*>(), target);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    SizeButton, PlainTargets,
-    ::testing::Values(TargetCase{"PopupMenu", make<PopupMenu>, true}, TargetCase{"ListBox", make<ListBox>, true},
-                      TargetCase{"TextArea", make<QTextEdit>, true}, TargetCase{"TextField", make<QLineEdit>, true},
-                      TargetCase{"TextEdit", make<QPlainTextEdit>, true}, TargetCase{"StaticText", make<QLabel>, true},
-                      TargetCase{"BevelButton", make<BevelButton>, true},
-                      TargetCase{"AnythingElse", make<QCheckBox>, false}),
-    [](const auto& info) { return info.param.name; });
-
-struct StyledCase {
-    const char* name;
-    bool oneLine, styled;
-    int from, to;      ///< what is selected beforehand
-    double base;       ///< the control's size afterwards, 11 before
-    std::string sizes; ///< of the characters: o old, n new
-    int selected;      ///< characters selected afterwards
-};
-
-class StyledTexts : public ::testing::TestWithParam<StyledCase> {};
-
-TEST_P(StyledTexts, TakeTheSizeForTheSelection) {
-    const StyledCase& row = GetParam();
-    QTextEdit edit;
-    QFont font = edit.font();
-    font.setPointSizeF(11);
-    edit.setFont(font);
-    if (row.oneLine)
-        edit.document()->setMaximumBlockCount(1);
-    edit.setPlainText("amor");
+/// A text whose characters from `from` to `to` are selected.
+void select(QTextEdit& edit, int from, int to) {
     QTextCursor cursor = edit.textCursor();
-    cursor.setPosition(row.from);
-    cursor.setPosition(row.to, QTextCursor::KeepAnchor);
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
     edit.setTextCursor(cursor);
-
-    TextSizeBevelButton button;
-    button.Event_Open();
-    button.Styled = row.styled;
-    button.SetObjObject(&edit);
-    button.SelectMenuFromFontSize(20);
-
-    EXPECT_EQ(edit.font().pointSizeF(), row.base);
-    std::string sizes;
-    for (int i = 0; i < 4; ++i)
-        sizes += sizeAt(edit, i) == 20 ? 'n' : 'o';
-    EXPECT_EQ(sizes, row.sizes);
-    EXPECT_EQ(edit.textCursor().selectedText().size(), row.selected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    SizeButton, StyledTexts,
-    ::testing::Values(StyledCase{"AreaWithoutSelectionIsSelectedWhole", false, false, 2, 2, 20, "nnnn", 4},
-                      StyledCase{"AreaWithSelectionKeepsIt", false, true, 1, 3, 20, "nnnn", 2},
-                      StyledCase{"StyledFieldTakesItForTheSelection", true, true, 1, 3, 11, "onno", 2},
-                      StyledCase{"PlainFieldTakesItAsAWhole", true, false, 1, 3, 20, "nnnn", 2}),
-    [](const auto& info) { return info.param.name; });
+TEST(StyledTexts, TakeTheSizeForTheSelection) {
+    const struct {
+        const char* name;
+        bool oneLine, styled;
+        int from, to;      ///< what is selected beforehand
+        double base;       ///< the control's size afterwards
+        std::string sizes; ///< of the characters: o old, n new
+        int selected;      ///< characters selected afterwards
+    } cases[] = {
+        {"an area without a selection is selected whole", false, false, 2, 2, 20, "nnnn", 4},
+        {"an area with a selection keeps it", false, true, 1, 3, 20, "nnnn", 2},
+        {"a styled field changes its selection", true, true, 1, 3, 11, "onno", 2},
+        {"a plain field changes as a whole", true, false, 1, 3, 20, "nnnn", 2},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.name);
+        QTextEdit edit;
+        setOldSize(edit);
+        if (row.oneLine)
+            edit.document()->setMaximumBlockCount(1);
+        edit.setPlainText("amor");
+        select(edit, row.from, row.to);
+        TextSizeBevelButton button;
+        button.Event_Open();
+        button.Styled = row.styled;
+        button.SetObjObject(&edit);
+        button.SelectMenuFromFontSize(20);
+        EXPECT_EQ(edit.font().pointSizeF(), row.base);
+        std::string sizes;
+        for (int i = 0; i < 4; ++i)
+            sizes += sizeAt(edit, i) == 20 ? 'n' : 'o';
+        EXPECT_EQ(sizes, row.sizes);
+        EXPECT_EQ(edit.textCursor().selectedText().size(), row.selected);
+    }
+}
 
 TEST_F(SizeButton, SelectionKeepsItsSizeWhenTheBaseChangesLater) {
     QTextEdit edit;
     edit.setPlainText("amor");
-    QTextCursor cursor = edit.textCursor();
-    cursor.setPosition(0);
-    cursor.setPosition(2, QTextCursor::KeepAnchor);
-    edit.setTextCursor(cursor);
+    select(edit, 0, 2);
     button.SetObjObject(&edit);
     button.SelectMenuFromFontSize(30);
-    cursor.setPosition(2);
-    cursor.setPosition(4, QTextCursor::KeepAnchor);
-    edit.setTextCursor(cursor);
+    select(edit, 2, 4);
     button.SelectMenuFromFontSize(12);
     EXPECT_EQ(sizeAt(edit, 0), 30);
     EXPECT_EQ(sizeAt(edit, 3), 12);
@@ -173,15 +155,6 @@ TEST_F(SizeButton, FirstVisibleLineOfATextStaysTheFirst) {
     }
 }
 
-TEST_F(SizeButton, PickInTheMenuAppliesItself) {
-    QLabel label;
-    button.SetObjObject(&label);
-    button.setMenuValue(3);
-    emit button.rowChosen(3);
-    EXPECT_EQ(label.font().pointSizeF(), 14);
-    EXPECT_EQ(button.CurrentFontSize, 14);
-}
-
 struct FontButton : ::testing::Test {
     TextFontBevelButton button;
     void SetUp() override {
@@ -190,7 +163,7 @@ struct FontButton : ::testing::Test {
     }
 };
 
-TEST_F(FontButton, MenuIsTheInstalledFontsInTheirOrder) {
+TEST_F(FontButton, MenuIsTheInstalledFontsAndAMissingRowTheSystems) {
     EXPECT_EQ(button.FontArray.size(), static_cast<std::size_t>(QFontDatabase::families().size()));
     EXPECT_EQ(button.List(1), button.FontArray[1]);
     EXPECT_EQ(button.CurrentFontName, "System");

@@ -22,8 +22,7 @@ QAccessibleInterface* heard(QWidget* widget) {
 }
 
 TEST(ScreenReaders, HearTheCaptionOfEveryButtonFirstAndALabelOfEveryPopUp) {
-    Started run;
-    run.group(fruitGroup("G", 2).preferences("G\t0\t\nA\t0\nB\t1\n")).start();
+    Started run({fruitGroup("G", 2).preferences("G\t0\t\nA\t0\nB\t1\n")});
     run.search("apple");
     run.click("SubWinBV");
     run.app().pageImages().show(FolderItem(run.groupFolder("G") / "A" / "mImg" / "1.bmp"), nullptr, 0);
@@ -48,8 +47,7 @@ TEST(ScreenReaders, HearTheCaptionOfEveryButtonFirstAndALabelOfEveryPopUp) {
 }
 
 TEST(Logo, CanBeReadOnLightAndOnDarkDesktops) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     auto* logo = run.control<QLabel>("LOGO");
     for (const QColor& ground : {QColor(240, 240, 240), QColor(40, 42, 46)}) {
         QPalette colours = run.window().palette();

@@ -20,8 +20,7 @@ namespace velmarin::test {
 namespace {
 
 TEST(GroupPick, ASingleGroupIsPickedAtOnceAndWorks) {
-    Started run;
-    run.group(fruitGroup("Only", 2).preferences("Fruit\t0\t\n")).start();
+    Started run({fruitGroup("Only", 2).preferences("Fruit\t0\t\n")});
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), 0);
     EXPECT_EQ(run.window().title(), "Fruit version 1.0");
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
@@ -31,8 +30,7 @@ TEST(GroupPick, ASingleGroupIsPickedAtOnceAndWorks) {
 }
 
 TEST(GroupPick, OfTwoGroupsNoneIsPickedAndTheSearchIsOff) {
-    Started run;
-    run.group(fruitGroup("One", 1)).group(fruitGroup("Two", 1)).start();
+    Started run({fruitGroup("One", 1), fruitGroup("Two", 1)});
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1);
     EXPECT_FALSE(run.control<QPushButton>("OKBT")->isEnabled());
     EXPECT_EQ(run.control<QLineEdit>("SearchEF")->text(), "To execute a search, select a dictionary.");
@@ -42,11 +40,8 @@ TEST(GroupPick, OfTwoGroupsNoneIsPickedAndTheSearchIsOff) {
     EXPECT_EQ(run.control<QLineEdit>("SearchEF")->text(), "");
 }
 
-TEST(GroupPick, AGroupThatStandsInAWindowIsRefusedAndTheMenuGoesBack) {
-    Started run;
-    run.group(fruitGroup("One", 1).preferences("First\t0\t\n"))
-        .group(fruitGroup("Two", 2).preferences("Second\t0\t\n"))
-        .start();
+TEST(GroupPick, AGroupShownInAWindowIsRefusedAndTheMenuGoesBack) {
+    Started run({fruitGroup("One", 1).preferences("First\t0\t\n"), fruitGroup("Two", 2).preferences("Second\t0\t\n")});
     run.pick("One");
     run.app().mMakeNewMainWin();
     ASSERT_EQ(run.app().MainWinList().size(), 2U);
@@ -66,8 +61,7 @@ TEST(GroupPick, AGroupThatStandsInAWindowIsRefusedAndTheMenuGoesBack) {
 }
 
 TEST(GroupPick, OneFolderIsShownOnceWhateverRowOrLinkItIsPickedBy) {
-    Started run;
-    run.group(fruitGroup("Fruit", 1)).group(fruitGroup("Wood", 1)).start();
+    Started run({fruitGroup("Fruit", 1), fruitGroup("Wood", 1)});
     std::filesystem::create_directory_symlink("Fruit", run.groupFolder("Link"));
     std::filesystem::create_directory_symlink(run.groupFolder("Fruit"), run.groupFolder("Another link"));
     run.pick("Wood");
@@ -84,8 +78,7 @@ TEST(GroupPick, OneFolderIsShownOnceWhateverRowOrLinkItIsPickedBy) {
 }
 
 TEST(GroupPick, WindowsAreMadeUntilGroupsRunOutAndThenTheVersionIsAppended) {
-    Started run;
-    run.group(fruitGroup("One", 1)).group(fruitGroup("Two", 1)).start();
+    Started run({fruitGroup("One", 1), fruitGroup("Two", 1)});
     run.app().mMakeNewMainWin();
     run.app().mMakeNewMainWin();
     EXPECT_EQ(run.app().MainWinList().size(), 2U);
@@ -97,8 +90,7 @@ TEST(GroupPick, WindowsAreMadeUntilGroupsRunOutAndThenTheVersionIsAppended) {
 }
 
 TEST(GroupPick, AClosedWindowCountsButItsGroupIsFreeFromTheNextPick) {
-    Started run;
-    run.group(fruitGroup("One", 1)).group(fruitGroup("Two", 1)).group(fruitGroup("Three", 1)).start();
+    Started run({fruitGroup("One", 1), fruitGroup("Two", 1), fruitGroup("Three", 1)});
     run.pick("One");
     run.app().mMakeNewMainWin();
     run.pick("Two", 1);
@@ -112,8 +104,7 @@ TEST(GroupPick, AClosedWindowCountsButItsGroupIsFreeFromTheNextPick) {
 }
 
 TEST(GroupPick, AWindowThatComesBackIsWithoutAGroupAndMayTakeItsOldOneAgain) {
-    Started run;
-    run.group(fruitGroup("One", 1).preferences("First\t1\t\n")).group(fruitGroup("Two", 1)).start();
+    Started run({fruitGroup("One", 1).preferences("First\t1\t\n"), fruitGroup("Two", 1)});
     run.pick("Two");
     run.app().mMakeNewMainWin();
     run.pick("One", 1);
@@ -130,8 +121,7 @@ TEST(GroupPick, AWindowThatComesBackIsWithoutAGroupAndMayTakeItsOldOneAgain) {
 }
 
 TEST(GroupPick, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
-    Started run;
-    run.group(fruitGroup("Good", 2)).group(fruitGroup("Bad", 1)).group(fruitGroup("Gone", 1)).start();
+    Started run({fruitGroup("Good", 2), fruitGroup("Bad", 1), fruitGroup("Gone", 1)});
     const auto unreadable = run.groupFolder("Bad") / "DictionaryPreferences.txt";
     std::filesystem::create_directory(unreadable);
     std::filesystem::remove_all(run.groupFolder("Gone"));
@@ -142,7 +132,7 @@ TEST(GroupPick, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
         run.search("banana");
         run.pick(group);
         EXPECT_EQ(std::exchange(run.host.messages, {}), told) << group;
-        EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1) << "another name stands over no pages";
+        EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1) << "no name is shown without pages";
         EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 1);
         EXPECT_EQ(run.imageName(0), "");
         EXPECT_EQ(run.window().title(), "VELMARIN");
@@ -163,8 +153,7 @@ TEST(GroupPick, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
 }
 
 TEST(GroupPick, AGroupWithoutDictionariesShowsOneEmptyTab) {
-    Started run;
-    run.group(fruitGroup("Full", 3)).start();
+    Started run({fruitGroup("Full", 3)});
     run.quit();
     run.files().write("DictionaryFolder/Empty/readme", "nothing");
     run.start();
@@ -180,10 +169,8 @@ TEST(GroupPick, AGroupWithoutDictionariesShowsOneEmptyTab) {
 }
 
 TEST(GroupPick, TabsUpTo21AndAListFrom22) {
-    Started run;
-    run.group(GroupBuilder("T21").manyDictionaries(21, {"a", "b"}))
-        .group(GroupBuilder("T22").manyDictionaries(22, {"a", "b"}))
-        .start();
+    Started run(
+        {GroupBuilder("T21").manyDictionaries(21, {"a", "b"}), GroupBuilder("T22").manyDictionaries(22, {"a", "b"})});
     run.pick("T21");
     EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 21);
     EXPECT_FALSE(run.control<QWidget>("LB")->isVisible());
@@ -195,15 +182,13 @@ TEST(GroupPick, TabsUpTo21AndAListFrom22) {
 }
 
 TEST(GroupPick, AListedDictionaryThatDoesNotLoadKeepsItsTabAndItsNeighboursWork) {
-    Started run;
-    run.group(GroupBuilder("G")
-                  .dictionary(fruit("A").without("mImg").without("txt"))
-                  .dictionary(fruit("B"))
-                  .dictionary(
-                      DictionaryBuilder("NotListed").member("FW", "").without("ind").without("txt").without("mImg"))
-                  .preferences("G\t0\t\nA\t2\nGone\t1\nB\t0\n"))
-        .group(fruitGroup("Other", 1))
-        .start();
+    Started run(
+        {GroupBuilder("G")
+             .dictionary(fruit("A").without("mImg").without("txt"))
+             .dictionary(fruit("B"))
+             .dictionary(DictionaryBuilder("NotListed").member("FW", "").without("ind").without("txt").without("mImg"))
+             .preferences("G\t0\t\nA\t2\nGone\t1\nB\t0\n"),
+         fruitGroup("Other", 1)});
     run.pick("G");
     auto* tabs = run.control<TabPanel>("TB");
     ASSERT_EQ(tabs->PanelCount(), 2);
@@ -217,16 +202,13 @@ TEST(GroupPick, AListedDictionaryThatDoesNotLoadKeepsItsTabAndItsNeighboursWork)
 }
 
 TEST(GroupPick, APickDuringASearchWaitsForItsEnd) {
-    Started run;
-    run.group(GroupBuilder("Many").manyDictionaries(30, {"apple", "banana", "zzz"}))
-        .group(fruitGroup("Few", 1))
-        .start();
+    Started run({GroupBuilder("Many").manyDictionaries(30, {"apple", "banana", "zzz"}), fruitGroup("Few", 1)});
     run.pick("Many");
     bool picked = false;
     run.host.onYield = [&] {
         if (!std::exchange(picked, true)) {
             run.pick("Few");
-            EXPECT_EQ(run.window().state().pDictionaryItem.size(), 30U) << "the ground was pulled away";
+            EXPECT_EQ(run.window().state().pDictionaryItem.size(), 30U) << "the group changed during the search";
         }
     };
     run.search("apple");

@@ -41,8 +41,8 @@ GroupBuilder groupWithErrata() {
 }
 
 TEST(ErrataMenu, OpensThePageImageWindowWhichStepsTheTabItCameFrom) {
-    Started run;
-    run.group(groupWithErrata()).start();
+    Started run({groupWithErrata(), fruitGroup("H", 1)});
+    run.pick("G");
     run.search("apple");
     run.choose("BVErrata.0", 1);
     EXPECT_EQ(openWindow<PageImageWindow>(), nullptr) << "a name without a file opens nothing";
@@ -55,6 +55,11 @@ TEST(ErrataMenu, OpensThePageImageWindowWhichStepsTheTabItCameFrom) {
     window->close();
     QApplication::processEvents();
     EXPECT_FALSE(run.app().module.pPageImageShown);
+    run.search("apple");
+    run.choose("BVErrata.0", 0);
+    ASSERT_NE(openWindow<PageImageWindow>(), nullptr);
+    run.pick("H");
+    EXPECT_EQ(openWindow<PageImageWindow>(), nullptr) << "a change of group closes it";
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
 }
 
@@ -70,20 +75,8 @@ TEST(ErrataMenu, APageImageWindowSavedBeyondTheScreenIsBroughtIn) {
     EXPECT_TRUE(window->screen()->availableGeometry().contains(window->frameGeometry()));
 }
 
-TEST(ErrataMenu, AChangeOfGroupClosesThePageImageWindow) {
-    Started run;
-    run.group(groupWithErrata()).group(fruitGroup("H", 1)).start();
-    run.pick("G");
-    run.search("apple");
-    run.choose("BVErrata.0", 0);
-    ASSERT_NE(openWindow<PageImageWindow>(), nullptr);
-    run.pick("H");
-    EXPECT_EQ(openWindow<PageImageWindow>(), nullptr);
-}
-
 TEST(SideWindow, OpensAndClosesWithItsButtonAndGoesWithItsGroup) {
-    Started run;
-    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
+    Started run({fruitGroup("G", 1), fruitGroup("H", 1)});
     run.pick("G");
     auto* button = run.control<BevelButton>("SubWinBV");
     run.click("SubWinBV");
@@ -100,8 +93,7 @@ TEST(SideWindow, OpensAndClosesWithItsButtonAndGoesWithItsGroup) {
 }
 
 TEST(SideWindow, AQueryGoesThereOnlyWhenSynchronised) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     run.click("SubWinBV");
     SubWindow* side = run.window().sideLink().pMySubWin();
     ASSERT_NE(side, nullptr);
@@ -114,8 +106,7 @@ TEST(SideWindow, AQueryGoesThereOnlyWhenSynchronised) {
 }
 
 TEST(WindowsInFront, TakeOnlyTheCommandsOfTheApplication) {
-    Started run;
-    run.group(groupWithErrata().dictionary(fruit("B"))).group(fruitGroup("H", 1)).start();
+    Started run({groupWithErrata().dictionary(fruit("B")), fruitGroup("H", 1)});
     run.pick("G");
     run.search("apple");
     for (const char* item : {"SubwinDic", "SubwinFind"})
@@ -152,8 +143,7 @@ QPushButton* editOrder(Started& run) {
 }
 
 TEST(OrderEditor, SavesTheNewOrderAndTheWindowFollowsAtOnce) {
-    Started run;
-    run.group(fruitGroup("G", 2).preferences("Old\t0\t\nA\t2\nB\t2\n")).start();
+    Started run({fruitGroup("G", 2).preferences("Old\t0\t\nA\t2\nB\t2\n")});
     QTest::mouseClick(editOrder(run), Qt::LeftButton);
     QApplication::processEvents();
     EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), "New\nA\nB\n");
@@ -179,8 +169,7 @@ TEST(OrderEditor, StaysOpenAndSavesWhenItsWindowLosesTheGroup) {
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.how);
-        Started run;
-        run.group(fruitGroup("G", 2).preferences("Old\t0\t\nA\t2\nB\t2\n")).group(fruitGroup("H", 1)).start();
+        Started run({fruitGroup("G", 2).preferences("Old\t0\t\nA\t2\nB\t2\n"), fruitGroup("H", 1)});
         run.pick("G");
         QPushButton* save = editOrder(run);
         each.lose(run);
@@ -195,8 +184,7 @@ TEST(OrderEditor, StaysOpenAndSavesWhenItsWindowLosesTheGroup) {
 }
 
 TEST(OrderEditor, DoesNothingWithoutAPickedGroup) {
-    Started run;
-    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
+    Started run({fruitGroup("G", 1), fruitGroup("H", 1)});
     run.app().ActiveMainWin = &run.window();
     run.app().handle("SpecialChangedictionaryorder", 0);
     for (QWidget* widget : QApplication::topLevelWidgets())
@@ -204,8 +192,7 @@ TEST(OrderEditor, DoesNothingWithoutAPickedGroup) {
 }
 
 TEST(AfterAnInstall, EveryWindowIsResetAndItsGroupCanBePickedAgain) {
-    Started run;
-    run.group(fruitGroup("G", 2)).start();
+    Started run({fruitGroup("G", 2)});
     run.search("banana");
     run.files().write("DictionaryFolder/G/DictionaryPreferences.txt", "G\t0\t\nB\t2\nA\t0\n");
     MaintenanceLink link(run.app());
@@ -218,8 +205,7 @@ TEST(AfterAnInstall, EveryWindowIsResetAndItsGroupCanBePickedAgain) {
 }
 
 TEST(SideWindow, ItsSmallButtonsShowTheFingerWhereAPressActs) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     run.click("SubWinBV");
     const auto shape = [&run](const char* name, QEvent::Type type) {
         auto* control = run.control<QWidget>(name);

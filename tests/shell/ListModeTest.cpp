@@ -26,8 +26,7 @@ GroupBuilder manyFruits(const std::string& name) {
 }
 
 TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
-    Started run;
-    run.group(manyFruits("Many")).start();
+    Started run({manyFruits("Many")});
     auto* rows = run.control<ListBox>("LB");
     EXPECT_EQ(rows->rowCount(), 25);
     EXPECT_EQ(run.control<BevelButton>("BVimage.0")->wholeText(), "Image size") << "its fit has no row";
@@ -57,8 +56,7 @@ TEST(ListMode, EveryDictionaryGivesARowAndEachRowShowsItsPage) {
 }
 
 TEST(ListMode, AClickOnARowShowsItsPageAndLeavesTheKeyboardToTheField) {
-    Started run;
-    run.group(manyFruits("Many")).start();
+    Started run({manyFruits("Many")});
     run.search("banana");
     QApplication::setActiveWindow(&run.window());
     auto* rows = run.control<ListBox>("LB");
@@ -69,8 +67,7 @@ TEST(ListMode, AClickOnARowShowsItsPageAndLeavesTheKeyboardToTheField) {
 }
 
 TEST(ListMode, AChosenHitKeepsTheImageSizeAndAStepGoesBackToItsDictionarys) {
-    Started run;
-    run.group(manyFruits("Many")).start();
+    Started run({manyFruits("Many")});
     run.search("banana");
     run.choose("BVimage.0", 1);
     run.control<ListBox>("LB")->setListIndex(5);
@@ -81,8 +78,7 @@ TEST(ListMode, AChosenHitKeepsTheImageSizeAndAStepGoesBackToItsDictionarys) {
 }
 
 TEST(ListMode, ASearchFromTheSideWindowPassesOverDictionariesWithoutATab) {
-    Started run;
-    run.group(manyFruits("Many")).start();
+    Started run({manyFruits("Many")});
     run.search("banana");
     run.window().sideLink().searchAll("cherry");
     EXPECT_EQ(run.imageName(0), "3.bmp");
@@ -90,8 +86,7 @@ TEST(ListMode, ASearchFromTheSideWindowPassesOverDictionariesWithoutATab) {
 }
 
 TEST(ListMode, ARowWithoutAPageSaysSoReadably) {
-    Started run;
-    run.group(manyFruits("Many")).start();
+    Started run({manyFruits("Many")});
     run.search("aaa");
     auto* info = run.control<QLabel>("InfoST");
     EXPECT_EQ(info->text(), "We cant finde the picture. This dictionary has some probleme: D10");
@@ -126,8 +121,7 @@ TEST(ListMode, JumpsReadTheFirstDictionarysPages) {
 }
 
 TEST(ListMode, TheListLayoutStaysForLaterGroupsWithItsRows) {
-    Started run;
-    run.group(manyFruits("Many")).group(fruitGroup("Two", 2)).start();
+    Started run({manyFruits("Many"), fruitGroup("Two", 2)});
     run.pick("Many");
     const int left = run.control<TabPanel>("TB")->x();
     EXPECT_EQ(left, 150);
@@ -140,8 +134,7 @@ TEST(ListMode, TheListLayoutStaysForLaterGroupsWithItsRows) {
 }
 
 TEST(ListMode, RowsOfASecondWindowGoToTheFirstOnesList) {
-    Started run;
-    run.group(fruitGroup("A few", 2)).group(manyFruits("Many")).start();
+    Started run({fruitGroup("A few", 2), manyFruits("Many")});
     run.pick("A few");
     run.app().mMakeNewMainWin();
     run.pick("Many", 1);

@@ -33,24 +33,8 @@ QAction* item(MainWindow& window, const QString& name, const QString& caption) {
     return nullptr;
 }
 
-TEST(Menus, EveryShortcutBelongsToOneItem) {
-    QStringList seen;
-    for (const MenuPlan& menu : menuTree())
-        for (const MenuItemPlan& plan : menu.items) {
-            if (plan.shortcut.empty())
-                continue;
-            for (const QKeySequence& keys :
-                 QKeySequence::listFromString(QString::fromStdString(std::string(plan.shortcut)))) {
-                ASSERT_FALSE(keys.isEmpty()) << plan.shortcut;
-                EXPECT_FALSE(seen.contains(keys.toString())) << plan.shortcut;
-                seen << keys.toString();
-            }
-        }
-}
-
 TEST(Menus, AltAndALetterOpensEachMenuF10TheFirstAndTheFieldStaysAsItIs) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     run.pick("G");
     auto* field = run.control<QLineEdit>("SearchEF");
     field->setText("word");
@@ -86,20 +70,30 @@ TEST(Menus, EveryItemButTheWindowsHasALetterOfItsOwn) {
     }
 }
 
-TEST(Menus, EveryItemIsHandledByTheWindowOrTheApplication) {
+TEST(Menus, EveryItemIsHandledAndHasAShortcutOfItsOwn) {
     Started run;
     run.start();
+    QList<QKeySequence> seen;
     for (const MenuPlan& menu : menuTree())
-        for (const MenuItemPlan& plan : menu.items)
+        for (const MenuItemPlan& plan : menu.items) {
             EXPECT_TRUE(plan.caption == "-" || run.window().handles(plan.name) || run.app().handles(plan.name))
                 << plan.name;
+            if (plan.shortcut.empty())
+                continue;
+            for (const QKeySequence& keys : QKeySequence::listFromString(toQ(plan.shortcut))) {
+                EXPECT_FALSE(keys.isEmpty() || seen.contains(keys)) << plan.shortcut;
+                seen << keys;
+            }
+        }
+    item(run.window(), "SpecialCheckDictionaires", "Check Dictionaires")->trigger();
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+    item(run.window(), "SpecialOpenDictionaryFolder", "Open DictionaryFolder")->trigger();
+    EXPECT_EQ(run.host.launched, std::vector<std::filesystem::path>{run.folder() / "DictionaryFolder"});
 }
 
 TEST(Menus, WindowRowsFollowTheirWindowsGroups) {
-    Started run;
-    run.group(fruitGroup("One", 1).preferences("First\t0\t\n"))
-        .group(fruitGroup("Two", 1).preferences("Second & last\t0\t\n"))
-        .start();
+    Started run(
+        {fruitGroup("One", 1).preferences("First\t0\t\n"), fruitGroup("Two", 1).preferences("Second & last\t0\t\n")});
     EXPECT_NE(item(run.window(), "WinItem", "Default Window"), nullptr);
     run.pick("One");
     EXPECT_NE(item(run.window(), "WinItem", "First"), nullptr);
@@ -114,14 +108,13 @@ TEST(Menus, WindowRowsFollowTheirWindowsGroups) {
 }
 
 TEST(FailureMessages, NameATaskByItsCaptionOrNotAtAll) {
-    Started run;
-    run.group(fruitGroup("G", 1).preferences("R & D\t0\t\n")).start();
+    Started run({fruitGroup("G", 1).preferences("R & D\t0\t\n")});
     run.pick("G");
     EXPECT_EQ(taskOf(item(run.window(), "SpecialInstall", "Install/Up date")), "Install/Up date");
     EXPECT_EQ(taskOf(item(run.window(), "WinItem", "R & D")), "R & D");
     EXPECT_EQ(taskOf(run.window().findChild<QMenu*>("TBpanel")), "Tab panel");
     EXPECT_EQ(taskOf(run.control<QWidget>("OKBT")), "OK");
-    EXPECT_EQ(taskOf(run.control<QWidget>("SearchEF")), "") << "a field is no task";
+    EXPECT_EQ(taskOf(run.control<QWidget>("SearchEF")), "") << "a field is not a task";
     auto* jump = run.control<BevelButton>("BVjump.0");
     jump->openMenu();
     EXPECT_EQ(taskOf(QApplication::activePopupWidget()->focusWidget()), "Page") << "a row of its menu";
@@ -129,8 +122,7 @@ TEST(FailureMessages, NameATaskByItsCaptionOrNotAtAll) {
 }
 
 TEST(Menus, EditItemsActOnTheFocusedField) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     auto* field = run.control<QLineEdit>("SearchEF");
     run.window().activateWindow();
     QApplication::setActiveWindow(&run.window());
@@ -148,8 +140,7 @@ TEST(Menus, EditItemsActOnTheFocusedField) {
 class EditItems : public testing::TestWithParam<bool> {};
 
 TEST_P(EditItems, ActOnTheSideWindowsTextIfAClickOnTheMenuBarTookItsFocus) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     run.click("SubWinBV");
     SubWindow& side = *run.window().sideLink().pMySubWin();
     auto* field = run.control<QLineEdit>("SearchEF");
@@ -171,15 +162,6 @@ TEST_P(EditItems, ActOnTheSideWindowsTextIfAClickOnTheMenuBarTookItsFocus) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Pointer, EditItems, testing::Bool());
-
-TEST(Menus, CheckDictionairesDoesNothingAndTheFolderIsOpenedByTheHost) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
-    item(run.window(), "SpecialCheckDictionaires", "Check Dictionaires")->trigger();
-    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
-    item(run.window(), "SpecialOpenDictionaryFolder", "Open DictionaryFolder")->trigger();
-    EXPECT_EQ(run.host.launched, std::vector<std::filesystem::path>{run.folder() / "DictionaryFolder"});
-}
 
 } // namespace
 } // namespace velmarin::test

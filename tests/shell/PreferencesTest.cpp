@@ -15,8 +15,7 @@ namespace {
 const char* const kPreferences = "DictionaryFolder/G/DictionaryPreferences.txt";
 
 TEST(GroupPreferences, OrderModesAndTheCheckBoxComeBackAtTheNextStart) {
-    Started run;
-    run.group(fruitGroup("G", 3).preferences("Fruit\t1\t\nC\t1\nA\t0\nGone\t2\n")).start();
+    Started run({fruitGroup("G", 3).preferences("Fruit\t1\t\nC\t1\nA\t0\nGone\t2\n")});
     EXPECT_TRUE(run.control<QCheckBox>("SeparatelyCB")->isChecked());
     EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "C");
     EXPECT_EQ(run.control<BevelButton>("BVimage.1")->wholeText(), "Adjust by height");
@@ -30,8 +29,7 @@ TEST(GroupPreferences, OrderModesAndTheCheckBoxComeBackAtTheNextStart) {
 }
 
 TEST(GroupPreferences, TheLinesOfTheOrderEditorAreCarriedOverToEveryGroup) {
-    Started run;
-    run.group(fruitGroup("G", 2)).group(fruitGroup("H", 1)).start();
+    Started run({fruitGroup("G", 2), fruitGroup("H", 1)});
     run.pick("G");
     run.app().module.pNewDicPref = {"New name", "B", "A"};
     run.pick("H");
@@ -86,8 +84,7 @@ TEST(Placement, OneThatNoScreenShowsIsBroughtInAndStaysSavedUntilTheUserMovesThe
 }
 
 TEST(Placement, WithoutASavedOneTheWindowFitsItsScreen) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     EXPECT_TRUE(run.window().screen()->availableGeometry().contains(run.window().frameGeometry()));
     EXPECT_FALSE(std::filesystem::exists(run.folder() / "Preferences/MainWindow"));
 }
@@ -95,7 +92,7 @@ TEST(Placement, WithoutASavedOneTheWindowFitsItsScreen) {
 TEST(Placement, AFolderThatCannotBeWrittenIsToldOnceAndOnlyAfterAMove) {
     Started run;
     run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1));
-    run.files().write("Preferences", "a file stands where the folder belongs");
+    run.files().write("Preferences", "a file in place of the folder");
     run.start();
     EXPECT_EQ(run.host.messages.size(), 0U) << "nothing of the user's has been lost";
     for (int i = 1; i <= 5; ++i) {
@@ -117,8 +114,7 @@ TEST(Placement, ALineOfZerosGivesTheSmallestWindowAndNotNone) {
 }
 
 TEST(GroupPreferences, GroupsThatCannotBeWrittenAreToldOnceForAllAndTheProgramStaysUp) {
-    Started run;
-    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
+    Started run({fruitGroup("G", 1), fruitGroup("H", 1)});
     for (const char* group : {"G", "H"}) {
         run.pick(group);
         std::filesystem::create_directory(run.groupFolder(group) / "DictionaryPreferences.txt");

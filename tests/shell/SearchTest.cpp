@@ -36,8 +36,7 @@ TEST(Search, TheCheckBoxAndShiftDecideWhichTabsAreSearched) {
     };
     for (const RouteCase& c : cases) {
         SCOPED_TRACE(c.reason);
-        Started run;
-        run.group(fruitGroup("G", 3)).start();
+        Started run({fruitGroup("G", 3)});
         run.control<TabPanel>("TB")->setValue(1);
         run.control<QCheckBox>("SeparatelyCB")->setChecked(c.separately);
         run.host.shift.held = c.shift;
@@ -48,16 +47,14 @@ TEST(Search, TheCheckBoxAndShiftDecideWhichTabsAreSearched) {
 }
 
 TEST(Search, AShiftKeyThatChangesBetweenTheLooksIsTold) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     run.host.shift.next = {false, true};
     run.search("banana");
     EXPECT_EQ(run.host.messages, std::vector<std::string>{"OKBT unexpected error at ACTION."});
 }
 
 TEST(Search, NoClickTakesTheKeyboardAndTabReachesEveryControl) {
-    Started run;
-    run.group(fruitGroup("G", 2)).start();
+    Started run({fruitGroup("G", 2)});
     run.search("banana");
     QApplication::setActiveWindow(&run.window());
     auto* field = run.control<QLineEdit>("SearchEF");
@@ -89,8 +86,7 @@ TEST(Search, NoClickTakesTheKeyboardAndTabReachesEveryControl) {
 }
 
 TEST(Search, LeavesTheWordSelectedAndTheAcknowledgementGone) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     auto* about = run.control<QLabel>("AboutST");
     run.search("");
     EXPECT_TRUE(about->isVisible()) << "an empty field searches nothing";
@@ -101,12 +97,10 @@ TEST(Search, LeavesTheWordSelectedAndTheAcknowledgementGone) {
 }
 
 TEST(Search, ErrataFollowTheLineAndNotThePage) {
-    Started run;
-    run.group(GroupBuilder("G").dictionary(DictionaryBuilder("A")
-                                               .entry("apple", "1.bmp", {"e1.bmp", "e2.bmp"})
-                                               .entry("banana", "2.bmp")
-                                               .entry("zzz", "3.bmp")))
-        .start();
+    Started run({GroupBuilder("G").dictionary(DictionaryBuilder("A")
+                                                  .entry("apple", "1.bmp", {"e1.bmp", "e2.bmp"})
+                                                  .entry("banana", "2.bmp")
+                                                  .entry("zzz", "3.bmp"))});
     auto* errata = run.control<BevelButton>("BVErrata.0");
     EXPECT_FALSE(errata->isEnabled());
     run.search("apple");
@@ -125,8 +119,7 @@ TEST(Search, ErrataFollowTheLineAndNotThePage) {
 }
 
 TEST(Search, WhatIsTypedWhileItRunsIsTheNextWord) {
-    Started run;
-    run.group(fruitGroup("G", 3)).start();
+    Started run({fruitGroup("G", 3)});
     auto* field = run.control<QLineEdit>("SearchEF");
     std::string letters = "cherry";
     run.host.onYield = [&] {
@@ -140,16 +133,14 @@ TEST(Search, WhatIsTypedWhileItRunsIsTheNextWord) {
 }
 
 TEST(Search, ReturnOutsideTheFieldSearchesToo) {
-    Started run;
-    run.group(fruitGroup("G", 1)).start();
+    Started run({fruitGroup("G", 1)});
     run.control<QLineEdit>("SearchEF")->setText("date");
     QTest::keyClick(run.control<QCheckBox>("SeparatelyCB"), Qt::Key_Return);
     EXPECT_EQ(run.imageName(0), "4.bmp");
 }
 
 TEST(Search, ASecondSearchDuringTheFirstWaitsForItsEnd) {
-    Started run;
-    run.group(fruitGroup("G", 3)).start();
+    Started run({fruitGroup("G", 3)});
     bool pressed = false;
     run.host.onYield = [&] {
         if (!std::exchange(pressed, true)) {
@@ -165,8 +156,7 @@ TEST(Search, ASecondSearchDuringTheFirstWaitsForItsEnd) {
 }
 
 TEST(Search, ClosingDuringASearchWaitsForItsEnd) {
-    Started run;
-    run.group(fruitGroup("G", 3)).start();
+    Started run({fruitGroup("G", 3)});
     run.host.onYield = [&] {
         run.window().close();
         EXPECT_EQ(run.window().state().pDictionaryItem.size(), 3U);
@@ -177,12 +167,8 @@ TEST(Search, ClosingDuringASearchWaitsForItsEnd) {
 }
 
 TEST(SearchField, UpAndDownScrollThePageUnlessCommandOrOptionIsHeld) {
-    Started run;
-    run.group(GroupBuilder("G").dictionary(DictionaryBuilder("A")
-                                               .entry("apple", "1.bmp")
-                                               .entry("zzz", "2.bmp")
-                                               .picture("1.bmp", oneBitBmp(400, 4000))))
-        .start();
+    Started run({GroupBuilder("G").dictionary(
+        DictionaryBuilder("A").entry("apple", "1.bmp").entry("zzz", "2.bmp").picture("1.bmp", oneBitBmp(400, 4000)))});
     auto* field = run.control<QLineEdit>("SearchEF");
     QTest::keyClick(field, Qt::Key_Down);
     EXPECT_EQ(run.host.messages, std::vector<std::string>{}) << "no page, nothing to scroll";

@@ -19,6 +19,12 @@ Started::Started() {
     std::filesystem::create_directories(folder_.path() / "DictionaryFolder");
 }
 
+Started::Started(std::initializer_list<GroupBuilder> groups) : Started() {
+    for (const GroupBuilder& each : groups)
+        group(each);
+    start();
+}
+
 Started::~Started() {
     for (QWidget* widget : QApplication::topLevelWidgets())
         widget->close();

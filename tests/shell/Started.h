@@ -9,6 +9,7 @@
 
 #include <QString>
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +21,8 @@ namespace velmarin::test {
 class Started {
   public:
     Started();
+    /// Builds these groups and starts.
+    explicit Started(std::initializer_list<GroupBuilder> groups);
     ~Started();
     Started(const Started&) = delete;
     Started& operator=(const Started&) = delete;

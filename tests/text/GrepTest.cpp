@@ -1,5 +1,5 @@
 #include "text/Grep.h"
-#include "text/Message.h"
+#include "support/CollectedMessages.h"
 #include "text/StringModule.h"
 
 #include <gtest/gtest.h>
@@ -12,19 +12,12 @@ constexpr const char* badPatternMessage = "failed to compile: Bad regular expres
 
 class GrepTest : public testing::Test {
   protected:
-    GrepTest() {
-        before_ = setMessageHandler([this](std::string_view text) { messages.emplace_back(text); });
-        mStrMod_OpenThisModule();
-    }
-    ~GrepTest() override { setMessageHandler(before_); }
+    GrepTest() { mStrMod_OpenThisModule(); }
 
-    std::vector<std::string> messages;
-
-  private:
-    MessageHandler before_;
+    test::CollectedMessages messages;
 };
 
-TEST_F(GrepTest, SearchTellsThePositionOfAMatchFromOne) {
+TEST_F(GrepTest, SearchReturnsThePositionOfAMatchFromOne) {
     const struct {
         const char* reason;
         int start;
@@ -32,40 +25,31 @@ TEST_F(GrepTest, SearchTellsThePositionOfAMatchFromOne) {
         int position;
     } rows[] = {
         {"at the very start", 0, "<@_a_>", "<@_(.+?)_>", 1},
-        {"inside", 0, "xy<@_a_>", "<@_(.+?)_>", 3},
         {"characters, not bytes", 0, "éé<@_a_>", "<@_(.+?)_>", 3},
-        {"none", 0, "xy", "<@_(.+?)_>", 0},
         {"empty name is none", 0, "<@__>", "<@_(.+?)_>", 0},
-        {"empty text", 0, "", "a", 0},
         {"empty match", 0, "", "^", 1},
-        {"start is included", 3, "abab", "a", 3},
         {"start in characters", 2, "éa", "a", 2},
         {"behind the last match", 4, "abab", "a", 0},
         {"beyond the text", 9, "abab", "a", 0},
-        {"below nought", -1, "abab", "a", 1},
-        {"case counts", 0, "ABC", "b", 0},
+        {"negative start", -1, "abab", "a", 1},
         {"line start inside the text", 0, "a\nb", "^b", 3},
         {"CR LF is one end", 0, "a\r\nb", "^b", 3},
-        {"CR is an end", 0, "a\rb", "a$", 1},
         {"the point stops at an end", 0, "a\rb", "a.b", 0},
         {"word characters are ASCII", 0, "aé", "[^\\w]", 2},
         {"NUL is a character", 0, std::string("a\0b", 3), "a.b", 1},
     };
     for (const auto& row : rows)
         EXPECT_EQ(mStrMod_GrepMBS_Search(row.start, row.text, row.pattern), row.position) << row.reason;
-    EXPECT_TRUE(messages.empty());
+    EXPECT_TRUE(messages.texts.empty());
 }
 
-TEST_F(GrepTest, FindTakesTheNameOutOfAMarker) {
+TEST_F(GrepTest, FindReturnsTheNameInAMarker) {
     const struct {
         const char* reason;
         std::string text, name;
     } rows[] = {
         {"page marker", "text <@_page 1.tif_> text", "page 1.tif"},
-        {"the first of two", "<@_a_><@_b_>", "a"},
-        {"underscores inside", "<@_a_b_c_>", "a_b_c"},
         {"name beyond ASCII", "<@_ページ.tif_>", "ページ.tif"},
-        {"none", "<@_a>", ""},
         {"not over a line end", "<@_a\r_>", ""},
         {"stray byte before the marker", "caf\xE9 <@_a_>", "a"},
         {"stray byte in the name", "<@_caf\xE9.tif_>", "caf\xE9.tif"},
@@ -87,7 +71,7 @@ TEST_F(GrepTest, ReplaceTakesOneMarkerAPass) {
     EXPECT_EQ(text, "x<@_p_>\n");
 }
 
-TEST_F(GrepTest, ReplacePutsInTheReplacementAsItStands) {
+TEST_F(GrepTest, ReplaceInsertsTheReplacementLiterally) {
     const struct {
         const char* reason;
         std::string text, pattern, replacement, first, all;
@@ -95,7 +79,7 @@ TEST_F(GrepTest, ReplacePutsInTheReplacementAsItStands) {
         {"two matches", "a-b-c", "-", "+", "a+b-c", "a+b+c"},
         {"no match, line ends", "a\r\nb\r", "x", "y", "a\nb\n", "a\nb\n"},
         {"references mean nothing", "ab", "(b)", "$1\\1", "a$1\\1", "a$1\\1"},
-        {"line end put in", "ab", "b", "\r\n", "a\n", "a\n"},
+        {"line end inserted", "ab", "b", "\r\n", "a\n", "a\n"},
         {"longer than the text", "--", "-", std::string(200, 'x'), std::string(200, 'x') + "-", std::string(400, 'x')},
         {"empty matches", "ab", "x*", "-", "-ab", "-a-b-"},
         {"character beyond ASCII", "é", "[^\\w]", "-", "-", "--"},
@@ -108,14 +92,14 @@ TEST_F(GrepTest, ReplacePutsInTheReplacementAsItStands) {
         EXPECT_EQ(mStrMod_GrepMBS_Replace(row.text, row.pattern, row.replacement), row.first) << row.reason;
         EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(row.text, row.pattern, row.replacement), row.all) << row.reason;
     }
-    EXPECT_TRUE(messages.empty());
+    EXPECT_TRUE(messages.texts.empty());
 }
 
-TEST_F(GrepTest, ABadPatternIsToldAndFindsNothing) {
+TEST_F(GrepTest, ABadPatternIsReportedAndFindsNothing) {
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, "((", "("), 0);
     EXPECT_EQ(mStrMod_GrepMBS_Find(0, "((", "("), "");
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, "\xE9", "\xE9"), 0) << "a pattern is UTF-8";
-    EXPECT_EQ(messages, std::vector<std::string>(3, badPatternMessage));
+    EXPECT_EQ(messages.texts, std::vector<std::string>(3, badPatternMessage));
 }
 
 TEST_F(GrepTest, FoundStrIsTheLastMatchOfGrepAlone) {
@@ -142,7 +126,7 @@ TEST_F(GrepTest, LongTextsAreSearchedToTheirEnd) {
     EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(text, "[^\\w]", "").size(), text.size() - 30'003);
 }
 
-TEST_F(GrepTest, EndlessTryingEndsAsNoMatch) {
+TEST_F(GrepTest, EndlessBacktrackingIsNoMatch) {
     std::string markers;
     while (markers.size() < 1'000'000)
         markers += "<@_";

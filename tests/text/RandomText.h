@@ -8,7 +8,7 @@
 
 namespace velmarin {
 
-/// Texts made of given pieces, of any code points, and of bytes that are no UTF-8. The same at every run.
+/// Texts made of given pieces, of any code points, and of bytes that are not UTF-8. The same in every run.
 class RandomText {
   public:
     explicit RandomText(std::vector<std::string> pieces, unsigned seed) : pieces_(std::move(pieces)), engine_(seed) {}

@@ -24,21 +24,21 @@ TEST(ExtraText, IsAFramedBoxAtTheTopLeft) {
     EXPECT_TRUE(canvas.view.drawnOver().empty());
 }
 
-TEST(ExtraText, TakesItsSettings) {
+TEST(ExtraText, UsesItsSettings) {
     FakeCanvas canvas;
     canvas.view.mExtraTextSettings("", 0, true, true, 0, RGB(1, 2, 3), RGB(4, 5, 6), true);
     canvas.view.mDrawExtraText();
     EXPECT_TRUE(canvas.view.drawnOver().empty()) << "no text, no box";
     canvas.view.pExtraText_Text = "text";
     canvas.view.mDrawExtraText();
-    EXPECT_EQ(canvas.view.drawnOver()[0], DrawCommand(RectFilled{0, 0, 200, 30, RGB(4, 5, 6)}));
-    EXPECT_EQ(canvas.over<StringDrawn>().style, (TextStyle{14, "System", true, true}));
+    EXPECT_EQ(canvas.over<RectDrawn>(1).w, 200);
     EXPECT_EQ(canvas.over<StringDrawn>().color, RGB(1, 2, 3));
     canvas.view.mExtraText_SetWidth(120);
     canvas.view.mExtraText_SetTextColor(RGB(9, 9, 9));
     canvas.view.mDrawExtraText();
-    EXPECT_EQ(canvas.over<RectDrawn>(1).w, 120);
+    EXPECT_EQ(DrawCommand(canvas.over<RectFilled>(2)), DrawCommand(RectFilled{0, 0, 120, 30, RGB(4, 5, 6)}));
     EXPECT_EQ(canvas.over<RectDrawn>(1).color, RGB(9, 9, 9));
+    EXPECT_EQ(canvas.over<StringDrawn>().style, (TextStyle{14, "System", true, true}));
 }
 
 TEST(ExtraText, WhenAppliedIsPartOfEveryPaintAndFollowsTheMouse) {

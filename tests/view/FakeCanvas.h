@@ -8,7 +8,7 @@
 
 namespace velmarin::test {
 
-/// A canvas without a window: it paints into a list of commands and notes what it is told.
+/// A canvas without a window: it paints into a list of commands and records the calls to it.
 class FakeCanvas : public CanvasPort {
   public:
     explicit FakeCanvas(int width = 800, int height = 700) : width(width), height(height) { view.Event_Open(); }

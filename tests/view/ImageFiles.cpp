@@ -22,6 +22,11 @@ std::string encoded(const Picture& picture, int format) {
     return bytes;
 }
 
+DecodedPicture decoded(const std::string& name, std::string_view bytes) {
+    const TempFolder folder;
+    return decodePicture(FolderItem(folder.write(name, bytes)));
+}
+
 namespace {
 
 void putSample(std::string& row, std::size_t index, int bits, unsigned value) {

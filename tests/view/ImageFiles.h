@@ -1,5 +1,6 @@
 #pragma once
 
+#include "view/Decoders.h"
 #include "view/Picture.h"
 
 #include <cstdint>
@@ -11,6 +12,9 @@ namespace velmarin::test {
 
 /// The bytes of `picture` as Leptonica writes them in one of its formats (IFF_...).
 std::string encoded(const Picture& picture, int format);
+
+/// What the decoders make of a file of this name and these bytes.
+DecodedPicture decoded(const std::string& name, std::string_view bytes);
 
 /// How a TIFF is laid out. Samples come from `value(x, y, sample)` and are written in `bits` bits each.
 struct TiffLayout {

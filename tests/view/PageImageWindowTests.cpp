@@ -4,7 +4,6 @@
 #include "platform/ScriptedHost.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
-#include "text/NilObjectException.h"
 #include "view/PageImageWindow.h"
 #include "view/SmartCanvas.h"
 
@@ -26,10 +25,13 @@
 namespace velmarin {
 namespace {
 
+using namespace std::string_literals;
 using test::oneBitBmp;
 using test::TempFolder;
 
-/// A main window's pages: keeps what it is told.
+const std::vector<std::string> notAPicture{"Error:This is not a picture file."};
+
+/// Records the steps that a main window is asked for.
 class RecordingStepper : public PageStepper {
   public:
     std::vector<std::tuple<std::string, int, int>> steps;
@@ -80,7 +82,7 @@ class PageImageWindowTest : public ::testing::Test {
     /// A folder called "errata" of two pictures with a text between them, and what is not seen.
     FolderItem errata() {
         picture("errata/a.bmp", 600, 500);
-        files.write("errata/b.txt", "no picture");
+        files.write("errata/b.txt", "text");
         picture("errata/c.bmp", 700, 400);
         picture("errata/.hidden.bmp", 16, 16);
         return FolderItem(files.path() / "errata");
@@ -122,20 +124,35 @@ class PageImageWindowTest : public ::testing::Test {
     int closings = 0;
 };
 
-TEST_F(PageImageWindowTest, FolderFillsTheMenuWithItsVisibleItemsAndShowsTheFirst) {
+TEST_F(PageImageWindowTest, AFoldersPicturesArePickedFromTheMenu) {
     open().mSetImage(errata());
+    show();
     EXPECT_EQ(title(), "errata");
     EXPECT_EQ(window->pImagePUArray(), (std::vector<std::string>{"a.bmp", "b.txt", "c.bmp"}));
     EXPECT_EQ(button("ImagePU").MenuValue(), 0);
     EXPECT_EQ(button("ImagePU").Caption(), "3 image(s) exist(s)");
-    EXPECT_TRUE(button("ImagePU").isEnabled());
     EXPECT_EQ(window->pCurrentImageSize(), (Extent{600, 500}));
-    EXPECT_EQ(control<SmartCanvas>("MainCanvas").Mode(), 0);
-    EXPECT_TRUE(host.messages.empty());
+    pick("ImagePU", 1);
+    EXPECT_EQ(host.messages, notAPicture);
+    ASSERT_EQ(button("ImagePU").rowCount(), 2) << "what is not a picture leaves the menu";
+    EXPECT_EQ(window->pCurrentImageSize(), (Extent{600, 500}));
+    pick("ImagePU", 1);
+    EXPECT_EQ(window->pCurrentImageSize(), (Extent{700, 400}));
+    EXPECT_EQ(title(), "errata");
+    EXPECT_EQ(button("ImagePU").MenuValue(), 1);
+    EXPECT_TRUE(window->pImagePUArray().empty());
+
+    window->mSetImage(picture("page [*] 7.bmp", 640, 480)); // a file from elsewhere
+    EXPECT_EQ(title(), "page [*][*] 7.bmp") << "doubled, so that Qt shows it as it is";
+    EXPECT_TRUE(window->pParFol().isNil());
+    EXPECT_EQ(button("ImagePU").rowCount(), 0);
+    EXPECT_FALSE(button("ImagePU").isEnabled());
+    window->mSetImage(errata());
+    EXPECT_TRUE(button("ImagePU").isEnabled());
 }
 
-TEST_F(PageImageWindowTest, FolderWhoseFirstItemIsNoPictureSaysSoInTheTipAlone) {
-    files.write("mixed/a.txt", "no picture");
+TEST_F(PageImageWindowTest, FolderWhoseFirstItemIsNotAPictureSaysSoInTheTipAlone) {
+    files.write("mixed/a.txt", "text");
     picture("mixed/b.bmp", 20, 20);
     open().mSetImage(FolderItem(files.path() / "mixed"));
     show();
@@ -160,30 +177,6 @@ TEST_F(PageImageWindowTest, FolderOfHiddenItemsAloneClosesTheWindow) {
     EXPECT_TRUE(window.isNull());
 }
 
-TEST_F(PageImageWindowTest, PickShowsItsPictureAndKeepsMenuAndTitle) {
-    open().mSetImage(errata());
-    show();
-    pick("ImagePU", 2);
-    EXPECT_EQ(window->pCurrentImageSize(), (Extent{700, 400}));
-    EXPECT_EQ(title(), "errata");
-    EXPECT_EQ(button("ImagePU").rowCount(), 3);
-    EXPECT_EQ(button("ImagePU").MenuValue(), 2);
-    EXPECT_TRUE(window->pImagePUArray().empty());
-}
-
-TEST_F(PageImageWindowTest, PickThatIsNoPictureIsToldOfAndLeavesTheMenu) {
-    open().mSetImage(errata());
-    show();
-    pick("ImagePU", 1);
-    EXPECT_EQ(host.messages, (std::vector<std::string>{"Error:This is not a picture file."}));
-    ASSERT_EQ(button("ImagePU").rowCount(), 2);
-    EXPECT_EQ(button("ImagePU").List(1), "c.bmp");
-    EXPECT_EQ(window->pCurrentImageSize(), (Extent{600, 500}));
-    EXPECT_TRUE(control<SmartCanvas>("MainCanvas").hasImage());
-    pick("ImagePU", 1);
-    EXPECT_EQ(window->pCurrentImageSize(), (Extent{700, 400}));
-}
-
 TEST_F(PageImageWindowTest, FolderWithinAFolderOpensWhenItIsPicked) {
     picture("outer/a.bmp", 20, 20);
     picture("outer/inner/x.bmp", 30, 30);
@@ -195,86 +188,43 @@ TEST_F(PageImageWindowTest, FolderWithinAFolderOpensWhenItIsPicked) {
     EXPECT_EQ(window->pCurrentImageSize(), (Extent{30, 30}));
 }
 
-TEST_F(PageImageWindowTest, FileFromOutsideEndsTheFolder) {
-    open().mSetImage(errata());
-    window->mSetImage(picture("page [*] 7.bmp", 640, 480));
-    EXPECT_EQ(title(), "page [*][*] 7.bmp") << "doubled, so that Qt shows it as it is";
-    EXPECT_TRUE(window->pParFol().isNil());
-    EXPECT_EQ(button("ImagePU").rowCount(), 0);
-    EXPECT_FALSE(button("ImagePU").isEnabled());
-    EXPECT_EQ(window->pCurrentImageSize(), (Extent{640, 480}));
-    window->mSetImage(errata());
-    EXPECT_TRUE(button("ImagePU").isEnabled());
-}
-
-TEST_F(PageImageWindowTest, AFileThatIsNoPictureIsToldOfAndThePictureBeforeItStays) {
-    const std::pair<const char*, std::string> noPictures[] = {
-        {"missing.tif", ""},     {"a.txt", "no picture"}, {"a.TIF", oneBitBmp()},
-        {"a.tiff", oneBitBmp()}, {"a.JPG", oneBitBmp()},  {"a.bmp", oneBitBmp().substr(0, 40)}};
+TEST_F(PageImageWindowTest, AFileThatIsNotAPictureIsReportedAndThePictureBeforeItStays) {
+    const std::pair<const char*, std::string> cases[] = {{"missing.tif", ""},    {"a.txt", "text"},
+                                                         {"a.TIF", oneBitBmp()}, {"a.tiff", oneBitBmp()},
+                                                         {"a.JPG", oneBitBmp()}, {"a.bmp", oneBitBmp().substr(0, 40)}};
     open().mSetImage(picture("good.bmp", 640, 480));
-    for (const auto& [name, bytes] : noPictures) {
+    for (const auto& [name, bytes] : cases) {
         SCOPED_TRACE(name);
         host.messages.clear();
         if (!bytes.empty())
             files.write(name, bytes);
         window->mSetImage(FolderItem(files.path() / name));
-        EXPECT_EQ(host.messages, (std::vector<std::string>{"Error:This is not a picture file."}));
+        EXPECT_EQ(host.messages, notAPicture);
         EXPECT_EQ(title(), name);
         EXPECT_EQ(window->pCurrentImageSize(), (Extent{640, 480}));
         EXPECT_TRUE(control<SmartCanvas>("MainCanvas").hasImage());
     }
 }
 
-TEST_F(PageImageWindowTest, APictureGivesTheWindowItsSizeAndThePageTheRest) {
-    struct Load {
-        const char* ratio;
-        int width, height;
-        QSize window;
-    };
-    open();
-    show();
-    for (const Load& load : {Load{"100", 640, 480, {640, 510}}, Load{"", 640, 480, {640, 510}},
-                             Load{"50", 1000, 1500, {580, 780}}, Load{"20", 2000, 600, {580, 400}}}) {
-        type(load.ratio);
-        window->mSetImage(picture("p.bmp", load.width, load.height));
-        EXPECT_EQ(window->size(), load.window) << load.ratio;
-        EXPECT_EQ(control<SmartCanvas>("MainCanvas").geometry(),
-                  QRect(13, 33, load.window.width() - 26, load.window.height() - 53));
-    }
-}
-
-TEST_F(PageImageWindowTest, APickedRatioFillsTheFieldAndSetsTheSize) {
-    struct Pick {
-        int row;
-        const char* text;
-        QSize window;
-        const char* info;
-    };
+TEST_F(PageImageWindowTest, ThePickedOrTypedRatioSetsTheSize) {
+    const std::string tooSmall = "The selected ratio is too small.", tooBig = "The selected ratio is too big.";
     open().mSetImage(picture("p.bmp", 780, 640));
     show();
-    for (const Pick& each : {Pick{2, "25", {580, 505}, "The selected ratio is too small."},
-                             Pick{5, "50", {580, 505}, ""}, Pick{11, "100", {780, 670}, ""}}) {
-        pick("RatioPU", each.row);
-        EXPECT_EQ(ratioText(), each.text);
-        EXPECT_EQ(window->size(), each.window);
-        EXPECT_EQ(info(), each.info);
+    pick("RatioPU", 2);
+    EXPECT_EQ(std::pair(ratioText(), info()), std::pair("25"s, tooSmall));
+    EXPECT_EQ(window->size(), QSize(580, 505));
+    window->mSetImage(picture("p.bmp", 2000, 1600));
+    EXPECT_EQ(window->size(), QSize(580, 430)) << "the next picture takes it";
+    pick("RatioPU", 5);
+    EXPECT_EQ(std::pair(ratioText(), info()), std::pair("50"s, ""s));
+    EXPECT_EQ(window->size(), QSize(1000, 830));
+    EXPECT_EQ(control<SmartCanvas>("MainCanvas").geometry(), QRect(13, 33, 974, 777));
+    for (const auto& [typed, text, said] :
+         {std::tuple("3x", "3"s, tooSmall), std::tuple("1509", "150"s, tooBig), std::tuple("", ""s, ""s)}) {
+        type(typed);
+        QTest::keyClick(&control<QLineEdit>("RatioEF"), Qt::Key_Return);
+        EXPECT_EQ(std::pair(ratioText(), info()), std::pair(text, said)) << "digits alone, and three of them";
     }
-}
-
-TEST_F(PageImageWindowTest, ReturnTakesTheTypedRatioAndTheFieldHoldsThreeDigits) {
-    open().mSetImage(picture("p.bmp", 780, 640));
-    show();
-    type("3x0");
-    QTest::keyClick(&control<QLineEdit>("RatioEF"), Qt::Key_Return);
-    EXPECT_EQ(ratioText(), "30");
-    EXPECT_EQ(info(), "The selected ratio is too small.");
-    type("1509");
-    QTest::keyClick(&control<QLineEdit>("RatioEF"), Qt::Key_Return);
-    EXPECT_EQ(ratioText(), "150");
-    EXPECT_EQ(info(), "The selected ratio is too big.");
-    type("");
-    QTest::keyClick(&control<QLineEdit>("RatioEF"), Qt::Key_Return);
-    EXPECT_EQ(info(), "");
 }
 
 TEST_F(PageImageWindowTest, ButtonsStepThePagesOfTheirMainWindowAsLongAsItHasTheTab) {
@@ -336,7 +286,7 @@ TEST_F(PageImageWindowTest, PreferencesGivePlaceAndRatioAndAreWrittenAtTheEnd) {
     EXPECT_EQ(preferences.read("PageImageW_Pref.txt"), "60\n70\n40\n") << "as it was left";
 }
 
-TEST_F(PageImageWindowTest, PreferencesThatCannotBeWrittenAreToldOfOnceAndTheWindowCloses) {
+TEST_F(PageImageWindowTest, PreferencesThatCannotBeWrittenAreReportedOnceAndTheWindowCloses) {
     std::filesystem::create_directory(preferences.path() / "PageImageW_Pref.txt");
     open();
     show();

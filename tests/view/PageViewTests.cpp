@@ -1,8 +1,9 @@
 #include "FakeCanvas.h"
 #include "support/TempFolder.h"
-#include "text/NilObjectException.h"
 
 #include <gtest/gtest.h>
+
+#include <utility>
 
 namespace velmarin {
 namespace {
@@ -10,45 +11,36 @@ namespace {
 using test::FakeCanvas;
 using test::TempFolder;
 
-struct PaintCase {
-    const char* name;
-    int mode, width, height, imageWidth, imageHeight;
-    double ratio;
-    int w, h, sx, sy; ///< of the destination, and of the source
-};
-
 TEST(Painting, FollowsTheMode) {
-    const PaintCase cases[] = {
-        {"whole page, too high", 0, 800, 700, 1000, 2000, 0.35, 350, 700, 0, 0},
-        {"whole page, too wide", 0, 800, 700, 2000, 1000, 0.4, 800, 400, 0, 0},
-        {"whole page, smaller in both directions", 0, 800, 700, 799, 699, 1.0, 799, 699, 0, 0},
-        {"whole page, as wide as the control", 0, 800, 700, 800, 350, 1.0, 800, 350, 0, 0},
-        {"whole page, as high as the control and narrow", 0, 800, 700, 100, 700, 1.0, 100, 700, 0, 0},
-        {"original size", 1, 800, 700, 1000, 2000, 1.0, 1000, 2000, 30, 40},
-        {"by width", 2, 800, 700, 1000, 2000, 0.8, 800, 1600, 0, 40},
-        {"by width, enlarged", 2, 800, 700, 400, 300, 2.0, 800, 600, 0, 40},
-        {"mode 3 is mode 2", 3, 800, 700, 1000, 2000, 0.8, 800, 1600, 0, 40},
-        {"mode 4 is mode 2", 4, 800, 700, 1000, 2000, 0.8, 800, 1600, 0, 40},
-        {"by height", 5, 800, 700, 1000, 2000, 0.35, 350, 700, 30, 0},
-        {"sizes are cut to whole pixels", 2, 800, 700, 900, 1001, 800 / 900.0, 800, 889, 0, 40},
+    const struct {
+        const char* name;
+        int mode, imageWidth, imageHeight;
+        double ratio;
+        int w, h, sx, sy; ///< of the destination, and of the source
+    } cases[] = {
+        {"whole page, too high", 0, 1000, 2000, 0.35, 350, 700, 0, 0},
+        {"whole page, too wide", 0, 2000, 1000, 0.4, 800, 400, 0, 0},
+        {"whole page, smaller in both directions", 0, 799, 699, 1.0, 799, 699, 0, 0},
+        {"whole page, as wide as the control", 0, 800, 350, 1.0, 800, 350, 0, 0},
+        {"whole page, as high as the control and narrow", 0, 100, 700, 1.0, 100, 700, 0, 0},
+        {"original size", 1, 1000, 2000, 1.0, 1000, 2000, 30, 40},
+        {"by width", 2, 1000, 2000, 0.8, 800, 1600, 0, 40},
+        {"by width, enlarged", 2, 400, 300, 2.0, 800, 600, 0, 40},
+        {"mode 3 is mode 2", 3, 1000, 2000, 0.8, 800, 1600, 0, 40},
+        {"mode 4 is mode 2", 4, 1000, 2000, 0.8, 800, 1600, 0, 40},
+        {"by height", 5, 1000, 2000, 0.35, 350, 700, 30, 0},
+        {"sizes are truncated to whole pixels", 2, 900, 1001, 800 / 900.0, 800, 889, 0, 40},
     };
-    for (const PaintCase& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        FakeCanvas canvas(c.width, c.height);
+        FakeCanvas canvas(800, 700);
         canvas.show(c.imageWidth, c.imageHeight, c.mode);
         canvas.view.SetScrollPosition(30, 40);
         canvas.view.Refresh();
         ASSERT_EQ(canvas.painted.size(), 1u);
-        const PictureDrawn& p = canvas.page();
         EXPECT_EQ(canvas.view.Ratio, c.ratio);
-        EXPECT_EQ(p.x, 0);
-        EXPECT_EQ(p.y, 0);
-        EXPECT_EQ(p.w, c.w);
-        EXPECT_EQ(p.h, c.h);
-        EXPECT_EQ(p.sx, c.sx);
-        EXPECT_EQ(p.sy, c.sy);
-        EXPECT_EQ(p.sw, c.imageWidth);
-        EXPECT_EQ(p.sh, c.imageHeight);
+        EXPECT_EQ(canvas.painted[0], DrawCommand(PictureDrawn{canvas.view.Image, 0, 0, c.w, c.h, c.sx, c.sy,
+                                                              c.imageWidth, c.imageHeight}));
     }
 }
 
@@ -72,7 +64,7 @@ TEST(Ratio, LagsOnePaintBehindSizeAndMode) {
     EXPECT_EQ(canvas.scrollY(), 600);
 }
 
-TEST(Loading, PutsThePageAtItsTopWithWhiteEdges) {
+TEST(Loading, ShowsTheTopOfThePageWithWhiteEdges) {
     const TempFolder folder;
     FakeCanvas canvas;
     const Picture page = test::noise(900, 1500, 8, 1);
@@ -130,7 +122,7 @@ TEST(Loading, OfAnUndecodableFileClearsThePageAndKeepsTheReason) {
         EXPECT_FALSE(canvas.view.SetPicture(FolderItem(folder.write(name, "x")))) << name;
         EXPECT_EQ(canvas.view.loadProblem(), "torn");
         EXPECT_TRUE(canvas.view.Image.isNil());
-        EXPECT_TRUE(canvas.view.drawnOver().empty()) << "nor is there anything of it to enlarge";
+        EXPECT_TRUE(canvas.view.drawnOver().empty()) << "the lens as well";
         EXPECT_EQ(canvas.refreshes, before);
         EXPECT_TRUE(canvas.messages.empty());
         canvas.paint();
@@ -152,7 +144,7 @@ TEST(JpegBook, EnlargesJpegThreefoldAtLoad) {
     EXPECT_EQ(canvas.view.Image.Width(), 30);
 }
 
-TEST(JpegBook, TellsOfAPictureThatHadToBeThere) {
+TEST(JpegBook, ReportsAPictureThatDoesNotLoad) {
     const TempFolder folder;
     FakeCanvas canvas;
     canvas.view.pJpegBook = true;
@@ -164,28 +156,25 @@ TEST(JpegBook, TellsOfAPictureThatHadToBeThere) {
     }
 }
 
-TEST(MouseCursor, TellsWhatAPressWouldDo) {
-    struct Case {
+TEST(MouseCursor, ShowsWhatAPressWouldDo) {
+    using Cursors = std::vector<MouseCursor>;
+    const struct {
         int mode;
-        bool shift;
-        MouseCursor cursor;
-    };
-    for (const Case& c :
-         {Case{0, false, MouseCursor::ArrowNorthwestSoutheast}, Case{0, true, MouseCursor::Lens},
-          Case{1, false, MouseCursor::Hand}, Case{1, true, MouseCursor::Lens}, Case{2, false, MouseCursor::Hand}}) {
+        MouseCursor pressed;
+        Cursors entered; ///< at enter and exit
+    } cases[] = {{0, MouseCursor::ArrowNorthwestSoutheast, {}},
+                 {1, MouseCursor::Hand, {MouseCursor::Hand, MouseCursor::Default}},
+                 {2, MouseCursor::Hand, {}}};
+    for (const auto& c : cases) {
         FakeCanvas canvas;
         canvas.view.Mode = c.mode;
-        canvas.shift = c.shift;
         canvas.view.Event_MouseMove(3, 4);
-        EXPECT_EQ(canvas.cursors, std::vector<MouseCursor>{c.cursor}) << c.mode << c.shift;
-    }
-    for (const int mode : {0, 1, 2}) {
-        FakeCanvas canvas;
-        canvas.view.Mode = mode;
+        canvas.shift = true;
+        canvas.view.Event_MouseMove(3, 4);
+        EXPECT_EQ(std::exchange(canvas.cursors, {}), (Cursors{c.pressed, MouseCursor::Lens})) << c.mode;
         canvas.view.Event_MouseEnter();
         canvas.view.Event_MouseExit();
-        const std::vector<MouseCursor> inMode1{MouseCursor::Hand, MouseCursor::Default};
-        EXPECT_EQ(canvas.cursors, mode == 1 ? inMode1 : std::vector<MouseCursor>{}) << mode;
+        EXPECT_EQ(canvas.cursors, c.entered) << c.mode;
     }
 }
 
@@ -210,7 +199,7 @@ TEST(Press, WithShiftInAScrollingModeShowsTheLensAndClaimsNoDrag) {
     EXPECT_TRUE(canvas.cursors.empty());
     canvas.shift = false;
     canvas.view.SmartScroll(0, 0);
-    EXPECT_EQ(canvas.scrollY(), 0) << "the press was no start of a drag";
+    EXPECT_EQ(canvas.scrollY(), 0) << "the press did not start a drag";
 }
 
 } // namespace

@@ -37,10 +37,10 @@ TEST(SavePicture, WritesWhatItsExtensionAsksFor) {
     }
 }
 
-TEST(SavePicture, TellsOfAFailureInThreeFormatsOnly) {
+TEST(SavePicture, ReportsAFailureInThreeFormatsOnly) {
     struct Case {
         const char* name;
-        bool told;
+        bool reported;
     };
     for (const Case& c :
          {Case{"a.tif", true}, Case{"a.JPEG", true}, Case{"a.png", true}, Case{"a.bmp", false}, Case{"a", false}}) {
@@ -48,7 +48,7 @@ TEST(SavePicture, TellsOfAFailureInThreeFormatsOnly) {
         FakeCanvas canvas;
         canvas.view.SavePicture(Picture::make(9, 9, 1), FolderItem(folder.path() / "missing" / c.name));
         EXPECT_EQ(canvas.messages,
-                  c.told ? std::vector<std::string>{"Error: Picture is not saved."} : std::vector<std::string>{})
+                  c.reported ? std::vector<std::string>{"Error: Picture is not saved."} : std::vector<std::string>{})
             << c.name;
     }
 }

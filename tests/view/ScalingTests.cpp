@@ -103,15 +103,6 @@ TEST(Reduction, HoldsAtTheEdgesOfPackedWords) {
         expectLiteralMean(noise(330, 3, 1, 3), s);
 }
 
-TEST(Reduction, KeepsEveryThinStroke) {
-    // A line of one pixel on a page seven times as large as its view: never white, wherever it falls.
-    for (int at = 0; at < 49; ++at) {
-        const Picture page = drawn(49, 49, 1, [&](int x, int) { return x == at ? 1u : 0u; });
-        const Scaling scaling(page, 0, 0, 49, 49, 7, 7);
-        EXPECT_EQ(pixelOf(scaling, whole(scaling), at / 7, 3).red, 255 - 255 / 7) << at;
-    }
-}
-
 TEST(Scaling, OfABandEqualsThatPartOfTheWhole) {
     struct Case {
         const char* name;
@@ -136,19 +127,6 @@ TEST(Scaling, OfABandEqualsThatPartOfTheWhole) {
     }
 }
 
-TEST(Scaling, ToTheSameSizeCopies) {
-    for (const int depth : {1, 8, 32}) {
-        const Picture p = noise(67, 41, depth, 5);
-        const Scaling s(p, 3, 2, 67, 41, 67, 41);
-        EXPECT_EQ(s.right(), 64) << "what overruns is clipped";
-        EXPECT_EQ(s.bottom(), 39);
-        const std::vector<std::uint8_t> bytes = whole(s);
-        for (int y = 0; y < 39; ++y)
-            for (int x = 0; x < 64; ++x)
-                ASSERT_EQ(pixelOf(s, bytes, x, y), p.pixel(x + 3, y + 2));
-    }
-}
-
 TEST(Enlargement, RunsEvenlyFromOnePixelToTheNext) {
     const Picture step = drawn(2, 1, 8, [](int x, int) { return x == 0 ? 0u : 200u; });
     const Scaling s(step, 0, 0, 2, 1, 8, 4);
@@ -157,15 +135,6 @@ TEST(Enlargement, RunsEvenlyFromOnePixelToTheNext) {
     for (int x = 0; x < 8; ++x)
         row.push_back(pixelOf(s, bytes, x, 2).red);
     EXPECT_EQ(row, (std::vector<int>{0, 0, 25, 75, 125, 175, 200, 200}));
-}
-
-TEST(Enlargement, WithoutSmoothingRepeatsPixels) {
-    const Picture p = noise(9, 7, 1, 7);
-    const Scaling s(p, 0, 0, 9, 7, 27, 21, Scaling::Smoothing::Nearest);
-    const std::vector<std::uint8_t> bytes = whole(s);
-    for (int y = 0; y < 21; ++y)
-        for (int x = 0; x < 27; ++x)
-            ASSERT_EQ(pixelOf(s, bytes, x, y), p.pixel(x / 3, y / 3));
 }
 
 } // namespace

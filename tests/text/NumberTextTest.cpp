@@ -75,6 +75,7 @@ TEST(Format, WritesANumberByItsPicture) {
         {"comma outside the digits is kept", 12, "0,", "12,"},
         {"separator between digits", 1234, "000-00", "012-34"},
         {"letters around", 3, "No 00 a", "No 03 a"},
+        {"comma before the digits is kept", 12, "a,0", "a,12"},
         {"point at the end", 3, "0.", "3."},
         {"no digits", 3, "abc", "abc"},
         {"no picture, fraction", -0.125, "", "-0.125"},

@@ -8,6 +8,8 @@
 
 #include <functional>
 
+#include <unistd.h>
+
 namespace velmarin::test {
 
 namespace fs = std::filesystem;
@@ -158,6 +160,16 @@ TEST_F(Install, ThatIsRefusedNamesTheReasonAndChangesNothing) {
         refused(into, "not a folder");
     makeLink(source() / "txt2", "../not there");
     refused("Group", "txt2\n    it is a link that leads nowhere");
+}
+
+TEST_F(Install, APageThatMayNotBeReadKeepsTheDictionaryFromAppearing) {
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "the superuser may read everything";
+    fs::permissions(source() / "mImg/p1.bmp", fs::perms::none);
+    const Record record = install();
+    ASSERT_EQ(record.failures.size(), 1U);
+    EXPECT_EQ(record.failures[0].item.path(), source() / "mImg/p1.bmp");
+    EXPECT_TRUE(fs::is_empty(group()));
 }
 
 TEST_F(Install, WhatItsCallerThrowsLeavesNothingBehind) {

@@ -49,6 +49,7 @@ TEST_F(FindBarTest, StepsFromHitToHitAndPaintsThem) {
         EXPECT_EQ(EF().SelLength(), step.length);
         EXPECT_EQ(paint(EF()), step.paint);
         EXPECT_EQ(wordColour(FindEF()), step.missed ? kGrey : QColor(Qt::black));
+        EXPECT_EQ(side().pFindStartPosition(), step.missed ? 0 : step.start + 4) << "counted from 1";
     }
     EXPECT_EQ(FindEF().selectedText(), "ABA");
 }

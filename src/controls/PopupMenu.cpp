@@ -9,6 +9,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QSignalBlocker>
 #include <QStylePainter>
@@ -75,8 +76,23 @@ void PopupMenu::setLabel(std::string_view label) {
 }
 
 void PopupMenu::showPopup() {
-    emit aboutToChoose();
-    if (rows_.empty() || !isEnabled())
+    opensWhenTold_ = true;
+    tellOwner();
+}
+
+void PopupMenu::tellOwner() {
+    if (telling_)
+        return;
+    {
+        const QScopedValueRollback telling(telling_, true);
+        emit aboutToChoose();
+    }
+    if (std::exchange(opensWhenTold_, false))
+        openList();
+}
+
+void PopupMenu::openList() {
+    if (rows_.empty() || !isEnabled() || !isVisible())
         return;
     const int frame = 2 * (view()->frameWidth() + 12);
     const int widest = std::min(widestList, screen()->availableGeometry().width());
@@ -115,7 +131,7 @@ bool PopupMenu::event(QEvent* event) {
 
 void PopupMenu::enterEvent(QEnterEvent* event) {
     QComboBox::enterEvent(event);
-    emit aboutToChoose();
+    tellOwner();
     emit MouseEntered();
 }
 
@@ -123,7 +139,7 @@ void PopupMenu::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
     // Coming back from its own list is the end of choosing.
     if (event->reason() != Qt::PopupFocusReason)
-        emit aboutToChoose();
+        tellOwner();
 }
 
 void PopupMenu::keyPressEvent(QKeyEvent* event) {

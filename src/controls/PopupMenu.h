@@ -46,6 +46,7 @@ class PopupMenu : public QComboBox {
     /// The mouse was pressed on the control; the list has not opened yet.
     void MouseDown();
     /// The user may be about to choose: the pointer or the focus came in, or the list is about to open.
+    /// The owner may let events run while it fills the rows: the list opens at the end of that.
     void aboutToChoose();
 
   protected:
@@ -62,11 +63,16 @@ class PopupMenu : public QComboBox {
         std::string text;
         std::any tag;
     };
+    /// Emits `aboutToChoose`, and then opens the list if that was asked for. Does nothing while it is under way.
+    void tellOwner();
+    void openList();
     QFont textFont() const;
     QString wholeText() const;
     int textRoom() const;
 
     std::vector<Row> rows_;
+    bool telling_ = false;
+    bool opensWhenTold_ = false;
 };
 
 } // namespace velmarin

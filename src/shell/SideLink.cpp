@@ -87,6 +87,10 @@ FolderItem SideLink::pDictionaryGroupFolder() {
     return mainWindow_.state().pDictionaryGroupFolder;
 }
 
+void SideLink::noteWritten(const std::string& path, const WriteResult& result) {
+    app_.preferences().note(path, result);
+}
+
 void SideLink::setSearchText(std::string_view text) {
     mainWindow_.queryBar().SearchEF()->setText(toQ(text));
     mainWindow_.queryBar().SearchEF()->setCursorPosition(0); // of a long message the beginning is what tells

@@ -35,6 +35,7 @@ class SideLink : public QObject, public MainWindowLink {
 
     QMainWindow* window() override;
     FolderItem pDictionaryGroupFolder() override;
+    void noteWritten(const std::string& path, const WriteResult& result) override;
     void setSearchText(std::string_view text) override;
     void focusSearch(bool selectAll) override;
     void setOKBTDefault(bool isDefault) override;

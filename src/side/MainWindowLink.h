@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
 
 #include <string>
@@ -18,6 +19,8 @@ class MainWindowLink {
     virtual QMainWindow* window() = 0;
     /// The folder of the group that is shown, in which the side window keeps its settings.
     virtual FolderItem pDictionaryGroupFolder() = 0;
+    /// Takes note of the outcome of writing the settings to `path`, and tells the user of a failure if that is new.
+    virtual void noteWritten(const std::string& path, const WriteResult& result) = 0;
 
     /// The text of `SearchEF`.
     virtual void setSearchText(std::string_view text) = 0;

@@ -254,14 +254,13 @@ void SubWindow::mMakeUserDictionary() {
 }
 
 void SubWindow::mMakeUserDicPU() {
-    if (!UserDicCB_->isChecked() || filling_)
+    if (!UserDicCB_->isChecked())
         return;
     const FolderItem folder = groupFolder_.Child(kUserDictionariesFolder);
     if (!folder.Exists())
         return;
     const Busy guard(services_.busy);
     const Running running(*this);
-    filling_ = true;
     const int row = UserDicPU_->ListIndex();
     UserDicPU_->DeleteAllRows();
     for (const FolderItem& link : folder.items()) {
@@ -271,7 +270,6 @@ void SubWindow::mMakeUserDicPU() {
         services_.host.Yield();
     }
     UserDicPU_->setListIndexQuietly(row);
-    filling_ = false;
 }
 
 void SubWindow::Event_Activate() {
@@ -305,7 +303,7 @@ void SubWindow::closeEvent(QCloseEvent* event) {
     shut();
 }
 
-void SubWindow::Event_Close() {
+SubwindowSettings SubWindow::settings() const {
     SubwindowSettings settings;
     settings.width = hanging_->width();
     settings.fontRow = BVfonts_->MenuValue();
@@ -317,8 +315,19 @@ void SubWindow::Event_Close() {
     settings.DontClearCB = DontClearCB_->isChecked();
     settings.UserDicCB = UserDicCB_->isChecked();
     settings.userDicRow = UserDicPU_->ListIndex();
-    if (const WriteResult written = writeSubwindow(groupFolder_, settings); !written)
-        services_.host.MsgBox(written.reason);
+    return settings;
+}
+
+void SubWindow::Event_Close() {
+    // Shut while it still took its settings, it has none to save.
+    if (!settingsAtOpening_)
+        return;
+    const SubwindowSettings now = settings();
+    const WriteResult written = writeSubwindow(groupFolder_, now);
+    // The next opening gives the same window again, so nothing is lost.
+    if (!written && now == *settingsAtOpening_)
+        return;
+    MainWin_.noteWritten(subwindowFile(groupFolder_).path().string(), written);
 }
 
 void SubWindow::mSetPref() {

@@ -9,6 +9,7 @@
 #include "side/LookUpText.h"
 #include "side/SideArtwork.h"
 #include "side/SideHanging.h"
+#include "side/SubwindowFile.h"
 #include "side/WaitNotice.h"
 
 #include <QCheckBox>
@@ -16,6 +17,7 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -100,6 +102,7 @@ class SubWindow : public QWidget {
     void makeUserDictionaries();
     QCheckBox* checkBox(const char* name, const QString& caption, const QRect& place);
     void mSetPref();
+    SubwindowSettings settings() const;
     void Event_Close();
     void Event_Activate();
     void goBackToMainWindow();
@@ -134,9 +137,10 @@ class SubWindow : public QWidget {
     /// refuse to activate a window on behalf of an older event than that.
     QTimer* goBack_;
     int widthAtOpening_;
+    /// Nothing until the window is open.
+    std::optional<SubwindowSettings> settingsAtOpening_;
     int running_ = 0;
     bool shut_ = false;
-    bool filling_ = false;
     bool findPutOff_ = false;
     /// The next activation was asked for by the window itself, and leaves the focus where it is.
     bool expectsFocus_ = false;

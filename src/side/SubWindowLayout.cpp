@@ -80,8 +80,12 @@ SubWindow::~SubWindow() {
 
 void SubWindow::open() {
     mSetPref();
-    if (!shut_)
-        hanging_->show(widthAtOpening_);
+    if (shut_)
+        return;
+    hanging_->show(widthAtOpening_);
+    settingsAtOpening_ = settings();
+    // A panel gets its width only with the next layout of the main window.
+    settingsAtOpening_->width = widthAtOpening_;
 }
 
 void SubWindow::makeText() {

@@ -52,15 +52,19 @@ std::string subwindowText(const SubwindowSettings& settings) {
     return text;
 }
 
+FolderItem subwindowFile(const FolderItem& groupFolder) {
+    return groupFolder.Child(kFileName);
+}
+
 std::optional<SubwindowSettings> readSubwindow(const FolderItem& groupFolder) {
-    const auto file = ReadOnlyFile::open(groupFolder.Child(kFileName));
+    const auto file = ReadOnlyFile::open(subwindowFile(groupFolder));
     if (!file)
         return std::nullopt;
     return parseSubwindow(readFileStart(*file, kMostRead));
 }
 
 WriteResult writeSubwindow(const FolderItem& groupFolder, const SubwindowSettings& settings) {
-    return writeFileAtomically(groupFolder.Child(kFileName).path(), subwindowText(settings));
+    return writeFileAtomically(subwindowFile(groupFolder).path(), subwindowText(settings));
 }
 
 } // namespace velmarin

@@ -25,11 +25,14 @@ struct SubwindowSettings {
     bool UserDicCB = false;
     /// -1: none is chosen; nothing: the file does not say.
     std::optional<int> userDicRow;
+
+    bool operator==(const SubwindowSettings&) const = default;
 };
 
 SubwindowSettings parseSubwindow(std::string_view text);
 std::string subwindowText(const SubwindowSettings& settings);
 
+FolderItem subwindowFile(const FolderItem& groupFolder);
 /// Nothing where the group has no such file, or it cannot be read.
 std::optional<SubwindowSettings> readSubwindow(const FolderItem& groupFolder);
 WriteResult writeSubwindow(const FolderItem& groupFolder, const SubwindowSettings& settings);

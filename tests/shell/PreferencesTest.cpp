@@ -135,5 +135,19 @@ TEST(GroupPreferences, GroupsThatCannotBeWrittenAreToldOnceForAllAndTheProgramSt
     EXPECT_EQ(run.host.messages.size(), 2U) << "it could be written in between";
 }
 
+TEST(SideWindowPreferences, GroupsThatCannotBeWrittenAreToldOnceForAll) {
+    Started run;
+    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
+    for (const char* group : {"G", "H", "G"}) {
+        run.pick(group);
+        std::filesystem::create_directory(run.groupFolder(group) / "Subwindow");
+        run.click("SubWinBV");
+        run.control<QCheckBox>("DontClearCB")->click();
+        run.click("SubWinBV");
+        ASSERT_EQ(run.host.messages.size(), 1U) << group;
+    }
+    EXPECT_NE(run.host.messages[0].find("G/Subwindow"), std::string::npos);
+}
+
 } // namespace
 } // namespace velmarin::test

@@ -27,6 +27,8 @@ class RecordedMainWindow : public MainWindowLink {
     QMainWindow frame;
     FolderItem group;
     std::vector<std::string> log;
+    /// The files that could not be written.
+    std::vector<std::string> notWritten;
     std::function<void()> onSearchAll;
 
     QMainWindow* window() override { return &frame; }
@@ -44,6 +46,10 @@ class RecordedMainWindow : public MainWindowLink {
     void setProgressValue(int value) override { log.push_back("value " + std::to_string(value)); }
     void showProgressFull() override { log.emplace_back("full"); }
     void hideProgress() override { log.emplace_back("no bar"); }
+    void noteWritten(const std::string& path, const WriteResult& result) override {
+        if (!result)
+            notWritten.push_back(path);
+    }
 };
 
 /// A group on disk with one main window, a dictionary service that knows "amor", and what side windows need.

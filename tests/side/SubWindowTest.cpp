@@ -1,8 +1,10 @@
 #include "SideFixture.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QEnterEvent>
 #include <QLabel>
+#include <QTest>
 
 #include <filesystem>
 
@@ -97,12 +99,34 @@ TEST_F(SideWindow, WritesToTheGroupItWasOpenedOn) {
     EXPECT_TRUE(fs::exists(groupFolder.path() / "Subwindow"));
 }
 
-TEST_F(SideWindow, ThatCannotWriteSaysSoOnce) {
-    open();
-    fs::create_directory(groupFolder.path() / "Subwindow");
-    side().shut();
-    side().shut();
-    EXPECT_EQ(host.messages.size(), 1U);
+TEST(SideWindowFile, ThatCannotWriteTellsTheMainWindowOnlyOfALoss) {
+    SideFixture fixture;
+    fs::create_directory(fixture.groupFolder.path() / "Subwindow");
+    // Without it a panel takes the whole width.
+    fixture.main.frame.setCentralWidget(new QWidget);
+    for (const Hanging hanging : {Hanging::Panel, Hanging::Window}) {
+        fixture.open(hanging);
+        QApplication::processEvents();
+        fixture.reopen();
+        fixture.side().shut();
+        EXPECT_EQ(fixture.main.notWritten, std::vector<std::string>{}) << "nothing was changed";
+    }
+    fixture.open();
+    fixture.control<QCheckBox>("DontClearCB").click();
+    fixture.side().shut();
+    fixture.side().shut();
+    EXPECT_EQ(fixture.main.notWritten, std::vector<std::string>{(fixture.groupFolder.path() / "Subwindow").string()});
+    EXPECT_EQ(fixture.host.messages, std::vector<std::string>{});
+}
+
+TEST(SideWindowFile, ShutWhileItOpensLeavesItsFileAlone) {
+    SideFixture fixture;
+    fixture.addUserDictionary("A", "a\n");
+    const std::string saved = "360\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n0\n";
+    fixture.groupFolder.write("Subwindow", saved);
+    fixture.host.onYield = [&fixture] { fixture.main.frame.close(); };
+    fixture.open();
+    EXPECT_EQ(fixture.groupFolder.read("Subwindow"), saved);
 }
 
 TEST_F(UserDictionaryPopup, ListsVisibleFoldersAndLinksToFolders) {
@@ -136,6 +160,27 @@ TEST_F(UserDictionaryPopup, ListsVisibleFoldersAndLinksToFolders) {
     EXPECT_EQ(popup.rowCount(), 4) << "without the folder the list stays";
     control<QCheckBox>("UserDicCB").click();
     EXPECT_FALSE(popup.isEnabled());
+}
+
+TEST(FillingPopup, PressedWhileItFillsOpensWithAllItsRows) {
+    SideFixture fixture;
+    for (const char* name : {"A", "B", "C"})
+        fs::create_directories(fixture.groupFolder.path() / "UserDictionaries" / name);
+    fixture.open();
+    auto& popup = fixture.control<PopupMenu>("UserDicPU");
+    fixture.control<QCheckBox>("UserDicCB").click();
+    bool openInBetween = false;
+    fixture.host.onYield = [&] {
+        if (popup.rowCount() == 1)
+            QTest::mousePress(&popup, Qt::LeftButton);
+        openInBetween = openInBetween || popup.view()->isVisible();
+    };
+    QEnterEvent entered(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+    QApplication::sendEvent(&popup, &entered);
+    EXPECT_FALSE(openInBetween);
+    EXPECT_TRUE(popup.view()->isVisible());
+    EXPECT_EQ(popup.rowCount(), 3);
+    popup.hidePopup();
 }
 
 TEST_F(TakingATarget, SelectsTheWordForFindingOnly) {

@@ -30,7 +30,7 @@ std::error_code folderError(const fs::path& folder) {
     return error;
 }
 
-/// Whether there is no folder at all, such as at a file or a link to nothing.
+/// Whether the path leads to nothing that is a folder, such as a file or a dead link.
 bool meansNoFolder(const std::error_code& error) {
     return error == std::errc::not_a_directory || error == std::errc::no_such_file_or_directory ||
            error == std::errc::too_many_symbolic_link_levels;

@@ -15,7 +15,7 @@ inline constexpr std::string_view noSuchFile = "there is no such file";
 struct DecodedPicture {
     /// Nil if the file is missing or cannot be decoded.
     Picture picture;
-    /// Why there is no picture, or what is damaged in it, for the reader; without the file's name. Empty if all is
+    /// Why the picture is missing, or what is damaged in it, for the reader; without the file's name. Empty if all is
     /// well.
     std::string reason;
 };

@@ -3,7 +3,7 @@
 ./velmarin --picture word.png --group two banana || fail "no picture with a word (a group is found whatever its case)"
 ./velmarin --picture list.png --group Many cherry || fail "no picture of a list"
 for picture in none word list; do
-    [ "$(head -c 4 $picture.png | tail -c 3)" = PNG ] || fail "$picture.png is no picture"
+    [ "$(head -c 4 $picture.png | tail -c 3)" = PNG ] || fail "$picture.png is not a picture"
 done
 ! cmp -s none.png word.png || fail "the word changed nothing"
 

@@ -82,7 +82,7 @@ TEST(Pages, APageThatCannotBeShownSaysNoPictureAndLeavesNameAndMenu) {
         EXPECT_EQ(canvas->hasImage(), c.keepsThePage);
         EXPECT_EQ(run.imageName(0), "1.bmp");
         EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 0);
-        EXPECT_NE(canvas->grab().toImage(), before) << "nothing says that there is no picture";
+        EXPECT_NE(canvas->grab().toImage(), before) << "the page does not say that a picture is missing";
         const auto* label = run.control<QLabel>("ImageNameST.0");
         EXPECT_EQ(fromQ(canvas->toolTip()), c.told);
         EXPECT_EQ(fromQ(label->toolTip()), c.told);

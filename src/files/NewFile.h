@@ -17,8 +17,8 @@ class NewFile {
     bool write(std::string_view bytes);
     /// Checks that every byte has arrived and flushes the file to the disk.
     bool flush();
-    /// The same without the disk. Network file systems report a failed write at the latest when a descriptor is closed:
-    /// a second one is, so that a lock on the file stays.
+    /// The same without waiting for the disk. Network file systems may report a failed write only when a descriptor is
+    /// closed; this closes a duplicate, so that a lock on the file stays.
     bool check();
 
     const Descriptor& descriptor() const { return descriptor_; }

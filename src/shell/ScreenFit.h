@@ -11,8 +11,8 @@ namespace velmarin {
 /// what usual window managers add is assumed.
 using WindowPlace = QRect;
 
-/// The place for a window that has none yet: of the size `wanted`, or what the screen has room for, and in its middle
-/// together with a window of width `besideIt` at the right. Where both have no room it stands at the left.
+/// The first place of a window: size `wanted`, reduced to the screen, and centred together with a window of width
+/// `besideIt` at its right. If there is no room for both, at the left edge.
 WindowPlace firstPlace(const QSize& wanted, int besideIt, const QRect& screen);
 
 /// What of each screen a window may cover.

@@ -7,7 +7,7 @@ add_library(velmarin_options INTERFACE)
 target_compile_features(velmarin_options INTERFACE cxx_std_20)
 target_compile_options(velmarin_options INTERFACE -Wall -Wextra -Wpedantic $<$<BOOL:${VELMARIN_WERROR}>:-Werror>)
 # g++ 12 sees overlaps and copies of absurd lengths in joining literals and strings when it optimises; there are none.
-target_compile_options(velmarin_options INTERFACE "$<$<CONFIG:Release>:-Wno-restrict;-Wno-stringop-overflow>")
+target_compile_options(velmarin_options INTERFACE "$<$<CONFIG:Release>:-Wno-restrict;-Wno-stringop-overflow;-Wno-array-bounds>")
 if(VELMARIN_SANITIZE)
   target_compile_options(velmarin_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                     -fno-omit-frame-pointer)

@@ -33,7 +33,7 @@ class BevelButtonAccessible : public QAccessibleWidget {
     QString text(QAccessible::Text kind) const override {
         if (kind == QAccessible::Value && button()->hasMenu() && button()->menuValueSet())
             return toQ(button()->List(button()->MenuValue()));
-        const QString text = QAccessibleWidget::text(kind);
+        QString text = QAccessibleWidget::text(kind);
         if (kind != QAccessible::Name)
             return text;
         // The caption comes first also while the button shows its current row in place of it.

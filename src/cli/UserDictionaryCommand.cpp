@@ -56,22 +56,13 @@ Exit status: 0 found, 1 nothing found, 2 the dictionary cannot be read.
 Example:
   velmarin-cli user-dictionary search --mode 0 UserDictionaries/Mine amo)help";
 
-class Silent : public BuildProgress {
-  public:
-    void message(std::string_view) override {}
-    void showBar() override {}
-    void setMaximum(int) override {}
-    void setValue(int) override {}
-    void yield() override {}
-};
-
 Status build(const std::string& source, const std::string& folder, EarlierPair earlier, Session& session) {
     if (source.empty())
         throw CannotDo("an empty name is not a file");
     std::error_code error;
     const bool made = !folder.empty() && std::filesystem::create_directory(folder, error);
     const FolderItem dictionary = folderArgument(folder);
-    Silent progress;
+    SilentProgress progress;
     const BuildResult result = buildUserDictionary(FolderItem(source), dictionary, progress, earlier);
     if (!result.ok) {
         if (made)

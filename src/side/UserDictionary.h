@@ -27,6 +27,16 @@ class BuildProgress {
     virtual void yield() = 0;
 };
 
+/// Shows nothing, for builds without a window.
+class SilentProgress final : public BuildProgress {
+  public:
+    void message(std::string_view) override {}
+    void showBar() override {}
+    void setMaximum(int) override {}
+    void setValue(int) override {}
+    void yield() override {}
+};
+
 struct BuildResult {
     bool ok = true;
     /// In plain words, with the name of the file; empty on success.

@@ -11,17 +11,8 @@ namespace {
 
 using namespace velmarin;
 
-class Silent : public BuildProgress {
-  public:
-    void message(std::string_view) override {}
-    void showBar() override {}
-    void setMaximum(int) override {}
-    void setValue(int) override {}
-    void yield() override {}
-};
-
 Status keep(char** argv) {
-    Silent progress;
+    SilentProgress progress;
     const BuildResult result = buildUserDictionary(FolderItem(argv[2]), FolderItem(argv[3]), progress,
                                                    EarlierPair::Saved, FolderItem(argv[4]));
     if (!result.ok)

@@ -29,15 +29,6 @@ SideArtwork plainArtwork() {
             .IndCursor = [](qreal) { return QCursor(Qt::PointingHandCursor); }};
 }
 
-class SilentProgress : public BuildProgress {
-  public:
-    void message(std::string_view) override {}
-    void showBar() override {}
-    void setMaximum(int) override {}
-    void setValue(int) override {}
-    void yield() override {}
-};
-
 } // namespace
 
 const char* const kAmorBlock = "\n✜✜✜✜✜✜✜✜ Dictionary.app ✜✜✜✜✜✜✜✜\n\nlat\n\nlove\n\n";

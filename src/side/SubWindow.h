@@ -25,7 +25,7 @@ namespace velmarin {
 
 class AnchoredLayout;
 class BevelButton;
-class MainWindowLink;
+class MainWindowPort;
 class PopupMenu;
 class TextArea;
 class TextFontBevelButton;
@@ -52,7 +52,7 @@ class SubWindow : public QWidget {
     Q_OBJECT
   public:
     /// Its settings are those of the group that the main window shows now: that folder is kept.
-    SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging hanging);
+    SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging);
     ~SubWindow() override;
 
     /// Takes its settings, and shows it at its main window, as high as that.
@@ -114,7 +114,7 @@ class SubWindow : public QWidget {
     void LatinCB_Action();
     void takeFocusToFindEF();
 
-    MainWindowLink& MainWin_;
+    MainWindowPort& MainWin_;
     SideServices services_;
     FolderItem groupFolder_;
     DictionaryModule module_;

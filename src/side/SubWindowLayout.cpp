@@ -6,7 +6,7 @@
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
 #include "controls/TextStyleBevelButton.h"
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 #include "side/TextArea.h"
 
 #include <QColorDialog>
@@ -47,7 +47,7 @@ Qt::WindowFlags flagsFor(Hanging hanging) {
 
 } // namespace
 
-SubWindow::SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging hanging)
+SubWindow::SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging)
     : QWidget(mainWindow.window(), flagsFor(hanging)), MainWin_(mainWindow), services_(std::move(services)),
       groupFolder_(mainWindow.pDictionaryGroupFolder()), layout_(new AnchoredLayout(this, kDesignSize)),
       EF_(new TextArea(this)), widthAtOpening_(kDesignSize.width()) {

@@ -7,7 +7,6 @@
 #include "side/FindBar.h"
 #include "side/FindInText.h"
 #include "side/LookUpText.h"
-#include "side/SideArtwork.h"
 #include "side/SideHanging.h"
 #include "side/SubwindowFile.h"
 #include "side/WaitNotice.h"
@@ -31,11 +30,10 @@ class TextArea;
 class TextFontBevelButton;
 class TextSizeBevelButton;
 
-/// What a side window uses. All but the pictures and the host have values of their own that tests replace.
+/// What a side window uses. All but the host have values of their own that tests replace.
 struct SideServices {
     Host& host;
     BusyState& busy;
-    SideArtwork artwork;
     /// Where "temp.sh" is written.
     FolderItem preferencesFolder;
     DictionaryService dictionaries{};

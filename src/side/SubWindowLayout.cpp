@@ -121,7 +121,7 @@ void SubWindow::makeText() {
         if (BVsize_->GetFontSize(row) == kTextSizeAtOpening)
             BVsize_->setMenuValue(row);
 
-    findBar_ = new FindBar(services_.artwork, selectColorOrDefault(services_.selectColor, this), this, *layout_);
+    findBar_ = new FindBar(selectColorOrDefault(services_.selectColor, this), this, *layout_);
     connect(findBar_, &FindBar::run, this, [this] { mDoFind(services_.host.AsyncOptionKey()); });
     connect(findBar_, &FindBar::wordChanged, this, [this] { steps_.wordChanged(); });
     connect(findBar_, &FindBar::cleared, this, [this] { steps_.cleared(); });

@@ -3,7 +3,7 @@
 #include "files/FolderListing.h"
 #include "side/UserDictionary.h"
 #include "store/DictionaryItem.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -2,7 +2,6 @@
 
 #include "files/LineScanner.h"
 #include "files/TextFile.h"
-#include "text/StringRules.h"
 #include "text/Utf8.h"
 
 namespace velmarin {

@@ -2,7 +2,8 @@
 
 #include "cli/LineCheck.h"
 #include "store/Fi_Module.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 

@@ -1,7 +1,8 @@
 #include "files/FolderItem.h"
 
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/UnicodeForms.h"
 
 #include <algorithm>
 #include <system_error>

@@ -5,7 +5,8 @@
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 #include "files/TextFile.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
+#include "text/UnicodeForms.h"
 
 #include <algorithm>
 #include <cerrno>

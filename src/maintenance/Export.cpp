@@ -9,7 +9,7 @@
 #include "files/TreeCompare.h"
 #include "maintenance/DictionaryFolder.h"
 #include "store/DictionaryItem.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -8,7 +8,8 @@
 #include "maintenance/DictionaryFolder.h"
 #include "store/BackupFolder.h"
 #include "store/DictionaryItem.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
+#include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
 #include <algorithm>

@@ -4,8 +4,9 @@
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "search/PageCursor.h"
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 #include "view/SmartCanvas.h"
 
 namespace velmarin {

@@ -1,7 +1,7 @@
 #include "search/WindowState.h"
 
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 
 namespace velmarin {
 

@@ -4,10 +4,10 @@
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
 #include "store/Fi_Module.h"
-#include "text/DicDataModule.h"
+#include "text/Grep.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
-#include "text/StringModule.h"
+#include "text/WordDelimiters.h"
 
 #include <QApplication>
 

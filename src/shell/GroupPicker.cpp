@@ -7,7 +7,7 @@
 #include "shell/MainWindow.h"
 #include "shell/NoGroupNotice.h"
 #include "store/Group.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
 
 namespace velmarin {
 

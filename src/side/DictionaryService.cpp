@@ -3,7 +3,6 @@
 #include "files/TextFile.h"
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
-#include "text/StringRules.h"
 #include "text/Utf8.h"
 
 #include <vector>

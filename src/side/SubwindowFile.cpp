@@ -2,7 +2,8 @@
 
 #include "files/TextFile.h"
 #include "store/DataModule.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
+#include "text/NumberText.h"
 
 namespace velmarin {
 

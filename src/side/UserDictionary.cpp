@@ -12,7 +12,8 @@
 #include "side/DictionaryModule.h"
 #include "side/UserDictionaryIndex.h"
 #include "store/BackupFolder.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/Utf8.h"
 
 #include <array>
 #include <cerrno>

@@ -6,7 +6,8 @@
 #include "side/UserDictionary.h"
 #include "store/Fi_Module.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
 
 #include <algorithm>
 

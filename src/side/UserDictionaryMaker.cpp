@@ -4,7 +4,7 @@
 #include "side/MainWindowLink.h"
 #include "side/UserDictionary.h"
 #include "store/FileTypes1.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 
 namespace velmarin {
 

@@ -1,6 +1,6 @@
 #include "store/DataModule.h"
 
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 
 #include <chrono>
 #include <ctime>

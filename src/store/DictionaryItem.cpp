@@ -2,8 +2,9 @@
 
 #include "files/FolderListing.h"
 #include "files/TextFile.h"
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/UnicodeForms.h"
 
 #include <algorithm>
 #include <array>

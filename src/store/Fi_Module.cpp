@@ -7,7 +7,8 @@
 #include "files/TextFile.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <cstdlib>

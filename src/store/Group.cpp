@@ -6,7 +6,8 @@
 #include "store/DataModule.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
 
 #include <cerrno>
 #include <unordered_map>

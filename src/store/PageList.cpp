@@ -2,7 +2,8 @@
 #include "store/DictionaryItem.h"
 #include "store/Fi_Module.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
 
 #include <algorithm>
 

@@ -2,7 +2,8 @@
 
 #include "files/TextFile.h"
 #include "store/Fi_Module.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
+#include "text/NumberText.h"
 #include "view/Formats.h"
 
 #include <algorithm>

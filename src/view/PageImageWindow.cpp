@@ -5,8 +5,9 @@
 #include "controls/QtText.h"
 #include "files/TextFile.h"
 #include "store/Fi_Module.h"
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 #include "view/Decoders.h"
 #include "view/SmartCanvas.h"
 

@@ -2,8 +2,9 @@
 
 #include "files/AtomicFile.h"
 #include "store/Fi_Module.h"
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 #include "view/Encoders.h"
 
 #include <algorithm>

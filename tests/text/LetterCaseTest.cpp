@@ -1,5 +1,7 @@
-#include "text/StringRules.h"
 #include "RandomText.h"
+#include "text/LetterCase.h"
+#include "text/UnicodeForms.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

@@ -9,27 +9,27 @@ namespace velmarin {
 /// How a table finds its texts.
 enum class CaseRule { IgnoreCase, ByteExact };
 
-struct ConversionRow {
+struct FoldingRow {
     std::string find;
     std::string replacement;
 };
 
 /// Rows are applied in order, each to the whole string. Each row replaces a single character, and no row of any table
 /// finds what another one inserts, so a single pass over the string gives the same result.
-struct ConversionTable {
+struct FoldingTable {
     CaseRule caseRule;
-    std::vector<ConversionRow> rows;
+    std::vector<FoldingRow> rows;
 
     /// Applies the table row by row.
     std::string apply(std::string_view text) const;
 };
 
-const ConversionTable& kataToHiraTable();
-const ConversionTable& zenToHanAlphTable();
-const ConversionTable& zenToHanMarkTable();
-const ConversionTable& zenToHanNumTable();
-const ConversionTable& zenToHanSpaceTable();
-const ConversionTable& removeAccentTable();
+const FoldingTable& kataToHiraTable();
+const FoldingTable& zenToHanAlphTable();
+const FoldingTable& zenToHanMarkTable();
+const FoldingTable& zenToHanNumTable();
+const FoldingTable& zenToHanSpaceTable();
+const FoldingTable& removeAccentTable();
 
 /// Katakana to hiragana. セ, ヮ, ヵ, ヶ, the long-vowel mark and half-width katakana have no row and stay unchanged.
 std::string mStrMod_ConvertKataToHira(std::string_view text);
@@ -43,11 +43,5 @@ std::string mStrMod_ZenToHan_Num(std::string_view text);
 std::string mStrMod_ZenToHan_Space(std::string_view text);
 /// Removes the accents of the Latin letters in the table and keeps the case; ß, æ and œ become two letters.
 std::string mStrMod_RemoveAccentFromLetters(std::string_view text);
-
-/// The names of the known text encodings. Empty until the module is opened.
-extern std::vector<std::string> pStrMod_Encodings;
-
-/// Resets `Grep` and fills `pStrMod_Encodings`. Nothing else in `text/` needs this call.
-void mStrMod_OpenThisModule();
 
 } // namespace velmarin

@@ -1,5 +1,5 @@
-#include "text/DicDataModule.h"
-#include "text/StringModule.h"
+#include "text/CharacterFolding.h"
+#include "text/LetterCase.h"
 #include "text/Utf8.h"
 
 #include <gtest/gtest.h>
@@ -61,7 +61,7 @@ Replacements accents() {
 TEST(ConversionTables, ReplaceExactlyTheirCharacters) {
     const struct {
         const char* name;
-        const ConversionTable& table;
+        const FoldingTable& table;
         Replacements rows;
     } tables[] = {
         {"kana", kataToHiraTable(), kana()},
@@ -75,7 +75,7 @@ TEST(ConversionTables, ReplaceExactlyTheirCharacters) {
     std::u32string found, inserted;
     for (const auto& each : tables) {
         Replacements rows;
-        for (const ConversionRow& row : each.table.rows) {
+        for (const FoldingRow& row : each.table.rows) {
             EXPECT_TRUE(rows.emplace(codePoints(row.find), codePoints(row.replacement)).second) << row.find;
             found += codePoints(row.find);
             inserted += codePoints(row.replacement);

@@ -1,4 +1,4 @@
-#include "text/DicDataModule.h"
+#include "text/WordDelimiters.h"
 
 namespace velmarin {
 

@@ -40,7 +40,7 @@ std::string marksOf(const DictionaryItem& item) {
 }
 
 Status listDictionaries(const std::string& argument, Session& session) {
-    const ReadGroup group = groupArgument(argument, session);
+    const Group group = groupArgument(argument, session);
     for (const auto& item : group.dictionaries) {
         const std::string entries = item->loaded ? std::to_string(item->IND.size()) : std::string();
         session.out().record({item->name, std::to_string(item->ImageMode), entries, marksOf(*item)});

@@ -1,7 +1,7 @@
 #include "cli/PageListCheck.h"
 
 #include "cli/LineCheck.h"
-#include "store/Fi_Module.h"
+#include "store/ImageIndex.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
 

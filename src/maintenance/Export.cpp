@@ -8,7 +8,7 @@
 #include "files/TemporaryName.h"
 #include "files/TreeCompare.h"
 #include "maintenance/DictionaryFolder.h"
-#include "store/DictionaryItem.h"
+#include "store/DictionaryMembers.h"
 #include "text/LetterCase.h"
 
 #include <algorithm>

@@ -7,7 +7,7 @@
 #include "files/SystemCalls.h"
 #include "maintenance/DictionaryFolder.h"
 #include "store/BackupFolder.h"
-#include "store/DictionaryItem.h"
+#include "store/DictionaryMembers.h"
 #include "text/LetterCase.h"
 #include "text/UnicodeForms.h"
 #include "text/Utf8.h"

@@ -1,6 +1,6 @@
 #include "search/DictionarySearch.h"
 
-#include "store/Fi_Module.h"
+#include "store/TextFileLines.h"
 #include "text/LetterCase.h"
 #include "text/StringFields.h"
 

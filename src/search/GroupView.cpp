@@ -14,7 +14,7 @@ namespace velmarin {
 
 void GroupView::read(const FolderItem& group) {
     leave();
-    ReadGroup read = readGroup(group, [this] { host_.Yield(); });
+    Group read = readGroup(group, [this] { host_.Yield(); });
     // Only now: a group that was read in part must not be written back.
     state_.pDictionaryGroupFolder = group;
     state_.pDicGroupName = read.groupName;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Group.h"
+#include "store/HitItem.h"
 
 #include <string>
 #include <vector>

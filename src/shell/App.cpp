@@ -3,7 +3,7 @@
 #include "platform/EventLoopPost.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
-#include "store/Fi_Module.h"
+#include "store/UserPreferencesFolder.h"
 #include "text/Grep.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"

@@ -6,7 +6,7 @@
 #include "shell/App.h"
 #include "shell/MainWindow.h"
 #include "shell/NoGroupNotice.h"
-#include "store/Group.h"
+#include "store/GroupList.h"
 #include "text/LetterCase.h"
 
 namespace velmarin {

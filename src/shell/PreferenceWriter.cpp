@@ -1,5 +1,7 @@
 #include "shell/PreferenceWriter.h"
 
+#include "store/GroupPreferences.h"
+
 #include <algorithm>
 
 namespace velmarin {

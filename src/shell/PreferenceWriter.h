@@ -3,6 +3,7 @@
 #include "files/AtomicFile.h"
 #include "search/WindowState.h"
 #include "shell/ThisAppliModule.h"
+#include "store/WindowPlacement.h"
 
 #include <functional>
 #include <map>

@@ -1,7 +1,7 @@
 #include "side/SubwindowFile.h"
 
 #include "files/TextFile.h"
-#include "store/DataModule.h"
+#include "store/BooleanText.h"
 #include "text/LetterCase.h"
 #include "text/NumberText.h"
 

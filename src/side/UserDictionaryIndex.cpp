@@ -4,7 +4,7 @@
 #include "files/LineScanner.h"
 #include "side/DictionaryModule.h"
 #include "side/UserDictionary.h"
-#include "store/Fi_Module.h"
+#include "store/TextFileLines.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"

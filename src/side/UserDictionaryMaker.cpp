@@ -3,7 +3,7 @@
 #include "platform/Busy.h"
 #include "side/MainWindowLink.h"
 #include "side/UserDictionary.h"
-#include "store/FileTypes1.h"
+#include "store/FileType.h"
 #include "text/NumberText.h"
 
 namespace velmarin {

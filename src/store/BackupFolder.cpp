@@ -1,6 +1,6 @@
 #include "store/BackupFolder.h"
 
-#include "store/Fi_Module.h"
+#include "store/FileNames.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 

@@ -1,7 +1,7 @@
 #include "view/Decoders.h"
 
 #include "files/TextFile.h"
-#include "store/Fi_Module.h"
+#include "store/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/NumberText.h"
 #include "view/Formats.h"

@@ -4,7 +4,7 @@
 #include "controls/BevelButton.h"
 #include "controls/QtText.h"
 #include "files/TextFile.h"
-#include "store/Fi_Module.h"
+#include "store/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"

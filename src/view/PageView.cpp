@@ -1,7 +1,7 @@
 #include "view/PageView.h"
 
 #include "files/AtomicFile.h"
-#include "store/Fi_Module.h"
+#include "store/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"

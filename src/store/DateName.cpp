@@ -1,4 +1,4 @@
-#include "store/DataModule.h"
+#include "store/DateName.h"
 
 #include "text/NumberText.h"
 
@@ -24,14 +24,6 @@ std::string mDataMod_MakeDateName() {
             name += c;
     }
     return name;
-}
-
-std::string mDataMod_ConvertBooleanToString(bool b) {
-    return b ? "True" : "False";
-}
-
-std::string mDataMod_ConvertBooleanTo1or0(bool b) {
-    return b ? "1" : "0";
 }
 
 } // namespace velmarin

@@ -1,7 +1,7 @@
 #include "cli/LineCheck.h"
 
 #include "files/LineScanner.h"
-#include "files/TextFile.h"
+#include "files/ReadOnlyFile.h"
 #include "text/Utf8.h"
 
 namespace velmarin {

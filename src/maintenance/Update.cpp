@@ -1,8 +1,11 @@
 #include "maintenance/Update.h"
 
+#include "files/FolderItem.h"
 #include "files/FolderLock.h"
 #include "files/Leftovers.h"
-#include "files/Move.h"
+#include "files/MemberSwap.h"
+#include "files/Moves.h"
+#include "files/RemoveTree.h"
 #include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
 #include "maintenance/DictionaryFolder.h"

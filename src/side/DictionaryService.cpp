@@ -1,6 +1,6 @@
 #include "side/DictionaryService.h"
 
-#include "files/TextFile.h"
+#include "files/LineReader.h"
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
 #include "text/Utf8.h"

@@ -1,6 +1,7 @@
 #include "side/SubwindowFile.h"
 
-#include "files/TextFile.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
 #include "store/BooleanText.h"
 #include "text/LetterCase.h"
 #include "text/NumberText.h"

@@ -1,6 +1,6 @@
 #include "store/CopyAndMove.h"
 
-#include "files/Move.h"
+#include "files/Moves.h"
 #include "files/StagedMembers.h"
 #include "text/Message.h"
 

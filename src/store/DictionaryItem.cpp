@@ -1,7 +1,8 @@
 #include "store/DictionaryItem.h"
 
 #include "files/FolderListing.h"
-#include "files/TextFile.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
 

@@ -1,6 +1,7 @@
 #include "store/GroupPreferences.h"
 
-#include "files/TextFile.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
 #include "store/BooleanText.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"

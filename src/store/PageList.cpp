@@ -1,6 +1,7 @@
 #include "store/PageList.h"
 
-#include "files/TextFile.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
 #include "store/ImageIndex.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"

@@ -1,7 +1,7 @@
 #include "store/TextFileLines.h"
 
 #include "files/LineScanner.h"
-#include "files/TextFile.h"
+#include "files/ReadOnlyFile.h"
 #include "text/Message.h"
 
 #include <limits>

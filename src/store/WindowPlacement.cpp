@@ -1,6 +1,7 @@
 #include "store/WindowPlacement.h"
 
-#include "files/TextFile.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
 

@@ -1,6 +1,6 @@
 #include "view/Decoders.h"
 
-#include "files/TextFile.h"
+#include "files/ReadOnlyFile.h"
 #include "store/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/NumberText.h"

@@ -1,6 +1,7 @@
-#include "files/TextFile.h"
 #include "files/IndexedTextFile.h"
+#include "files/LineReader.h"
 #include "files/LineScanner.h"
+#include "files/ReadOnlyFile.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "files/Move.h"
+#include "files/Moves.h"
 
-#include "files/Leftovers.h"
+#include "files/RemoveTree.h"
 #include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
 #include "files/VerifiedCopy.h"

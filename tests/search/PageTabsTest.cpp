@@ -1,7 +1,5 @@
 #include "ScriptedWindow.h"
 
-#include <gtest/gtest.h>
-
 namespace velmarin::test {
 namespace {
 

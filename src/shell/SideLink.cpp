@@ -4,6 +4,7 @@
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
+#include "platform/Desktop.h"
 #include "search/PageDeck.h"
 #include "search/QueryBar.h"
 #include "search/Searcher.h"
@@ -46,9 +47,10 @@ void SideLink::SubWinBV_Action() {
         return;
     SideServices services{.host = app_.host(),
                           .busy = app_.busy(),
-                          .artwork = {.Find = Find, .DicApp = DicApp, .Close = Close, .IndCursor = IndCursor},
-                          .preferencesFolder = app_.module.pThis_PreferencesFolder};
-    pMySubWin_ = new SubWindow(*this, services, hangingFor(QGuiApplication::platformName()));
+                          .preferencesFolder = app_.module.pThis_PreferencesFolder,
+                          .desktop = FolderItem(desktopFolder())};
+    const SideArtwork artwork{.Find = Find, .DicApp = DicApp, .Close = Close, .IndCursor = IndCursor};
+    pMySubWin_ = new SubWindow(*this, services, artwork, hangingFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {
         if (pMySubWin_ == opened)
             pMySubWin_.clear();

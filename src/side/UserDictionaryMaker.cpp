@@ -1,6 +1,7 @@
 #include "side/UserDictionaryMaker.h"
 
 #include "platform/Busy.h"
+#include "platform/Host.h"
 #include "side/MainWindowLink.h"
 #include "side/UserDictionary.h"
 #include "store/FileTypes1.h"
@@ -52,10 +53,20 @@ std::string notUtf8Message(std::int64_t lines) {
                         "letters cannot be shown.";
 }
 
+/// A new folder is removed again if the build fails.
+BuildResult build(const FolderItem& source, const FolderItem& folder, bool isNew, BuildProgress& progress,
+                  const FolderItem& desktop) {
+    const BuildResult result = buildUserDictionary(source, folder, progress, EarlierPair::Saved, desktop);
+    std::error_code ignored;
+    if (!result.ok && isNew)
+        std::filesystem::remove(folder.path(), ignored);
+    return result;
+}
+
 } // namespace
 
-void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink& mainWindow, Host& host,
-                                  BusyState& busy, const FolderItem& desktop) {
+void makeUserDictionaryByDialog(const FolderItem& groupFolder, MainWindowLink& mainWindow, Host& host, BusyState& busy,
+                                const FolderItem& desktop) {
     const FolderItem dictionaries = groupFolder.Child(kUserDictionariesFolder);
     if (!dictionaries.Exists() && !dictionaries.CreateAsFolder())
         host.MsgBox("The folder " + dictionaries.path().native() + " could not be made.");
@@ -79,14 +90,11 @@ void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink&
     {
         const Busy guard(busy);
         ShownInMainWindow progress(mainWindow, host);
-        result = buildUserDictionary(FolderItem(source), folder, progress, EarlierPair::Saved, desktop);
+        result = build(FolderItem(source), folder, isNew, progress, desktop);
         if (result.ok)
             progress.done();
     }
     if (!result.ok) {
-        std::error_code ignored;
-        if (isNew)
-            std::filesystem::remove(chosen, ignored);
         host.MsgBox(result.reason);
         return;
     }

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "files/FolderItem.h"
+#include "side/LookUpSource.h"
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace velmarin {
+
+class AnswerText;
+class BusyState;
+class DictionaryService;
+class Host;
+class UserDictionaryList;
+
+/// What sources are made from. All of it outlives them.
+struct SourceParts {
+    LookUpRun& run;
+    AnswerText& text;
+    Host& host;
+    BusyState& busy;
+    const DictionaryService& dictionaries;
+    const FolderItem& preferencesFolder;
+    const std::string& wordsFolder;
+    const UserDictionaryList& userDictionaries;
+};
+
+/// A source and the check box that turns it on.
+struct SourceRow {
+    /// The check box's name and caption.
+    const char* checkBox;
+    const char* caption;
+    /// The check box's place in a window of the design size, in pixels.
+    struct Place {
+        int left, top, width, height;
+    } place;
+    /// In a group without settings.
+    bool isOnByDefault;
+    /// The line of the settings file that keeps whether the source is on, from 1.
+    std::size_t settingsLine;
+    std::unique_ptr<LookUpSource> (*make)(const SourceParts& parts);
+};
+
+/// All sources, in the order of their answers.
+std::span<const SourceRow> sourceTable();
+/// The row whose check box has this name.
+std::size_t sourceRow(std::string_view checkBox);
+
+} // namespace velmarin

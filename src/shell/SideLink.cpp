@@ -9,10 +9,8 @@
 #include "search/QueryBar.h"
 #include "search/Searcher.h"
 #include "shell/App.h"
-#include "shell/Artwork.h"
 #include "shell/MainWindow.h"
 #include "side/SubWindow.h"
-#include "view/Cursors.h"
 
 #include <QGuiApplication>
 
@@ -49,8 +47,7 @@ void SideLink::SubWinBV_Action() {
                           .busy = app_.busy(),
                           .preferencesFolder = app_.module.pThis_PreferencesFolder,
                           .desktop = FolderItem(desktopFolder())};
-    const SideArtwork artwork{.Find = Find, .DicApp = DicApp, .Close = Close, .IndCursor = IndCursor};
-    pMySubWin_ = new SubWindow(*this, services, artwork, hangingFor(QGuiApplication::platformName()));
+    pMySubWin_ = new SubWindow(*this, services, hangingFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {
         if (pMySubWin_ == opened)
             pMySubWin_.clear();

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "side/SideArtwork.h"
 #include "side/SubwindowFile.h"
 
 #include <QColor>
-#include <QIcon>
 #include <QObject>
 
 #include <functional>
@@ -25,7 +23,7 @@ class FindBar : public QObject {
     /// Asks for a color, starting from the present one; nullopt if the user cancels.
     using SelectColor = std::function<std::optional<QColor>(const QColor& present)>;
 
-    FindBar(const SideArtwork& artwork, SelectColor selectColor, QWidget* parent, AnchoredLayout& layout);
+    FindBar(SelectColor selectColor, QWidget* parent, AnchoredLayout& layout);
 
     QLineEdit* FindEF() const { return FindEF_; }
     BevelButton* FindBV() const { return FindBV_; }
@@ -61,9 +59,7 @@ class FindBar : public QObject {
     void FindEF_TextChange(const QString& word);
     void FindColorRect_MouseUp();
     void setCursorOf(QWidget* control, bool entered);
-    QIcon icon(const SideArtwork::Picture& picture, int side) const;
 
-    SideArtwork artwork_;
     SelectColor selectColor_;
     QWidget* FindRect_;
     BevelButton* FindBV_;

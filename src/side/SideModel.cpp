@@ -1,7 +1,7 @@
 #include "side/SideModel.h"
 
 #include "side/AnswerText.h"
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 #include "side/SideView.h"
 #include "side/SourceTable.h"
 #include "side/UserDictionary.h"
@@ -49,7 +49,7 @@ class SideModel::ShownTarget {
     FindTarget before_;
 };
 
-SideModel::SideModel(SideView& view, AnswerText& text, MainWindowLink& mainWindow, SideServices services)
+SideModel::SideModel(SideView& view, AnswerText& text, MainWindowPort& mainWindow, SideServices services)
     : view_(view), text_(text), mainWindow_(mainWindow), services_(std::move(services)),
       groupFolder_(mainWindow.pDictionaryGroupFolder()),
       wait_(services_.clock, [this](bool shown) { view_.showWait(shown); }) {

@@ -20,7 +20,7 @@
 namespace velmarin {
 
 class AnswerText;
-class MainWindowLink;
+class MainWindowPort;
 class SideView;
 
 /// What a side window uses besides its main window. Tests replace the values that are given here.
@@ -42,7 +42,7 @@ class SideModel final : private LookUpRun {
   public:
     /// The settings are those of the group that the main window shows now, even if it changes its group later. All
     /// references must outlive the model.
-    SideModel(SideView& view, AnswerText& text, MainWindowLink& mainWindow, SideServices services);
+    SideModel(SideView& view, AnswerText& text, MainWindowPort& mainWindow, SideServices services);
     ~SideModel() override;
 
     /// Reads the settings and shows them. A model that is closed before the end of this call saves none.
@@ -105,7 +105,7 @@ class SideModel final : private LookUpRun {
 
     SideView& view_;
     AnswerText& text_;
-    MainWindowLink& mainWindow_;
+    MainWindowPort& mainWindow_;
     SideServices services_;
     FolderItem groupFolder_;
     SubwindowSettings settings_;

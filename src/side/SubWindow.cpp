@@ -7,7 +7,7 @@
 #include "controls/QtText.h"
 #include "controls/TextStyleBevelButton.h"
 #include "side/ColorRect.h"
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 #include "side/SourceTable.h"
 #include "side/TextArea.h"
 #include "side/WaitNotice.h"
@@ -45,11 +45,11 @@ Qt::WindowFlags flagsFor(Hanging hanging) {
 
 } // namespace
 
-SubWindow::SubWindow(MainWindowLink& mainWindow, SideServices services, const SideArtwork& artwork, Hanging hanging,
+SubWindow::SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging,
                      FindBar::SelectColor selectColor)
     : QWidget(mainWindow.window(), flagsFor(hanging)), MainWin_(mainWindow),
       layout_(new AnchoredLayout(this, kDesignSize)), text_(this, *layout_),
-      findBar_(artwork, selectColorOrDialog(std::move(selectColor), this), this, *layout_), switches_(this, *layout_),
+      findBar_(selectColorOrDialog(std::move(selectColor), this), this, *layout_), switches_(this, *layout_),
       notice_(new WaitNotice(
           QStringLiteral("Waiting for WORDS, and searches wait too. Press Stop to go on without it."), text_.EF)),
       model_(*this, *text_.EF, mainWindow, std::move(services)), widthAtOpening_(kDesignSize.width()) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "side/FindBar.h"
-#include "side/SideArtwork.h"
 #include "side/SideHanging.h"
 #include "side/SideModel.h"
 #include "side/SideView.h"
@@ -17,7 +16,7 @@
 
 namespace velmarin {
 
-class MainWindowLink;
+class MainWindowPort;
 class WaitNotice;
 
 /// The side window of one main window: it gives text, while the main window gives scanned pages. It shows a SideModel,
@@ -27,7 +26,7 @@ class SubWindow : public QWidget, private SideView {
     Q_OBJECT
   public:
     /// The desktop's own color dialog is used if `selectColor` is empty.
-    SubWindow(MainWindowLink& mainWindow, SideServices services, const SideArtwork& artwork, Hanging hanging,
+    SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging,
               FindBar::SelectColor selectColor = {});
     ~SubWindow() override;
 
@@ -79,7 +78,7 @@ class SubWindow : public QWidget, private SideView {
     void showWait(bool shown) override;
     void release() override;
 
-    MainWindowLink& MainWin_;
+    MainWindowPort& MainWin_;
     AnchoredLayout* layout_;
     TextControls text_;
     FindBar findBar_;

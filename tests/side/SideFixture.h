@@ -2,7 +2,7 @@
 
 #include "platform/Busy.h"
 #include "platform/ScriptedHost.h"
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 #include "side/SideModel.h"
 #include "support/TempFolder.h"
 
@@ -13,7 +13,7 @@
 namespace velmarin::test {
 
 /// A main window that records its calls.
-class RecordedMainWindow : public MainWindowLink {
+class RecordedMainWindow : public MainWindowPort {
   public:
     QMainWindow* frame = nullptr;
     FolderItem group;

@@ -5,24 +5,6 @@
 
 namespace velmarin::test {
 
-namespace {
-
-QPixmap plain(Qt::GlobalColor color, QSize size, qreal ratio) {
-    QPixmap picture(size * ratio);
-    picture.setDevicePixelRatio(ratio);
-    picture.fill(color);
-    return picture;
-}
-
-SideArtwork plainArtwork() {
-    return {.Find = [](QSize size, qreal ratio) { return plain(Qt::green, size, ratio); },
-            .DicApp = [](QSize size, qreal ratio) { return plain(Qt::blue, size, ratio); },
-            .Close = [](QSize size, qreal ratio) { return plain(Qt::gray, size, ratio); },
-            .IndCursor = [](qreal) { return QCursor(Qt::PointingHandCursor); }};
-}
-
-} // namespace
-
 WindowFixture::WindowFixture() {
     frame.setGeometry(100, 100, 838, 809);
     main.frame = &frame;
@@ -36,7 +18,7 @@ WindowFixture::~WindowFixture() {
 
 SubWindow& WindowFixture::open(Hanging hanging) {
     frame.show();
-    side_ = new SubWindow(main, services(), plainArtwork(), hanging, [this](const QColor&) {
+    side_ = new SubWindow(main, services(), hanging, [this](const QColor&) {
         return nextColor.isValid() ? std::optional(nextColor) : std::nullopt;
     });
     side_->open();

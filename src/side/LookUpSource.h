@@ -5,9 +5,9 @@
 namespace velmarin {
 
 /// What a running look-up offers its sources.
-class LookUpRun {
+class LookUpPort {
   public:
-    virtual ~LookUpRun() = default;
+    virtual ~LookUpPort() = default;
 
     /// Lets events run.
     virtual void yield() = 0;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "side/LookUpSource.h"
-#include "side/SourceTable.h"
+#include "side/SourceParts.h"
 
 namespace velmarin {
 

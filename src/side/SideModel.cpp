@@ -2,7 +2,8 @@
 
 #include "side/AnswerText.h"
 #include "side/MainWindowPort.h"
-#include "side/SideView.h"
+#include "side/SideDisplay.h"
+#include "side/SourceParts.h"
 #include "side/SourceTable.h"
 #include "side/UserDictionary.h"
 #include "side/UserDictionaryMaker.h"
@@ -19,13 +20,13 @@ constexpr int kMaximumWidth = 32000;
 
 } // namespace
 
-/// Held while something runs that lets events in. If the model is shut meanwhile, the view lives until its end.
+/// Held while something runs that lets events in. If the model is shut meanwhile, the window lives until its end.
 class SideModel::Running {
   public:
     explicit Running(SideModel& model) : model_(model) { ++model_.running_; }
     ~Running() {
         if (--model_.running_ == 0 && model_.shut_)
-            model_.view_.release();
+            model_.display_.release();
     }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
@@ -49,10 +50,10 @@ class SideModel::ShownTarget {
     FindTarget before_;
 };
 
-SideModel::SideModel(SideView& view, AnswerText& text, MainWindowPort& mainWindow, SideServices services)
-    : view_(view), text_(text), mainWindow_(mainWindow), services_(std::move(services)),
+SideModel::SideModel(SideDisplay& display, AnswerText& text, MainWindowPort& mainWindow, SideServices services)
+    : display_(display), text_(text), mainWindow_(mainWindow), services_(std::move(services)),
       groupFolder_(mainWindow.pDictionaryGroupFolder()),
-      wait_(services_.clock, [this](bool shown) { view_.showWait(shown); }) {
+      wait_(services_.clock, [this](bool shown) { display_.showWait(shown); }) {
     const SourceParts parts{.run = *this,
                             .text = text_,
                             .host = services_.host,
@@ -79,7 +80,7 @@ void SideModel::close(int width) {
     wait_.stop();
     Event_Close(width);
     if (running_ == 0)
-        view_.release();
+        display_.release();
 }
 
 void SideModel::whenFree(const std::function<void()>& action) {
@@ -115,7 +116,7 @@ void SideModel::findStep() {
         // The line of the hit's second character, since the position counts from 1.
         text_.scrollToLineOf(hit->position);
     }
-    view_.showMiss(!hit);
+    display_.showMiss(!hit);
 }
 
 void SideModel::lookUp(const std::string& word, bool alsoMainWindow) {
@@ -151,7 +152,7 @@ void SideModel::synchronise(const std::string& query) {
     const Running running(*this);
     const ShownTarget shown(*this, FindTarget::DicApp);
     FindEF_TextChange(query);
-    view_.showWord(query);
+    display_.showWord(query);
     lookUp(query, false);
 }
 
@@ -162,7 +163,7 @@ void SideModel::setTarget(FindTarget target) {
 
 void SideModel::showTarget(FindTarget target) {
     shownTarget_ = target;
-    view_.showTarget(target);
+    display_.showTarget(target);
 }
 
 void SideModel::FindEF_TextChange(const std::string& word) {
@@ -170,19 +171,19 @@ void SideModel::FindEF_TextChange(const std::string& word) {
         return;
     word_ = word;
     steps_.wordChanged();
-    view_.showMiss(false);
+    display_.showMiss(false);
 }
 
 void SideModel::FindClBV_Action() {
     FindEF_TextChange({});
-    view_.showWord({});
+    display_.showWord({});
     steps_.wordCleared();
-    view_.showMiss(false);
+    display_.showMiss(false);
 }
 
 void SideModel::setHitColor(TextColor color) {
     hitColor_ = color;
-    view_.showHitColor(color);
+    display_.showHitColor(color);
 }
 
 void SideModel::setSource(std::size_t row, bool isOn) {
@@ -201,7 +202,7 @@ void SideModel::trySource(std::size_t row) {
     if (sources_[row]->tickedByUser() || shut_)
         return;
     settings_.sourcesOn[row] = false;
-    view_.showSource(row, false);
+    display_.showSource(row, false);
 }
 
 void SideModel::mMakeUserDicPU() {
@@ -212,10 +213,10 @@ void SideModel::mMakeUserDicPU() {
         return;
     const Busy guard(services_.busy);
     const Running running(*this);
-    view_.clearUserDictionaries();
+    display_.clearUserDictionaries();
     userDictionaries_.read(
-        folder, [this](const std::string& name) { view_.addUserDictionary(name); }, [this] { yield(); });
-    view_.chooseUserDictionary(userDictionaries_.chosenRow());
+        folder, [this](const std::string& name) { display_.addUserDictionary(name); }, [this] { yield(); });
+    display_.chooseUserDictionary(userDictionaries_.chosenRow());
 }
 
 void SideModel::UserDicBT_Action() {
@@ -239,14 +240,14 @@ void SideModel::mSetPref() {
         return;
     settings_ = *saved;
     settings_.width = std::clamp(saved->width, kMinimumWidth, kMaximumWidth);
-    view_.showSettings(settings_);
+    display_.showSettings(settings_);
     setTarget(settings_.target);
     if (saved->userDicRow) {
         mMakeUserDicPU();
         userDictionaries_.choose(*saved->userDicRow);
-        view_.chooseUserDictionary(userDictionaries_.chosenRow());
+        display_.chooseUserDictionary(userDictionaries_.chosenRow());
     }
-    view_.applyTextStyle();
+    display_.applyTextStyle();
 }
 
 void SideModel::Event_Close(int width) {

@@ -21,7 +21,7 @@ namespace velmarin {
 
 class AnswerText;
 class MainWindowPort;
-class SideView;
+class SideDisplay;
 
 /// What a side window uses besides its main window. Tests replace the values that are given here.
 struct SideServices {
@@ -37,17 +37,17 @@ struct SideServices {
 };
 
 /// The state of a side window and what it does: finding in the text, look-ups in the sources that are on, the settings,
-/// the list of user dictionaries. It has no widget; it tells a SideView what to show.
-class SideModel final : private LookUpRun {
+/// the list of user dictionaries. It has no widget; it tells a SideDisplay what to show.
+class SideModel final : private LookUpPort {
   public:
     /// The settings are those of the group that the main window shows now, even if it changes its group later. All
     /// references must outlive the model.
-    SideModel(SideView& view, AnswerText& text, MainWindowPort& mainWindow, SideServices services);
+    SideModel(SideDisplay& display, AnswerText& text, MainWindowPort& mainWindow, SideServices services);
     ~SideModel() override;
 
     /// Reads the settings and shows them. A model that is closed before the end of this call saves none.
     void open();
-    /// Saves the settings and stops what is waited for; `width` is that of the window. The view is released at once,
+    /// Saves the settings and stops what is waited for; `width` is that of the window. The display is released at once,
     /// or as soon as a running look-up ends. The second call does nothing.
     void close(int width);
     bool shut() const override { return shut_; }
@@ -103,7 +103,7 @@ class SideModel final : private LookUpRun {
     bool keepWaiting() override;
     void endWait() override { wait_.end(); }
 
-    SideView& view_;
+    SideDisplay& display_;
     AnswerText& text_;
     MainWindowPort& mainWindow_;
     SideServices services_;

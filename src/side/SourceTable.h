@@ -1,33 +1,15 @@
 #pragma once
 
-#include "files/FolderItem.h"
 #include "side/LookUpSource.h"
 
 #include <cstddef>
 #include <memory>
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace velmarin {
 
-class AnswerText;
-class BusyState;
-class DictionaryService;
-class Host;
-class UserDictionaryList;
-
-/// What sources are made from. All of it outlives them.
-struct SourceParts {
-    LookUpRun& run;
-    AnswerText& text;
-    Host& host;
-    BusyState& busy;
-    const DictionaryService& dictionaries;
-    const FolderItem& preferencesFolder;
-    const std::string& wordsFolder;
-    const UserDictionaryList& userDictionaries;
-};
+struct SourceParts;
 
 /// A source and the check box that turns it on.
 struct SourceRow {

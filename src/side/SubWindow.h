@@ -1,9 +1,9 @@
 #pragma once
 
 #include "side/FindBar.h"
+#include "side/SideDisplay.h"
 #include "side/SideHanging.h"
 #include "side/SideModel.h"
-#include "side/SideView.h"
 #include "side/SwitchControls.h"
 #include "side/TextControls.h"
 
@@ -22,7 +22,7 @@ class WaitNotice;
 /// The side window of one main window: it gives text, while the main window gives scanned pages. It shows a SideModel,
 /// and knows about focus, size and place. It belongs to the QMainWindow of the main window, and a new one is made at
 /// each opening.
-class SubWindow : public QWidget, private SideView {
+class SubWindow : public QWidget, private SideDisplay {
     Q_OBJECT
   public:
     /// The desktop's own color dialog is used if `selectColor` is empty.

@@ -3,6 +3,7 @@
 #include "platform/Busy.h"
 #include "platform/Host.h"
 #include "side/MainWindowPort.h"
+#include "side/ProgressPort.h"
 #include "side/UserDictionary.h"
 #include "store/FileTypes1.h"
 #include "text/StringRules.h"
@@ -16,7 +17,7 @@ constexpr std::string_view kAskForFolder = "Create a folder as new Dictionary.";
 constexpr std::string_view kMade = "A user dictionary was ceated. Put the dictionary or its alias in the "
                                    "UserDictionary found in the DictionaryFolder.";
 
-/// Shows a build in the main window. One that fails leaves neither its message nor its bar.
+/// Shows a build in the main window. After a failure the message and the bar are removed.
 class ShownInMainWindow : public ProgressPort {
   public:
     ShownInMainWindow(MainWindowPort& window, Host& host) : window_(window), host_(host) {}

@@ -2,7 +2,7 @@
 
 #include "side/DictionaryModule.h"
 #include "side/LookUpSource.h"
-#include "side/SourceTable.h"
+#include "side/SourceParts.h"
 
 namespace velmarin {
 

@@ -1,6 +1,7 @@
 #include "side/WordsSource.h"
 
 #include "files/AtomicFile.h"
+#include "files/FolderItem.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
 #include "side/AnswerText.h"

@@ -2,7 +2,7 @@
 
 #include "side/LookUpSource.h"
 #include "side/ScriptRun.h"
-#include "side/SourceTable.h"
+#include "side/SourceParts.h"
 
 #include <string>
 #include <string_view>

@@ -2,7 +2,7 @@
 
 #include "SideFixture.h"
 #include "side/AnswerText.h"
-#include "side/SideView.h"
+#include "side/SideDisplay.h"
 #include "text/StringRules.h"
 
 #include <optional>
@@ -54,8 +54,8 @@ class RecordedText : public AnswerText {
     }
 };
 
-/// A view that records what it is told, and shows nothing.
-class RecordedView : public SideView {
+/// Records what it is told.
+class RecordedDisplay : public SideDisplay {
   public:
     std::optional<SubwindowSettings> settings;
     bool textStyleApplied = false;
@@ -90,7 +90,7 @@ enum Source : std::size_t { Service, Latin, User };
 class ModelFixture : public SideFixture {
   public:
     SideModel& open() {
-        model.emplace(view, text, main, services());
+        model.emplace(display, text, main, services());
         model->open();
         return *model;
     }
@@ -110,7 +110,7 @@ class ModelFixture : public SideFixture {
     }
 
     RecordedText text;
-    RecordedView view;
+    RecordedDisplay display;
     std::optional<SideModel> model;
 };
 

@@ -53,7 +53,7 @@ TEST_F(Finding, StepsFromHitToHit) {
         const std::size_t scrolls = text.scrolledTo.size();
         model->FindBV_Action();
         EXPECT_EQ(model->pFindStartPosition(), step.nextStart);
-        EXPECT_EQ(view.missed, step.start == -1);
+        EXPECT_EQ(display.missed, step.start == -1);
         if (step.start == -1)
             continue;
         EXPECT_EQ(text.start, step.start);
@@ -68,11 +68,11 @@ TEST_F(Finding, AnotherWordOrNoneIsNoMissYet) {
     open();
     for (const bool cleared : {false, true}) {
         ask("x");
-        EXPECT_TRUE(view.missed);
-        view.word = "x";
+        EXPECT_TRUE(display.missed);
+        display.word = "x";
         cleared ? model->FindClBV_Action() : model->FindEF_TextChange("y");
-        EXPECT_FALSE(view.missed);
-        EXPECT_EQ(view.word, cleared ? "" : "x");
+        EXPECT_FALSE(display.missed);
+        EXPECT_EQ(display.word, cleared ? "" : "x");
         EXPECT_EQ(model->pFindStartPosition(), cleared ? 0 : -1);
     }
 }
@@ -216,11 +216,11 @@ TEST(SynchronizedLookUp, ShowsItsTargetAndLeavesTheSetting) {
             model.synchronise("amor");
             EXPECT_EQ(fixture.text.text, "") << "it is off";
             model.setSyncronizeCB(true);
-            fixture.view.targets.clear();
+            fixture.display.targets.clear();
             bool keptMeanwhile = true;
             fixture.host.onYield = [&] {
                 keptMeanwhile = keptMeanwhile && model.settings().target == target &&
-                                fixture.view.targets == std::vector{FindTarget::DicApp};
+                                fixture.display.targets == std::vector{FindTarget::DicApp};
                 fixture.model->setTarget(target == FindTarget::Find ? FindTarget::DicApp : FindTarget::Find);
                 fixture.host.onYield = nullptr;
             };
@@ -230,8 +230,8 @@ TEST(SynchronizedLookUp, ShowsItsTargetAndLeavesTheSetting) {
                 model.synchronise("amor");
             EXPECT_TRUE(keptMeanwhile);
             EXPECT_EQ(fixture.text.text, kAmorBlock);
-            EXPECT_EQ(fixture.view.word, "amor");
-            EXPECT_EQ(fixture.view.targets.back(), target);
+            EXPECT_EQ(fixture.display.word, "amor");
+            EXPECT_EQ(fixture.display.targets.back(), target);
             EXPECT_EQ(model.settings().target, target);
             EXPECT_FALSE(fixture.busy.busy());
         }
@@ -244,14 +244,14 @@ TEST_F(Synchronizing, WaitsForWhatRunsAndThenFindsFromTheTop) {
         const Busy guard(busy);
         model->synchronise("xqz");
         model->synchronise("amor");
-        EXPECT_EQ(view.word, "");
+        EXPECT_EQ(display.word, "");
     }
     runPosted();
     EXPECT_EQ(text.text, kAmorBlock);
     EXPECT_TRUE(main.log.empty()) << "it does not go back to the main window";
     model->FindEF_TextChange("amor"); // what the entry reports when the word is shown in it
     EXPECT_EQ(model->pFindStartPosition(), -1);
-    EXPECT_FALSE(view.missed);
+    EXPECT_FALSE(display.missed);
 }
 
 TEST_F(Synchronizing, ReturnMeanwhileIsALookUpThatWaits) {
@@ -260,7 +260,7 @@ TEST_F(Synchronizing, ReturnMeanwhileIsALookUpThatWaits) {
     host.onYield = [&] {
         host.onYield = nullptr;
         model->FindBV_Action();
-        EXPECT_FALSE(view.missed) << "the find bar shows that it looks up";
+        EXPECT_FALSE(display.missed) << "the find bar shows that it looks up";
     };
     model->synchronise("amor");
     EXPECT_EQ(text.text, kAmorBlock);
@@ -288,12 +288,12 @@ TEST(TickingLatin, TriesTheProgram) {
         fixture.text.text = "kept\n";
         {
             const Busy guard(fixture.busy);
-            fixture.view.sourcesOn[test::Latin] = true; // as the click leaves the check box
+            fixture.display.sourcesOn[test::Latin] = true; // as the click leaves the check box
             model.setSource(test::Latin, true);
             EXPECT_FALSE(fs::exists(fixture.preferences.path() / "temp.sh")) << "it waits";
         }
         fixture.runPosted();
-        EXPECT_EQ(fixture.view.sourcesOn[test::Latin], each.staysOn);
+        EXPECT_EQ(fixture.display.sourcesOn[test::Latin], each.staysOn);
         EXPECT_EQ(model.settings().sourcesOn[test::Latin], each.staysOn);
         EXPECT_EQ(fixture.host.questions, each.staysOn ? std::vector<std::string>() : question);
         EXPECT_EQ(fixture.text.text, each.staysOn ? "kept\n" + wordsBlock("0 arguments\n") : "kept\n");
@@ -328,9 +328,9 @@ TEST(HangingLatin, IsStoppedSilently) {
             bool closed = false;
             fixture.host.onYield = [&] {
                 EXPECT_TRUE(fixture.busy.busy());
-                shown.push_back(fixture.view.waits);
+                shown.push_back(fixture.display.waits);
                 fixture.now += std::chrono::milliseconds(250);
-                if (!fixture.view.waits)
+                if (!fixture.display.waits)
                     return;
                 if (by == By::User)
                     model.stopWaiting();
@@ -338,17 +338,17 @@ TEST(HangingLatin, IsStoppedSilently) {
                     fixture.busy.whenStopped([&] { closed = true; });
                 else
                     model.close(352);
-                EXPECT_EQ(fixture.view.released, 0) << "it still runs";
+                EXPECT_EQ(fixture.display.released, 0) << "it still runs";
             };
             if (withWord)
                 fixture.ask("amor");
             else
                 model.setSource(test::Latin, true);
             EXPECT_EQ(shown, (std::vector<bool>{false, false, true}));
-            EXPECT_FALSE(fixture.view.waits);
+            EXPECT_FALSE(fixture.display.waits);
             EXPECT_TRUE(fixture.host.questions.empty());
             EXPECT_EQ(fixture.text.text, "");
-            EXPECT_EQ(fixture.view.released, by == By::Close ? 1 : 0);
+            EXPECT_EQ(fixture.display.released, by == By::Close ? 1 : 0);
             EXPECT_EQ(fs::exists(fixture.groupFolder.path() / "Subwindow"), true);
             if (by != By::Close) {
                 EXPECT_EQ(model.settings().sourcesOn[test::Latin], withWord);
@@ -367,20 +367,20 @@ TEST_F(UserDictionaries, AreTheVisibleFoldersAndLinksToFolders) {
     fs::create_directory_symlink(words.path() / "Elsewhere", folder / "link");
     fs::create_symlink("/no/such/folder", folder / "dead");
     open().mMakeUserDicPU();
-    EXPECT_EQ(view.userDictionaries.size(), 0U) << "they are off";
+    EXPECT_EQ(display.userDictionaries.size(), 0U) << "they are off";
     model->setSource(test::User, true);
     bool busyThroughout = true;
     host.onYield = [&] { busyThroughout = busyThroughout && busy.busy(); };
     model->mMakeUserDicPU();
-    EXPECT_EQ(view.userDictionaries, (std::vector<std::string>{"A", "b", "Elsewhere"}));
+    EXPECT_EQ(display.userDictionaries, (std::vector<std::string>{"A", "b", "Elsewhere"}));
     EXPECT_TRUE(busyThroughout);
     EXPECT_GE(host.yields, 5) << "after each item";
 
     const auto choose = [&](int row) {
         model->setUserDictionary(row);
         model->mMakeUserDicPU();
-        EXPECT_EQ(view.userDictionary, *model->settings().userDicRow);
-        return view.userDictionary;
+        EXPECT_EQ(display.userDictionary, *model->settings().userDicRow);
+        return display.userDictionary;
     };
     EXPECT_EQ(choose(1), 1);
     fs::create_directory(folder / "AA");
@@ -388,21 +388,21 @@ TEST_F(UserDictionaries, AreTheVisibleFoldersAndLinksToFolders) {
     EXPECT_EQ(choose(3), 3);
     fs::remove(folder / "AA");
     model->mMakeUserDicPU();
-    EXPECT_EQ(view.userDictionary, -1);
+    EXPECT_EQ(display.userDictionary, -1);
     fs::create_directory(folder / "AA");
     model->mMakeUserDicPU();
-    EXPECT_EQ(view.userDictionary, -1) << "a row that is gone is forgotten";
+    EXPECT_EQ(display.userDictionary, -1) << "a row that is gone is forgotten";
     fs::remove_all(folder);
     model->mMakeUserDicPU();
-    EXPECT_EQ(view.userDictionaries.size(), 4U) << "without the folder the list stays";
+    EXPECT_EQ(display.userDictionaries.size(), 4U) << "without the folder the list stays";
 }
 
 TEST_F(Settings, OfAGroupWithoutAFileAreNotShown) {
     EXPECT_EQ(open().settings().sourcesOn, (std::vector<bool>{true, false, false}));
     EXPECT_EQ(model->settings().target, FindTarget::Find);
     EXPECT_EQ(model->settings().width, 352);
-    EXPECT_FALSE(view.settings.has_value());
-    EXPECT_FALSE(view.textStyleApplied);
+    EXPECT_FALSE(display.settings.has_value());
+    EXPECT_FALSE(display.textStyleApplied);
 }
 
 TEST(SavedSettings, AreShown) {
@@ -429,13 +429,13 @@ TEST(SavedSettings, AreShown) {
         SideModel& model = fixture.open();
         SubwindowSettings expected = parseSubwindow(each.file);
         expected.width = each.width;
-        ASSERT_TRUE(fixture.view.settings.has_value());
-        EXPECT_EQ(*fixture.view.settings, expected);
-        EXPECT_EQ(fixture.view.targets, std::vector{expected.target});
-        EXPECT_EQ(fixture.view.userDictionary, each.row);
+        ASSERT_TRUE(fixture.display.settings.has_value());
+        EXPECT_EQ(*fixture.display.settings, expected);
+        EXPECT_EQ(fixture.display.targets, std::vector{expected.target});
+        EXPECT_EQ(fixture.display.userDictionary, each.row);
         expected.userDicRow = each.row;
         EXPECT_EQ(model.settings(), expected);
-        EXPECT_TRUE(fixture.view.textStyleApplied);
+        EXPECT_TRUE(fixture.display.textStyleApplied);
         EXPECT_FALSE(fs::exists(fixture.preferences.path() / "temp.sh")) << "restoring runs nothing";
     }
 }
@@ -454,11 +454,11 @@ TEST_F(Settings, AreWrittenToTheGroupOfTheOpening) {
     model->setSizeRow(3);
     model->close(400);
     EXPECT_EQ(groupFolder.read("Subwindow"), "400\n7\n3\nFalse\nFalse\nDicApp\nTrue\nFalse\nTrue\n0\n");
-    EXPECT_EQ(view.released, 1);
+    EXPECT_EQ(display.released, 1);
     groupFolder.write("Subwindow", "");
     model->close(400);
     EXPECT_EQ(groupFolder.read("Subwindow"), "");
-    EXPECT_EQ(view.released, 1);
+    EXPECT_EQ(display.released, 1);
 }
 
 TEST(SettingsThatCannotBeWritten, AreALossOnlyAfterAChange) {
@@ -478,7 +478,7 @@ TEST_F(Settings, AreLeftAloneIfTheWindowIsClosedWhileItReadsThem) {
     host.onYield = [&] { model->close(352); };
     open();
     EXPECT_EQ(groupFolder.read("Subwindow"), saved);
-    EXPECT_EQ(view.released, 1);
+    EXPECT_EQ(display.released, 1);
 }
 
 } // namespace

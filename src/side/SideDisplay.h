@@ -9,9 +9,9 @@
 namespace velmarin {
 
 /// What a SideModel tells the window that shows it.
-class SideView {
+class SideDisplay {
   public:
-    virtual ~SideView() = default;
+    virtual ~SideDisplay() = default;
 
     /// Shows the sources, the switches, and the rows of the font and size menus.
     virtual void showSettings(const SubwindowSettings& settings) = 0;

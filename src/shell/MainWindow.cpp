@@ -95,7 +95,7 @@ void MainWindow::makeParts() {
     layout_->add(deck_->TB(),
                  QRect(design::kTabPanelLeft, design::kTabPanelTop, design::kTabPanelWidth, design::kTabPanelHeight),
                  Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
-    hitList_ = new HitList(model_.hits, deck_->TB(), content, *layout_);
+    new HitList(model_.hits, deck_->TB(), content, *layout_);
     about_ = new AboutPanel(content, *layout_);
     notice_ = std::make_unique<NoGroupNotice>(content, *layout_);
     // The row at the top comes first, whatever was made first.

@@ -91,11 +91,11 @@ void MainWindow::makeParts() {
     sideLink_ = new SideLink(app_, *this, content, *layout_);
 
     deck_ = new PageDeck(model_.tabs, app_.host(), content);
-    queryBar_ = new QueryBar(model_.search, model_.tabs, *deck_, app_.busy(), content, *layout_);
+    queryBar_ = new QueryBar(model_.search, *deck_, app_.busy(), content, *layout_);
     layout_->add(deck_->TB(),
                  QRect(design::kTabPanelLeft, design::kTabPanelTop, design::kTabPanelWidth, design::kTabPanelHeight),
                  Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
-    hitList_ = new HitList(model_.hits, deck_->TB(), content, *layout_);
+    new HitList(model_.hits, deck_->TB(), content, *layout_);
     about_ = new AboutPanel(content, *layout_);
     notice_ = std::make_unique<NoGroupNotice>(content, *layout_);
     // The row at the top comes first, whatever was made first.

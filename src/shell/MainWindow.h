@@ -17,7 +17,6 @@ class AboutPanel;
 class AnchoredLayout;
 class App;
 class GroupPicker;
-class HitList;
 class MainWindowStepper;
 class NoGroupNotice;
 class PageDeck;
@@ -114,7 +113,6 @@ class MainWindow : public QMainWindow {
     MenuBar* menus_;
     std::shared_ptr<MainWindowStepper> stepper_;
     PageDeck* deck_ = nullptr;
-    HitList* hitList_ = nullptr;
     QueryBar* queryBar_ = nullptr;
     GroupPicker* groupPicker_ = nullptr;
     SideLink* sideLink_ = nullptr;

@@ -143,16 +143,16 @@ std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder
     return sorted;
 }
 
-void writeDictionary(const std::filesystem::path& folder, const std::vector<IndexLine>& lines,
-                     const std::vector<ListedPage>& pages, const Book& book) {
+void writeDictionary(const fs::path& folder, const std::vector<IndexLine>& lines, const std::vector<ListedPage>& pages,
+                     const Book& book) {
     std::string ind;
     std::string txt;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const IndexLine& line = lines[i];
+    for (const IndexLine& line : lines) {
         ind += line.key + (line.note.empty() ? "" : "__DLM__" + line.note) + "\n";
         // As in books that were indexed by hand, some lines repeat their headword or describe the extra pages.
-        txt += (i % 3 == 1 ? line.key + " " : "") + "<@_" + line.page + "_>" +
-               (line.extraPages.empty() ? "" : " in full:");
+        const bool repeats = (&line - lines.data()) % 3 == 1;
+        txt +=
+            (repeats ? line.key + " " : "") + "<@_" + line.page + "_>" + (line.extraPages.empty() ? "" : " in full:");
         for (const std::string& extra : line.extraPages)
             txt += " <^_" + extra + "_>";
         txt += '\n';
@@ -160,16 +160,15 @@ void writeDictionary(const std::filesystem::path& folder, const std::vector<Inde
     std::string list = std::to_string(static_cast<long>(pages.size()) - 1) + "\n";
     for (const ListedPage& page : pages)
         list += page.name + "\t" + page.caption + "\n";
-    writeFile(folder / "FW", "");
-    writeFile(folder / "ind", ind);
-    writeFile(folder / "txt", txt);
-    writeFile(folder / "mImg" / "ImageIndex2", list);
+    std::map<std::string, std::string> files{{"FW", ""}, {"ind", ind}, {"txt", txt}, {"mImg/ImageIndex2", list}};
     if (book.order.SpanishMode)
-        writeFile(folder / "Spanish", "");
+        files["Spanish"];
     if (book.order.IJUVMode)
-        writeFile(folder / "IJUV", "");
+        files["IJUV"];
     if (!book.order.FormatFom.empty() || book.independent)
-        writeFile(folder / "Format", book.order.FormatFom + "\n" + (book.independent ? "true\n" : ""));
+        files["Format"] = book.order.FormatFom + "\n" + (book.independent ? "true\n" : "");
+    for (const auto& [name, bytes] : files)
+        writeFile(folder / name, bytes);
 }
 
 void makeBook(Book book, const fs::path& folder) {

@@ -61,9 +61,8 @@ std::string Hyphenator::divided(const std::string& word) const {
     int* cuts = nullptr;
     hnj_hyphen_hyphenate3(patterns_.get(), small.data(), static_cast<int>(small.size()), digits.data(), nullptr,
                           &replacements, &positions, &cuts, 2, 3, 2, 3); // letters before and after a division
-    std::free(replacements);
-    std::free(positions);
-    std::free(cuts);
+    for (void* unused : {static_cast<void*>(replacements), static_cast<void*>(positions), static_cast<void*>(cuts)})
+        std::free(unused);
     std::string out;
     std::size_t letter = 0;
     for (std::size_t at = 0; at < word.size(); ++letter) {

@@ -1,7 +1,6 @@
 #include "make_samples/Parsers.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <map>
 #include <set>
@@ -117,20 +116,14 @@ std::string taggedText(std::string_view line) {
 
 /// The Japanese word class as a French book abbreviates it.
 std::string japaneseClass(std::string_view text) {
-    static constexpr std::array<std::pair<std::string_view, const char*>, 9> rows{{
-        {"(noun", "n."},
-        {"adjectival nouns", "adj."},
-        {"adjective", "adj."},
-        {"adverb", "adv."},
-        {"verb", "v."},
-        {"pronoun", "pron."},
-        {"interjection (", "interj."},
-        {"conjunction", "conj."},
-        {"suffix", "suff."},
-    }};
-    const auto found =
-        std::ranges::find_if(rows, [&](const auto& row) { return text.find(row.first) != std::string_view::npos; });
-    return found != rows.end() ? found->second : "";
+    static const std::vector<std::pair<std::string_view, const char*>> rows{
+        {"(noun", "n."},    {"adjectival nouns", "adj."}, {"adjective", "adj."},         {"adverb", "adv."},
+        {"verb", "v."},     {"pronoun", "pron."},         {"interjection (", "interj."}, {"conjunction", "conj."},
+        {"suffix", "suff."}};
+    for (const auto& [found, printed] : rows)
+        if (text.find(found) != kNone)
+            return printed;
+    return {};
 }
 
 /// The senses of a Japanese article, the word class first.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <iterator>
 #include <stdexcept>
 #include <utility>
@@ -61,20 +62,14 @@ constexpr const char* kFontSetup = R"(<fontconfig>
   </match>
 </fontconfig>)";
 
-FcConfig* fonts() {
-    static FcConfig* const config = [] {
-        FcConfig* made = FcConfigCreate();
-        if (FcConfigParseAndLoadFromMemory(made, reinterpret_cast<const FcChar8*>(kFontSetup), FcTrue) == FcFalse ||
-            FcConfigBuildFonts(made) == FcFalse)
-            throw std::runtime_error("cannot read the fonts");
-        return made;
-    }();
-    return config;
-}
-
 std::shared_ptr<PangoContext> newContext() {
+    FcConfig* fonts = FcConfigCreate();
+    if (FcConfigParseAndLoadFromMemory(fonts, reinterpret_cast<const FcChar8*>(kFontSetup), FcTrue) == FcFalse ||
+        FcConfigBuildFonts(fonts) == FcFalse)
+        throw std::runtime_error("cannot read the fonts");
     PangoFontMap* map = pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT);
-    pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map), fonts());
+    pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map), fonts);
+    FcConfigDestroy(fonts); // the map has a reference of its own
     std::shared_ptr<PangoContext> context(pango_font_map_create_context(map), g_object_unref);
     g_object_unref(map);
     pango_context_set_round_glyph_positions(context.get(), FALSE);
@@ -159,9 +154,12 @@ void shade(cairo_t* context, double width, double height) {
     cairo_pattern_destroy(gradient);
 }
 
-/// Up to 32 pixels as bits, the first in the most significant.
+/// Up to 32 pixels as bits, the first in the most significant. Most are blank.
 l_uint32 packed(const unsigned char* ink, int count) {
+    static constexpr std::array<unsigned char, 32> blank{};
     l_uint32 bits = 0;
+    if (std::memcmp(ink, blank.data(), static_cast<std::size_t>(count)) == 0)
+        return bits;
     for (int i = 0; i < count; ++i)
         bits |= l_uint32{ink[i] >= kBlackFrom} << (31 - i);
     return bits;

@@ -28,29 +28,12 @@ constexpr std::size_t kLongestWordClass = 60;
 /// Of each letter, the articles of these ranks are given in full as well: the longest, and two of about a page.
 const std::set<std::size_t> kInFullRanks{0, 12, 30};
 
-/// A sign for an accent, and the combining characters that it means before its letter, "[=a]", and after it, "[a^]".
-struct Mark {
-    char sign;
-    const char* before;
-    const char* after; ///< null if the sign is not written after a letter
-};
-
-constexpr std::array<Mark, 14> kMarks{{
-    {'\'', "\u0301", nullptr},
-    {'`', "\u0300", nullptr},
-    {'^', "\u0302", "\u0306"},
-    {'"', "\u0308", nullptr},
-    {'~', "\u0303", "\u0303"},
-    {'=', "\u0304", nullptr},
-    {',', "\u0327", nullptr},
-    {'.', "\u0307", nullptr},
-    {'-', "\u0304", nullptr},
-    {'*', "\u0308", "\u0325"},
-    {':', "\u0308", nullptr},
-    {'v', "\u030C", nullptr},
-    {'_', "\u0331", nullptr},
-    {'@', "\u030A", nullptr},
-}};
+/// Signs for accents before their letter, "[=a]", and after it, "[a^]", with the combining characters that they mean.
+using Marks = std::map<char, const char*>;
+const Marks kMarksBefore{{'\'', "\u0301"}, {'`', "\u0300"}, {'^', "\u0302"}, {'"', "\u0308"}, {'~', "\u0303"},
+                         {'=', "\u0304"},  {',', "\u0327"}, {'.', "\u0307"}, {'-', "\u0304"}, {'*', "\u0308"},
+                         {':', "\u0308"},  {'v', "\u030C"}, {'_', "\u0331"}, {'@', "\u030A"}};
+const Marks kMarksAfter{{'^', "\u0306"}, {'~', "\u0303"}, {'*', "\u0325"}};
 
 constexpr std::array<std::pair<std::string_view, std::string_view>, 36> kNamedLetters{{
     {"ae", "æ"},     {"AE", "Æ"},    {"oe", "œ"},     {"OE", "Œ"},   {"aum", "ä"},  {"oum", "ö"},
@@ -66,16 +49,14 @@ std::string letterOf(std::string_view sign) {
     for (const auto& [name, letter] : kNamedLetters)
         if (sign == name)
             return std::string(letter);
+    const auto marked = [](const Marks& marks, char mark, char letter) {
+        const auto found = std::isalpha(static_cast<unsigned char>(letter)) != 0 ? marks.find(mark) : marks.end();
+        return found == marks.end() ? "" : composedForm(letter + std::string(found->second));
+    };
     if (sign.size() != 2)
         return {};
-    const auto isLetter = [&](std::size_t i) { return std::isalpha(static_cast<unsigned char>(sign[i])) != 0; };
-    for (const Mark& mark : kMarks) {
-        if (sign[0] == mark.sign && isLetter(1))
-            return composedForm(sign[1] + std::string(mark.before));
-        if (sign[1] == mark.sign && isLetter(0) && mark.after != nullptr)
-            return composedForm(sign[0] + std::string(mark.after));
-    }
-    return {};
+    const std::string letter = marked(kMarksBefore, sign[0], sign[1]);
+    return letter.empty() ? marked(kMarksAfter, sign[1], sign[0]) : letter;
 }
 
 /// Whether the editors of the electronic text added the block.
@@ -144,8 +125,7 @@ void parseHeading(GcideArticle& article, const std::string& text) {
     }
 }
 
-GcideArticle::Block::Kind kindOf(std::string_view text, std::size_t indent) {
-    using Kind = GcideArticle::Block::Kind;
+Kind kindOf(std::string_view text, std::size_t indent) {
     if (text.starts_with("Syn:"))
         return Kind::Synonyms;
     if (text.starts_with("Note:") || text.starts_with("Usage:"))
@@ -170,18 +150,12 @@ std::string heading(const GcideArticle& article, bool inFull) {
 
 /// A sense with its number in bold and its field in italics.
 std::string sense(std::string_view text) {
-    std::string markup;
-    const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
-    if (digits > 0 && text.substr(digits).starts_with(". ")) {
-        markup = bold(text.substr(0, digits + 1)) + "\u00A0";
-        text.remove_prefix(digits + 2);
-    }
-    const auto end = text.find(')');
-    if (text.starts_with("(") && end > 2 && end < 30) {
-        markup += italic(text.substr(0, end + 1));
-        text.remove_prefix(end + 1);
-    }
-    return markup + richText(text);
+    static Pattern parts(R"(^(?:(\d+\.) )?(\([^)]{2,28}\))?(.*)$)");
+    parts.finds(text);
+    const std::string number = parts.Substring(1);
+    const std::string field = parts.Substring(2);
+    return (number.empty() ? "" : bold(number) + "\u00A0") + (field.empty() ? "" : italic(field)) +
+           richText(parts.Substring(3));
 }
 
 Paragraph paragraphOf(Kind kind, std::string_view text) {
@@ -207,10 +181,8 @@ std::vector<Paragraph> paragraphsOf(const GcideArticle& article, bool inFull) {
     std::map<Kind, std::size_t> taken;
     for (const auto& [kind, text] : article.blocks) {
         const bool isFirst = kind == Kind::Sense && taken[kind] == 0;
-        const std::size_t most = kind == Kind::Sense       ? kMostSenses
-                                 : kind == Kind::Quotation ? 1
-                                 : kind == Kind::Synonyms  ? 1
-                                                           : 0;
+        const bool isQuotation = kind == Kind::Quotation;
+        const std::size_t most = kind == Kind::Sense ? kMostSenses : isQuotation || kind == Kind::Synonyms ? 1 : 0;
         if (!inFull && !isFirst && (text.size() > kLongestBlock || taken[kind] >= most))
             continue;
         ++taken[kind];
@@ -226,20 +198,13 @@ std::vector<Paragraph> paragraphsOf(const GcideArticle& article, bool inFull) {
 } // namespace
 
 std::string gcideLetters(std::string_view text) {
+    constexpr std::size_t longestSign = 8;
     std::string out;
-    std::size_t at = 0;
-    while (at < text.size()) {
-        if (text[at] == '[') {
-            const auto end = text.find(']', at);
-            const std::string letter =
-                end == std::string_view::npos || end - at > 8 ? "" : letterOf(text.substr(at + 1, end - at - 1));
-            if (!letter.empty()) {
-                out += letter;
-                at = end + 1;
-                continue;
-            }
-        }
-        out += text[at++];
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = text[at] == '[' ? text.find(']', at) : std::string_view::npos;
+        const std::string letter = end - at > longestSign ? "" : letterOf(text.substr(at + 1, end - at - 1));
+        out += letter.empty() ? std::string(1, text[at]) : letter;
+        at = letter.empty() ? at + 1 : end + 1;
     }
     return out;
 }

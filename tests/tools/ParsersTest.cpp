@@ -8,7 +8,8 @@
 #include "make_samples/Text.h"
 #include "make_samples/Webster.h"
 #include "support/TempFolder.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "make_samples/Pagination.h"
 #include "make_samples/Press.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 #include "text/Utf8.h"
 
 namespace velmarin {

@@ -7,7 +7,7 @@
 
 #include "make_samples/Parsers.h"
 #include "make_samples/Webster.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 

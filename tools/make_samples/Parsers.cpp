@@ -10,7 +10,8 @@
 #include "make_samples/Text.h"
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/StringFields.h"
 #include "text/Utf8.h"
 
 namespace velmarin {

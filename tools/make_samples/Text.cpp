@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/Utf8.h"
 
 namespace velmarin {
 

@@ -9,7 +9,8 @@
 #include <utility>
 
 #include "make_samples/Text.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
 namespace velmarin {

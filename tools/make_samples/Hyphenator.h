@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-struct _HyphenDict;
+struct _HyphenDict; // NOLINT(bugprone-reserved-identifier): the name in libhyphen
 
 namespace velmarin {
 

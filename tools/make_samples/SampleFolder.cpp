@@ -82,6 +82,7 @@ bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const 
     const fs::path stage = whole.parent_path() / ("." + whole.filename().string() + ".unfinished");
     fs::remove_all(stage);
     std::vector<std::function<void()>> jobs;
+    jobs.reserve(samples.size());
     for (const Sample& sample : samples)
         jobs.emplace_back([&, folder = fs::path(sample.group) / sample.name] {
             makeBook(sample.make(dictFolder), stage / folder);

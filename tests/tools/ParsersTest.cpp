@@ -1,49 +1,50 @@
+#include <array>
 #include <string>
+#include <utility>
 
 #include <gtest/gtest.h>
 
 #include "make_samples/Parsers.h"
 #include "make_samples/Text.h"
+#include "make_samples/Webster.h"
+#include "support/TempFolder.h"
 #include "text/FindReplace.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 namespace {
 
-/// The markup of all paragraphs, '|' between them, in short: *bold* /italic/ ^small capitals^.
+/// The markup of all paragraphs, '|' between them, in short: *bold* /italic/ ^small capitals^ !red^.
 std::string told(const std::vector<Paragraph>& paragraphs) {
-    std::string out;
+    std::vector<std::string> markup;
     for (const Paragraph& paragraph : paragraphs)
-        out += (out.empty() ? "" : "|") + paragraph.markup;
-    const std::pair<const char*, const char*> signs[] = {{"<b>", "*"},
-                                                         {"</b>", "*"},
-                                                         {"<i>", "/"},
-                                                         {"</i>", "/"},
-                                                         {"<span variant=\"small-caps\">", "^"},
-                                                         {"<span color=\"#ac241c\">", "!"},
-                                                         {"</span>", "^"}};
-    for (const auto& [markup, sign] : signs)
-        out = ReplaceAllB(out, markup, sign);
+        markup.push_back(paragraph.markup);
+    std::string out = Join(markup, "|");
+    for (const auto& [tag, sign] : {std::pair("<b>", "*"),
+                                    {"</b>", "*"},
+                                    {"<i>", "/"},
+                                    {"</i>", "/"},
+                                    {"<span variant=\"small-caps\">", "^"},
+                                    {"<span color=\"#ac241c\">", "!"},
+                                    {"</span>", "^"}})
+        out = ReplaceAllB(out, tag, sign);
     return out;
 }
 
 TEST(GcideLetters, SignsInBracketsBecomeLettersAndOtherBracketsStay) {
-    struct Row {
-        const char* reason;
-        const char* coded;
-        const char* letters;
+    const std::pair<const char*, const char*> rows[] = {
+        {"caf['e] [=a] [_d]", "café ā ḏ"},
+        {"p[a^]l[i^]mp [^a]", "pălĭmp â"},
+        {"[AE]sop, [oe]dema", "Æsop, œdema"},
+        {"[thorn]at [aum]", "þat ä"},
+        {"to reject. [Obs.]", "to reject. [Obs.]"},
+        {"[F. abandon]", "[F. abandon]"},
+        {"a [b", "a [b"},
+        {"[]", "[]"},
+        {"[ab] ['1]", "[ab] ['1]"},
     };
-    const Row rows[] = {
-        {"mark before", "caf['e] [=a]", "café ā"},
-        {"mark after", "p[a^]l[i^]mp", "pălĭmp"},
-        {"ligatures", "[AE]sop, [oe]dema", "Æsop, œdema"},
-        {"named", "[thorn]at [aum]", "þat ä"},
-        {"no sign", "to reject. [Obs.]", "to reject. [Obs.]"},
-        {"a letter", "[F. abandon]", "[F. abandon]"},
-        {"never closed", "a [b", "a [b"},
-        {"empty", "[]", "[]"},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(gcideLetters(row.coded), row.letters) << row.reason;
+    for (const auto& [coded, letters] : rows)
+        EXPECT_EQ(gcideLetters(coded), letters);
 }
 
 TEST(GcideArticle, HeadingIsToldFromTheTextByWhereItsLinesBreak) {
@@ -77,11 +78,35 @@ TEST(RichText, MarkupBecomesStyles) {
     EXPECT_EQ(rich("to yield; -- often bad"), "to yield; — often bad");
 }
 
-TEST(RichText, CutsFallOnSentencesAndLeaveNothingOpen) {
-    EXPECT_EQ(cutShort("Short.", 20), "Short.");
-    EXPECT_EQ(cutShort("One thing. Another thing altogether.", 20), "One thing.");
-    EXPECT_EQ(cutShort("a, b, etc.; and more of them", 14), "a, b, etc.");
-    EXPECT_EQ(cutShort("see {one; two} and three words more", 24), "see one; two and\u00A0…");
+TEST(Webster, ShortenedArticlesTakeTheFirstSenseAndWhatIsShort) {
+    const std::string heading = "abate \\a*bate\"\\, v.\n";
+    const std::string mark = "\n   [1913 Webster]\n\n";
+    const std::string longText(140, 'x');
+    const std::string full = heading + "   1. " + longText + mark + "   2. To lessen." + mark + "   Note: Rare." +
+                             mark + "          Abate thy speed.   --Dryden." + mark +
+                             "          A second one.  --Shak." + mark + "   3. " + longText + mark +
+                             "   Syn: To subside." + mark;
+    const auto articles = websterArticles({heading + "   A tiny one." + mark, full}, 10000, "nothing");
+    ASSERT_EQ(articles.size(), 2U);
+    EXPECT_EQ(told(articles[0].paragraphs),
+              "*a·bate′*, /v./ *1.*\u00A0" + longText +
+                  "|*2.*\u00A0To lessen.|Abate thy speed. —\u00A0/Dryden./|*Syn.* — To subside.")
+        << "the longest article first";
+    EXPECT_EQ(articles[0].supplement.size(), 7U) << "in full: the longest of its letter";
+    EXPECT_TRUE(articles[1].supplement.empty());
+    EXPECT_EQ(websterArticles({heading + "   A tiny one." + mark, full}, 300, "").size(), 1U) << "the limit of bytes";
+}
+
+TEST(SourceArticles, AreInUtf8WithoutDamagedOnes) {
+    const test::TempFolder folder;
+    folder.write("a.dict", "caf\xC3\xA9"
+                           "M\xFCnze"
+                           "\xC3\x83\xC2\xA4"
+                           "\xEF\xBF\xBD"
+                           "NIGGER");
+    folder.write("a.index", "a\tA\tF\nb\tF\tF\nc\tK\tE\nd\tO\tD\ne\tR\tG\n");
+    EXPECT_EQ(sourceArticles(folder.path(), "a"), (std::vector<std::string>{"café", "Münze"}));
+    EXPECT_THROW(sourceArticles(folder.path(), "b"), std::runtime_error);
 }
 
 TEST(DevilArticle, ProseVerseAndSignatureAreToldApart) {
@@ -95,6 +120,7 @@ TEST(DevilArticle, ProseVerseAndSignatureAreToldApart) {
     EXPECT_TRUE(article.paragraphs[1].gapBefore);
     EXPECT_FALSE(article.paragraphs[2].gapBefore);
     EXPECT_EQ(article.paragraphs[3].setting, Setting::Right);
+    EXPECT_EQ(told({parseDevilArticle("VERSE, n.\n\n    By a line.\n").paragraphs.at(1)}), "By a line.");
     EXPECT_EQ(parseDevilArticle("APRIL FOOL, n.  The March fool.\n").key, "APRIL FOOL");
     EXPECT_EQ(parseDevilArticle("X in our alphabet\n").key, "X");
     EXPECT_EQ(parseDevilArticle("preface of no article\n").key, "");
@@ -111,22 +137,17 @@ TEST(Element, OnlyWhatHasANumberIsOne) {
 }
 
 TEST(FreedictArticle, SensesFollowTheHeadword) {
-    struct Row {
-        const char* reason;
-        const char* text;
-        const char* expected;
+    const std::pair<const char*, const char*> rows[] = {
+        {"bestia /bˈɛstɪa/\nanimal, beast\n", "*bestia* animal, beast."},
+        {"arx /ˈarks/ (arcis /ˈarkɪs/ <gen>) <n, sg, f>\nBurg\n", "*arx* (arcis /gen./) /n. f./ Burg."},
+        {"abzug\n1. afname\n2. hak\n", "*abzug* *1.\u00A0*afname *2.\u00A0*hak."},
+        {"hisa <n>\n1.\npart\n", "*hisa* /n./ *1.\u00A0*part."},
+        {"Rom <n, neut>\nΡώμη 2.\ndie Stadt\n", "*Rom* /n. n./ Ρώμη — die Stadt."},
+        {"hond\nHund <masc>\n", "*hond* Hund /m./"},
+        {"lonely\n", ""},
     };
-    const Row rows[] = {
-        {"one sense", "bestia /bˈɛstɪa/\nanimal, beast\n", "*bestia* animal, beast."},
-        {"word forms", "arx /ˈarks/ (arcis /ˈarkɪs/ <gen>) <n, sg, f>\nBurg\n", "*arx* (arcis /gen./) /n. f./ Burg."},
-        {"numbered", "abzug\n1. afname\n2. hak\n", "*abzug* *1.\u00A0*afname *2.\u00A0*hak."},
-        {"number alone on its line", "hisa <n>\n1.\npart\n", "*hisa* /n./ *1.\u00A0*part."},
-        {"definition after translation", "Rom <n, neut>\nΡώμη 2.\ndie Stadt\n", "*Rom* /n. n./ Ρώμη — die Stadt."},
-        {"class at the end", "hond\nHund <masc>\n", "*hond* Hund /m./"},
-        {"no sense", "lonely\n", ""},
-    };
-    for (const Row& row : rows)
-        EXPECT_EQ(told(parseFreedictArticle(row.text).paragraphs), row.expected) << row.reason;
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(told(parseFreedictArticle(text).paragraphs), expected);
 }
 
 TEST(JapaneseArticle, KeyIsTheReadingAndCharactersFollow) {

@@ -3,7 +3,12 @@
 #include "files/TextFile.h"
 #include "store/Fi_Module.h"
 #include "text/StringRules.h"
-#include "view/Formats.h"
+#include "view/DecodeByLeptonica.h"
+#include "view/DecodeByMagick.h"
+#include "view/DecodeJpeg.h"
+#include "view/DecodePict.h"
+#include "view/DecodePng.h"
+#include "view/DecodeTiff.h"
 
 #include <algorithm>
 #include <optional>
@@ -12,7 +17,7 @@
 namespace velmarin {
 namespace {
 
-constexpr std::uint64_t maxFileSize = std::uint64_t{1} << 31;
+constexpr std::uint64_t kMaxFileSize = std::uint64_t{1} << 31;
 
 using namespace std::string_view_literals;
 
@@ -25,7 +30,7 @@ template <std::size_t N> bool startsWith(std::string_view bytes, const char (&st
 }
 
 struct PictureFormat {
-    /// Files with such an extension must be of this format; other files are of the first format that matches.
+    /// Files with one of these extensions must be of this format. Any other file is of the first format that matches.
     std::vector<std::string_view> decidingExtensions;
     bool (*matches)(std::string_view bytes, std::string_view extension);
     DecodedPix (*decode)(std::string_view bytes);
@@ -87,8 +92,8 @@ DecodedPix decodeAs(std::string_view extension, std::string_view bytes) {
 std::optional<std::string> readPictureFile(const FolderItem& file, std::string& reason) {
     std::optional<std::string> bytes;
     if (file.isNil() || !file.Exists())
-        reason = noSuchFile;
-    else if (bytes = readWholeFile(file, maxFileSize); !bytes)
+        reason = kNoSuchFile;
+    else if (bytes = readWholeFile(file, kMaxFileSize); !bytes)
         reason = "it is not a regular file, cannot be read, or is larger than 2 GB";
     else if (bytes->empty()) {
         reason = "the file is empty";
@@ -102,10 +107,6 @@ DecodedPicture asPicture(DecodedPix decoded) {
 }
 
 } // namespace
-
-DecodedPix DecodedPix::tooLarge(std::int64_t width, std::int64_t height) {
-    return failed("its header asks for " + Str(width) + " x " + Str(height) + " pixels, a size that cannot be shown");
-}
 
 DecodedPicture decodePicture(const FolderItem& file) {
     std::string reason;

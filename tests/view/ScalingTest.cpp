@@ -1,5 +1,5 @@
-#include "Pictures.h"
 #include "view/Scaling.h"
+#include "Pictures.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +55,7 @@ std::vector<std::uint8_t> whole(const Scaling& s) {
 
 Color pixelOf(const Scaling& s, const std::vector<std::uint8_t>& bytes, int x, int y) {
     const auto at = static_cast<std::size_t>((y - s.top()) * (s.right() - s.left()) + x - s.left());
-    if (!s.colour())
+    if (!s.inColor())
         return {bytes[at], bytes[at], bytes[at]};
     const std::uint32_t word = reinterpret_cast<const std::uint32_t*>(bytes.data())[at];
     return {static_cast<std::uint8_t>(word >> 16), static_cast<std::uint8_t>(word >> 8),
@@ -109,8 +109,8 @@ TEST(Scaling, OfABandEqualsThatPartOfTheWhole) {
         int depth, width, height;
     };
     for (const Case& c :
-         {Case{"ink reduced", 1, 37, 29}, Case{"grey reduced", 8, 37, 29}, Case{"colour reduced", 32, 37, 29},
-          Case{"ink enlarged", 1, 300, 211}, Case{"colour enlarged", 32, 300, 211}, Case{"grey as it is", 8, 101, 90},
+         {Case{"ink reduced", 1, 37, 29}, Case{"grey reduced", 8, 37, 29}, Case{"color reduced", 32, 37, 29},
+          Case{"ink enlarged", 1, 300, 211}, Case{"color enlarged", 32, 300, 211}, Case{"grey as it is", 8, 101, 90},
           Case{"ink wider and lower", 1, 200, 40}}) {
         SCOPED_TRACE(c.name);
         const Scaling s(noise(101, 90, c.depth, 4), 0, 0, 101, 90, c.width, c.height);

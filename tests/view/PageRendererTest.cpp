@@ -1,5 +1,5 @@
-#include "Pictures.h"
 #include "view/PageRenderer.h"
+#include "Pictures.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ constexpr DeviceRect screen{0, 0, 400, 300};
 
 Color pixelOf(const PixelBlock& b, int x, int y) {
     const std::uint8_t* row = b.data + (y - b.place.y) * b.stride;
-    if (!b.colour)
+    if (!b.inColor)
         return {row[x - b.place.x], row[x - b.place.x], row[x - b.place.x]};
     const std::uint32_t word = reinterpret_cast<const std::uint32_t*>(row)[x - b.place.x];
     return {static_cast<std::uint8_t>(word >> 16), static_cast<std::uint8_t>(word >> 8),
@@ -52,16 +52,16 @@ TEST(Rendering, MakesOnlyTheRowsInViewAndKeepsThem) {
     PictureDrawn drawn{page, 0, 0, 400, 3200, 0, 0, 1000, 8000};
     renderer.render(drawn, 1.0, screen);
     ASSERT_NE(renderer.reduced(), nullptr);
-    const int first = renderer.reduced()->rowsMade();
+    const int first = renderer.reduced()->rowsComputed();
     EXPECT_GE(first, 300);
     EXPECT_LT(first, 400);
     drawn.sy = 50;
     renderer.render(drawn, 1.0, screen);
-    EXPECT_EQ(renderer.reduced()->rowsMade(), first) << "20 rows on, all within the last band";
+    EXPECT_EQ(renderer.reduced()->rowsComputed(), first) << "20 rows on, all within the last band";
     drawn.sy = 8000 - 750;
     renderer.render(drawn, 1.0, screen);
-    EXPECT_LT(renderer.reduced()->rowsMade(), 800) << "what was passed over is not made";
-    renderer.drop();
+    EXPECT_LT(renderer.reduced()->rowsComputed(), 800) << "what was passed over is not made";
+    renderer.dropCache();
     EXPECT_EQ(renderer.reduced(), nullptr);
 }
 

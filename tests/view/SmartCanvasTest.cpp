@@ -1,7 +1,7 @@
+#include "view/SmartCanvas.h"
 #include "Pictures.h"
 #include "platform/ScriptedHost.h"
 #include "support/TempFolder.h"
-#include "view/SmartCanvas.h"
 
 #include <gtest/gtest.h>
 
@@ -57,7 +57,7 @@ class SmartCanvasTest : public ::testing::Test {
             for (int x = 0; x < b.place.width; ++x) {
                 const std::uint8_t* row = b.data + y * b.stride;
                 const QRgb pixel =
-                    b.colour ? reinterpret_cast<const std::uint32_t*>(row)[x] : qRgb(row[x], row[x], row[x]);
+                    b.inColor ? reinterpret_cast<const std::uint32_t*>(row)[x] : qRgb(row[x], row[x], row[x]);
                 image.setPixel(b.place.x + x, b.place.y + y, pixel);
             }
         return image;

@@ -176,7 +176,7 @@ TEST(CompleteScroll, GoesToTheEndsAndMarksWhatWasSeen) {
     EXPECT_EQ(canvas.scrollY(), 300);
     EXPECT_EQ(canvas.over<LineDrawn>().y1, 700 - 300);
     EXPECT_EQ(canvas.over<LineDrawn>().color, red);
-    canvas.view.mJumpScroll_vertical(5); // an unknown direction draws a bare marker in the colour of before
+    canvas.view.mJumpScroll_vertical(5); // an unknown direction draws a bare marker in the color of before
     EXPECT_EQ(canvas.over<LineDrawn>(1).color, red);
     EXPECT_EQ(canvas.over<LineDrawn>(1).y1, 0);
     EXPECT_EQ(canvas.over<StringDrawn>().text, "");

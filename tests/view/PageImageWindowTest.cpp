@@ -1,10 +1,10 @@
+#include "view/PageImageWindow.h"
 #include "controls/BevelButton.h"
 #include "controls/MenuPopup.h"
 #include "controls/QtText.h"
 #include "platform/ScriptedHost.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
-#include "view/PageImageWindow.h"
 #include "view/SmartCanvas.h"
 
 #include <gtest/gtest.h>

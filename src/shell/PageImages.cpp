@@ -1,6 +1,5 @@
 #include "shell/PageImages.h"
 
-#include "search/PageDeck.h"
 #include "shell/App.h"
 #include "shell/ApplicationShortcuts.h"
 #include "shell/MainWindow.h"
@@ -28,7 +27,7 @@ PageImageWindow* PageImages::instance() {
     return window_;
 }
 
-void PageImages::show(const FolderItem& file, const std::shared_ptr<PageStepper>& mainWin, int tab) {
+void PageImages::show(const FolderItem& file, const std::shared_ptr<PagePort>& mainWin, int tab) {
     if (!file.Exists())
         return;
     const QPointer<PageImageWindow> window = instance();
@@ -49,7 +48,7 @@ void PageImages::close() {
 }
 
 bool MainWindowStepper::hasTab(int tab) const {
-    return tab < window_.deck().setCount() && !window_.state().pDictionaryItem.empty();
+    return window_.model().tabs.hasTab(tab) && !window_.group().pDictionaryItem.empty();
 }
 
 void MainWindowStepper::mNextBack(int direction, int tab) {

@@ -4,14 +4,10 @@
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
-#include "search/PageDeck.h"
 #include "search/QueryBar.h"
-#include "search/Searcher.h"
 #include "shell/App.h"
-#include "shell/Artwork.h"
 #include "shell/MainWindow.h"
 #include "side/SubWindow.h"
-#include "view/Cursors.h"
 
 #include <QGuiApplication>
 
@@ -44,10 +40,8 @@ void SideLink::SubWinBV_Action() {
     SubWinBV_->setChecked(false);
     if (!mainWindow_.hasGroup())
         return;
-    SideServices services{.host = app_.host(),
-                          .busy = app_.busy(),
-                          .artwork = {.Find = Find, .DicApp = DicApp, .Close = Close, .IndCursor = IndCursor},
-                          .preferencesFolder = app_.module.pThis_PreferencesFolder};
+    SideServices services{
+        .host = app_.host(), .busy = app_.busy(), .preferencesFolder = app_.module.pThis_PreferencesFolder};
     pMySubWin_ = new SubWindow(*this, services, hangingFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {
         if (pMySubWin_ == opened)
@@ -84,7 +78,7 @@ QMainWindow* SideLink::window() {
 }
 
 FolderItem SideLink::pDictionaryGroupFolder() {
-    return mainWindow_.state().pDictionaryGroupFolder;
+    return mainWindow_.group().pDictionaryGroupFolder;
 }
 
 void SideLink::noteWritten(const std::string& path, const WriteResult& result) {
@@ -108,12 +102,7 @@ void SideLink::setOKBTDefault(bool isDefault) {
 }
 
 void SideLink::searchAll(const std::string& word) {
-    for (int i = 0; i < static_cast<int>(mainWindow_.state().pDictionaryItem.size()); ++i) {
-        // In list mode only the first has a tab to show its page in.
-        if (i < mainWindow_.deck().setCount())
-            mainWindow_.searcher().mSearch(word, i);
-        app_.host().Yield();
-    }
+    mainWindow_.model().search.searchAll(word);
 }
 
 void SideLink::showProgress() {

@@ -1,6 +1,6 @@
 #include "view/DecodedPix.h"
 
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 
 namespace velmarin {
 

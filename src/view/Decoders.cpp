@@ -1,8 +1,8 @@
 #include "view/Decoders.h"
 
-#include "files/TextFile.h"
-#include "store/Fi_Module.h"
-#include "text/StringRules.h"
+#include "files/ReadOnlyFile.h"
+#include "store/FileNames.h"
+#include "text/LetterCase.h"
 #include "view/DecodeByLeptonica.h"
 #include "view/DecodeByMagick.h"
 #include "view/DecodeJpeg.h"

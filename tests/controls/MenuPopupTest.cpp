@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <optional>
+#include <tuple>
 
 namespace velmarin {
 namespace {
@@ -191,31 +192,24 @@ TEST_F(BevelMenu, LongPageListOpensAtItsCurrentRowAndAsksForFewOfTheOthers) {
 }
 
 TEST_F(BevelMenu, OpensInsideTheScreenBesideTheButton) {
-    const struct {
-        const char* name;
-        QPoint percent; ///< where the window is on the screen
-        int rows;
-        std::string widest;
-        bool below;
-    } cases[] = {{"long", {10, 10}, 5000, "p2", true},
-                 {"at the bottom", {10, 100}, 500, "p2", false},
-                 {"at the right", {100, 10}, 4, std::string(60, 'w'), true},
-                 {"very wide rows", {10, 10}, 4, std::string(4000, 'w'), true}};
+    // Where the window is on the screen in percent, rows, the width of the last row, and whether the menu is below.
+    const std::tuple<QPoint, int, int, bool> cases[] = {
+        {{10, 10}, 5000, 2, true}, {{10, 100}, 500, 2, false}, {{100, 10}, 4, 60, true}, {{10, 10}, 4, 4000, true}};
     const QRect screen = window.screen()->availableGeometry();
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
-        window.move(screen.left() + row.percent.x() * (screen.width() - 100) / 100,
-                    screen.top() + row.percent.y() * (screen.height() - 40) / 100);
+    for (const auto& [percent, rows, width, below] : cases) {
+        SCOPED_TRACE(std::to_string(rows) + " rows, " + std::to_string(width) + " wide");
+        window.move(screen.left() + percent.x() * (screen.width() - 100) / 100,
+                    screen.top() + percent.y() * (screen.height() - 40) / 100);
         QCoreApplication::processEvents();
-        auto names = pages(row.rows);
-        names.back() = row.widest;
+        auto names = pages(rows);
+        names.back() = std::string(static_cast<std::size_t>(width), 'w');
         button.setRows(names);
         button.openMenu();
         const QRect place = popup()->geometry();
         const QRect onScreen(button.mapToGlobal(QPoint()), button.size());
         EXPECT_TRUE(screen.contains(place));
         EXPECT_FALSE(place.intersects(onScreen));
-        EXPECT_EQ(place.top() > onScreen.top(), row.below);
+        EXPECT_EQ(place.top() > onScreen.top(), below);
         EXPECT_GE(place.width(), button.width());
         popup()->close();
     }

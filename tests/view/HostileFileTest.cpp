@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <tuple>
 
 #include <allheaders.h>
 #include <sys/stat.h>
@@ -25,26 +26,20 @@ struct File {
 
 /// One file of every format.
 std::vector<File> oneOfEach() {
-    const Picture ink = noise(67, 45, 1, 1), grey = noise(67, 45, 8, 2), colour = noise(67, 45, 32, 3);
-    return {{"g4.tif", test::encoded(ink, IFF_TIFF_G4)},
-            {"g3.tif", test::encoded(ink, IFF_TIFF_G3)},
-            {"lzw.tif", test::encoded(colour, IFF_TIFF_LZW)},
-            {"zip.tif", test::encoded(grey, IFF_TIFF_ZIP)},
-            {"jpeg.tif", test::encoded(colour, IFF_TIFF_JPEG)},
-            {"tiles.tif", test::tiff({.bits = 8, .tile = 16}, [](int x, int, int) { return unsigned(x); })},
-            {"a.jpg", test::encoded(colour, IFF_JFIF_JPEG)},
-            {"cmyk.jpg", test::cmykJpeg(40, 40, true, [](int x, int, int) { return unsigned(x); })},
-            {"ink.png", test::encoded(ink, IFF_PNG)},
-            {"colour.png", test::encoded(colour, IFF_PNG)},
-            {"ink.bmp", test::encoded(ink, IFF_BMP)},
-            {"colour.bmp", test::encoded(colour, IFF_BMP)},
-            {"a.gif", test::encoded(grey, IFF_GIF)},
-            {"a.webp", test::encoded(colour, IFF_WEBP)},
-            {"a.pnm", test::encoded(colour, IFF_PNM)},
-            {"a.jp2", test::encoded(colour, IFF_JP2)},
-            {"a.pict", test::pict(ink)},
-            {"bare.pct", test::pict(ink, {.lead = 0})},
-            {"colours.pict", test::pict(grey, {.bits = 8})}};
+    const Picture ink = noise(67, 45, 1, 1), grey = noise(67, 45, 8, 2), color = noise(67, 45, 32, 3);
+    std::vector<File> files = {{"tiles.tif", test::tiff(grey.pix(), {.tile = 16})},
+                               {"cmyk.jpg", test::cmykJpeg(true)},
+                               {"a.pict", test::smallPict()},
+                               {"bare.pct", test::smallPict().substr(512)}};
+    const std::tuple<const char*, Picture, int> written[] = {
+        {"g4.tif", ink, IFF_TIFF_G4},    {"g3.tif", ink, IFF_TIFF_G3},    {"lzw.tif", color, IFF_TIFF_LZW},
+        {"zip.tif", grey, IFF_TIFF_ZIP}, {"j.tif", color, IFF_TIFF_JPEG}, {"a.jpg", color, IFF_JFIF_JPEG},
+        {"ink.png", ink, IFF_PNG},       {"color.png", color, IFF_PNG},   {"ink.bmp", ink, IFF_BMP},
+        {"color.bmp", color, IFF_BMP},   {"a.gif", grey, IFF_GIF},        {"a.webp", color, IFF_WEBP},
+        {"a.pnm", color, IFF_PNM},       {"a.jp2", color, IFF_JP2}};
+    for (const auto& [name, picture, format] : written)
+        files.push_back({name, test::encoded(picture, format)});
+    return files;
 }
 
 /// Decodes damaged files; each gives a picture or a reason, and a library says nothing on standard error.
@@ -65,9 +60,13 @@ TEST_F(DamagedFiles, CutShortAnywhereEndInAPictureOrAReason) {
         const std::string_view bytes = file.bytes;
         for (std::size_t part = 0; part < 24; ++part)
             expectAnswer(file, bytes.substr(0, part < 12 ? part * 7 : bytes.size() * (part - 11) / 13));
-        const bool showsHalf = file.name.ends_with(".jpg") || file.name == "jpeg.tif" || file.name == "a.jp2";
+        const bool showsHalf = file.name.ends_with(".jpg") || file.name == "j.tif" || file.name == "a.jp2";
         const DecodedPicture half = expectAnswer(file, bytes.substr(0, bytes.size() / 2));
         EXPECT_TRUE(showsHalf || half.picture.isNil()) << file.name;
+        if (file.name == "a.jpg") {
+            EXPECT_TRUE(half.picture && !half.reason.empty()) << "what there is, and a reason";
+            EXPECT_TRUE(expectAnswer(file, bytes.substr(0, bytes.find("\xff\xda") + 16)).picture.isNil());
+        }
     }
 }
 
@@ -85,16 +84,6 @@ TEST_F(DamagedFiles, WithBytesChangedEndInAPictureOrAReason) {
             expectAnswer(file, bytes);
         }
     }
-}
-
-TEST_F(DamagedFiles, OfJpegShowWhatThereIs) {
-    const Picture colour = noise(200, 200, 32, 3);
-    const std::string bytes = test::encoded(colour, IFF_JFIF_JPEG);
-    const DecodedPicture half = decoded("a.jpg", std::string_view(bytes).substr(0, bytes.size() / 2));
-    EXPECT_TRUE(half.picture);
-    EXPECT_NE(half.reason, "");
-    const std::size_t scan = bytes.find("\xff\xda");
-    EXPECT_TRUE(decoded("a.jpg", std::string_view(bytes).substr(0, scan + 16)).picture.isNil()) << "nothing to see";
 }
 
 std::string bigEndian32(std::uint32_t value) {
@@ -130,12 +119,12 @@ std::string bareTiff(std::uint32_t width, std::uint32_t height) {
 TEST(HugeHeaders, AreRefused) {
     const Picture small = noise(40, 40, 8, 1);
     const std::string bmp = test::encoded(small, IFF_BMP), jpeg = test::encoded(small, IFF_JFIF_JPEG),
-                      gif = test::encoded(small, IFF_GIF), pict = test::pict(noise(40, 40, 1, 1));
+                      gif = test::encoded(small, IFF_GIF);
     const std::size_t frame = jpeg.find("\xff\xc0"), block = gif.find("\x2c\0\0\0\0\x28\0\x28\0"s);
     std::string png = enlarged(test::encoded(small, IFF_PNG), 16, 20, bigEndian32(60000));
     const auto sum = crc32(0, reinterpret_cast<const Bytef*>(png.data() + 12), 17);
     png.replace(29, 4, bigEndian32(static_cast<std::uint32_t>(sum)));
-    std::string pictOf65535 = pict;
+    std::string pictOf65535 = test::smallPict();
     pictOf65535.replace(514, 8, "\x80\0\x80\0\x7f\xff\x7f\xff"s);
     struct Case {
         const char* name;
@@ -167,28 +156,19 @@ TEST(Scripts, WithThePictureExtensionsAreNotPictures) {
     // What GraphicsMagick would read, run or fetch if it chose the format itself.
     const std::string scripts[] = {"push graphic-context\nviewbox 0 0 9 9\nfill 'url(https://example.org/x.png)'\n",
                                    "<?xml version=\"1.0\"?><image><read filename=\"/etc/hostname\"/></image>",
-                                   "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect width=\"9\" height=\"9\"/></svg>",
-                                   "%!PS-Adobe-3.0\n%%BoundingBox: 0 0 9 9\nshowpage\n",
-                                   "@/etc/hostname",
-                                   "/etc/hostname",
-                                   "GIF89a",
-                                   "P9\n1 1\n255\n"};
+                                   "%!PS-Adobe-3.0\n%%BoundingBox: 0 0 9 9\nshowpage\n", "@/etc/hostname", "GIF89a"};
     testing::internal::CaptureStderr(); // a missing helper program would be named here
     for (const std::string& script : scripts)
-        for (const char* name : {"a.mvg", "a.msl", "a.svg", "a.ps", "a.txt", "a.pict", "a.bmp", "a.tga", "a.tif", "a"})
+        for (const char* name : {"a.mvg", "a.msl", "a.ps", "a.pict", "a.tga", "a.tif", "a"})
             EXPECT_TRUE(decoded(name, script).picture.isNil()) << name << ": " << script;
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST(Scripts, BeforeAPictureAreNotRun) {
     // Nothing defines the 512 bytes before a PICT.
-    const Picture ink = noise(83, 31, 1, 11);
     const std::string script = "%!PS-Adobe-3.0\n%%BoundingBox: 0 0 9 9\nshowpage\n";
-    std::string bytes = test::pict(ink);
-    bytes.replace(0, script.size(), script);
-    const DecodedPicture result = decoded("a.pict", bytes);
-    ASSERT_TRUE(result.picture) << result.reason;
-    EXPECT_TRUE(test::samePixels(result.picture, ink));
+    EXPECT_EQ(test::asText(decoded("a.pict", test::smallPict().replace(0, script.size(), script)).picture),
+              "0000ffff/ffff0000");
 }
 
 TEST(FileWithoutAPicture, IsReported) {

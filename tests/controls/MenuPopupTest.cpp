@@ -1,5 +1,5 @@
-#include "controls/BevelButton.h"
 #include "controls/MenuPopup.h"
+#include "controls/BevelButton.h"
 #include "controls/RowModel.h"
 
 #include <QApplication>
@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <optional>
+#include <tuple>
 
 namespace velmarin {
 namespace {
@@ -60,7 +61,7 @@ struct BevelMenu : ::testing::Test {
     }
 };
 
-TEST_F(BevelMenu, ClickOpensItAndAClickOnARowPicksIt) {
+TEST_F(BevelMenu, AClickOrADragToARowPicksIt) {
     button.setRows(pages(5));
     press();
     ASSERT_TRUE(button.menuIsOpen());
@@ -70,17 +71,12 @@ TEST_F(BevelMenu, ClickOpensItAndAClickOnARowPicksIt) {
     EXPECT_EQ(lastChosen(), 3);
     EXPECT_EQ(chosen.count(), 1);
     EXPECT_EQ(button.MenuValue(), 3);
-    EXPECT_FALSE(button.menuIsOpen());
-    EXPECT_FALSE(button.isDown());
-}
-
-TEST_F(BevelMenu, PressDragAndReleasePicksInOneGo) {
-    button.setRows(pages(5));
+    EXPECT_FALSE(button.menuIsOpen() || button.isDown());
     press();
     moveTo(2);
     EXPECT_EQ(list()->currentIndex().row(), 2) << "the row under the pointer is highlighted";
     QTest::mouseRelease(list()->viewport(), Qt::LeftButton, {}, placeOf(2));
-    EXPECT_EQ(lastChosen(), 2);
+    EXPECT_EQ(lastChosen(), 2) << "press, drag and release in one go";
 }
 
 TEST_F(BevelMenu, HandlerSeesTheNewValueAndAClosedMenuAndMayReplaceTheRows) {
@@ -100,16 +96,6 @@ TEST_F(BevelMenu, HandlerSeesTheNewValueAndAClosedMenuAndMayReplaceTheRows) {
     EXPECT_EQ(button.MenuValue(), 0);
 }
 
-TEST_F(BevelMenu, SeparatorIsNotPicked) {
-    button.AddRow("Delete");
-    button.AddSeparator();
-    button.AddRow("p1");
-    button.openMenu();
-    clickRow(1);
-    EXPECT_TRUE(button.menuIsOpen());
-    EXPECT_EQ(chosen.count(), 0);
-}
-
 TEST_F(BevelMenu, KeysReachEveryRow) {
     const struct {
         const char* name;
@@ -117,7 +103,6 @@ TEST_F(BevelMenu, KeysReachEveryRow) {
         std::optional<int> chosen;
     } cases[] = {
         {"Space and Return pick the current row", {Qt::Key_Space, Qt::Key_Return}, 5},
-        {"Return opens", {Qt::Key_Return, Qt::Key_Enter}, 5},
         {"Down opens without moving", {Qt::Key_Down, Qt::Key_Return}, 5},
         {"Down", {Qt::Key_Space, Qt::Key_Down, Qt::Key_Return}, 6},
         {"Up passes over the separator",
@@ -132,6 +117,10 @@ TEST_F(BevelMenu, KeysReachEveryRow) {
     button.AddSeparator();
     for (const std::string& page : pages(200))
         button.AddRow(page);
+    button.openMenu();
+    clickRow(1);
+    EXPECT_TRUE(button.menuIsOpen()) << "a separator is not picked";
+    popup()->close();
     for (const auto& row : cases) {
         SCOPED_TRACE(row.name);
         chosen.clear();
@@ -166,14 +155,11 @@ TEST_F(BevelMenu, APressElsewhereOrAChangeOfTheButtonClosesIt) {
     EXPECT_EQ(chosen.count(), 0);
 }
 
-TEST_F(BevelMenu, WithoutRowsNothingOpens) {
+TEST_F(BevelMenu, NothingOpensWithoutRowsAndTheMenuDiesWithItsButton) {
     button.setHasMenu(true);
     press();
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_FALSE(button.menuIsOpen() || button.isDown());
-}
-
-TEST_F(BevelMenu, ButtonMayDieWithItsMenuOpen) {
     auto* doomed = new BevelButton("Page", &window);
     doomed->setRows(pages(5));
     doomed->openMenu();
@@ -206,31 +192,24 @@ TEST_F(BevelMenu, LongPageListOpensAtItsCurrentRowAndAsksForFewOfTheOthers) {
 }
 
 TEST_F(BevelMenu, OpensInsideTheScreenBesideTheButton) {
-    const struct {
-        const char* name;
-        QPoint percent; ///< where the window is on the screen
-        int rows;
-        std::string widest;
-        bool below;
-    } cases[] = {{"long", {10, 10}, 5000, "p2", true},
-                 {"at the bottom", {10, 100}, 500, "p2", false},
-                 {"at the right", {100, 10}, 4, std::string(60, 'w'), true},
-                 {"very wide rows", {10, 10}, 4, std::string(4000, 'w'), true}};
+    // Where the window is on the screen in percent, rows, the width of the last row, and whether the menu is below.
+    const std::tuple<QPoint, int, int, bool> cases[] = {
+        {{10, 10}, 5000, 2, true}, {{10, 100}, 500, 2, false}, {{100, 10}, 4, 60, true}, {{10, 10}, 4, 4000, true}};
     const QRect screen = window.screen()->availableGeometry();
-    for (const auto& row : cases) {
-        SCOPED_TRACE(row.name);
-        window.move(screen.left() + row.percent.x() * (screen.width() - 100) / 100,
-                    screen.top() + row.percent.y() * (screen.height() - 40) / 100);
+    for (const auto& [percent, rows, width, below] : cases) {
+        SCOPED_TRACE(std::to_string(rows) + " rows, " + std::to_string(width) + " wide");
+        window.move(screen.left() + percent.x() * (screen.width() - 100) / 100,
+                    screen.top() + percent.y() * (screen.height() - 40) / 100);
         QCoreApplication::processEvents();
-        auto names = pages(row.rows);
-        names.back() = row.widest;
+        auto names = pages(rows);
+        names.back() = std::string(static_cast<std::size_t>(width), 'w');
         button.setRows(names);
         button.openMenu();
         const QRect place = popup()->geometry();
         const QRect onScreen(button.mapToGlobal(QPoint()), button.size());
         EXPECT_TRUE(screen.contains(place));
         EXPECT_FALSE(place.intersects(onScreen));
-        EXPECT_EQ(place.top() > onScreen.top(), row.below);
+        EXPECT_EQ(place.top() > onScreen.top(), below);
         EXPECT_GE(place.width(), button.width());
         popup()->close();
     }

@@ -1,9 +1,10 @@
-#include "Pictures.h"
 #include "view/Scaling.h"
+#include "Pictures.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <random>
 #include <vector>
 
@@ -55,7 +56,7 @@ std::vector<std::uint8_t> whole(const Scaling& s) {
 
 Color pixelOf(const Scaling& s, const std::vector<std::uint8_t>& bytes, int x, int y) {
     const auto at = static_cast<std::size_t>((y - s.top()) * (s.right() - s.left()) + x - s.left());
-    if (!s.colour())
+    if (!s.inColor())
         return {bytes[at], bytes[at], bytes[at]};
     const std::uint32_t word = reinterpret_cast<const std::uint32_t*>(bytes.data())[at];
     return {static_cast<std::uint8_t>(word >> 16), static_cast<std::uint8_t>(word >> 8),
@@ -72,27 +73,19 @@ void expectLiteralMean(const Picture& p, const Shape& s) {
                 << s.sw << "x" << s.sh << " to " << s.width << "x" << s.height << " at " << x << "," << y;
 }
 
-TEST(Reduction, IsTheMeanOfTheAreaAtAnyRatio) {
-    std::mt19937 random(1);
-    auto upTo = [&](int n) { return 1 + static_cast<int>(random() % static_cast<unsigned>(n)); };
-    for (int round = 0; round < 150; ++round) {
-        const int width = upTo(150), height = upTo(60);
-        const int depth = round % 3 == 0 ? 1 : round % 3 == 1 ? 8 : 32;
-        expectLiteralMean(noise(width, height, depth, random()), {0, 0, width, height, upTo(width), upTo(height)});
-    }
-}
-
-TEST(Reduction, OfAPartThatOverrunsThePictureKeepsTheScale) {
+TEST(Reduction, IsTheMeanOfTheAreaAtAnyRatioAndOverrun) {
     std::mt19937 random(2);
     auto within = [&](int low, int high) {
         return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
     };
-    for (int round = 0; round < 150; ++round) {
-        const int width = within(1, 120), height = within(1, 50);
-        const int depth = round % 3 == 0 ? 1 : round % 3 == 1 ? 8 : 32;
-        const int sw = within(1, 150), sh = within(1, 70);
-        expectLiteralMean(noise(width, height, depth, random()),
-                          {within(-40, 100), within(-20, 40), sw, sh, within(1, sw), within(1, sh)});
+    for (int round = 0; round < 250; ++round) {
+        const int width = within(1, 150), height = within(1, 60), depth = std::array{1, 8, 32}[round % 3];
+        Shape s{0, 0, width, height, 0, 0};
+        if (round % 2 == 0) // a part that overruns the picture; the scale stays
+            s = {within(-40, 100), within(-20, 40), within(1, 150), within(1, 70), 0, 0};
+        s.width = within(1, s.sw);
+        s.height = within(1, s.sh);
+        expectLiteralMean(noise(width, height, depth, random()), s);
     }
 }
 
@@ -104,27 +97,29 @@ TEST(Reduction, HoldsAtTheEdgesOfPackedWords) {
 }
 
 TEST(Scaling, OfABandEqualsThatPartOfTheWhole) {
-    struct Case {
-        const char* name;
-        int depth, width, height;
-    };
-    for (const Case& c :
-         {Case{"ink reduced", 1, 37, 29}, Case{"grey reduced", 8, 37, 29}, Case{"colour reduced", 32, 37, 29},
-          Case{"ink enlarged", 1, 300, 211}, Case{"colour enlarged", 32, 300, 211}, Case{"grey as it is", 8, 101, 90},
-          Case{"ink wider and lower", 1, 200, 40}}) {
-        SCOPED_TRACE(c.name);
-        const Scaling s(noise(101, 90, c.depth, 4), 0, 0, 101, 90, c.width, c.height);
+    // Reduced, enlarged, copied, and wider but lower.
+    const std::array<int, 3> cases[] = {{1, 37, 29},    {8, 37, 29},  {32, 37, 29}, {1, 300, 211},
+                                        {32, 300, 211}, {8, 101, 90}, {1, 200, 40}};
+    for (const auto& [depth, width, height] : cases) {
+        SCOPED_TRACE(std::to_string(depth) + " bits to " + std::to_string(width));
+        const Scaling s(noise(101, 90, depth, 4), 0, 0, 101, 90, width, height);
         const std::vector<std::uint8_t> all = whole(s);
-        const int x0 = c.width / 3, x1 = c.width - 2, y0 = c.height / 4, y1 = c.height / 2;
+        const int x0 = width / 3, x1 = width - 2, y0 = height / 4, y1 = height / 2;
         const int bpp = s.bytesPerPixel();
         std::vector<std::uint8_t> part(static_cast<std::size_t>((x1 - x0) * (y1 - y0) * bpp));
         s.band(x0, x1, y0, y1, part.data(), std::ptrdiff_t{x1 - x0} * bpp);
         for (int y = y0; y < y1; ++y)
             ASSERT_TRUE(std::equal(part.begin() + std::ptrdiff_t{y - y0} * (x1 - x0) * bpp,
                                    part.begin() + std::ptrdiff_t{y - y0 + 1} * (x1 - x0) * bpp,
-                                   all.begin() + (std::ptrdiff_t{y} * c.width + x0) * bpp))
+                                   all.begin() + (std::ptrdiff_t{y} * width + x0) * bpp))
                 << "row " << y;
     }
+}
+
+TEST(Enlargement, TakesTheNearestPixelIfNotSmooth) {
+    const Picture steps = drawn(3, 1, 8, [](int x, int) { return static_cast<std::uint32_t>(100 * x); });
+    const Scaling s(steps, 0, 0, 3, 1, 7, 2, Scaling::Smoothing::Nearest);
+    EXPECT_EQ(whole(s), (std::vector<std::uint8_t>{0, 0, 100, 100, 100, 200, 200, 0, 0, 100, 100, 100, 200, 200}));
 }
 
 TEST(Enlargement, RunsEvenlyFromOnePixelToTheNext) {

@@ -1,4 +1,4 @@
-#include "view/Formats.h"
+#include "view/DecodeByMagick.h"
 
 #include "view/Picture.h"
 
@@ -13,24 +13,10 @@
 namespace velmarin {
 namespace {
 
-/// JPEG 2000 is decoded to four bytes a sample.
-constexpr std::int64_t maxJpeg2000Pixels = 100'000'000;
-/// GraphicsMagick uses eight bytes a pixel; it may take two gigabytes and no disk.
-constexpr magick_int64_t maxMagickMemory = magick_int64_t{1} << 31;
+/// GraphicsMagick uses eight bytes per pixel. It may take two gigabytes of memory, and no disk space.
+constexpr magick_int64_t kMaxMagickMemory = magick_int64_t{1} << 31;
 
-const l_uint8* bytesOf(std::string_view bytes) {
-    return reinterpret_cast<const l_uint8*>(bytes.data());
-}
-
-std::uint32_t littleEndian(std::string_view bytes, std::size_t at, int count) {
-    std::uint32_t value = 0;
-    for (int i = count - 1; i >= 0; --i)
-        value = value << 8 | static_cast<unsigned char>(bytes[at + static_cast<std::size_t>(i)]);
-    return value;
-}
-
-/// The formats that GraphicsMagick reads here (JPEG within PICT). All others are unregistered, so no content makes it
-/// run a program, read another file or fetch one.
+/// The formats that GraphicsMagick reads here (JPEG occurs in PICT). All others are unregistered.
 bool isWanted(std::string_view format) {
     for (const std::string_view wanted :
          {"PICT", "GIF", "WEBP", "PNM", "PBM", "PGM", "PPM", "PCX", "TGA", "BMP", "JPEG"})
@@ -39,7 +25,7 @@ bool isWanted(std::string_view format) {
     return false;
 }
 
-void forgetOtherFormats(ExceptionInfo& exception) {
+void unregisterOtherFormats(ExceptionInfo& exception) {
     MagickInfo** formats = GetMagickInfoArray(&exception);
     if (formats == nullptr)
         return;
@@ -52,20 +38,20 @@ void forgetOtherFormats(ExceptionInfo& exception) {
         UnregisterMagickInfo(name.c_str());
 }
 
-void initialiseMagick() {
+void initializeMagick() {
     static const bool done = [] {
         ExceptionInfo ignored;
         GetExceptionInfo(&ignored);
         InitializeMagickEx(nullptr, MAGICK_OPT_NO_SIGNAL_HANDER, &ignored);
-        forgetOtherFormats(ignored);
+        unregisterOtherFormats(ignored);
         DestroyExceptionInfo(&ignored);
         SetErrorHandler([](ExceptionType, const char*, const char*) {});
         SetWarningHandler([](ExceptionType, const char*, const char*) {});
         SetMagickResourceLimit(ThreadsResource, 1);
-        SetMagickResourceLimit(WidthResource, maxSide);
-        SetMagickResourceLimit(HeightResource, maxSide);
-        SetMagickResourceLimit(PixelsResource, maxMagickMemory / 8);
-        SetMagickResourceLimit(MemoryResource, maxMagickMemory);
+        SetMagickResourceLimit(WidthResource, kMaxSide);
+        SetMagickResourceLimit(HeightResource, kMaxSide);
+        SetMagickResourceLimit(PixelsResource, kMaxMagickMemory / 8);
+        SetMagickResourceLimit(MemoryResource, kMaxMagickMemory);
         SetMagickResourceLimit(MapResource, 0);
         SetMagickResourceLimit(DiskResource, 0);
         return true;
@@ -105,13 +91,13 @@ DecodedPix toPix(const Image* image) {
             return DecodedPix::failed(exception.text());
     if (image->matte != MagickFalse)
         blendOverWhite(pix.get());
-    return {leanest(std::move(pix)), {}};
+    return {inSmallestDepth(std::move(pix)), {}};
 }
 
 } // namespace
 
 DecodedPix decodeByMagick(std::string_view bytes, const char* format) {
-    initialiseMagick();
+    initializeMagick();
     const std::unique_ptr<ImageInfo, decltype(&DestroyImageInfo)> info(CloneImageInfo(nullptr), &DestroyImageInfo);
     std::strncpy(info->magick, format, MaxTextExtent - 1);
     info->affirm = MagickTrue; // otherwise the content could choose another format
@@ -130,43 +116,6 @@ DecodedPix decodeByMagick(std::string_view bytes, const char* format) {
     if (!image || exception.info.severity >= ErrorException)
         return DecodedPix::failed(exception.text());
     return toPix(image.get());
-}
-
-DecodedPix decodeBmp(std::string_view bytes) {
-    silenceLeptonica();
-    if (bytes.size() < 26)
-        return DecodedPix::failed("the file ends before the picture begins");
-    const bool old = littleEndian(bytes, 14, 4) == 12;
-    const auto width = static_cast<std::int32_t>(littleEndian(bytes, 18, old ? 2 : 4));
-    const auto height = std::int64_t{static_cast<std::int32_t>(littleEndian(bytes, old ? 20 : 22, old ? 2 : 4))};
-    if (!isPictureSize(width, std::abs(height)))
-        return DecodedPix::tooLarge(width, height);
-    PixPtr pix = normalForm(PixPtr(pixReadMemBmp(bytesOf(bytes), bytes.size())));
-    if (pix)
-        return {std::move(pix), {}};
-    return decodeByMagick(bytes, "BMP"); // run-length coding, bit fields and other rare kinds
-}
-
-DecodedPix decodeJpeg2000(std::string_view bytes) {
-    silenceLeptonica();
-    l_int32 width = 0, height = 0, bits = 0, samples = 0;
-    if (readHeaderMemJp2k(bytesOf(bytes), bytes.size(), &width, &height, &bits, &samples, nullptr) != 0)
-        return DecodedPix::failed("its header is damaged");
-    if (!isPictureSize(width, height) || std::int64_t{width} * height > maxJpeg2000Pixels)
-        return DecodedPix::tooLarge(width, height);
-    PixPtr pix = normalForm(PixPtr(pixReadMemJp2k(bytesOf(bytes), bytes.size(), 1, nullptr, 0, 0)));
-    return pix ? DecodedPix{std::move(pix), {}} : DecodedPix::failed("the picture cannot be read");
-}
-
-void blendOverWhite(Pix* pix) {
-    const auto words = static_cast<std::size_t>(pixGetWpl(pix)) * static_cast<std::size_t>(pixGetHeight(pix));
-    l_uint32* data = pixGetData(pix);
-    for (std::size_t i = 0; i < words; ++i) {
-        const std::uint32_t word = data[i];
-        const std::uint32_t alpha = word & 0xff;
-        auto over = [&](std::uint32_t light) { return (light * alpha + 255 * (255 - alpha) + 127) / 255; };
-        data[i] = over(word >> 24) << 24 | over(word >> 16 & 0xff) << 16 | over(word >> 8 & 0xff) << 8 | 0xff;
-    }
 }
 
 } // namespace velmarin

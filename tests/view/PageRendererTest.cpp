@@ -1,11 +1,12 @@
-#include "Pictures.h"
 #include "view/PageRenderer.h"
+#include "Pictures.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <tuple>
 
 namespace velmarin {
 namespace {
@@ -16,7 +17,7 @@ constexpr DeviceRect screen{0, 0, 400, 300};
 
 Color pixelOf(const PixelBlock& b, int x, int y) {
     const std::uint8_t* row = b.data + (y - b.place.y) * b.stride;
-    if (!b.colour)
+    if (!b.inColor)
         return {row[x - b.place.x], row[x - b.place.x], row[x - b.place.x]};
     const std::uint32_t word = reinterpret_cast<const std::uint32_t*>(row)[x - b.place.x];
     return {static_cast<std::uint8_t>(word >> 16), static_cast<std::uint8_t>(word >> 8),
@@ -24,44 +25,44 @@ Color pixelOf(const PixelBlock& b, int x, int y) {
 }
 
 TEST(Rendering, AtTheOriginalSizeCopiesThePartInView) {
-    struct Case {
-        const char* name;
-        int sx, sy;
-        DeviceRect place;
-    };
+    using Rect = std::array<int, 4>;
+    const std::tuple<const char*, int, int, Rect> cases[] = {
+        // name, source point, place
+        {"at its top", 0, 0, {0, 0, 400, 200}},
+        {"moved up", 30, 150, {0, 0, 400, 50}},
+        {"moved down by a negative position", 0, -100, {0, 100, 400, 100}},
+        {"moved left", 450, 0, {0, 0, 50, 200}},
+        {"moved out", 0, 200, {0, 0, 0, 0}}};
     for (const int depth : {1, 8, 32})
-        for (const Case& c : {Case{"at its top", 0, 0, {0, 0, 400, 200}}, Case{"moved up", 30, 150, {0, 0, 400, 50}},
-                              Case{"moved down by a negative position", 0, -100, {0, 100, 400, 100}},
-                              Case{"moved left", 450, 0, {0, 0, 50, 200}}, Case{"moved out", 0, 200, {0, 0, 0, 0}}}) {
-            SCOPED_TRACE(c.name);
+        for (const auto& [name, sx, sy, place] : cases) {
+            SCOPED_TRACE(name);
             const Picture page = noise(500, 200, depth, 1);
             PageRenderer renderer;
-            const PixelBlock b = renderer.render({page, 0, 0, 500, 200, c.sx, c.sy, 500, 200}, 1.0, screen);
-            EXPECT_EQ((std::array{b.place.x, b.place.y, b.place.width, b.place.height}),
-                      (std::array{c.place.x, c.place.y, c.place.width, c.place.height}));
-            for (int y = c.place.y; y < c.place.y + c.place.height; ++y)
-                for (int x = c.place.x; x < c.place.x + c.place.width; ++x)
-                    ASSERT_EQ(pixelOf(b, x, y), page.pixel(x + c.sx, y + c.sy));
+            const PixelBlock b = renderer.render({page, 0, 0, 500, 200, sx, sy, 500, 200}, 1.0, screen);
+            EXPECT_EQ((Rect{b.place.x, b.place.y, b.place.width, b.place.height}), place);
+            for (int y = place[1]; y < place[1] + place[3]; ++y)
+                for (int x = place[0]; x < place[0] + place[2]; ++x)
+                    ASSERT_EQ(pixelOf(b, x, y), page.pixel(x + sx, y + sy));
             EXPECT_EQ(renderer.reduced(), nullptr) << "nothing is kept";
         }
 }
 
-TEST(Rendering, MakesOnlyTheRowsInViewAndKeepsThem) {
+TEST(Rendering, ComputesOnlyTheRowsInViewAndKeepsThem) {
     const Picture page = Picture::make(1000, 8000, 1);
     PageRenderer renderer;
     PictureDrawn drawn{page, 0, 0, 400, 3200, 0, 0, 1000, 8000};
     renderer.render(drawn, 1.0, screen);
     ASSERT_NE(renderer.reduced(), nullptr);
-    const int first = renderer.reduced()->rowsMade();
+    const int first = renderer.reduced()->rowsComputed();
     EXPECT_GE(first, 300);
     EXPECT_LT(first, 400);
     drawn.sy = 50;
     renderer.render(drawn, 1.0, screen);
-    EXPECT_EQ(renderer.reduced()->rowsMade(), first) << "20 rows on, all within the last band";
+    EXPECT_EQ(renderer.reduced()->rowsComputed(), first) << "20 rows on, all within the last band";
     drawn.sy = 8000 - 750;
     renderer.render(drawn, 1.0, screen);
-    EXPECT_LT(renderer.reduced()->rowsMade(), 800) << "what was passed over is not made";
-    renderer.drop();
+    EXPECT_LT(renderer.reduced()->rowsComputed(), 800) << "what was passed over is not made";
+    renderer.dropCache();
     EXPECT_EQ(renderer.reduced(), nullptr);
 }
 

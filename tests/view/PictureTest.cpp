@@ -1,4 +1,5 @@
 #include "Pictures.h"
+#include "view/PictureDrawing.h"
 
 #include <gtest/gtest.h>
 
@@ -45,7 +46,7 @@ TEST(DrawingIntoAPicture, ClipsWithoutChangingScaleOrPixels) {
             SCOPED_TRACE(c.name);
             const Picture source = noise(20, 12, depth, 2);
             Picture canvas = Picture::make(24, 14, 1);
-            ASSERT_TRUE(canvas.DrawPicture(source, c.x, c.y, 20, 12, c.sx, c.sy, 20, 12));
+            ASSERT_TRUE(DrawPicture(canvas, source, c.x, c.y, 20, 12, c.sx, c.sy, 20, 12));
             for (int y = 0; y < 14; ++y)
                 for (int x = 0; x < 24; ++x) {
                     const int u = x - c.x, v = y - c.y;
@@ -59,11 +60,11 @@ TEST(DrawingIntoAPicture, ClipsWithoutChangingScaleOrPixels) {
 TEST(DrawingIntoAPicture, SmoothsOnlyWhenAsked) {
     const Picture dots = drawn(4, 4, 1, [](int x, int y) { return static_cast<std::uint32_t>((x + y) % 2); });
     Picture smooth = Picture::make(12, 12, 1);
-    ASSERT_TRUE(smooth.DrawPicture(dots, 0, 0, 12, 12, 0, 0, 4, 4));
+    ASSERT_TRUE(DrawPicture(smooth, dots, 0, 0, 12, 12, 0, 0, 4, 4));
     EXPECT_EQ(smooth.depth(), 8);
     Picture sharp = Picture::make(12, 12, 1);
     sharp.AntiAlias = false;
-    ASSERT_TRUE(sharp.DrawPicture(dots, 0, 0, 12, 12, 0, 0, 4, 4));
+    ASSERT_TRUE(DrawPicture(sharp, dots, 0, 0, 12, 12, 0, 0, 4, 4));
     EXPECT_EQ(sharp.depth(), 1);
     for (int y = 0; y < 12; ++y)
         for (int x = 0; x < 12; ++x)

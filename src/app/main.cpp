@@ -1,10 +1,10 @@
+#include "controls/Artwork.h"
 #include "files/FolderItem.h"
 #include "platform/EndSignals.h"
 #include "platform/QtHost.h"
 #include "platform/QtText.h"
 #include "shell/App.h"
 #include "shell/Application.h"
-#include "shell/Artwork.h"
 #include "shell/PictureRun.h"
 
 #include <CLI/CLI.hpp>

@@ -5,7 +5,7 @@
 #include "controls/QtText.h"
 #include "maintenance/DictionaryOrder.h"
 #include "maintenance/OrderList.h"
-#include "maintenance/WindowsLink.h"
+#include "maintenance/WindowsPort.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
 
@@ -23,7 +23,7 @@ constexpr QSize kSize(511, 406);
 
 } // namespace
 
-EditDicDlg::EditDicDlg(WindowsLink& windows, Host& host, BusyState& busy)
+EditDicDlg::EditDicDlg(WindowsPort& windows, Host& host, BusyState& busy)
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint),
       windows_(windows), host_(host), busy_(busy), LB_(new OrderList(this)), EF_(new QLineEdit(this)),

@@ -16,14 +16,14 @@ class AnchoredLayout;
 class BusyState;
 class Host;
 class OrderList;
-class WindowsLink;
+class WindowsPort;
 
 /// The order editor, a window of its own. It edits the group that its main window showed when the editor was opened. It
 /// stays open until the user closes it, also if that window leaves the group, and then deletes itself.
 class EditDicDlg : public QWidget {
     Q_OBJECT
   public:
-    EditDicDlg(WindowsLink& windows, Host& host, BusyState& busy);
+    EditDicDlg(WindowsPort& windows, Host& host, BusyState& busy);
 
     /// The folder of the edited group.
     FolderItem pObjFol;
@@ -45,7 +45,7 @@ class EditDicDlg : public QWidget {
     std::string groupName() const;
     void save();
 
-    WindowsLink& windows_;
+    WindowsPort& windows_;
     Host& host_;
     BusyState& busy_;
     OrderList* LB_;

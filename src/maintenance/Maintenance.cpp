@@ -5,7 +5,7 @@
 #include "maintenance/Install.h"
 #include "maintenance/Update.h"
 #include "maintenance/WaitDlg.h"
-#include "maintenance/WindowsLink.h"
+#include "maintenance/WindowsPort.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
 #include "store/DictionaryItem.h"
@@ -27,7 +27,7 @@ constexpr std::string_view kAskForGroup = "To use a existing group. selet the ap
 
 } // namespace
 
-Maintenance::Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop)
+Maintenance::Maintenance(WindowsPort& windows, Host& host, BusyState& busy, FolderItem desktop)
     : windows_(windows), host_(host), busy_(busy), desktop_(std::move(desktop)) {}
 
 Maintenance::~Maintenance() {

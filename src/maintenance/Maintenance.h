@@ -13,12 +13,12 @@ class BusyState;
 class EditDicDlg;
 class ExpDicDlg;
 class Host;
-class WindowsLink;
+class WindowsPort;
 
 /// The maintenance commands and their dialogs, one of each. Owned by the application object.
 class Maintenance {
   public:
-    Maintenance(WindowsLink& windows, Host& host, BusyState& busy, FolderItem desktop = FolderItem(desktopFolder()));
+    Maintenance(WindowsPort& windows, Host& host, BusyState& busy, FolderItem desktop = FolderItem(desktopFolder()));
     ~Maintenance();
 
     /// Asks for a dictionary and updates every installed copy of it or, if there is none, installs it. Shows `WaitDlg`,
@@ -33,7 +33,7 @@ class Maintenance {
   private:
     MaintenanceResult mInstallDictionary(const FolderItem& dictionary, const Progress& progress);
 
-    WindowsLink& windows_;
+    WindowsPort& windows_;
     Host& host_;
     BusyState& busy_;
     FolderItem desktop_;

@@ -1,8 +1,8 @@
 #include "shell/AboutPanel.h"
 
 #include "controls/AnchoredLayout.h"
+#include "controls/Artwork.h"
 #include "controls/QtText.h"
-#include "shell/Artwork.h"
 
 #include <QEvent>
 

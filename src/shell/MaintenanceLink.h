@@ -1,13 +1,13 @@
 #pragma once
 
-#include "maintenance/WindowsLink.h"
+#include "maintenance/WindowsPort.h"
 
 namespace velmarin {
 
 class App;
 
 /// How install, update and the order editor reach the main windows.
-class MaintenanceLink : public WindowsLink {
+class MaintenanceLink : public WindowsPort {
   public:
     explicit MaintenanceLink(App& app) : app_(app) {}
 

@@ -1,6 +1,6 @@
 #include "shell/MenuTree.h"
 
-#include "shell/Artwork.h"
+#include "controls/Artwork.h"
 
 namespace velmarin {
 

@@ -28,7 +28,7 @@ PageImageWindow* PageImages::instance() {
     return window_;
 }
 
-void PageImages::show(const FolderItem& file, const std::shared_ptr<PageStepper>& mainWin, int tab) {
+void PageImages::show(const FolderItem& file, const std::shared_ptr<PagePort>& mainWin, int tab) {
     if (!file.Exists())
         return;
     const QPointer<PageImageWindow> window = instance();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "view/PageStepper.h"
+#include "view/PagePort.h"
 
 #include <QObject>
 #include <QPointer>
@@ -22,7 +22,7 @@ class PageImages : public QObject {
     explicit PageImages(App& app) : app_(app) {}
 
     /// Shows `file` and lets the window's buttons step `mainWin`. Nothing happens where the file does not exist.
-    void show(const FolderItem& file, const std::shared_ptr<PageStepper>& mainWin, int tab);
+    void show(const FolderItem& file, const std::shared_ptr<PagePort>& mainWin, int tab);
     void close();
 
   private:
@@ -33,7 +33,7 @@ class PageImages : public QObject {
 };
 
 /// The pages of a main window as the page image window steps them.
-class MainWindowStepper : public PageStepper {
+class MainWindowStepper : public PagePort {
   public:
     explicit MainWindowStepper(MainWindow& window) : window_(window) {}
     bool hasTab(int tab) const override;

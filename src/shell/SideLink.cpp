@@ -8,10 +8,8 @@
 #include "search/QueryBar.h"
 #include "search/Searcher.h"
 #include "shell/App.h"
-#include "shell/Artwork.h"
 #include "shell/MainWindow.h"
 #include "side/SubWindow.h"
-#include "view/Cursors.h"
 
 #include <QGuiApplication>
 
@@ -44,10 +42,8 @@ void SideLink::SubWinBV_Action() {
     SubWinBV_->setChecked(false);
     if (!mainWindow_.hasGroup())
         return;
-    SideServices services{.host = app_.host(),
-                          .busy = app_.busy(),
-                          .artwork = {.Find = Find, .DicApp = DicApp, .Close = Close, .IndCursor = IndCursor},
-                          .preferencesFolder = app_.module.pThis_PreferencesFolder};
+    SideServices services{
+        .host = app_.host(), .busy = app_.busy(), .preferencesFolder = app_.module.pThis_PreferencesFolder};
     pMySubWin_ = new SubWindow(*this, services, hangingFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {
         if (pMySubWin_ == opened)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 
 #include <QObject>
 #include <QPointer>
@@ -16,7 +16,7 @@ enum class FindTarget;
 
 /// What stands between a main window and its side window: the button `SubWinBV`, which is pressed in exactly while the
 /// side window is open, and the side window's way back.
-class SideLink : public QObject, public MainWindowLink {
+class SideLink : public QObject, public MainWindowPort {
     Q_OBJECT
 
   public:

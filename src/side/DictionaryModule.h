@@ -10,7 +10,7 @@
 
 namespace velmarin {
 
-class BuildProgress;
+class ProgressPort;
 
 /// User dictionaries: text dictionaries that a user has made from a file of one entry a line, "head word, TAB,
 /// meaning". One is a folder that holds `Text.txt` (the entries) and `Index.txt` (a line for each of them: search word,
@@ -36,7 +36,7 @@ class DictionaryModule {
 
     /// Writes the index of `source` to `index`, whole or not at all. Nothing happens where one of them is nil. Raises
     /// NilObjectException where the source cannot be read or the index not be written.
-    void mDic_MakeIndex(const FolderItem& source, const FolderItem& index, BuildProgress& progress) const;
+    void mDic_MakeIndex(const FolderItem& source, const FolderItem& index, ProgressPort& progress) const;
 
     /// Looks `word` up: the lines of `Text.txt`, in their order, whose search words match, or with `indexOnly` their
     /// numbers as they stand in the index. False where there is none. Raises NilObjectException where `Index.txt`

@@ -1,6 +1,8 @@
 #include "side/FindBar.h"
 
 #include "controls/AnchoredLayout.h"
+#include "controls/Artwork.h"
+#include "controls/Cursors.h"
 #include "controls/FittedText.h"
 #include "controls/QtText.h"
 
@@ -41,6 +43,13 @@ class RoundRect : public QWidget {
                                 kRound * line);
     }
 };
+
+QIcon icon(QPixmap (*picture)(QSize, qreal), int side) {
+    QIcon icon;
+    for (const qreal ratio : {1.0, 2.0, 3.0})
+        icon.addPixmap(picture(QSize(side, side), ratio));
+    return icon;
+}
 
 } // namespace
 
@@ -87,8 +96,8 @@ void ColorRect::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
-FindBar::FindBar(const SideArtwork& artwork, SelectColor selectColor, QWidget* parent, AnchoredLayout& layout)
-    : QObject(parent), artwork_(artwork), selectColor_(std::move(selectColor)), FindRect_(new RoundRect(parent)),
+FindBar::FindBar(SelectColor selectColor, QWidget* parent, AnchoredLayout& layout)
+    : QObject(parent), selectColor_(std::move(selectColor)), FindRect_(new RoundRect(parent)),
       FindBV_(new BevelButton(parent)), FindEF_(new QLineEdit(parent)), FindClBV_(new BevelButton(parent)),
       FindColorRect_(new ColorRect(parent)) {
     const Anchors across = Anchor::Left | Anchor::Right | Anchor::Bottom;
@@ -115,7 +124,7 @@ FindBar::FindBar(const SideArtwork& artwork, SelectColor selectColor, QWidget* p
     FindClBV_->setObjectName(QStringLiteral("FindClBV"));
     FindClBV_->setAccessibleName(QStringLiteral("Empty the word"));
     FindClBV_->setIconSize(QSize(kClearPicture, kClearPicture));
-    FindClBV_->setIcon(icon(artwork_.Close, kClearPicture));
+    FindClBV_->setIcon(icon(Close, kClearPicture));
     FindClBV_->setEnabled(false);
     layout.add(FindClBV_, QRect(306, 569, kClearButton, kClearButton), Anchor::Right | Anchor::Bottom);
 
@@ -136,17 +145,10 @@ FindBar::FindBar(const SideArtwork& artwork, SelectColor selectColor, QWidget* p
     connect(FindColorRect_, &ColorRect::pressed, this, &FindBar::FindColorRect_MouseUp);
 }
 
-QIcon FindBar::icon(const SideArtwork::Picture& picture, int side) const {
-    QIcon icon;
-    for (const qreal ratio : {1.0, 2.0, 3.0})
-        icon.addPixmap(picture(QSize(side, side), ratio));
-    return icon;
-}
-
 void FindBar::setTarget(FindTarget target) {
     target_ = target;
     const bool looksUp = target == FindTarget::DicApp;
-    FindBV_->setIcon(icon(looksUp ? artwork_.DicApp : artwork_.Find, kTargetPicture));
+    FindBV_->setIcon(icon(looksUp ? DicApp : Find, kTargetPicture));
     const QString meaning = looksUp ? QStringLiteral("Look the word up") : QStringLiteral("Find the word in the text");
     FindBV_->setAccessibleName(meaning);
     FindBV_->setToolTip(meaning);
@@ -202,7 +204,7 @@ void FindBar::setCursorOf(QWidget* control, bool entered) {
     if (!entered)
         control->setCursor(Qt::SizeAllCursor);
     else if (control == FindColorRect_ || control->isEnabled())
-        control->setCursor(artwork_.IndCursor(control->devicePixelRatioF()));
+        control->setCursor(IndCursor(control->devicePixelRatioF()));
 }
 
 bool FindBar::eventFilter(QObject* watched, QEvent* event) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "controls/BevelButton.h"
-#include "side/SideArtwork.h"
 #include "side/SubwindowFile.h"
 
 #include <QColor>
@@ -47,7 +46,7 @@ class FindBar : public QObject {
     /// Asks for a colour, beginning with the present one; nothing where the user cancels.
     using SelectColor = std::function<std::optional<QColor>(const QColor& present)>;
 
-    FindBar(const SideArtwork& artwork, SelectColor selectColor, QWidget* parent, AnchoredLayout& layout);
+    FindBar(SelectColor selectColor, QWidget* parent, AnchoredLayout& layout);
 
     QLineEdit* FindEF() const { return FindEF_; }
     BevelButton* FindBV() const { return FindBV_; }
@@ -84,9 +83,7 @@ class FindBar : public QObject {
     void FindClBV_Action();
     void FindColorRect_MouseUp();
     void setCursorOf(QWidget* control, bool entered);
-    QIcon icon(const SideArtwork::Picture& picture, int side) const;
 
-    SideArtwork artwork_;
     SelectColor selectColor_;
     QWidget* FindRect_;
     BevelButton* FindBV_;

@@ -5,7 +5,7 @@
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
 #include "controls/TextStyleBevelButton.h"
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 #include "side/TextArea.h"
 #include "side/UserDictionary.h"
 #include "side/UserDictionaryDisplay.h"

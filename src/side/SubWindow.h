@@ -7,7 +7,6 @@
 #include "side/FindBar.h"
 #include "side/FindInText.h"
 #include "side/LookUpText.h"
-#include "side/SideArtwork.h"
 #include "side/SideHanging.h"
 #include "side/SubwindowFile.h"
 #include "side/WaitNotice.h"
@@ -25,17 +24,16 @@ namespace velmarin {
 
 class AnchoredLayout;
 class BevelButton;
-class MainWindowLink;
+class MainWindowPort;
 class PopupMenu;
 class TextArea;
 class TextFontBevelButton;
 class TextSizeBevelButton;
 
-/// What a side window uses. All but the pictures and the host have values of their own that tests replace.
+/// What a side window uses. All but the host have values of their own that tests replace.
 struct SideServices {
     Host& host;
     BusyState& busy;
-    SideArtwork artwork;
     /// Where "temp.sh" is written.
     FolderItem preferencesFolder;
     DictionaryService dictionaries{};
@@ -52,7 +50,7 @@ class SubWindow : public QWidget {
     Q_OBJECT
   public:
     /// Its settings are those of the group that the main window shows now: that folder is kept.
-    SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging hanging);
+    SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging);
     ~SubWindow() override;
 
     /// Takes its settings, and shows it at its main window, as high as that.
@@ -114,7 +112,7 @@ class SubWindow : public QWidget {
     void LatinCB_Action();
     void takeFocusToFindEF();
 
-    MainWindowLink& MainWin_;
+    MainWindowPort& MainWin_;
     SideServices services_;
     FolderItem groupFolder_;
     DictionaryModule module_;

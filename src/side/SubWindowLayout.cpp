@@ -6,7 +6,7 @@
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
 #include "controls/TextStyleBevelButton.h"
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 #include "side/TextArea.h"
 
 #include <QColorDialog>
@@ -47,7 +47,7 @@ Qt::WindowFlags flagsFor(Hanging hanging) {
 
 } // namespace
 
-SubWindow::SubWindow(MainWindowLink& mainWindow, SideServices services, Hanging hanging)
+SubWindow::SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging)
     : QWidget(mainWindow.window(), flagsFor(hanging)), MainWin_(mainWindow), services_(std::move(services)),
       groupFolder_(mainWindow.pDictionaryGroupFolder()), layout_(new AnchoredLayout(this, kDesignSize)),
       EF_(new TextArea(this)), widthAtOpening_(kDesignSize.width()) {
@@ -121,7 +121,7 @@ void SubWindow::makeText() {
         if (BVsize_->GetFontSize(row) == kTextSizeAtOpening)
             BVsize_->setMenuValue(row);
 
-    findBar_ = new FindBar(services_.artwork, selectColorOrDefault(services_.selectColor, this), this, *layout_);
+    findBar_ = new FindBar(selectColorOrDefault(services_.selectColor, this), this, *layout_);
     connect(findBar_, &FindBar::run, this, [this] { mDoFind(services_.host.AsyncOptionKey()); });
     connect(findBar_, &FindBar::wordChanged, this, [this] { steps_.wordChanged(); });
     connect(findBar_, &FindBar::cleared, this, [this] { steps_.cleared(); });

@@ -111,7 +111,7 @@ class Pieces {
 };
 
 /// The lines of `bytes` with their ends, the superscripts set.
-std::string dictionaryText(std::string_view bytes, BuildProgress& progress, BuildResult& result) {
+std::string dictionaryText(std::string_view bytes, ProgressPort& progress, BuildResult& result) {
     std::string text;
     text.reserve(bytes.size());
     std::size_t copiedTo = 0;
@@ -133,7 +133,7 @@ std::string dictionaryText(std::string_view bytes, BuildProgress& progress, Buil
 /// One build, in which the files are staged and then change places with the earlier ones.
 class Build {
   public:
-    Build(const FolderItem& source, const FolderItem& folder, BuildProgress& progress)
+    Build(const FolderItem& source, const FolderItem& folder, ProgressPort& progress)
         : source_(source), folder_(folder), progress_(progress),
           work_([&progress](const WorkDone&) { progress.yield(); }) {}
 
@@ -252,7 +252,7 @@ class Build {
 
     const FolderItem& source_;
     const FolderItem& folder_;
-    BuildProgress& progress_;
+    ProgressPort& progress_;
     Work work_;
     BuildResult result_;
 };
@@ -266,7 +266,7 @@ std::string withSuperscripts(std::string_view line) {
     return result;
 }
 
-BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, BuildProgress& progress,
+BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, ProgressPort& progress,
                                 EarlierPair earlier, const FolderItem& backups) {
     return Build(source, folder, progress).run(earlier, backups);
 }

@@ -14,9 +14,9 @@ inline constexpr std::string_view kIndexFileName = "Index.txt";
 inline constexpr std::string_view kUserDictionariesFolder = "UserDictionaries";
 
 /// Where a build says how far it is.
-class BuildProgress {
+class ProgressPort {
   public:
-    virtual ~BuildProgress() = default;
+    virtual ~ProgressPort() = default;
     /// What is being done now; empty at the end.
     virtual void message(std::string_view text) = 0;
     virtual void showBar() = 0;
@@ -28,7 +28,7 @@ class BuildProgress {
 };
 
 /// Shows nothing, for builds without a window.
-class SilentProgress final : public BuildProgress {
+class SilentProgress final : public ProgressPort {
   public:
     void message(std::string_view) override {}
     void showBar() override {}
@@ -63,7 +63,7 @@ enum class EarlierPair {
 /// hidden folder inside it and put in place together. Until then the earlier pair stays, and where anything fails the
 /// folder is as it was; after a kill the next build gives the earlier pair its names back first. A folder for what is
 /// saved is made in `backups`, called after the dictionary, "-Oldversion-0" and, where that name is taken, a number.
-BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, BuildProgress& progress,
+BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, ProgressPort& progress,
                                 EarlierPair earlier, const FolderItem& backups = {});
 
 } // namespace velmarin

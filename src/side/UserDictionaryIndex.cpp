@@ -25,7 +25,7 @@ struct Words {
     std::vector<std::size_t> ends;
 };
 
-Words makeWords(const DictionaryModule& module, const ReadOnlyFile& source, BuildProgress& progress) {
+Words makeWords(const DictionaryModule& module, const ReadOnlyFile& source, ProgressPort& progress) {
     Words words;
     LineScanner lines(source);
     std::string_view line;
@@ -40,7 +40,7 @@ Words makeWords(const DictionaryModule& module, const ReadOnlyFile& source, Buil
 }
 
 /// A line for each word, with its end.
-std::string makeElements(const Words& words, BuildProgress& progress) {
+std::string makeElements(const Words& words, ProgressPort& progress) {
     constexpr std::size_t kTabNumberAndEnd = 10;
     std::string elements;
     elements.reserve(words.letters.size() + words.ends.size() * kTabNumberAndEnd);
@@ -56,7 +56,7 @@ std::string makeElements(const Words& words, BuildProgress& progress) {
     return elements;
 }
 
-std::vector<std::string_view> sortedLines(std::string_view text, BuildProgress& progress) {
+std::vector<std::string_view> sortedLines(std::string_view text, ProgressPort& progress) {
     std::vector<std::string_view> lines;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = text.find('\n', begin) + 1;
@@ -74,7 +74,7 @@ std::vector<std::string_view> sortedLines(std::string_view text, BuildProgress& 
 
 } // namespace
 
-bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, BuildProgress& progress,
+bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
                              const std::function<bool(std::string_view)>& write) {
     progress.message("I'm counting the lines of the data.");
     const int lineCount = mFiMod_GetLineCountFromTextFi(source);
@@ -113,8 +113,7 @@ bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& s
     return true;
 }
 
-void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index,
-                                      BuildProgress& progress) const {
+void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index, ProgressPort& progress) const {
     if (source.isNil() || index.isNil())
         return;
     WriteResult written{.ok = false, .reason = "\"" + source.path().native() + "\" could not be read."};

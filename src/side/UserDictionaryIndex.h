@@ -7,12 +7,12 @@
 
 namespace velmarin {
 
-class BuildProgress;
+class ProgressPort;
 class DictionaryModule;
 
 /// The index of a source file as `mDic_MakeIndex` makes it, handed whole to `write`. False where the source cannot be
 /// read, or where `write` returns false.
-bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, BuildProgress& progress,
+bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
                              const std::function<bool(std::string_view)>& write);
 
 } // namespace velmarin

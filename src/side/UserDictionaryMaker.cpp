@@ -1,7 +1,7 @@
 #include "side/UserDictionaryMaker.h"
 
 #include "platform/Busy.h"
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 #include "side/UserDictionary.h"
 #include "store/FileTypes1.h"
 #include "text/StringRules.h"
@@ -16,9 +16,9 @@ constexpr std::string_view kMade = "A user dictionary was ceated. Put the dictio
                                    "UserDictionary found in the DictionaryFolder.";
 
 /// Shows a build in the main window. One that fails leaves neither its message nor its bar.
-class ShownInMainWindow : public BuildProgress {
+class ShownInMainWindow : public ProgressPort {
   public:
-    ShownInMainWindow(MainWindowLink& window, Host& host) : window_(window), host_(host) {}
+    ShownInMainWindow(MainWindowPort& window, Host& host) : window_(window), host_(host) {}
     ~ShownInMainWindow() override {
         if (done_)
             return;
@@ -39,7 +39,7 @@ class ShownInMainWindow : public BuildProgress {
     }
 
   private:
-    MainWindowLink& window_;
+    MainWindowPort& window_;
     Host& host_;
     bool done_ = false;
 };
@@ -54,7 +54,7 @@ std::string notUtf8Message(std::int64_t lines) {
 
 } // namespace
 
-void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowLink& mainWindow, Host& host,
+void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowPort& mainWindow, Host& host,
                                   BusyState& busy, const FolderItem& desktop) {
     const FolderItem dictionaries = groupFolder.Child(kUserDictionariesFolder);
     if (!dictionaries.Exists() && !dictionaries.CreateAsFolder())

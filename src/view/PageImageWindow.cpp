@@ -194,7 +194,7 @@ void PageImageWindow::closeEvent(QCloseEvent* event) {
     Event_Close();
 }
 
-void PageImageWindow::setMainWin(std::weak_ptr<PageStepper> MainWin, int MainWinTab) {
+void PageImageWindow::setMainWin(std::weak_ptr<PagePort> MainWin, int MainWinTab) {
     MainWin_ = std::move(MainWin);
     MainWinTab_ = MainWinTab;
     mainWinWasSet_ = true;
@@ -297,21 +297,21 @@ void PageImageWindow::setTitle(const std::string& title) {
     setWindowTitle(toQ(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 
-std::shared_ptr<PageStepper> PageImageWindow::steppedWindow() const {
+std::shared_ptr<PagePort> PageImageWindow::steppedPages() const {
     if (!mainWinWasSet_)
         throw NilObjectException("No main window has opened this window, so there are no pages to step.");
-    std::shared_ptr<PageStepper> stepper = MainWin_.lock();
-    return stepper && stepper->hasTab(MainWinTab_) ? stepper : nullptr;
+    std::shared_ptr<PagePort> pages = MainWin_.lock();
+    return pages && pages->hasTab(MainWinTab_) ? pages : nullptr;
 }
 
 void PageImageWindow::MainWinPage_Action(int index) {
-    if (const std::shared_ptr<PageStepper> stepper = steppedWindow())
-        stepper->mNextBack(index, MainWinTab_);
+    if (const std::shared_ptr<PagePort> pages = steppedPages())
+        pages->mNextBack(index, MainWinTab_);
 }
 
 void PageImageWindow::UpDown_Action(int index) {
-    if (const std::shared_ptr<PageStepper> stepper = steppedWindow())
-        stepper->mUpDown(index, MainWinTab_);
+    if (const std::shared_ptr<PagePort> pages = steppedPages())
+        pages->mUpDown(index, MainWinTab_);
 }
 
 } // namespace velmarin

@@ -4,7 +4,7 @@
 #include "files/FolderItem.h"
 #include "platform/Host.h"
 #include "view/PageImageSize.h"
-#include "view/PageStepper.h"
+#include "view/PagePort.h"
 #include "view/Picture.h"
 
 #include <QWidget>
@@ -55,7 +55,7 @@ class PageImageWindow : public QWidget {
 
     /// The main window that the buttons step, and its tab. Once it is gone, or has no such tab, a press does nothing;
     /// before it is set, a press raises NilObjectException.
-    void setMainWin(std::weak_ptr<PageStepper> MainWin, int MainWinTab);
+    void setMainWin(std::weak_ptr<PagePort> MainWin, int MainWinTab);
 
     /// The folder that fills `ImagePU`; nil while a single file is shown.
     const FolderItem& pParFol() const { return pParFol_; }
@@ -86,7 +86,7 @@ class PageImageWindow : public QWidget {
     void showAtRatio(double ratio);
     void takeSize(const Extent& wanted);
     void setTitle(const std::string& title);
-    std::shared_ptr<PageStepper> steppedWindow() const;
+    std::shared_ptr<PagePort> steppedPages() const;
 
     Host& host_;
     FolderItem preferencesFolder_;
@@ -102,7 +102,7 @@ class PageImageWindow : public QWidget {
     bool pPuSelected_ = false; ///< a pick from `ImagePU` is being shown, which keeps the menu
     Extent pCurrentImageSize_;
     std::vector<std::string> pImagePUArray_;
-    std::weak_ptr<PageStepper> MainWin_;
+    std::weak_ptr<PagePort> MainWin_;
     int MainWinTab_ = 0;
     bool mainWinWasSet_ = false;
     bool closed_ = false;

@@ -1,9 +1,9 @@
 #include "view/SmartCanvas.h"
 
+#include "controls/Cursors.h"
 #include "controls/PlainToolTip.h"
 #include "controls/QtText.h"
 #include "view/CommandPainter.h"
-#include "view/Cursors.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>

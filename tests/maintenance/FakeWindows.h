@@ -1,6 +1,6 @@
 #pragma once
 
-#include "maintenance/WindowsLink.h"
+#include "maintenance/WindowsPort.h"
 
 #include <functional>
 #include <string>
@@ -9,7 +9,7 @@
 namespace velmarin::test {
 
 /// Main windows that record their calls in order.
-class FakeWindows : public WindowsLink {
+class FakeWindows : public WindowsPort {
   public:
     FolderItem dictionaryFolder;
     int windows = 2;

@@ -13,24 +13,6 @@ namespace velmarin::test {
 
 namespace fs = std::filesystem;
 
-namespace {
-
-QPixmap plain(Qt::GlobalColor colour, QSize size, qreal ratio) {
-    QPixmap picture(size * ratio);
-    picture.setDevicePixelRatio(ratio);
-    picture.fill(colour);
-    return picture;
-}
-
-SideArtwork plainArtwork() {
-    return {.Find = [](QSize size, qreal ratio) { return plain(Qt::green, size, ratio); },
-            .DicApp = [](QSize size, qreal ratio) { return plain(Qt::blue, size, ratio); },
-            .Close = [](QSize size, qreal ratio) { return plain(Qt::gray, size, ratio); },
-            .IndCursor = [](qreal) { return QCursor(Qt::PointingHandCursor); }};
-}
-
-} // namespace
-
 const char* const kAmorBlock = "\n✜✜✜✜✜✜✜✜ Dictionary.app ✜✜✜✜✜✜✜✜\n\nlat\n\nlove\n\n";
 
 SideFixture::SideFixture() {
@@ -49,7 +31,6 @@ SubWindow& SideFixture::open(Hanging hanging) {
     side_ = new SubWindow(main,
                           SideServices{.host = host,
                                        .busy = busy,
-                                       .artwork = plainArtwork(),
                                        .preferencesFolder = FolderItem(preferences.path()),
                                        .dictionaries = DictionaryService(FolderItem(dictd.path())),
                                        .wordsFolder = words.path().string() + "/",

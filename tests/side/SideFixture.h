@@ -4,7 +4,7 @@
 #include "controls/TextStyleBevelButton.h"
 #include "platform/Busy.h"
 #include "platform/ScriptedHost.h"
-#include "side/MainWindowLink.h"
+#include "side/MainWindowPort.h"
 #include "side/SubWindow.h"
 #include "side/TextArea.h"
 #include "support/TempFolder.h"
@@ -20,7 +20,7 @@
 namespace velmarin::test {
 
 /// A main window that records its calls.
-class RecordedMainWindow : public MainWindowLink {
+class RecordedMainWindow : public MainWindowPort {
   public:
     RecordedMainWindow() { frame.setGeometry(100, 100, 838, 809); }
 

@@ -16,7 +16,7 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::string_literals;
 
-class RecordedProgress : public BuildProgress {
+class RecordedProgress : public ProgressPort {
   public:
     std::vector<std::string> events;
     int yields = 0;

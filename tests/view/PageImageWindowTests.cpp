@@ -32,7 +32,7 @@ using test::TempFolder;
 const std::vector<std::string> notAPicture{"Error:This is not a picture file."};
 
 /// Records the steps that a main window is asked for.
-class RecordingStepper : public PageStepper {
+class RecordedPages : public PagePort {
   public:
     std::vector<std::tuple<std::string, int, int>> steps;
     int tabs = 3;
@@ -228,32 +228,32 @@ TEST_F(PageImageWindowTest, ThePickedOrTypedRatioSetsTheSize) {
 }
 
 TEST_F(PageImageWindowTest, ButtonsStepThePagesOfTheirMainWindowAsLongAsItHasTheTab) {
-    auto stepper = std::make_shared<RecordingStepper>();
-    open().setMainWin(stepper, 2);
+    auto pages = std::make_shared<RecordedPages>();
+    open().setMainWin(pages, 2);
     show();
     const auto clickAll = [this] {
         for (const char* name : {"MainWinPage.0", "MainWinPage.1", "UpDown.0", "UpDown.1"})
             click(name);
     };
     clickAll();
-    stepper->tabs = 2;
+    pages->tabs = 2;
     clickAll();
-    EXPECT_EQ(stepper->steps, (std::vector<std::tuple<std::string, int, int>>{
-                                  {"page", 0, 2}, {"page", 1, 2}, {"screenful", 0, 2}, {"screenful", 1, 2}}));
-    stepper.reset();
+    EXPECT_EQ(pages->steps, (std::vector<std::tuple<std::string, int, int>>{
+                                {"page", 0, 2}, {"page", 1, 2}, {"screenful", 0, 2}, {"screenful", 1, 2}}));
+    pages.reset();
     clickAll();
     EXPECT_TRUE(host.messages.empty());
 }
 
 TEST_F(PageImageWindowTest, MainWindowMayCloseWhileItSteps) {
-    auto stepper = std::make_shared<RecordingStepper>();
-    RecordingStepper* const raw = stepper.get();
+    auto pages = std::make_shared<RecordedPages>();
+    RecordedPages* const raw = pages.get();
     std::size_t steps = 0;
     raw->before = [&] {
-        stepper.reset();
+        pages.reset();
         steps = raw->steps.size() + 1;
     };
-    open().setMainWin(stepper, 0);
+    open().setMainWin(pages, 0);
     click("MainWinPage.1");
     EXPECT_EQ(steps, 1u);
 }
@@ -324,9 +324,9 @@ TEST_F(PageImageWindowTest, EveryWayToCloseDestroysTheWindowOnce) {
 }
 
 TEST_F(PageImageWindowTest, TabReachesEveryControlInTheOrderOfTheLayoutAndEachSaysWhatItIs) {
-    const auto stepper = std::make_shared<RecordingStepper>();
+    const auto pages = std::make_shared<RecordedPages>();
     open().mSetImage(errata());
-    window->setMainWin(stepper, 0);
+    window->setMainWin(pages, 0);
     show();
     button("ImagePU").setFocus();
     std::vector<std::string> reached;

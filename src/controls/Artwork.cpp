@@ -1,4 +1,4 @@
-#include "shell/Artwork.h"
+#include "controls/Artwork.h"
 
 #include <QFont>
 #include <QFontMetricsF>

@@ -11,9 +11,9 @@ namespace velmarin {
 
 /// What the maintenance commands need from the application and its main windows. A window is identified by its position
 /// in `MainWinList`, which no window ever leaves.
-class WindowsLink {
+class WindowsPort {
   public:
-    virtual ~WindowsLink() = default;
+    virtual ~WindowsPort() = default;
 
     virtual FolderItem pDictionaryFolder() const = 0;
     /// The parent window for dialogs; null if there is none.

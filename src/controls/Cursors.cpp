@@ -1,4 +1,4 @@
-#include "view/Cursors.h"
+#include "controls/Cursors.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -4,9 +4,9 @@ namespace velmarin {
 
 /// The pages of a main window, as the page image window steps them. Held weakly; the owner drops it when its window
 /// closes.
-class PageStepper {
+class PagePort {
   public:
-    virtual ~PageStepper() = default;
+    virtual ~PagePort() = default;
 
     /// Whether the window is open and its tab number `tab` shows a dictionary.
     virtual bool hasTab(int tab) const = 0;

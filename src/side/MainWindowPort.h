@@ -11,9 +11,9 @@ class QMainWindow;
 namespace velmarin {
 
 /// What a side window needs of its main window, which implements it and outlives the side window.
-class MainWindowLink {
+class MainWindowPort {
   public:
-    virtual ~MainWindowLink() = default;
+    virtual ~MainWindowPort() = default;
 
     /// The window itself: the side window belongs to it, hangs at it and follows it.
     virtual QMainWindow* window() = 0;

@@ -3,16 +3,14 @@
 #include "files/FolderLock.h"
 #include "files/Leftovers.h"
 #include "files/Move.h"
-#include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
+#include "maintenance/CopyUpdate.h"
 #include "maintenance/LockedFolder.h"
 #include "store/BackupFolder.h"
 #include "store/DictionaryItem.h"
 #include "text/StringRules.h"
 #include "text/Utf8.h"
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 #include <map>
 #include <memory>
@@ -25,141 +23,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Members that are replaced only together: entry n of `ind` belongs to line n of `txt`, which names pages in `mImg`.
-constexpr std::array<std::string_view, 3> kLinkedMembers{"ind", "txt", "mImg"};
-
-bool isLinkedMember(std::string_view name) {
-    return std::any_of(kLinkedMembers.begin(), kLinkedMembers.end(),
-                       [&](std::string_view each) { return foldedFileName(each) == foldedFileName(name); });
-}
-
 bool isRealFolder(const FolderItem& item) {
     return !item.Alias() && item.Directory();
 }
 
-std::string quotedList(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names)
-        text += (text.empty() ? "\"" : ", \"") + toValidUtf8(name) + "\"";
-    return text;
-}
-
-/// Replaces members of one installed copy.
-class CopyUpdate {
-  public:
-    CopyUpdate(const FolderItem& copy, fs::path backup, Work& work, MaintenanceResult& result)
-        : copy_(copy), backup_(std::move(backup)), work_(work), result_(result) {}
-
-    /// `unreadable` names members of the new version that cannot be copied.
-    void run(const std::map<std::string, TreePlan>& members, std::vector<std::string> unreadable) {
-        kept_ = std::move(unreadable);
-        auto staged = StagedMembers::in(copy_.path());
-        if (!staged)
-            return result_.fail(copy_, "nothing can be written there: " + errorInWords(errno));
-        if (!stage(*staged, members))
-            return;
-        if (!staged->beginSwap())
-            return result_.fail(copy_, "nothing can be written there: " + errorInWords(errno));
-        for (const std::vector<std::string>& names : unitsToSwap()) {
-            if (staged->swap(names, work_, result_.failures))
-                swapped_.insert(swapped_.end(), names.begin(), names.end());
-            else
-                kept_.insert(kept_.end(), names.begin(), names.end());
-        }
-        if (!swapped_.empty() && backUpOld(*staged))
-            report();
-    }
-
-  private:
-    /// Returns false if something could not be written. Then the whole copy stays as it is.
-    bool stage(StagedMembers& staged, const std::map<std::string, TreePlan>& members) {
-        for (const auto& [name, plan] : members) {
-            switch (staged.copy(plan, name, work_, result_.failures)) {
-            case CopyOutcome::Whole:
-                new_.push_back(name);
-                break;
-            case CopyOutcome::SourceFailed:
-                kept_.push_back(name);
-                break;
-            case CopyOutcome::TargetFailed:
-                return false;
-            }
-            work_.pass();
-        }
-        return true;
-    }
-
-    std::vector<std::vector<std::string>> unitsToSwap() {
-        std::vector<std::vector<std::string>> units;
-        std::vector<std::string> together;
-        for (const std::string& name : new_) {
-            if (isLinkedMember(name))
-                together.push_back(name);
-            else
-                units.push_back({name});
-        }
-        if (std::any_of(kept_.begin(), kept_.end(), isLinkedMember)) {
-            for (const std::string& name : together)
-                result_.fail(FolderItem(copy_.path() / name),
-                             "it was not replaced, because \"ind\", \"txt\" and \"mImg\" are replaced only together");
-            kept_.insert(kept_.end(), together.begin(), together.end());
-        } else if (!together.empty()) {
-            units.push_back(std::move(together));
-        }
-        return units;
-    }
-
-    /// Moves what was replaced to the backup folder. If that fails, the copy is as it was.
-    bool backUpOld(StagedMembers& staged) {
-        const auto old = staged.keepOld();
-        if (!old) {
-            result_.fail(copy_, "it could not be written and was not updated: " + errorInWords(errno));
-            return false;
-        }
-        Moves moves;
-        for (const fs::path& each : *old) {
-            if (moves.move(each, backup_, backup_.parent_path(), work_, result_.failures))
-                continue;
-            if (!moves.undo(work_, result_.failures) || !staged.undoKeepOld() || !staged.undo(work_))
-                result_.fail(copy_,
-                             "it is updated, but not all replaced members could be saved. The next run tries again");
-            else
-                result_.fail(copy_, "it was not updated, because the members to be replaced could not be saved");
-            return false;
-        }
-        saved_ = moves.moved();
-        if (!staged.drop(work_))
-            result_.fail(copy_,
-                         "the replaced members are saved, but could not be removed completely: " + errorInWords(errno));
-        return true;
-    }
-
-    void report() {
-        std::sort(swapped_.begin(), swapped_.end(), ListingOrder());
-        for (const std::string& name : swapped_) {
-            bool replaced = false;
-            for (const fs::path& old : saved_) {
-                if (replacedBy(old.filename().native(), new_) != name)
-                    continue;
-                result_.add(ItemOutcome::BackedUp, FolderItem(old));
-                replaced = true;
-            }
-            result_.add(replaced ? ItemOutcome::Replaced : ItemOutcome::Added, FolderItem(copy_.path() / name));
-        }
-        if (!kept_.empty())
-            result_.fail(copy_, "it now holds members of two versions: not replaced were " + quotedList(kept_));
-    }
-
-    const FolderItem& copy_;
-    fs::path backup_;
-    Work& work_;
-    MaintenanceResult& result_;
-    std::vector<std::string> new_;     ///< staged members
-    std::vector<std::string> kept_;    ///< members that stay old
-    std::vector<std::string> swapped_; ///< members that are replaced or added
-    std::vector<fs::path> saved_;      ///< old members in the backup folder
-};
-
+/// Updates the installed copies one by one.
 class Updater {
   public:
     Updater(const FolderItem& dictionary, const FolderItem& backups, const Progress& progress)

@@ -21,7 +21,7 @@ class Check : public CliTest {
   protected:
     /// Checks all dictionaries in one run.
     void expectFindings(const std::vector<DictionaryCase>& cases, int status) const {
-        std::vector<std::string> arguments = {"check"};
+        Arguments arguments = {"check"};
         for (const DictionaryCase& each : cases) {
             each.dictionary.writeTo(folder_.at(each.reason));
             arguments.push_back(each.reason + std::string("/D"));
@@ -211,7 +211,7 @@ TEST_F(Check, PicturesThatCannotBeDecoded) {
     dictionary.entry("x", "P1002.BMP", {"e.bmp"}).without("mImg/P1002.BMP").entry("zz", "p1000.bmp", {"e.bmp"});
     dictionary.picture("unused.bmp", "BM").extraPicture("e.bmp", "BM").member("mImg/ImageIndex2", "0\nlisted.bmp\t1\n");
     dictionary.picture("listed.bmp", "").writeTo(folder_.path());
-    const std::string found = run({"check", "D"}).out;
+    const std::string found = run("check D").out;
     EXPECT_NE(found.find("D/txt\t101\t\"e.bmp\"" + fault), std::string::npos) << found;
     EXPECT_NE(found.find("D/mImg/ImageIndex2\t2\t\"listed.bmp\" cannot be decoded: the file is empty\n"),
               std::string::npos);
@@ -222,7 +222,7 @@ TEST_F(Check, PicturesThatCannotBeDecoded) {
             faults += line + "\n";
     }
     EXPECT_EQ(faults, expected);
-    EXPECT_EQ(run({"check", "--no-images", "D"}).out.find("decoded"), std::string::npos);
+    EXPECT_EQ(run("check --no-images D").out.find("decoded"), std::string::npos);
 }
 
 TEST_F(Check, GroupsAndOtherArguments) {
@@ -241,19 +241,16 @@ TEST_F(Check, GroupsAndOtherArguments) {
     const std::string faultOfB = "G/B/ind\t2\tout of order: \"A\" sorts before \"B\" of line 1\n";
     const std::string other = ": neither a dictionary nor a group that holds one";
     const CliCase cases[] = {
-        {"group",
-         {"check", "G"},
+        {"group", "check G",
          "G/A/ind\t2\tout of order: \"Y\" sorts before \"Z\" of line 1\n" + faultOfB +
              "G/C/FW\t\tis missing: groups do not show the dictionary\n",
-         "",
-         1},
-        {"dictionaries named like members", {"check", "Odd", "Empty"}, "No problems in 4 dictionaries.\n"},
-        {"other files",
-         {"check", "Empty/D", "G/DictionaryPreferences.txt", "G/UserDictionaries"},
+         "", 1},
+        {"dictionaries named like members", "check Odd Empty", "No problems in 4 dictionaries.\n"},
+        {"other files", "check Empty/D G/DictionaryPreferences.txt G/UserDictionaries",
          "No problems in 1 dictionary.\n",
          "G/DictionaryPreferences.txt" + other + ", passed over\nG/UserDictionaries" + other + ", passed over"},
-        {"only others", {"check", "G/UserDictionaries"}, "", "G/UserDictionaries" + other, 2},
-        {"missing", {"check", "none", "G/B"}, faultOfB, "none: No such file or directory", 2}};
+        {"only others", "check G/UserDictionaries", "", "G/UserDictionaries" + other, 2},
+        {"missing", "check none G/B", faultOfB, "none: No such file or directory", 2}};
     for (const CliCase& each : cases)
         expectRun(each);
 }

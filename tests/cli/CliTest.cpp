@@ -4,7 +4,13 @@
 
 namespace velmarin::test {
 
-ProgramRun CliTest::run(const std::vector<std::string>& arguments, ProgramPlace place) const {
+Arguments::Arguments(const char* line) {
+    std::istringstream words(line);
+    for (std::string word; words >> word;)
+        push_back(word);
+}
+
+ProgramRun CliTest::run(const Arguments& arguments, ProgramPlace place) const {
     std::vector<std::string> words = {VELMARIN_CLI};
     words.insert(words.end(), arguments.begin(), arguments.end());
     place.folder = folder_.path();

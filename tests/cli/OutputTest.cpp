@@ -12,9 +12,8 @@ TEST_F(Output, FailedWriteIsReportedOnce) {
     std::string input;
     while (input.size() < 1'000'000)
         input += "a word on a line\n";
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"key", "a"}, {"key"}, {"--help"}, {"search", "--help"}, {"--version"}}) {
-        SCOPED_TRACE(testing::PrintToString(arguments));
+    for (const char* arguments : {"key a", "key", "--help", "search --help", "--version"}) {
+        SCOPED_TRACE(arguments);
         const ProgramRun full = run(arguments, {.input = input, .outFile = "/dev/full"});
         EXPECT_EQ(full.err, "velmarin-cli: standard output: No space left on device\n");
         EXPECT_EQ(full.status, 2);
@@ -22,7 +21,7 @@ TEST_F(Output, FailedWriteIsReportedOnce) {
         EXPECT_EQ(closed.err, "velmarin-cli: standard output: Bad file descriptor\n");
         EXPECT_EQ(closed.status, 2);
     }
-    const ProgramRun silent = run({"key"}, {.outClosed = true});
+    const ProgramRun silent = run("key", {.outClosed = true});
     EXPECT_EQ(silent.err, "");
     EXPECT_EQ(silent.status, 0);
 }

@@ -46,35 +46,26 @@ TEST_F(SearchCommand, WritesARecordForEachWordAndDictionary) {
     };
     const std::string broken = "Broken\tafter\t";
     const CliCase cases[] = {
-        {"errata", {"G", "ABC"}, records("ABC", {"Plain\thit\tp2.bmp\te1.bmp\te2.bmp", "Spanish\tbefore\t", broken})},
-        {"no page", {"G", "abd"}, records("abd", {"Plain\thit\t", "Spanish\tbefore\t", broken})},
-        {"last entry", {"G", "zzzz"}, records("zzzz", {"Plain\tafter\t", "Spanish\tafter\t", broken}), "", 1},
-        {"empty word", {"G", ""}, records("", {"Plain\tbefore\t", "Spanish\tbefore\t", broken}), "", 1},
-        {"tabs apply the mode to the word",
-         {"G", "chico"},
+        {"errata", "search G ABC", records("ABC", {"Plain\thit\tp2.bmp\te1.bmp\te2.bmp", "Spanish\tbefore\t", broken})},
+        {"no page", "search G abd", records("abd", {"Plain\thit\t", "Spanish\tbefore\t", broken})},
+        {"last entry", "search G zzzz", records("zzzz", {"Plain\tafter\t", "Spanish\tafter\t", broken}), "", 1},
+        {"empty word", {"search", "G", ""}, records("", {"Plain\tbefore\t", "Spanish\tbefore\t", broken}), "", 1},
+        {"tabs apply the mode to the word", "search G chico",
          records("chico", {"Plain\thit\tgone.bmp", "Spanish\thit\tp3.bmp", broken})},
-        {"a list does not",
-         {"--list", "G", "chico"},
+        {"a list does not", "search --list G chico",
          records("chico", {"Plain\thit\tgone.bmp", "Spanish\thit\tp1.bmp", broken})},
-        {"independent, in front", {"Numbered", "9"}, records("9", {"Numbers\thit\tp2.bmp", "Words\tskipped\t"})},
-        {"independent, not in front",
-         {"--front", "1", "Numbered", "b"},
+        {"independent, in front", "search Numbered 9", records("9", {"Numbers\thit\tp2.bmp", "Words\tskipped\t"})},
+        {"independent, not in front", "search --front 1 Numbered b",
          records("b", {"Numbers\tskipped\t", "Words\thit\tp1.bmp"})},
-        {"a list has no independence",
-         {"--list", "Numbered", "2"},
+        {"a list has no independence", "search --list Numbered 2",
          records("2", {"Numbers\thit\tp2.bmp", "Words\tbefore\t"})},
-        {"input",
-         {"--front=1", "Numbered"},
+        {"input", "search --front=1 Numbered",
          records("b", {"Numbers\tskipped\t", "Words\thit\tp1.bmp"}) +
              records("", {"Numbers\tskipped\t", "Words\tbefore\t"}),
-         "",
-         0,
-         "b\r\n\n"},
-        {"no words", {"G"}, "", "", 1}};
-    for (CliCase each : cases) {
-        each.arguments.insert(each.arguments.begin(), "search");
+         "", 0, "b\r\n\n"},
+        {"no words", "search G", "", "", 1}};
+    for (const CliCase& each : cases)
         expectRun(each);
-    }
 }
 
 TEST_F(SearchCommand, JsonHasThePlaceToo) {
@@ -96,7 +87,7 @@ TEST_F(SearchCommand, JsonHasThePlaceToo) {
                 {"a\xFF\tb", "Broken",
                  R"("after","page":null,"path":null,"errata":[],)"
                  R"("line":null,"headword_before":null,"headword_after":null})"}};
-    std::vector<std::string> arguments = {"search", "--json", "G"};
+    Arguments arguments = {"search", "--json", "G"};
     for (const auto& row : rows)
         arguments.push_back(row.word);
     const ProgramRun found = run(arguments);
@@ -123,11 +114,8 @@ TEST_F(SearchCommand, JsonHasThePlaceToo) {
 TEST_F(SearchCommand, TxtThatCannotBeReadIsReportedOnce) {
     DictionaryBuilder("D").entries({"a", "zz"}).without("txt").writeTo(folder_.at("Bad"));
     fs::create_directory(folder_.at("Bad/D/txt"));
-    expectRun({"",
-               {"search", "Bad", "a", "b"},
-               "a\tD\thit\t\nb\tD\thit\t\n",
-               "Bad/D: NilObjectException: mFiMod_GetTextFiLinesByLineNums: StrArray",
-               2});
+    expectRun({"txt is a folder", "search Bad a b", "a\tD\thit\t\nb\tD\thit\t\n",
+               "Bad/D: NilObjectException: mFiMod_GetTextFiLinesByLineNums: StrArray", 2});
 }
 
 } // namespace

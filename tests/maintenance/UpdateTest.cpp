@@ -243,6 +243,11 @@ TEST_F(Update, NeverUpdatesTheChosenFolderOrTheBackupFolder) {
     EXPECT_EQ(failed(update("new/Webster", {}, "DF/A/Webster/mPimg")), Paths{"DF/A/Webster"});
     EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "newest index");
     EXPECT_EQ(folder_.read("DF/B/Webster/ind"), "new index") << "the other copy is updated";
+
+    folder_.write("DF/A/Webster/Webster/ind", "index of a dictionary in a copy");
+    EXPECT_EQ(failed(update("DF/A/Webster/Webster")), Paths{"DF/A/Webster"});
+    writeCopy("new/Webster/DF/A/Webster");
+    EXPECT_EQ(failed(update("new/Webster", {}, "Desktop", "new/Webster/DF")), Paths{"new/Webster/DF/A/Webster"});
 }
 
 } // namespace

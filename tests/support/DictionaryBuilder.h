@@ -31,7 +31,6 @@ class DictionaryBuilder {
     DictionaryBuilder& spanish() { return member("Spanish", ""); }
     DictionaryBuilder& ijuv() { return member("IJUV", ""); }
     DictionaryBuilder& format(const std::string& picture, bool independent = false);
-    DictionaryBuilder& independent() { return format("", true); }
 
     /// `ImageIndex2` with these names and captions.
     DictionaryBuilder& captions(const std::vector<std::pair<std::string, std::string>>& namesAndCaptions);
@@ -47,7 +46,6 @@ class DictionaryBuilder {
     /// Leaves out a default member ("FW", "txt", "mImg", "mImg/ImageIndex", "mImg/p1.bmp").
     DictionaryBuilder& without(const std::string& name);
 
-    const std::string& name() const { return name_; }
     /// Writes the dictionary into `folder`, which is created if missing, and returns its path.
     std::filesystem::path writeTo(const std::filesystem::path& folder) const;
 

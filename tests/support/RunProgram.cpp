@@ -3,7 +3,6 @@
 #include "support/TempFolder.h"
 
 #include <cerrno>
-#include <csignal>
 #include <stdexcept>
 #include <utility>
 
@@ -16,49 +15,24 @@ namespace velmarin::test {
 
 namespace {
 
-/// The start of a program. It is spawned and not forked, because the sanitizers make this process large.
-class Start {
-  public:
-    Start() {
-        ::posix_spawn_file_actions_init(&actions_);
-        ::posix_spawnattr_init(&attributes_);
-        sigset_t signals;
-        ::sigemptyset(&signals);
-        ::sigaddset(&signals, SIGPIPE);
-        ::posix_spawnattr_setsigdefault(&attributes_, &signals);
-        ::posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF);
-    }
-    ~Start() {
-        ::posix_spawn_file_actions_destroy(&actions_);
-        ::posix_spawnattr_destroy(&attributes_);
-    }
-    Start(const Start&) = delete;
-    Start& operator=(const Start&) = delete;
-
-    void enter(const std::filesystem::path& folder) {
-        ::posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
-    }
-    void open(int descriptor, const std::filesystem::path& file, int flags) {
-        ::posix_spawn_file_actions_addopen(&actions_, descriptor, file.c_str(), flags, 0600);
-    }
-    void use(int descriptor, int as) { ::posix_spawn_file_actions_adddup2(&actions_, descriptor, as); }
-    void close(int descriptor) { ::posix_spawn_file_actions_addclose(&actions_, descriptor); }
-
-    pid_t run(const std::vector<std::string>& words) const {
-        std::vector<char*> argv;
-        for (const std::string& word : words)
-            argv.push_back(const_cast<char*>(word.c_str()));
-        argv.push_back(nullptr);
-        pid_t child = -1;
-        if (::posix_spawnp(&child, argv[0], &actions_, &attributes_, argv.data(), environ) != 0)
-            throw std::runtime_error("could not start " + words[0]);
-        return child;
-    }
-
-  private:
-    posix_spawn_file_actions_t actions_{};
-    posix_spawnattr_t attributes_{};
-};
+/// Starts a program with these descriptors as standard input and output. It is spawned and not forked, because the
+/// sanitizers make this process large.
+pid_t spawn(const std::vector<std::string>& words, int input = STDIN_FILENO, int output = STDOUT_FILENO) {
+    std::vector<char*> argv;
+    for (const std::string& word : words)
+        argv.push_back(const_cast<char*>(word.c_str()));
+    argv.push_back(nullptr);
+    posix_spawn_file_actions_t actions;
+    ::posix_spawn_file_actions_init(&actions);
+    ::posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+    ::posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+    pid_t child = -1;
+    const int error = ::posix_spawnp(&child, argv[0], &actions, nullptr, argv.data(), environ);
+    ::posix_spawn_file_actions_destroy(&actions);
+    if (error != 0)
+        throw std::runtime_error("could not start " + words[0]);
+    return child;
+}
 
 int statusOf(pid_t child) {
     int status = 0;
@@ -76,16 +50,13 @@ void closeOnce(int& descriptor) {
 
 ProgramRun runProgram(const std::vector<std::string>& words, const ProgramPlace& place) {
     const TempFolder files;
-    Start start;
-    start.open(STDIN_FILENO, files.write("in", place.input), O_RDONLY);
-    start.open(STDOUT_FILENO, place.outFile.empty() ? files.write("out", "").native() : place.outFile, O_WRONLY);
-    start.open(STDERR_FILENO, files.write("err", ""), O_WRONLY);
-    if (place.outClosed)
-        start.close(STDOUT_FILENO);
-    if (!place.folder.empty())
-        start.enter(place.folder);
-    const int status = statusOf(start.run(words));
-    return {status, place.outFile.empty() ? files.read("out") : std::string(), files.read("err")};
+    const std::string in = files.write("in", place.input), out = files.write("out", ""), err = files.write("err", "");
+    const std::string to = place.outClosed ? "&-" : place.outFile.empty() ? out : place.outFile;
+    std::vector<std::string> all = {"sh", "-c", "cd \"$0\" && exec \"$@\" <" + in + " 2>" + err + " >" + to,
+                                    place.folder.empty() ? "." : place.folder.native()};
+    all.insert(all.end(), words.begin(), words.end());
+    const int status = statusOf(spawn(all));
+    return {status, files.read("out"), files.read("err")};
 }
 
 ProgramAtPipes::ProgramAtPipes(const std::vector<std::string>& words) {
@@ -93,10 +64,7 @@ ProgramAtPipes::ProgramAtPipes(const std::vector<std::string>& words) {
     int out[2];
     if (::pipe2(in, O_CLOEXEC) != 0 || ::pipe2(out, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe could be made");
-    Start start;
-    start.use(in[0], STDIN_FILENO);
-    start.use(out[1], STDOUT_FILENO);
-    pid_ = start.run(words);
+    pid_ = spawn(words, in[0], out[1]);
     ::close(in[0]);
     ::close(out[1]);
     input_ = in[1];

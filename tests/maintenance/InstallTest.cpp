@@ -1,6 +1,6 @@
-#include "maintenance/Export.h"
 #include "maintenance/Install.h"
 #include "FailedItems.h"
+#include "maintenance/Export.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
 #include "support/Tree.h"
@@ -132,6 +132,7 @@ TEST_F(Install, RefusalHasAReasonAndChangesNothing) {
         expectRefused(group, "into itself");
     for (const char* group : {"file", "nothing"})
         expectRefused(group, "not a folder");
+    expectRefused("/proc/self", "nothing can be written there");
     folder_.link("source/Webster/txt2", "../not there");
     expectRefused("Group", "txt2\n    it is a link that leads nowhere");
 }

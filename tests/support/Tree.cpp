@@ -35,6 +35,16 @@ Tree treeOf(const fs::path& top) {
     return tree;
 }
 
+std::string filesOf(const fs::path& top) {
+    std::string line;
+    for (const auto& [path, what] : treeOf(top)) {
+        const std::size_t blank = what.find(' ');
+        if (blank != std::string::npos)
+            line += (line.empty() ? "" : " ") + path + (what[0] == 'l' ? "->" : "=") + what.substr(blank + 1);
+    }
+    return line;
+}
+
 std::vector<std::string> leftoversIn(const fs::path& top) {
     std::vector<std::string> found;
     for (const auto& [path, what] : treeOf(top)) {

@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 

@@ -3,7 +3,7 @@
 #include "cli/MaintenanceReport.h"
 #include "cli/Operands.h"
 #include "maintenance/Export.h"
-#include "store/DictionaryItem.h"
+#include "store/DictionaryMembers.h"
 
 namespace velmarin {
 

@@ -3,8 +3,8 @@
 #include "files/FolderListing.h"
 #include "maintenance/MaintenanceResult.h"
 #include "side/UserDictionary.h"
-#include "store/DictionaryItem.h"
-#include "text/StringRules.h"
+#include "store/DictionaryMembers.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -39,7 +39,7 @@ bool meansNotAFolder(const std::error_code& error) {
 
 /// Reports the unreadable folders of a group, except dictionaries that readGroup has read (which may be entered but not
 /// listed) or has reported itself.
-void reportUnreadable(const FolderItem& folder, const ReadGroup& group, Session& session) {
+void reportUnreadable(const FolderItem& folder, const Group& group, Session& session) {
     std::unordered_set<std::string> read;
     for (const auto& item : group.dictionaries)
         read.insert(item->DictionaryFolderitem.AbsolutePath());
@@ -118,12 +118,12 @@ bool isDictionary(const FolderItem& folder) {
     return hasFile || foldersIn(followed).dictionaries.empty();
 }
 
-std::optional<ReadGroup> groupArgument(const std::string& argument, Session& session) {
+std::optional<Group> groupArgument(const std::string& argument, Session& session) {
     const auto folder = folderArgument(argument, session);
     if (!folder)
         return std::nullopt;
     session.setSubject(argument);
-    ReadGroup group = readGroup(*folder);
+    Group group = readGroup(*folder);
     for (const std::string& failure : group.failures)
         session.couldNot(failure);
     if (group.dictionaries.empty() && isDictionary(*folder)) {

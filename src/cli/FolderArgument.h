@@ -49,6 +49,6 @@ bool isDictionary(const FolderItem& folder);
 /// may be one but cannot be entered, is a failure of the session, and the others are read. Returns nullopt, with a
 /// failure, if it is not a folder or is a dictionary, a common slip. Raises NilObjectException if its
 /// preferences cannot be read.
-std::optional<ReadGroup> groupArgument(const std::string& argument, Session& session);
+std::optional<Group> groupArgument(const std::string& argument, Session& session);
 
 } // namespace velmarin

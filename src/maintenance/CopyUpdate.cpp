@@ -1,9 +1,10 @@
 #include "maintenance/CopyUpdate.h"
 
-#include "files/Leftovers.h"
-#include "files/Move.h"
+#include "files/MemberSwap.h"
+#include "files/Moves.h"
 #include "files/SystemCalls.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
+#include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
 #include <algorithm>

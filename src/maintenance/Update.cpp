@@ -1,14 +1,17 @@
 #include "maintenance/Update.h"
 
+#include "files/FolderItem.h"
 #include "files/FolderLock.h"
 #include "files/Leftovers.h"
-#include "files/Move.h"
+#include "files/MemberSwap.h"
+#include "files/Moves.h"
+#include "files/RemoveTree.h"
 #include "files/SystemCalls.h"
 #include "maintenance/CopyUpdate.h"
 #include "maintenance/LockedFolder.h"
 #include "store/BackupFolder.h"
-#include "store/DictionaryItem.h"
-#include "text/StringRules.h"
+#include "store/DictionaryMembers.h"
+#include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
 #include <cerrno>

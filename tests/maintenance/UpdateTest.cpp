@@ -3,7 +3,7 @@
 #include "files/FolderLock.h"
 #include "support/TempFolder.h"
 #include "support/Tree.h"
-#include "text/StringRules.h"
+#include "text/Utf8.h"
 
 #include <gtest/gtest.h>
 

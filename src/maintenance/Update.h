@@ -13,9 +13,9 @@ namespace velmarin {
 std::vector<FolderItem> installedCopies(const FolderItem& dictionaryFolder, std::string_view name,
                                         const Progress& progress = {});
 
-/// Copies the visible members of `dictionary` into each of the installed copies. For each copy, the replaced members are
-/// moved to a new folder in `backups`, which is named after the dictionary, "-Oldversion-" and the position of the copy
-/// in the list. Hidden members, and members that only the copy has, are kept.
+/// Copies the visible members of `dictionary` into each of the installed copies. For each copy, the replaced members
+/// are moved to a new folder in `backups`, which is named after the dictionary, "-Oldversion-" and the position of the
+/// copy in the list. Hidden members, and members that only the copy has, are kept.
 ///
 /// For each copy, all new members are staged in the copy's own file system. Then the old ones are renamed aside there,
 /// the new ones get their names, and the old ones are moved to the backup (files/StagedMembers.h). If staging or the

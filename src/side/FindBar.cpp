@@ -3,7 +3,7 @@
 #include "controls/AnchoredLayout.h"
 #include "controls/Artwork.h"
 #include "controls/Cursors.h"
-#include "controls/FittedText.h"
+#include "controls/DevicePixels.h"
 #include "controls/QtText.h"
 
 #include <QIcon>

@@ -4,6 +4,8 @@
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
+#include "platform/Desktop.h"
+#include "search/PageDeck.h"
 #include "search/QueryBar.h"
 #include "shell/App.h"
 #include "shell/MainWindow.h"
@@ -40,8 +42,10 @@ void SideLink::SubWinBV_Action() {
     SubWinBV_->setChecked(false);
     if (!mainWindow_.hasGroup())
         return;
-    SideServices services{
-        .host = app_.host(), .busy = app_.busy(), .preferencesFolder = app_.module.pThis_PreferencesFolder};
+    SideServices services{.host = app_.host(),
+                          .busy = app_.busy(),
+                          .preferencesFolder = app_.module.pThis_PreferencesFolder,
+                          .desktop = FolderItem(desktopFolder())};
     pMySubWin_ = new SubWindow(*this, services, hangingFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {
         if (pMySubWin_ == opened)

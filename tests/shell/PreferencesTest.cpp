@@ -2,6 +2,7 @@
 
 #include "controls/BevelButton.h"
 #include "controls/TabPanel.h"
+#include "store/GroupPreferences.h"
 
 #include <QApplication>
 #include <QCheckBox>

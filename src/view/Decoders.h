@@ -15,7 +15,7 @@ inline constexpr std::string_view kNoSuchFile = "there is no such file";
 struct DecodedPicture {
     /// Nil if the file is missing or cannot be decoded.
     Picture picture;
-    /// Why there is no picture, or what is damaged in it, in words for the user and without the file's name. Empty if
+    /// Why the picture is nil, or what is damaged in it, in words for the user and without the file's name. Empty if
     /// all is well.
     std::string reason;
 };

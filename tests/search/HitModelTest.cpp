@@ -6,7 +6,7 @@ namespace {
 TEST(ListMode, ASearchFillsTheListAndARowShowsItsHitAlone) {
     ScriptedWindow window;
     DictionaryBuilder first("A");
-    first.entry("apple", "x", {"e"}).entry("banana", "y").entry("zzz", "z").independent();
+    first.entry("apple", "x", {"e"}).entry("banana", "y").entry("zzz", "z").format("", true);
     window.open(fruits("Many", 22, first));
     EXPECT_TRUE(window.listShown);
     window.walk({

@@ -5,7 +5,6 @@
 #include "side/ColorRect.h"
 #include "side/WaitNotice.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QEnterEvent>
 #include <QPushButton>
@@ -31,7 +30,8 @@ TEST_F(SideWindow, KeepsItsSettingsForTheNextOpening) {
     EXPECT_TRUE(popup.isEnabled()) << "only the check box disables it";
     for (const char* name : {"UserDicCB", "LatinCB", "DicAppCB", "SyncronizeCB", "DontClearCB"})
         control<QCheckBox>(name).click();
-    side().model().mMakeUserDicPU();
+    QEnterEvent entered(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+    QApplication::sendEvent(&popup, &entered);
     popup.setListIndex(1);
     side().takeTarget(FindTarget::DicApp);
     control<TextSizeBevelButton>("BVsize").SelectMenuFromFontSize(20);
@@ -137,26 +137,6 @@ TEST_F(SideWindow, ShutWhileItLooksUpIsDestroyedAtTheEndOfThat) {
     ask("amor");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(watched.isNull());
-}
-
-TEST_F(SideWindow, PopUpPressedWhileItFillsOpensWithAllItsRows) {
-    for (const char* name : {"A", "B", "C"})
-        addUserDictionary(name, "");
-    open();
-    auto& popup = control<PopupMenu>("UserDicPU");
-    control<QCheckBox>("UserDicCB").click();
-    bool openInBetween = false;
-    host.onYield = [&] {
-        if (popup.rowCount() == 1)
-            QTest::mousePress(&popup, Qt::LeftButton);
-        openInBetween = openInBetween || popup.view()->isVisible();
-    };
-    QEnterEvent entered(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-    QApplication::sendEvent(&popup, &entered);
-    EXPECT_FALSE(openInBetween);
-    EXPECT_TRUE(popup.view()->isVisible());
-    EXPECT_EQ(popup.rowCount(), 3);
-    popup.hidePopup();
 }
 
 TEST_F(SideWindow, TakesATargetWithTheFocus) {

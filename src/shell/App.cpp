@@ -3,11 +3,11 @@
 #include "platform/EventLoopPost.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
-#include "store/Fi_Module.h"
-#include "text/DicDataModule.h"
+#include "store/UserPreferencesFolder.h"
+#include "text/Grep.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
-#include "text/StringModule.h"
+#include "text/WordDelimiters.h"
 
 #include <QApplication>
 
@@ -115,7 +115,7 @@ void App::rebuildSelectedDic() {
 
 bool App::isShown(const FolderItem& group) const {
     return std::any_of(windows_.begin(), windows_.end(), [&group](const auto& window) {
-        return window->hasGroup() && window->state().pDictionaryGroupFolder.isSameItem(group);
+        return window->hasGroup() && window->group().pDictionaryGroupFolder.isSameItem(group);
     });
 }
 

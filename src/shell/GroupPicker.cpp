@@ -6,8 +6,8 @@
 #include "shell/App.h"
 #include "shell/MainWindow.h"
 #include "shell/NoGroupNotice.h"
-#include "store/Group.h"
-#include "text/StringRules.h"
+#include "store/GroupList.h"
+#include "text/LetterCase.h"
 
 namespace velmarin {
 

@@ -1,9 +1,11 @@
 #include "side/SubwindowFile.h"
 
-#include "files/TextFile.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
 #include "side/SourceTable.h"
-#include "store/DataModule.h"
-#include "text/StringRules.h"
+#include "store/BooleanText.h"
+#include "text/LetterCase.h"
+#include "text/NumberText.h"
 
 #include <algorithm>
 #include <cstddef>

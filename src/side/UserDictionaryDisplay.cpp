@@ -1,8 +1,9 @@
 #include "side/UserDictionaryDisplay.h"
 
 #include "side/AnswerText.h"
+#include "text/FindReplace.h"
 #include "text/Message.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 

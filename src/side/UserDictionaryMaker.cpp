@@ -5,8 +5,8 @@
 #include "side/MainWindowPort.h"
 #include "side/ProgressPort.h"
 #include "side/UserDictionary.h"
-#include "store/FileTypes1.h"
-#include "text/StringRules.h"
+#include "store/FileType.h"
+#include "text/NumberText.h"
 
 namespace velmarin {
 

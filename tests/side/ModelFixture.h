@@ -3,7 +3,7 @@
 #include "SideFixture.h"
 #include "side/AnswerText.h"
 #include "side/SideDisplay.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
 
 #include <optional>
 #include <string>

@@ -53,29 +53,28 @@ const struct {
     std::string index;
     int lines;
     int notUtf8 = 0;
-} kSources[] = {
-    {"Empty", "", "", "", 0},
-    {"LastLineWithoutEnd", "b\nA", "b\nA", "A\t1\nB\t0\n", 2},
-    {"BlankLineKeepsTheNumbersInStep", "b\n\na\n", "b\n\na\n", "\t1\nA\t2\nB\t0\n", 3},
-    {"Homographs", "amo__NUM__1\tx\namo__NUM__2\ty\n", "amo¹\tx\namo²\ty\n", "AMO\t0\nAMO\t1\n", 2},
-    {"AllSuperscripts", "a__NUM__1__NUM__2__NUM__3__NUM__4__NUM__5__NUM__6__NUM__7__NUM__8__NUM__9__NUM__0",
-     "a¹²³⁴⁵⁶⁷⁸⁹-0", "A\t0\n", 1},
-    {"MarkerAtTheStartLeavesNoWord", "__NUM__3x\ty", "³x\ty", "\t0\n", 1},
-    {"MarkerInSmallLettersCutsAsWell", "amo__num__2", "amo²", "AMO\t0\n", 1},
-    {"OverlappingMarkersGoByTheOrderOfTheTable", "__NUM__NUM__1", "__NUM¹", "\t0\n", 1},
-    {"LineEndsStay", "b\r\na\rc\n", "b\r\na\rc\n", "A\t1\nB\t0\nC\t2\n", 3},
-    {"ByteOrderMarkBelongsToNoWord",
-     "\xEF\xBB\xBF"
-     "a\tx\n",
-     "\xEF\xBB\xBF"
-     "a\tx\n",
-     "A\t0\n", 1},
-    {"Latin1StaysByteForByte", "caf\xE9\tbar\nok\tna\xEFve\nfine\n", "caf\xE9\tbar\nok\tna\xEFve\nfine\n",
-     "CAF\xE9\t0\nFINE\t2\nOK\t1\n", 3, 2},
-    {"NulStays", "a\0b\tc\n"s, "a\0b\tc\n"s, "A\0B\t0\n"s, 1},
-    {"WordBeforeItsExtensions", "amor\namo\n", "amor\namo\n", "AMO\t1\nAMOR\t0\n", 2},
-    {"TenBeforeTwo", "a\na\na\na\na\na\na\na\na\na\na\na\n", "a\na\na\na\na\na\na\na\na\na\na\na\n",
-     "A\t0\nA\t1\nA\t10\nA\t11\nA\t2\nA\t3\nA\t4\nA\t5\nA\t6\nA\t7\nA\t8\nA\t9\n", 12}};
+} kSources[] = {{"Empty", "", "", "", 0},
+                {"LastLineWithoutEnd", "b\nA", "b\nA", "A\t1\nB\t0\n", 2},
+                {"BlankLineKeepsTheNumbersInStep", "b\n\na\n", "b\n\na\n", "\t1\nA\t2\nB\t0\n", 3},
+                {"Homographs", "amo__NUM__1\tx\namo__NUM__2\ty\n", "amo¹\tx\namo²\ty\n", "AMO\t0\nAMO\t1\n", 2},
+                {"AllSuperscripts", "a__NUM__1__NUM__2__NUM__3__NUM__4__NUM__5__NUM__6__NUM__7__NUM__8__NUM__9__NUM__0",
+                 "a¹²³⁴⁵⁶⁷⁸⁹-0", "A\t0\n", 1},
+                {"MarkerAtTheStartLeavesNoWord", "__NUM__3x\ty", "³x\ty", "\t0\n", 1},
+                {"MarkerInSmallLettersCutsAsWell", "amo__num__2", "amo²", "AMO\t0\n", 1},
+                {"OverlappingMarkersGoByTheOrderOfTheTable", "__NUM__NUM__1", "__NUM¹", "\t0\n", 1},
+                {"LineEndsStay", "b\r\na\rc\n", "b\r\na\rc\n", "A\t1\nB\t0\nC\t2\n", 3},
+                {"ByteOrderMarkBelongsToNoWord",
+                 "\xEF\xBB\xBF"
+                 "a\tx\n",
+                 "\xEF\xBB\xBF"
+                 "a\tx\n",
+                 "A\t0\n", 1},
+                {"Latin1StaysByteForByte", "caf\xE9\tbar\nok\tna\xEFve\nfine\n", "caf\xE9\tbar\nok\tna\xEFve\nfine\n",
+                 "CAF\xE9\t0\nFINE\t2\nOK\t1\n", 3, 2},
+                {"NulStays", "a\0b\tc\n"s, "a\0b\tc\n"s, "A\0B\t0\n"s, 1},
+                {"WordBeforeItsExtensions", "amor\namo\n", "amor\namo\n", "AMO\t1\nAMOR\t0\n", 2},
+                {"TenBeforeTwo", "a\na\na\na\na\na\na\na\na\na\na\na\n", "a\na\na\na\na\na\na\na\na\na\na\na\n",
+                 "A\t0\nA\t1\nA\t10\nA\t11\nA\t2\nA\t3\nA\t4\nA\t5\nA\t6\nA\t7\nA\t8\nA\t9\n", 12}};
 
 TEST(BuildingAUserDictionary, WritesTextAndIndex) {
     for (const auto& tested : kSources) {

@@ -37,7 +37,7 @@ TEST(MakingAUserDictionary, TellsAndAsks) {
                   "\xE9\tb\nc\xE9\n",
                   true,
                   {kAskForData, kAskForFolder,
-                   "2 lines of the data are not in UTF-8. They were taken over byte for byte, but some of their "
+                   "2 lines of the data are not in UTF-8. They were copied byte for byte, but some of their "
                    "letters cannot be shown.",
                    kMade},
                   true}};

@@ -193,6 +193,9 @@ TEST(SideActivation, LeavesTheFocusToTheSearchFieldUnlessAFieldIsClicked) {
         side.takeTarget(FindTarget::Find);
         QApplication::setActiveWindow(&side);
         EXPECT_FALSE(goBack.isActive()) << "the window has activated itself";
+        QApplication::setActiveWindow(&fixture.frame);
+        QApplication::setActiveWindow(&side);
+        EXPECT_TRUE(goBack.isActive());
     }
 }
 

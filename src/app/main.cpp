@@ -5,7 +5,7 @@
 #include "platform/QtText.h"
 #include "shell/App.h"
 #include "shell/Application.h"
-#include "shell/PictureRun.h"
+#include "shell/StartRequest.h"
 
 #include <CLI/CLI.hpp>
 
@@ -49,7 +49,8 @@ int main(int argc, char** argv) {
     const velmarin::EndSignals endSignals([&app] { app.quit(); });
     QTimer::singleShot(0, &app, [&app, &request] {
         app.Event_Open();
-        velmarin::runStartRequest(app, request);
+        if (app.windows().count() > 0)
+            velmarin::runStartRequest(app.windows().window(0), request);
     });
     return velmarin::Application::exec();
 }

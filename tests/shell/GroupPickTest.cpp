@@ -5,7 +5,7 @@
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "shell/GroupPicker.h"
-#include "shell/SideLink.h"
+#include "shell/SideButton.h"
 #include "view/SmartCanvas.h"
 
 #include <QApplication>
@@ -44,7 +44,7 @@ TEST(GroupPick, AGroupShownInAWindowIsRefusedAndTheMenuGoesBack) {
     Started run({fruitGroup("One", 1).preferences("First\t0\t\n"), fruitGroup("Two", 2).preferences("Second\t0\t\n")});
     run.pick("One");
     run.app().mMakeNewMainWin();
-    ASSERT_EQ(run.app().MainWinList().size(), 2U);
+    ASSERT_EQ(run.app().windows().MainWinList().size(), 2U);
     run.pick("One", 1);
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex(), -1);
     EXPECT_TRUE(run.window(1).state().pDictionaryItem.empty());
@@ -53,7 +53,7 @@ TEST(GroupPick, AGroupShownInAWindowIsRefusedAndTheMenuGoesBack) {
     run.pick("One", 1);
     EXPECT_EQ(run.window(1).title(), "Second");
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex(), 1);
-    EXPECT_EQ(run.app().module.pSelectedDicTag,
+    EXPECT_EQ(run.app().module().pSelectedDicTag,
               "You cant select following items which are already selected: \rOne\rTwo");
     run.pick("Two", 1);
     EXPECT_EQ(run.window(1).title(), "Second");
@@ -81,7 +81,7 @@ TEST(GroupPick, WindowsAreMadeUntilGroupsRunOutAndThenTheVersionIsAppended) {
     Started run({fruitGroup("One", 1), fruitGroup("Two", 1)});
     run.app().mMakeNewMainWin();
     run.app().mMakeNewMainWin();
-    EXPECT_EQ(run.app().MainWinList().size(), 2U);
+    EXPECT_EQ(run.app().windows().MainWinList().size(), 2U);
     EXPECT_EQ(run.window().title(), "VELMARIN version 1.0 version 1.0");
     const QString about = run.control<QLabel>("AboutST")->text();
     EXPECT_EQ(about.count("This Velmarin is at the version 1.0"), 2);
@@ -95,7 +95,7 @@ TEST(GroupPick, AClosedWindowCountsButItsGroupIsFreeFromTheNextPick) {
     run.app().mMakeNewMainWin();
     run.pick("Two", 1);
     run.window(1).close();
-    EXPECT_EQ(run.app().MainWinList().size(), 2U);
+    EXPECT_EQ(run.app().windows().MainWinList().size(), 2U);
     run.pick("Two");
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), 0) << "still marked as in use";
     run.pick("Three");
@@ -109,10 +109,10 @@ TEST(GroupPick, AWindowThatComesBackIsWithoutAGroupAndMayTakeItsOldOneAgain) {
     run.app().mMakeNewMainWin();
     run.pick("One", 1);
     run.window(1).close();
-    run.app().handle("WinItem", 1);
+    run.app().commands().run("WinItem", 1);
     EXPECT_TRUE(run.window(1).isVisible());
     EXPECT_EQ(run.window(1).title(), "VELMARIN");
-    EXPECT_EQ(run.app().winItems()[1], "Default Window");
+    EXPECT_EQ(run.app().windows().winItems()[1], "Default Window");
     EXPECT_EQ(run.control<QLineEdit>("SearchEF", 1)->text(), "To execute a search, select a dictionary.");
     run.pick("One", 1);
     EXPECT_EQ(run.window(1).title(), "First");
@@ -136,13 +136,14 @@ TEST(GroupPick, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
         EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 1);
         EXPECT_EQ(run.imageName(0), "");
         EXPECT_EQ(run.window().title(), "VELMARIN");
-        EXPECT_EQ(run.app().winItems()[0], "Default Window");
+        EXPECT_EQ(run.app().windows().winItems()[0], "Default Window");
         EXPECT_NE(run.control<QLabel>("NoticeST")->text().indexOf(group), -1) << "the reason is shown";
         for (const char* control : {"OKBT", "SeparatelyCB", "SubWinBV"})
             EXPECT_FALSE(run.control<QWidget>(control)->isEnabled()) << control;
-        run.window().sideLink().SubWinBV()->setChecked(true);
-        emit run.window().sideLink().SubWinBV()->clicked();
-        EXPECT_FALSE(run.window().sideLink().SubWinBV()->isChecked()) << "there is no side window without a group";
+        run.window().parts().sideButton->SubWinBV()->setChecked(true);
+        emit run.window().parts().sideButton->SubWinBV()->clicked();
+        EXPECT_FALSE(run.window().parts().sideButton->SubWinBV()->isChecked())
+            << "there is no side window without a group";
     }
     std::filesystem::remove(unreadable);
     run.pick("Bad");

@@ -7,7 +7,7 @@
 #include "controls/TabPanel.h"
 #include "maintenance/EditDicDlg.h"
 #include "shell/GroupPicker.h"
-#include "shell/SideLink.h"
+#include "shell/SideButton.h"
 #include "side/SubWindow.h"
 #include "view/PageImageWindow.h"
 
@@ -49,12 +49,12 @@ TEST(ErrataMenu, OpensThePageImageWindowWhichStepsTheTabItCameFrom) {
     run.choose("BVErrata.0", 0);
     auto* window = openWindow<PageImageWindow>();
     ASSERT_NE(window, nullptr);
-    EXPECT_TRUE(run.app().module.pPageImageShown);
+    EXPECT_TRUE(run.app().pageImages().pPageImageShown());
     QTest::mouseClick(window->findChild<BevelButton*>("MainWinPage.1"), Qt::LeftButton);
     EXPECT_EQ(run.imageName(0), "2.bmp");
     window->close();
     QApplication::processEvents();
-    EXPECT_FALSE(run.app().module.pPageImageShown);
+    EXPECT_FALSE(run.app().pageImages().pPageImageShown());
     run.search("apple");
     run.choose("BVErrata.0", 0);
     ASSERT_NE(openWindow<PageImageWindow>(), nullptr);
@@ -80,22 +80,22 @@ TEST(SideWindow, OpensAndClosesWithItsButtonAndGoesWithItsGroup) {
     run.pick("G");
     auto* button = run.control<BevelButton>("SubWinBV");
     run.click("SubWinBV");
-    ASSERT_NE(run.window().sideLink().pMySubWin(), nullptr);
+    ASSERT_NE(run.window().parts().sideButton->pMySubWin(), nullptr);
     EXPECT_TRUE(button->isChecked());
     run.click("SubWinBV");
-    EXPECT_FALSE(run.window().sideLink().pSubWinShown());
+    EXPECT_FALSE(run.window().parts().sideButton->pSubWinShown());
     EXPECT_FALSE(button->isChecked());
     EXPECT_EQ(run.read("DictionaryFolder/G/Subwindow").substr(0, 4), "352\n");
     run.click("SubWinBV");
     run.pick("H");
-    EXPECT_FALSE(run.window().sideLink().pSubWinShown());
+    EXPECT_FALSE(run.window().parts().sideButton->pSubWinShown());
     EXPECT_FALSE(std::filesystem::exists(run.groupFolder("H") / "Subwindow"));
 }
 
 TEST(SideWindow, AQueryGoesThereOnlyWhenSynchronised) {
     Started run({fruitGroup("G", 1)});
     run.click("SubWinBV");
-    SubWindow* side = run.window().sideLink().pMySubWin();
+    SubWindow* side = run.window().parts().sideButton->pMySubWin();
     ASSERT_NE(side, nullptr);
     auto* word = side->findChild<QLineEdit*>("FindEF");
     run.search("banana");
@@ -112,7 +112,7 @@ TEST(WindowsInFront, TakeOnlyTheCommandsOfTheApplication) {
     for (const char* item : {"SubwinDic", "SubwinFind"})
         EXPECT_FALSE(run.window().menuBar()->findChild<QAction*>(item)->isEnabled()) << item;
     run.click("SubWinBV");
-    SubWindow* side = run.window().sideLink().pMySubWin();
+    SubWindow* side = run.window().parts().sideButton->pMySubWin();
     for (const char* item : {"SubwinDic", "SubwinFind"})
         EXPECT_TRUE(run.window().menuBar()->findChild<QAction*>(item)->isEnabled()) << item;
     auto* tabs = run.control<TabPanel>("TB");
@@ -128,13 +128,13 @@ TEST(WindowsInFront, TakeOnlyTheCommandsOfTheApplication) {
     ASSERT_NE(extra, nullptr);
     QApplication::setActiveWindow(extra);
     QTest::keyClick(extra, Qt::Key_N, Qt::ControlModifier);
-    EXPECT_EQ(run.app().MainWinList().size(), 2U);
+    EXPECT_EQ(run.app().windows().MainWinList().size(), 2U);
 }
 
 /// Opens the order editor for the window, types "New" as the group's name and returns the button that saves.
 QPushButton* editOrder(Started& run) {
-    run.app().ActiveMainWin = &run.window();
-    run.app().handle("SpecialChangedictionaryorder", 0);
+    run.app().windows().ActiveMainWin = &run.window();
+    run.app().commands().run("SpecialChangedictionaryorder", 0);
     auto* editor = openWindow<EditDicDlg>();
     if (editor == nullptr)
         throw std::runtime_error("the order editor did not open");
@@ -157,11 +157,11 @@ TEST(OrderEditor, StaysOpenAndSavesWhenItsWindowLosesTheGroup) {
         std::function<void(Started&)> lose;
         std::size_t shown; ///< dictionaries in the window after saving
     } cases[] = {
-        {"an install", [](Started& run) { MaintenanceLink(run.app()).resetToNoGroup(0); }, 2},
+        {"an install", [](Started& run) { run.resetWindow(); }, 2},
         {"an install, and another window took the group",
          [](Started& run) {
-             MaintenanceLink(run.app()).resetToNoGroup(0);
-             run.app().handle("Cons_FileNew", 0);
+             run.resetWindow();
+             run.app().commands().run("Cons_FileNew", 0);
              run.pick("G", 1);
          },
          0},
@@ -185,8 +185,8 @@ TEST(OrderEditor, StaysOpenAndSavesWhenItsWindowLosesTheGroup) {
 
 TEST(OrderEditor, DoesNothingWithoutAPickedGroup) {
     Started run({fruitGroup("G", 1), fruitGroup("H", 1)});
-    run.app().ActiveMainWin = &run.window();
-    run.app().handle("SpecialChangedictionaryorder", 0);
+    run.app().windows().ActiveMainWin = &run.window();
+    run.app().commands().run("SpecialChangedictionaryorder", 0);
     for (QWidget* widget : QApplication::topLevelWidgets())
         EXPECT_EQ(widget->findChild<QPushButton*>("SaveBT"), nullptr);
 }
@@ -195,8 +195,7 @@ TEST(AfterAnInstall, EveryWindowIsResetAndItsGroupCanBePickedAgain) {
     Started run({fruitGroup("G", 2)});
     run.search("banana");
     run.files().write("DictionaryFolder/G/DictionaryPreferences.txt", "G\t0\t\nB\t2\nA\t0\n");
-    MaintenanceLink link(run.app());
-    link.resetToNoGroup(0);
+    run.resetWindow();
     EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "");
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), -1);
     EXPECT_EQ(run.imageName(0), "");

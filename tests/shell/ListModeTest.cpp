@@ -5,7 +5,7 @@
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
-#include "shell/SideLink.h"
+#include "shell/SideAccess.h"
 #include "view/SmartCanvas.h"
 
 #include <QApplication>
@@ -80,7 +80,7 @@ TEST(ListMode, AChosenHitKeepsTheImageSizeAndAStepGoesBackToItsDictionarys) {
 TEST(ListMode, ASearchFromTheSideWindowPassesOverDictionariesWithoutATab) {
     Started run({manyFruits("Many")});
     run.search("banana");
-    run.window().sideLink().searchAll("cherry");
+    run.window().parts().sideAccess->searchAll("cherry");
     EXPECT_EQ(run.imageName(0), "3.bmp");
     EXPECT_TRUE(run.host.messages.empty());
 }

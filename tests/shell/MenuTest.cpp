@@ -4,7 +4,7 @@
 #include "controls/QtText.h"
 #include "shell/Application.h"
 #include "shell/MenuTree.h"
-#include "shell/SideLink.h"
+#include "shell/SideButton.h"
 #include "side/SubWindow.h"
 #include "side/TextArea.h"
 
@@ -76,7 +76,7 @@ TEST(Menus, EveryItemIsHandledAndHasAShortcutOfItsOwn) {
     QList<QKeySequence> seen;
     for (const MenuPlan& menu : menuTree())
         for (const MenuItemPlan& plan : menu.items) {
-            EXPECT_TRUE(plan.caption == "-" || run.window().handles(plan.name) || run.app().handles(plan.name))
+            EXPECT_TRUE(plan.caption == "-" || run.app().commands().after(run.window()).handles(plan.name))
                 << plan.name;
             if (plan.shortcut.empty())
                 continue;
@@ -98,7 +98,7 @@ TEST(Menus, WindowRowsFollowTheirWindowsGroups) {
     run.pick("One");
     EXPECT_NE(item(run.window(), "WinItem", "First"), nullptr);
     run.key(Qt::Key_N, Qt::ControlModifier);
-    ASSERT_EQ(run.app().MainWinList().size(), 2U);
+    ASSERT_EQ(run.app().windows().MainWinList().size(), 2U);
     run.pick("Two", 1);
     for (int each : {0, 1}) {
         QAction* second = item(run.window(each), "WinItem", "Second & last");
@@ -142,7 +142,7 @@ class EditItems : public testing::TestWithParam<bool> {};
 TEST_P(EditItems, ActOnTheSideWindowsTextIfAClickOnTheMenuBarTookItsFocus) {
     Started run({fruitGroup("G", 1)});
     run.click("SubWinBV");
-    SubWindow& side = *run.window().sideLink().pMySubWin();
+    SubWindow& side = *run.window().parts().sideButton->pMySubWin();
     auto* field = run.control<QLineEdit>("SearchEF");
     field->setText("query");
     QApplication::setActiveWindow(&side);

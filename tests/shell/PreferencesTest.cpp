@@ -31,7 +31,7 @@ TEST(GroupPreferences, OrderModesAndTheCheckBoxComeBackAtTheNextStart) {
 TEST(GroupPreferences, TheLinesOfTheOrderEditorAreCarriedOverToEveryGroup) {
     Started run({fruitGroup("G", 2), fruitGroup("H", 1)});
     run.pick("G");
-    run.app().module.pNewDicPref = {"New name", "B", "A"};
+    run.app().module().pNewDicPref = {"New name", "B", "A"};
     run.pick("H");
     run.quit();
     EXPECT_EQ(run.read(kPreferences), "New name\nB\nA\n");

@@ -2,7 +2,7 @@
 
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
-#include "shell/PictureRun.h"
+#include "shell/StartRequest.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -26,7 +26,7 @@ TEST(WordWithoutAGroup, WaitsInTheWindowAndIsSearchedAtThePick) {
         SCOPED_TRACE(c.name);
         Started run({fruitGroup("Good", 2), fruitGroup("Bad", 1)});
         std::filesystem::create_directory(run.groupFolder("Bad") / "DictionaryPreferences.txt");
-        runStartRequest(run.app(), c.request);
+        runStartRequest(run.window(), c.request);
         auto* notice = run.control<QLabel>("NoticeST");
         EXPECT_TRUE(notice->isVisible());
         EXPECT_NE(fromQ(notice->text()).find(c.reason), std::string::npos) << fromQ(notice->text());
@@ -46,7 +46,7 @@ TEST(WordWithoutAGroup, WaitsInTheWindowAndIsSearchedAtThePick) {
 
 TEST(StartRequest, AnUnknownGroupBesideTheOnlyOneIsSaidAndTheWordIsNotSearchedInIt) {
     Started run({fruitGroup("Only", 1)});
-    runStartRequest(run.app(), {.group = "Nonsense", .word = "banana"});
+    runStartRequest(run.window(), {.group = "Nonsense", .word = "banana"});
     EXPECT_TRUE(run.control<QLabel>("NoticeST")->isVisible());
     EXPECT_EQ(run.imageName(0), "");
     EXPECT_EQ(run.control<QLineEdit>("SearchEF")->text(), "banana");
@@ -56,9 +56,9 @@ TEST(StartRequest, AnUnknownGroupBesideTheOnlyOneIsSaidAndTheWordIsNotSearchedIn
 
 TEST(StartRequest, AClosedWindowForgetsTheWord) {
     Started run({fruitGroup("One", 1), fruitGroup("Two", 1)});
-    runStartRequest(run.app(), {.word = "banana"});
+    runStartRequest(run.window(), {.word = "banana"});
     run.window().close();
-    run.app().handle("WinItem", 0);
+    run.app().commands().run("WinItem", 0);
     run.pick("One");
     EXPECT_EQ(run.imageName(0), "");
 }

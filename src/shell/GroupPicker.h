@@ -20,7 +20,7 @@ class GroupPort {
   public:
     virtual ~GroupPort() = default;
 
-    /// The pop-up is pressed, or has the keyboard's pick.
+    /// The pop-up is pressed.
     virtual void SelectDicFolPU_MouseDown() = 0;
     /// Saves the group being left and shows this one. False if it cannot be read: the window then has no group.
     virtual bool changeGroup(const FolderItem& group) = 0;

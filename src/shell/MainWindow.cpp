@@ -106,7 +106,7 @@ bool MainWindow::changeGroup(const FolderItem& group) {
 void MainWindow::groupChanged() {
     if (!services_.pSelectedDicTag.empty())
         services_.windows.setWinItemText(pMyIndex, title_);
-    search(parts_.notice->takeWord());
+    search(parts_.notice->takeWaitingWord());
 }
 
 void MainWindow::readyForSearch() {
@@ -148,7 +148,7 @@ void MainWindow::resetToNoGroup() {
 void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
     const QScopedValueRollback protection(parts_.state.pProtect, true);
     parts_.hitList->setInfo("");
-    parts_.notice->tell("");
+    parts_.notice->setReason("");
     try {
         setTitle("");
         parts_.groupView->read(group);
@@ -194,7 +194,7 @@ void MainWindow::showNoGroup(const std::string& reason) {
     services_.windows.setWinItemText(pMyIndex, std::string(kWinItemWithoutGroup));
     parts_.queryBar->showNoGroup();
     parts_.hitList->setInfo("");
-    parts_.notice->tell(reason);
+    parts_.notice->setReason(reason);
 }
 
 void MainWindow::TabBackNext_Action(int direction) {
@@ -237,7 +237,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::Event_CancelClose() {
     mWritePreferences_DicGroup();
-    parts_.notice->takeWord();
+    parts_.notice->takeWaitingWord();
     showNoGroup();
     if (services_.windows.isLastVisible(*this))
         services_.pageImages.close();

@@ -14,7 +14,7 @@ namespace velmarin {
 
 class MenuBar;
 
-/// A main window: shows and leaves groups, passes events and commands on to its parts.
+/// A main window: shows and leaves groups, and passes events and commands on to its parts.
 class MainWindow : public QMainWindow, private GroupPort {
     Q_OBJECT
 
@@ -78,7 +78,7 @@ class MainWindow : public QMainWindow, private GroupPort {
     void mWritePreferences_Window();
     void enableGroupControls(bool enabled);
     void leaveGroup();
-    /// Leaves the group, as a closed window or one whose group cannot be read does.
+    /// Leaves the group: the window was closed, or the group cannot be read.
     /// @param reason shown on the empty page
     void showNoGroup(const std::string& reason = {});
 

@@ -82,7 +82,7 @@ void MainWindowParts::setTabOrder() const {
 void MainWindowParts::connectParts(const WindowServices& services) const {
     QObject::connect(queryBar, &QueryBar::searched, sideButton, &SideButton::synchronise);
     QObject::connect(queryBar, &QueryBar::finished, about, &AboutPanel::hideAbout);
-    QObject::connect(queryBar, &QueryBar::finished, content, [this] { notice->tell(""); });
+    QObject::connect(queryBar, &QueryBar::finished, content, [this] { notice->setReason(""); });
     QObject::connect(deck, &PageDeck::errataChosen, content,
                      [this, &pageImages = services.pageImages](const FolderItem& file, int tab) {
                          pageImages.show(file, pages, tab);

@@ -12,7 +12,8 @@ class SubWindow;
 enum class FindTarget;
 struct WindowServices;
 
-/// The button `SubWinBV` of a main window, which is pressed in exactly while the side window is open, and that window.
+/// The button `SubWinBV` of a main window and the side window that it opens. The button is pressed in exactly while the
+/// window is open.
 class SideButton : public QObject {
     Q_OBJECT
 
@@ -25,7 +26,7 @@ class SideButton : public QObject {
 
     /// Closes the side window, which writes its settings. Does nothing if none is open.
     void close();
-    /// Passes on a query of the main window; the side window ignores it unless it synchronises.
+    /// Passes on a query of the main window; the side window ignores it unless it synchronizes.
     void synchronise(const QString& query);
     /// The menu's commands "Dictionary" and "Find".
     void takeTarget(FindTarget target);

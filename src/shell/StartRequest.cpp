@@ -34,13 +34,13 @@ int pickAndSearch(MainWindow& window, const StartRequest& request) {
     if (window.hasGroup())
         window.parts().queryBar->SearchEF()->setText(toQ(request.word));
     else
-        window.parts().notice->waitFor(request.word);
+        window.parts().notice->setWaitingWord(request.word);
     if (!found) {
-        window.parts().notice->tell("There is no group called ‘" + request.group + "’.");
+        window.parts().notice->setReason("There is no group called ‘" + request.group + "’.");
         return fail("there is no group called \"" + request.group + "\"");
     }
     if (!request.word.empty() && window.parts().groupPicker->rowCount() == 0)
-        window.parts().notice->tell("There are no dictionaries yet.");
+        window.parts().notice->setReason("There are no dictionaries yet.");
     if (!request.group.empty())
         return fail("the group \"" + request.group + "\" could not be opened");
     return request.word.empty() ? 0 : fail("a word can only be searched in a group: name one with --group");

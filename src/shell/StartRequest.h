@@ -16,7 +16,7 @@ struct StartRequest {
     std::string pictureFile = {};
 };
 
-/// Carries out `request` in the first window, once it is visible. A failure is written to standard error and, if a
+/// Carries out `request` in a visible window. A failure is written to standard error and, if a
 /// picture was asked for, ends the program with status 2.
 void runStartRequest(MainWindow& window, const StartRequest& request);
 

@@ -9,7 +9,7 @@
 
 namespace velmarin {
 
-// The first window's row is there before the window.
+// The menu has the first window's row before the window exists.
 WindowList::WindowList() : winItems_{std::string(kWinItemWithoutGroup)} {}
 
 WindowList::~WindowList() = default;

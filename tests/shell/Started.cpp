@@ -109,11 +109,6 @@ void Started::click(const char* button, int window) {
     QApplication::processEvents();
 }
 
-void Started::resetWindow() {
-    window().resetToNoGroup();
-    app_->windows().rebuildSelectedDic();
-}
-
 DictionaryBuilder fruit(const std::string& name) {
     DictionaryBuilder builder(name);
     const std::vector<std::string> words{"apple", "banana", "cherry", "date", "zzz"};

@@ -61,8 +61,6 @@ class Started {
     /// Chooses a row of a menu button as a user does.
     void choose(const char* button, int row, int window = 0);
     void click(const char* button, int window = 0);
-    /// What an install does to every window.
-    void resetWindow();
 
   private:
     TempFolder folder_;

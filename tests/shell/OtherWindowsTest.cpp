@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QEnterEvent>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
@@ -106,6 +107,27 @@ TEST(SideWindow, TakesQueriesWhenSynchronisedAndSearchesItsMainWindow) {
     side->findChild<QCheckBox*>("SyncronizeCB")->click();
     run.search("cherry");
     EXPECT_EQ(word->text(), "cherry");
+}
+
+TEST(SideWindow, ItsSmallButtonsShowTheFingerIfAPressActs) {
+    Started run({fruitGroup("G", 1)});
+    run.click("SubWinBV");
+    const struct {
+        const char *name, *word;
+        bool entered;
+        Qt::CursorShape shape;
+    } cases[] = {
+        {"FindColorRect", "", true, Qt::BitmapCursor}, {"FindBV", "", true, Qt::ArrowCursor},
+        {"FindBV", "word", true, Qt::BitmapCursor},    {"FindClBV", "word", true, Qt::BitmapCursor},
+        {"FindBV", "word", false, Qt::SizeAllCursor},
+    };
+    for (const auto& c : cases) {
+        run.control<QLineEdit>("FindEF")->setText(c.word);
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+        QEvent leave(QEvent::Leave);
+        QApplication::sendEvent(run.control<QWidget>(c.name), c.entered ? static_cast<QEvent*>(&enter) : &leave);
+        EXPECT_EQ(run.control<QWidget>(c.name)->cursor().shape(), c.shape) << c.name << ' ' << c.word;
+    }
 }
 
 TEST(WindowsInFront, TakeOnlyTheCommandsOfTheApplication) {

@@ -85,6 +85,7 @@ TEST(Windows, AreMadeUntilGroupsRunOutAndThenTheVersionIsAppended) {
     run.app().mMakeNewMainWin();
     run.app().mMakeNewMainWin();
     EXPECT_EQ(run.app().windows().count(), 2);
+    EXPECT_EQ(run.app().windows().winItems().size(), 2U);
     EXPECT_EQ(run.window().title(), "VELMARIN version 1.0 version 1.0");
     EXPECT_EQ(run.control<QLabel>("AboutST")->text().count("This Velmarin is at the version 1.0"), 2);
 }
@@ -163,6 +164,7 @@ TEST(Windows, OnlyTheFirstSavesItsPlacementAndAllTakeIt) {
     EXPECT_EQ(saved(), "40\t50\t720\t500\t\n");
     run.app().mMakeNewMainWin();
     EXPECT_EQ(run.window(1).centralWidget()->size(), QSize(720, 500));
+    QApplication::setActiveWindow(&run.window(1));
     run.window(1).resize(400, 400);
     QApplication::processEvents();
     EXPECT_EQ(saved(), "40\t50\t720\t500\t\n");

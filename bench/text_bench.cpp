@@ -1,8 +1,9 @@
 // What the text rules cost: medians of several rounds, one line each.
 
+#include "text/FindReplace.h"
 #include "text/Grep.h"
+#include "text/LetterCase.h"
 #include "text/SearchWord.h"
-#include "text/StringRules.h"
 
 #include <algorithm>
 #include <chrono>

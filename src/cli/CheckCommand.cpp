@@ -3,7 +3,7 @@
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
 #include "side/UserDictionary.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
 
 #include <unordered_set>
 

@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 
@@ -40,7 +40,7 @@ std::string marksOf(const DictionaryItem& item) {
 }
 
 Status listDictionaries(const std::string& argument, Session& session) {
-    const ReadGroup group = groupArgument(argument, session);
+    const Group group = groupArgument(argument, session);
     for (const auto& item : group.dictionaries) {
         const std::string entries = item->loaded ? std::to_string(item->IND.size()) : std::string();
         session.out().record({item->name, std::to_string(item->ImageMode), entries, marksOf(*item)});

@@ -5,7 +5,8 @@
 #include "cli/PageListCheck.h"
 #include "cli/PictureNames.h"
 #include "files/FolderListing.h"
-#include "files/TextFile.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
 #include "search/DictionarySearch.h"
 #include "store/DictionaryItem.h"
 

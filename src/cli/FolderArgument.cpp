@@ -2,8 +2,8 @@
 
 #include "files/FolderListing.h"
 #include "side/UserDictionary.h"
-#include "store/DictionaryItem.h"
-#include "text/StringRules.h"
+#include "store/DictionaryMembers.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -38,7 +38,7 @@ bool meansNoFolder(const std::error_code& error) {
 
 /// Reports the closed folders of a group that may be dictionaries but are not among those that were read. (A dictionary
 /// that may be entered but not listed is read, and one that the preferences list is reported by readGroup.)
-void reportClosed(const FolderItem& folder, const ReadGroup& group, Session& session) {
+void reportClosed(const FolderItem& folder, const Group& group, Session& session) {
     std::unordered_set<std::string> read;
     for (const auto& item : group.dictionaries)
         read.insert(item->DictionaryFolderitem.AbsolutePath());
@@ -113,10 +113,10 @@ bool isDictionary(const FolderItem& folder) {
     return hasFile || foldersOf(followed).dictionaries.empty();
 }
 
-ReadGroup groupArgument(const std::string& argument, Session& session) {
+Group groupArgument(const std::string& argument, Session& session) {
     const FolderItem folder = folderArgument(argument);
     session.setSubject(argument);
-    ReadGroup group = readGroup(folder);
+    Group group = readGroup(folder);
     for (const std::string& failure : group.failures)
         session.couldNot(failure);
     if (group.dictionaries.empty() && isDictionary(folder))

@@ -49,6 +49,6 @@ bool isDictionary(const FolderItem& folder);
 /// The group that an argument names, read as a window reads it. A dictionary that cannot be opened, and a folder that
 /// may be one but cannot be entered, is a failure of the session, and the others are read. Raises CannotDo or
 /// NilObjectException if the group cannot be read, or if it is a dictionary, a common slip.
-ReadGroup groupArgument(const std::string& argument, Session& session);
+Group groupArgument(const std::string& argument, Session& session);
 
 } // namespace velmarin

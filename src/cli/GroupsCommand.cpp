@@ -1,6 +1,7 @@
 #include "cli/Commands.h"
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
+#include "store/GroupList.h"
 
 namespace velmarin {
 

@@ -1,7 +1,7 @@
 #include "cli/IndexCheck.h"
 
 #include "cli/LineCheck.h"
-#include "text/StringRules.h"
+#include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
 namespace velmarin {

@@ -1,8 +1,7 @@
 #include "cli/LineCheck.h"
 
 #include "files/LineScanner.h"
-#include "files/TextFile.h"
-#include "text/StringRules.h"
+#include "files/ReadOnlyFile.h"
 #include "text/Utf8.h"
 
 namespace velmarin {

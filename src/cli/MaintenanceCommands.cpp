@@ -5,7 +5,7 @@
 #include "maintenance/Export.h"
 #include "maintenance/Install.h"
 #include "maintenance/Update.h"
-#include "store/DictionaryItem.h"
+#include "store/DictionaryMembers.h"
 
 #include <utility>
 

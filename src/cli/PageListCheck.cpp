@@ -1,8 +1,9 @@
 #include "cli/PageListCheck.h"
 
 #include "cli/LineCheck.h"
-#include "store/Fi_Module.h"
-#include "text/StringRules.h"
+#include "store/ImageIndex.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 

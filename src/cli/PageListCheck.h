@@ -3,7 +3,7 @@
 #include "cli/DictionaryCheck.h"
 #include "cli/PictureNames.h"
 #include "files/FolderListing.h"
-#include "store/DictionaryItem.h"
+#include "store/PageList.h"
 
 #include <optional>
 #include <vector>

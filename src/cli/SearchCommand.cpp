@@ -74,7 +74,7 @@ void checkFront(std::optional<int> front, std::size_t dictionaries) {
 }
 
 Status search(const SearchRequest& request, Session& session) {
-    const ReadGroup group = groupArgument(request.group, session);
+    const Group group = groupArgument(request.group, session);
     checkFront(request.front, group.dictionaries.size());
     const int front = request.front.value_or(0);
     SearchRecordWriter writer(session.out(), group.dictionaries, request.json);

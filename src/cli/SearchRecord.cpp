@@ -1,6 +1,6 @@
 #include "cli/SearchRecord.h"
 
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 #include <nlohmann/json.hpp>
 

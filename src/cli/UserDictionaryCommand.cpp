@@ -4,7 +4,8 @@
 #include "cli/Words.h"
 #include "side/DictionaryModule.h"
 #include "side/UserDictionary.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
 
 #include <algorithm>
 #include <filesystem>

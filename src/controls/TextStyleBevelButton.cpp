@@ -1,7 +1,7 @@
 #include "controls/TextStyleBevelButton.h"
 
 #include "controls/QtText.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
 
 #include <QFont>
 #include <QFontDatabase>

@@ -1,7 +1,8 @@
 #include "files/FolderItem.h"
 
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/UnicodeForms.h"
 
 #include <algorithm>
 #include <system_error>
@@ -118,6 +119,17 @@ std::optional<std::vector<std::string>> listNames(const fs::path& folder) {
     if (error)
         return std::nullopt;
     return sortedByListingOrder(std::move(names));
+}
+
+std::optional<std::vector<fs::path>> membersIn(const fs::path& folder) {
+    const auto names = listNames(folder);
+    if (!names)
+        return std::nullopt;
+    std::vector<fs::path> members;
+    members.reserve(names->size());
+    for (const std::string& name : *names)
+        members.push_back(folder / name);
+    return members;
 }
 
 FolderItem::FolderItem(fs::path path) : path_(std::move(path)) {

@@ -66,4 +66,7 @@ std::vector<std::string> sortedByListingOrder(std::vector<std::string> names);
 /// The names in a folder in ListingOrder; nothing where it cannot be listed.
 std::optional<std::vector<std::string>> listNames(const std::filesystem::path& folder);
 
+/// The items of a folder, whatever their names; nothing where it cannot be listed.
+std::optional<std::vector<std::filesystem::path>> membersIn(const std::filesystem::path& folder);
+
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #include "files/FolderListing.h"
 
-#include "text/StringRules.h"
+#include "text/UnicodeForms.h"
 
 namespace velmarin {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/FolderItem.h"
-#include "files/TextFile.h"
+#include "files/ReadOnlyFile.h"
 
 #include <cstdint>
 #include <optional>

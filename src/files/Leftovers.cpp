@@ -2,16 +2,16 @@
 
 #include "files/Descriptor.h"
 #include "files/FolderItem.h"
+#include "files/MemberSwap.h"
+#include "files/ReadOnlyFile.h"
+#include "files/RemoveTree.h"
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
-#include "files/TextFile.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 #include <algorithm>
-#include <cerrno>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace velmarin {
@@ -19,10 +19,6 @@ namespace velmarin {
 namespace fs = std::filesystem;
 
 namespace {
-
-bool occupied(const fs::path& path) {
-    return FolderItem(path).occupied();
-}
 
 /// Gives every member its place back, and removes the folder of the swap.
 bool undoWholeSwap(const fs::path& hidden, const fs::path& folder, Work& work) {
@@ -44,30 +40,6 @@ bool isEmptied(const fs::path& hidden) {
 }
 
 } // namespace
-
-bool removeTree(const fs::path& item, Work& work) {
-    work.pass();
-    struct stat found {};
-    if (::lstat(item.c_str(), &found) != 0)
-        return errno == ENOENT;
-    if (!S_ISDIR(found.st_mode))
-        return ::unlink(item.c_str()) == 0;
-    if ((found.st_mode & S_IRWXU) != S_IRWXU)
-        ::chmod(item.c_str(), 0700);
-    int firstError = 0;
-    const auto names = listNames(item);
-    if (!names)
-        firstError = errno;
-    else
-        for (const std::string& name : *names) {
-            if (!removeTree(item / name, work) && firstError == 0)
-                firstError = errno;
-        }
-    if (::rmdir(item.c_str()) == 0)
-        return true;
-    errno = firstError != 0 ? firstError : errno;
-    return false;
-}
 
 void clearLeftovers(const fs::path& folder, Work& work) {
     const auto names = listNames(folder);
@@ -97,17 +69,6 @@ bool holdsLeftovers(const fs::path& folder) {
     return names && std::any_of(names->begin(), names->end(), isTemporaryName);
 }
 
-std::optional<std::vector<fs::path>> membersIn(const fs::path& folder) {
-    const auto names = listNames(folder);
-    if (!names)
-        return std::nullopt;
-    std::vector<fs::path> members;
-    members.reserve(names->size());
-    for (const std::string& name : *names)
-        members.push_back(folder / name);
-    return members;
-}
-
 std::vector<fs::path> unsavedMembers(const fs::path& folder) {
     std::vector<fs::path> found;
     for (const std::string& name : listNames(folder).value_or(std::vector<std::string>())) {
@@ -115,36 +76,6 @@ std::vector<fs::path> unsavedMembers(const fs::path& folder) {
             found.push_back(folder / name);
     }
     return found;
-}
-
-std::string replacedBy(const std::string& oldName, const std::vector<std::string>& names) {
-    if (std::find(names.begin(), names.end(), oldName) != names.end())
-        return oldName;
-    const std::string folded = foldedFileName(oldName);
-    const auto alike = std::find_if(names.begin(), names.end(),
-                                    [&](const std::string& name) { return foldedFileName(name) == folded; });
-    return alike == names.end() ? std::string() : *alike;
-}
-
-bool undoSwap(const fs::path& hidden, const fs::path& folder, const std::vector<std::string>& names, Work& work) {
-    for (const std::string& name : names) {
-        const fs::path waiting = hidden / kNewMembers / name;
-        if (!occupied(waiting) && occupied(folder / name) && !renameItem(folder / name, waiting))
-            return false;
-    }
-    const auto old = listNames(hidden / kOldMembers);
-    if (!old)
-        return false;
-    for (const std::string& name : *old) {
-        if (replacedBy(name, names).empty())
-            continue;
-        // One that could only be copied aside has left what was not removed yet of it.
-        if (occupied(hidden / kCopiedMembers / name) && !removeTree(folder / name, work))
-            return false;
-        if (!renameItem(hidden / kOldMembers / name, folder / name))
-            return false;
-    }
-    return flushFolder(folder);
 }
 
 } // namespace velmarin

@@ -1,15 +1,12 @@
 #include "files/LineScanner.h"
 
+#include "files/LineReader.h"
+
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace velmarin {
-
-namespace {
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-} // namespace
 
 LineScanner::LineScanner(const ReadOnlyFile& file, std::uint64_t offset)
     : file_(file), window_(kWindow), readTo_(offset) {

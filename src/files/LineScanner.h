@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/TextFile.h"
+#include "files/ReadOnlyFile.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,7 +1,9 @@
 #include "files/StagedMembers.h"
 
-#include "files/Leftovers.h"
+#include "files/FolderItem.h"
+#include "files/MemberSwap.h"
 #include "files/NewFile.h"
+#include "files/RemoveTree.h"
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 #include "files/VerifiedCopy.h"

@@ -1,5 +1,5 @@
 #include "files/TreeCompare.h"
-#include "files/TextFile.h"
+#include "files/ReadOnlyFile.h"
 
 #include <algorithm>
 #include <cstring>

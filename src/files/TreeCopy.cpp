@@ -1,8 +1,8 @@
 #include "files/TreeCopy.h"
 
 #include "files/Descriptor.h"
+#include "files/ReadOnlyFile.h"
 #include "files/SystemCalls.h"
-#include "files/TextFile.h"
 
 #include <algorithm>
 #include <cerrno>

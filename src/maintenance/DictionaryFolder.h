@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/FolderItem.h"
-#include "text/StringRules.h"
+#include "text/Utf8.h"
 
 #include <filesystem>
 #include <string>

@@ -8,8 +8,8 @@
 #include "files/TemporaryName.h"
 #include "files/TreeCompare.h"
 #include "maintenance/DictionaryFolder.h"
-#include "store/DictionaryItem.h"
-#include "text/StringRules.h"
+#include "store/DictionaryMembers.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <cerrno>

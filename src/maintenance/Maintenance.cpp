@@ -8,7 +8,7 @@
 #include "maintenance/WindowsPort.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
-#include "store/DictionaryItem.h"
+#include "store/DictionaryMembers.h"
 
 namespace velmarin {
 

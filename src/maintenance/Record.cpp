@@ -1,6 +1,6 @@
 #include "maintenance/Record.h"
 
-#include "text/StringRules.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 

@@ -1,14 +1,18 @@
 #include "maintenance/Update.h"
 
+#include "files/FolderItem.h"
 #include "files/FolderLock.h"
 #include "files/Leftovers.h"
-#include "files/Move.h"
+#include "files/MemberSwap.h"
+#include "files/Moves.h"
+#include "files/RemoveTree.h"
 #include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
 #include "maintenance/DictionaryFolder.h"
 #include "store/BackupFolder.h"
-#include "store/DictionaryItem.h"
-#include "text/StringRules.h"
+#include "store/DictionaryMembers.h"
+#include "text/LetterCase.h"
+#include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
 #include <algorithm>

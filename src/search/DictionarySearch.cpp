@@ -1,7 +1,8 @@
 #include "search/DictionarySearch.h"
 
-#include "store/Fi_Module.h"
-#include "text/StringRules.h"
+#include "store/TextFileLines.h"
+#include "text/LetterCase.h"
+#include "text/StringFields.h"
 
 #include <algorithm>
 #include <optional>

@@ -5,11 +5,11 @@
 #include "shell/AboutPanel.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
-#include "store/Fi_Module.h"
-#include "text/DicDataModule.h"
+#include "store/UserPreferencesFolder.h"
+#include "text/Grep.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
-#include "text/StringModule.h"
+#include "text/WordDelimiters.h"
 
 #include <QApplication>
 

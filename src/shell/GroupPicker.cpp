@@ -6,8 +6,8 @@
 #include "platform/Busy.h"
 #include "shell/WindowListPort.h"
 #include "shell/WindowServices.h"
-#include "store/Group.h"
-#include "text/StringRules.h"
+#include "store/GroupList.h"
+#include "text/LetterCase.h"
 
 namespace velmarin {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/FolderItem.h"
-#include "search/GroupPicks.h"
+#include "search/SelectedDic.h"
 
 #include <QObject>
 
@@ -22,8 +22,9 @@ class GroupPort {
 
     /// The pop-up is pressed.
     virtual void SelectDicFolPU_MouseDown() = 0;
-    /// Saves the group being left and shows this one. False if it cannot be read: the window then has no group.
-    virtual bool changeGroup(const FolderItem& group) = 0;
+    /// Saves the group being left and shows the one in `folder`. False if it cannot be read: the window then has no
+    /// group.
+    virtual bool changeGroup(const FolderItem& folder) = 0;
     /// The new group is shown, and counts as in use.
     virtual void groupChanged() = 0;
 };

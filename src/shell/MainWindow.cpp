@@ -2,13 +2,10 @@
 
 #include "controls/BevelButton.h"
 #include "controls/QtText.h"
-#include "controls/TabPanel.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
-#include "search/GroupView.h"
-#include "search/HitList.h"
-#include "search/PageDeck.h"
 #include "search/QueryBar.h"
+#include "search/WindowLayout.h"
 #include "shell/MenuBar.h"
 #include "shell/MenuTree.h"
 #include "shell/NoGroupNotice.h"
@@ -20,7 +17,6 @@
 #include "side/SubWindow.h"
 #include "side/SubwindowFile.h"
 #include "text/NilObjectException.h"
-#include "view/SmartCanvas.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -38,7 +34,7 @@ constexpr const char* kTitleWithoutGroup = "VELMARIN";
 MainWindow::MainWindow(const WindowServices& services)
     : services_(services), parts_(*this, *this, services), placement_(*this, services.preferences) {
     makeMenus();
-    connect(parts_.queryBar, &QueryBar::separatelyClicked, this, &MainWindow::SeparatelyCB_Action);
+    connect(parts_.queryBar, &QueryBar::separatelyChanged, this, &MainWindow::SeparatelyCB_Action);
     setTitle(kTitleWithoutGroup);
     placement_.setFirstPlacement(QSize(design::kWindowWidth, design::kWindowHeight), SubwindowSettings{}.width);
     mSetSize();
@@ -90,14 +86,14 @@ void MainWindow::SelectDicFolPU_MouseDown() {
     parts_.sideButton->close();
 }
 
-bool MainWindow::changeGroup(const FolderItem& group) {
+bool MainWindow::changeGroup(const FolderItem& folder) {
     // A pick by keyboard comes without a press on the pop-up.
     parts_.sideButton->close();
     services_.pageImages.close();
     {
         const Busy guard(services_.busy);
         mWritePreferences_DicGroup();
-        ReadDictionaryFolder(group);
+        ReadDictionaryFolder(folder);
     }
     readyForSearch();
     return hasGroup();
@@ -115,8 +111,7 @@ void MainWindow::readyForSearch() {
     parts_.queryBar->SearchEF()->clear();
     parts_.queryBar->SearchEF()->setFocus();
     enableGroupControls(true);
-    parts_.deck->set(0).MainCanvas->dropImage();
-    parts_.deck->set(0).MainCanvas->Refresh();
+    model().tabs.dropPage(0);
 }
 
 void MainWindow::search(const std::string& word) {
@@ -127,7 +122,7 @@ void MainWindow::search(const std::string& word) {
 }
 
 void MainWindow::SeparatelyCB_Action() {
-    if (!state().pProtect)
+    if (!group().pProtect)
         mWritePreferences_DicGroup();
 }
 
@@ -141,20 +136,20 @@ void MainWindow::resetToNoGroup() {
     parts_.sideButton->close();
     leaveGroup();
     parts_.groupPicker->mMakeSelectDicPU();
-    parts_.deck->TB()->setCaption(0, "");
+    model().tabs.setCaption(0, "");
     repaint();
 }
 
-void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
-    const QScopedValueRollback protection(parts_.state.pProtect, true);
-    parts_.hitList->setInfo("");
+void MainWindow::ReadDictionaryFolder(const FolderItem& folder) {
+    const QScopedValueRollback protection(model().group.pProtect, true);
+    model().hits.showInfo("");
     parts_.notice->setReason("");
     try {
         setTitle("");
-        parts_.groupView->read(group);
-        setTitle(state().pDicGroupName);
+        model().opener.read(folder);
+        setTitle(group().pDicGroupName);
         mSetSize();
-        parts_.groupView->mInitialize();
+        model().opener.mInitialize();
     } catch (const NilObjectException& failure) {
         if (!hasGroup()) {
             showNoGroup(failure.what());
@@ -163,16 +158,16 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
         services_.host.MsgBox("Error: ReadDictionaryFolder 0");
     }
     if (hasGroup())
-        services_.windows.setWinItemText(pMyIndex, state().pDicGroupName);
+        services_.windows.setWinItemText(pMyIndex, group().pDicGroupName);
 }
 
 void MainWindow::mSetSize() {
-    const QScopedValueRollback protection(parts_.state.pProtect, true);
+    const QScopedValueRollback protection(model().group.pProtect, true);
     placement_.restore();
 }
 
 void MainWindow::mWritePreferences_DicGroup() {
-    services_.preferences.writeGroup(state(), parts_.queryBar->SeparatelyCB()->isChecked());
+    services_.preferences.writeGroup(group(), model().search.separately());
 }
 
 void MainWindow::mWritePreferences_Window() {
@@ -182,39 +177,39 @@ void MainWindow::mWritePreferences_Window() {
 
 void MainWindow::leaveGroup() {
     parts_.groupPicker->dropPick();
-    parts_.groupView->leave();
+    model().opener.leave();
     enableGroupControls(false);
 }
 
 void MainWindow::showNoGroup(const std::string& reason) {
-    const QScopedValueRollback protection(parts_.state.pProtect, true);
+    const QScopedValueRollback protection(model().group.pProtect, true);
     parts_.sideButton->close();
     leaveGroup();
     setTitle(kTitleWithoutGroup);
     services_.windows.setWinItemText(pMyIndex, std::string(kWinItemWithoutGroup));
     parts_.queryBar->showNoGroup();
-    parts_.hitList->setInfo("");
+    model().hits.showInfo("");
     parts_.notice->setReason(reason);
 }
 
 void MainWindow::TabBackNext_Action(int direction) {
-    parts_.deck->TabBackNext_Action(direction);
+    model().tabs.TabBackNext_Action(direction);
 }
 
 void MainWindow::TabTopTail_Action(int direction) {
-    parts_.deck->TabTopTail_Action(direction);
+    model().tabs.TabTopTail_Action(direction);
 }
 
 void MainWindow::ImageBackNext_Action(int direction) {
-    parts_.deck->mNextBack(direction, parts_.deck->TB()->Value());
+    model().tabs.mNextBack(direction, model().tabs.front());
 }
 
 void MainWindow::ImageUpDown_Action(int direction) {
-    parts_.deck->mUpDown(direction, parts_.deck->TB()->Value());
+    model().tabs.mUpDown(direction, model().tabs.front());
 }
 
 void MainWindow::ImageHistory_Action(int direction) {
-    parts_.deck->ImageHistory_Action(direction);
+    model().tabs.ImageHistory_Action(direction);
 }
 
 void MainWindow::SubwinDic_Action(int) {

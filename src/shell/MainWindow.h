@@ -28,18 +28,19 @@ class MainWindow : public QMainWindow, private GroupPort {
     int pMyIndex = 0;
 
     const MainWindowParts& parts() const { return parts_; }
-    const WindowState& state() const { return parts_.state; }
+    WindowModel& model() { return parts_.model; }
+    const GroupModel& group() const { return parts_.model.group; }
     MenuBar& menus() const { return *menus_; }
 
     std::string title() const { return title_; }
     void setTitle(const std::string& title);
     void bringToFront();
 
-    bool hasGroup() const { return !state().pDictionaryGroupFolder.isNil(); }
+    bool hasGroup() const { return !group().pDictionaryGroupFolder.isNil(); }
     /// Resets to the no-group state without writing anything, and refills the group pop-up.
     void resetToNoGroup();
     /// Shows a group. If its folder cannot be read, says so and leaves the window without a group.
-    void ReadDictionaryFolder(const FolderItem& group);
+    void ReadDictionaryFolder(const FolderItem& folder);
     void mWritePreferences_DicGroup();
     /// Clears the search field and the first tab's page, and enables the controls of a window with a group. Does
     /// nothing without a group.
@@ -65,7 +66,7 @@ class MainWindow : public QMainWindow, private GroupPort {
 
   private:
     void SelectDicFolPU_MouseDown() override;
-    bool changeGroup(const FolderItem& group) override;
+    bool changeGroup(const FolderItem& folder) override;
     void groupChanged() override;
 
     void makeMenus();

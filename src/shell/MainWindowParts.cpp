@@ -4,18 +4,17 @@
 #include "controls/BevelButton.h"
 #include "controls/PopupMenu.h"
 #include "controls/TabPanel.h"
-#include "search/GroupView.h"
 #include "search/HitList.h"
 #include "search/PageDeck.h"
 #include "search/QueryBar.h"
-#include "search/Searcher.h"
+#include "search/WindowLayout.h"
 #include "shell/AboutPanel.h"
-#include "shell/DeckPages.h"
 #include "shell/GroupPicker.h"
 #include "shell/NoGroupNotice.h"
 #include "shell/PageImages.h"
 #include "shell/SideAccess.h"
 #include "shell/SideButton.h"
+#include "shell/TabPages.h"
 #include "shell/WindowListPort.h"
 #include "shell/WindowServices.h"
 
@@ -46,24 +45,23 @@ void addPlacard(QWidget* content, AnchoredLayout& layout) {
 } // namespace
 
 MainWindowParts::MainWindowParts(QMainWindow& window, GroupPort& groupPort, const WindowServices& services)
-    : content(makeContent(window)),
+    : model(services.host, services.busy,
+            [&windows = services.windows]() -> HitModel& { return windows.defaultHits(); }),
+      content(makeContent(window)),
       layout(new AnchoredLayout(content, QSize(design::kWindowWidth, design::kWindowHeight))) {
     groupPicker = new GroupPicker(groupPort, services, content, *layout);
     addPlacard(content, *layout);
-    deck = new PageDeck(state, services.host, content);
-    searcher = std::make_unique<Searcher>(
-        state, *deck, [&windows = services.windows]() -> HitList& { return windows.defaultHitList(); });
-    queryBar = new QueryBar(state, *searcher, *deck, services.host, services.busy, content, *layout);
+    deck = new PageDeck(model.tabs, services.host, content);
+    queryBar = new QueryBar(model.search, model.tabs, *deck, services.busy, content, *layout);
     layout->add(deck->TB(),
                 QRect(design::kTabPanelLeft, design::kTabPanelTop, design::kTabPanelWidth, design::kTabPanelHeight),
                 Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
-    hitList = new HitList(state, *deck, content, *layout);
-    groupView = std::make_unique<GroupView>(state, *deck, *hitList, *queryBar, services.host, *layout);
-    sideAccess = std::make_unique<SideAccess>(window, services, state, *queryBar, *searcher, *deck);
+    hitList = new HitList(model.hits, deck->TB(), content, *layout);
+    sideAccess = std::make_unique<SideAccess>(window, services.preferences, model.group, model.search, *queryBar);
     sideButton = new SideButton(*sideAccess, services, content, *layout);
     about = new AboutPanel(content, *layout);
     notice = std::make_unique<NoGroupNotice>(content, *layout);
-    pages = std::make_shared<DeckPages>(state, *deck);
+    pages = std::make_shared<TabPages>(model.group, model.tabs);
     setTabOrder();
     connectParts(services);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/WindowState.h"
+#include "search/WindowModel.h"
 
 #include <memory>
 
@@ -11,17 +11,15 @@ namespace velmarin {
 
 class AboutPanel;
 class AnchoredLayout;
-class DeckPages;
 class GroupPicker;
 class GroupPort;
-class GroupView;
 class HitList;
 class NoGroupNotice;
 class PageDeck;
 class QueryBar;
-class Searcher;
 class SideAccess;
 class SideButton;
+class TabPages;
 struct WindowServices;
 
 /// The parts of a main window and how they are connected. A part that is a QObject belongs to `content`.
@@ -30,20 +28,18 @@ struct MainWindowParts {
     MainWindowParts(QMainWindow& window, GroupPort& groupPort, const WindowServices& services);
     ~MainWindowParts();
 
-    WindowState state;
+    WindowModel model;
     QWidget* content = nullptr;
     AnchoredLayout* layout = nullptr;
     GroupPicker* groupPicker = nullptr;
     PageDeck* deck = nullptr;
-    std::unique_ptr<Searcher> searcher;
     QueryBar* queryBar = nullptr;
     HitList* hitList = nullptr;
-    std::unique_ptr<GroupView> groupView;
     std::unique_ptr<SideAccess> sideAccess;
     SideButton* sideButton = nullptr;
     AboutPanel* about = nullptr;
     std::unique_ptr<NoGroupNotice> notice;
-    std::shared_ptr<DeckPages> pages;
+    std::shared_ptr<TabPages> pages;
 
   private:
     void setTabOrder() const;

@@ -34,13 +34,13 @@ void MaintenanceAccess::resetToNoGroup(int window) {
 
 std::vector<std::string> MaintenanceAccess::dictionaryNames(int window) const {
     std::vector<std::string> names;
-    for (const auto& item : windows_.window(window).state().pDictionaryItem)
+    for (const auto& item : windows_.window(window).group().pDictionaryItem)
         names.push_back(item->name);
     return names;
 }
 
 std::string MaintenanceAccess::pDicGroupName(int window) const {
-    return windows_.window(window).state().pDicGroupName;
+    return windows_.window(window).group().pDicGroupName;
 }
 
 void MaintenanceAccess::setNewDicPref(std::vector<std::string> lines) {
@@ -52,7 +52,7 @@ bool MaintenanceAccess::hasGroup(int window) const {
 }
 
 void MaintenanceAccess::writeOrderAndPick(int window, const FolderItem& group) {
-    WindowState left;
+    GroupModel left;
     left.pDictionaryGroupFolder = group;
     preferences_.forgetFailures();
     preferences_.writeGroup(left, false);

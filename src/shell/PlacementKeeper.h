@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Group.h"
+#include "store/WindowPlacement.h"
 
 #include <QSize>
 

@@ -1,5 +1,7 @@
 #include "shell/PreferenceWriter.h"
 
+#include "store/GroupPreferences.h"
+
 #include <algorithm>
 
 namespace velmarin {
@@ -15,16 +17,17 @@ std::string withoutPath(std::string reason, const std::string& path) {
 
 } // namespace
 
-void PreferenceWriter::writeGroup(const WindowState& state, bool separately) {
-    const FolderItem& group = state.pDictionaryGroupFolder;
-    if (group.isNil())
+void PreferenceWriter::writeGroup(const GroupModel& group, bool separately) {
+    const FolderItem& folder = group.pDictionaryGroupFolder;
+    if (folder.isNil())
         return;
     GroupPreferences preferences;
-    preferences.groupName = state.pDicGroupName;
+    preferences.groupName = group.pDicGroupName;
     preferences.separately = separately;
-    for (const auto& item : state.pDictionaryItem)
+    for (const auto& item : group.pDictionaryItem)
         preferences.dictionaries.push_back({item->name, item->ImageMode});
-    note((group.path() / "DictionaryPreferences.txt").string(), writeGroupPreferences(group, preferences, newDicPref_));
+    note((folder.path() / "DictionaryPreferences.txt").string(),
+         writeGroupPreferences(folder, preferences, newDicPref_));
 }
 
 std::optional<WindowPlacement> PreferenceWriter::placement() const {

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "files/AtomicFile.h"
-#include "search/WindowState.h"
+#include "search/GroupModel.h"
+#include "store/WindowPlacement.h"
 
 #include <functional>
 #include <map>
@@ -24,9 +25,8 @@ class PreferenceWriter {
                      const std::vector<std::string>& newDicPref)
         : report_(std::move(report)), preferencesFolder_(preferencesFolder), newDicPref_(newDicPref) {}
 
-    /// Writes `DictionaryPreferences.txt` of the window's group; does nothing if there is no group or its folder is
-    /// gone.
-    void writeGroup(const WindowState& state, bool separately);
+    /// Writes `DictionaryPreferences.txt` of the group; does nothing if there is none or its folder is gone.
+    void writeGroup(const GroupModel& group, bool separately);
     /// The last placement of the first window, saved or not; nullopt if it was never saved or moved.
     std::optional<WindowPlacement> placement() const;
     /// Writes the file `MainWindow`.

@@ -2,27 +2,21 @@
 
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
-#include "search/PageDeck.h"
+#include "search/GroupModel.h"
 #include "search/QueryBar.h"
-#include "search/Searcher.h"
+#include "search/SearchModel.h"
 #include "shell/PreferenceWriter.h"
-#include "shell/WindowServices.h"
 
 #include <QMainWindow>
 
 namespace velmarin {
-
-SideAccess::SideAccess(QMainWindow& window, const WindowServices& services, const WindowState& state,
-                       QueryBar& queryBar, Searcher& searcher, const PageDeck& deck)
-    : window_(window), host_(services.host), preferences_(services.preferences), state_(state), queryBar_(queryBar),
-      searcher_(searcher), deck_(deck) {}
 
 QMainWindow* SideAccess::window() {
     return &window_;
 }
 
 FolderItem SideAccess::pDictionaryGroupFolder() {
-    return state_.pDictionaryGroupFolder;
+    return group_.pDictionaryGroupFolder;
 }
 
 void SideAccess::noteWritten(const std::string& path, const WriteResult& result) {
@@ -46,12 +40,7 @@ void SideAccess::setOKBTDefault(bool isDefault) {
 }
 
 void SideAccess::searchAll(const std::string& word) {
-    for (int i = 0; i < static_cast<int>(state_.pDictionaryItem.size()); ++i) {
-        // In list mode only the first has a tab to show its page in.
-        if (i < deck_.setCount())
-            searcher_.mSearch(word, i);
-        host_.Yield();
-    }
+    search_.searchAll(word);
 }
 
 void SideAccess::showProgress() {

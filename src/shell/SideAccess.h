@@ -4,19 +4,17 @@
 
 namespace velmarin {
 
-class Host;
-class PageDeck;
 class PreferenceWriter;
 class QueryBar;
-class Searcher;
-struct WindowState;
-struct WindowServices;
+class SearchModel;
+struct GroupModel;
 
 /// What a side window reaches in its main window.
 class SideAccess : public MainWindowPort {
   public:
-    SideAccess(QMainWindow& window, const WindowServices& services, const WindowState& state, QueryBar& queryBar,
-               Searcher& searcher, const PageDeck& deck);
+    SideAccess(QMainWindow& window, PreferenceWriter& preferences, const GroupModel& group, SearchModel& search,
+               QueryBar& queryBar)
+        : window_(window), preferences_(preferences), group_(group), search_(search), queryBar_(queryBar) {}
 
     QMainWindow* window() override;
     FolderItem pDictionaryGroupFolder() override;
@@ -33,12 +31,10 @@ class SideAccess : public MainWindowPort {
 
   private:
     QMainWindow& window_;
-    Host& host_;
     PreferenceWriter& preferences_;
-    const WindowState& state_;
+    const GroupModel& group_;
+    SearchModel& search_;
     QueryBar& queryBar_;
-    Searcher& searcher_;
-    const PageDeck& deck_;
 };
 
 } // namespace velmarin

@@ -39,7 +39,7 @@ void WindowList::rebuildSelectedDic() {
 
 bool WindowList::isShown(const FolderItem& group) const {
     return std::any_of(windows_.begin(), windows_.end(), [&group](const auto& each) {
-        return each->hasGroup() && each->state().pDictionaryGroupFolder.isSameItem(group);
+        return each->hasGroup() && each->group().pDictionaryGroupFolder.isSameItem(group);
     });
 }
 
@@ -53,8 +53,8 @@ void WindowList::showWinItems() {
         each->menus().setWindowItems(winItems_);
 }
 
-HitList& WindowList::defaultHitList() const {
-    return *windows_.front()->parts().hitList;
+HitModel& WindowList::defaultHits() const {
+    return windows_.front()->model().hits;
 }
 
 bool WindowList::isLastVisible(const QWidget& window) const {

@@ -31,7 +31,7 @@ class WindowList : public WindowListPort {
     bool isShown(const FolderItem& group) const override;
     const std::vector<std::string>& winItems() const override { return winItems_; }
     void setWinItemText(int window, const std::string& text) override;
-    HitList& defaultHitList() const override;
+    HitModel& defaultHits() const override;
     bool isLastVisible(const QWidget& window) const override;
     void activated(int window) override;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/GroupPicks.h"
+#include "search/SelectedDic.h"
 
 #include <string>
 #include <vector>
@@ -10,7 +10,7 @@ class QWidget;
 namespace velmarin {
 
 class FolderItem;
-class HitList;
+class HitModel;
 
 /// What a main window and its parts need to know of all main windows. A window is identified by its position in
 /// `MainWinList`.
@@ -29,8 +29,8 @@ class WindowListPort {
     virtual const std::vector<std::string>& winItems() const = 0;
     virtual void setWinItemText(int window, const std::string& text) = 0;
 
-    /// The hit list of the first window, which shows the hits of all.
-    virtual HitList& defaultHitList() const = 0;
+    /// The hits of the first window, whose list shows those of all.
+    virtual HitModel& defaultHits() const = 0;
     /// Whether no other main window is visible.
     virtual bool isLastVisible(const QWidget& window) const = 0;
     /// The window has come to the front: it is `ActiveMainWin`.

@@ -1,7 +1,8 @@
 #include "side/DictdIndex.h"
 
-#include "text/StringModule.h"
-#include "text/StringRules.h"
+#include "text/CharacterFolding.h"
+#include "text/FindReplace.h"
+#include "text/StringFields.h"
 #include "text/Utf8.h"
 
 #include <algorithm>

@@ -3,11 +3,14 @@
 #include "files/Leftovers.h"
 #include "files/LineScanner.h"
 #include "side/UserDictionary.h"
+#include "text/FindReplace.h"
+#include "text/LetterCase.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
+#include "text/NumberText.h"
 #include "text/RegExMBS.h"
 #include "text/SearchWord.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 #include <algorithm>
 

@@ -1,9 +1,8 @@
 #include "side/DictionaryService.h"
 
-#include "files/TextFile.h"
+#include "files/LineReader.h"
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
-#include "text/StringRules.h"
 #include "text/Utf8.h"
 
 #include <vector>

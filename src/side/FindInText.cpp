@@ -1,6 +1,6 @@
 #include "side/FindInText.h"
 
-#include "text/Utf8.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,8 +1,10 @@
 #include "side/SubwindowFile.h"
 
-#include "files/TextFile.h"
-#include "store/DataModule.h"
-#include "text/StringRules.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
+#include "store/BooleanText.h"
+#include "text/LetterCase.h"
+#include "text/NumberText.h"
 
 namespace velmarin {
 

@@ -2,17 +2,22 @@
 
 #include "files/AtomicFile.h"
 #include "files/Descriptor.h"
+#include "files/FolderItem.h"
 #include "files/Leftovers.h"
-#include "files/Move.h"
+#include "files/LineReader.h"
+#include "files/MemberSwap.h"
+#include "files/Moves.h"
 #include "files/NewFile.h"
+#include "files/ReadOnlyFile.h"
+#include "files/RemoveTree.h"
 #include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
-#include "files/TextFile.h"
 #include "side/DictionaryModule.h"
 #include "side/UserDictionaryIndex.h"
 #include "store/BackupFolder.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/Utf8.h"
 
 #include <array>
 #include <cerrno>

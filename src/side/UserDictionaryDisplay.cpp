@@ -4,7 +4,8 @@
 #include "controls/QtText.h"
 #include "side/LookUpText.h"
 #include "side/TextArea.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 

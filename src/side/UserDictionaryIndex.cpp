@@ -4,9 +4,10 @@
 #include "files/LineScanner.h"
 #include "side/DictionaryModule.h"
 #include "side/UserDictionary.h"
-#include "store/Fi_Module.h"
+#include "store/TextFileLines.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
 
 #include <algorithm>
 

@@ -3,8 +3,8 @@
 #include "platform/Busy.h"
 #include "side/MainWindowPort.h"
 #include "side/UserDictionary.h"
-#include "store/FileTypes1.h"
-#include "text/StringRules.h"
+#include "store/FileType.h"
+#include "text/NumberText.h"
 
 namespace velmarin {
 

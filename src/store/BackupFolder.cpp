@@ -1,7 +1,7 @@
 #include "store/BackupFolder.h"
 
-#include "store/Fi_Module.h"
-#include "text/StringRules.h"
+#include "store/FileNames.h"
+#include "text/NumberText.h"
 #include "text/Utf8.h"
 
 #include <climits>

@@ -1,12 +1,12 @@
 #include "store/DictionaryItem.h"
 
 #include "files/FolderListing.h"
-#include "files/TextFile.h"
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
 
 #include <algorithm>
-#include <array>
 
 namespace velmarin {
 
@@ -41,19 +41,6 @@ void readIndex(const FolderItem& file, DictionaryItem& item) {
 
 } // namespace
 
-void ImageDictionaryMap::set(std::string_view name, int position) {
-    positions_[foldedFileName(name)] = position;
-}
-
-int ImageDictionaryMap::value(std::string_view name) const {
-    const auto found = positions_.find(foldedFileName(name));
-    return found == positions_.end() ? 0 : found->second;
-}
-
-bool ImageDictionaryMap::has(std::string_view name) const {
-    return positions_.contains(foldedFileName(name));
-}
-
 bool MakeDictionaryItem(const FolderItem& folder, DictionaryItem& item, int number) {
     const FolderListing members(folder);
     item.loaded = false;
@@ -74,14 +61,6 @@ bool MakeDictionaryItem(const FolderItem& folder, DictionaryItem& item, int numb
     readIndex(ind, item);
     item.loaded = true;
     return true;
-}
-
-bool mSub_DicOrNot(const FolderItem& item) {
-    if (item.Alias() || !item.Directory())
-        return false;
-    const FolderListing members(item);
-    return std::any_of(kDictionaryMembers.begin(), kDictionaryMembers.end(),
-                       [&](const char* name) { return members.has(name); });
 }
 
 } // namespace velmarin

@@ -2,11 +2,9 @@
 
 #include "files/FolderListing.h"
 #include "files/SystemCalls.h"
-#include "files/TextFile.h"
-#include "store/DataModule.h"
+#include "store/GroupPreferences.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
 
 #include <cerrno>
 #include <unordered_map>
@@ -17,12 +15,6 @@
 namespace velmarin {
 
 namespace {
-
-constexpr std::uint64_t kLargestPreferences = std::uint64_t{1} << 24;
-
-int numberIn(std::string_view field) {
-    return toInt32(CDbl(field));
-}
 
 /// Why access to a folder is refused, as an error number; 0 where it is granted. X_OK is to reach its members, R_OK to
 /// list them.
@@ -82,7 +74,7 @@ class FoundDictionaries {
 };
 
 /// Appends a dictionary and loads it; false where it does not load.
-bool appendAndLoad(const FolderItem& folder, int imageMode, ReadGroup& into) {
+bool appendAndLoad(const FolderItem& folder, int imageMode, Group& into) {
     auto item = std::make_shared<DictionaryItem>();
     item->ImageMode = imageMode;
     into.dictionaries.push_back(item);
@@ -94,12 +86,9 @@ bool appendAndLoad(const FolderItem& folder, int imageMode, ReadGroup& into) {
     }
 }
 
-void readListed(const FolderItem& file, const FolderListing& members, FoundDictionaries& found, ReadGroup& into,
+void readListed(const FolderItem& file, const FolderListing& members, FoundDictionaries& found, Group& into,
                 const std::function<void()>& afterEach) {
-    const auto text = readWholeFile(file, kLargestPreferences);
-    if (!text)
-        throw NilObjectException("The preferences \"" + file.path().native() + "\" could not be opened.");
-    const GroupPreferences preferences = parseGroupPreferences(*text);
+    const GroupPreferences preferences = readGroupPreferences(file);
     into.groupName = preferences.groupName;
     into.separately = preferences.separately;
     for (const GroupPreferences::Entry& entry : preferences.dictionaries) {
@@ -115,54 +104,8 @@ void readListed(const FolderItem& file, const FolderListing& members, FoundDicti
 
 } // namespace
 
-std::vector<GroupRow> listGroups(const FolderItem& dictionaryFolder) {
-    std::vector<GroupRow> rows;
-    for (const FolderItem& item : dictionaryFolder.items()) {
-        FolderItem folder = item.resolved();
-        if (folder.Visible() && folder.Directory())
-            rows.push_back({item.Name(), std::move(folder)});
-    }
-    return rows;
-}
-
-GroupPreferences parseGroupPreferences(std::string_view text) {
-    GroupPreferences preferences;
-    LineReader lines(text);
-    const std::string_view first = lines.ReadLine();
-    preferences.groupName = NthField(first, "\t", 1);
-    preferences.separately = NthField(first, "\t", 2) == "1";
-    while (!lines.EOF_()) {
-        const std::string_view line = lines.ReadLine();
-        preferences.dictionaries.push_back(
-            {.name = std::string(NthField(line, "\t", 1)), .ImageMode = numberIn(NthField(line, "\t", 2))});
-    }
-    return preferences;
-}
-
-std::string formatGroupPreferences(const GroupPreferences& preferences) {
-    std::string text = preferences.groupName + "\t" + mDataMod_ConvertBooleanTo1or0(preferences.separately) + "\t\n";
-    for (const GroupPreferences::Entry& entry : preferences.dictionaries)
-        text += entry.name + "\t" + Str(entry.ImageMode) + "\n";
-    return text;
-}
-
-WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
-                                  const std::vector<std::string>& pNewDicPref) {
-    if (group.isNil() || !group.Exists())
-        return {};
-    std::string text;
-    for (const std::string& line : pNewDicPref)
-        text += line + "\n";
-    if (pNewDicPref.empty())
-        text = formatGroupPreferences(preferences);
-    const FolderItem file = group.Child("DictionaryPreferences.txt");
-    const WriteResult result = writeFileAtomically(file.path(), text);
-    const bool nothingIsLost = !result && readWholeFile(file, kLargestPreferences) == text;
-    return nothingIsLost ? WriteResult{} : result;
-}
-
-ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach) {
-    ReadGroup into;
+Group readGroup(const FolderItem& group, const std::function<void()>& afterEach) {
+    Group into;
     if (!group.Exists()) {
         group.CreateAsFolder();
         MsgBox("Threre are no dictionaries.");
@@ -180,22 +123,6 @@ ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterE
             afterEach();
     }
     return into;
-}
-
-std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder) {
-    const auto text = readWholeFile(preferencesFolder.Child("MainWindow"), kLargestPreferences);
-    if (!text)
-        return std::nullopt;
-    const std::string_view line = LineReader(*text).ReadLine();
-    const auto number = [&](std::size_t n) { return numberIn(NthField(line, "\t", n)); };
-    return WindowPlacement{.left = number(1), .top = number(2), .width = number(3), .height = number(4)};
-}
-
-WriteResult writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement) {
-    std::string line;
-    for (const int number : {placement.left, placement.top, placement.width, placement.height})
-        line += Str(number) + "\t";
-    return writeFileAtomically(preferencesFolder.Child("MainWindow").path(), line + "\n", Durability::RenamedOnly);
 }
 
 } // namespace velmarin

@@ -1,50 +1,19 @@
 #pragma once
 
-#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
 #include "store/DictionaryItem.h"
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace velmarin {
 
-/// A row of the group pop-up: the name as it stands in the folder (an alias's own), and the folder with aliases
-/// followed.
-struct GroupRow {
-    std::string name;
-    FolderItem folder;
-};
-
-/// The groups of a `DictionaryFolder` by name: every visible folder in it, aliases of folders included.
-std::vector<GroupRow> listGroups(const FolderItem& dictionaryFolder);
-
-/// `DictionaryPreferences.txt`, both as a window writes it (with modes) and as the order editor does (names alone).
-struct GroupPreferences {
-    struct Entry {
-        std::string name;
-        int ImageMode = 0;
-    };
-    std::string groupName;
-    bool separately = false;
-    std::vector<Entry> dictionaries;
-};
-GroupPreferences parseGroupPreferences(std::string_view text);
-/// Line 1: name, TAB, "1" or "0", TAB. Then name, TAB, mode, a line each. LF ends.
-std::string formatGroupPreferences(const GroupPreferences& preferences);
-/// Writes `DictionaryPreferences.txt` of a group. Once the order editor has saved, its lines `pNewDicPref` are written
-/// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone. A file that
-/// cannot be written but holds the same already is no failure.
-WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
-                                  const std::vector<std::string>& pNewDicPref = {});
-
 using DictionaryList = std::vector<std::shared_ptr<DictionaryItem>>;
 
 /// A group as read from its folder.
-struct ReadGroup {
+struct Group {
     std::string groupName;
     bool separately = false;
     /// In display order: those of the preferences file (kept even where they fail to load), then the others by name
@@ -64,15 +33,6 @@ struct ReadGroup {
 ///
 /// A nil folder, one that cannot be listed or entered, and a preferences file that cannot be opened raise
 /// NilObjectException: none of them is a group without dictionaries.
-ReadGroup readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
-
-/// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.
-struct WindowPlacement {
-    int left = 0, top = 0, width = 0, height = 0;
-    friend bool operator==(const WindowPlacement&, const WindowPlacement&) = default;
-};
-/// Missing numbers are 0; nothing for a file that is missing or unreadable.
-std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder);
-WriteResult writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement);
+Group readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
 
 } // namespace velmarin

@@ -1,8 +1,12 @@
-#include "files/TextFile.h"
-#include "store/DictionaryItem.h"
-#include "store/Fi_Module.h"
+#include "store/PageList.h"
+
+#include "files/LineReader.h"
+#include "files/ReadOnlyFile.h"
+#include "store/ImageIndex.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
+#include "text/UnicodeForms.h"
 
 #include <algorithm>
 
@@ -30,6 +34,19 @@ PageList readImageIndex(const FolderItem& file, bool captioned) {
 }
 
 } // namespace
+
+void ImageDictionaryMap::set(std::string_view name, int position) {
+    positions_[foldedFileName(name)] = position;
+}
+
+int ImageDictionaryMap::value(std::string_view name) const {
+    const auto found = positions_.find(foldedFileName(name));
+    return found == positions_.end() ? 0 : found->second;
+}
+
+bool ImageDictionaryMap::has(std::string_view name) const {
+    return positions_.contains(foldedFileName(name));
+}
 
 PageList readPageList(const FolderItem& imageFolder) {
     if (const FolderItem captioned = imageFolder.Child("ImageIndex2"); captioned.Exists())

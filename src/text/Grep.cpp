@@ -80,4 +80,11 @@ std::string mStrMod_GrepMBS_ReplaceAll(std::string_view text, std::string_view p
     return lineEndsToLf(expression.ReplaceAll(lineEndsToLf(text), replacement));
 }
 
+std::vector<std::string> pStrMod_Encodings;
+
+void mStrMod_OpenThisModule() {
+    Grep() = markupExpression();
+    pStrMod_Encodings = {"UTF-8", "UTF-16", "MacJapanese", "Shift JIS", "EUC-JP", "MacRoman", "WindowsLatin1"};
+}
+
 } // namespace velmarin

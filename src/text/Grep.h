@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmarin {
 
@@ -39,5 +40,11 @@ std::string mStrMod_GrepMBS_Replace(std::string_view text, std::string_view patt
 /// The same for every match. It has its own expression, so the last match of `Grep` is kept. It works on bytes: each
 /// byte of a character outside ASCII matches `[^\w]`.
 std::string mStrMod_GrepMBS_ReplaceAll(std::string_view text, std::string_view pattern, std::string_view replacement);
+
+/// The names of the known text encodings. Empty until the module is opened.
+extern std::vector<std::string> pStrMod_Encodings;
+
+/// Resets `Grep` and fills `pStrMod_Encodings`. Nothing else in `text/` needs this call.
+void mStrMod_OpenThisModule();
 
 } // namespace velmarin

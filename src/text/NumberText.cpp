@@ -1,4 +1,4 @@
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,6 +1,5 @@
 #include "text/RegExMBS.h"
 
-#include "text/StringRules.h"
 #include "text/Utf8.h"
 
 #include <algorithm>

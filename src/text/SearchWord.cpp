@@ -1,8 +1,11 @@
 #include "text/SearchWord.h"
 
+#include "text/CharacterFolding.h"
+#include "text/FindReplace.h"
 #include "text/Grep.h"
-#include "text/StringModule.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
+#include "text/NumberText.h"
+#include "text/StringFields.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
@@ -22,8 +25,8 @@ class NormalForms {
             char bytes[4];
             set(c, std::string_view(bytes, encodeUtf8(capitalOf(c), bytes)));
         }
-        for (const ConversionTable* table : tables())
-            for (const ConversionRow& row : table->rows)
+        for (const FoldingTable* table : tables())
+            for (const FoldingRow& row : table->rows)
                 set(decodeUtf8(row.find, 0).value, Uppercase(chain(row.find)));
     }
 
@@ -38,13 +41,13 @@ class NormalForms {
         std::uint8_t length;
     };
 
-    static std::vector<const ConversionTable*> tables() {
+    static std::vector<const FoldingTable*> tables() {
         return {&zenToHanAlphTable(),  &zenToHanMarkTable(), &zenToHanNumTable(),
                 &zenToHanSpaceTable(), &kataToHiraTable(),   &removeAccentTable()};
     }
 
     static std::string chain(std::string text) {
-        for (const ConversionTable* table : tables())
+        for (const FoldingTable* table : tables())
             text = table->apply(text);
         return text;
     }

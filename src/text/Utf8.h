@@ -74,7 +74,16 @@ inline char asciiCapital(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 0x20) : c;
 }
 
-/// The capital of a unit. A byte that is not UTF-8 stays unchanged.
-char32_t capitalOf(char32_t unit);
+/// The length of the ASCII run at the start of `text`.
+std::size_t asciiPrefix(std::string_view text);
+
+/// The end of the well-formed run of `text` that starts at `from`; `from` itself if its byte is not well-formed.
+std::size_t wellFormedEnd(std::string_view text, std::size_t from);
+
+/// Whether `text` is well-formed UTF-8.
+bool isValidUtf8(std::string_view text);
+
+/// `text` with each byte outside a well-formed sequence replaced by U+FFFD.
+std::string toValidUtf8(std::string_view text);
 
 } // namespace velmarin

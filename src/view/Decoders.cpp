@@ -1,8 +1,9 @@
 #include "view/Decoders.h"
 
-#include "files/TextFile.h"
-#include "store/Fi_Module.h"
-#include "text/StringRules.h"
+#include "files/ReadOnlyFile.h"
+#include "store/FileNames.h"
+#include "text/LetterCase.h"
+#include "text/NumberText.h"
 #include "view/Formats.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "view/Encoders.h"
 
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
 #include "view/PixTools.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "view/PageImageSize.h"
 
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 #include "view/PageView.h"
 
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 
 #include <algorithm>
 #include <cmath>

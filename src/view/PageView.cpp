@@ -1,9 +1,10 @@
 #include "view/PageView.h"
 
 #include "files/AtomicFile.h"
-#include "store/Fi_Module.h"
+#include "store/FileNames.h"
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
+#include "text/NumberText.h"
 #include "view/Encoders.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "files/FolderItem.h"
 #include "files/FolderListing.h"
 #include "support/TempFolder.h"
+#include "text/LetterCase.h"
 #include "text/NilObjectException.h"
-#include "text/StringRules.h"
 
 #include <gtest/gtest.h>
 

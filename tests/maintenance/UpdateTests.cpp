@@ -2,7 +2,7 @@
 #include "files/FolderLock.h"
 #include "maintenance/Update.h"
 #include "support/TempFolder.h"
-#include "text/StringRules.h"
+#include "text/Utf8.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include "files/FolderItem.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
+#include "text/LetterCase.h"
 #include "text/Message.h"
-#include "text/StringRules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
 #include "search/DictionarySearch.h"
 
 #include "text/Grep.h"
-#include "text/StringModule.h"
 
 #include <gtest/gtest.h>
 

@@ -29,7 +29,7 @@ class FakeWindowList : public WindowListPort {
     bool isShown(const FolderItem&) const override { return false; }
     const std::vector<std::string>& winItems() const override { return captions; }
     void setWinItemText(int, const std::string&) override {}
-    HitList& defaultHitList() const override { throw std::logic_error("a pick has no hits"); }
+    HitModel& defaultHits() const override { throw std::logic_error("a pick has no hits"); }
     bool isLastVisible(const QWidget&) const override { return true; }
     void activated(int) override {}
 };

@@ -217,7 +217,7 @@ TEST(OrderEditor, SavesTheNewOrderWhateverHappensToItsWindow) {
         QApplication::processEvents();
         EXPECT_EQ(openWindow<EditDicDlg>(), nullptr);
         EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), "New\nA\nB\n");
-        EXPECT_EQ(run.window().state().pDictionaryItem.size(), c.shown);
+        EXPECT_EQ(run.window().group().pDictionaryItem.size(), c.shown);
         EXPECT_EQ(run.window().title() == "New", c.shown != 0);
     }
 }

@@ -49,16 +49,16 @@ TEST(PreferenceWriter, ReportsAFailureOncePerFileAndReason) {
 
 TEST(PreferenceWriter, WritesTheLinesOfTheOrderEditorForEveryGroup) {
     Preferences preferences;
-    WindowState none;
+    GroupModel none;
     preferences.writer.writeGroup(none, true);
     for (const char* group : {"G", "H"}) {
-        WindowState state;
-        state.pDictionaryGroupFolder = FolderItem(preferences.files.path() / group);
-        preferences.writer.writeGroup(state, true);
+        GroupModel shown;
+        shown.pDictionaryGroupFolder = FolderItem(preferences.files.path() / group);
+        preferences.writer.writeGroup(shown, true);
         EXPECT_FALSE(std::filesystem::exists(preferences.files.path() / group)) << "its folder is gone";
-        state.pDictionaryGroupFolder.CreateAsFolder();
-        state.pDicGroupName = "Title";
-        preferences.writer.writeGroup(state, true);
+        shown.pDictionaryGroupFolder.CreateAsFolder();
+        shown.pDicGroupName = "Title";
+        preferences.writer.writeGroup(shown, true);
         const auto file = std::filesystem::path(group) / "DictionaryPreferences.txt";
         EXPECT_EQ(preferences.files.read(file), preferences.newDicPref.empty() ? "Title\t1\t\n" : "New\nB\nA\n");
         preferences.newDicPref = {"New", "B", "A"};

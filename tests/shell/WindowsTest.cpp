@@ -71,7 +71,7 @@ TEST(Windows, NoGroupIsShownInTwo) {
         else
             run.pick(step.pick, step.window);
         const bool none = *step.shown == '\0';
-        EXPECT_EQ(none ? "" : window.state().pDictionaryGroupFolder.Name(), step.shown);
+        EXPECT_EQ(none ? "" : window.group().pDictionaryGroupFolder.Name(), step.shown);
         EXPECT_EQ(window.hasGroup(), !none);
         EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", step.window)->ListIndex() < 0, none);
     }

@@ -2,7 +2,6 @@
 
 #include "DictdFixture.h"
 #include "side/DictdIndex.h"
-#include "text/StringRules.h"
 
 #include <algorithm>
 #include <random>

@@ -1,6 +1,6 @@
 #include "side/FindInText.h"
 
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
 
 #include <random>
 #include <string>

@@ -2,7 +2,7 @@
 
 #include "support/CollectedMessages.h"
 #include "support/TempFolder.h"
-#include "text/StringRules.h"
+#include "text/LetterCase.h"
 
 #include <random>
 

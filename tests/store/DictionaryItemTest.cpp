@@ -1,4 +1,5 @@
 #include "store/DictionaryItem.h"
+#include "store/DictionaryMembers.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"

@@ -1,5 +1,10 @@
-#include "store/Fi_Module.h"
-#include "store/DataModule.h"
+#include "store/CopyAndMove.h"
+#include "store/DateName.h"
+#include "store/FileNames.h"
+#include "store/ImageIndex.h"
+#include "store/PictureFormats.h"
+#include "store/TextFileLines.h"
+#include "store/UserPreferencesFolder.h"
 #include "support/CollectedMessages.h"
 #include "support/TempFolder.h"
 

@@ -1,4 +1,7 @@
 #include "store/Group.h"
+#include "store/GroupList.h"
+#include "store/GroupPreferences.h"
+#include "store/WindowPlacement.h"
 #include "support/CollectedMessages.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
@@ -27,7 +30,7 @@ DictionaryBuilder bad(const std::string& name) {
 }
 
 /// "name:mode:entries" of each, with "-" for one that did not load.
-Names shown(const ReadGroup& group) {
+Names shown(const Group& group) {
     Names rows;
     for (std::size_t i = 0; i < group.dictionaries.size(); ++i) {
         const DictionaryItem& item = *group.dictionaries[i];
@@ -94,7 +97,7 @@ TEST(Reading, GivesTheDictionariesInDisplayOrder) {
         SCOPED_TRACE(each.reason);
         const TempFolder folder;
         int calls = 0;
-        const ReadGroup read = readGroup(FolderItem(each.group.writeTo(folder.path())), [&] { ++calls; });
+        const Group read = readGroup(FolderItem(each.group.writeTo(folder.path())), [&] { ++calls; });
         EXPECT_EQ(shown(read), each.dictionaries);
         EXPECT_EQ(read.groupName, each.name);
         EXPECT_EQ(read.separately, each.separately);
@@ -137,7 +140,7 @@ TEST(Reading, AFolderThatCannotBeListedIsAnError) {
     fs::permissions(own, fs::perms(0755));
     for (const char* name : {"a", "B"})
         fs::permissions(own / name, fs::perms(0));
-    const ReadGroup read = readGroup(FolderItem(own));
+    const Group read = readGroup(FolderItem(own));
     for (const char* name : {"a", "B"})
         fs::permissions(own / name, fs::perms(0755));
     EXPECT_EQ(shown(read), (Names{"B:1:-", "C:0:3"})) << "what is listed keeps its place";
@@ -151,7 +154,7 @@ TEST(Reading, ADictionaryThatCannotBeOpenedKeepsItsPlaceAndTheOthersAreRead) {
                              .dictionary(good("E").without("ind").member("ind/x", ""))
                              .writeTo(folder.path());
     folder.write("G/DictionaryPreferences.txt", "Name\t1\t\nC\t1\nD\t1\na\t1\n");
-    const ReadGroup read = readGroup(FolderItem(own));
+    const Group read = readGroup(FolderItem(own));
     EXPECT_EQ(shown(read), (Names{"C:1:3", "D:1:-", "a:1:3", "B:2:3"})) << "E is not listed, and so drops out";
     ASSERT_EQ(read.failures.size(), 2u);
     EXPECT_NE(read.failures[0].find("/D/ind"), std::string::npos) << read.failures[0];

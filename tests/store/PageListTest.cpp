@@ -1,5 +1,5 @@
+#include "store/PageList.h"
 #include "files/FolderItem.h"
-#include "store/DictionaryItem.h"
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"
 

@@ -1,6 +1,5 @@
 #include "text/Grep.h"
 #include "support/CollectedMessages.h"
-#include "text/StringModule.h"
 
 #include <gtest/gtest.h>
 #include <vector>

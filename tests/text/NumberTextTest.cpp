@@ -1,4 +1,5 @@
-#include "text/StringRules.h"
+#include "text/NumberText.h"
+#include "text/FindReplace.h"
 
 #include <cmath>
 #include <gtest/gtest.h>

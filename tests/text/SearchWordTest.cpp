@@ -1,7 +1,9 @@
 #include "text/SearchWord.h"
 #include "RandomText.h"
-#include "text/StringModule.h"
-#include "text/StringRules.h"
+#include "text/CharacterFolding.h"
+#include "text/FindReplace.h"
+#include "text/LetterCase.h"
+#include "text/Utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -29,12 +31,12 @@ TEST(SearchWord, FoldsTheWaysToTypeOneWord) {
     }
 }
 
-const ConversionTable* const tables[] = {&zenToHanAlphTable(),  &zenToHanMarkTable(), &zenToHanNumTable(),
-                                         &zenToHanSpaceTable(), &kataToHiraTable(),   &removeAccentTable()};
+const FoldingTable* const tables[] = {&zenToHanAlphTable(),  &zenToHanMarkTable(), &zenToHanNumTable(),
+                                      &zenToHanSpaceTable(), &kataToHiraTable(),   &removeAccentTable()};
 
 std::string rowByRow(std::string text) {
-    for (const ConversionTable* table : tables)
-        for (const ConversionRow& row : table->rows)
+    for (const FoldingTable* table : tables)
+        for (const FoldingRow& row : table->rows)
             text = table->caseRule == CaseRule::ByteExact ? ReplaceAllB(text, row.find, row.replacement)
                                                           : ReplaceAll(text, row.find, row.replacement);
     return Uppercase(text);
@@ -42,8 +44,8 @@ std::string rowByRow(std::string text) {
 
 TEST(SearchWord, EqualsTheChainOfAllRows) {
     std::vector<std::string> pieces;
-    for (const ConversionTable* table : tables)
-        for (const ConversionRow& row : table->rows) {
+    for (const FoldingTable* table : tables)
+        for (const FoldingRow& row : table->rows) {
             pieces.push_back(row.find);
             pieces.push_back(row.find.substr(0, row.find.size() - 1));
             ASSERT_EQ(mSub_MakeSearchWord(row.find), rowByRow(row.find));

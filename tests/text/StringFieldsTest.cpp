@@ -1,5 +1,8 @@
+#include "text/StringFields.h"
 #include "RandomText.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/LetterCase.h"
+#include "text/Utf8.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include "make_samples/Parsers.h"
 #include "make_samples/Text.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
 
 namespace velmarin {
 namespace {

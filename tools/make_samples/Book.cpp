@@ -11,6 +11,7 @@
 #include "make_samples/Press.h"
 #include "make_samples/Processes.h"
 #include "make_samples/Text.h"
+#include "text/Utf8.h"
 
 namespace velmarin {
 

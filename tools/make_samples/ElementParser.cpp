@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "make_samples/Text.h"
-#include "text/StringRules.h"
+#include "text/Utf8.h"
 
 namespace velmarin {
 

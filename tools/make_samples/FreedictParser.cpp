@@ -6,7 +6,7 @@
 #include <set>
 
 #include "make_samples/Text.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 

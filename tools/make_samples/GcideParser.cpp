@@ -10,7 +10,7 @@
 #include <utf8proc.h>
 
 #include "make_samples/Text.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
 
 namespace velmarin {
 

@@ -12,6 +12,7 @@
 #include <utf8proc.h>
 
 #include "make_samples/Text.h"
+#include "text/Utf8.h"
 
 namespace velmarin {
 

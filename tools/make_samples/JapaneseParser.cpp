@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "make_samples/Text.h"
-#include "text/StringRules.h"
+#include "text/StringFields.h"
 
 namespace velmarin {
 

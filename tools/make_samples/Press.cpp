@@ -9,7 +9,8 @@
 #include <pango/pangofc-fontmap.h>
 
 #include "make_samples/Text.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
+#include "text/LetterCase.h"
 
 namespace velmarin {
 

@@ -5,7 +5,7 @@
 
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
-#include "text/StringRules.h"
+#include "text/FindReplace.h"
 
 namespace velmarin {
 

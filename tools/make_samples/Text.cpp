@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/StringRules.h"
+#include "text/Utf8.h"
 
 namespace velmarin {
 

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "text/RegExMBS.h"
-#include "text/Utf8.h"
 
 namespace velmarin {
 

@@ -8,7 +8,7 @@
 #include <set>
 
 #include "make_samples/Text.h"
-#include "text/StringRules.h"
+#include "text/Utf8.h"
 
 namespace velmarin {
 

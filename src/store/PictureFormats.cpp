@@ -1,0 +1,7 @@
+#include "store/PictureFormats.h"
+
+namespace velmarin {
+
+std::set<std::string> pPictureExtensions = {"tif", "tiff", "jpg", "jpeg", "pict", "pct", "bmp", "png"};
+
+} // namespace velmarin

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "files/AtomicFile.h"
+#include "files/FolderItem.h"
+
+#include <optional>
+
+namespace velmarin {
+
+/// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.
+struct WindowPlacement {
+    int left = 0, top = 0, width = 0, height = 0;
+    friend bool operator==(const WindowPlacement&, const WindowPlacement&) = default;
+};
+/// Missing numbers are 0; nothing for a file that is missing or unreadable.
+std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder);
+WriteResult writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement);
+
+} // namespace velmarin

@@ -4,7 +4,6 @@
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
-#include "shell/SideButton.h"
 #include "view/SmartCanvas.h"
 
 #include <QApplication>
@@ -13,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +78,44 @@ TEST(Windows, NoGroupIsShownInTwo) {
     EXPECT_EQ(run.app().module().pSelectedDicTag,
               "You cant select following items which are already selected: \rOne\rTwo");
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+}
+
+TEST(Windows, APickDuringASearchWaitsAndARefusedOneRestoresTheGroup) {
+    Started run({fruitGroup("Few", 3), fruitGroup("Free", 1), fruitGroup("Used", 1)});
+    run.pick("Few");
+    run.app().mMakeNewMainWin();
+    run.pick("Used", 1);
+    for (const std::string group : {"Used", "Free"}) {
+        bool picked = false;
+        run.host.onYield = [&] {
+            if (std::exchange(picked, true))
+                return;
+            run.pick(group);
+            run.pick(group);
+            EXPECT_EQ(run.window().group().pDictionaryGroupFolder.Name(), "Few") << "it changed during the search";
+        };
+        run.search("banana");
+        QTest::qWait(0);
+        const std::string expected = group == "Free" ? "Free" : "Few";
+        EXPECT_EQ(run.window().group().pDictionaryGroupFolder.Name(), expected);
+        const auto* groups = run.control<PopupMenu>("SelectDicFolPU");
+        EXPECT_EQ(groups->List(groups->ListIndex()), expected);
+    }
+}
+
+TEST(Windows, WithoutGroupsTheToolTipOfThePopUpSaysWhereTheyBelong) {
+    Started run;
+    run.start();
+    auto* groups = run.control<PopupMenu>("SelectDicFolPU");
+    const auto help = [groups] {
+        emit groups->aboutToChoose();
+        return fromQ(groups->toolTip());
+    };
+    EXPECT_NE(help().find("no dictionaries yet"), std::string::npos);
+    EXPECT_NE(help().find((run.folder() / "DictionaryFolder").string()), std::string::npos);
+    std::filesystem::remove(run.folder() / "DictionaryFolder");
+    run.files().write("DictionaryFolder", "a file");
+    EXPECT_NE(help().find("could not be read"), std::string::npos);
 }
 
 TEST(Windows, AreMadeUntilGroupsRunOutAndThenTheVersionIsAppended) {

@@ -183,7 +183,13 @@ TEST(OrderEditor, SavesTheNewOrderWhateverHappensToItsWindow) {
              run.pick("G", 1);
          },
          0},
-        {"the window was closed", [](Started& run) { run.window().close(); }, 0},
+        {"the window was closed, and its group is free",
+         [](Started& run) {
+             run.window().close();
+             run.app().commands().run("Cons_FileNew", 0);
+             run.pick("H", 1);
+         },
+         0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.reason);

@@ -127,8 +127,7 @@ TEST(Placement, IsSavedOnceTheUserMovesTheWindow) {
     window.move(25, 35);
     window.move(26, 36);
     EXPECT_EQ(preferences.reported.size(), 1U);
-    window.keeper.restore();
-    EXPECT_EQ(window.pos(), QPoint(26, 36)) << "what could not be saved lasts for the run";
+    EXPECT_EQ(PlacedWindow(preferences).pos(), QPoint(26, 36)) << "what could not be saved lasts for the run";
 }
 
 } // namespace

@@ -15,7 +15,7 @@ constexpr std::string_view kPageOpening = "<@_";
 constexpr std::string_view kErrataOpening = "<^_";
 constexpr std::string_view kClosing = "_>";
 
-/// The name that begins there: at least one character, up to the next closing.
+/// The name that begins at `begin`: at least one character, up to the next closing.
 std::optional<std::string_view> nameAt(std::string_view text, std::size_t begin) {
     const std::size_t end = text.find(kClosing, begin + 1);
     if (end == std::string_view::npos)
@@ -27,7 +27,7 @@ std::string readTxtLine(DictionaryItem& item, std::size_t number) {
     const IndexedTextFile::Line line = item.txtLines.line(number);
     if (line.status != IndexedTextFile::Status::NoFile)
         return line.text;
-    // The plain reader owns the messages about a file that is not there.
+    // The plain reader reports a missing file.
     std::vector<std::string> lines;
     const int n = static_cast<int>(number);
     mFiMod_GetTextFiLinesByLineNums(item.TxtFi, {n, n}, lines);
@@ -45,7 +45,7 @@ TxtLine parseTxtLine(std::string_view line) {
     TxtLine result;
     if (const std::size_t at = line.find(kPageOpening); at != std::string_view::npos)
         result.imageName = nameAt(line, at + kPageOpening.size()).value_or("");
-    // What is left before the place reached once the markers are out: an opening can lie across a gap.
+    // What remains before the current place with the markers removed. An opening can begin there and end in `rest`.
     std::string before;
     std::string_view rest = line;
     while (true) {
@@ -71,8 +71,7 @@ TxtLine parseTxtLine(std::string_view line) {
 }
 
 SearchResult searchDictionary(std::string_view query, DictionaryItem& item, SearchForm form) {
-    // The index holds upper-case forms, so the query's word is compared as one: a digraph that was encoded after the
-    // common form stands in it in small letters.
+    // The index holds upper-case forms, but the Spanish order encodes digraphs as small letters.
     const std::string word = Uppercase(querySearchWord(query, item.order, form == SearchForm::List));
     SearchResult result;
     result.place = item.IND.firstGreater(word);

@@ -4,7 +4,7 @@
 
 namespace velmarin {
 
-/// Shows what a HitModel tells it to: the list `LB` and the label `InfoST` of one main window.
+/// The list `LB` and the label `InfoST` of one main window, as a HitModel tells them what to show.
 class HitDisplay {
   public:
     virtual ~HitDisplay() = default;

@@ -11,9 +11,9 @@ namespace velmarin {
 
 class PageTabs;
 
-/// The hit list of one main window: the rows of its list `LB`, and the hits of its last list-mode search, one per
-/// dictionary searched. Row n shows hit n as long as the window is the first one: rows of every window's search go to
-/// the first window's list, hits stay with the window that searched.
+/// The hits of one main window's last list-mode search, one per dictionary, and the rows of its list `LB`. The rows of
+/// every window's search go to the first window's list; the hits remain with the window that searched. A row that is
+/// chosen shows the hit of that number in its own window.
 class HitModel {
   public:
     HitModel(const GroupModel& group, PageTabs& tabs) : group_(group), tabs_(tabs) {}
@@ -30,7 +30,7 @@ class HitModel {
 
     const std::vector<HitItem>& pHiteItems() const { return pHiteItems_; }
     void clearHits() { pHiteItems_.clear(); }
-    /// Adds the hit of a dictionary, without a page so far.
+    /// Adds the hit of a dictionary, still without a page.
     HitItem& addHit(int dicIndex);
 
     /// Shows the hit of a row in the first tab; a row without a hit (-1 for none) only removes the message about the

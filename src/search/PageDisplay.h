@@ -11,14 +11,14 @@ namespace velmarin {
 struct PageOutcome {
     /// The file was decoded and is shown.
     bool shown = false;
-    /// A page is shown: this one, or after a failure the one before it, if the display has kept that.
+    /// Some page is shown: this one, or after a failure perhaps the one before it.
     bool anyPage = false;
     /// Why the page is not shown, or what is damaged in it; empty if all is well.
     std::string problem;
 };
 
-/// Shows what a PageTab tells it to: the page controls of one tab. It decides nothing, and is never asked for what it
-/// shows.
+/// The page controls of one tab, as a PageTab tells them what to show. They decide nothing, and are never asked what
+/// they show.
 class PageDisplay {
   public:
     virtual ~PageDisplay() = default;

@@ -12,11 +12,11 @@ namespace velmarin {
 /// The state of one tab: the page shown, the cursors in the page list and in the history, the errata and the fit. It
 /// tells its display of each change.
 ///
-/// The cursors count as the menus do: the value of `BVjump` is a position in the page list, the value of `BVHistory`
-/// less kHistoryRowsBeforePages one in the history.
+/// The cursors are menu values: that of `BVjump` is a position in the page list, that of `BVHistory` less
+/// kHistoryRowsBeforePages one in the history.
 class PageTab {
   public:
-    /// @param display shows an empty tab, and outlives this
+    /// @param display shows an empty tab, and must outlive this
     explicit PageTab(PageDisplay& display) : display_(&display) {}
 
     void reset();

@@ -11,7 +11,7 @@ namespace velmarin {
 
 namespace {
 
-const std::string kFirstCaption = "Tab 0";
+constexpr const char* kFirstCaption = "Tab 0";
 
 } // namespace
 

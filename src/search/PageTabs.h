@@ -41,8 +41,8 @@ class PageTabs {
     int pListMode_CurrentDicNum() const { return pListMode_CurrentDicNum_; }
     void setCurrentDicNum(int dicIndex) { pListMode_CurrentDicNum_ = dicIndex; }
 
-    /// Shows a page by its name; the road of all pages but those of chosen hits. Does nothing for an empty name, and
-    /// for the page that the tab shows.
+    /// Shows a page by its name. Does nothing for an empty name, and for the name that the tab shows. All pages but
+    /// those of chosen hits are shown by this.
     void mSetPicture(const std::string& name, int tabIndex, bool addToHistory);
     /// Direction 1 is a page forward, any other a page back.
     void mNextBack(int direction, int tabIndex);

@@ -9,11 +9,11 @@ enum class QueryRoute {
     List,       ///< Every dictionary, into the hit list.
     FrontTab,   ///< The dictionary of the tab in front.
     AllTabs,    ///< Every dictionary, each into its tab.
-    Unexpected, ///< The Shift key changed between the two looks at it.
+    Unexpected, ///< The Shift key changed between the two times that it was read.
 };
 
-/// Decides by the check box "Search separately" and the Shift key, which is read from the keyboard at each look: once
-/// for the front tab, and afresh for all tabs.
+/// Decides by the check box "Search separately" and the Shift key, which is read once for the front tab and again for
+/// all tabs.
 QueryRoute routeQuery(bool listMode, bool separately, const std::function<bool()>& shiftHeld);
 
 } // namespace velmarin

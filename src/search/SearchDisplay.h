@@ -2,7 +2,7 @@
 
 namespace velmarin {
 
-/// Shows what a SearchModel tells it to: the check box and the progress bar of one main window.
+/// The check box and the progress bar of one main window, as a SearchModel tells them what to show.
 class SearchDisplay {
   public:
     virtual ~SearchDisplay() = default;

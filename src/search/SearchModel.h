@@ -13,8 +13,8 @@ class Host;
 class PageTabs;
 struct GroupModel;
 
-/// The searches of one main window: decides which dictionaries a query goes to, takes it there, and shows what comes of
-/// it in their tabs or in the hit list.
+/// The searches of one main window: decides which dictionaries a query goes to, and shows the results in their tabs or
+/// in the hit list.
 class SearchModel {
   public:
     /// The first main window's hit list, to which the rows of every window go.

@@ -7,7 +7,7 @@ namespace velmarin {
 class FolderItem;
 class PageDisplay;
 
-/// Shows what a PageTabs tells it to: the tab panel of one main window.
+/// The tab panel of one main window, as a PageTabs tells it what to show.
 class TabDisplay {
   public:
     virtual ~TabDisplay() = default;

@@ -8,7 +8,7 @@
 
 namespace velmarin {
 
-/// The state of one main window, in its parts. Each part but the group is to be given its display before use.
+/// The state of one main window in its parts. The tabs, the hits and the search are given their displays before use.
 struct WindowModel {
     WindowModel(Host& host, BusyState& busy, SearchModel::DefaultHits defaultHits)
         : search(group, tabs, hits, std::move(defaultHits), host, busy), opener(group, tabs, hits, search, host) {}

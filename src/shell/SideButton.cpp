@@ -2,6 +2,7 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
+#include "platform/Desktop.h"
 #include "shell/WindowServices.h"
 #include "side/MainWindowPort.h"
 #include "side/SubWindow.h"
@@ -34,8 +35,10 @@ void SideButton::SubWinBV_Action() {
     SubWinBV_->setChecked(false);
     if (mainWindow_.pDictionaryGroupFolder().isNil())
         return;
-    SideServices services{
-        .host = services_.host, .busy = services_.busy, .preferencesFolder = services_.pThis_PreferencesFolder};
+    SideServices services{.host = services_.host,
+                          .busy = services_.busy,
+                          .preferencesFolder = services_.pThis_PreferencesFolder,
+                          .desktop = FolderItem(desktopFolder())};
     pMySubWin_ = new SubWindow(mainWindow_, services, hangingFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {
         if (pMySubWin_ == opened)

@@ -56,8 +56,8 @@ std::optional<ChunkTable> chunkTable(std::string_view extra) {
     return std::nullopt;
 }
 
-/// Behind the zero that ends a text in the header; npos where there is none.
-std::size_t behindText(std::string_view header, std::size_t at) {
+/// The position after the zero that ends a text in the header; npos if there is none.
+std::size_t afterText(std::string_view header, std::size_t at) {
     const std::size_t end = at == std::string_view::npos ? at : header.find('\0', at);
     return end == std::string_view::npos ? end : end + 1;
 }
@@ -91,9 +91,9 @@ bool DictZip::readHeader() {
         return false;
     at += extraSize;
     if ((flags & kHasName) != 0)
-        at = behindText(bytes, at);
+        at = afterText(bytes, at);
     if ((flags & kHasComment) != 0)
-        at = behindText(bytes, at);
+        at = afterText(bytes, at);
     if (at == std::string_view::npos)
         return false;
     if ((flags & kHasHeaderCrc) != 0)

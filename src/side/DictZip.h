@@ -11,15 +11,15 @@
 namespace velmarin {
 
 /// The text of a dictionary in the dictd format, `*.dict` or `*.dict.dz`, read piece by piece. The latter is dictzip: a
-/// gzip file (RFC 1952) whose header has an extra field "RA" with the lengths of its chunks, each of which can be
-/// inflated by itself (dictzip(1)).
+/// gzip file (RFC 1952) whose header has an extra field "RA" with the lengths of its chunks. Each chunk can be inflated
+/// on its own (dictzip(1)).
 class DictZip {
   public:
-    /// Nothing where the file cannot be read, or is compressed without a table of chunks, or its table is damaged.
+    /// Returns nullopt if the file cannot be read, or is compressed without a table of chunks, or that is damaged.
     static std::optional<DictZip> open(const FolderItem& file);
 
-    /// `size` bytes from `offset` of the uncompressed text; nothing where they are not all there, or are damaged, or
-    /// are more than kLongestPiece.
+    /// `size` bytes of the uncompressed text from `offset`; nullopt if some are missing or damaged, or if there are
+    /// more than kLongestPiece.
     std::optional<std::string> read(std::uint64_t offset, std::uint64_t size) const;
 
     FileStamp stamp() const { return file_.stamp(); }
@@ -34,7 +34,7 @@ class DictZip {
     ReadOnlyFile file_;
     /// 0 for text that is not compressed.
     std::uint32_t chunkLength_ = 0;
-    /// Where each chunk begins in the file, and where the last one ends.
+    /// Where each chunk begins in the file, and at last where the last one ends.
     std::vector<std::uint64_t> chunkAt_;
 };
 

@@ -13,7 +13,7 @@ namespace velmarin {
 
 namespace {
 
-/// How much of the index is looked through line by line at the end of a bisection.
+/// The bisection ends when this much of the index is left; that is read line by line.
 constexpr std::uint64_t kBlock = 128;
 
 bool isAsciiLetterOrDigit(char c) {
@@ -24,7 +24,7 @@ char asciiSmall(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
 }
 
-/// The number, most significant digit first; nothing where a character is no digit or it does not fit.
+/// The number, most significant digit first; nullopt if it has another character or is too large.
 std::optional<std::uint64_t> base64Number(std::string_view text) {
     constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     constexpr std::size_t kMostDigits = 10;
@@ -56,7 +56,7 @@ std::string_view withoutEndBlanks(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-bool tellsOfTheDictionary(std::string_view word) {
+bool describesDictionary(std::string_view word) {
     return word.starts_with("00-database") || word.starts_with("00database");
 }
 
@@ -72,7 +72,7 @@ std::string smallLetters(std::string_view text) {
     return small;
 }
 
-/// Without what is neither a letter (its marks included), a digit nor a blank.
+/// Only letters with their marks, digits and blanks are kept.
 std::string lettersAndDigits(std::string_view text) {
     std::string kept;
     for (std::size_t pos = 0; pos < text.size();) {
@@ -87,7 +87,7 @@ std::string lettersAndDigits(std::string_view text) {
     return kept;
 }
 
-/// In ISO 8859-1; nothing where that cannot hold it.
+/// In ISO 8859-1; nullopt if that lacks a character.
 std::optional<std::string> latin1(std::string_view text) {
     std::string bytes;
     for (std::size_t pos = 0; pos < text.size();) {
@@ -100,7 +100,7 @@ std::optional<std::string> latin1(std::string_view text) {
     return bytes;
 }
 
-/// Blanks at the ends off, those inside one each.
+/// Without blanks at the ends, and with one blank for several inside.
 std::string squeezed(std::string_view text) {
     std::string result;
     for (const char c : text)
@@ -141,8 +141,8 @@ std::optional<DictdIndex::Line> DictdIndex::lineAt(std::uint64_t begin) const {
         const std::size_t end = read.find('\n');
         text += read.substr(0, end);
         if (end != std::string_view::npos) {
-            const std::uint64_t behind = begin + text.size() + 1;
-            return Line{std::move(text), behind};
+            const std::uint64_t next = begin + text.size() + 1;
+            return Line{std::move(text), next};
         }
     }
     if (text.empty() || text.size() >= kLongestLine)
@@ -150,7 +150,7 @@ std::optional<DictdIndex::Line> DictdIndex::lineAt(std::uint64_t begin) const {
     return Line{std::move(text), size_};
 }
 
-std::uint64_t DictdIndex::lineStartBehind(std::uint64_t position, std::uint64_t limit) const {
+std::uint64_t DictdIndex::lineStartAfter(std::uint64_t position, std::uint64_t limit) const {
     while (position < limit) {
         char block[256];
         const std::size_t got = file_.read(position, block, std::min<std::uint64_t>(sizeof block, limit - position));
@@ -169,7 +169,7 @@ std::uint64_t DictdIndex::lowerBound(std::string_view key) const {
     std::uint64_t high = size_;
     while (high - low > kBlock) {
         const std::uint64_t half = low + (high - low) / 2;
-        const std::uint64_t middle = lineStartBehind(half, high);
+        const std::uint64_t middle = lineStartAfter(half, high);
         const auto line = middle < high ? lineAt(middle) : std::nullopt;
         if (line && this->key(wordOf(line->text)) < key)
             low = line->end;
@@ -191,11 +191,11 @@ void DictdIndex::appendEntries(std::string_view word, std::vector<DictdPlace>& p
     std::uint64_t at = lowerBound(wanted);
     while (const auto line = lineAt(at)) {
         const std::string_view found = wordOf(line->text);
-        // Some makers leave a blank behind a word.
+        // Some programs that make indexes leave a blank after a word.
         if (withoutEndBlanks(key(found)) != wanted)
             break;
         const auto place = placeOf(line->text);
-        if (place && !tellsOfTheDictionary(found) && std::find(places.begin(), places.end(), *place) == places.end())
+        if (place && !describesDictionary(found) && std::find(places.begin(), places.end(), *place) == places.end())
             places.push_back(*place);
         at = line->end;
     }
@@ -204,7 +204,7 @@ void DictdIndex::appendEntries(std::string_view word, std::vector<DictdPlace>& p
 std::vector<DictdPlace> DictdIndex::places() const {
     std::vector<DictdPlace> places;
     for (auto line = lineAt(0); line; line = lineAt(line->end))
-        if (const auto place = placeOf(line->text); place && !tellsOfTheDictionary(wordOf(line->text)))
+        if (const auto place = placeOf(line->text); place && !describesDictionary(wordOf(line->text)))
             places.push_back(*place);
     std::sort(places.begin(), places.end());
     places.erase(std::unique(places.begin(), places.end()), places.end());
@@ -212,13 +212,13 @@ std::vector<DictdPlace> DictdIndex::places() const {
 }
 
 void DictdIndex::readFlags() {
-    // Whether hyphens count is itself told by a flag, so that the flags are looked for under both orders.
+    // Whether hyphens count depends on a flag that is sorted by that rule itself, so both orders are tried.
     bool allChars = false;
     for (const bool order : {false, true}) {
         allChars_ = order;
         for (const std::string_view start : {"00-database", "00database"}) {
             std::uint64_t at = lowerBound(key(start));
-            for (auto line = lineAt(at); line && tellsOfTheDictionary(wordOf(line->text)); line = lineAt(line->end)) {
+            for (auto line = lineAt(at); line && describesDictionary(wordOf(line->text)); line = lineAt(line->end)) {
                 const std::string flag = ReplaceAllB(wordOf(line->text), "-", "");
                 allChars = allChars || flag == "00databaseallchars";
                 caseSensitive_ = caseSensitive_ || flag == "00databasecasesensitive";
@@ -241,7 +241,7 @@ std::vector<std::string> DictdIndex::spellings(std::string_view word) const {
     }
     if (!caseSensitive_)
         spellings.front() = smallLetters(spellings.front());
-    // The program that made the index may have counted marks beyond ASCII as letters, or not.
+    // Programs that make indexes differ in whether they count marks beyond ASCII as letters.
     if (!allChars_)
         spellings.push_back(squeezed(lettersAndDigits(spellings.front())));
     return spellings;

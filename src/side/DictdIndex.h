@@ -12,39 +12,39 @@
 
 namespace velmarin {
 
-/// Where an entry stands in a dictionary's text, in bytes.
+/// The place of an entry in a dictionary's text, in bytes.
 struct DictdPlace {
     std::uint64_t offset = 0;
     std::uint64_t size = 0;
     friend auto operator<=>(const DictdPlace&, const DictdPlace&) = default;
 };
 
-/// The index of a dictionary in the dictd format (dictd(8), dictfmt(1)): a line for each word, "word TAB offset TAB
-/// size", the numbers in base 64, sorted by the word as the flags say. Read in place by bisection, so that a question
-/// reads some twenty blocks whatever the size of the index.
+/// The index of a dictionary in the dictd format (dictd(8), dictfmt(1)). It has a line for each word, "word TAB offset
+/// TAB size" with the numbers in base 64, sorted by the word. It is read in place by bisection: a look-up reads about
+/// twenty blocks in an index of any size.
 ///
-/// The order: letters, digits, blanks and bytes beyond ASCII count, all else is passed over, and ASCII capitals are
-/// small. The flag "allchars" makes all bytes count, "case-sensitive" keeps capitals apart. With "utf8" the words are
-/// stored in small letters. The flags are words of the index, "00-database-..." or "00database...".
+/// The order compares letters, digits, blanks and bytes beyond ASCII, ignores all other characters, and treats ASCII
+/// capitals as small letters. With the flag "allchars" all bytes count, with "case-sensitive" capitals differ. With
+/// "utf8" the words are stored in small letters. Flags are words of the index, "00-database-..." or "00database...".
 class DictdIndex {
   public:
     static std::optional<DictdIndex> open(const FolderItem& file);
 
-    /// The entries of `word` (UTF-8), in the order of the index, each once. The words with which a dictionary tells of
-    /// itself are none.
+    /// The entries of `word` (UTF-8), in the order of the index, each once. Words that describe the dictionary itself
+    /// ("00-database-...") have none.
     std::vector<DictdPlace> find(std::string_view word) const;
-    /// All entries, each once, in the order of the text; also without those words.
+    /// All entries but those of such words, each once, in the order of the text.
     std::vector<DictdPlace> places() const;
-    /// The entry with the dictionary's own name; nothing where it has none.
+    /// The entry with the name of the dictionary; nullopt if it has none.
     std::optional<DictdPlace> nameEntry() const { return nameEntry_; }
 
     bool utf8() const { return utf8_; }
     FileStamp stamp() const { return file_.stamp(); }
 
-    /// A word as the order of this index sees it.
+    /// The form of a word that this index is sorted by.
     std::string key(std::string_view word) const;
 
-    /// Lines beyond this length are damage: nothing is found at or behind them.
+    /// A longer line is damage: nothing is found in it or after it.
     static constexpr std::size_t kLongestLine = std::size_t{1} << 14;
 
   private:
@@ -55,7 +55,7 @@ class DictdIndex {
         std::uint64_t end = 0;
     };
     std::optional<Line> lineAt(std::uint64_t begin) const;
-    std::uint64_t lineStartBehind(std::uint64_t position, std::uint64_t limit) const;
+    std::uint64_t lineStartAfter(std::uint64_t position, std::uint64_t limit) const;
     std::uint64_t lowerBound(std::string_view key) const;
     void appendEntries(std::string_view word, std::vector<DictdPlace>& places) const;
     void readFlags();

@@ -33,7 +33,7 @@ bool matchesPattern(std::string_view word, std::string_view pattern) {
 std::string DictionaryModule::m__SubMakeSearchWord(std::string_view word) const {
     if (word.empty())
         return {};
-    // In any case of its letters, as the text's markers are replaced.
+    // Ignoring case, as withSuperscripts does.
     if (const std::size_t marker = InStr(1, word, kNumberMarker); marker != 0)
         word = word.substr(0, marker - 1);
     return m__SubIJUV(m__SubSpanish(mSub_MakeSearchWord(word), 0));
@@ -68,7 +68,7 @@ bool DictionaryModule::mSearch(const FolderItem& dictionary, std::string_view wo
                                const Yield& yield) {
     pResult.clear();
     auto index = ReadOnlyFile::open(dictionary.Child(kIndexFileName));
-    if (!index) { // as after a build that was killed, which has left the earlier pair under hidden names
+    if (!index) { // a build that was killed may have left the earlier pair in a hidden folder
         Work quiet;
         clearLeftovers(dictionary.path(), quiet);
         index = ReadOnlyFile::open(dictionary.Child(kIndexFileName));

@@ -15,13 +15,13 @@ constexpr std::string_view kIndexEnd = ".index";
 constexpr std::string_view kBlanks = " \t\r\n";
 
 std::string_view characters(std::string_view text, int start, int length) {
-    const auto behind = [&](std::size_t pos, int count) {
+    const auto after = [&](std::size_t pos, int count) {
         for (; count > 0 && pos < text.size(); --count)
             pos += decodeUtf8(text, pos).length;
         return pos;
     };
-    const std::size_t begin = behind(0, start);
-    return text.substr(begin, behind(begin, length) - begin);
+    const std::size_t begin = after(0, start);
+    return text.substr(begin, after(begin, length) - begin);
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -42,7 +42,7 @@ std::string asUtf8(std::string text, bool declaredUtf8) {
     return converted;
 }
 
-/// The name that stands in the entry "00-database-short", which may begin with its own head word.
+/// The name in the entry "00-database-short", which may begin with its own headword.
 std::string nameIn(std::string_view entry) {
     LineReader lines(entry);
     while (!lines.EOF_()) {
@@ -53,7 +53,7 @@ std::string nameIn(std::string_view entry) {
     return {};
 }
 
-/// One dictionary's answer under its name; empty where it has none.
+/// One dictionary's name and its answer; empty if it has none.
 std::string answerOf(const FolderItem& folder, const std::string& stem, std::string_view word) {
     const auto index = DictdIndex::open(folder.Child(stem + std::string(kIndexEnd)));
     if (!index)
@@ -71,8 +71,8 @@ std::string answerOf(const FolderItem& folder, const std::string& stem, std::str
     };
     std::string entries;
     for (const DictdPlace& place : places) {
-        // Verses, tables and drawings depend on their line breaks and blanks, and those before the first line are its
-        // indentation: only empty lines around an entry go.
+        // Verses, tables and drawings need their line breaks and blanks, and the blanks before the first line are its
+        // indentation, so only the empty lines around an entry are removed.
         const std::string text = entry(place);
         const std::size_t begin = text.find_first_not_of("\r\n");
         if (trimmed(text).empty() || entries.size() > DictionaryService::kLongestAnswer)

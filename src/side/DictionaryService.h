@@ -8,20 +8,20 @@
 
 namespace velmarin {
 
-/// Where the machine's dictionaries in the dictd format lie: each an `*.index` with its `*.dict.dz` or `*.dict`.
+/// The folder of the installed dictionaries in the dictd format, each an `*.index` with its `*.dict.dz` or `*.dict`.
 inline constexpr std::string_view kDictdFolder = "/usr/share/dictd";
 
-/// The dictionary service of this machine: its installed dictionaries, read in place and without a server. Nothing is
-/// kept between questions, so that what is installed meanwhile answers at once.
+/// The dictionary service: the installed dictionaries, read in place and without a server. Nothing is cached between
+/// look-ups, so a dictionary answers as soon as it is installed.
 class DictionaryService {
   public:
     explicit DictionaryService(FolderItem folder = FolderItem(std::filesystem::path(kDictdFolder)))
         : folder_(std::move(folder)) {}
 
-    /// The definitions of a stretch of `text`, which starts at the character `start` (from 0) and has `length`
-    /// characters, from all dictionaries that know it, in the order of their file names, each under its own name. Empty
-    /// if none does. Lines and blanks are those of the dictionary. Valid UTF-8; what cannot be read in a damaged
-    /// dictionary is left out. `yield` is called after each dictionary and may let events run.
+    /// The definitions of the `length` characters of `text` that begin at the character `start` (from 0), from all
+    /// dictionaries that have them, in the order of their file names, each under the dictionary's name. Empty if none
+    /// has them. Lines and blanks are kept. The answer is valid UTF-8; damaged parts of a dictionary are left out.
+    /// `yield` is called after each dictionary and may let events run.
     std::string TextDefinition(std::string_view text, int start, int length,
                                const std::function<void()>& yield = {}) const;
 

@@ -2,13 +2,14 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/Artwork.h"
+#include "controls/BevelButton.h"
 #include "controls/Cursors.h"
 #include "controls/FittedText.h"
-#include "controls/QtText.h"
+#include "side/ColorRect.h"
 
 #include <QIcon>
 #include <QKeyEvent>
-#include <QMouseEvent>
+#include <QLineEdit>
 #include <QPainter>
 
 namespace velmarin {
@@ -18,13 +19,13 @@ namespace {
 const QColor kRectFill(0xE6, 0xE6, 0xE6);
 const QColor kRectBorder(0x66, 0x66, 0x66);
 const QColor kEntryBackground(0xF0, 0xFF, 0xFC);
-const QColor kMissColour(0x66, 0x66, 0x66);
+const QColor kMissColor(0x66, 0x66, 0x66);
 const QColor kSelectedBackground(0xBF, 0xDD, 0xFF);
 constexpr int kClearButton = 16;
 constexpr int kTargetPicture = 20;
 constexpr int kClearPicture = 12;
 
-/// The ground of the find bar.
+/// The background of the find bar.
 class RoundRect : public QWidget {
   public:
     using QWidget::QWidget;
@@ -53,53 +54,25 @@ QIcon icon(QPixmap (*picture)(QSize, qreal), int side) {
 
 } // namespace
 
-ColorRect::ColorRect(QWidget* parent) : QWidget(parent) {
-    setFocusPolicy(Qt::TabFocus);
-}
-
-void ColorRect::setFillColor(const QColor& colour) {
-    fill_ = colour;
-    update();
-}
-
-void ColorRect::paintEvent(QPaintEvent*) {
-    constexpr qreal kBorder = 3;
-    QPainter painter(this);
-    const DevicePixels device(painter);
-    const QRect all = device.rect(rect());
-    const int border = device.length(kBorder);
-    const QColor dark = hasFocus() ? palette().color(QPalette::Highlight) : QColor(0x80, 0x80, 0x80);
-    painter.fillRect(all, dark);
-    // The two light sides meet the dark ones on the diagonal.
-    QPolygon light;
-    light << all.bottomLeft() + QPoint(0, 1) << all.bottomRight() + QPoint(1, 1) << all.topRight() + QPoint(1, 0)
-          << all.topRight() + QPoint(1 - border, border) << all.bottomLeft() + QPoint(border, 1 - border);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::white);
-    painter.drawPolygon(light);
-    painter.fillRect(all.adjusted(border, border, -border, -border), fill_);
-}
-
-void ColorRect::mousePressEvent(QMouseEvent* event) {
-    event->setAccepted(event->button() == Qt::LeftButton);
-}
-
-void ColorRect::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton)
-        emit pressed();
-}
-
-void ColorRect::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        emit pressed();
-    else
-        QWidget::keyPressEvent(event);
-}
-
 FindBar::FindBar(SelectColor selectColor, QWidget* parent, AnchoredLayout& layout)
     : QObject(parent), selectColor_(std::move(selectColor)), FindRect_(new RoundRect(parent)),
       FindBV_(new BevelButton(parent)), FindEF_(new QLineEdit(parent)), FindClBV_(new BevelButton(parent)),
       FindColorRect_(new ColorRect(parent)) {
+    placeControls(layout);
+    showTarget(FindTarget::Find);
+    for (QWidget* watched : {static_cast<QWidget*>(FindEF_), static_cast<QWidget*>(FindBV_),
+                             static_cast<QWidget*>(FindClBV_), static_cast<QWidget*>(FindColorRect_)})
+        watched->installEventFilter(this);
+    connect(FindEF_, &QLineEdit::textChanged, this, &FindBar::FindEF_TextChange);
+    connect(FindBV_, &BevelButton::clicked, this, [this] {
+        emit findRequested();
+        selectWord();
+    });
+    connect(FindClBV_, &BevelButton::clicked, this, &FindBar::clearRequested);
+    connect(FindColorRect_, &ColorRect::pressed, this, &FindBar::FindColorRect_MouseUp);
+}
+
+void FindBar::placeControls(AnchoredLayout& layout) {
     const Anchors across = Anchor::Left | Anchor::Right | Anchor::Bottom;
     FindRect_->setObjectName(QStringLiteral("FindRect"));
     FindRect_->setToolTip(
@@ -115,9 +88,9 @@ FindBar::FindBar(SelectColor selectColor, QWidget* parent, AnchoredLayout& layou
     FindEF_->setObjectName(QStringLiteral("FindEF"));
     FindEF_->setAccessibleName(QStringLiteral("Word to find or to look up"));
     FindEF_->setTextMargins(0, 0, kClearButton + 2, 0);
-    QPalette colours = FindEF_->palette();
-    colours.setColor(QPalette::Base, kEntryBackground);
-    FindEF_->setPalette(colours);
+    QPalette palette = FindEF_->palette();
+    palette.setColor(QPalette::Base, kEntryBackground);
+    FindEF_->setPalette(palette);
     showMiss(false);
     layout.add(FindEF_, QRect(138, 564, 185, 25), across);
 
@@ -129,24 +102,11 @@ FindBar::FindBar(SelectColor selectColor, QWidget* parent, AnchoredLayout& layou
     layout.add(FindClBV_, QRect(306, 569, kClearButton, kClearButton), Anchor::Right | Anchor::Bottom);
 
     FindColorRect_->setObjectName(QStringLiteral("FindColorRect"));
-    FindColorRect_->setAccessibleName(QStringLiteral("Colour of what is found"));
+    FindColorRect_->setAccessibleName(QStringLiteral("Color of what is found"));
     layout.add(FindColorRect_, QRect(327, 568, 16, 16), Anchor::Right | Anchor::Bottom);
-
-    setTarget(FindTarget::Find);
-    for (QWidget* watched : {static_cast<QWidget*>(FindEF_), static_cast<QWidget*>(FindBV_),
-                             static_cast<QWidget*>(FindClBV_), static_cast<QWidget*>(FindColorRect_)})
-        watched->installEventFilter(this);
-    connect(FindEF_, &QLineEdit::textChanged, this, &FindBar::FindEF_TextChange);
-    connect(FindBV_, &BevelButton::clicked, this, [this] {
-        emit run();
-        selectWord();
-    });
-    connect(FindClBV_, &BevelButton::clicked, this, &FindBar::FindClBV_Action);
-    connect(FindColorRect_, &ColorRect::pressed, this, &FindBar::FindColorRect_MouseUp);
 }
 
-void FindBar::setTarget(FindTarget target) {
-    target_ = target;
+void FindBar::showTarget(FindTarget target) {
     const bool looksUp = target == FindTarget::DicApp;
     FindBV_->setIcon(icon(looksUp ? DicApp : Find, kTargetPicture));
     const QString meaning = looksUp ? QStringLiteral("Look the word up") : QStringLiteral("Find the word in the text");
@@ -154,13 +114,20 @@ void FindBar::setTarget(FindTarget target) {
     FindBV_->setToolTip(meaning);
 }
 
+void FindBar::showWord(const QString& word) {
+    if (word.isEmpty())
+        FindEF_->clear(); // unlike an empty text this can be undone
+    else
+        FindEF_->setText(word);
+}
+
 void FindBar::showMiss(bool missed) {
-    QPalette colours = FindEF_->palette();
-    // A step leaves the word selected, and its colour must show all the same.
+    QPalette palette = FindEF_->palette();
+    // After a step the word is selected, and must show the color as well.
     for (const QPalette::ColorRole role : {QPalette::Text, QPalette::HighlightedText})
-        colours.setColor(role, missed ? kMissColour : QColor(Qt::black));
-    colours.setColor(QPalette::Highlight, kSelectedBackground);
-    FindEF_->setPalette(colours);
+        palette.setColor(role, missed ? kMissColor : QColor(Qt::black));
+    palette.setColor(QPalette::Highlight, kSelectedBackground);
+    FindEF_->setPalette(palette);
 }
 
 void FindBar::selectWord() {
@@ -168,33 +135,25 @@ void FindBar::selectWord() {
     FindEF_->setFocus();
 }
 
-void FindBar::FindEF_TextChange() {
-    const bool any = !FindEF_->text().isEmpty();
-    FindBV_->setEnabled(any);
-    FindClBV_->setEnabled(any);
-    showMiss(false);
-    emit wordChanged();
-}
-
-void FindBar::FindClBV_Action() {
-    FindEF_->clear();
-    showMiss(false);
-    emit cleared();
+void FindBar::FindEF_TextChange(const QString& word) {
+    FindBV_->setEnabled(!word.isEmpty());
+    FindClBV_->setEnabled(!word.isEmpty());
+    emit wordChanged(word);
 }
 
 void FindBar::FindColorRect_MouseUp() {
-    if (const auto chosen = selectColor_(FindColorRect_->FillColor()))
-        FindColorRect_->setFillColor(*chosen);
+    if (const auto selected = selectColor_(FindColorRect_->FillColor()))
+        emit colorSelected(*selected);
 }
 
 bool FindBar::FindEF_KeyDown(int key, Qt::KeyboardModifiers modifiers) {
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-        emit run();
+        emit findRequested();
         selectWord();
         return true;
     }
     if (key == Qt::Key_Tab && (modifiers & Qt::ControlModifier) == 0) {
-        emit leave();
+        emit leaveRequested();
         return true;
     }
     return false;
@@ -221,10 +180,10 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event) {
         break;
     }
     case QEvent::FocusIn:
-        emit focused(true);
+        emit focusChanged(true);
         break;
     case QEvent::FocusOut:
-        emit focused(false);
+        emit focusChanged(false);
         break;
     default:
         break;

@@ -9,7 +9,7 @@ namespace velmarin {
 
 namespace {
 
-/// The capital of each code unit; halves of a pair are their own.
+/// The capital of each code unit; a surrogate is its own.
 const std::vector<char16_t>& capitals() {
     static const std::vector<char16_t> table = [] {
         constexpr std::size_t kUnits = 0x10000;
@@ -37,10 +37,10 @@ int findIgnoringCase(int start, std::u16string_view text, std::u16string_view fi
     return found == text.end() ? 0 : static_cast<int>(found - text.begin()) + 1;
 }
 
-int FindSteps::step(int wordLength, const std::function<int(int start)>& find) {
-    const int position = find(pFindStartPosition);
-    pFindStartPosition = position == 0 ? 0 : position + wordLength;
-    return position;
+std::optional<TextHit> FindSteps::step(const AnswerText& text, std::string_view word) {
+    const std::optional<TextHit> hit = text.findWord(pFindStartPosition, word);
+    pFindStartPosition = hit ? hit->position + hit->length : 0;
+    return hit;
 }
 
 } // namespace velmarin

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kPollMilliseconds = 20;
 
-/// A child that leads a process group. What is left of the group ends with the object, if not before.
+/// A child that leads a process group. The group is killed with the object, if not before.
 class GroupLeader {
   public:
     explicit GroupLeader(pid_t pid) : pid_(pid) {}
@@ -27,13 +27,13 @@ class GroupLeader {
     GroupLeader& operator=(const GroupLeader&) = delete;
     ~GroupLeader() { end(); }
 
-    /// It stays a zombie, and so its number its own.
+    /// The child is left unreaped, so that its pid cannot be reused.
     bool ended() const {
         siginfo_t info{};
         return ::waitid(P_PID, static_cast<id_t>(pid_), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid == pid_;
     }
 
-    /// Ends the group, and returns the child's status as waitpid tells it.
+    /// Kills the group, and returns the child's status as waitpid gives it.
     int end() {
         if (waitedFor_)
             return status_;
@@ -50,7 +50,7 @@ class GroupLeader {
     bool waitedFor_ = false;
 };
 
-/// The process that runs `sh script`, its standard output in `output`; nothing where it cannot be started.
+/// Starts `sh script` with `output` as its standard output; nullopt if that fails.
 std::optional<pid_t> start(const std::filesystem::path& script, int output) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -79,7 +79,7 @@ std::optional<pid_t> start(const std::filesystem::path& script, int output) {
 
 enum class Reading { More, Nothing, Ended };
 
-/// Takes what stands in the pipe, without waiting.
+/// Reads what is in the pipe, without waiting.
 Reading take(int pipe, std::string& output, std::size_t most) {
     char block[65536];
     while (output.size() <= most) {
@@ -96,7 +96,8 @@ Reading take(int pipe, std::string& output, std::size_t most) {
 
 } // namespace
 
-ScriptResult runScript(const std::filesystem::path& script, const std::function<bool()>& goOn, std::size_t mostOutput) {
+ScriptResult runScript(const std::filesystem::path& script, const std::function<bool()>& mayContinue,
+                       std::size_t mostOutput) {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
         return {};
@@ -112,8 +113,8 @@ ScriptResult runScript(const std::filesystem::path& script, const std::function<
     ScriptResult result;
     bool closed = false;
     while (true) {
-        // Asked before the pipe is emptied: all that it wrote stands there then. What it may have left running keeps
-        // the pipe open, and is not waited for.
+        // Checked before the pipe is read, so that all output of an ended child is in it. Processes that it left
+        // running keep the pipe open, but are not waited for.
         const bool ended = child.ended();
         if (!closed)
             closed = take(from.number(), result.output, mostOutput) == Reading::Ended;
@@ -121,7 +122,7 @@ ScriptResult runScript(const std::filesystem::path& script, const std::function<
             return {.end = ScriptResult::End::TooMuch, .exitStatus = -1, .output = {}};
         if (ended)
             break;
-        if (!goOn())
+        if (!mayContinue())
             return {.end = ScriptResult::End::Stopped, .exitStatus = -1, .output = {}};
         pollfd waited{.fd = closed ? -1 : from.number(), .events = POLLIN, .revents = 0};
         ::poll(&waited, 1, kPollMilliseconds);

@@ -14,7 +14,7 @@ namespace velmarin {
 namespace {
 
 constexpr int kGripWidth = 5;
-/// How far a size in whole pixels can be off after it has been rounded to device pixels and back.
+/// How far a size can be off after rounding to device pixels and back.
 constexpr int kRounding = 1;
 
 } // namespace
@@ -52,7 +52,7 @@ SideHanging::SideHanging(Hanging hanging, QWidget* side, QMainWindow* mainWindow
 SideHanging::~SideHanging() {
     if (dock_.isNull())
         return;
-    // The panel is its owner's to delete.
+    // The owner of the side window deletes it.
     if (!side_.isNull())
         side_->setParent(nullptr);
     delete dock_;
@@ -89,7 +89,7 @@ void SideHanging::place() {
     const QRect wanted = placeBeside(mainWindow_->frameGeometry(), mainWindow_->geometry(), width_, screen);
     leftIsFree_ = wanted.right() >= screen.right();
     const QSize off = side_->size() - wanted.size();
-    // The desktop would round the same place in the same way, again and again.
+    // Repeating a request that the desktop has rounded would lead to the same rounding, endlessly.
     if (placed_ != wanted || std::abs(off.width()) > kRounding || std::abs(off.height()) > kRounding) {
         placed_ = wanted;
         side_->setGeometry(wanted);
@@ -110,7 +110,7 @@ void SideHanging::drag(QEvent* event) {
         return;
     }
     const int grown = leftIsFree_ ? dragFrom_ - at : at - dragFrom_;
-    // Wider than the screen has room is no wider: the edge that is held would run away from the mouse.
+    // If the window became wider than the screen has room for, its edge would move away from the mouse.
     const QRect screen = mainWindow_->screen()->availableGeometry();
     const int room =
         leftIsFree_ ? screen.width() : screen.x() + screen.width() - mainWindow_->frameGeometry().right() - 1;
@@ -121,9 +121,9 @@ void SideHanging::drag(QEvent* event) {
 bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
     if (watched == grip_) {
-        const bool held =
+        const bool dragged =
             type == QEvent::MouseMove && (static_cast<QMouseEvent*>(event)->buttons() & Qt::LeftButton) != 0;
-        if (type == QEvent::MouseButtonPress || held)
+        if (type == QEvent::MouseButtonPress || dragged)
             drag(event);
         return type == QEvent::MouseButtonPress || QObject::eventFilter(watched, event);
     }
@@ -137,7 +137,7 @@ bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
         emit mainWindowClosed();
         return false; // this object may be gone
     }
-    // Minimising needs nothing: the desktop takes a window's transient ones along.
+    // Nothing to do on minimizing: the desktop hides a window's transient windows with it.
     if (hanging_ == Hanging::Window && (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show))
         place();
     return QObject::eventFilter(watched, event);

@@ -11,19 +11,19 @@ class QMainWindow;
 
 namespace velmarin {
 
-/// How a side window hangs at its main window: as a window of its own beside it, or, on a display system that lets no
-/// program place its windows, as a panel inside its right edge.
+/// How a side window hangs at its main window: as a window beside it, or, if programs cannot place their windows on
+/// this display system, as a panel inside its right edge.
 enum class Hanging { Window, Panel };
 
-/// The one place where this is decided. `platform` is Qt's name of the display system.
+/// `platform` is Qt's name of the display system.
 Hanging hangingFor(const QString& platform);
 
-/// Where a side window of this width stands: flush with the right edge of the main window's frame, as high as its
-/// content, and where the screen has no room there as far left as keeps it on the screen.
+/// The place of a side window of this width: flush with the right edge of the main window's frame, as high as its
+/// content, and moved left as far as it needs to stay on the screen.
 QRect placeBeside(const QRect& mainFrame, const QRect& mainContent, int width, const QRect& screen);
 
-/// Hangs `side` at `mainWindow` for as long as it lives: a window follows the moves and sizes of the main window
-/// and is made wider or narrower at its free edge; a panel has the main window's own separator.
+/// Keeps `side` at `mainWindow`. A window follows the moves and sizes of the main window, and its width is changed at
+/// its free edge; a panel is resized by the separator of the main window.
 class SideHanging : public QObject {
     Q_OBJECT
   public:
@@ -33,8 +33,8 @@ class SideHanging : public QObject {
     Hanging hanging() const { return hanging_; }
     /// Shows the side window with this width.
     void show(int width);
-    /// The width that was asked for, by `show` or by the user. At a fractional scale the window's own can be a pixel
-    /// off, since the desktop counts in device pixels.
+    /// The width that `show` or the user asked for. At a fractional scale the real width can be a pixel off, because
+    /// the desktop counts in device pixels.
     int width() const;
 
   signals:
@@ -57,7 +57,7 @@ class SideHanging : public QObject {
     int minimumWidth_;
     int maximumWidth_;
     int width_ = 0;
-    /// Where the window was put last.
+    /// Where the window was last placed.
     QRect placed_;
     /// The strip at the free edge by which the width is dragged.
     QPointer<QWidget> grip_;

@@ -2,220 +2,144 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
+#include "controls/FittedText.h"
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
 #include "controls/TextStyleBevelButton.h"
+#include "side/ColorRect.h"
 #include "side/MainWindowPort.h"
+#include "side/SourceTable.h"
 #include "side/TextArea.h"
-#include "side/UserDictionary.h"
-#include "side/UserDictionaryDisplay.h"
-#include "side/UserDictionaryMaker.h"
+#include "side/WaitNotice.h"
 
-#include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
+#include <QColorDialog>
+#include <QLineEdit>
 #include <QMainWindow>
-#include <QPointer>
-#include <QTextBlock>
+#include <QPainter>
 
-#include <algorithm>
+#include <utility>
 
 namespace velmarin {
 
 namespace {
 
-constexpr int kMinimumWidth = 350;
+constexpr QSize kDesignSize(352, 705);
+constexpr QSize kMinimumSize(350, 64);
 constexpr int kMaximumSide = 32000;
+constexpr std::chrono::milliseconds kAfterTheClick{60};
 
-/// Position from 1 of the first `word` in the text at or after `start`, paragraph by paragraph, so that nothing of the
-/// text is copied but the paragraph looked at. A word is of one line.
-int findInDocument(const QTextDocument& document, int start, const QString& word) {
-    const QStringView wanted(word);
-    const std::u16string_view find(wanted.utf16(), static_cast<std::size_t>(wanted.size()));
-    const int from = std::max(start, 1) - 1;
-    for (QTextBlock block = document.findBlock(from); block.isValid(); block = block.next()) {
-        const QString paragraph = block.text();
-        const QStringView text(paragraph);
-        const int inBlock = findIgnoringCase(std::max(from - block.position(), 0) + 1,
-                                             {text.utf16(), static_cast<std::size_t>(text.size())}, find);
-        if (inBlock != 0)
-            return block.position() + inBlock;
-    }
-    return 0;
+FindBar::SelectColor selectColorOrDialog(FindBar::SelectColor given, QWidget* parent) {
+    if (given)
+        return given;
+    return [parent](const QColor& present) -> std::optional<QColor> {
+        const QColor selected = QColorDialog::getColor(present, parent);
+        return selected.isValid() ? std::optional(selected) : std::nullopt;
+    };
 }
 
-/// Sets another target, and the former one again at its end, also where that is an exception.
-class TargetForAWhile {
-  public:
-    TargetForAWhile(FindBar& bar, FindTarget target) : bar_(bar), before_(bar.target()) { bar_.setTarget(target); }
-    ~TargetForAWhile() { bar_.setTarget(before_); }
-    TargetForAWhile(const TargetForAWhile&) = delete;
-    TargetForAWhile& operator=(const TargetForAWhile&) = delete;
-
-  private:
-    FindBar& bar_;
-    FindTarget before_;
-};
+Qt::WindowFlags flagsFor(Hanging hanging) {
+    return hanging == Hanging::Window ? Qt::Tool | Qt::FramelessWindowHint : Qt::Widget;
+}
 
 } // namespace
 
-/// Held while the window runs something that lets events in: one that is shut meanwhile lives to the end of it.
-class SubWindow::Running {
-  public:
-    explicit Running(SubWindow& window) : window_(window) { ++window_.running_; }
-    ~Running() {
-        if (--window_.running_ == 0 && window_.shut_)
-            window_.deleteLater();
-    }
-    Running(const Running&) = delete;
-    Running& operator=(const Running&) = delete;
+SubWindow::SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging,
+                     FindBar::SelectColor selectColor)
+    : QWidget(mainWindow.window(), flagsFor(hanging)), MainWin_(mainWindow),
+      layout_(new AnchoredLayout(this, kDesignSize)), text_(this, *layout_),
+      findBar_(selectColorOrDialog(std::move(selectColor), this), this, *layout_), switches_(this, *layout_),
+      notice_(new WaitNotice(
+          QStringLiteral("Waiting for WORDS, and searches wait too. Press Stop to go on without it."), text_.EF)),
+      model_(*this, *text_.EF, mainWindow, std::move(services)), widthAtOpening_(kDesignSize.width()) {
+    setObjectName(QStringLiteral("SubWindow"));
+    setAccessibleName(QStringLiteral("Side window"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setMinimumSize(kMinimumSize);
+    setMaximumSize(kMaximumSide, kMaximumSide);
+    resize(kDesignSize);
+    hanging_ = new SideHanging(hanging, this, mainWindow.window(), kMinimumSize.width(), kMaximumSide);
+    goBack_.setObjectName(QStringLiteral("goBack"));
+    goBack_.setSingleShot(true);
+    goBack_.setInterval(kAfterTheClick);
+    connectFindBar();
+    connectControls();
+}
 
-  private:
-    SubWindow& window_;
-};
+SubWindow::~SubWindow() {
+    // The controls emit signals as they are destroyed, when the model no longer exists.
+    for (QObject* control : findChildren<QObject*>())
+        control->disconnect(this);
+    findBar_.disconnect(this);
+    delete hanging_;
+}
+
+void SubWindow::connectFindBar() {
+    showHitColor(model_.hitColor());
+    connect(&findBar_, &FindBar::findRequested, this, [this] { model_.FindBV_Action(); });
+    connect(&findBar_, &FindBar::wordChanged, this,
+            [this](const QString& word) { model_.FindEF_TextChange(fromQ(word)); });
+    connect(&findBar_, &FindBar::clearRequested, this, [this] { model_.FindClBV_Action(); });
+    connect(&findBar_, &FindBar::colorSelected, this, [this](const QColor& color) {
+        model_.setHitColor({static_cast<std::uint8_t>(color.red()), static_cast<std::uint8_t>(color.green()),
+                            static_cast<std::uint8_t>(color.blue())});
+    });
+    connect(&findBar_, &FindBar::leaveRequested, this, [this] { MainWin_.focusSearch(true); });
+    connect(&findBar_, &FindBar::focusChanged, this, [this](bool hasFocus) { MainWin_.setOKBTDefault(!hasFocus); });
+}
+
+void SubWindow::connectControls() {
+    const auto takeFontRow = [this] { model_.setFontRow(text_.BVfonts->MenuValue()); };
+    const auto takeSizeRow = [this] { model_.setSizeRow(text_.BVsize->MenuValue()); };
+    takeFontRow();
+    takeSizeRow();
+    connect(text_.BVfonts, &TextFontBevelButton::Action, this, takeFontRow);
+    connect(text_.BVsize, &TextSizeBevelButton::Action, this, takeSizeRow);
+
+    connect(switches_.SyncronizeCB, &QCheckBox::clicked, this, [this](bool on) { model_.setSyncronizeCB(on); });
+    connect(switches_.DontClearCB, &QCheckBox::clicked, this, [this](bool on) { model_.setDontClearCB(on); });
+    for (std::size_t row = 0; row < switches_.sources.size(); ++row)
+        connect(switches_.sources[row], &QCheckBox::clicked, this, [this, row](bool on) { model_.setSource(row, on); });
+    connect(switches_.sources[sourceRow("UserDicCB")], &QCheckBox::clicked, switches_.UserDicPU, &QWidget::setEnabled);
+    connect(switches_.UserDicBT, &BevelButton::clicked, this, [this] { model_.UserDicBT_Action(); });
+    connect(switches_.UserDicPU, &PopupMenu::aboutToChoose, this, [this] { model_.mMakeUserDicPU(); });
+    connect(switches_.UserDicPU, &PopupMenu::Change, this,
+            [this] { model_.setUserDictionary(switches_.UserDicPU->ListIndex()); });
+
+    connect(notice_, &WaitNotice::stopRequested, this, [this] { model_.stopWaiting(); });
+    connect(hanging_, &SideHanging::mainWindowClosed, this, &SubWindow::shut);
+    connect(&goBack_, &QTimer::timeout, this, &SubWindow::goBackToMainWindow);
+}
+
+void SubWindow::open() {
+    model_.open();
+    if (!model_.shut())
+        hanging_->show(widthAtOpening_);
+}
 
 void SubWindow::shut() {
-    if (shut_)
+    if (model_.shut())
         return;
-    shut_ = true;
-    notice_->stop();
-    Event_Close();
+    model_.close(hanging_->width());
     delete hanging_;
     hide();
-    if (running_ == 0)
-        deleteLater();
     emit closed();
 }
 
-void SubWindow::whenFree(const std::function<void()>& action) {
-    services_.busy.whenFree([self = QPointer<SubWindow>(this), action] {
-        if (!self.isNull() && !self->shut_)
-            action();
-    });
-}
-
-void SubWindow::mDoFind(bool alsoMainWindow) {
-    if (findBar_->target() == FindTarget::Find) {
-        findStep();
-        return;
-    }
-    if (!services_.busy.busy()) {
-        lookUp(alsoMainWindow);
-        return;
-    }
-    if (findPutOff_)
-        return;
-    findPutOff_ = true;
-    whenFree([this, alsoMainWindow] {
-        findPutOff_ = false;
-        mDoFind(alsoMainWindow);
-    });
-}
-
-void SubWindow::findStep() {
-    const QString word = findBar_->FindEF()->text();
-    const int length = static_cast<int>(word.size());
-    const int position = steps_.step(length, [&](int start) { return findInDocument(*EF_->document(), start, word); });
-    if (position != 0) {
-        EF_->select(position - 1, length);
-        EF_->setSelTextColor(findBar_->FindColorRect()->FillColor());
-        // The line of the character behind the hit's first one.
-        EF_->scrollToLineOf(position);
-    }
-    findBar_->showMiss(position == 0);
-}
-
-void SubWindow::lookUp(bool alsoMainWindow) {
-    const Busy guard(services_.busy);
-    const Running running(*this);
-    const QString word = findBar_->FindEF()->text();
-    const std::string utf8 = fromQ(word);
-    if (alsoMainWindow) {
-        MainWin_.setSearchText(utf8);
-        MainWin_.searchAll(utf8);
-    }
-    if (word.isEmpty() || shut_)
-        return;
-    if (!DontClearCB_->isChecked())
-        EF_->setWholeText(QString());
-    const int start = EF_->textLength();
-    if (DicAppCB_->isChecked())
-        lookUpService(word);
-    if (LatinCB_->isChecked() && !shut_)
-        mLatinWORDS(utf8);
-    if (UserDicCB_->isChecked() && !shut_)
-        mSearchUserDictionary(utf8);
-    EF_->scrollToLineOf(start);
-}
-
-void SubWindow::lookUpService(const QString& word) {
-    const std::string utf8 = fromQ(word);
-    const std::string answer = services_.dictionaries.TextDefinition(utf8, 0, static_cast<int>(word.size()),
-                                                                     [this] { services_.host.Yield(); });
-    if (shut_)
-        return;
-    // Only now: the user may have typed into the text meanwhile.
-    const int end = EF_->textLength();
-    EF_->select(end, 0);
-    // A hit at the end of the text is painted, and the answer is not part of it.
-    EF_->clearSelTextColor();
-    EF_->setSelText(toQ(serviceBlock(utf8, answer)));
-    EF_->scrollToLineOf(end);
-}
-
-bool SubWindow::mLatinWORDS(std::string_view word) {
-    return askWords(word) == WordsRun::Answered;
-}
-
-SubWindow::WordsRun SubWindow::askWords(std::string_view word) {
-    const Running running(*this);
-    notice_->begin();
-    const ScriptResult result = runWords(
-        services_.preferencesFolder, word,
-        [this] {
-            services_.host.Yield();
-            return notice_->goOn() && !shut_ && !services_.busy.stopWanted();
-        },
-        services_.wordsFolder);
-    notice_->end();
-    if (result.end == ScriptResult::End::Stopped)
-        return WordsRun::Stopped;
-    if (!result.ok())
-        return WordsRun::Failed;
-    const int end = EF_->textLength();
-    EF_->setWholeText(EF_->Text() + toQ(wordsBlock(result.output)));
-    EF_->scrollToLineOf(end);
-    return WordsRun::Answered;
-}
-
-void SubWindow::mSearchUserDictionary(std::string_view word) {
-    const int row = UserDicPU_->ListIndex();
-    if (!UserDicCB_->isChecked() || row == -1)
-        return;
-    const Running running(*this);
-    const auto dictionary = std::any_cast<FolderItem>(UserDicPU_->Tag(row));
-    const std::string name = UserDicPU_->List(row);
-    if (module_.mSearch(dictionary, word, 2, false, [this] { services_.host.Yield(); }))
-        mDisplayResult(module_, name, false, nullptr, EF_, services_.host);
+void SubWindow::release() {
+    deleteLater();
 }
 
 void SubWindow::synchronise(const QString& query) {
-    if (!SyncronizeCB_->isChecked() || shut_)
-        return;
-    if (services_.busy.busy()) {
-        whenFree([this, query] { synchronise(query); });
-        return;
-    }
-    const Running running(*this);
-    const TargetForAWhile target(*findBar_, FindTarget::DicApp);
-    findBar_->FindEF()->setText(query);
-    mDoFind(false);
+    model_.synchronise(fromQ(query));
 }
 
 void SubWindow::takeTarget(FindTarget target) {
     takeFocusToFindEF();
     if (target == FindTarget::Find)
-        findBar_->FindEF()->selectAll();
-    findBar_->setTarget(target);
+        findBar_.FindEF()->selectAll();
+    model_.setTarget(target);
 }
 
 void SubWindow::takeFocusToFindEF() {
@@ -223,79 +147,85 @@ void SubWindow::takeFocusToFindEF() {
         expectsFocus_ = true;
         activateWindow();
     }
-    findBar_->FindEF()->setFocus();
+    findBar_.FindEF()->setFocus();
 }
 
-void SubWindow::LatinCB_Action() {
-    if (!LatinCB_->isChecked())
-        return;
-    if (services_.busy.busy()) {
-        whenFree([this] { LatinCB_Action(); });
-        return;
-    }
-    const Running running(*this);
-    WordsRun run{};
-    {
-        const Busy guard(services_.busy);
-        run = askWords("");
-    }
-    if (run == WordsRun::Answered || shut_)
-        return;
-    if (run == WordsRun::Failed)
-        // There is no address to open for either answer.
-        services_.host.askYesNo("To use this function, you have to install Words made by Mr. Ansel Corrigan. Do you "
-                                "want to go to his home page ?\r");
-    LatinCB_->setChecked(false);
+void SubWindow::showSettings(const SubwindowSettings& settings) {
+    widthAtOpening_ = settings.width;
+    text_.BVfonts->setMenuValue(settings.fontRow);
+    text_.BVsize->setMenuValue(settings.sizeRow);
+    for (std::size_t row = 0; row < settings.sourcesOn.size(); ++row)
+        showSource(row, settings.sourcesOn[row]);
+    switches_.SyncronizeCB->setChecked(settings.SyncronizeCB);
+    switches_.DontClearCB->setChecked(settings.DontClearCB);
+    switches_.UserDicPU->setEnabled(settings.sourcesOn[sourceRow("UserDicCB")]);
 }
 
-void SubWindow::mMakeUserDictionary() {
-    const Running running(*this);
-    makeUserDictionaryByDialogue(groupFolder_, MainWin_, services_.host, services_.busy);
+void SubWindow::applyTextStyle() {
+    text_.BVfonts->ApplySelection();
+    text_.BVsize->ApplySelection();
 }
 
-void SubWindow::mMakeUserDicPU() {
-    if (!UserDicCB_->isChecked())
-        return;
-    const FolderItem folder = groupFolder_.Child(kUserDictionariesFolder);
-    if (!folder.Exists())
-        return;
-    const Busy guard(services_.busy);
-    const Running running(*this);
-    const int row = UserDicPU_->ListIndex();
-    UserDicPU_->DeleteAllRows();
-    for (const FolderItem& link : folder.items()) {
-        const FolderItem item = link.resolved();
-        if (item.Visible() && item.Directory())
-            UserDicPU_->AddRow(item.Name(), item);
-        services_.host.Yield();
-    }
-    UserDicPU_->setListIndexQuietly(row);
+void SubWindow::showSource(std::size_t row, bool isOn) {
+    switches_.sources[row]->setChecked(isOn);
+}
+
+void SubWindow::showTarget(FindTarget target) {
+    findBar_.showTarget(target);
+}
+
+void SubWindow::showWord(const std::string& word) {
+    findBar_.showWord(toQ(word));
+}
+
+void SubWindow::showMiss(bool missed) {
+    findBar_.showMiss(missed);
+}
+
+void SubWindow::showHitColor(TextColor color) {
+    findBar_.FindColorRect()->setFillColor(QColor(color.red, color.green, color.blue));
+}
+
+void SubWindow::clearUserDictionaries() {
+    switches_.UserDicPU->DeleteAllRows();
+}
+
+void SubWindow::addUserDictionary(const std::string& name) {
+    switches_.UserDicPU->AddRow(name);
+}
+
+void SubWindow::chooseUserDictionary(int row) {
+    switches_.UserDicPU->setListIndexQuietly(row);
+}
+
+void SubWindow::showWait(bool shown) {
+    notice_->setShown(shown);
 }
 
 void SubWindow::Event_Activate() {
     if (std::exchange(expectsFocus_, false))
         return;
-    // A click on a field or on a button that moves the focus or opens a menu is let have its way.
+    // A click on a control that takes the focus or opens a menu does what it does anywhere.
     QWidget* under = childAt(mapFromGlobal(QCursor::pos()));
     for (; under != nullptr && under != this; under = under->parentWidget())
         if (under->isEnabled() && under->focusPolicy() != Qt::NoFocus && qobject_cast<QCheckBox*>(under) == nullptr)
             return;
-    goBack_->start();
+    goBack_.start();
 }
 
 void SubWindow::goBackToMainWindow() {
-    if (isActiveWindow() && !shut_)
+    if (isActiveWindow() && !model_.shut())
         MainWin_.focusSearch(false);
 }
 
 void SubWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() != QEvent::ActivationChange || !isWindow() || shut_)
+    if (event->type() != QEvent::ActivationChange || !isWindow() || model_.shut())
         return;
     if (isActiveWindow())
         Event_Activate();
     else
-        goBack_->stop();
+        goBack_.stop();
 }
 
 void SubWindow::closeEvent(QCloseEvent* event) {
@@ -303,53 +233,19 @@ void SubWindow::closeEvent(QCloseEvent* event) {
     shut();
 }
 
-SubwindowSettings SubWindow::settings() const {
-    SubwindowSettings settings;
-    settings.width = hanging_->width();
-    settings.fontRow = BVfonts_->MenuValue();
-    settings.sizeRow = BVsize_->MenuValue();
-    settings.DicAppCB = DicAppCB_->isChecked();
-    settings.LatinCB = LatinCB_->isChecked();
-    settings.target = findBar_->target();
-    settings.SyncronizeCB = SyncronizeCB_->isChecked();
-    settings.DontClearCB = DontClearCB_->isChecked();
-    settings.UserDicCB = UserDicCB_->isChecked();
-    settings.userDicRow = UserDicPU_->ListIndex();
-    return settings;
-}
-
-void SubWindow::Event_Close() {
-    // Shut while it still took its settings, it has none to save.
-    if (!settingsAtOpening_)
+void SubWindow::paintEvent(QPaintEvent*) {
+    if (!isWindow())
         return;
-    const SubwindowSettings now = settings();
-    const WriteResult written = writeSubwindow(groupFolder_, now);
-    // The next opening gives the same window again, so nothing is lost.
-    if (!written && now == *settingsAtOpening_)
-        return;
-    MainWin_.noteWritten(subwindowFile(groupFolder_).path().string(), written);
-}
-
-void SubWindow::mSetPref() {
-    const auto settings = readSubwindow(groupFolder_);
-    if (!settings)
-        return;
-    widthAtOpening_ = std::clamp(settings->width, kMinimumWidth, kMaximumSide);
-    BVfonts_->setMenuValue(settings->fontRow);
-    BVsize_->setMenuValue(settings->sizeRow);
-    DicAppCB_->setChecked(settings->DicAppCB);
-    LatinCB_->setChecked(settings->LatinCB);
-    findBar_->setTarget(settings->target);
-    SyncronizeCB_->setChecked(settings->SyncronizeCB);
-    DontClearCB_->setChecked(settings->DontClearCB);
-    UserDicCB_->setChecked(settings->UserDicCB);
-    UserDicPU_->setEnabled(settings->UserDicCB);
-    if (settings->userDicRow) {
-        mMakeUserDicPU();
-        UserDicPU_->setListIndexQuietly(*settings->userDicRow);
-    }
-    BVfonts_->ApplySelection();
-    BVsize_->ApplySelection();
+    // The desktop gives this window no frame, so it draws a thin one.
+    QPainter painter(this);
+    const DevicePixels device(painter);
+    const QRect all = device.rect(rect());
+    const int line = device.length(1);
+    const QColor color = palette().color(QPalette::Window).darker(160);
+    painter.fillRect(QRect(all.topLeft(), QSize(all.width(), line)), color);
+    painter.fillRect(QRect(all.x(), all.bottom() + 1 - line, all.width(), line), color);
+    painter.fillRect(QRect(all.topLeft(), QSize(line, all.height())), color);
+    painter.fillRect(QRect(all.right() + 1 - line, all.y(), line, all.height()), color);
 }
 
 } // namespace velmarin

@@ -1,86 +1,53 @@
 #pragma once
 
-#include "platform/Busy.h"
-#include "platform/Host.h"
-#include "side/DictionaryModule.h"
-#include "side/DictionaryService.h"
 #include "side/FindBar.h"
-#include "side/FindInText.h"
-#include "side/LookUpText.h"
+#include "side/SideDisplay.h"
 #include "side/SideHanging.h"
-#include "side/SubwindowFile.h"
-#include "side/WaitNotice.h"
+#include "side/SideModel.h"
+#include "side/SwitchControls.h"
+#include "side/TextControls.h"
 
-#include <QCheckBox>
 #include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
-#include <optional>
+#include <cstddef>
 #include <string>
-#include <string_view>
 
 namespace velmarin {
 
-class AnchoredLayout;
-class BevelButton;
 class MainWindowPort;
-class PopupMenu;
-class TextArea;
-class TextFontBevelButton;
-class TextSizeBevelButton;
+class WaitNotice;
 
-/// What a side window uses. All but the host have values of their own that tests replace.
-struct SideServices {
-    Host& host;
-    BusyState& busy;
-    /// Where "temp.sh" is written.
-    FolderItem preferencesFolder;
-    DictionaryService dictionaries{};
-    std::string wordsFolder{kWordsFolder};
-    /// The desktop's own dialogue where none is given.
-    FindBar::SelectColor selectColor{};
-    WaitNotice::Clock clock = std::chrono::steady_clock::now;
-};
-
-/// The side window of one main window: gives text where that gives scanned pages. Its find bar finds a word in the
-/// text, or looks it up in the dictionary service, in WORDS and in a user dictionary. It belongs to the main window's
-/// QMainWindow, and is replaced by a new one at each opening.
-class SubWindow : public QWidget {
+/// The side window of one main window: it gives text, while the main window gives scanned pages. It shows a SideModel,
+/// and knows about focus, size and place. It belongs to the QMainWindow of the main window, and a new one is made at
+/// each opening.
+class SubWindow : public QWidget, private SideDisplay {
     Q_OBJECT
   public:
-    /// Its settings are those of the group that the main window shows now: that folder is kept.
-    SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging);
+    /// The desktop's own color dialog is used if `selectColor` is empty.
+    SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging,
+              FindBar::SelectColor selectColor = {});
     ~SubWindow() override;
 
-    /// Takes its settings, and shows it at its main window, as high as that.
+    /// Reads the settings, and shows the window beside its main window, in the same height.
     void open();
-    /// Writes the settings, hides the window, and destroys it: at once, or where a look-up runs, which is stopped, at
-    /// the end of that.
+    /// Saves the settings, hides the window, and destroys it as soon as no look-up runs any more.
     void shut();
 
-    /// The one entry point of the find bar. A look-up is put off while something else runs.
-    void mDoFind(bool alsoMainWindow);
-    /// What the menu's commands "Dictionary" and "Find" do: gives `FindEF` the focus and sets the target; only finding
-    /// selects the word.
+    /// The menu's commands "Dictionary" and "Find": gives `FindEF` the focus and sets the target. Only finding selects
+    /// the word.
     void takeTarget(FindTarget target);
-    /// A query of the main window: looks it up here, whatever the find bar is set to, and leaves that setting alone.
-    /// Nothing happens unless `SyncronizeCB` is on.
+    /// A query of the main window.
     void synchronise(const QString& query);
-
-    /// True where WORDS answered; only then is the text changed. The caller holds a Busy guard.
-    bool mLatinWORDS(std::string_view word);
-    void mSearchUserDictionary(std::string_view word);
-    void mMakeUserDicPU();
-    void mMakeUserDictionary();
 
     /// The width of the settings.
     QSize sizeHint() const override { return {widthAtOpening_, height()}; }
 
-    TextArea* EF() const { return EF_; }
-    FindBar& findBar() const { return *findBar_; }
+    TextArea* EF() const { return text_.EF; }
+    FindBar& findBar() { return findBar_; }
+    SideModel& model() { return model_; }
     Hanging hanging() const { return hanging_->hanging(); }
-    int pFindStartPosition() const { return steps_.pFindStartPosition; }
 
   signals:
     /// Emitted after the settings are saved, however the window was closed.
@@ -92,55 +59,38 @@ class SubWindow : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    class Running;
-    enum class WordsRun { Answered, Stopped, Failed };
-
-    void makeText();
-    void makeChoices();
-    void makeUserDictionaries();
-    QCheckBox* checkBox(const char* name, const QString& caption, const QRect& place);
-    void mSetPref();
-    SubwindowSettings settings() const;
-    void Event_Close();
+    void connectFindBar();
+    void connectControls();
     void Event_Activate();
     void goBackToMainWindow();
-    void findStep();
-    void lookUp(bool alsoMainWindow);
-    void lookUpService(const QString& word);
-    void whenFree(const std::function<void()>& action);
-    WordsRun askWords(std::string_view word);
-    void LatinCB_Action();
     void takeFocusToFindEF();
 
+    void showSettings(const SubwindowSettings& settings) override;
+    void applyTextStyle() override;
+    void showSource(std::size_t row, bool isOn) override;
+    void showTarget(FindTarget target) override;
+    void showWord(const std::string& word) override;
+    void showMiss(bool missed) override;
+    void showHitColor(TextColor color) override;
+    void clearUserDictionaries() override;
+    void addUserDictionary(const std::string& name) override;
+    void chooseUserDictionary(int row) override;
+    void showWait(bool shown) override;
+    void release() override;
+
     MainWindowPort& MainWin_;
-    SideServices services_;
-    FolderItem groupFolder_;
-    DictionaryModule module_;
-    FindSteps steps_;
     AnchoredLayout* layout_;
-    TextArea* EF_;
-    FindBar* findBar_ = nullptr;
-    TextFontBevelButton* BVfonts_ = nullptr;
-    TextSizeBevelButton* BVsize_ = nullptr;
-    QCheckBox* SyncronizeCB_ = nullptr;
-    QCheckBox* DontClearCB_ = nullptr;
-    QCheckBox* LatinCB_ = nullptr;
-    QCheckBox* DicAppCB_ = nullptr;
-    QCheckBox* UserDicCB_ = nullptr;
-    BevelButton* UserDicBT_ = nullptr;
-    PopupMenu* UserDicPU_ = nullptr;
-    WaitNotice* notice_ = nullptr;
+    TextControls text_;
+    FindBar findBar_;
+    SwitchControls switches_;
+    WaitNotice* notice_;
+    SideModel model_;
     QPointer<SideHanging> hanging_;
-    /// Gives the focus back to the main window once the click that brought this one to the front is through: desktops
-    /// refuse to activate a window on behalf of an older event than that.
-    QTimer* goBack_;
+    /// Gives the focus back to the main window after the click that brought this one to the front: desktops refuse to
+    /// activate a window on behalf of an older event than that click.
+    QTimer goBack_{this};
     int widthAtOpening_;
-    /// Nothing until the window is open.
-    std::optional<SubwindowSettings> settingsAtOpening_;
-    int running_ = 0;
-    bool shut_ = false;
-    bool findPutOff_ = false;
-    /// The next activation was asked for by the window itself, and leaves the focus where it is.
+    /// The window has activated itself, and the focus stays where it is.
     bool expectsFocus_ = false;
 };
 

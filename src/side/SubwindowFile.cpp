@@ -2,9 +2,13 @@
 
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
+#include "side/SourceTable.h"
 #include "store/BooleanText.h"
 #include "text/LetterCase.h"
 #include "text/NumberText.h"
+
+#include <algorithm>
+#include <cstddef>
 
 namespace velmarin {
 
@@ -13,44 +17,70 @@ namespace {
 constexpr std::string_view kFileName = "Subwindow";
 constexpr std::string_view kDicApp = "DicApp";
 constexpr std::string_view kFind = "Find";
-/// Ten short lines; whatever comes behind is not ours.
+/// A few short lines; anything after that was not written by this program.
 constexpr std::size_t kMostRead = std::size_t{1} << 16;
+
+/// The lines of the file, counted from 1; those of the sources are in their table.
+enum : std::size_t {
+    kWidth = 1,
+    kFontRow = 2,
+    kSizeRow = 3,
+    kTarget = 6,
+    kSyncronizeCB = 7,
+    kDontClearCB = 8,
+    kUserDicRow = 10
+};
+
+std::size_t lineCount() {
+    std::size_t count = kUserDicRow;
+    for (const SourceRow& source : sourceTable())
+        count = std::max(count, source.settingsLine);
+    return count;
+}
 
 } // namespace
 
+SubwindowSettings::SubwindowSettings() {
+    for (const SourceRow& source : sourceTable())
+        sourcesOn.push_back(source.isOnByDefault);
+}
+
 SubwindowSettings parseSubwindow(std::string_view text) {
-    LineReader lines(text);
-    const auto number = [&] { return toInt32(CDbl(lines.ReadLine())); };
-    const auto boolean = [&] { return equalStrings(lines.ReadLine(), mDataMod_ConvertBooleanToString(true)); };
+    std::vector<std::string_view> lines(lineCount() + 1);
+    LineReader reader(text);
+    std::generate(lines.begin() + kWidth, lines.end(), [&] { return reader.ReadLine(); });
+    const auto number = [&](std::size_t line) { return toInt32(CDbl(lines[line])); };
+    const auto isOn = [&](std::size_t line) {
+        return equalStrings(lines[line], mDataMod_ConvertBooleanToString(true));
+    };
     SubwindowSettings settings;
-    settings.width = number();
-    settings.fontRow = number();
-    settings.sizeRow = number();
-    settings.DicAppCB = boolean();
-    settings.LatinCB = boolean();
-    settings.target = equalStrings(lines.ReadLine(), kDicApp) ? FindTarget::DicApp : FindTarget::Find;
-    settings.SyncronizeCB = boolean();
-    settings.DontClearCB = boolean();
-    settings.UserDicCB = boolean();
-    if (const std::string_view row = lines.ReadLine(); !row.empty())
-        settings.userDicRow = toInt32(CDbl(row));
+    settings.width = number(kWidth);
+    settings.fontRow = number(kFontRow);
+    settings.sizeRow = number(kSizeRow);
+    for (std::size_t row = 0; row < settings.sourcesOn.size(); ++row)
+        settings.sourcesOn[row] = isOn(sourceTable()[row].settingsLine);
+    settings.target = equalStrings(lines[kTarget], kDicApp) ? FindTarget::DicApp : FindTarget::Find;
+    settings.SyncronizeCB = isOn(kSyncronizeCB);
+    settings.DontClearCB = isOn(kDontClearCB);
+    if (!lines[kUserDicRow].empty())
+        settings.userDicRow = number(kUserDicRow);
     return settings;
 }
 
 std::string subwindowText(const SubwindowSettings& settings) {
+    std::vector<std::string> lines(lineCount() + 1);
+    lines[kWidth] = Str(settings.width);
+    lines[kFontRow] = Str(settings.fontRow);
+    lines[kSizeRow] = Str(settings.sizeRow);
+    for (std::size_t row = 0; row < settings.sourcesOn.size(); ++row)
+        lines[sourceTable()[row].settingsLine] = mDataMod_ConvertBooleanToString(settings.sourcesOn[row]);
+    lines[kTarget] = settings.target == FindTarget::DicApp ? kDicApp : kFind;
+    lines[kSyncronizeCB] = mDataMod_ConvertBooleanToString(settings.SyncronizeCB);
+    lines[kDontClearCB] = mDataMod_ConvertBooleanToString(settings.DontClearCB);
+    lines[kUserDicRow] = Str(settings.userDicRow.value_or(-1));
     std::string text;
-    const auto line = [&](std::string_view value) { text.append(value).append("\n"); };
-    const auto boolean = [&](bool value) { line(mDataMod_ConvertBooleanToString(value)); };
-    line(Str(settings.width));
-    line(Str(settings.fontRow));
-    line(Str(settings.sizeRow));
-    boolean(settings.DicAppCB);
-    boolean(settings.LatinCB);
-    line(settings.target == FindTarget::DicApp ? kDicApp : kFind);
-    boolean(settings.SyncronizeCB);
-    boolean(settings.DontClearCB);
-    boolean(settings.UserDicCB);
-    line(Str(settings.userDicRow.value_or(-1)));
+    for (std::size_t line = kWidth; line < lines.size(); ++line)
+        text += lines[line] + "\n";
     return text;
 }
 

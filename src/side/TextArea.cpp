@@ -1,10 +1,14 @@
 #include "side/TextArea.h"
 
+#include "controls/QtText.h"
+#include "side/FindInText.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QMimeData>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTextBlock>
 
 #include <algorithm>
 
@@ -33,36 +37,47 @@ void TextArea::setWholeText(const QString& text) {
     }
 }
 
-int TextArea::held(int position) const {
+void TextArea::assignWithAppended(std::string_view text) {
+    setWholeText(Text() + toQ(text));
+}
+
+std::optional<TextHit> TextArea::findWord(int start, std::string_view word) const {
+    const QString wanted = toQ(word);
+    const auto units = [](const QString& text) {
+        return std::u16string_view(QStringView(text).utf16(), static_cast<std::size_t>(text.size()));
+    };
+    const int from = std::max(start, 1) - 1;
+    // One paragraph after the other, so that no more than one is copied.
+    for (QTextBlock block = document()->findBlock(from); block.isValid(); block = block.next()) {
+        const int inBlock =
+            findIgnoringCase(std::max(from - block.position(), 0) + 1, units(block.text()), units(wanted));
+        if (inBlock != 0)
+            return TextHit{block.position() + inBlock, static_cast<int>(wanted.size())};
+    }
+    return std::nullopt;
+}
+
+int TextArea::insideText(int position) const {
     return std::clamp(position, 0, textLength());
 }
 
 void TextArea::select(int start, int length) {
     QTextCursor cursor = textCursor();
-    cursor.setPosition(held(start));
-    cursor.setPosition(held(held(start) + std::max(length, 0)), QTextCursor::KeepAnchor);
+    cursor.setPosition(insideText(start));
+    cursor.setPosition(insideText(insideText(start) + std::max(length, 0)), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
 }
 
-void TextArea::setSelText(const QString& text) {
+void TextArea::setSelText(std::string_view text) {
     QTextCursor cursor = textCursor();
-    cursor.insertText(text, currentCharFormat());
+    cursor.insertText(toQ(text), currentCharFormat());
     setTextCursor(cursor);
 }
 
-void TextArea::mergeStyle(const QTextCharFormat& style) {
-    mergeCurrentCharFormat(style);
-}
-
-QColor TextArea::SelTextColor() const {
-    const QBrush brush = currentCharFormat().foreground();
-    return brush.style() == Qt::NoBrush ? palette().color(QPalette::Text) : brush.color();
-}
-
-void TextArea::setSelTextColor(const QColor& colour) {
+void TextArea::setSelTextColor(TextColor color) {
     QTextCharFormat style;
-    style.setForeground(colour);
-    mergeStyle(style);
+    style.setForeground(QColor(color.red, color.green, color.blue));
+    mergeCurrentCharFormat(style);
 }
 
 void TextArea::clearSelTextColor() {
@@ -75,32 +90,20 @@ double TextArea::SelTextSize() const {
     const double own = currentCharFormat().fontPointSize();
     if (own > 0)
         return own;
-    // What the font was told to be, where it was told in points: on the screen it is rounded to pixels.
+    // The size that the font was given, if that was in points; QFontInfo gives it rounded to pixels.
     return font().pointSizeF() > 0 ? font().pointSizeF() : QFontInfo(font()).pointSizeF();
 }
 
 void TextArea::setSelTextSize(double points) {
     QTextCharFormat style;
     style.setFontPointSize(points);
-    mergeStyle(style);
-}
-
-void TextArea::setSelTextFont(const QString& family) {
-    QTextCharFormat style;
-    style.setFontFamilies({family});
-    mergeStyle(style);
+    mergeCurrentCharFormat(style);
 }
 
 void TextArea::setSelBold(bool bold) {
     QTextCharFormat style;
     style.setFontWeight(bold ? QFont::Bold : QFont::Normal);
-    mergeStyle(style);
-}
-
-void TextArea::setTextFont(const QString& family) {
-    QFont changed = font();
-    changed.setFamilies({family});
-    setFont(changed);
+    mergeCurrentCharFormat(style);
 }
 
 void TextArea::setTextSize(double points) {
@@ -111,7 +114,7 @@ void TextArea::setTextSize(double points) {
 
 void TextArea::scrollToLineOf(int position) {
     QTextCursor cursor(document());
-    cursor.setPosition(held(position));
+    cursor.setPosition(insideText(position));
     const int top = verticalScrollBar()->value() + cursorRect(cursor).top();
     verticalScrollBar()->setValue(top <= document()->documentMargin() ? 0 : top);
 }

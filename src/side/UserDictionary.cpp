@@ -49,33 +49,50 @@ std::string quoted(const fs::path& path) {
     return "\"" + path.native() + "\"";
 }
 
-BuildResult failure(std::string reason) {
+WriteResult failure(std::string reason) {
     return {.ok = false, .reason = std::move(reason)};
 }
 
-/// Why the files in `folder` may not be replaced; nothing where they may.
-std::optional<std::string> obstacle(const FolderItem& source, const FolderItem& folder) {
+WriteResult notRead(const fs::path& path) {
+    return failure(quoted(path) + " could not be read.");
+}
+
+/// With the reason in errno.
+WriteResult notWritten(const fs::path& path) {
+    return failure(quoted(path) + " could not be written: " + errorInWords(errno));
+}
+
+WriteResult failure(const Failures& failures) {
+    std::string text;
+    for (const Failure& each : failures)
+        text += (text.empty() ? "" : "; ") + quoted(each.item.path()) + ": " + each.reason;
+    return failure(std::move(text));
+}
+
+/// Fails if one of the files in `folder` must not be replaced.
+WriteResult checkReplaceable(const FolderItem& source, const FolderItem& folder) {
     for (const std::string_view name : {kTextFileName, kIndexFileName}) {
         const FolderItem member = folder.Child(name);
         std::error_code error;
         if (member.Directory())
-            return quoted(member.path()) + " is a folder.";
+            return failure(quoted(member.path()) + " is a folder.");
         if (member.Exists() && fs::equivalent(member.path(), source.path(), error))
-            return quoted(member.path()) + " is the data file itself. Choose another folder for the dictionary.";
+            return failure(quoted(member.path()) +
+                           " is the data file itself. Choose another folder for the dictionary.");
     }
-    return std::nullopt;
+    return {};
 }
 
 bool holdsUserDictionary(const FolderItem& folder) {
     return folder.Child(kTextFileName).occupied() || folder.Child(kIndexFileName).occupied();
 }
 
-/// The source a piece at a time, cut at the ends of lines. A line that is longer than a piece comes whole.
-class Pieces {
+/// The source in pieces of whole lines. A line that is longer than a piece is not cut.
+class LinePieces {
   public:
-    explicit Pieces(const ReadOnlyFile& file) : file_(file) {}
+    explicit LinePieces(const ReadOnlyFile& file) : file_(file) {}
 
-    /// False at the end of the file. The piece lasts until the next call.
+    /// False at the end of the file. The piece is valid until the next call.
     bool next(std::string_view& piece) {
         buffer_.erase(0, std::exchange(taken_, 0));
         for (std::size_t searched = 0; taken_ == 0; searched = buffer_.size()) {
@@ -97,15 +114,15 @@ class Pieces {
   private:
     static constexpr std::size_t kPiece = std::size_t{1} << 20;
 
-    /// After the last end of a line that is known to be whole; 0 where there is none.
+    /// The position after the last complete line; 0 if there is none. The first `searched` bytes have none.
     std::size_t endOfLines(std::size_t searched) const {
-        const std::string_view fresh = std::string_view(buffer_).substr(searched > 0 ? searched - 1 : 0);
-        const std::size_t before = buffer_.size() - fresh.size();
-        const std::size_t lineFeed = fresh.rfind('\n');
+        const std::string_view unsearched = std::string_view(buffer_).substr(searched > 0 ? searched - 1 : 0);
+        const std::size_t before = buffer_.size() - unsearched.size();
+        const std::size_t lineFeed = unsearched.rfind('\n');
         if (lineFeed != std::string_view::npos)
             return before + lineFeed + 1;
-        // A CR at the very end may have its LF in what comes next.
-        const std::size_t carriageReturn = fresh.substr(0, fresh.size() - 1).rfind('\r');
+        // The LF that belongs to a CR at the very end may not have been read yet.
+        const std::size_t carriageReturn = unsearched.substr(0, unsearched.size() - 1).rfind('\r');
         return carriageReturn == std::string_view::npos ? 0 : before + carriageReturn + 1;
     }
 
@@ -115,7 +132,7 @@ class Pieces {
     std::uint64_t at_ = 0;
 };
 
-/// The lines of `bytes` with their ends, the superscripts set.
+/// The lines of `bytes` with their superscripts and line ends.
 std::string dictionaryText(std::string_view bytes, ProgressPort& progress, BuildResult& result) {
     std::string text;
     text.reserve(bytes.size());
@@ -135,7 +152,7 @@ std::string dictionaryText(std::string_view bytes, ProgressPort& progress, Build
     return text;
 }
 
-/// One build, in which the files are staged and then change places with the earlier ones.
+/// One build: the files are staged and then swapped with the earlier ones.
 class Build {
   public:
     Build(const FolderItem& source, const FolderItem& folder, ProgressPort& progress)
@@ -143,84 +160,85 @@ class Build {
           work_([&progress](const WorkDone&) { progress.yield(); }) {}
 
     BuildResult run(EarlierPair earlier, const FolderItem& backups) {
+        const WriteResult built = build(earlier, backups);
+        result_.ok = built.ok;
+        result_.reason = built.reason;
+        return result_;
+    }
+
+  private:
+    WriteResult build(EarlierPair earlier, const FolderItem& backups) {
         clearLeftovers(folder_.path(), work_);
         const auto file = ReadOnlyFile::open(source_);
         if (!file)
-            return failure(quoted(source_.path()) + " could not be read.");
+            return notRead(source_.path());
         const FileStamp stamp = file->stamp();
-        if (const auto why = obstacle(source_, folder_))
-            return failure(*why);
-        if (earlier == EarlierPair::Refused && holdsUserDictionary(folder_)) {
-            result_ = failure(quoted(folder_.path()) + " already holds a user dictionary.");
-            result_.earlierRefused = true;
-            return result_;
-        }
+        if (const WriteResult replaceable = checkReplaceable(source_, folder_); !replaceable)
+            return replaceable;
+        result_.earlierRefused = earlier == EarlierPair::Refused && holdsUserDictionary(folder_);
+        if (result_.earlierRefused)
+            return failure(quoted(folder_.path()) + " already holds a user dictionary.");
         if (earlier == EarlierPair::Saved)
             saveLeftovers(backups);
         auto staged = StagedMembers::in(folder_.path());
         if (!staged)
             return failure("Nothing can be written to " + quoted(folder_.path()) + ": " + errorInWords(errno));
-        if (const auto why = write(*staged, *file))
-            return failure(*why);
+        if (const WriteResult text = writeText(*staged, *file); !text)
+            return text;
+        if (const WriteResult index = writeIndex(*staged); !index)
+            return index;
         const auto again = ReadOnlyFile::open(source_);
         if (!again || again->stamp() != stamp)
             return failure(quoted(source_.path()) + " was changed while the dictionary was being made.");
-        if (const auto why = putInPlace(*staged, earlier, backups))
-            return failure(*why);
-        return result_;
+        return putInPlace(*staged, earlier, backups);
     }
 
-  private:
-    static std::string notWritten(const fs::path& path) {
-        return quoted(path) + " could not be written: " + errorInWords(errno);
-    }
-
-    std::optional<std::string> write(StagedMembers& staged, const ReadOnlyFile& file) {
+    WriteResult writeText(StagedMembers& staged, const ReadOnlyFile& file) {
         NewFile text(staged.placeOf(kTextFileName));
-        Pieces pieces(file);
+        LinePieces pieces(file);
         for (std::string_view piece; text && pieces.next(piece);)
             text.write(dictionaryText(piece, progress_, result_));
         if (text && pieces.read() < file.stamp().size)
-            return quoted(source_.path()) + " could not be read.";
+            return notRead(source_.path());
         if (!text.flush())
             return notWritten(folder_.path() / kTextFileName);
         staged.add(std::string(kTextFileName));
-        std::string why = quoted(source_.path()) + " could not be read.";
-        const bool made = makeUserDictionaryIndex(DictionaryModule(), source_, progress_, [&](std::string_view bytes) {
-            NewFile index(staged.placeOf(kIndexFileName));
-            const bool written = index.write(bytes) && index.flush();
-            why = notWritten(folder_.path() / kIndexFileName);
-            return written;
-        });
-        if (!made)
-            return why;
-        staged.add(std::string(kIndexFileName));
-        return std::nullopt;
+        return {};
     }
 
-    std::optional<std::string> putInPlace(StagedMembers& staged, EarlierPair earlier, const FolderItem& backups) {
+    WriteResult writeIndex(StagedMembers& staged) {
+        return makeUserDictionaryIndex(DictionaryModule(), source_, progress_, [&](std::string_view bytes) {
+            NewFile index(staged.placeOf(kIndexFileName));
+            if (!index.write(bytes) || !index.flush())
+                return notWritten(folder_.path() / kIndexFileName);
+            staged.add(std::string(kIndexFileName));
+            return WriteResult();
+        });
+    }
+
+    WriteResult putInPlace(StagedMembers& staged, EarlierPair earlier, const FolderItem& backups) {
         Failures failures;
-        // The index goes first and comes last: no index is ever beside a text that it does not belong to.
+        // The index goes first and comes last, so that no index is ever beside a text that it does not belong to.
         if (!staged.beginSwap())
             return notWritten(folder_.path());
         if (!staged.swap({std::string(kIndexFileName), std::string(kTextFileName)}, work_, failures))
-            return told(failures);
+            return failure(failures);
         if (earlier != EarlierPair::Saved)
-            return staged.forgetOld() ? std::nullopt : std::optional(notWritten(folder_.path()));
+            return staged.forgetOld() ? WriteResult() : notWritten(folder_.path());
         const auto old = staged.keepOld();
         if (!old)
             return notWritten(folder_.path());
         if (old->empty() || save(*old, backups, failures)) {
             staged.drop(work_);
-            return std::nullopt;
+            return {};
         }
         if (!staged.undoKeepOld() || !staged.undo(work_))
             failures.push_back({folder_, "what was replaced could not be put back: " + errorInWords(errno)});
-        return told(failures);
+        return failure(failures);
     }
 
-    /// Moves an earlier pair to a new folder in `backups`; it stays where that fails. What had to be copied there stays
-    /// too, for the hidden folder that holds it to be removed.
+    /// Moves an earlier pair to a new folder in `backups`, or leaves it where it is if that fails. Files that had to be
+    /// copied also stay where they were; the hidden folder that holds them is removed later.
     bool save(const std::vector<fs::path>& pair, const FolderItem& backups, Failures& failures) {
         const FolderItem backup(backups.path() / backupFolderName(folder_.Name(), 0, backups));
         if (!backups.CreateAsFolder() || !makeFolder(backup.path())) {
@@ -238,7 +256,7 @@ class Build {
         return true;
     }
 
-    /// What a killed build has replaced and not yet saved; it stays hidden where that fails.
+    /// Saves what a killed build has replaced and not saved. If that fails, it stays in its hidden folder.
     void saveLeftovers(const FolderItem& backups) {
         Failures ignored;
         for (const fs::path& leftover : unsavedMembers(folder_.path())) {
@@ -246,13 +264,6 @@ class Build {
             if (old && save(*old, backups, ignored))
                 removeTree(leftover, work_);
         }
-    }
-
-    static std::string told(const Failures& failures) {
-        std::string text;
-        for (const Failure& each : failures)
-            text += (text.empty() ? "" : "; ") + quoted(each.item.path()) + ": " + each.reason;
-        return text;
     }
 
     const FolderItem& source_;

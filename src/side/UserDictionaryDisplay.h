@@ -1,19 +1,22 @@
 #pragma once
 
-#include "platform/Host.h"
 #include "side/DictionaryModule.h"
 
+#include <functional>
+#include <string>
 #include <string_view>
 
 namespace velmarin {
 
-class PopupMenu;
-class TextArea;
+class AnswerText;
 
-/// Shows what the module's last search found: as rows of a pop-up, caption and tag (a std::string) parted by "__DLM__",
-/// or at the insertion point of a text, each hit under a heading with the dictionary's name, its head word large. Lets
-/// events run after each. Where neither is given this is told to the user.
-void mDisplayResult(DictionaryModule& module, std::string_view dictionaryName, bool toPopup, PopupMenu* popup,
-                    TextArea* area, Host& host);
+/// Adds a row to a pop-up.
+using AddPopupRow = std::function<void(const std::string& caption, const std::string& tag)>;
+
+/// Shows what the module's last search found: as rows of a pop-up, whose caption and tag are separated by "__DLM__", or
+/// at the insertion point of `area`, each hit under a heading with the dictionary's name, its headword in a larger
+/// size. Calls `yield` after each. Without a place to show it, the user gets a message.
+void mDisplayResult(DictionaryModule& module, std::string_view dictionaryName, bool toPopup, const AddPopupRow& popup,
+                    AnswerText* area, const DictionaryModule::Yield& yield);
 
 } // namespace velmarin

@@ -3,6 +3,7 @@
 #include "files/AtomicFile.h"
 #include "files/LineScanner.h"
 #include "side/DictionaryModule.h"
+#include "side/ProgressPort.h"
 #include "side/UserDictionary.h"
 #include "store/TextFileLines.h"
 #include "text/NilObjectException.h"
@@ -17,10 +18,10 @@ namespace {
 
 constexpr int kFirstPassStep = 1000;
 constexpr int kLaterPassStep = 2000;
-/// Sorting gives events a chance at each so many comparisons.
-constexpr unsigned kComparisonsAYield = 64;
+/// The sort lets events run once in this many comparisons.
+constexpr unsigned kComparisonsPerYield = 64;
 
-/// All search words in one buffer, each known by its end.
+/// All search words in one buffer, and where each ends.
 struct Words {
     std::string letters;
     std::vector<std::size_t> ends;
@@ -40,7 +41,7 @@ Words makeWords(const DictionaryModule& module, const ReadOnlyFile& source, Prog
     return words;
 }
 
-/// A line for each word, with its end.
+/// A line of the index for each word, with its line end.
 std::string makeElements(const Words& words, ProgressPort& progress) {
     constexpr std::size_t kTabNumberAndEnd = 10;
     std::string elements;
@@ -66,7 +67,7 @@ std::vector<std::string_view> sortedLines(std::string_view text, ProgressPort& p
     }
     unsigned comparisons = 0;
     std::sort(lines.begin(), lines.end(), [&](std::string_view a, std::string_view b) {
-        if (++comparisons % kComparisonsAYield == 0)
+        if (++comparisons % kComparisonsPerYield == 0)
             progress.yield();
         return a < b;
     });
@@ -75,13 +76,13 @@ std::vector<std::string_view> sortedLines(std::string_view text, ProgressPort& p
 
 } // namespace
 
-bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
-                             const std::function<bool(std::string_view)>& write) {
+WriteResult makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
+                                    const std::function<WriteResult(std::string_view bytes)>& write) {
     progress.message("I'm counting the lines of the data.");
     const int lineCount = mFiMod_GetLineCountFromTextFi(source);
     const auto file = ReadOnlyFile::open(source);
     if (!file)
-        return false;
+        return {.ok = false, .reason = "\"" + source.path().native() + "\" could not be read."};
     progress.showBar();
 
     progress.message("I'm making the word for sorting and searching.");
@@ -107,23 +108,21 @@ bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& s
         bytes += sorted[i];
         progress.yield();
     }
-    if (!write(bytes))
-        return false;
+    const WriteResult written = write(bytes);
+    if (!written)
+        return written;
     progress.setValue(last);
     progress.message("");
-    return true;
+    return {};
 }
 
 void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index, ProgressPort& progress) const {
     if (source.isNil() || index.isNil())
         return;
-    WriteResult written{.ok = false, .reason = "\"" + source.path().native() + "\" could not be read."};
-    const bool made = makeUserDictionaryIndex(*this, source, progress, [&](std::string_view bytes) {
-        written = writeFileAtomically(index.path(), bytes);
-        return written.ok;
-    });
+    const WriteResult made = makeUserDictionaryIndex(
+        *this, source, progress, [&](std::string_view bytes) { return writeFileAtomically(index.path(), bytes); });
     if (!made)
-        throw NilObjectException(written.reason);
+        throw NilObjectException(made.reason);
 }
 
 } // namespace velmarin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
 
 #include <functional>
@@ -10,9 +11,9 @@ namespace velmarin {
 class ProgressPort;
 class DictionaryModule;
 
-/// The index of a source file as `mDic_MakeIndex` makes it, handed whole to `write`. False where the source cannot be
-/// read, or where `write` returns false.
-bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
-                             const std::function<bool(std::string_view)>& write);
+/// Makes the index of a source file, as `mDic_MakeIndex` describes it, and passes its bytes to `write`. Fails if the
+/// source cannot be read or `write` fails.
+WriteResult makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
+                                    const std::function<WriteResult(std::string_view bytes)>& write);
 
 } // namespace velmarin

@@ -1,7 +1,9 @@
 #include "side/UserDictionaryMaker.h"
 
 #include "platform/Busy.h"
+#include "platform/Host.h"
 #include "side/MainWindowPort.h"
+#include "side/ProgressPort.h"
 #include "side/UserDictionary.h"
 #include "store/FileType.h"
 #include "text/NumberText.h"
@@ -15,7 +17,7 @@ constexpr std::string_view kAskForFolder = "Create a folder as new Dictionary.";
 constexpr std::string_view kMade = "A user dictionary was ceated. Put the dictionary or its alias in the "
                                    "UserDictionary found in the DictionaryFolder.";
 
-/// Shows a build in the main window. One that fails leaves neither its message nor its bar.
+/// Shows a build in the main window. After a failure the message and the bar are removed.
 class ShownInMainWindow : public ProgressPort {
   public:
     ShownInMainWindow(MainWindowPort& window, Host& host) : window_(window), host_(host) {}
@@ -52,10 +54,20 @@ std::string notUtf8Message(std::int64_t lines) {
                         "letters cannot be shown.";
 }
 
+/// A new folder is removed again if the build fails.
+BuildResult build(const FolderItem& source, const FolderItem& folder, bool isNew, ProgressPort& progress,
+                  const FolderItem& desktop) {
+    const BuildResult result = buildUserDictionary(source, folder, progress, EarlierPair::Saved, desktop);
+    std::error_code ignored;
+    if (!result.ok && isNew)
+        std::filesystem::remove(folder.path(), ignored);
+    return result;
+}
+
 } // namespace
 
-void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowPort& mainWindow, Host& host,
-                                  BusyState& busy, const FolderItem& desktop) {
+void makeUserDictionaryByDialog(const FolderItem& groupFolder, MainWindowPort& mainWindow, Host& host, BusyState& busy,
+                                const FolderItem& desktop) {
     const FolderItem dictionaries = groupFolder.Child(kUserDictionariesFolder);
     if (!dictionaries.Exists() && !dictionaries.CreateAsFolder())
         host.MsgBox("The folder " + dictionaries.path().native() + " could not be made.");
@@ -79,14 +91,11 @@ void makeUserDictionaryByDialogue(const FolderItem& groupFolder, MainWindowPort&
     {
         const Busy guard(busy);
         ShownInMainWindow progress(mainWindow, host);
-        result = buildUserDictionary(FolderItem(source), folder, progress, EarlierPair::Saved, desktop);
+        result = build(FolderItem(source), folder, isNew, progress, desktop);
         if (result.ok)
             progress.done();
     }
     if (!result.ok) {
-        std::error_code ignored;
-        if (isNew)
-            std::filesystem::remove(chosen, ignored);
         host.MsgBox(result.reason);
         return;
     }

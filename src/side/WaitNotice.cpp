@@ -5,19 +5,11 @@
 #include <QPushButton>
 
 #include <algorithm>
-#include <utility>
 
 namespace velmarin {
 
-namespace {
-
-constexpr std::chrono::milliseconds kPatience{500};
-
-} // namespace
-
-WaitNotice::WaitNotice(const QString& text, QWidget* over, Clock clock)
-    : QFrame(over->parentWidget()), over_(over), clock_(std::move(clock)),
-      StopBT_(new QPushButton(QStringLiteral("Stop"), this)) {
+WaitNotice::WaitNotice(const QString& text, QWidget* over)
+    : QFrame(over->parentWidget()), over_(over), StopBT_(new QPushButton(QStringLiteral("Stop"), this)) {
     setObjectName(QStringLiteral("WaitNotice"));
     setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     setAutoFillBackground(true);
@@ -28,30 +20,22 @@ WaitNotice::WaitNotice(const QString& text, QWidget* over, Clock clock)
     auto* row = new QHBoxLayout(this);
     row->addWidget(label, 1);
     row->addWidget(StopBT_);
-    connect(StopBT_, &QPushButton::clicked, this, &WaitNotice::stop);
+    connect(StopBT_, &QPushButton::clicked, this, &WaitNotice::stopRequested);
     hide();
 }
 
-void WaitNotice::begin() {
-    began_ = clock_();
-    stopped_ = false;
-}
-
-bool WaitNotice::goOn() {
-    if (!stopped_ && clock_() - began_ >= kPatience) {
-        const QRect place = over_->geometry();
-        const int height = std::min(std::max(sizeHint().height(), heightForWidth(place.width())), place.height());
-        setGeometry(place.x(), place.bottom() + 1 - height, place.width(), height);
-        if (isHidden()) {
-            raise();
-            show();
-        }
+void WaitNotice::setShown(bool shown) {
+    if (!shown) {
+        hide();
+        return;
     }
-    return !stopped_;
-}
-
-void WaitNotice::end() {
-    hide();
+    const QRect place = over_->geometry();
+    const int height = std::min(std::max(sizeHint().height(), heightForWidth(place.width())), place.height());
+    setGeometry(place.x(), place.bottom() + 1 - height, place.width(), height);
+    if (isHidden()) {
+        raise();
+        show();
+    }
 }
 
 } // namespace velmarin

@@ -7,8 +7,7 @@ namespace velmarin {
 /// The per-user folder `Selorin_SoftWare`. Nil until mFiMod_OpenThisModule has set it.
 extern FolderItem pFiMod_UserPrefContainer;
 
-/// Makes the per-user folder (below $XDG_CONFIG_HOME or ~/.config) with its `LocalUserName`, and fills
-/// pPictureExtensions.
+/// Makes the per-user folder (below $XDG_CONFIG_HOME or ~/.config) with its `LocalUserName`.
 void mFiMod_OpenThisModule();
 
 } // namespace velmarin

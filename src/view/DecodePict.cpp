@@ -1,5 +1,6 @@
 #include "view/Formats.h"
 
+#include "store/PictureFormats.h"
 #include "view/PictMap.h"
 #include "view/Picture.h"
 
@@ -9,19 +10,6 @@
 
 namespace velmarin {
 namespace {
-
-using namespace std::string_view_literals;
-
-std::size_t startOf(std::string_view bytes) {
-    for (const std::size_t start : {std::size_t{512}, std::size_t{0}}) {
-        if (bytes.size() < start + 14)
-            continue;
-        const std::string_view version = bytes.substr(start + 10);
-        if (version.starts_with("\0\x11\x02\xff"sv) || version.starts_with("\x11\x01"sv))
-            return start;
-    }
-    return std::string_view::npos;
-}
 
 /// Skips the operands of an opcode that draws nothing. False for all others.
 bool skipOperands(PictReader& in, int opcode) {
@@ -147,12 +135,8 @@ class MappedPict {
 
 } // namespace
 
-bool isPict(std::string_view bytes) {
-    return startOf(bytes) != std::string_view::npos;
-}
-
 DecodedPix decodePict(std::string_view bytes) {
-    const std::string_view body = bytes.substr(startOf(bytes));
+    const std::string_view body = bytes.substr(pictStart(bytes));
     PictReader header(body);
     header.skip(2);
     const PictRectangle frame(header);

@@ -24,8 +24,7 @@ DecodedPix decodePng(std::string_view bytes);
 DecodedPix decodeBmp(std::string_view bytes);
 DecodedPix decodeJpeg2000(std::string_view bytes);
 
-/// Whether the bytes are a PICT, with or without the 512-byte file header.
-bool isPict(std::string_view bytes);
+/// Reads a PICT with or without its 512-byte file header.
 DecodedPix decodePict(std::string_view bytes);
 
 /// Decodes with GraphicsMagick, as the named format only: "PICT", "GIF", "WEBP", "PNM", "PCX", "TGA" or "BMP". All

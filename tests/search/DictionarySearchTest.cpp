@@ -125,13 +125,6 @@ TEST(HitSelection, EqualsThePlainLoopOverUnsortedIndexes) {
     }
 }
 
-TEST(HitSelection, AnEditedTxtIsReadAnew) {
-    Dictionary dictionary({"A", "B", "C"});
-    EXPECT_EQ(shown(searchDictionary("B", dictionary.item, SearchForm::Tab)), "2.tif");
-    dictionary.folder().write("D/txt", "one\ntwo <@_other.tif_>\nthree\n");
-    EXPECT_EQ(shown(searchDictionary("B", dictionary.item, SearchForm::Tab)), "other.tif");
-}
-
 TEST(HitSelection, AMissingTxtIsToldAndCountsAsALineWithoutMarkup) {
     Dictionary dictionary({"A", "B", "C"});
     std::filesystem::remove(dictionary.folder().path() / "D/txt");
@@ -142,28 +135,6 @@ TEST(HitSelection, AMissingTxtIsToldAndCountsAsALineWithoutMarkup) {
     EXPECT_EQ(result.outcome, SearchOutcome::Hit);
     EXPECT_EQ(result.line.imageName, "");
     EXPECT_EQ(told, std::vector<std::string>{"mFiMod_GetTextFiLinesByLineNums_StringArray,TextFileFi does not exist."});
-}
-
-TEST(Independence, AnIndependentDictionaryAndTheOthersKeepOutOfEachOthersSearches) {
-    std::vector<std::shared_ptr<DictionaryItem>> group;
-    for (int i = 0; i < 3; ++i)
-        group.push_back(std::make_shared<DictionaryItem>());
-    group[1]->Independent = true;
-    struct Row {
-        const char* reason;
-        int front;
-        std::vector<bool> takesPart;
-    };
-    const std::vector<Row> rows{
-        {"an independent one that is not in front keeps out", 0, {true, false, true}},
-        {"in front it is searched alone", 1, {false, true, false}},
-        {"no tab of the group in front", 9, {true, false, true}},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.reason);
-        for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(takesPart(group, i, row.front), row.takesPart[static_cast<std::size_t>(i)]) << "dictionary " << i;
-    }
 }
 
 } // namespace

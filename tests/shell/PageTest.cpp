@@ -2,7 +2,6 @@
 
 #include "controls/BevelButton.h"
 #include "controls/QtText.h"
-#include "controls/TabPanel.h"
 #include "view/SmartCanvas.h"
 
 #include <QAccessible>
@@ -11,47 +10,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace velmarin::test {
 namespace {
-
-TEST(Pages, StepsStayWithinTheBook) {
-    Started run({fruitGroup("G", 1)});
-    auto* jump = run.control<BevelButton>("BVjump.0");
-    EXPECT_EQ(jump->wholeText(), "Page");
-    run.click("BVnext.0");
-    EXPECT_EQ(run.imageName(0), "") << "no page is shown yet, so there is none to step from";
-    run.search("date");
-    EXPECT_EQ(jump->MenuValue(), 3);
-    EXPECT_EQ(jump->wholeText(), "4.bmp");
-    run.click("BVnext.0");
-    run.click("BVnext.0");
-    EXPECT_EQ(run.imageName(0), "5.bmp");
-    EXPECT_EQ(jump->MenuValue(), 4);
-    for (int i = 0; i < 6; ++i)
-        run.click("BVback.0");
-    EXPECT_EQ(run.imageName(0), "1.bmp");
-    EXPECT_EQ(jump->MenuValue(), 0);
-    run.choose("BVjump.0", 2);
-    EXPECT_EQ(run.imageName(0), "3.bmp");
-    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
-}
-
-TEST(Pages, NamesThatDifferInCaseOrCompositionAreOnePage) {
-    Started run({GroupBuilder("G").dictionary(DictionaryBuilder("A")
-                                                  .entry("apple", "PAGE1.BMP")
-                                                  .entry("banana", "\xc3\xa9.bmp")
-                                                  .entry("zzz", "3.bmp")
-                                                  .without("mImg/PAGE1.BMP")
-                                                  .without("mImg/\xc3\xa9.bmp")
-                                                  .picture("page1.bmp")
-                                                  .picture("e\xcc\x81.bmp")
-                                                  .imageIndex({"3.bmp", "page1.bmp", "e\xcc\x81.bmp"}))});
-    run.search("apple");
-    EXPECT_EQ(run.imageName(0), "PAGE1.BMP");
-    EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 1);
-    run.search("banana");
-    EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), 2);
-}
 
 TEST(Pages, APageThatCannotBeShownSaysNoPictureAndLeavesNameAndMenu) {
     const struct {
@@ -130,70 +92,39 @@ TEST(Pages, ImageSizeShowsAFitOnlyIfItIsThePagesAndKeepsAnyNumber) {
     EXPECT_EQ(fromQ(run.control<BevelButton>("BVimage.0")->wholeText()), "Image size") << "a window without a group";
 }
 
-TEST(Pages, ADictionaryWithoutAnIndexGetsOneAndIndex2WinsOverIt) {
-    Started run({GroupBuilder("G")
-                     .dictionary(fruit("A").without("mImg/ImageIndex").picture("notes.txt", "text"))
-                     .dictionary(fruit("B").captions({{"2.bmp", "page ii"}, {"1.bmp", "page i"}}))});
-    EXPECT_EQ(run.read("DictionaryFolder/G/A/mImg/ImageIndex"), "4\n1.bmp\n2.bmp\n3.bmp\n4.bmp\n5.bmp\n");
-    auto* jump = run.control<BevelButton>("BVjump.1");
-    EXPECT_EQ(jump->rowCount(), 2);
-    run.search("apple");
-    EXPECT_EQ(jump->wholeText(), "page i");
-    EXPECT_EQ(run.imageName(1), "1.bmp");
-}
-
-TEST(History, RemembersWhatWasShownAndWalksIt) {
-    Started run({fruitGroup("G", 1)});
-    auto* history = run.control<BevelButton>("BVHistory.0");
-    const Qt::KeyboardModifiers commandOption = Qt::ControlModifier | Qt::AltModifier;
-    run.key(Qt::Key_Right, commandOption);
-    run.key(Qt::Key_Left, commandOption);
-    run.choose("BVHistory.0", 0);
-    EXPECT_EQ(history->rowCount(), 2);
-
-    run.search("apple");
-    run.search("APPLE");
-    EXPECT_EQ(history->rowCount(), 3) << "landing on the page on show adds nothing";
-    run.search("banana");
-    run.search("cherry");
-    EXPECT_EQ(history->MenuValue(), 4);
-    run.key(Qt::Key_Right, commandOption);
-    EXPECT_EQ(run.imageName(0), "3.bmp");
-    run.key(Qt::Key_Left, commandOption);
-    run.key(Qt::Key_Left, commandOption);
-    run.key(Qt::Key_Left, commandOption);
-    EXPECT_EQ(run.imageName(0), "1.bmp");
-    EXPECT_EQ(history->MenuValue(), 2);
-    EXPECT_EQ(history->rowCount(), 5) << "walking the history adds nothing to it";
-    run.search("date");
-    EXPECT_EQ(history->MenuValue(), 5) << "a new page goes to the end, the later ones stay";
-    EXPECT_EQ(history->rowCount(), 6);
-    run.choose("BVHistory.0", 3);
-    EXPECT_EQ(run.imageName(0), "2.bmp");
-
-    run.choose("BVHistory.0", 0);
-    EXPECT_EQ(history->rowCount(), 2);
-    run.key(Qt::Key_Left, commandOption);
-    EXPECT_EQ(run.imageName(0), "2.bmp");
-    EXPECT_EQ(run.host.messages, std::vector<std::string>{});
-}
-
-TEST(Tabs, CommandsGoRoundAndToTheEndsAndPageCommandsGoToTheTabInFront) {
-    Started run({fruitGroup("G", 3)});
-    run.search("banana");
-    const auto* tabs = run.control<TabPanel>("TB");
-    const Qt::KeyboardModifiers commandShift = Qt::ControlModifier | Qt::ShiftModifier;
-    for (const auto& [key, front] : {std::pair(Qt::Key_Left, 2), {Qt::Key_Right, 0}, {Qt::Key_Down, 2}}) {
-        run.key(key, commandShift);
-        EXPECT_EQ(tabs->Value(), front);
+TEST(Pages, ButtonsMenusAndKeysStepAndTheMenusFollow) {
+    Started run({fruitGroup("G", 2)});
+    const Qt::KeyboardModifiers command = Qt::ControlModifier, shift = command | Qt::ShiftModifier;
+    const Qt::KeyboardModifiers option = command | Qt::AltModifier;
+    const struct {
+        const char* reason;
+        std::function<void()> act;
+        const char* name;
+        int jump, history;
+    } steps[] = {
+        {"a search", [&] { run.search("banana"); }, "2.bmp", 1, 2},
+        {"next", [&] { run.click("BVnext.0"); }, "3.bmp", 2, 3},
+        {"back", [&] { run.click("BVback.0"); }, "2.bmp", 1, 4},
+        {"a row of the page menu", [&] { run.choose("BVjump.0", 4); }, "5.bmp", 4, 5},
+        {"Command+Left", [&] { run.key(Qt::Key_Left, command); }, "4.bmp", 3, 6},
+        {"Command+Right", [&] { run.key(Qt::Key_Right, command); }, "5.bmp", 4, 7},
+        {"Command+Option+Left", [&] { run.key(Qt::Key_Left, option); }, "4.bmp", 3, 6},
+        {"Command+Option+Right", [&] { run.key(Qt::Key_Right, option); }, "5.bmp", 4, 7},
+        {"a row of the history", [&] { run.choose("BVHistory.0", 3); }, "3.bmp", 2, 3},
+        {"the next tab", [&] { run.key(Qt::Key_Right, shift); }, "3.bmp", 2, 3},
+        {"a step there", [&] { run.key(Qt::Key_Right, command); }, "3.bmp", 2, 3},
+        {"the first tab", [&] { run.key(Qt::Key_Up, shift); }, "3.bmp", 2, 3},
+        {"Delete", [&] { run.choose("BVHistory.0", 0); }, "3.bmp", 2, 0},
+    };
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.reason);
+        step.act();
+        EXPECT_EQ(run.imageName(0), step.name);
+        EXPECT_EQ(run.control<BevelButton>("BVjump.0")->MenuValue(), step.jump);
+        EXPECT_EQ(run.control<BevelButton>("BVHistory.0")->MenuValue(), step.history);
     }
-    run.key(Qt::Key_Right, Qt::ControlModifier);
-    EXPECT_EQ(run.imageName(0), "2.bmp");
-    EXPECT_EQ(run.imageName(2), "3.bmp");
-    run.key(Qt::Key_Left, Qt::ControlModifier);
-    EXPECT_EQ(run.imageName(2), "2.bmp");
-    run.key(Qt::Key_Up, commandShift);
-    EXPECT_EQ(tabs->Value(), 0);
+    EXPECT_EQ(run.imageName(1), "3.bmp");
+    EXPECT_EQ(run.control<BevelButton>("BVHistory.0")->rowCount(), 2);
 }
 
 } // namespace

@@ -21,36 +21,12 @@
 namespace velmarin::test {
 namespace {
 
-struct RouteCase {
-    const char* reason;
-    bool separately, shift;
-    std::vector<std::string> shown;
-};
-
-TEST(Search, TheCheckBoxAndShiftDecideWhichTabsAreSearched) {
-    const std::vector<RouteCase> cases{
-        {"all tabs", false, false, {"2.bmp", "2.bmp", "2.bmp"}},
-        {"Shift: the front tab", false, true, {"", "2.bmp", ""}},
-        {"separately: the front tab", true, false, {"", "2.bmp", ""}},
-        {"separately with Shift: all tabs", true, true, {"2.bmp", "2.bmp", "2.bmp"}},
-    };
-    for (const RouteCase& c : cases) {
-        SCOPED_TRACE(c.reason);
-        Started run({fruitGroup("G", 3)});
-        run.control<TabPanel>("TB")->setValue(1);
-        run.control<QCheckBox>("SeparatelyCB")->setChecked(c.separately);
-        run.host.shift.held = c.shift;
-        run.search("banana");
-        for (int i = 0; i < 3; ++i)
-            EXPECT_EQ(run.imageName(i), c.shown[static_cast<std::size_t>(i)]) << "tab " << i;
-    }
-}
-
-TEST(Search, AShiftKeyThatChangesBetweenTheLooksIsTold) {
-    Started run({fruitGroup("G", 1)});
-    run.host.shift.next = {false, true};
+TEST(Search, TheCheckBoxDecidesWhichTabsAreSearched) {
+    Started run({fruitGroup("G", 2)});
+    run.control<QCheckBox>("SeparatelyCB")->click();
     run.search("banana");
-    EXPECT_EQ(run.host.messages, std::vector<std::string>{"OKBT unexpected error at ACTION."});
+    EXPECT_EQ(run.imageName(0), "2.bmp");
+    EXPECT_EQ(run.imageName(1), "");
 }
 
 TEST(Search, NoClickTakesTheKeyboardAndTabReachesEveryControl) {
@@ -94,28 +70,6 @@ TEST(Search, LeavesTheWordSelectedAndTheAcknowledgementGone) {
     EXPECT_FALSE(about->isVisible());
     EXPECT_EQ(run.control<QLineEdit>("SearchEF")->selectedText(), "banana");
     EXPECT_FALSE(run.control<ProgressBar>("PB")->isVisible());
-}
-
-TEST(Search, ErrataFollowTheLineAndNotThePage) {
-    Started run({GroupBuilder("G").dictionary(DictionaryBuilder("A")
-                                                  .entry("apple", "1.bmp", {"e1.bmp", "e2.bmp"})
-                                                  .entry("banana", "2.bmp")
-                                                  .entry("zzz", "3.bmp"))});
-    auto* errata = run.control<BevelButton>("BVErrata.0");
-    EXPECT_FALSE(errata->isEnabled());
-    run.search("apple");
-    EXPECT_TRUE(errata->isEnabled());
-    EXPECT_EQ(errata->rowCount(), 2);
-    EXPECT_EQ(errata->List(1), "e2.bmp");
-    run.click("BVnext.0");
-    EXPECT_EQ(run.imageName(0), "2.bmp");
-    EXPECT_EQ(errata->rowCount(), 2) << "a step keeps the errata of the last search";
-    run.search("zzzz");
-    EXPECT_EQ(errata->rowCount(), 2) << "a search past the end changes nothing";
-    run.search("aaa");
-    EXPECT_EQ(run.imageName(0), "2.bmp") << "a word before the first entry keeps the page";
-    EXPECT_EQ(errata->rowCount(), 0);
-    EXPECT_FALSE(errata->isEnabled());
 }
 
 TEST(Search, WhatIsTypedWhileItRunsIsTheNextWord) {

@@ -1,8 +1,6 @@
 #include "side/ScriptRun.h"
 
-#include "side/LookUpText.h"
 #include "support/TempFolder.h"
-#include "text/NilObjectException.h"
 
 #include <fstream>
 #include <sstream>
@@ -25,7 +23,6 @@ TEST(ScriptRun, EndsAsTheShellDoes) {
                  {"AnyBytes", "printf 'a\\000\\377\\r\\n'", End::Exited, 0, std::string("a\0\xFF\r\n", 5)},
                  {"Failure", "echo lost; exit 3", End::Exited, 3, "lost\n"},
                  {"NoSuchProgram", "/no/such/program", End::Exited, 127, ""},
-
                  {"NothingToRead", "cat; echo end", End::Exited, 0, "end\n"},
                  {"ErrorOutputIsLeftOut", "echo x >&2; echo y", End::Exited, 0, "y\n"},
                  {"ClosesItsOutputAndGoesOn", "echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
@@ -104,14 +101,6 @@ TEST(ScriptRunStop, BackgroundProcessesAreEndedWithoutWaiting) {
     EXPECT_TRUE(result.ok());
     EXPECT_EQ(result.output, "done\n");
     EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
-}
-
-TEST(WordsScript, JoinsTheWordUnescaped) {
-    EXPECT_EQ(wordsScript("d'amor"), "cd /usr/local/lib/words/\n/usr/local/lib/words/words 'd'amor'");
-}
-
-TEST(WordsScript, ThatCannotBeWrittenRaises) {
-    EXPECT_THROW(runWords(FolderItem("/no/such/folder"), "amor", [] { return true; }), NilObjectException);
 }
 
 } // namespace

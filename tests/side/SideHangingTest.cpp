@@ -1,6 +1,6 @@
 #include "side/SideHanging.h"
 
-#include "SideFixture.h"
+#include "WindowFixture.h"
 
 #include <QApplication>
 #include <QDockWidget>
@@ -12,9 +12,9 @@
 namespace velmarin {
 namespace {
 
-using test::SideFixture;
-using SideHangsAsWindow = test::SideTest;
-using SideHangsAsPanel = test::SideTest;
+using test::WindowFixture;
+using SideHangsAsWindow = test::WindowTest;
+using SideHangsAsPanel = test::WindowTest;
 
 TEST(SideHangs, At) {
     const struct {
@@ -41,23 +41,22 @@ TEST(SideHangsAs, APanelWhereNoProgramPlacesItsWindows) {
 }
 
 TEST_F(SideHangsAsWindow, FollowsTheMainWindow) {
-    main.frame.setGeometry(10, 10, 300, 500);
+    frame.setGeometry(10, 10, 300, 500);
     SubWindow& side = open();
     const auto expected = [&] {
-        return placeBeside(main.frame.frameGeometry(), main.frame.geometry(), side.width(),
-                           side.screen()->availableGeometry());
+        return placeBeside(frame.frameGeometry(), frame.geometry(), side.width(), side.screen()->availableGeometry());
     };
     EXPECT_TRUE(side.isWindow());
     EXPECT_EQ(side.geometry(), expected());
-    main.frame.move(40, 20);
+    frame.move(40, 20);
     EXPECT_EQ(side.geometry(), expected());
-    main.frame.resize(280, 400);
+    frame.resize(280, 400);
     EXPECT_EQ(side.geometry(), expected());
     EXPECT_EQ(side.height(), 400);
 }
 
 TEST_F(SideHangsAsWindow, IsMadeWiderAtItsFreeEdge) {
-    main.frame.setGeometry(0, 0, 200, 500);
+    frame.setGeometry(0, 0, 200, 500);
     SubWindow& side = open();
     const int before = side.width();
     const int left = side.x();
@@ -79,11 +78,11 @@ TEST_F(SideHangsAsWindow, IsMadeWiderAtItsFreeEdge) {
 
 TEST(SideWidth, KeepsTheWidthThatWasAskedForWhenTheDesktopRoundsIt) {
     for (const auto& [given, kept] : {std::pair{399, "400\n"}, std::pair{401, "400\n"}, std::pair{390, "390\n"}}) {
-        SideFixture fixture;
+        WindowFixture fixture;
         fixture.groupFolder.write("Subwindow", "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
         SubWindow& side = fixture.open();
         side.resize(given, side.height());
-        fixture.main.frame.move(40, 20);
+        fixture.frame.move(40, 20);
         side.shut();
         EXPECT_EQ(fixture.groupFolder.read("Subwindow").substr(0, 4), kept) << given;
     }
@@ -91,15 +90,15 @@ TEST(SideWidth, KeepsTheWidthThatWasAskedForWhenTheDesktopRoundsIt) {
 
 TEST_F(SideHangsAsPanel, IsInsideTheMainWindow) {
     groupFolder.write("Subwindow", "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
-    main.frame.setCentralWidget(new QWidget);
+    frame.setCentralWidget(new QWidget);
     open(Hanging::Panel);
     EXPECT_FALSE(side().isWindow());
     EXPECT_TRUE(side().isVisible());
-    EXPECT_EQ(side().window(), &main.frame);
+    EXPECT_EQ(side().window(), &frame);
     EXPECT_EQ(side().width(), 400);
-    EXPECT_EQ(side().mapTo(&main.frame, QPoint(side().width(), 0)).x(), main.frame.width());
+    EXPECT_EQ(side().mapTo(&frame, QPoint(side().width(), 0)).x(), frame.width());
     reopen();
-    EXPECT_EQ(main.frame.findChildren<QDockWidget*>().size(), 1);
+    EXPECT_EQ(frame.findChildren<QDockWidget*>().size(), 1);
     EXPECT_EQ(side().width(), 400);
 }
 

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -45,6 +46,104 @@ TEST(Pasting, TakesPlainTextAlone) {
         EXPECT_EQ(area.Text(), each.text);
         EXPECT_EQ(area.document()->find("big").charFormat().fontPointSize(), 0);
     }
+}
+
+TEST(TextArea, WritesAtTheInsertionPointInTheStyleThatWasSet) {
+    TextArea area;
+    area.setWholeText("before after");
+    area.setTextSize(12.7);
+    EXPECT_EQ(area.SelTextSize(), 12.7);
+    area.select(6, 1);
+    area.setSelTextColor({1, 2, 3});
+    area.setSelTextSize(20);
+    area.setSelBold(true);
+    area.setSelText(" \u00E9t\u00E9 ");
+    EXPECT_EQ(area.Text(), QString::fromUtf8("before \u00E9t\u00E9 after"));
+    EXPECT_EQ(area.SelStart(), 11);
+    const QTextCharFormat style = area.document()->find("t\u00E9").charFormat();
+    EXPECT_EQ(style.foreground().color(), QColor(1, 2, 3));
+    EXPECT_EQ(style.fontPointSize(), 20);
+    EXPECT_EQ(style.fontWeight(), QFont::Bold);
+    EXPECT_EQ(area.SelTextSize(), 20);
+    area.setSelBold(false);
+    area.clearSelTextColor();
+    area.setSelText("plain");
+    EXPECT_EQ(area.document()->find("plain").charFormat().foreground().style(), Qt::NoBrush);
+    EXPECT_NE(area.document()->find("plain").charFormat().fontWeight(), QFont::Bold);
+
+    area.assignWithAppended("x");
+    EXPECT_EQ(area.Text(), QString::fromUtf8("before \u00E9t\u00E9 plainafterx"));
+    EXPECT_EQ(area.SelStart(), area.textLength());
+    EXPECT_EQ(area.document()->find("t\u00E9").charFormat().fontPointSize(), 0) << "all styles are gone";
+}
+
+TEST(TextArea, SelectsWhatLiesInsideTheText) {
+    TextArea area;
+    area.setWholeText("abc");
+    const struct {
+        int start, length, selStart, selLength;
+    } cases[] = {{1, 1, 1, 1}, {-5, 2, 0, 2}, {2, 9, 2, 1}, {9, 9, 3, 0}, {1, -1, 1, 0}};
+    for (const auto& each : cases) {
+        area.select(each.start, each.length);
+        EXPECT_EQ(area.SelStart(), each.selStart);
+        EXPECT_EQ(area.SelLength(), each.selLength);
+    }
+}
+
+TEST(TextArea, FindsAWordFromAPosition) {
+    TextArea area;
+    area.setWholeText("one\ntwo ONE\n\nthree");
+    const struct {
+        int start;
+        const char* word;
+        int position;
+    } cases[] = {{-1, "one", 1},   {0, "one", 1},    {1, "one", 1},  {2, "one", 9},  {9, "one", 9}, {10, "one", 0},
+                 {1, "three", 14}, {1, "onetwo", 0}, {1, "e\nt", 0}, {99, "one", 0}, {1, "", 0}};
+    for (const auto& each : cases) {
+        const auto hit = area.findWord(each.start, each.word);
+        EXPECT_EQ(hit ? hit->position : 0, each.position) << each.start << " " << each.word;
+        if (hit) {
+            EXPECT_EQ(hit->length, static_cast<int>(std::string_view(each.word).size()));
+        }
+    }
+}
+
+TEST(TextArea, ScrollsALineToTheTopAsFarAsTheTextGoes) {
+    TextArea area;
+    area.resize(200, 100);
+    area.show();
+    area.setWholeText(QString("line\n").repeated(100));
+    const auto topOf = [&](int position) {
+        QTextCursor cursor(area.document());
+        cursor.setPosition(position);
+        return area.cursorRect(cursor).top();
+    };
+    area.scrollToLineOf(250);
+    EXPECT_EQ(topOf(250), 0);
+    area.scrollToLineOf(0);
+    EXPECT_EQ(area.verticalScrollBar()->value(), 0);
+    area.scrollToLineOf(area.textLength());
+    EXPECT_EQ(area.verticalScrollBar()->value(), area.verticalScrollBar()->maximum());
+}
+
+TEST(TextArea, DrawsItsSelectionOnlyWithTheFocus) {
+    TextArea area;
+    QPalette palette = area.palette();
+    palette.setColor(QPalette::Highlight, Qt::magenta);
+    area.setPalette(palette);
+    area.setWholeText("MMMM");
+    area.select(0, 4);
+    area.setSelTextColor({0xFF, 0, 0});
+    ASSERT_FALSE(area.hasFocus());
+    const QImage image = area.viewport()->grab().toImage();
+    bool red = false, magenta = false;
+    for (int y = 0; y < 30; ++y)
+        for (int x = 0; x < 60; ++x) {
+            red = red || image.pixelColor(x, y) == QColor(Qt::red);
+            magenta = magenta || image.pixelColor(x, y) == QColor(Qt::magenta);
+        }
+    EXPECT_TRUE(red);
+    EXPECT_FALSE(magenta);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "side/DictionaryModule.h"
+#include "side/UserDictionaryDisplay.h"
 
 #include "support/CollectedMessages.h"
 #include "support/TempFolder.h"
@@ -101,6 +102,22 @@ TEST(UserSearchFailure, WithoutATextIsReported) {
     DictionaryModule module;
     EXPECT_FALSE(module.mSearch(FolderItem(folder.path()), "amo", 2, false));
     EXPECT_EQ(messages.texts, (Lines{"DictionaryModule, m__SubGetText: something wrong"}));
+}
+
+TEST(UserSearchResult, InAPopUpAddsRowsWithTags) {
+    DictionaryModule module;
+    module.pResult = {"one__DLM__first", "two"};
+    Lines rows;
+    int yields = 0;
+    mDisplayResult(
+        module, "Mine", true,
+        [&](const std::string& caption, const std::string& tag) { rows.push_back(caption + "/" + tag); }, nullptr,
+        [&] { ++yields; });
+    EXPECT_EQ(rows, (Lines{"one/first", "two/"}));
+    EXPECT_EQ(yields, 2);
+    test::CollectedMessages messages;
+    mDisplayResult(module, "Mine", true, {}, nullptr, [] {});
+    EXPECT_EQ(messages.texts, (Lines{"DictionaryModule, mDisplayResult: Somthing wrong."}));
 }
 
 TEST(UserSearch, AgreesWithThePlainLoop) {

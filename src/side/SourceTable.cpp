@@ -1,0 +1,36 @@
+#include "side/SourceTable.h"
+
+#include "side/ServiceSource.h"
+#include "side/UserDictionarySource.h"
+#include "side/WordsSource.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace velmarin {
+
+namespace {
+
+template <typename Source> std::unique_ptr<LookUpSource> make(const SourceParts& parts) {
+    return std::make_unique<Source>(parts);
+}
+
+constexpr SourceRow kSources[] = {
+    {"DicAppCB", "Dictionary.app", {231, 629, 112, 20}, true, 4, make<ServiceSource>},
+    {"LatinCB", "Latin Words", {231, 608, 100, 20}, false, 5, make<WordsSource>},
+    {"UserDicCB", "Use", {166, 656, 53, 20}, false, 9, make<UserDictionarySource>},
+};
+
+} // namespace
+
+std::span<const SourceRow> sourceTable() {
+    return kSources;
+}
+
+std::size_t sourceRow(std::string_view checkBox) {
+    const auto* row = std::find_if(std::begin(kSources), std::end(kSources),
+                                   [&](const SourceRow& source) { return source.checkBox == checkBox; });
+    return static_cast<std::size_t>(row - std::begin(kSources));
+}
+
+} // namespace velmarin

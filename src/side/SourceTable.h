@@ -1,0 +1,35 @@
+#pragma once
+
+#include "side/LookUpSource.h"
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace velmarin {
+
+struct SourceParts;
+
+/// A source and the check box that turns it on.
+struct SourceRow {
+    /// The check box's name and caption.
+    const char* checkBox;
+    const char* caption;
+    /// The check box's place in a window of the design size, in pixels.
+    struct Place {
+        int left, top, width, height;
+    } place;
+    /// In a group without settings.
+    bool isOnByDefault;
+    /// The line of the settings file that keeps whether the source is on, from 1.
+    std::size_t settingsLine;
+    std::unique_ptr<LookUpSource> (*make)(const SourceParts& parts);
+};
+
+/// All sources, in the order of their answers.
+std::span<const SourceRow> sourceTable();
+/// The row whose check box has this name.
+std::size_t sourceRow(std::string_view checkBox);
+
+} // namespace velmarin

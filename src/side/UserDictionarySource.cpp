@@ -1,0 +1,19 @@
+#include "side/UserDictionarySource.h"
+
+#include "side/UserDictionaryDisplay.h"
+#include "side/UserDictionaryList.h"
+
+namespace velmarin {
+
+void UserDictionarySource::mSearchUserDictionary(const std::string& word) {
+    const FolderItem* chosen = parts_.userDictionaries.chosen();
+    if (chosen == nullptr)
+        return;
+    constexpr int kWholeWord = 2;
+    const FolderItem dictionary = *chosen;
+    const auto yield = [this] { parts_.run.yield(); };
+    if (module_.mSearch(dictionary, word, kWholeWord, false, yield))
+        mDisplayResult(module_, dictionary.Name(), false, {}, &parts_.text, yield);
+}
+
+} // namespace velmarin

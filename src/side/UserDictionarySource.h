@@ -1,0 +1,24 @@
+#pragma once
+
+#include "side/DictionaryModule.h"
+#include "side/LookUpSource.h"
+#include "side/SourceParts.h"
+
+namespace velmarin {
+
+/// The chosen user dictionary as a source. Its hits are inserted at the insertion point; without one, or without a
+/// chosen dictionary, nothing is.
+class UserDictionarySource : public LookUpSource {
+  public:
+    explicit UserDictionarySource(const SourceParts& parts) : parts_(parts) {}
+
+    void lookUp(const std::string& word) override { mSearchUserDictionary(word); }
+    /// Raises NilObjectException if the dictionary's index cannot be read.
+    void mSearchUserDictionary(const std::string& word);
+
+  private:
+    SourceParts parts_;
+    DictionaryModule module_;
+};
+
+} // namespace velmarin

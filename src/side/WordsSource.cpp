@@ -1,0 +1,61 @@
+#include "side/WordsSource.h"
+
+#include "files/AtomicFile.h"
+#include "files/FolderItem.h"
+#include "platform/Busy.h"
+#include "platform/Host.h"
+#include "side/AnswerText.h"
+#include "text/NilObjectException.h"
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::string_view kScriptName = "temp.sh";
+constexpr std::string_view kBanners = "✣✣✣✣✣ WORDS Latin-English ✣✣✣✣✣\n✣✣✣✣✣ by  Ansel  Corrigan ✣✣✣✣✣\n\n";
+constexpr std::string_view kQuestion = "To use this function, you have to install Words made by Mr. Ansel Corrigan. Do "
+                                       "you want to go to his home page ?\r";
+
+} // namespace
+
+std::string wordsScript(std::string_view word, std::string_view folder) {
+    std::string script;
+    script.append("cd ").append(folder).append("\n").append(folder).append("words");
+    if (!word.empty())
+        script.append(" '").append(word).append("'");
+    return script;
+}
+
+ScriptResult WordsSource::run(const std::string& word) {
+    const auto script = parts_.preferencesFolder.path() / kScriptName;
+    const WriteResult written =
+        writeFileAtomically(script, wordsScript(word, parts_.wordsFolder), Durability::RenamedOnly);
+    if (!written)
+        throw NilObjectException("WORDS cannot be asked. " + written.reason);
+    parts_.run.beginWait();
+    ScriptResult result = runScript(script, [this] { return parts_.run.keepWaiting(); });
+    parts_.run.endWait();
+    if (result.ok()) {
+        const int end = parts_.text.textLength();
+        parts_.text.assignWithAppended(std::string(kBanners) + result.output + "\n\n");
+        parts_.text.scrollToLineOf(end);
+    }
+    return result;
+}
+
+bool WordsSource::mLatinWORDS(const std::string& word) {
+    return run(word).ok();
+}
+
+bool WordsSource::LatinCB_Action() {
+    ScriptResult result;
+    {
+        const Busy guard(parts_.busy);
+        result = run("");
+    }
+    if (!result.ok() && result.end != ScriptResult::End::Stopped && !parts_.run.shut())
+        parts_.host.askYesNo(kQuestion);
+    return result.ok();
+}
+
+} // namespace velmarin

@@ -1,0 +1,40 @@
+#include "WindowFixture.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace velmarin::test {
+
+WindowFixture::WindowFixture() {
+    frame.setGeometry(100, 100, 838, 809);
+    main.frame = &frame;
+    // No control is under the pointer unless a test moves it there.
+    QCursor::setPos(0, 0);
+}
+
+WindowFixture::~WindowFixture() {
+    delete side_;
+}
+
+SubWindow& WindowFixture::open(Hanging hanging) {
+    frame.show();
+    side_ = new SubWindow(main, services(), hanging, [this](const QColor&) {
+        return nextColor.isValid() ? std::optional(nextColor) : std::nullopt;
+    });
+    side_->open();
+    return *side_;
+}
+
+SubWindow& WindowFixture::reopen() {
+    const Hanging hanging = side_->hanging();
+    side_->shut();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return open(hanging);
+}
+
+void WindowFixture::ask(const QString& word) {
+    FindEF().setText(word);
+    QTest::keyClick(&FindEF(), Qt::Key_Return);
+}
+
+} // namespace velmarin::test

@@ -1,15 +1,23 @@
 #pragma once
 
 #include "maintenance/WindowsPort.h"
+#include "shell/Commands.h"
 
 namespace velmarin {
 
-class App;
+class PageImages;
+class PreferenceWriter;
+class WindowList;
+struct ThisAppliModule;
 
-/// How install, update and the order editor reach the main windows.
-class MaintenanceLink : public WindowsPort {
+/// What install, update and the order editor reach in the application.
+class MaintenanceAccess : public WindowsPort {
   public:
-    explicit MaintenanceLink(App& app) : app_(app) {}
+    /// @param commands whose shortcuts the maintenance windows have
+    MaintenanceAccess(WindowList& windows, ThisAppliModule& module, PreferenceWriter& preferences,
+                      PageImages& pageImages, Commands commands)
+        : windows_(windows), module_(module), preferences_(preferences), pageImages_(pageImages),
+          commands_(std::move(commands)) {}
 
     FolderItem pDictionaryFolder() const override;
     QWidget* frontWindow() const override;
@@ -27,7 +35,11 @@ class MaintenanceLink : public WindowsPort {
     void readyForSearch(int window) override;
 
   private:
-    App& app_;
+    WindowList& windows_;
+    ThisAppliModule& module_;
+    PreferenceWriter& preferences_;
+    PageImages& pageImages_;
+    Commands commands_;
 };
 
 } // namespace velmarin

@@ -1,8 +1,7 @@
-#include "shell/PictureRun.h"
+#include "shell/StartRequest.h"
 
 #include "controls/QtText.h"
 #include "search/QueryBar.h"
-#include "shell/App.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
 #include "shell/NoGroupNotice.h"
@@ -18,30 +17,30 @@ namespace velmarin {
 
 namespace {
 
-constexpr int kCouldNot = 2;
+constexpr int kFailed = 2;
 
 int fail(const std::string& why) {
     std::cerr << "velmarin: " << why << '\n';
-    return kCouldNot;
+    return kFailed;
 }
 
-/// What cannot be done is said in the window too, where the word then waits for a pick.
-int carryOut(MainWindow& window, const StartRequest& request) {
-    const bool found = request.group.empty() || window.groupPicker().pickNamed(request.group);
+/// What cannot be done is shown in the window too, where the word then waits for a pick.
+int pickAndSearch(MainWindow& window, const StartRequest& request) {
+    const bool found = request.group.empty() || window.parts().groupPicker->pickNamed(request.group);
     if (found && window.hasGroup()) {
         window.search(request.word);
         return 0;
     }
     if (window.hasGroup())
-        window.queryBar().SearchEF()->setText(toQ(request.word));
+        window.parts().queryBar->SearchEF()->setText(toQ(request.word));
     else
-        window.notice().waitFor(request.word);
+        window.parts().notice->setWaitingWord(request.word);
     if (!found) {
-        window.notice().tell("There is no group called ‘" + request.group + "’.");
+        window.parts().notice->setReason("There is no group called ‘" + request.group + "’.");
         return fail("there is no group called \"" + request.group + "\"");
     }
-    if (!request.word.empty() && window.groupPicker().rowCount() == 0)
-        window.notice().tell("There are no dictionaries yet.");
+    if (!request.word.empty() && window.parts().groupPicker->rowCount() == 0)
+        window.parts().notice->setReason("There are no dictionaries yet.");
     if (!request.group.empty())
         return fail("the group \"" + request.group + "\" could not be opened");
     return request.word.empty() ? 0 : fail("a word can only be searched in a group: name one with --group");
@@ -49,18 +48,15 @@ int carryOut(MainWindow& window, const StartRequest& request) {
 
 } // namespace
 
-void runStartRequest(App& app, const StartRequest& request) {
-    if (app.MainWinList().empty())
-        return;
-    MainWindow& window = *app.MainWinList().front();
-    const int status = carryOut(window, request);
+void runStartRequest(MainWindow& window, const StartRequest& request) {
+    const int status = pickAndSearch(window, request);
     if (request.pictureFile.empty())
         return;
     if (status != 0) {
         QCoreApplication::exit(status);
         return;
     }
-    // One turn of the event loop later everything that the search put off has been laid out and painted.
+    // One turn of the event loop later everything is laid out and painted.
     QTimer::singleShot(0, &window, [&window, file = request.pictureFile] {
         const bool saved = window.grab().save(toQ(file));
         QCoreApplication::exit(saved ? 0 : fail("the picture could not be written: " + file));

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/Descriptor.h"
-#include "files/Failure.h"
+#include "files/Result.h"
 #include "files/TemporaryName.h"
 #include "files/TreeCopy.h"
 

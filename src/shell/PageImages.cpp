@@ -17,9 +17,7 @@ PageImageWindow* PageImages::instance() {
             app_.module.pPageImageShown = false;
             window_.clear();
         };
-        events.saved = [this](const std::string& path, const WriteResult& result) {
-            app_.preferences().note(path, result);
-        };
+        events.saved = [this](const std::string& path, const Result& result) { app_.preferences().note(path, result); };
         window_ = new PageImageWindow(app_.host(), app_.module.pThis_PreferencesFolder, std::move(events));
         if (window_->testAttribute(Qt::WA_Moved))
             window_->move(withinReach({window_->pos(), window_->size()}, screenAreas()).topLeft());

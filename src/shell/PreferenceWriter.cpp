@@ -6,17 +6,6 @@
 
 namespace velmarin {
 
-namespace {
-
-/// What the failures of all files of one folder have in common.
-std::string withoutPath(std::string reason, const std::string& path) {
-    if (const std::size_t at = reason.find(path); at != std::string::npos)
-        reason.erase(at, path.size());
-    return reason;
-}
-
-} // namespace
-
 void PreferenceWriter::writeGroup(const WindowState& state, bool separately, const ThisAppliModule& module) {
     const FolderItem& group = state.pDictionaryGroupFolder;
     if (group.isNil())
@@ -36,22 +25,22 @@ std::optional<WindowPlacement> PreferenceWriter::placement(const ThisAppliModule
 
 void PreferenceWriter::writePlacement(const WindowPlacement& placement, const ThisAppliModule& module) {
     const std::string path = module.pThis_PreferencesFolder.Child("MainWindow").path().string();
-    const WriteResult result = writeWindowPlacement(module.pThis_PreferencesFolder, placement);
+    const Result result = writeWindowPlacement(module.pThis_PreferencesFolder, placement);
     unsaved_ = result ? std::nullopt : std::optional(placement);
     note(path, result);
 }
 
-void PreferenceWriter::note(const std::string& path, const WriteResult& result) {
-    if (result.ok) {
+void PreferenceWriter::note(const std::string& path, const Result& result) {
+    if (result) {
         failing_.erase(path);
         return;
     }
-    const std::string reason = withoutPath(result.reason, path);
+    const std::string& reason = result.failure().reason;
     const bool isNew = std::none_of(failing_.begin(), failing_.end(),
                                     [&](const auto& told) { return told.first == path || told.second == reason; });
     failing_.insert_or_assign(path, reason);
     if (isNew)
-        tell_(result.reason);
+        tell_(result.failure().message());
 }
 
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/AtomicFile.h"
+#include "files/Result.h"
 #include "search/WindowState.h"
 #include "shell/ThisAppliModule.h"
 #include "store/WindowPlacement.h"
@@ -30,7 +30,7 @@ class PreferenceWriter {
     /// The next failure of any file is told again.
     void forgetFailures() { failing_.clear(); }
     /// Takes note of the outcome of any other write to `path`.
-    void note(const std::string& path, const WriteResult& result);
+    void note(const std::string& path, const Result& result);
 
   private:
     std::function<void(std::string_view)> tell_;

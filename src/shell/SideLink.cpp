@@ -83,7 +83,7 @@ FolderItem SideLink::pDictionaryGroupFolder() {
     return mainWindow_.state().pDictionaryGroupFolder;
 }
 
-void SideLink::noteWritten(const std::string& path, const WriteResult& result) {
+void SideLink::noteWritten(const std::string& path, const Result& result) {
     app_.preferences().note(path, result);
 }
 

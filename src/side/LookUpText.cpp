@@ -31,9 +31,9 @@ std::string wordsScript(std::string_view word, std::string_view folder) {
 ScriptResult runWords(const FolderItem& preferencesFolder, std::string_view word, const std::function<bool()>& goOn,
                       std::string_view folder) {
     const auto script = preferencesFolder.path() / kScriptName;
-    const WriteResult written = writeFileAtomically(script, wordsScript(word, folder), Durability::RenamedOnly);
+    const Result written = writeFileAtomically(script, wordsScript(word, folder), Durability::RenamedOnly);
     if (!written)
-        throw NilObjectException("WORDS cannot be asked. " + written.reason);
+        throw NilObjectException("WORDS cannot be asked. " + written.failure().message());
     return runScript(script, goOn);
 }
 

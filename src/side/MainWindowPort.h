@@ -1,7 +1,7 @@
 #pragma once
 
-#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
+#include "files/Result.h"
 
 #include <string>
 #include <string_view>
@@ -20,7 +20,7 @@ class MainWindowPort {
     /// The folder of the group that is shown, in which the side window keeps its settings.
     virtual FolderItem pDictionaryGroupFolder() = 0;
     /// Takes note of the outcome of writing the settings to `path`, and tells the user of a failure if that is new.
-    virtual void noteWritten(const std::string& path, const WriteResult& result) = 0;
+    virtual void noteWritten(const std::string& path, const Result& result) = 0;
 
     /// The text of `SearchEF`.
     virtual void setSearchText(std::string_view text) = 0;

@@ -323,7 +323,7 @@ void SubWindow::Event_Close() {
     if (!settingsAtOpening_)
         return;
     const SubwindowSettings now = settings();
-    const WriteResult written = writeSubwindow(groupFolder_, now);
+    const Result written = writeSubwindow(groupFolder_, now);
     // The next opening gives the same window again, so nothing is lost.
     if (!written && now == *settingsAtOpening_)
         return;

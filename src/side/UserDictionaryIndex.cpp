@@ -117,13 +117,13 @@ bool makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& s
 void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index, ProgressPort& progress) const {
     if (source.isNil() || index.isNil())
         return;
-    WriteResult written{.ok = false, .reason = "\"" + source.path().native() + "\" could not be read."};
+    Result written = Failure{source, "it could not be read."};
     const bool made = makeUserDictionaryIndex(*this, source, progress, [&](std::string_view bytes) {
         written = writeFileAtomically(index.path(), bytes);
-        return written.ok;
+        return static_cast<bool>(written);
     });
     if (!made)
-        throw NilObjectException(written.reason);
+        throw NilObjectException(written.failure().message());
 }
 
 } // namespace velmarin

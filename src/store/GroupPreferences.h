@@ -1,7 +1,7 @@
 #pragma once
 
-#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
+#include "files/Result.h"
 
 #include <string>
 #include <string_view>
@@ -27,7 +27,7 @@ GroupPreferences readGroupPreferences(const FolderItem& file);
 /// Writes `DictionaryPreferences.txt` of a group. Once the order editor has saved, its lines `pNewDicPref` are written
 /// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone. A file that
 /// cannot be written but holds the same already is no failure.
-WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
-                                  const std::vector<std::string>& pNewDicPref = {});
+Result writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
+                             const std::vector<std::string>& pNewDicPref = {});
 
 } // namespace velmarin

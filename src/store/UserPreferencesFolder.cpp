@@ -70,8 +70,11 @@ void mFiMod_OpenThisModule() {
         }
     }
     pFiMod_UserPrefContainer = FolderItem(root).Child("Selorin_SoftWare");
-    if (!pFiMod_UserPrefContainer.Exists() && pFiMod_UserPrefContainer.CreateAsFolder())
-        writeFileAtomically(pFiMod_UserPrefContainer.Child("LocalUserName").path(), localUserName() + "\n");
+    if (!pFiMod_UserPrefContainer.Exists() && pFiMod_UserPrefContainer.CreateAsFolder()) {
+        // Nothing reads the file, so a failure is not reported.
+        [[maybe_unused]] const Result ignored =
+            writeFileAtomically(pFiMod_UserPrefContainer.Child("LocalUserName").path(), localUserName() + "\n");
+    }
 }
 
 } // namespace velmarin

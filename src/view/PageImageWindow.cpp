@@ -3,6 +3,7 @@
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
 #include "controls/QtText.h"
+#include "files/AtomicFile.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
 #include "store/FileNames.h"
@@ -182,7 +183,7 @@ void PageImageWindow::Event_Close() {
     if (std::exchange(closed_, true))
         return;
     const std::string path = preferencesFolder_.Child("PageImageW_Pref.txt").path().string();
-    const WriteResult result = writeFileAtomically(path, formatPreferences(pos(), fromQ(RatioEF_->text())));
+    const Result result = writeFileAtomically(path, formatPreferences(pos(), fromQ(RatioEF_->text())));
     // A message lets events run; by then there is no window that they could reach.
     hide();
     if (events_.closed)

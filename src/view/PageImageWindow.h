@@ -1,7 +1,7 @@
 #pragma once
 
-#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
+#include "files/Result.h"
 #include "platform/Host.h"
 #include "view/PageImageSize.h"
 #include "view/PagePort.h"
@@ -31,7 +31,7 @@ struct PageImageWindowEvents {
     /// so that the next use makes a new one. Called once.
     std::function<void()> closed;
     /// What came of writing `PageImageW_Pref.txt`, after `closed`: the place for a message.
-    std::function<void(const std::string& path, const WriteResult& result)> saved;
+    std::function<void(const std::string& path, const Result& result)> saved;
 };
 
 /// A small viewer beside the main window for the further images of a dictionary, such as its errata: a file, or a

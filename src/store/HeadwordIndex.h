@@ -26,9 +26,6 @@ class HeadwordIndex {
     /// The first i with word < (*this)[i]; size() where there is none. `word` is an upper-case form.
     std::size_t firstGreater(std::string_view word) const;
 
-    /// Bytes held, for measuring.
-    std::size_t memory() const;
-
   private:
     std::string text_;
     std::vector<std::uint32_t> ends_;

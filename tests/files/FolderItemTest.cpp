@@ -116,7 +116,10 @@ TEST(FolderItem, ListsInTheSystemsStringOrder) {
     for (const FolderItem& item : FolderItem(folder.path()).items())
         listed.push_back(item.Name());
     EXPECT_EQ(listed, names);
-    EXPECT_EQ(FolderListing(FolderItem(folder.path())).names(), names);
+    const FolderListing listing(FolderItem(folder.path()));
+    EXPECT_TRUE(listing.listed());
+    EXPECT_EQ(listing.names(), names);
+    EXPECT_FALSE(FolderListing(FolderItem(folder.path() / "missing")).listed());
 }
 
 } // namespace

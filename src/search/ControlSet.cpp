@@ -5,7 +5,7 @@
 #include "controls/PlainToolTip.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
-#include "search/WindowState.h"
+#include "search/WindowLayout.h"
 #include "view/SmartCanvas.h"
 
 namespace velmarin {
@@ -44,8 +44,7 @@ QRect onPanel(int left, int top, int width, int height) {
 
 } // namespace
 
-ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
-    ControlSet set;
+ControlSet::ControlSet(int index, QWidget* panel, Host& host) {
     auto* layout =
         new AnchoredLayout(panel, QSize(design::kTabPanelWidth, design::kTabPanelHeight - TabPanel::kBarHeight));
     const auto nameIt = [index](QWidget* control, const char* name) {
@@ -58,66 +57,117 @@ ControlSet ControlSet::make(int index, QWidget* panel, Host& host) {
         button->setEnabled(false);
         nameIt(button, plan.name);
         layout->add(button, onPanel(plan.left, kButtonTop, plan.width, kButtonHeight), Anchor::Left | Anchor::Top);
-        set.*plan.member = button;
+        this->*plan.member = button;
     }
-    set.BVjump->setShowsCurrentRow(true);
-    set.BVimage->setShowsCurrentRow(true);
-    set.BVjump->setHasMenu(true);
-    set.BVErrata->setHasMenu(true);
+    BVjump->setShowsCurrentRow(true);
+    BVimage->setShowsCurrentRow(true);
+    BVjump->setHasMenu(true);
+    BVErrata->setHasMenu(true);
     // List mode and preferences files have fits without a row.
-    set.BVimage->setKeepsAnyValue(true);
-    set.resetImageSize();
-    set.resetHistory();
+    BVimage->setKeepsAnyValue(true);
+    resetImageSize();
+    clearHistory();
 
-    set.ImageNameST = new QLabel(panel);
-    nameIt(set.ImageNameST, "ImageNameST");
-    set.ImageNameST->setTextFormat(Qt::PlainText);
-    set.ImageNameST->setAccessibleDescription(kNameOfThePage);
-    set.ImageNameST->setStyleSheet(QStringLiteral("QLabel { color: #ff8000 }"));
-    layout->add(set.ImageNameST, onPanel(679, 67, 135, 18), Anchor::Left | Anchor::Top | Anchor::Right);
+    ImageNameST = new QLabel(panel);
+    nameIt(ImageNameST, "ImageNameST");
+    ImageNameST->setTextFormat(Qt::PlainText);
+    ImageNameST->setAccessibleDescription(kNameOfThePage);
+    ImageNameST->setStyleSheet(QStringLiteral("QLabel { color: #ff8000 }"));
+    layout->add(ImageNameST, onPanel(679, 67, 135, 18), Anchor::Left | Anchor::Top | Anchor::Right);
 
-    set.MainCanvas = new SmartCanvas(host, panel);
-    nameIt(set.MainCanvas, "MainCanvas");
-    layout->add(set.MainCanvas, onPanel(18, 84, 796, 714), Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
-    return set;
+    MainCanvas = new SmartCanvas(host, panel);
+    nameIt(MainCanvas, "MainCanvas");
+    layout->add(MainCanvas, onPanel(18, 84, 796, 714), Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
 }
 
-void ControlSet::reset() const {
-    BVjump->DeleteAllRows();
-    BVErrata->DeleteAllRows();
-    BVErrata->setEnabled(false);
+void ControlSet::showEmptyTab() {
+    showJumpRows({});
+    showErrata({});
     resetImageSize();
-    resetHistory();
+    clearHistory();
     enablePaging(false);
     ImageNameST->clear();
-    ImageNameST->setToolTip({});
-    ImageNameST->setAccessibleDescription(kNameOfThePage);
-    MainCanvas->describePage({}, {}, {});
+    describePage({}, {}, {});
+    dropPage();
+    refreshPage();
+}
+
+PageOutcome ControlSet::showPage(const FolderItem& file, int fit) {
+    MainCanvas->setMode(fit);
+    const bool shown = MainCanvas->SetPicture(file);
+    return {.shown = shown, .anyPage = MainCanvas->hasImage(), .problem = MainCanvas->loadProblem()};
+}
+
+void ControlSet::showNoPicture() {
+    MainCanvas->setExtraText("No Picture");
+    MainCanvas->mDrawExtraText();
+}
+
+void ControlSet::dropPage() {
     MainCanvas->dropImage();
+}
+
+void ControlSet::fitPage(int fit) {
+    MainCanvas->setMode(fit);
+}
+
+void ControlSet::refreshPage() {
     MainCanvas->Refresh();
 }
 
-void ControlSet::describePage(const std::string& dictionary, const std::string& page,
-                              const std::string& problem) const {
+void ControlSet::mJumpScroll_vertical(int direction) {
+    MainCanvas->mJumpScroll_vertical(direction);
+}
+
+void ControlSet::showPageName(const std::string& name) {
+    ImageNameST->setText(toQ(name));
+}
+
+void ControlSet::describePage(const std::string& dictionary, const std::string& page, const std::string& problem) {
     MainCanvas->describePage(dictionary, page, problem);
     const QString trouble = toQ(page + ": " + problem);
     ImageNameST->setToolTip(plainToolTip(problem.empty() ? toQ(page) : trouble));
     ImageNameST->setAccessibleDescription(problem.empty() ? kNameOfThePage : trouble);
 }
 
-void ControlSet::resetImageSize() const {
-    BVimage->setRows({"Adjust by height", "Original size", "Adjust by width"});
+void ControlSet::enablePaging(bool enabled) {
+    for (BevelButton* button : {BVnext, BVback, BVjump, BVHistory, BVimage, BVup, BVdown})
+        button->setEnabled(enabled);
 }
 
-void ControlSet::resetHistory() const {
+void ControlSet::showJumpRows(const std::vector<std::string>& captions) {
+    BVjump->setRows(captions);
+}
+
+void ControlSet::showJumpValue(int menuValue) {
+    BVjump->setMenuValue(menuValue);
+}
+
+void ControlSet::clearHistory() {
     BVHistory->DeleteAllRows();
     BVHistory->AddRow("Delete");
     BVHistory->AddSeparator();
 }
 
-void ControlSet::enablePaging(bool enabled) const {
-    for (BevelButton* button : {BVnext, BVback, BVjump, BVHistory, BVimage, BVup, BVdown})
-        button->setEnabled(enabled);
+void ControlSet::addHistoryRow(const std::string& name) {
+    BVHistory->AddRow(name);
+}
+
+void ControlSet::showHistoryValue(int menuValue) {
+    BVHistory->setMenuValue(menuValue);
+}
+
+void ControlSet::showErrata(const std::vector<std::string>& names) {
+    BVErrata->setRows(names);
+    BVErrata->setEnabled(!names.empty());
+}
+
+void ControlSet::showFitValue(int menuValue) {
+    BVimage->setMenuValue(menuValue);
+}
+
+void ControlSet::resetImageSize() {
+    BVimage->setRows({"Adjust by height", "Original size", "Adjust by width"});
 }
 
 } // namespace velmarin

@@ -1,20 +1,25 @@
 #pragma once
 
-#include "platform/Host.h"
+#include "search/PageDisplay.h"
 
 #include <QLabel>
 #include <QWidget>
 
 #include <string>
+#include <vector>
 
 namespace velmarin {
 
-class AnchoredLayout;
 class BevelButton;
+class Host;
 class SmartCanvas;
 
 /// The page controls of one tab, made on its panel and owned by it. Set n belongs to tab n.
-struct ControlSet {
+class ControlSet final : public PageDisplay {
+  public:
+    /// Makes the ten controls of set `index` on `panel` at the places of the layout, all disabled but the canvas.
+    ControlSet(int index, QWidget* panel, Host& host);
+
     BevelButton* BVback = nullptr;
     BevelButton* BVnext = nullptr;
     BevelButton* BVup = nullptr;
@@ -26,20 +31,27 @@ struct ControlSet {
     QLabel* ImageNameST = nullptr;
     SmartCanvas* MainCanvas = nullptr;
 
-    /// Makes the ten controls of set `index` on `panel` at the places of the layout, all disabled but the canvas.
-    static ControlSet make(int index, QWidget* panel, Host& host);
+    void showEmptyTab() override;
+    PageOutcome showPage(const FolderItem& file, int fit) override;
+    void showNoPicture() override;
+    void dropPage() override;
+    void fitPage(int fit) override;
+    void refreshPage() override;
+    void mJumpScroll_vertical(int direction) override;
+    void showPageName(const std::string& name) override;
+    void describePage(const std::string& dictionary, const std::string& page, const std::string& problem) override;
+    void enablePaging(bool enabled) override;
+    void showJumpRows(const std::vector<std::string>& captions) override;
+    void showJumpValue(int menuValue) override;
+    void clearHistory() override;
+    void addHistoryRow(const std::string& name) override;
+    void showHistoryValue(int menuValue) override;
+    void showErrata(const std::vector<std::string>& names) override;
+    void showFitValue(int menuValue) override;
 
-    /// As at the first start: nothing shown, nothing listed, nothing to press.
-    void reset() const;
-    /// Tells which page is shown, in tool tips and to screen readers. `problem` says why it is not shown or what is
-    /// damaged in it; it is empty if all is well.
-    void describePage(const std::string& dictionary, const std::string& page, const std::string& problem) const;
-    /// The three fits, and none chosen.
-    void resetImageSize() const;
-    /// The row "Delete" and the separator, and no page.
-    void resetHistory() const;
-    /// The seven controls that need pages; the errata menu goes by the last search.
-    void enablePaging(bool enabled) const;
+  private:
+    /// The three fits, with none chosen.
+    void resetImageSize();
 };
 
 } // namespace velmarin

@@ -1,13 +1,12 @@
 #include "search/HitList.h"
 
 #include "controls/AnchoredLayout.h"
-#include "controls/BevelButton.h"
 #include "controls/ListBox.h"
 #include "controls/PlainToolTip.h"
 #include "controls/QtText.h"
-#include "controls/TabPanel.h"
-#include "search/PageDeck.h"
-#include "view/SmartCanvas.h"
+#include "search/HitModel.h"
+
+#include <QSignalBlocker>
 
 namespace velmarin {
 
@@ -19,8 +18,8 @@ constexpr QRect kSpeakingInfo{11, 784, 803, 20};
 
 } // namespace
 
-HitList::HitList(WindowState& state, PageDeck& deck, QWidget* parent, AnchoredLayout& layout)
-    : QObject(parent), state_(state), deck_(deck), layout_(layout), LB_(new ListBox(parent)),
+HitList::HitList(HitModel& hits, QWidget* tabPanel, QWidget* parent, AnchoredLayout& layout)
+    : QObject(parent), hits_(hits), layout_(layout), tabPanel_(tabPanel), LB_(new ListBox(parent)),
       InfoST_(new QLabel(parent)) {
     LB_->setObjectName(QStringLiteral("LB"));
     LB_->setAccessibleName(QStringLiteral("Hits"));
@@ -34,10 +33,34 @@ HitList::HitList(WindowState& state, PageDeck& deck, QWidget* parent, AnchoredLa
     InfoST_->setTextFormat(Qt::PlainText);
     InfoST_->setStyleSheet(QStringLiteral("QLabel { color: #ff0000 }"));
     layout.add(InfoST_, kSilentInfo, Anchor::Left | Anchor::Right | Anchor::Bottom);
-    connect(LB_, &ListBox::Change, this, &HitList::LB_Change);
+    connect(LB_, &ListBox::Change, this, [this] { hits_.LB_Change(LB_->ListIndex()); });
+    hits_.showIn(*this);
 }
 
-void HitList::setInfo(const std::string& text, const std::string& reason) {
+void HitList::showList() {
+    const QRect list = layout_.rect(LB_);
+    QRect tabs = layout_.rect(tabPanel_);
+    tabs.setLeft(list.x() + list.width() + 5);
+    layout_.setRect(tabPanel_, tabs);
+    LB_->show();
+}
+
+void HitList::clearRows() {
+    LB_->DeleteAllRows();
+}
+
+void HitList::addRow(const std::string& text) {
+    LB_->AddRow(text);
+}
+
+void HitList::selectRow(int row) {
+    // The model already knows.
+    const QSignalBlocker silent(LB_);
+    LB_->setFocus();
+    LB_->setListIndex(row);
+}
+
+void HitList::showInfo(const std::string& text, const std::string& reason) {
     InfoST_->setText(toQ(text));
     InfoST_->setToolTip(plainToolTip(toQ(reason.empty() ? text : text + "\n" + reason)));
     InfoST_->setAccessibleDescription(reason.empty() ? kMessageAboutThePage : toQ(reason));
@@ -45,38 +68,6 @@ void HitList::setInfo(const std::string& text, const std::string& reason) {
     layout_.setRect(InfoST_, text.empty() ? kSilentInfo : kSpeakingInfo);
     InfoST_->raise();
     InfoST_->repaint();
-}
-
-void HitList::LB_Change() {
-    setInfo("");
-    const int row = LB_->ListIndex();
-    if (LB_->SelCount() != 1 || row < 0 || row >= static_cast<int>(state_.pHiteItems.size()))
-        return;
-    showHit(HitItem(state_.pHiteItems[static_cast<std::size_t>(row)]));
-}
-
-void HitList::showHit(const HitItem& hit) {
-    const ControlSet& target = deck_.set(0);
-    target.BVjump->DeleteAllRows();
-    target.describePage({}, {}, {});
-    deck_.showErrata(0, {});
-    state_.pListMode_CurrentDicNum = hit.DictionaryNumber;
-    deck_.TB()->setCaption(0, hit.DictionaryName);
-    const std::shared_ptr<DictionaryItem> item = state_.dictionary(hit.DictionaryNumber);
-    target.MainCanvas->setMode(target.BVimage->MenuValue());
-    const bool shown = target.MainCanvas->SetPicture(item->ImageFolder.Child(hit.ImageName));
-    // A word that sorts before the first entry has no page, so that no file is at fault.
-    const std::string problem = hit.ImageName.empty() ? std::string() : target.MainCanvas->loadProblem();
-    if (!shown) {
-        setInfo("We cant finde the picture. This dictionary has some probleme: " + hit.DictionaryName,
-                problem.empty() ? problem : hit.ImageName + ": " + problem);
-        target.MainCanvas->dropImage();
-    }
-    target.MainCanvas->Refresh();
-    deck_.mMakeBVjump(hit.DictionaryNumber);
-    target.BVjump->setMenuValue(item->ImageDictionary.value(hit.ImageName));
-    target.describePage(hit.DictionaryName, deck_.pageTitle(*item, hit.ImageName, 0), problem);
-    deck_.showErrata(0, hit.PageImageName);
 }
 
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/WindowState.h"
+#include "search/HitDisplay.h"
 
 #include <QLabel>
 #include <QObject>
@@ -10,32 +10,33 @@
 namespace velmarin {
 
 class AnchoredLayout;
+class HitModel;
 class ListBox;
-class PageDeck;
 
-/// The hit list of a large group: one row for each dictionary, and below the page the label that tells of a hit
-/// without a picture. Choosing a row shows that hit's page in the single tab.
-class HitList : public QObject {
+/// The hit list of a large group, one row for each dictionary, and below the page the label for a hit without a
+/// picture: shows a HitModel, and tells it which row the user chooses.
+class HitList : public QObject, public HitDisplay {
     Q_OBJECT
 
   public:
     /// `LB` and `InfoST` are made as children of `parent` and placed by `layout`.
-    HitList(WindowState& state, PageDeck& deck, QWidget* parent, AnchoredLayout& layout);
+    /// @param tabPanel is moved to the right of the list when that is shown
+    HitList(HitModel& hits, QWidget* tabPanel, QWidget* parent, AnchoredLayout& layout);
 
     ListBox* LB() const { return LB_; }
     QLabel* InfoST() const { return InfoST_; }
 
-    /// Shows or empties the label; the `reason` follows in its tool tip and its description. While it says something it
-    /// stands over the page's lower edge: the strip that the layout leaves for it is too low to read.
-    void setInfo(const std::string& text, const std::string& reason = {});
+    void showList() override;
+    void clearRows() override;
+    void addRow(const std::string& text) override;
+    void selectRow(int row) override;
+    /// A message covers the page's lower edge, because the strip that the layout leaves for it is too low to read.
+    void showInfo(const std::string& text, const std::string& reason) override;
 
   private:
-    void LB_Change();
-    void showHit(const HitItem& hit);
-
-    WindowState& state_;
-    PageDeck& deck_;
+    HitModel& hits_;
     AnchoredLayout& layout_;
+    QWidget* tabPanel_;
     ListBox* LB_;
     QLabel* InfoST_;
 };

@@ -1,31 +1,27 @@
 #pragma once
 
-#include "platform/Host.h"
-#include "search/WindowState.h"
+#include "search/SearchDisplay.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QObject>
 #include <QPushButton>
 
-#include <functional>
-#include <string>
-
 namespace velmarin {
 
 class AnchoredLayout;
 class BusyState;
 class PageDeck;
+class PageTabs;
 class ProgressBar;
-class Searcher;
+class SearchModel;
 
-/// The search field with its button, its check box and the progress bar: decides which dictionaries a query goes to,
-/// and takes it there.
-class QueryBar : public QObject {
+/// The search field with its button, its check box and the progress bar: hands what is typed to a SearchModel.
+class QueryBar : public QObject, public SearchDisplay {
     Q_OBJECT
 
   public:
-    QueryBar(WindowState& state, Searcher& searcher, PageDeck& deck, Host& host, BusyState& busy, QWidget* parent,
+    QueryBar(SearchModel& search, const PageTabs& tabs, const PageDeck& deck, BusyState& busy, QWidget* parent,
              AnchoredLayout& layout);
 
     QLineEdit* SearchEF() const { return SearchEF_; }
@@ -35,8 +31,13 @@ class QueryBar : public QObject {
 
     /// The initial text, and the check box off.
     void showNoGroup();
-    /// Runs a search for what stands in the field. While another one runs it is put off to the end of that one.
+    /// Searches the text of the field. While another search runs, it waits for the end of that one.
     void OKBT_Action();
+
+    void showSeparately(bool separately) override;
+    void showProgress(int maximum) override;
+    void setProgress(int value) override;
+    void hideProgress() override;
 
   signals:
     /// A query has been searched, and its words may go to the side window.
@@ -44,29 +45,26 @@ class QueryBar : public QObject {
     /// Everything about a query is done.
     void finished();
     /// The check box has changed, by the user or by code.
-    void separatelyClicked();
+    void separatelyChanged();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     bool SearchEF_KeyDown(int key, Qt::KeyboardModifiers modifiers);
-    void runQuery(const std::string& query);
     /// What follows a search: the side window, the acknowledgement, the field ready for the next word.
     void finish(const QString& query);
-    void searchAllIntoList(const std::string& query);
-    void searchAllTabs(const std::string& query);
 
-    WindowState& state_;
-    Searcher& searcher_;
-    PageDeck& deck_;
-    Host& host_;
+    SearchModel& search_;
+    const PageTabs& tabs_;
+    const PageDeck& deck_;
     BusyState& busy_;
     QLineEdit* SearchEF_;
     QCheckBox* SeparatelyCB_;
     QPushButton* OKBT_;
     ProgressBar* PB_;
-    bool putOff_ = false;
+    /// A search waits for the end of another.
+    bool searchWaits_ = false;
 };
 
 } // namespace velmarin

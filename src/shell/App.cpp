@@ -115,7 +115,7 @@ void App::rebuildSelectedDic() {
 
 bool App::isShown(const FolderItem& group) const {
     return std::any_of(windows_.begin(), windows_.end(), [&group](const auto& window) {
-        return window->hasGroup() && window->state().pDictionaryGroupFolder.isSameItem(group);
+        return window->hasGroup() && window->group().pDictionaryGroupFolder.isSameItem(group);
     });
 }
 

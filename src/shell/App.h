@@ -3,7 +3,7 @@
 #include "maintenance/Maintenance.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
-#include "search/GroupPicks.h"
+#include "search/SelectedDic.h"
 #include "shell/EditCommands.h"
 #include "shell/MaintenanceLink.h"
 #include "shell/MenuTree.h"

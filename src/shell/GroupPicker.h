@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/FolderItem.h"
-#include "search/GroupPicks.h"
+#include "search/SelectedDic.h"
 
 #include <QObject>
 

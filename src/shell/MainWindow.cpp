@@ -6,11 +6,10 @@
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
-#include "search/GroupView.h"
 #include "search/HitList.h"
 #include "search/PageDeck.h"
 #include "search/QueryBar.h"
-#include "search/Searcher.h"
+#include "search/WindowLayout.h"
 #include "shell/AboutPanel.h"
 #include "shell/App.h"
 #include "shell/GroupPicker.h"
@@ -21,7 +20,6 @@
 #include "side/SubWindow.h"
 #include "side/SubwindowFile.h"
 #include "text/NilObjectException.h"
-#include "view/SmartCanvas.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -54,7 +52,10 @@ constexpr const char* kTitleWithoutGroup = "VELMARIN";
 
 } // namespace
 
-MainWindow::MainWindow(App& app) : app_(app), placement_(*this, app.preferences(), app.module) {
+MainWindow::MainWindow(App& app)
+    : app_(app),
+      model_(app.host(), app.busy(), [&app]() -> HitModel& { return app.MainWinList().front()->model().hits; }),
+      placement_(*this, app.preferences(), app.module) {
     auto* content = new QWidget(this);
     content->setMinimumSize(64, 64);
     layout_ = new AnchoredLayout(content, QSize(design::kWindowWidth, design::kWindowHeight));
@@ -89,15 +90,12 @@ void MainWindow::makeParts() {
     layout_->add(placard, QRect(174, 3, 80, 28), Anchor::Left | Anchor::Top);
     sideLink_ = new SideLink(app_, *this, content, *layout_);
 
-    deck_ = new PageDeck(state_, app_.host(), content);
-    searcher_ = std::make_unique<Searcher>(state_, *deck_,
-                                           [this]() -> HitList& { return app_.MainWinList().front()->hitList(); });
-    queryBar_ = new QueryBar(state_, *searcher_, *deck_, app_.host(), app_.busy(), content, *layout_);
+    deck_ = new PageDeck(model_.tabs, app_.host(), content);
+    queryBar_ = new QueryBar(model_.search, model_.tabs, *deck_, app_.busy(), content, *layout_);
     layout_->add(deck_->TB(),
                  QRect(design::kTabPanelLeft, design::kTabPanelTop, design::kTabPanelWidth, design::kTabPanelHeight),
                  Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);
-    hitList_ = new HitList(state_, *deck_, content, *layout_);
-    groupView_ = std::make_unique<GroupView>(state_, *deck_, *hitList_, *queryBar_, app_.host(), *layout_);
+    hitList_ = new HitList(model_.hits, deck_->TB(), content, *layout_);
     about_ = new AboutPanel(content, *layout_);
     notice_ = std::make_unique<NoGroupNotice>(content, *layout_);
     // The row at the top comes first, whatever was made first.
@@ -112,7 +110,7 @@ void MainWindow::makeParts() {
     connect(queryBar_, &QueryBar::finished, this, [this] { notice_->tell(""); });
     connect(deck_, &PageDeck::errataChosen, this,
             [this](const FolderItem& file, int tab) { app_.pageImages().show(file, stepper_, tab); });
-    connect(queryBar_, &QueryBar::separatelyClicked, this, &MainWindow::SeparatelyCB_Action);
+    connect(queryBar_, &QueryBar::separatelyChanged, this, &MainWindow::SeparatelyCB_Action);
 }
 
 std::string MainWindow::title() const {
@@ -159,8 +157,7 @@ void MainWindow::readyForSearch() {
     queryBar_->SearchEF()->clear();
     queryBar_->SearchEF()->setFocus();
     enableGroupControls(true);
-    deck_->set(0).MainCanvas->dropImage();
-    deck_->set(0).MainCanvas->Refresh();
+    model_.tabs.dropPage(0);
 }
 
 void MainWindow::search(const std::string& word) {
@@ -171,7 +168,7 @@ void MainWindow::search(const std::string& word) {
 }
 
 void MainWindow::SeparatelyCB_Action() {
-    if (!state_.pProtect)
+    if (!model_.group.pProtect)
         mWritePreferences_DicGroup();
 }
 
@@ -185,7 +182,7 @@ void MainWindow::resetToNoGroup() {
     sideLink_->close();
     leaveGroup();
     groupPicker_->mMakeSelectDicPU();
-    deck_->TB()->setCaption(0, "");
+    model_.tabs.setCaption(0, "");
     repaint();
 }
 
@@ -194,15 +191,15 @@ void MainWindow::SelectDicFolPU_MouseDown() {
 }
 
 void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
-    const QScopedValueRollback protection(state_.pProtect, true);
-    hitList_->setInfo("");
+    const QScopedValueRollback protection(model_.group.pProtect, true);
+    model_.hits.showInfo("");
     notice_->tell("");
     try {
         setTitle("");
-        groupView_->read(group);
-        setTitle(state_.pDicGroupName);
+        model_.opener.read(group);
+        setTitle(model_.group.pDicGroupName);
         mSetSize();
-        groupView_->mInitialize();
+        model_.opener.mInitialize();
     } catch (const NilObjectException& failure) {
         if (!hasGroup()) {
             showNoGroup(failure.what());
@@ -211,16 +208,16 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& group) {
         app_.host().MsgBox("Error: ReadDictionaryFolder 0");
     }
     if (hasGroup())
-        app_.setWinItemText(pMyIndex, state_.pDicGroupName);
+        app_.setWinItemText(pMyIndex, model_.group.pDicGroupName);
 }
 
 void MainWindow::mSetSize() {
-    const QScopedValueRollback protection(state_.pProtect, true);
+    const QScopedValueRollback protection(model_.group.pProtect, true);
     placement_.restore();
 }
 
 void MainWindow::mWritePreferences_DicGroup() {
-    app_.preferences().writeGroup(state_, queryBar_->SeparatelyCB()->isChecked(), app_.module);
+    app_.preferences().writeGroup(model_.group, model_.search.separately(), app_.module);
 }
 
 void MainWindow::mWritePreferences_Window() {
@@ -230,18 +227,18 @@ void MainWindow::mWritePreferences_Window() {
 
 void MainWindow::leaveGroup() {
     groupPicker_->dropPick();
-    groupView_->leave();
+    model_.opener.leave();
     enableGroupControls(false);
 }
 
 void MainWindow::showNoGroup(const std::string& reason) {
-    const QScopedValueRollback protection(state_.pProtect, true);
+    const QScopedValueRollback protection(model_.group.pProtect, true);
     sideLink_->close();
     leaveGroup();
     setTitle(kTitleWithoutGroup);
     app_.setWinItemText(pMyIndex, std::string(kWinItemWithoutGroup));
     queryBar_->showNoGroup();
-    hitList_->setInfo("");
+    model_.hits.showInfo("");
     notice_->tell(reason);
 }
 
@@ -268,23 +265,23 @@ void MainWindow::route(std::string_view command, int index) {
 }
 
 void MainWindow::TabBackNext_Action(int direction) {
-    deck_->TabBackNext_Action(direction);
+    model_.tabs.TabBackNext_Action(direction);
 }
 
 void MainWindow::TabTopTail_Action(int direction) {
-    deck_->TabTopTail_Action(direction);
+    model_.tabs.TabTopTail_Action(direction);
 }
 
 void MainWindow::ImageBackNext_Action(int direction) {
-    mNextBack(direction, deck_->TB()->Value());
+    mNextBack(direction, model_.tabs.front());
 }
 
 void MainWindow::ImageUpDown_Action(int direction) {
-    mUpDown(direction, deck_->TB()->Value());
+    mUpDown(direction, model_.tabs.front());
 }
 
 void MainWindow::ImageHistory_Action(int direction) {
-    deck_->ImageHistory_Action(direction);
+    model_.tabs.ImageHistory_Action(direction);
 }
 
 void MainWindow::SubwinDic_Action(int) {
@@ -296,11 +293,11 @@ void MainWindow::SubwinFind_Action(int) {
 }
 
 void MainWindow::mNextBack(int direction, int tab) {
-    deck_->mNextBack(direction, tab);
+    model_.tabs.mNextBack(direction, tab);
 }
 
 void MainWindow::mUpDown(int direction, int tab) {
-    deck_->mUpDown(direction, tab);
+    model_.tabs.mUpDown(direction, tab);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "search/WindowState.h"
+#include "search/WindowModel.h"
 #include "shell/MenuBar.h"
 #include "shell/PlacementKeeper.h"
 
@@ -17,13 +17,11 @@ class AboutPanel;
 class AnchoredLayout;
 class App;
 class GroupPicker;
-class GroupView;
 class HitList;
 class MainWindowStepper;
 class NoGroupNotice;
 class PageDeck;
 class QueryBar;
-class Searcher;
 class SideLink;
 
 /// A main window: the front of its parts. It owns them, tells them of the window's events, and hands commands on.
@@ -40,21 +38,19 @@ class MainWindow : public QMainWindow {
     int pMyIndex = 0;
 
     GroupPicker& groupPicker() const { return *groupPicker_; }
-    HitList& hitList() const { return *hitList_; }
-    PageDeck& deck() const { return *deck_; }
     QueryBar& queryBar() const { return *queryBar_; }
-    Searcher& searcher() const { return *searcher_; }
     SideLink& sideLink() const { return *sideLink_; }
     NoGroupNotice& notice() const { return *notice_; }
     MenuBar& menus() const { return *menus_; }
-    const WindowState& state() const { return state_; }
+    WindowModel& model() { return model_; }
+    const GroupModel& group() const { return model_.group; }
 
     std::string title() const;
     void setTitle(const std::string& title);
     void appendToAbout(const std::string& text);
     void bringToFront();
 
-    bool hasGroup() const { return !state_.pDictionaryGroupFolder.isNil(); }
+    bool hasGroup() const { return !model_.group.pDictionaryGroupFolder.isNil(); }
     /// What a pick of a free group does: saves the group being left and reads the new one. False if that fails.
     bool changeGroup(const FolderItem& group);
     /// Resets to the no-group state without writing anything, and refills the group pop-up.
@@ -112,12 +108,10 @@ class MainWindow : public QMainWindow {
     App& app_;
     /// The title as it was set: Qt's own holds marks.
     std::string title_;
-    WindowState state_;
+    WindowModel model_;
     PlacementKeeper placement_;
     AnchoredLayout* layout_;
     MenuBar* menus_;
-    std::unique_ptr<Searcher> searcher_;
-    std::unique_ptr<GroupView> groupView_;
     std::shared_ptr<MainWindowStepper> stepper_;
     PageDeck* deck_ = nullptr;
     HitList* hitList_ = nullptr;

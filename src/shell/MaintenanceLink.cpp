@@ -32,13 +32,13 @@ void MaintenanceLink::resetToNoGroup(int window) {
 
 std::vector<std::string> MaintenanceLink::dictionaryNames(int window) const {
     std::vector<std::string> names;
-    for (const auto& item : app_.window(window).state().pDictionaryItem)
+    for (const auto& item : app_.window(window).group().pDictionaryItem)
         names.push_back(item->name);
     return names;
 }
 
 std::string MaintenanceLink::pDicGroupName(int window) const {
-    return app_.window(window).state().pDicGroupName;
+    return app_.window(window).group().pDicGroupName;
 }
 
 void MaintenanceLink::setNewDicPref(std::vector<std::string> lines) {
@@ -46,11 +46,11 @@ void MaintenanceLink::setNewDicPref(std::vector<std::string> lines) {
 }
 
 bool MaintenanceLink::hasGroup(int window) const {
-    return !app_.window(window).state().pDictionaryGroupFolder.isNil();
+    return !app_.window(window).group().pDictionaryGroupFolder.isNil();
 }
 
 void MaintenanceLink::writeOrderAndPick(int window, const FolderItem& group) {
-    WindowState left;
+    GroupModel left;
     left.pDictionaryGroupFolder = group;
     app_.preferences().forgetFailures();
     app_.preferences().writeGroup(left, false, app_.module);

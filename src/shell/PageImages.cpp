@@ -1,6 +1,5 @@
 #include "shell/PageImages.h"
 
-#include "search/PageDeck.h"
 #include "shell/App.h"
 #include "shell/ApplicationShortcuts.h"
 #include "shell/MainWindow.h"
@@ -47,7 +46,7 @@ void PageImages::close() {
 }
 
 bool MainWindowStepper::hasTab(int tab) const {
-    return tab < window_.deck().setCount() && !window_.state().pDictionaryItem.empty();
+    return window_.model().tabs.hasTab(tab) && !window_.group().pDictionaryItem.empty();
 }
 
 void MainWindowStepper::mNextBack(int direction, int tab) {

@@ -6,17 +6,17 @@
 
 namespace velmarin {
 
-void PreferenceWriter::writeGroup(const WindowState& state, bool separately, const ThisAppliModule& module) {
-    const FolderItem& group = state.pDictionaryGroupFolder;
-    if (group.isNil())
+void PreferenceWriter::writeGroup(const GroupModel& group, bool separately, const ThisAppliModule& module) {
+    const FolderItem& folder = group.pDictionaryGroupFolder;
+    if (folder.isNil())
         return;
     GroupPreferences preferences;
-    preferences.groupName = state.pDicGroupName;
+    preferences.groupName = group.pDicGroupName;
     preferences.separately = separately;
-    for (const auto& item : state.pDictionaryItem)
+    for (const auto& item : group.pDictionaryItem)
         preferences.dictionaries.push_back({item->name, item->ImageMode});
-    note((group.path() / "DictionaryPreferences.txt").string(),
-         writeGroupPreferences(group, preferences, module.pNewDicPref));
+    note((folder.path() / "DictionaryPreferences.txt").string(),
+         writeGroupPreferences(folder, preferences, module.pNewDicPref));
 }
 
 std::optional<WindowPlacement> PreferenceWriter::placement(const ThisAppliModule& module) const {

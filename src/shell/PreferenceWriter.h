@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/Result.h"
-#include "search/WindowState.h"
+#include "search/GroupModel.h"
 #include "shell/ThisAppliModule.h"
 #include "store/WindowPlacement.h"
 
@@ -21,7 +21,7 @@ class PreferenceWriter {
     explicit PreferenceWriter(std::function<void(std::string_view)> tell) : tell_(std::move(tell)) {}
 
     /// `DictionaryPreferences.txt` of the window's group; nothing where the window has none or its folder is gone.
-    void writeGroup(const WindowState& state, bool separately, const ThisAppliModule& module);
+    void writeGroup(const GroupModel& group, bool separately, const ThisAppliModule& module);
     /// The placement that the first window had last: the saved one, or one that could not be saved since. Nothing where
     /// there is neither.
     std::optional<WindowPlacement> placement(const ThisAppliModule& module) const;

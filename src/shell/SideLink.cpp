@@ -4,9 +4,7 @@
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
-#include "search/PageDeck.h"
 #include "search/QueryBar.h"
-#include "search/Searcher.h"
 #include "shell/App.h"
 #include "shell/MainWindow.h"
 #include "side/SubWindow.h"
@@ -80,7 +78,7 @@ QMainWindow* SideLink::window() {
 }
 
 FolderItem SideLink::pDictionaryGroupFolder() {
-    return mainWindow_.state().pDictionaryGroupFolder;
+    return mainWindow_.group().pDictionaryGroupFolder;
 }
 
 void SideLink::noteWritten(const std::string& path, const Result& result) {
@@ -104,12 +102,7 @@ void SideLink::setOKBTDefault(bool isDefault) {
 }
 
 void SideLink::searchAll(const std::string& word) {
-    for (int i = 0; i < static_cast<int>(mainWindow_.state().pDictionaryItem.size()); ++i) {
-        // In list mode only the first has a tab to show its page in.
-        if (i < mainWindow_.deck().setCount())
-            mainWindow_.searcher().mSearch(word, i);
-        app_.host().Yield();
-    }
+    mainWindow_.model().search.searchAll(word);
 }
 
 void SideLink::showProgress() {

@@ -47,7 +47,7 @@ TEST(GroupPick, AGroupShownInAWindowIsRefusedAndTheMenuGoesBack) {
     ASSERT_EQ(run.app().MainWinList().size(), 2U);
     run.pick("One", 1);
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex(), -1);
-    EXPECT_TRUE(run.window(1).state().pDictionaryItem.empty());
+    EXPECT_TRUE(run.window(1).group().pDictionaryItem.empty());
     run.pick("Two", 1);
     EXPECT_EQ(run.window(1).title(), "Second");
     run.pick("One", 1);
@@ -71,7 +71,7 @@ TEST(GroupPick, OneFolderIsShownOnceWhateverRowOrLinkItIsPickedBy) {
     const int row = run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex();
     for (const char* refused : {"Link", "Another link", "Fruit"}) {
         run.pick(refused, 1);
-        EXPECT_EQ(run.window(1).state().pDictionaryGroupFolder.Name(), "Wood") << refused;
+        EXPECT_EQ(run.window(1).group().pDictionaryGroupFolder.Name(), "Wood") << refused;
         EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU", 1)->ListIndex(), row) << refused;
     }
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
@@ -100,7 +100,7 @@ TEST(GroupPick, AClosedWindowCountsButItsGroupIsFreeFromTheNextPick) {
     EXPECT_EQ(run.control<PopupMenu>("SelectDicFolPU")->ListIndex(), 0) << "still marked as in use";
     run.pick("Three");
     run.pick("Two");
-    EXPECT_EQ(run.window().state().pDictionaryGroupFolder.Name(), "Two");
+    EXPECT_EQ(run.window().group().pDictionaryGroupFolder.Name(), "Two");
 }
 
 TEST(GroupPick, AWindowThatComesBackIsWithoutAGroupAndMayTakeItsOldOneAgain) {
@@ -177,7 +177,7 @@ TEST(GroupPick, TabsUpTo21AndAListFrom22) {
     run.pick("T22");
     EXPECT_EQ(run.control<TabPanel>("TB")->PanelCount(), 1);
     EXPECT_TRUE(run.control<QWidget>("LB")->isVisible());
-    for (const auto& item : run.window().state().pDictionaryItem)
+    for (const auto& item : run.window().group().pDictionaryItem)
         EXPECT_EQ(item->ImageMode, 3);
 }
 
@@ -208,14 +208,14 @@ TEST(GroupPick, APickDuringASearchWaitsForItsEnd) {
     run.host.onYield = [&] {
         if (!std::exchange(picked, true)) {
             run.pick("Few");
-            EXPECT_EQ(run.window().state().pDictionaryItem.size(), 30U) << "the group changed during the search";
+            EXPECT_EQ(run.window().group().pDictionaryItem.size(), 30U) << "the group changed during the search";
         }
     };
     run.search("apple");
     QTest::qWait(0);
     QApplication::processEvents();
     EXPECT_TRUE(picked);
-    EXPECT_EQ(run.window().state().pDictionaryItem.size(), 1U);
+    EXPECT_EQ(run.window().group().pDictionaryItem.size(), 1U);
 }
 
 } // namespace

@@ -148,7 +148,7 @@ TEST(OrderEditor, SavesTheNewOrderAndTheWindowFollowsAtOnce) {
     QApplication::processEvents();
     EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), "New\nA\nB\n");
     EXPECT_EQ(run.window().title(), "New");
-    EXPECT_EQ(run.window().state().pDictionaryItem.size(), 2U);
+    EXPECT_EQ(run.window().group().pDictionaryItem.size(), 2U);
 }
 
 TEST(OrderEditor, StaysOpenAndSavesWhenItsWindowLosesTheGroup) {
@@ -179,7 +179,7 @@ TEST(OrderEditor, StaysOpenAndSavesWhenItsWindowLosesTheGroup) {
         QApplication::processEvents();
         EXPECT_EQ(openWindow<EditDicDlg>(), nullptr);
         EXPECT_EQ(run.read("DictionaryFolder/G/DictionaryPreferences.txt"), "New\nA\nB\n");
-        EXPECT_EQ(run.window().state().pDictionaryItem.size(), each.shown);
+        EXPECT_EQ(run.window().group().pDictionaryItem.size(), each.shown);
     }
 }
 

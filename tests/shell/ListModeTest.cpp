@@ -141,7 +141,7 @@ TEST(ListMode, RowsOfASecondWindowGoToTheFirstOnesList) {
     EXPECT_EQ(run.control<ListBox>("LB", 1)->rowCount(), 25) << "the layout's rows are the window's own";
     run.search("banana", 1);
     EXPECT_EQ(run.control<ListBox>("LB", 0)->rowCount(), 25);
-    EXPECT_EQ(run.window(1).state().pHiteItems.size(), 25U);
+    EXPECT_EQ(run.window(1).model().hits.pHiteItems().size(), 25U);
 }
 
 } // namespace

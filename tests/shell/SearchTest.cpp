@@ -159,7 +159,7 @@ TEST(Search, ClosingDuringASearchWaitsForItsEnd) {
     Started run({fruitGroup("G", 3)});
     run.host.onYield = [&] {
         run.window().close();
-        EXPECT_EQ(run.window().state().pDictionaryItem.size(), 3U);
+        EXPECT_EQ(run.window().group().pDictionaryItem.size(), 3U);
     };
     run.search("banana");
     QApplication::processEvents();

@@ -1,4 +1,4 @@
-#include "search/GroupPicks.h"
+#include "search/SelectedDic.h"
 
 namespace velmarin {
 

@@ -1,18 +1,17 @@
-#include "search/WindowState.h"
+#include "search/GroupModel.h"
 
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"
 
 namespace velmarin {
 
-void WindowState::leaveGroup() {
+void GroupModel::leave() {
     pDictionaryItem.clear();
-    pHiteItems.clear();
     pDictionaryGroupFolder = FolderItem();
-    pListMode_CurrentDicNum = 0;
+    pDicGroupName.clear();
 }
 
-std::shared_ptr<DictionaryItem> WindowState::dictionary(int index) const {
+std::shared_ptr<DictionaryItem> GroupModel::dictionary(int index) const {
     if (!hasDictionary(index))
         throw NilObjectException("There is no dictionary number " + Str(index) + " in this group.");
     return pDictionaryItem[static_cast<std::size_t>(index)];

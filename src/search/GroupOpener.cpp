@@ -1,0 +1,69 @@
+#include "search/GroupOpener.h"
+
+#include "platform/Host.h"
+#include "search/HitModel.h"
+#include "search/PageTabs.h"
+#include "search/SearchModel.h"
+#include "text/NilObjectException.h"
+
+#include <utility>
+
+namespace velmarin {
+
+void GroupOpener::read(const FolderItem& folder) {
+    leave();
+    Group read = readGroup(folder, [this] { host_.Yield(); });
+    // Set last: a group that was read in part must not be written back.
+    group_.pDictionaryGroupFolder = folder;
+    group_.pDicGroupName = read.groupName;
+    group_.pDictionaryItem = std::move(read.dictionaries);
+    complete_ = read.failures.empty();
+    search_.setSeparately(read.separately);
+}
+
+void GroupOpener::mInitialize() {
+    tabs_.reset();
+    if (group_.dictionaryCount() >= kFewestForList)
+        showInList();
+    else if (!showInTabs())
+        complete_ = false;
+    if (!complete_)
+        throw NilObjectException("A dictionary of this group could not be read.");
+}
+
+void GroupOpener::leave() {
+    group_.leave();
+    hits_.clearHits();
+    tabs_.reset();
+}
+
+void GroupOpener::showInList() {
+    group_.pListMode = true;
+    for (const auto& item : group_.pDictionaryItem) {
+        hits_.addRow(item->name);
+        item->ImageMode = kListModeImageMode;
+    }
+    tabs_.tab(0).setFitValue(kListModeImageMode);
+    hits_.showList();
+}
+
+bool GroupOpener::showInTabs() {
+    bool complete = true;
+    for (int i = 0; i < group_.dictionaryCount(); ++i) {
+        const DictionaryItem& item = *group_.dictionary(i);
+        if (i == 0)
+            tabs_.setCaption(0, item.name);
+        else
+            tabs_.mMakeNewTB(item);
+        try {
+            tabs_.mMakeBVjump(i);
+        } catch (const NilObjectException&) {
+            // A dictionary without pages does not keep the others from their tabs.
+            complete = false;
+        }
+        tabs_.tab(i).setFitValue(item.ImageMode);
+    }
+    return complete;
+}
+
+} // namespace velmarin

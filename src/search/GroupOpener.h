@@ -1,0 +1,42 @@
+#pragma once
+
+#include "files/FolderItem.h"
+
+namespace velmarin {
+
+class HitModel;
+class Host;
+class PageTabs;
+class SearchModel;
+struct GroupModel;
+
+/// Opens a group in a main window: reads it, makes tabs or a list of its dictionaries, and leaves it again.
+class GroupOpener {
+  public:
+    GroupOpener(GroupModel& group, PageTabs& tabs, HitModel& hits, SearchModel& search, Host& host)
+        : group_(group), tabs_(tabs), hits_(hits), search_(search), host_(host) {}
+
+    /// Leaves the present group, and reads the dictionaries of `folder` with its name and its check box, without
+    /// showing them. Raises NilObjectException for a folder that cannot be read, and has no group then.
+    void read(const FolderItem& folder);
+    /// Shows what was read. Raises NilObjectException if a dictionary could not be opened or has no pages, after all
+    /// others are shown.
+    void mInitialize();
+    /// Drops the group and all that is shown of it.
+    void leave();
+
+  private:
+    void showInList();
+    /// False if a dictionary has no list of pages.
+    bool showInTabs();
+
+    GroupModel& group_;
+    PageTabs& tabs_;
+    HitModel& hits_;
+    SearchModel& search_;
+    Host& host_;
+    /// Whether every dictionary of the group could be opened.
+    bool complete_ = true;
+};
+
+} // namespace velmarin

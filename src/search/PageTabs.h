@@ -1,0 +1,78 @@
+#pragma once
+
+#include "search/GroupModel.h"
+#include "search/PageTab.h"
+#include "search/TabDisplay.h"
+
+#include <string>
+#include <vector>
+
+namespace velmarin {
+
+/// All tabs of one main window, and the operations that show, step or remember a page in them. In tab mode tab n shows
+/// dictionary n; in list mode a tab shows the dictionary of the chosen hit.
+class PageTabs {
+  public:
+    explicit PageTabs(GroupModel& group) : group_(group) {}
+
+    /// Makes the first tab in `display`, which shows all changes from then on. Called once, before anything else.
+    void showIn(TabDisplay& display);
+
+    PageTab& tab(int index);
+    const PageTab& tab(int index) const;
+    bool hasTab(int index) const { return index >= 0 && index < count(); }
+    int count() const { return static_cast<int>(tabs_.size()); }
+    int front() const { return front_; }
+    /// The display brought a tab to the front.
+    void noteFront(int index) { front_ = index; }
+
+    /// Removes every tab but the first, and resets that.
+    void reset();
+    void setCaption(int index, const std::string& caption) { display_->setTabCaption(index, caption); }
+    /// Adds a tab for `item`.
+    void mMakeNewTB(const DictionaryItem& item);
+    /// Reads the page list of a dictionary into it and into its jump menu, and enables the page controls accordingly.
+    /// Raises NilObjectException, with the controls disabled, if there is no list and none can be made.
+    void mMakeBVjump(int dicIndex);
+    /// Removes the page of a tab, which keeps its menus.
+    void dropPage(int tabIndex);
+
+    /// In list mode, the dictionary that is shown.
+    int pListMode_CurrentDicNum() const { return pListMode_CurrentDicNum_; }
+    void setCurrentDicNum(int dicIndex) { pListMode_CurrentDicNum_ = dicIndex; }
+
+    /// Shows a page by its name; the road of all pages but those of chosen hits. Does nothing for an empty name, and
+    /// for the page that the tab shows.
+    void mSetPicture(const std::string& name, int tabIndex, bool addToHistory);
+    /// Direction 1 is a page forward, any other a page back.
+    void mNextBack(int direction, int tabIndex);
+    /// 0 is a screenful up, 1 one down.
+    void mUpDown(int direction, int tabIndex);
+
+    // A row of a tab's menu was chosen.
+    void BVjump_Action(int tabIndex, int row);
+    void BVHistory_Action(int tabIndex, int row);
+    void BVErrata_Action(int tabIndex, int row);
+    void BVimage_Action(int tabIndex, int row);
+
+    /// 0 is "History-Back", any other "History-Next", in the tab in front.
+    void ImageHistory_Action(int direction);
+    /// 0 is the tab to the left, any other the one to the right, round the ends.
+    void TabBackNext_Action(int direction);
+    /// 0 is the first tab, any other the last.
+    void TabTopTail_Action(int direction);
+
+  private:
+    /// The dictionary whose pages a tab shows.
+    int shownDictionary(int tabIndex) const { return group_.pListMode ? pListMode_CurrentDicNum_ : tabIndex; }
+    void addTab(const std::string& caption) { tabs_.emplace_back(display_->addTab(caption)); }
+    void bringToFront(int index);
+
+    GroupModel& group_;
+    TabDisplay* display_ = nullptr;
+    std::vector<PageTab> tabs_;
+    int front_ = 0;
+    int pListMode_CurrentDicNum_ = 0;
+};
+
+} // namespace velmarin

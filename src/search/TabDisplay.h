@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+namespace velmarin {
+
+class FolderItem;
+class PageDisplay;
+
+/// Shows what a PageTabs tells it to: the tab panel of one main window.
+class TabDisplay {
+  public:
+    virtual ~TabDisplay() = default;
+
+    /// Adds a tab after the others. Its display lives until the tab is removed.
+    virtual PageDisplay& addTab(const std::string& caption) = 0;
+    /// Removes all tabs but the first.
+    virtual void removeLaterTabs() = 0;
+    virtual void setTabCaption(int tab, const std::string& caption) = 0;
+    virtual void bringTabToFront(int tab) = 0;
+    /// Opens a further page of an entry, chosen while `frontTab` is in front. The file may not exist.
+    virtual void openErratum(const FolderItem& file, int frontTab) = 0;
+};
+
+} // namespace velmarin

@@ -1,0 +1,13 @@
+#pragma once
+
+/// Places of a main window at its design size, in pixels from its top left.
+namespace velmarin::design {
+
+inline constexpr int kWindowWidth = 838;
+inline constexpr int kWindowHeight = 809;
+inline constexpr int kTabPanelLeft = 11;
+inline constexpr int kTabPanelTop = 37;
+inline constexpr int kTabPanelWidth = 808;
+inline constexpr int kTabPanelHeight = 765;
+
+} // namespace velmarin::design

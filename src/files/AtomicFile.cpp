@@ -39,7 +39,7 @@ std::optional<fs::path> endOfLinks(fs::path path) {
     return std::nullopt;
 }
 
-/// A temporary file on its way to its name, removed again unless it gets there. It is locked for as long as it is open,
+/// A temporary file on its way to its name, removed again unless it gets there. It is locked while it is open,
 /// which tells it from the leftover of a run that was killed.
 class TemporaryFile {
   public:

@@ -25,8 +25,8 @@ std::string formatGroupPreferences(const GroupPreferences& preferences);
 /// Raises NilObjectException if the file cannot be opened.
 GroupPreferences readGroupPreferences(const FolderItem& file);
 /// Writes `DictionaryPreferences.txt` of a group. Once the order editor has saved, its lines `pNewDicPref` are written
-/// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone. A file that
-/// cannot be written but holds the same already is no failure.
+/// in place of the preferences, for any group. Does nothing for a nil folder and one that is gone. A file that
+/// cannot be written but holds the same already is not a failure.
 Result writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
                              const std::vector<std::string>& pNewDicPref = {});
 

@@ -72,6 +72,15 @@ TEST(FolderItem, ChildWithImpossibleNameCannotBeMade) {
     EXPECT_TRUE(fs::is_empty(folder.path()));
 }
 
+TEST(FolderItem, IsNamedHoweverItsPathEnds) {
+    const TempFolder folder;
+    folder.write("a/b/file", "");
+    for (const char* path : {"a/b", "a/b/", "a/b//", "a/b/.", "a/b/missing/.."})
+        EXPECT_EQ(FolderItem(folder.path() / path).path(), folder.path() / "a/b") << path;
+    EXPECT_EQ(FolderItem("/").path(), "/");
+    EXPECT_EQ(FolderItem("a").Parent().AbsolutePath(), fs::current_path());
+}
+
 TEST(FolderItem, LinksAreAliases) {
     const TempFolder folder;
     folder.write("real/ind", "");

@@ -6,7 +6,7 @@
 namespace velmarin {
 namespace {
 
-constexpr const char* badPatternMessage = "failed to compile: Bad regular expression";
+constexpr const char* kBadPatternMessage = "failed to compile: Bad regular expression";
 
 class GrepTest : public testing::Test {
   protected:
@@ -86,7 +86,7 @@ TEST_F(GrepTest, ABadPatternIsReportedAndFindsNothing) {
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, "((", "("), 0);
     EXPECT_EQ(mStrMod_GrepMBS_Find(0, "((", "("), "");
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, "\xE9", "\xE9"), 0) << "a pattern is UTF-8";
-    EXPECT_EQ(messages.texts, std::vector<std::string>(3, badPatternMessage));
+    EXPECT_EQ(messages.texts, std::vector<std::string>(3, kBadPatternMessage));
 }
 
 TEST_F(GrepTest, FoundStrIsTheLastMatchOfGrepAlone) {

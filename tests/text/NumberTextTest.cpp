@@ -7,9 +7,9 @@
 namespace velmarin {
 namespace {
 
-constexpr double largest = std::numeric_limits<double>::max();
-constexpr double infinite = std::numeric_limits<double>::infinity();
-const double notANumber = std::nan("");
+constexpr double kLargest = std::numeric_limits<double>::max();
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
+const double kNotANumber = std::nan("");
 
 TEST(CDbl, ReadsTheNumberAtTheStart) {
     const struct {
@@ -31,7 +31,7 @@ TEST(CDbl, ReadsTheNumberAtTheStart) {
         {"infinity is a word", "inf", 0},
         {"full-width digits are none", "１２", 0},
         {"NUL ends it", std::string("1\0002", 3), 1},
-        {"too large", std::string(400, '9'), largest},
+        {"too large", std::string(400, '9'), kLargest},
         {"too small", "0." + std::string(400, '0') + "1", 0},
     };
     for (const auto& row : rows)
@@ -40,7 +40,7 @@ TEST(CDbl, ReadsTheNumberAtTheStart) {
 
 TEST(ToInt32, CutsOffTheFractionAndHoldsTheRange) {
     const std::pair<double, std::int32_t> rows[] = {
-        {2.9, 2}, {-2.9, -2}, {2147483648.0, 2147483647}, {-1e300, -2147483647 - 1}, {notANumber, 0}};
+        {2.9, 2}, {-2.9, -2}, {2147483648.0, 2147483647}, {-1e300, -2147483647 - 1}, {kNotANumber, 0}};
     for (const auto& [value, whole] : rows)
         EXPECT_EQ(toInt32(value), whole) << value;
 }
@@ -78,11 +78,11 @@ TEST(Format, WritesANumberByItsPicture) {
         {"no picture, fraction", -0.125, "", "-0.125"},
         {"no picture, negative zero", -0.0, "", "0"},
         {"no exponent", 1e21, "0", "1000000000000000000000"},
-        {"not a number", notANumber, "00", "00"},
+        {"not a number", kNotANumber, "00", "00"},
     };
     for (const auto& row : rows)
         EXPECT_EQ(Format(row.value, row.picture), row.text) << row.reason;
-    EXPECT_EQ(Format(infinite, "0"), Format(largest, "0"));
+    EXPECT_EQ(Format(kInfinite, "0"), Format(kLargest, "0"));
     EXPECT_EQ(Format(5e-324, "").size(), 326u);
 }
 

@@ -52,7 +52,7 @@ MainWindowParts::MainWindowParts(QMainWindow& window, GroupPort& groupPort, cons
     groupPicker = new GroupPicker(groupPort, services, content, *layout);
     addPlacard(content, *layout);
     deck = new PageDeck(model.tabs, services.host, content);
-    queryBar = new QueryBar(model.search, model.tabs, *deck, services.busy, content, *layout);
+    queryBar = new QueryBar(model.search, *deck, services.busy, content, *layout);
     layout->add(deck->TB(),
                 QRect(design::kTabPanelLeft, design::kTabPanelTop, design::kTabPanelWidth, design::kTabPanelHeight),
                 Anchor::Left | Anchor::Top | Anchor::Right | Anchor::Bottom);

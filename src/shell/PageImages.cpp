@@ -15,7 +15,7 @@ PageImageWindow* PageImages::instance() {
             pPageImageShown_ = false;
             window_.clear();
         };
-        events.saved = [this](const std::string& path, const WriteResult& result) { preferences_.note(path, result); };
+        events.saved = [this](const std::string& path, const Result& result) { preferences_.note(path, result); };
         window_ = new PageImageWindow(host_, preferencesFolder_, std::move(events));
         if (window_->testAttribute(Qt::WA_Moved))
             window_->move(withinReach({window_->pos(), window_->size()}, screenAreas()).topLeft());

@@ -6,17 +6,6 @@
 
 namespace velmarin {
 
-namespace {
-
-/// The part of the reason that all files of one folder share.
-std::string withoutPath(std::string reason, const std::string& path) {
-    if (const std::size_t at = reason.find(path); at != std::string::npos)
-        reason.erase(at, path.size());
-    return reason;
-}
-
-} // namespace
-
 void PreferenceWriter::writeGroup(const GroupModel& group, bool separately) {
     const FolderItem& folder = group.pDictionaryGroupFolder;
     if (folder.isNil())
@@ -36,23 +25,23 @@ std::optional<WindowPlacement> PreferenceWriter::placement() const {
 
 void PreferenceWriter::writePlacement(const WindowPlacement& placement) {
     const std::string path = preferencesFolder_.Child("MainWindow").path().string();
-    const WriteResult result = writeWindowPlacement(preferencesFolder_, placement);
+    const Result result = writeWindowPlacement(preferencesFolder_, placement);
     unsaved_ = result ? std::nullopt : std::optional(placement);
     note(path, result);
 }
 
-void PreferenceWriter::note(const std::string& path, const WriteResult& result) {
-    if (result.ok) {
+void PreferenceWriter::note(const std::string& path, const Result& result) {
+    if (result) {
         failing_.erase(path);
         return;
     }
-    const std::string reason = withoutPath(result.reason, path);
+    const std::string& reason = result.failure().reason;
     const bool isNew = std::none_of(failing_.begin(), failing_.end(), [&](const auto& earlier) {
         return earlier.first == path || earlier.second == reason;
     });
     failing_.insert_or_assign(path, reason);
     if (isNew)
-        report_(result.reason);
+        report_(result.failure().message());
 }
 
 } // namespace velmarin

@@ -34,7 +34,7 @@ class PreferenceWriter {
     /// Reports the next failure of any file again.
     void forgetFailures() { failing_.clear(); }
     /// Reports the outcome of any other write to `path`.
-    void note(const std::string& path, const WriteResult& result);
+    void note(const std::string& path, const Result& result);
 
   private:
     std::function<void(std::string_view)> report_;

@@ -19,7 +19,7 @@ FolderItem SideAccess::pDictionaryGroupFolder() {
     return group_.pDictionaryGroupFolder;
 }
 
-void SideAccess::noteWritten(const std::string& path, const WriteResult& result) {
+void SideAccess::noteWritten(const std::string& path, const Result& result) {
     preferences_.note(path, result);
 }
 

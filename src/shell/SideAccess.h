@@ -18,7 +18,7 @@ class SideAccess : public MainWindowPort {
 
     QMainWindow* window() override;
     FolderItem pDictionaryGroupFolder() override;
-    void noteWritten(const std::string& path, const WriteResult& result) override;
+    void noteWritten(const std::string& path, const Result& result) override;
     void setSearchText(std::string_view text) override;
     void focusSearch(bool selectAll) override;
     void setOKBTDefault(bool isDefault) override;

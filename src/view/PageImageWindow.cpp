@@ -182,7 +182,7 @@ void PageImageWindow::Event_Close() {
     if (std::exchange(closed_, true))
         return;
     const std::string path = preferencesFolder_.Child("PageImageW_Pref.txt").path().string();
-    const WriteResult result = writeFileAtomically(path, formatPreferences(pos(), fromQ(RatioEF_->text())));
+    const Result result = writeFileAtomically(path, formatPreferences(pos(), fromQ(RatioEF_->text())));
     // A message lets events run, which must not reach this window.
     hide();
     if (events_.closed)

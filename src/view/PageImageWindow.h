@@ -31,7 +31,7 @@ struct PageImageWindowEvents {
     /// window has closed; the event loop then destroys it.
     std::function<void()> closed;
     /// Gets the result of writing `PageImageW_Pref.txt`, and may show a message. Called after `closed`.
-    std::function<void(const std::string& path, const WriteResult& result)> saved;
+    std::function<void(const std::string& path, const Result& result)> saved;
 };
 
 /// A small viewer beside the main window for further images of a dictionary, such as its errata. It shows a file, or a

@@ -41,8 +41,8 @@ TEST(PreferenceWriter, ReportsAFailureOncePerFileAndReason) {
             continue;
         }
         const std::string why = step.why;
-        const std::string reason = why.empty() ? "" : std::string(step.path) + " could not be written: " + why;
-        preferences.writer.note(step.path, {why.empty(), reason});
+        const Failure failure{FolderItem(step.path), "it could not be written: " + why};
+        preferences.writer.note(step.path, why.empty() ? Result() : Result(failure));
         EXPECT_EQ(preferences.reported.size(), step.reported ? 1U : 0U) << step.path << ' ' << why;
     }
 }

@@ -61,9 +61,9 @@ class PageImageWindowTest : public ::testing::Test {
             pPageImageShown = false;
             ++closings;
         };
-        events.saved = [this](const std::string&, const WriteResult& result) {
+        events.saved = [this](const std::string&, const Result& result) {
             if (!result)
-                host.MsgBox(result.reason);
+                host.MsgBox(result.failure().message());
         };
         window = new PageImageWindow(host, FolderItem(preferences.path()), events);
         return *window;

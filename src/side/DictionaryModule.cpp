@@ -2,7 +2,6 @@
 
 #include "files/Leftovers.h"
 #include "files/LineScanner.h"
-#include "side/UserDictionary.h"
 #include "text/FindReplace.h"
 #include "text/LetterCase.h"
 #include "text/Message.h"

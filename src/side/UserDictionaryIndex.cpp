@@ -4,7 +4,6 @@
 #include "files/LineScanner.h"
 #include "side/DictionaryModule.h"
 #include "side/ProgressPort.h"
-#include "side/UserDictionary.h"
 #include "store/TextFileLines.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"

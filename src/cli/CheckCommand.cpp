@@ -49,14 +49,14 @@ Examples:
   velmarin-cli check "DictionaryFolder/English/Webster 1913"
   velmarin-cli check --no-images DictionaryFolder/*)help";
 
-/// Also a group whose dictionaries may all be among folders that cannot be listed: each of these is a failure.
+/// Accepts also a group of which all dictionaries may be in folders that cannot be listed: each of these is reported.
 bool canBeChecked(const FolderItem& folder) {
     if (equalStrings(folder.Name(), kUserDictionariesFolder))
         return false;
     if (isDictionary(folder))
         return true;
-    const GroupFolders folders = foldersOf(folder);
-    return !folders.dictionaries.empty() || !folders.closed.empty();
+    const GroupFolders folders = foldersIn(folder);
+    return !folders.dictionaries.empty() || !folders.unreadable.empty();
 }
 
 /// Writes the findings of each dictionary as soon as it is checked.
@@ -64,9 +64,9 @@ class Checker {
   public:
     Checker(Session& session, Images images) : session_(session), images_(images) {}
 
-    /// Checks each dictionary once, whatever number of links and arguments lead to it.
+    /// Checks each dictionary once, however many links and arguments lead to it.
     void check(const FolderItem& folder) {
-        if (!checked_.insert(folder.AbsolutePath()).second)
+        if (session_.out().failed() || !checked_.insert(folder.AbsolutePath()).second)
             return;
         for (const Finding& finding : checkDictionary(folder, images_))
             write(finding);
@@ -79,7 +79,7 @@ class Checker {
   private:
     void write(const Finding& finding) {
         const std::string line = finding.line == 0 ? std::string() : std::to_string(finding.line);
-        session_.out().record({finding.file.native(), line, finding.what});
+        session_.out().record({finding.file.native(), line, finding.problem});
         anyFinding_ = true;
     }
 
@@ -99,9 +99,9 @@ Status checkAll(const std::vector<std::string>& arguments, Images images, Sessio
             checker.check(folder);
             continue;
         }
-        const GroupFolders folders = foldersOf(folder);
-        for (const GroupFolders::Closed& closed : folders.closed)
-            session.couldNot(inWords(closed));
+        const GroupFolders folders = foldersIn(folder);
+        for (const Failure& unreadable : folders.unreadable)
+            session.couldNot(unreadable);
         for (const FolderItem& dictionary : folders.dictionaries)
             checker.check(dictionary);
     }
@@ -111,20 +111,18 @@ Status checkAll(const std::vector<std::string>& arguments, Images images, Sessio
     return checker.anyFinding() ? Status::NothingFound : Status::Done;
 }
 
+Job define(CLI::App& command) {
+    const CLI::Option* noImages = addFlag(command, "--no-images", "Do not decode the pictures (much faster)");
+    const CLI::Option* folders = addManyOperands(command, "FOLDER", "Folders of dictionaries or groups")->required();
+    return [=](Session& session) {
+        return checkAll(operands(folders), noImages->count() > 0 ? Images::Skip : Images::Decode, session);
+    };
+}
+
 } // namespace
 
-void addCheckCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("check", "Check dictionaries and report problems");
-    command->footer(kHelp);
-    const CLI::Option* noImages =
-        command->add_flag("--no-images")->description("Do not decode the pictures (much faster)");
-    const CLI::Option* folders = addManyOperands(*command, "FOLDER", "Folders of dictionaries or groups")->required();
-    command->callback([&chosen, noImages, folders] {
-        chosen = [=](Session& session) {
-            const Images images = noImages->count() > 0 ? Images::Skip : Images::Decode;
-            return checkAll(operands(folders), images, session);
-        };
-    });
+Command checkCommand() {
+    return {.name = "check", .summary = "Check dictionaries and report problems", .help = kHelp, .define = define};
 }
 
 } // namespace velmarin

@@ -44,6 +44,11 @@ Examples:
   velmarin-cli key Straße
   velmarin-cli check "DictionaryFolder/English/Webster 1913")help";
 
+/// All commands, in the order of the help.
+constexpr Command (*kCommands[])() = {groupsCommand, dictionariesCommand, keyCommand,
+                                      searchCommand, checkCommand,        installCommand,
+                                      updateCommand, exportCommand,       userDictionaryCommand};
+
 /// CLI11's layout, with "..." after operands that can be repeated.
 class HelpLayout : public CLI::Formatter {
   public:
@@ -67,13 +72,8 @@ class Program {
         layout->label("Positionals", "Operands");
         layout->label("OPTIONS", "OPTION...");
         options_.formatter(layout);
-        addGroupsCommand(options_, chosen_);
-        addDictionariesCommand(options_, chosen_);
-        addKeyCommand(options_, chosen_);
-        addSearchCommand(options_, chosen_);
-        addCheckCommand(options_, chosen_);
-        addMaintenanceCommands(options_, chosen_);
-        addUserDictionaryCommand(options_, chosen_);
+        for (const auto command : kCommands)
+            addCommand(options_, command(), chosen_);
         for (CLI::App* command : options_.get_subcommands({}))
             command->group("Commands");
     }
@@ -88,7 +88,8 @@ class Program {
             out.text(version.what() + std::string(1, '\n'));
             return Status::Done;
         } catch (const CLI::ParseError& error) {
-            throw CannotDo(usageError(error, argc, argv));
+            complain(usageError(error, argc, argv));
+            return Status::CouldNot;
         }
         Session session(out);
         return session.status(chosen_(session));
@@ -111,29 +112,30 @@ class Program {
 };
 
 /// Reports `error` after the output so far.
-int failed(Output& out, std::string_view error) {
-    try {
-        out.flush();
-    } catch (const CannotDo&) {
-        // Only the first failure is reported.
-    }
+Status failed(Output& out, std::string_view error) {
+    out.flush();
     complain(error);
-    return static_cast<int>(Status::CouldNot);
+    return Status::CouldNot;
+}
+
+Status run(int argc, char** argv, Output& out) {
+    try {
+        return Program().run(argc, argv, out);
+    } catch (const std::bad_alloc&) {
+        return failed(out, "out of memory");
+    } catch (const std::exception& error) {
+        return failed(out, error.what());
+    }
 }
 
 } // namespace
 
 int runCommandLine(int argc, char** argv) {
     Output out(STDOUT_FILENO);
-    try {
-        const Status status = Program().run(argc, argv, out);
-        out.close();
-        return static_cast<int>(status);
-    } catch (const std::bad_alloc&) {
-        return failed(out, "out of memory");
-    } catch (const std::exception& error) {
-        return failed(out, error.what());
-    }
+    Status status = run(argc, argv, out);
+    if (!out.close())
+        status = failed(out, "standard output: " + out.reason());
+    return static_cast<int>(status);
 }
 
 } // namespace velmarin

@@ -39,23 +39,24 @@ std::string marksOf(const DictionaryItem& item) {
     return Join(marks, ",");
 }
 
-Status listDictionaries(const std::string& argument, Session& session) {
-    const Group group = groupArgument(argument, session);
-    for (const auto& item : group.dictionaries) {
-        const std::string entries = item->loaded ? std::to_string(item->IND.size()) : std::string();
-        session.out().record({item->name, std::to_string(item->ImageMode), entries, marksOf(*item)});
-    }
-    return group.dictionaries.empty() ? Status::NothingFound : Status::Done;
+Job define(CLI::App& command) {
+    const CLI::Option* folder = addOperand(command, "GROUP", "The folder of a group");
+    return [=](Session& session) {
+        const auto group = groupArgument(operand(folder), session);
+        if (!group)
+            return Status::CouldNot;
+        for (const auto& item : group->dictionaries) {
+            const std::string entries = item->loaded ? std::to_string(item->IND.size()) : std::string();
+            session.out().record({item->name, std::to_string(item->ImageMode), entries, marksOf(*item)});
+        }
+        return group->dictionaries.empty() ? Status::NothingFound : Status::Done;
+    };
 }
 
 } // namespace
 
-void addDictionariesCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("dictionaries", "List the dictionaries of a group");
-    command->footer(kHelp);
-    const CLI::Option* group = addGroupOperand(*command);
-    command->callback(
-        [&chosen, group] { chosen = [group](Session& session) { return listDictionaries(operand(group), session); }; });
+Command dictionariesCommand() {
+    return {.name = "dictionaries", .summary = "List the dictionaries of a group", .help = kHelp, .define = define};
 }
 
 } // namespace velmarin

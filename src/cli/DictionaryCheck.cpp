@@ -3,7 +3,7 @@
 #include "cli/IndexCheck.h"
 #include "cli/LineCheck.h"
 #include "cli/PageListCheck.h"
-#include "cli/PictureNames.h"
+#include "cli/PictureCheck.h"
 #include "files/FolderListing.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
@@ -61,7 +61,7 @@ void compareWithPageList(const PictureNames& named, const std::vector<NamedPictu
     }
 }
 
-/// A required member; nothing, with a finding, if it is missing.
+/// A required member; nullopt, with a finding, if it is missing.
 std::optional<FolderItem> neededMember(const FolderListing& members, const char* name, std::vector<Finding>& findings) {
     FolderItem item = members.Child(name);
     if (item.Exists())
@@ -92,7 +92,7 @@ class DictionaryChecker {
         if (mImg)
             checkPages(*mImg);
         if (images == Images::Decode)
-            decodeAll(pictures_, findings_);
+            checkPictures(pictures_, findings_);
         sortFindings({ind, txt});
         return std::move(findings_);
     }
@@ -118,10 +118,10 @@ class DictionaryChecker {
     }
 
     void checkTxt(const FolderItem& txt, const std::optional<FolderItem>& ind) {
-        text_.emplace(checkText(txt, index_ && index_->closed ? index_->lines : 0, findings_));
+        text_.emplace(checkText(txt, index_ && index_->hasClosingEntry ? index_->lines : 0, findings_));
         if (index_ && text_->lines)
             compareLengths(*ind, index_->lines, txt, *text_->lines, findings_);
-        addPictures(text_->extraPages.look(FolderListing(members_.Child("mPimg")), findings_));
+        addPictures(text_->extraPages.findIn(FolderListing(members_.Child("mPimg")), findings_));
     }
 
     void checkPages(const FolderItem& folder) {
@@ -132,7 +132,7 @@ class DictionaryChecker {
         const FolderListing mImg(folder);
         const auto list = checkPageList(mImg, findings_);
         if (text_) {
-            const std::vector<NamedPicture> found = text_->pages.look(mImg, findings_);
+            const std::vector<NamedPicture> found = text_->pages.findIn(mImg, findings_);
             if (list)
                 compareWithPageList(text_->pages, found, *list, findings_);
             addPictures(found);

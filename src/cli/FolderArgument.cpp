@@ -1,6 +1,7 @@
 #include "cli/FolderArgument.h"
 
 #include "files/FolderListing.h"
+#include "maintenance/MaintenanceResult.h"
 #include "side/UserDictionary.h"
 #include "store/DictionaryMembers.h"
 #include "text/LetterCase.h"
@@ -30,32 +31,41 @@ std::error_code folderError(const fs::path& folder) {
     return error;
 }
 
-/// Whether the path leads to nothing that is a folder, such as a file or a dead link.
-bool meansNoFolder(const std::error_code& error) {
+/// Whether the path leads to a file or to nothing, so that it is not a folder at all.
+bool meansNotAFolder(const std::error_code& error) {
     return error == std::errc::not_a_directory || error == std::errc::no_such_file_or_directory ||
            error == std::errc::too_many_symbolic_link_levels;
 }
 
-/// Reports the closed folders of a group that may be dictionaries but are not among those that were read. (A dictionary
-/// that may be entered but not listed is read, and one that the preferences list is reported by readGroup.)
-void reportClosed(const FolderItem& folder, const Group& group, Session& session) {
+/// Reports the unreadable folders of a group, except dictionaries that readGroup has read (which may be entered but not
+/// listed) or has reported itself.
+void reportUnreadable(const FolderItem& folder, const Group& group, Session& session) {
     std::unordered_set<std::string> read;
     for (const auto& item : group.dictionaries)
         read.insert(item->DictionaryFolderitem.AbsolutePath());
-    for (const GroupFolders::Closed& closed : foldersOf(folder).closed) {
-        if (!read.contains(closed.folder.AbsolutePath()))
-            session.couldNot(inWords(closed));
+    for (const Failure& unreadable : foldersIn(folder).unreadable) {
+        if (!read.contains(unreadable.item.AbsolutePath()))
+            session.couldNot(unreadable);
     }
 }
 
 } // namespace
 
-FolderItem folderArgument(const std::string& argument) {
-    if (argument.empty())
-        throw CannotDo("an empty name is not a folder");
-    if (const std::error_code error = folderError(argument))
-        throw CannotDo(argument + ": " + error.message());
-    return FolderItem(fs::path(argument));
+std::optional<FolderItem> folderArgument(const std::string& argument, Session& session) {
+    const std::error_code error = argument.empty() ? std::error_code() : folderError(argument);
+    if (!argument.empty() && !error)
+        return FolderItem(fs::path(argument));
+    session.couldNot(argument.empty() ? kEmptyFolderName : argument + ": " + error.message());
+    return std::nullopt;
+}
+
+std::optional<FolderItem> dictionaryArgument(const std::string& argument, Session& session) {
+    auto folder = folderArgument(argument, session);
+    if (folder && !mSub_DicOrNot(*folder)) {
+        session.couldNot(argument + ": " + kNotADictionary);
+        folder.reset();
+    }
+    return folder;
 }
 
 std::vector<FolderItem> folderArguments(const std::vector<std::string>& arguments, const FolderFilter& filter,
@@ -63,14 +73,13 @@ std::vector<FolderItem> folderArguments(const std::vector<std::string>& argument
     std::vector<FolderItem> found;
     std::vector<std::string> others;
     for (const std::string& argument : arguments) {
-        try {
-            const FolderItem folder = isNotAFolder(argument) ? FolderItem() : folderArgument(argument);
-            if (!folder.isNil() && filter.accepts(folder))
-                found.push_back(folder);
+        if (isNotAFolder(argument)) {
+            others.push_back(argument);
+        } else if (const auto folder = folderArgument(argument, session)) {
+            if (filter.accepts(*folder))
+                found.push_back(*folder);
             else
                 others.push_back(argument);
-        } catch (const CannotDo& error) {
-            session.couldNot(error.what());
         }
     }
     for (const std::string& argument : others) {
@@ -82,23 +91,19 @@ std::vector<FolderItem> folderArguments(const std::vector<std::string>& argument
     return found;
 }
 
-GroupFolders foldersOf(const FolderItem& group) {
+GroupFolders foldersIn(const FolderItem& group) {
     GroupFolders found;
     for (const FolderItem& item : group.items()) {
         if (!item.Visible() || equalStrings(item.Name(), kUserDictionariesFolder))
             continue;
         if (const std::error_code error = folderError(item.path())) {
-            if (!meansNoFolder(error))
-                found.closed.push_back({item, error.message()});
+            if (!meansNotAFolder(error))
+                found.unreadable.push_back({item, error.message()});
         } else if (mSub_DicOrNot(item.resolved())) {
             found.dictionaries.push_back(item);
         }
     }
     return found;
-}
-
-std::string inWords(const GroupFolders::Closed& closed) {
-    return closed.folder.path().native() + ": " + closed.reason;
 }
 
 bool isDictionary(const FolderItem& folder) {
@@ -110,18 +115,22 @@ bool isDictionary(const FolderItem& folder) {
         const FolderItem member = members.Child(name);
         return member.Exists() && !member.Directory();
     });
-    return hasFile || foldersOf(followed).dictionaries.empty();
+    return hasFile || foldersIn(followed).dictionaries.empty();
 }
 
-Group groupArgument(const std::string& argument, Session& session) {
-    const FolderItem folder = folderArgument(argument);
+std::optional<Group> groupArgument(const std::string& argument, Session& session) {
+    const auto folder = folderArgument(argument, session);
+    if (!folder)
+        return std::nullopt;
     session.setSubject(argument);
-    Group group = readGroup(folder);
+    Group group = readGroup(*folder);
     for (const std::string& failure : group.failures)
         session.couldNot(failure);
-    if (group.dictionaries.empty() && isDictionary(folder))
-        throw CannotDo(argument + ": this is a dictionary; give the folder that holds it, its group");
-    reportClosed(folder, group, session);
+    if (group.dictionaries.empty() && isDictionary(*folder)) {
+        session.couldNot(argument + ": this is a dictionary; give the folder that holds it, its group");
+        return std::nullopt;
+    }
+    reportUnreadable(*folder, group, session);
     return group;
 }
 

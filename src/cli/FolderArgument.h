@@ -1,18 +1,24 @@
 #pragma once
 
 #include "cli/Session.h"
-#include "files/FolderItem.h"
+#include "files/Failure.h"
 #include "store/Group.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace velmarin {
 
-/// The folder that an argument names. Raises CannotDo if it is missing, is not a folder, or cannot be listed or
-/// entered.
-FolderItem folderArgument(const std::string& argument);
+inline constexpr const char* kEmptyFolderName = "an empty name is not a folder";
+
+/// The folder that an argument names. Returns nullopt, with a failure of the session, if it is missing, is not a
+/// folder, or cannot be listed or entered.
+std::optional<FolderItem> folderArgument(const std::string& argument, Session& session);
+
+/// The same for the folder of a dictionary. Links are not followed.
+std::optional<FolderItem> dictionaryArgument(const std::string& argument, Session& session);
 
 /// Which folders a command works on, and its messages about the others.
 struct FolderFilter {
@@ -30,25 +36,19 @@ std::vector<FolderItem> folderArguments(const std::vector<std::string>& argument
 /// The visible folders in a group that are dictionaries or may be. The folder of the user dictionaries is left out: one
 /// of these may be called "ind".
 struct GroupFolders {
-    /// A folder that cannot be listed or entered, and may be a dictionary.
-    struct Closed {
-        FolderItem folder;
-        std::string reason;
-    };
     std::vector<FolderItem> dictionaries; ///< with any member of a dictionary, even without FW
-    std::vector<Closed> closed;
+    Failures unreadable;                  ///< cannot be listed or entered, so they may be dictionaries
 };
-GroupFolders foldersOf(const FolderItem& group);
-/// As "G/D: Permission denied".
-std::string inWords(const GroupFolders::Closed& closed);
+GroupFolders foldersIn(const FolderItem& group);
 
 /// Whether `folder` (links followed) is a dictionary. If all members that make it one are folders, such as "ind" or
 /// "mImg", and it holds a dictionary, it is a group with folders of these names.
 bool isDictionary(const FolderItem& folder);
 
 /// The group that an argument names, read as a window reads it. A dictionary that cannot be opened, and a folder that
-/// may be one but cannot be entered, is a failure of the session, and the others are read. Raises CannotDo or
-/// NilObjectException if the group cannot be read, or if it is a dictionary, a common slip.
-Group groupArgument(const std::string& argument, Session& session);
+/// may be one but cannot be entered, is a failure of the session, and the others are read. Returns nullopt, with a
+/// failure, if it is not a folder or is a dictionary, a common slip. Raises NilObjectException if its
+/// preferences cannot be read.
+std::optional<Group> groupArgument(const std::string& argument, Session& session);
 
 } // namespace velmarin

@@ -18,22 +18,23 @@ Exit status: 0 success, 1 no groups, 2 FOLDER cannot be read.
 Example:
   velmarin-cli groups DictionaryFolder)help";
 
-Status writeGroups(const std::string& argument, Session& session) {
-    const auto groups = listGroups(folderArgument(argument));
-    for (const GroupRow& group : groups)
-        session.out().record({group.name});
-    return groups.empty() ? Status::NothingFound : Status::Done;
+Job define(CLI::App& command) {
+    const CLI::Option* folder = addOperand(command, "FOLDER", "The folder DictionaryFolder beside the program");
+    return [=](Session& session) {
+        const auto dictionaryFolder = folderArgument(operand(folder), session);
+        if (!dictionaryFolder)
+            return Status::CouldNot;
+        const auto groups = listGroups(*dictionaryFolder);
+        for (const GroupRow& group : groups)
+            session.out().record({group.name});
+        return groups.empty() ? Status::NothingFound : Status::Done;
+    };
 }
 
 } // namespace
 
-void addGroupsCommand(CLI::App& program, Job& chosen) {
-    static const std::string folderHelp = "The folder DictionaryFolder beside the program";
-    CLI::App* command = program.add_subcommand("groups", "List the groups in DictionaryFolder");
-    command->footer(kHelp);
-    const CLI::Option* folder = command->add_option("FOLDER", folderHelp)->option_text(" ")->expected(1)->required();
-    command->callback(
-        [&chosen, folder] { chosen = [folder](Session& session) { return writeGroups(operand(folder), session); }; });
+Command groupsCommand() {
+    return {.name = "groups", .summary = "List the groups in DictionaryFolder", .help = kHelp, .define = define};
 }
 
 } // namespace velmarin

@@ -73,10 +73,10 @@ std::optional<IndexSummary> checkIndex(const FolderItem& ind, const IndexOrder& 
     });
     if (!lines)
         return std::nullopt;
-    const IndexSummary summary = {.lines = *lines, .closed = isClosingWord(before)};
+    const IndexSummary summary = {.lines = *lines, .hasClosingEntry = isClosingWord(before)};
     if (summary.lines == 0)
         findings.push_back({ind.path(), 0, "has no entries"});
-    else if (!summary.closed)
+    else if (!summary.hasClosingEntry)
         findings.push_back({ind.path(), summary.lines,
                             "no closing entry: the last one, " + inQuotes(before) +
                                 ", is never shown; one that sorts after all others should follow it"});

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "cli/DictionaryCheck.h"
+#include "cli/Finding.h"
+#include "files/FolderItem.h"
 #include "text/SearchWord.h"
 
 #include <cstdint>
@@ -12,10 +13,10 @@ namespace velmarin {
 
 struct IndexSummary {
     std::uint64_t lines = 0;
-    bool closed = false;
+    bool hasClosingEntry = false;
 };
 
-/// Checks an `ind`: order, closing entry, encoding. Nothing if it cannot be read.
+/// Checks an `ind`: order, closing entry, encoding. Returns nullopt, with a finding, if it cannot be read.
 std::optional<IndexSummary> checkIndex(const FolderItem& ind, const IndexOrder& order, std::vector<Finding>& findings);
 
 /// Whether a search word looks like an entry that was added to sort after all others: it begins with a private-use

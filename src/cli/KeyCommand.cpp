@@ -25,32 +25,25 @@ Examples:
 Example: sort an index
   velmarin-cli key < ind | paste - ind | LC_ALL=C sort -s -t "$(printf '\t')" -k1,1 | cut -f 2-)help";
 
-Status writeKeys(const IndexOrder& order, std::vector<std::string> given, Session& session) {
-    Words words(std::move(given), session.out());
-    while (const auto word = words.next())
-        session.out().record({indexSearchWord(*word, order)});
-    return Status::Done;
+Job define(CLI::App& command) {
+    CLI::Option* spanish =
+        addFlag(command, "--spanish", R"(As in a Spanish dictionary: "ch" and "ll" are single letters)");
+    CLI::Option* ijuv = addFlag(command, "--ijuv", "As in an IJUV dictionary: i and j are the same, u and v too");
+    spanish->excludes(ijuv);
+    const CLI::Option* words = addWordOperands(command);
+    return [=](Session& session) {
+        const IndexOrder order = {.SpanishMode = spanish->count() > 0, .IJUVMode = ijuv->count() > 0, .FormatFom = {}};
+        Words input(operands(words), session);
+        while (const auto word = input.next())
+            session.out().record({indexSearchWord(*word, order)});
+        return Status::Done;
+    };
 }
 
 } // namespace
 
-void addKeyCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("key", "Show the search words of index lines");
-    command->footer(kHelp);
-    CLI::Option* spanish = command->add_flag("--spanish")
-                               ->option_text(" ")
-                               ->description(R"(As in a Spanish dictionary: "ch" and "ll" are single letters)");
-    CLI::Option* ijuv = command->add_flag("--ijuv")->option_text(" ")->description(
-        "As in an IJUV dictionary: i and j are the same, u and v too");
-    spanish->excludes(ijuv);
-    const CLI::Option* words = addWordOperands(*command);
-    command->callback([&chosen, spanish, ijuv, words] {
-        chosen = [=](Session& session) {
-            const IndexOrder order = {
-                .SpanishMode = spanish->count() > 0, .IJUVMode = ijuv->count() > 0, .FormatFom = {}};
-            return writeKeys(order, operands(words), session);
-        };
-    });
+Command keyCommand() {
+    return {.name = "key", .summary = "Show the search words of index lines", .help = kHelp, .define = define};
 }
 
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/DictionaryCheck.h"
+#include "cli/Finding.h"
 #include "files/FolderItem.h"
 
 #include <cstdint>
@@ -15,8 +15,8 @@ namespace velmarin {
 /// `text` in double quotes, as findings show words and names.
 std::string inQuotes(std::string_view text);
 
-/// Calls `each` with each line of a text file and its number, from 1, and notes the lines that are not UTF-8 or are cut
-/// because of their length. Returns the number of lines; nothing, with a finding, if the file cannot be read.
+/// Calls `each` with each line of a text file and its number, from 1. Lines that are not UTF-8, or too long to be read
+/// whole, are findings. Returns the number of lines, or nullopt, with a finding, if the file cannot be read.
 std::optional<std::uint64_t> checkLines(const FolderItem& file, std::vector<Finding>& findings,
                                         const std::function<void(const std::string& line, std::uint64_t number)>& each);
 

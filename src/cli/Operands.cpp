@@ -45,21 +45,29 @@ std::string operand(const CLI::Option* option) {
     return values.empty() ? std::string() : values.front();
 }
 
+// CLI11 takes a `const std::string` for a description, and anything else for a variable to set.
+
+CLI::Option* addFlag(CLI::App& command, const std::string& name, const std::string& description) {
+    return command.add_flag(name, description)->option_text(" ");
+}
+
+CLI::Option* addOption(CLI::App& command, const std::string& name, const std::string& value,
+                       const std::string& description) {
+    return command.add_option(name, description)->option_text(value)->expected(1);
+}
+
+CLI::Option* addOperand(CLI::App& command, const std::string& name, const std::string& description) {
+    return addOption(command, name, " ", description)->required();
+}
+
 CLI::Option* addManyOperands(CLI::App& command, const std::string& name, const std::string& description) {
-    const std::string& shown = description; // CLI11 takes a temporary for a constant
-    return command.add_option(name, shown)
-        ->option_text(" ")
+    return addOption(command, name, " ", description)
         ->expected(1, CLI::detail::expected_max_vector_size)
         ->allow_extra_args();
 }
 
 CLI::Option* addWordOperands(CLI::App& command) {
     return addManyOperands(command, "WORD", "The words; without any, lines of standard input");
-}
-
-CLI::Option* addGroupOperand(CLI::App& command) {
-    static const std::string description = "The folder of a group";
-    return command.add_option("GROUP", description)->option_text(" ")->expected(1)->required();
 }
 
 } // namespace velmarin

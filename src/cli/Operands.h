@@ -15,11 +15,16 @@ std::vector<std::string> guardedArguments(int argc, char** argv);
 std::vector<std::string> operands(const CLI::Option* option);
 std::string operand(const CLI::Option* option);
 
+/// Adds a flag such as --replace.
+CLI::Option* addFlag(CLI::App& command, const std::string& name, const std::string& description);
+/// Adds an option with a value, which the help calls `value`.
+CLI::Option* addOption(CLI::App& command, const std::string& name, const std::string& value,
+                       const std::string& description);
+/// Adds an operand that must be given once.
+CLI::Option* addOperand(CLI::App& command, const std::string& name, const std::string& description);
 /// Adds an operand that can be repeated.
 CLI::Option* addManyOperands(CLI::App& command, const std::string& name, const std::string& description);
 /// Adds the operand [WORD...], the input of Words.
 CLI::Option* addWordOperands(CLI::App& command);
-/// Adds the operand GROUP.
-CLI::Option* addGroupOperand(CLI::App& command);
 
 } // namespace velmarin

@@ -61,20 +61,24 @@ void Output::flushIfFull() {
 }
 
 void Output::flush() {
-    if (buffer_.empty())
+    if (buffer_.empty() || failed())
         return;
     used_ = true;
-    const bool written = writeAll(descriptor_, buffer_);
+    if (!writeAll(descriptor_, buffer_))
+        error_ = errno;
     buffer_.clear();
-    if (!written)
-        throw CannotDo("standard output: " + errorInWords(errno));
 }
 
-void Output::close() {
+bool Output::close() {
     flush();
     // Without any output it does not matter whether standard output was open.
-    if (::close(descriptor_) != 0 && used_)
-        throw CannotDo("standard output: " + errorInWords(errno));
+    if (::close(descriptor_) != 0 && used_ && !failed())
+        error_ = errno;
+    return !failed();
+}
+
+std::string Output::reason() const {
+    return errorInWords(error_);
 }
 
 void complain(std::string_view text) {

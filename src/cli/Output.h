@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -15,17 +14,11 @@ enum class Status : int {
     CouldNot = 2
 };
 
-/// Ends the run with Status::CouldNot. `what()` is the message for standard error, without the program's name.
-class CannotDo : public std::runtime_error {
-  public:
-    explicit CannotDo(const std::string& what) : std::runtime_error(what) {}
-};
-
 /// `text` made fit for a column: control characters (TAB, LF, CR, NUL...) become their Unicode pictures, such as U+2409
 /// for TAB, and bytes that are not UTF-8 become U+FFFD.
 std::string columnText(std::string_view text);
 
-/// Buffered standard output. A failed write, as on a full disk, raises CannotDo.
+/// Buffered standard output. After a failed write, as on a full disk, it takes no more.
 class Output {
   public:
     explicit Output(int descriptor) : descriptor_(descriptor) {}
@@ -39,14 +32,18 @@ class Output {
     void text(std::string_view text);
 
     void flush();
-    /// Flushes and closes. Some file systems report a full disk only at this point.
-    void close();
+    /// Flushes and closes. Some file systems report a full disk only at this point. False if anything was not written.
+    bool close();
+    bool failed() const { return error_ != 0; }
+    /// Why a write failed.
+    std::string reason() const;
 
   private:
     void flushIfFull();
 
     static constexpr std::size_t kBuffer = std::size_t{1} << 16;
     int descriptor_;
+    int error_ = 0; ///< of the first write that failed
     bool used_ = false;
     std::string buffer_;
 };

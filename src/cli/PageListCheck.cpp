@@ -87,7 +87,7 @@ std::optional<PageListSummary> checkImageIndex(const FolderItem& file, bool capt
         findings.push_back({file.path(), number, "has no caption: a TAB separates name and caption"});
     for (const std::string& name : lines->names.names())
         summary.pages.set(name, 0);
-    summary.pictures = lines->names.look(mImg, findings);
+    summary.pictures = lines->names.findIn(mImg, findings);
     return summary;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/DictionaryCheck.h"
+#include "cli/Finding.h"
 #include "cli/PictureNames.h"
 #include "files/FolderListing.h"
 #include "store/PageList.h"
@@ -11,16 +11,13 @@
 namespace velmarin {
 
 struct PageListSummary {
-    /// What the page list is called in a finding.
-    std::string name;
-    /// All its pages.
+    std::string name; ///< of the page list, as findings show it
     ImageDictionaryMap pages;
-    /// Those of an image index whose file is there.
-    std::vector<NamedPicture> pictures;
+    std::vector<NamedPicture> pictures; ///< that an image index names and that exist
 };
 
-/// Checks the image index that the program would use, or, without one, whether one can be made. Nothing if there is no
-/// page list.
+/// Checks the image index that the program would use or, without one, whether one can be made. Returns nullopt, with a
+/// finding, if there is no page list.
 std::optional<PageListSummary> checkPageList(const FolderListing& mImg, std::vector<Finding>& findings);
 
 } // namespace velmarin

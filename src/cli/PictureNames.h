@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/DictionaryCheck.h"
+#include "cli/Finding.h"
 #include "files/FolderListing.h"
 
 #include <cstdint>
@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 namespace velmarin {
@@ -35,7 +34,7 @@ class PictureNames {
     std::string furtherLines(const std::string& name) const;
 
     /// The pictures that exist in `folder`. Each missing one is a finding.
-    std::vector<NamedPicture> look(const FolderListing& folder, std::vector<Finding>& findings) const;
+    std::vector<NamedPicture> findIn(const FolderListing& folder, std::vector<Finding>& findings) const;
 
   private:
     struct Mention {
@@ -46,8 +45,5 @@ class PictureNames {
     std::vector<std::string> names_;
     std::unordered_map<std::string, Mention> mentions_;
 };
-
-/// Decodes each picture once, in several threads, and reports those that cannot be decoded completely.
-void decodeAll(const std::vector<NamedPicture>& pictures, std::vector<Finding>& findings);
 
 } // namespace velmarin

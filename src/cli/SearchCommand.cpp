@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
-#include "cli/SearchRecord.h"
+#include "cli/SearchRecordWriter.h"
 #include "cli/Words.h"
 #include "search/DictionarySearch.h"
 
@@ -66,26 +66,27 @@ std::string tabNumber(const std::string& text) {
     return digits && text.size() <= kMostDigits ? "" : "\"" + text + "\" is not a tab number";
 }
 
-/// Rejects a --front beyond the last tab. (Without the option, a group without tabs is fine.)
-void checkFront(std::optional<int> front, std::size_t dictionaries) {
-    if (front && static_cast<std::size_t>(*front) >= dictionaries)
-        throw CannotDo("--front " + std::to_string(*front) + ": the group has " + std::to_string(dictionaries) +
-                       " dictionaries, counted from 0");
-}
-
 Status search(const SearchRequest& request, Session& session) {
-    const Group group = groupArgument(request.group, session);
-    checkFront(request.front, group.dictionaries.size());
+    const auto group = groupArgument(request.group, session);
+    if (!group)
+        return Status::CouldNot;
+    const DictionaryList& dictionaries = group->dictionaries;
+    // Without the option, a group without tabs is fine.
+    if (request.front && static_cast<std::size_t>(*request.front) >= dictionaries.size()) {
+        session.couldNot("--front " + std::to_string(*request.front) + ": the group has " +
+                         std::to_string(dictionaries.size()) + " dictionaries, counted from 0");
+        return Status::CouldNot;
+    }
     const int front = request.front.value_or(0);
-    SearchRecordWriter writer(session.out(), group.dictionaries, request.json);
+    SearchRecordWriter writer(session.out(), dictionaries, request.json);
     bool anyHit = false;
-    Words words(request.words, session.out());
+    Words words(request.words, session);
     while (const auto word = words.next()) {
-        for (std::size_t i = 0; i < group.dictionaries.size(); ++i) {
-            DictionaryItem& item = *group.dictionaries[i];
+        for (std::size_t i = 0; i < dictionaries.size(); ++i) {
+            DictionaryItem& item = *dictionaries[i];
             session.setSubject(item.DictionaryFolderitem.path().native());
             SearchResult result;
-            if (request.form == SearchForm::List || takesPart(group.dictionaries, static_cast<int>(i), front))
+            if (request.form == SearchForm::List || takesPart(dictionaries, static_cast<int>(i), front))
                 result = searchDictionary(*word, item, request.form);
             else
                 result.outcome = SearchOutcome::Skipped;
@@ -96,28 +97,28 @@ Status search(const SearchRequest& request, Session& session) {
     return anyHit ? Status::Done : Status::NothingFound;
 }
 
+Job define(CLI::App& command) {
+    const CLI::Option* list = addFlag(command, "--list", "Search as in a group shown as a list");
+    const CLI::Option* front =
+        addOption(command, "--front", "N", "The tab in front, counted from 0 (default: 0)")->check(tabNumber);
+    const CLI::Option* json = addFlag(command, "--json", "Write JSON objects, one per line");
+    const CLI::Option* group = addOperand(command, "GROUP", "The folder of a group");
+    const CLI::Option* words = addWordOperands(command);
+    return [=](Session& session) {
+        return search({.group = operand(group),
+                       .words = operands(words),
+                       .form = list->count() > 0 ? SearchForm::List : SearchForm::Tab,
+                       .front = front->count() > 0 ? std::optional(front->as<int>()) : std::nullopt,
+                       .json = json->count() > 0},
+                      session);
+    };
+}
+
 } // namespace
 
-void addSearchCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("search", "Look up words in the dictionaries of a group");
-    command->footer(kHelp);
-    CLI::Option* list =
-        command->add_flag("--list")->option_text(" ")->description("Search as in a group shown as a list");
-    static const std::string frontHelp = "The tab in front, counted from 0 (default: 0)";
-    CLI::Option* front = command->add_option("--front", frontHelp)->option_text("N")->expected(1)->check(tabNumber);
-    CLI::Option* json = command->add_flag("--json")->description("Write JSON objects, one per line");
-    const CLI::Option* group = addGroupOperand(*command);
-    const CLI::Option* words = addWordOperands(*command);
-    command->callback([=, &chosen] {
-        SearchRequest request = {.group = operand(group),
-                                 .words = operands(words),
-                                 .form = list->count() > 0 ? SearchForm::List : SearchForm::Tab,
-                                 .front = std::nullopt,
-                                 .json = json->count() > 0};
-        if (front->count() > 0)
-            request.front = front->as<int>();
-        chosen = [request = std::move(request)](Session& session) { return search(request, session); };
-    });
+Command searchCommand() {
+    return {
+        .name = "search", .summary = "Look up words in the dictionaries of a group", .help = kHelp, .define = define};
 }
 
 } // namespace velmarin

@@ -17,4 +17,8 @@ void Session::couldNot(std::string_view what) {
         complain(what);
 }
 
+void Session::couldNot(const Failure& failure) {
+    couldNot(failure.item.path().native() + ": " + failure.reason);
+}
+
 } // namespace velmarin

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Output.h"
+#include "files/Failure.h"
 #include "text/Message.h"
 
 #include <string>
@@ -25,6 +26,7 @@ class Session {
 
     /// Reports a failure. The run continues and ends with Status::CouldNot. Each message is written once.
     void couldNot(std::string_view what);
+    void couldNot(const Failure& failure);
 
     /// `status`, or Status::CouldNot after a failure.
     Status status(Status status) const { return reported_.empty() ? status : Status::CouldNot; }

@@ -58,30 +58,37 @@ Example:
   velmarin-cli user-dictionary search --mode 0 UserDictionaries/Mine amo)help";
 
 Status build(const std::string& source, const std::string& folder, EarlierPair earlier, Session& session) {
-    if (source.empty())
-        throw CannotDo("an empty name is not a file");
+    if (source.empty()) {
+        session.couldNot("an empty name is not a file");
+        return Status::CouldNot;
+    }
     std::error_code error;
     const bool made = !folder.empty() && std::filesystem::create_directory(folder, error);
-    const FolderItem dictionary = folderArgument(folder);
+    const auto dictionary = folderArgument(folder, session);
+    if (!dictionary)
+        return Status::CouldNot;
     SilentProgress progress;
-    const BuildResult result = buildUserDictionary(FolderItem(source), dictionary, progress, earlier);
+    const BuildResult result = buildUserDictionary(FolderItem(source), *dictionary, progress, earlier);
     if (!result.ok) {
         if (made)
             std::filesystem::remove(folder, error);
-        throw CannotDo(result.earlierRefused ? result.reason + " Use --replace to replace it." : result.reason);
+        session.couldNot(result.earlierRefused ? result.reason + " Use --replace to replace it." : result.reason);
+        return Status::CouldNot;
     }
     session.out().record({Str(result.lines), Str(result.linesNotUtf8)});
     return Status::Done;
 }
 
 Status search(const std::string& folder, int mode, std::vector<std::string> given, Session& session) {
-    const FolderItem dictionary = folderArgument(folder);
+    const auto dictionary = folderArgument(folder, session);
+    if (!dictionary)
+        return Status::CouldNot;
     session.setSubject(folder);
     DictionaryModule module;
     bool found = false;
-    Words words(std::move(given), session.out());
+    Words words(std::move(given), session);
     while (const auto word = words.next()) {
-        found = module.mSearch(dictionary, *word, mode, false) || found;
+        found = module.mSearch(*dictionary, *word, mode, false) || found;
         for (const std::string& hit : module.pResult) {
             const std::vector<std::string> fields = Split(hit, "\t");
             const std::vector<std::string_view> columns(fields.begin(), fields.end());
@@ -91,43 +98,41 @@ Status search(const std::string& folder, int mode, std::vector<std::string> give
     return found ? Status::Done : Status::NothingFound;
 }
 
-const CLI::Option* addOne(CLI::App& command, const std::string& name, const std::string& description) {
-    return command.add_option(name, description)->option_text(" ")->expected(1)->required();
+Job defineBuild(CLI::App& command) {
+    const CLI::Option* replace = addFlag(command, "--replace", "Replace a user dictionary that FOLDER holds");
+    const CLI::Option* source = addOperand(command, "SOURCE", "The text file");
+    const CLI::Option* folder = addOperand(command, "FOLDER", "The folder of the user dictionary");
+    return [=](Session& session) {
+        const EarlierPair earlier = replace->count() > 0 ? EarlierPair::Removed : EarlierPair::Refused;
+        return build(operand(source), operand(folder), earlier, session);
+    };
+}
+
+Job defineSearch(CLI::App& command) {
+    const CLI::Option* mode =
+        addOption(command, "--mode", "N", "How headwords match, 0 to 4 (default: 2)")->check(CLI::Range(0, 4));
+    const CLI::Option* folder = addOperand(command, "FOLDER", "The folder of the user dictionary");
+    const CLI::Option* words = addWordOperands(command);
+    return [=](Session& session) {
+        constexpr int kWholeWord = 2;
+        return search(operand(folder), mode->count() > 0 ? mode->as<int>() : kWholeWord, operands(words), session);
+    };
 }
 
 } // namespace
 
-void addUserDictionaryCommand(CLI::App& program, Job& chosen) {
-    CLI::App* command = program.add_subcommand("user-dictionary", "Build or search a user dictionary");
-    command->footer(kHelp);
-    command->require_subcommand(1);
-
-    CLI::App* build_ = command->add_subcommand("build", "Build a user dictionary from a text file");
-    build_->footer(kBuildHelp);
-    const CLI::Option* replace =
-        build_->add_flag("--replace")->option_text(" ")->description("Replace a user dictionary that FOLDER holds");
-    const CLI::Option* source = addOne(*build_, "SOURCE", "The text file");
-    const CLI::Option* target = addOne(*build_, "FOLDER", "The folder of the user dictionary");
-    build_->callback([&chosen, replace, source, target] {
-        chosen = [=](Session& session) {
-            const EarlierPair earlier = replace->count() > 0 ? EarlierPair::Removed : EarlierPair::Refused;
-            return build(operand(source), operand(target), earlier, session);
-        };
-    });
-
-    CLI::App* search_ = command->add_subcommand("search", "Look up words in a user dictionary");
-    search_->footer(kSearchHelp);
-    static const std::string modeHelp = "How headwords match, 0 to 4 (default: 2)";
-    const CLI::Option* mode =
-        search_->add_option("--mode", modeHelp)->option_text("N")->expected(1)->check(CLI::Range(0, 4));
-    const CLI::Option* folder = addOne(*search_, "FOLDER", "The folder of the user dictionary");
-    const CLI::Option* words = addWordOperands(*search_);
-    search_->callback([&chosen, mode, folder, words] {
-        constexpr int kWholeWord = 2;
-        chosen = [=](Session& session) {
-            return search(operand(folder), mode->count() > 0 ? mode->as<int>() : kWholeWord, operands(words), session);
-        };
-    });
+Command userDictionaryCommand() {
+    return {.name = "user-dictionary",
+            .summary = "Build or search a user dictionary",
+            .help = kHelp,
+            .parts = {{.name = "build",
+                       .summary = "Build a user dictionary from a text file",
+                       .help = kBuildHelp,
+                       .define = defineBuild},
+                      {.name = "search",
+                       .summary = "Look up words in a user dictionary",
+                       .help = kSearchHelp,
+                       .define = defineSearch}}};
 }
 
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/Output.h"
+#include "cli/Session.h"
 
 #include <cstddef>
 #include <optional>
@@ -13,11 +13,12 @@ namespace velmarin {
 /// or CR LF, and a byte-order mark at the start is skipped, as in the text files of a dictionary.
 class Words {
   public:
-    /// `out` is flushed before each wait for input, so that a program that writes words to a pipe can read the answers.
-    Words(std::vector<std::string> given, Output& out);
+    /// The output is flushed before each wait for input, so that a program that writes words to a pipe can read the
+    /// answers.
+    Words(std::vector<std::string> given, Session& session);
 
-    /// The next word; nothing at the end. An empty line is an empty word. Raises CannotDo if the input cannot be read
-    /// or a line is longer than kLongestWord bytes.
+    /// The next word. An empty line is an empty word. Returns nullopt at the end, if the output has failed, and, with a
+    /// failure of the session, if the input cannot be read or a line is longer than kLongestWord bytes.
     std::optional<std::string> next();
 
     static constexpr std::size_t kLongestWord = std::size_t{1} << 20;
@@ -29,12 +30,13 @@ class Words {
     std::vector<std::string> given_;
     std::size_t nextGiven_ = 0;
     bool fromInput_;
-    Output& out_;
+    Session& session_;
 
     std::string buffer_;
     std::size_t at_ = 0;
     bool started_ = false;
     bool skipLineFeed_ = false;
+    bool broken_ = false; ///< the input could not be read
 };
 
 } // namespace velmarin

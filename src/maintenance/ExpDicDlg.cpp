@@ -4,8 +4,8 @@
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
 #include "controls/QtText.h"
-#include "maintenance/DictionaryFolder.h"
 #include "maintenance/Export.h"
+#include "maintenance/LockedFolder.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
 
@@ -143,7 +143,7 @@ void ExpDicDlg::CancelBT_Action() {
 }
 
 void ExpDicDlg::OKBT_Action() {
-    if (busy_.busy()) { // an update that this one would wait for would wait for this one to return
+    if (busy_.busy()) { // an export started within an update would wait for the update's lock for ever
         busy_.whenFree([self = QPointer<ExpDicDlg>(this)] {
             if (self)
                 self->OKBT_Action();
@@ -161,26 +161,26 @@ void ExpDicDlg::OKBT_Action() {
     if (chosen.empty())
         return;
     const FolderItem destination(chosen);
-    Record record;
+    MaintenanceResult result;
     {
         const Working working(*this);
         PB_->setMaximum(MainLB_->rowCount() - 1);
         for (int row = 0; row < MainLB_->rowCount(); ++row) {
             PB_->setValue(row);
             if (isChecked(row))
-                mExportDic(dictionaries_[static_cast<std::size_t>(row)], destination, record);
+                result.append(mExportDic(dictionaries_[static_cast<std::size_t>(row)], destination));
             host_.Yield();
         }
         PB_->showFull();
-        if (!record.failures.empty())
-            host_.MsgBox(failureMessage(record));
+        if (!result.failures.empty())
+            host_.MsgBox(failureMessage(result));
         if (!host_.Launch(destination.path()))
             host_.MsgBox("The folder could not be opened: " + destination.path().native());
     }
     close();
 }
 
-void ExpDicDlg::mExportDic(const FolderItem& dictionary, const FolderItem& destination, Record& record) {
+MaintenanceResult ExpDicDlg::mExportDic(const FolderItem& dictionary, const FolderItem& destination) {
     const auto mayReplace = [this](const std::string& name) {
         return host_.askYesNo("There are already a dictionary '" + name +
                               "'in the destination folder. Do you want to delete it to continue this proces  ?") ==
@@ -190,7 +190,7 @@ void ExpDicDlg::mExportDic(const FolderItem& dictionary, const FolderItem& desti
         ST_->setText(done.waitsFor.empty() ? toQ(kCheckItems) : toQ(waitMessage(done.waitsFor)));
         host_.Yield();
     };
-    exportDictionary(dictionary, destination, mayReplace, yield, record);
+    return exportDictionary(dictionary, destination, mayReplace, yield);
 }
 
 void ExpDicDlg::reject() {
@@ -199,7 +199,7 @@ void ExpDicDlg::reject() {
 }
 
 bool ExpDicDlg::eventFilter(QObject* watched, QEvent* event) {
-    // Qt does not make a row current when its check box is clicked; the keys shall continue from there.
+    // Qt does not make a row current when its check box is clicked, but the keys must continue from there.
     if (watched == MainLB_->viewport() && event->type() == QEvent::MouseButtonPress)
         MainLB_->setCurrentIndex(MainLB_->indexAt(static_cast<QMouseEvent*>(event)->pos()));
     if (watched != MainLB_ || event->type() != QEvent::KeyPress ||

@@ -16,7 +16,7 @@ class BevelButton;
 class BusyState;
 class Host;
 class ProgressBar;
-struct Record;
+struct MaintenanceResult;
 
 /// The export dialog: copies the checked dictionaries to a folder that the user selects. It cannot be closed while it
 /// works, and deletes itself when closed.
@@ -41,7 +41,7 @@ class ExpDicDlg : public QDialog {
     void CheckBV_Action(int row);
     void CancelBT_Action();
     void OKBT_Action();
-    void mExportDic(const FolderItem& dictionary, const FolderItem& destination, Record& record);
+    MaintenanceResult mExportDic(const FolderItem& dictionary, const FolderItem& destination);
     bool isChecked(int row) const;
     void setChecked(int row, bool checked);
 

@@ -7,7 +7,7 @@
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 #include "files/TreeCompare.h"
-#include "maintenance/DictionaryFolder.h"
+#include "maintenance/LockedFolder.h"
 #include "store/DictionaryMembers.h"
 #include "text/LetterCase.h"
 
@@ -19,17 +19,82 @@ namespace velmarin {
 
 namespace {
 
-/// Puts a staged dictionary in the place of the one that is there, whose name may differ in case or composition. False
-/// with the failures.
-bool replace(StagedMembers& staged, const FolderItem& there, const std::string& name, Work& work, Failures& failures) {
-    if (there.Name() == name && staged.exchange(name))
-        return true;
-    const auto fail = [&] {
-        failures.push_back({there, "it could not be replaced: " + errorInWords(errno)});
-        return false;
-    };
-    return (staged.beginSwap() || fail()) && staged.swap({name}, work, failures) && (staged.forgetOld() || fail());
-}
+/// Exports one dictionary.
+class Exporter {
+  public:
+    Exporter(const FolderItem& dictionary, const FolderItem& destination, const Progress& progress)
+        : dictionary_(dictionary), destination_(destination), name_(dictionary.Name()), work_(progress) {}
+
+    MaintenanceResult run(const MayReplace& mayReplace) {
+        if (!dictionary_.Child("FW").Exists())
+            result_.add(ItemOutcome::Skipped, dictionary_);
+        else if (!destination_.Directory())
+            result_.fail(destination_, "it is not a folder");
+        else
+            exportLocked(mayReplace);
+        return std::move(result_);
+    }
+
+  private:
+    void exportLocked(const MayReplace& mayReplace) {
+        const FolderLock lock(lockedFolderOf(FolderItem(dictionary_.AbsolutePath()).Parent()), FolderLock::Kind::Shared,
+                              work_);
+        clearLeftovers(destination_.path(), work_);
+        const FolderListing listing(destination_);
+        if (!listing.listed())
+            return result_.fail(destination_, "it cannot be listed");
+        const FolderItem existing = listing.Child(name_);
+        if (existing.occupied() && !existing.Alias() &&
+            (liesIn(dictionary_.path(), existing.path()) || liesIn(existing.path(), dictionary_.path())))
+            return result_.fail(dictionary_, "it cannot be exported onto itself");
+        if (existing.occupied() && !mayReplace(name_))
+            return result_.add(ItemOutcome::Skipped, dictionary_);
+        const TreePlan plan = planTree(dictionary_.path(), destination_.path(), Links::Followed, Purpose::Copy, work_);
+        result_.fail(plan);
+        if (plan.whole())
+            copy(plan, existing);
+    }
+
+    void copy(const TreePlan& plan, const FolderItem& existing) {
+        work_.expect(plan.bytes);
+        auto staged = StagedMembers::in(destination_.path());
+        if (!staged)
+            return result_.fail(destination_, "nothing can be written there: " + errorInWords(errno));
+        if (staged->copy(plan, name_, work_, result_.failures) != CopyOutcome::Whole)
+            return;
+        const FolderItem target(destination_.path() / name_);
+        if (existing.occupied()) {
+            if (!replace(*staged, existing))
+                return;
+        } else if (!staged->moveTo(name_, target.path())) {
+            return result_.fail(target, "it could not be given its name: " + errorInWords(errno));
+        }
+        result_.add(ItemOutcome::Exported, target);
+        if (!flushFolder(destination_.path()))
+            return result_.fail(target, "it could not be written: " + errorInWords(errno));
+        if (!staged->drop(work_))
+            result_.fail(target, "the replaced one could not be removed completely: " + errorInWords(errno));
+    }
+
+    /// Swaps the staged dictionary with the existing one, whose name may differ in case or composition. Returns false,
+    /// with failures, if that is not possible.
+    bool replace(StagedMembers& staged, const FolderItem& existing) {
+        if (existing.Name() == name_ && staged.exchange(name_))
+            return true;
+        const auto fail = [&] {
+            result_.fail(existing, "it could not be replaced: " + errorInWords(errno));
+            return false;
+        };
+        return (staged.beginSwap() || fail()) && staged.swap({name_}, work_, result_.failures) &&
+               (staged.forgetOld() || fail());
+    }
+
+    const FolderItem& dictionary_;
+    const FolderItem& destination_;
+    const std::string name_;
+    Work work_;
+    MaintenanceResult result_;
+};
 
 } // namespace
 
@@ -57,59 +122,9 @@ std::vector<FolderItem> exportableDictionaries(const FolderItem& dictionaryFolde
     return found;
 }
 
-void exportDictionary(const FolderItem& dictionary, const FolderItem& destination, const MayReplace& mayReplace,
-                      const Progress& progress, Record& record) {
-    Work work(progress);
-    const auto fail = [&record](const FolderItem& item, std::string reason) {
-        record.failures.push_back({item, std::move(reason)});
-    };
-    if (!dictionary.Child("FW").Exists()) {
-        record.deeds.push_back({Deed::Skipped, dictionary});
-        return;
-    }
-    if (!destination.Directory())
-        return fail(destination, "it is not a folder");
-    const FolderLock lock(dictionaryFolderOf(FolderItem(dictionary.AbsolutePath()).Parent()), FolderLock::Kind::Shared,
-                          work);
-    clearLeftovers(destination.path(), work);
-
-    const FolderListing listing(destination);
-    if (!listing.listed())
-        return fail(destination, "it cannot be listed");
-    const FolderItem there = listing.Child(dictionary.Name());
-    if (there.occupied()) {
-        if (!there.Alias() && (liesIn(dictionary.path(), there.path()) || liesIn(there.path(), dictionary.path())))
-            return fail(dictionary, "it cannot be exported onto itself");
-        if (!mayReplace(dictionary.Name())) {
-            record.deeds.push_back({Deed::Skipped, dictionary});
-            return;
-        }
-    }
-    const TreePlan plan = planTree(dictionary.path(), destination.path(), Links::Followed, Purpose::Copy, work);
-    record.failures.insert(record.failures.end(), plan.unreadable.begin(), plan.unreadable.end());
-    record.failures.insert(record.failures.end(), plan.leftOut.begin(), plan.leftOut.end());
-    if (!plan.whole())
-        return;
-
-    work.expect(plan.bytes);
-    const std::string name = dictionary.Name();
-    auto staged = StagedMembers::in(destination.path());
-    if (!staged)
-        return fail(destination, "nothing can be written there: " + errorInWords(errno));
-    if (staged->copy(plan, name, work, record.failures) != CopyOutcome::Whole)
-        return;
-    const FolderItem target(destination.path() / name);
-    if (there.occupied()) {
-        if (!replace(*staged, there, name, work, record.failures))
-            return;
-    } else if (!staged->moveTo(name, target.path())) {
-        return fail(target, "it could not be given its name: " + errorInWords(errno));
-    }
-    record.deeds.push_back({Deed::Exported, target});
-    if (!flushFolder(destination.path()))
-        return fail(target, "it could not be written: " + errorInWords(errno));
-    if (!staged->drop(work))
-        fail(target, "the replaced one could not be removed altogether: " + errorInWords(errno));
+MaintenanceResult exportDictionary(const FolderItem& dictionary, const FolderItem& destination,
+                                   const MayReplace& mayReplace, const Progress& progress) {
+    return Exporter(dictionary, destination, progress).run(mayReplace);
 }
 
 bool sameAsExported(const FolderItem& dictionary, const FolderItem& other, const Progress& progress) {

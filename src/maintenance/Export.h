@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/Work.h"
-#include "maintenance/Record.h"
+#include "maintenance/MaintenanceResult.h"
 
 #include <functional>
 #include <string>
@@ -9,26 +9,26 @@
 
 namespace velmarin {
 
-/// The dictionaries of all groups, links followed, each place on the disk once; by name in ListingOrder, then by path.
+/// The dictionaries of all groups, sorted by name (ListingOrder), then by path. Links are followed, and a dictionary
+/// with several paths is listed once.
 std::vector<FolderItem> exportableDictionaries(const FolderItem& dictionaryFolder, const Progress& progress = {});
 
-/// Asked with the name of a dictionary that stands in the destination already.
+/// Asked with the name of a dictionary that the destination already has.
 using MayReplace = std::function<bool(const std::string& name)>;
 
-/// Copies a dictionary into `destination` as one that stands by itself: what links in it lead to takes their place and
-/// name. It appears, flushed to the disk, only when all of it has arrived, and takes the place of what stood there in
-/// one step. What becomes of it is added to `record`.
+/// Copies a dictionary into `destination`. Links in it are replaced by what they lead to, so that the copy needs
+/// nothing outside of it. The copy appears in one step, when it is complete and flushed to the disk, and replaces what
+/// had its name.
 ///
-/// A dictionary without `FW`, and one that must not be replaced, is skipped. What no copy can hold (FIFOs, devices,
-/// links that lead nowhere or in circles) is left out and is among the failures; anything else that cannot be copied
-/// keeps the dictionary from appearing.
+/// A dictionary is skipped if it has no `FW` or if it may not replace what has its name. FIFOs, devices, and links that
+/// lead nowhere or in circles are left out, each with a failure; if anything else cannot be copied, nothing appears.
 ///
-/// Waits while an install or update works on the folder that holds the dictionary's group
-/// (maintenance/DictionaryFolder.h). Exports do not wait for each other.
-void exportDictionary(const FolderItem& dictionary, const FolderItem& destination, const MayReplace& mayReplace,
-                      const Progress& progress, Record& record);
+/// Waits while an install or update has locked the folder that holds the dictionary's group (lockedFolderOf). Exports
+/// do not wait for each other.
+MaintenanceResult exportDictionary(const FolderItem& dictionary, const FolderItem& destination,
+                                   const MayReplace& mayReplace, const Progress& progress = {});
 
-/// Whether an export of `dictionary` would give what stands at `other`, byte for byte.
+/// Whether an export of `dictionary` would give what is at `other`, byte for byte.
 bool sameAsExported(const FolderItem& dictionary, const FolderItem& other, const Progress& progress = {});
 
 } // namespace velmarin

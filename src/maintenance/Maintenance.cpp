@@ -14,7 +14,6 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::string_view kNotADictionary = "This is not a Dictionary !";
 constexpr std::string_view kNewDictionary =
     "This dictionary is a new comer.\n\n"
     "The old versio of this ditionary does not exists in the Dictionary Folder. \n"
@@ -46,7 +45,7 @@ void Maintenance::mUpDateDictionary() {
         return;
     }
     const Busy guard(busy_);
-    Record record;
+    MaintenanceResult result;
     {
         WaitDlg wait(windows_.frontWindow());
         wait.show();
@@ -55,14 +54,14 @@ void Maintenance::mUpDateDictionary() {
             host_.Yield();
         };
         const auto copies = installedCopies(windows_.pDictionaryFolder(), dictionary.Name(), yield);
-        record = copies.empty() ? mInstallDictionary(dictionary, yield)
+        result = copies.empty() ? mInstallDictionary(dictionary, yield)
                                 : updateDictionary(dictionary, copies, desktop_, yield);
     }
-    if (!record.failures.empty())
-        host_.MsgBox(failureMessage(record));
+    if (!result.failures.empty())
+        host_.MsgBox(failureMessage(result));
 }
 
-Record Maintenance::mInstallDictionary(const FolderItem& dictionary, const Progress& progress) {
+MaintenanceResult Maintenance::mInstallDictionary(const FolderItem& dictionary, const Progress& progress) {
     host_.MsgBox(kNewDictionary);
     const std::filesystem::path chosen =
         host_.SelectFolder(kAskForGroup, windows_.pDictionaryFolder().path(), Host::FolderChoice::MayBeNew);
@@ -70,8 +69,8 @@ Record Maintenance::mInstallDictionary(const FolderItem& dictionary, const Progr
         return {};
     const FolderItem group(chosen);
     const bool isNew = !group.Exists() && group.CreateAsFolder();
-    Record record = installDictionary(dictionary, group, progress);
-    if (isNew && !record.failures.empty()) {
+    MaintenanceResult result = installDictionary(dictionary, group, progress);
+    if (isNew && !result.failures.empty()) {
         std::error_code notEmpty;
         std::filesystem::remove(chosen, notEmpty);
     }
@@ -79,7 +78,7 @@ Record Maintenance::mInstallDictionary(const FolderItem& dictionary, const Progr
         windows_.resetToNoGroup(window);
         host_.Yield();
     }
-    return record;
+    return result;
 }
 
 void Maintenance::mExportDic() {

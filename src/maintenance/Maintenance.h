@@ -2,7 +2,7 @@
 
 #include "files/FolderItem.h"
 #include "files/Work.h"
-#include "maintenance/Record.h"
+#include "maintenance/MaintenanceResult.h"
 #include "platform/Desktop.h"
 
 #include <QPointer>
@@ -31,7 +31,7 @@ class Maintenance {
     void changeDictionariesOrder(int window, const FolderItem& group);
 
   private:
-    Record mInstallDictionary(const FolderItem& dictionary, const Progress& progress);
+    MaintenanceResult mInstallDictionary(const FolderItem& dictionary, const Progress& progress);
 
     WindowsPort& windows_;
     Host& host_;

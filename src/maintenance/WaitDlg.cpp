@@ -1,7 +1,7 @@
 #include "maintenance/WaitDlg.h"
 
 #include "controls/AnchoredLayout.h"
-#include "maintenance/DictionaryFolder.h"
+#include "maintenance/LockedFolder.h"
 #include "platform/QtText.h"
 
 #include <QLabel>

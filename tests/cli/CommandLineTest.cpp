@@ -1,125 +1,102 @@
-#include "RunCli.h"
+#include "CliTest.h"
 
 #include "support/DictionaryBuilder.h"
+#include "support/Tree.h"
 
-#include <gtest/gtest.h>
+#include <unistd.h>
 
-#include <filesystem>
-#include <set>
+namespace velmarin::test {
 
-#include <sys/stat.h>
+namespace fs = std::filesystem;
 
 namespace {
 
-namespace fs = std::filesystem;
-using velmarin::test::CliPlace;
-using velmarin::test::DictionaryBuilder;
-using velmarin::test::GroupBuilder;
-using velmarin::test::runCli;
-using velmarin::test::TempFolder;
+class CommandLine : public CliTest {
+  protected:
+    CommandLine() { GroupBuilder("G").dictionary(DictionaryBuilder("D").entries({"a", "zz"})).writeTo(folder_.path()); }
+};
 
-TEST(CommandLine, HelpOfEveryCommandTellsItsColumnsStatusesAndAnExample) {
-    const auto whole = runCli({"--help"});
-    EXPECT_EQ(whole.status, 0);
-    for (const char* command : {"groups", "dictionaries", "key", "search", "check"}) {
-        EXPECT_NE(whole.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
-        const auto own = runCli({command, "--help"});
+TEST_F(CommandLine, EveryCommandExplainsItself) {
+    const std::string whole = run("--help").out;
+    for (const std::string command : {"groups", "dictionaries", "key", "search", "check", "install", "update", "export",
+                                      "user-dictionary build", "user-dictionary search"}) {
+        EXPECT_NE(whole.find("\n  " + command.substr(0, command.find(' '))), std::string::npos) << command;
+        const ProgramRun own = run((command + " --help").c_str());
         EXPECT_EQ(own.status, 0);
-        EXPECT_EQ(own.err, "");
-        for (const char* part : {"Usage: velmarin-cli ", "Columns", "Exit status:", "Example"})
+        for (const std::string& part : {"Usage: velmarin-cli " + command.substr(0, command.find(' ')),
+                                        std::string("Columns"), std::string("Exit status:"), std::string("Example")})
             EXPECT_NE(own.out.find(part), std::string::npos) << command << ": " << part;
     }
-    EXPECT_NE(runCli({"search", "--help"}).out.find("[OPTION...] GROUP [WORD...]\n"), std::string::npos);
+    EXPECT_NE(run("search --help").out.find("[OPTION...] GROUP [WORD...]\n"), std::string::npos);
 }
 
-const struct {
-    const char* reason;
-    std::vector<std::string> arguments;
-    std::string err;
-} kWrong[] = {
-    {"NoCommand", {}, "no command was given (see \"velmarin-cli --help\")"},
-    {"NoSuchCommand", {"serach", "G"}, "there is no command \"serach\" (see \"velmarin-cli --help\")"},
-    {"NoSuchOption", {"key", "-x"}, "The following argument was not expected: -x (see \"velmarin-cli key --help\")"},
-    {"OrdersThatExclude",
-     {"key", "--spanish", "--ijuv", "a"},
-     "--spanish excludes --ijuv (see \"velmarin-cli key --help\")"},
-    {"FrontIsNegative",
-     {"search", "--front", "-1", "G", "a"},
-     "--front: \"-1\" is not a tab number (see \"velmarin-cli search --help\")"},
-    {"FrontBeyondTheTabs",
-     {"search", "--front", "1", "G", "a"},
-     "--front 1: the group has 1 dictionaries, counted from 0"},
-    {"NoGroup", {"search"}, "GROUP is required (see \"velmarin-cli search --help\")"},
-    {"EmptyGroup", {"search", "", "a"}, "an empty name is not a folder"},
-    {"GroupIsMissing", {"search", "none", "a"}, "none: No such file or directory"},
-    {"GroupIsAFile", {"dictionaries", "file"}, "file: Not a directory"},
-    {"GroupIsAFifo", {"dictionaries", "fifo"}, "fifo: Not a directory"},
-    {"GroupIsALoop", {"dictionaries", "loop"}, "loop: Too many levels of symbolic links"},
-    {"GroupIsADictionary",
-     {"search", "G/D", "a"},
-     "G/D: this is a dictionary; give the folder that holds it, its group"},
-    {"FolderIsMissing", {"groups", "none"}, "none: No such file or directory"},
-    {"NothingToCheck", {"check", "."}, ".: neither a dictionary nor a group that holds one"},
-    {"NameWithALineEnd", {"groups", "a\nb"}, "a␊b: No such file or directory"}};
-
-/// The folder they run in: "G", a group with the dictionary "D"; a file; a link that leads to itself; a FIFO.
-TEST(CommandLine, AWrongOneIsReportedInOneLineAndChangesNothing) {
-    for (const auto& each : kWrong) {
-        SCOPED_TRACE(each.reason);
-        const TempFolder folder;
-        GroupBuilder("G").dictionary(DictionaryBuilder("D").entries({"a", "zz"})).writeTo(folder.path());
-        folder.write("file", "text");
-        fs::create_symlink("loop", folder.path() / "loop");
-        ASSERT_EQ(::mkfifo((folder.path() / "fifo").c_str(), 0600), 0);
-        const auto itemsOf = [&] {
-            std::set<fs::path> items;
-            for (const auto& entry : fs::recursive_directory_iterator(folder.path()))
-                items.insert(entry.path());
-            return items;
-        };
-        const auto before = itemsOf();
-        const auto run = runCli(each.arguments, {.folder = folder.path()});
-        EXPECT_EQ(run.out, "");
-        EXPECT_EQ(run.err, "velmarin-cli: " + each.err + "\n");
-        EXPECT_EQ(run.status, 2);
-        EXPECT_EQ(itemsOf(), before);
-    }
+TEST_F(CommandLine, WrongArgumentsAreReportedInOneLineAndChangeNothing) {
+    folder_.write("file", "text");
+    folder_.link("loop", "loop");
+    folder_.fifo("fifo");
+    const Tree before = treeOf(folder_.path());
+    const std::string noFolder = ": No such file or directory", help = " (see \"velmarin-cli ";
+    const std::pair<Arguments, std::string> cases[] = {
+        {{}, "no command was given" + help + "--help\")"},
+        {"serach G", "there is no command \"serach\"" + help + "--help\")"},
+        {"--all", "A subcommand is required" + help + "--help\")"},
+        {"key -x", "The following argument was not expected: -x" + help + "key --help\")"},
+        {"key --spanish --ijuv a", "--spanish excludes --ijuv" + help + "key --help\")"},
+        {"search --front -1 G a", "--front: \"-1\" is not a tab number" + help + "search --help\")"},
+        {"search --front 1234567890 G", "--front: \"1234567890\" is not a tab number" + help + "search --help\")"},
+        {"search --front 1 G a", "--front 1: the group has 1 dictionaries, counted from 0"},
+        {"search", "GROUP is required" + help + "search --help\")"},
+        {{"search", "", "a"}, "an empty name is not a folder"},
+        {"search none a", "none" + noFolder},
+        {"dictionaries file", "file: Not a directory"},
+        {"dictionaries fifo", "fifo: Not a directory"},
+        {"dictionaries loop", "loop: Too many levels of symbolic links"},
+        {"search G/D a", "G/D: this is a dictionary; give the folder that holds it, its group"},
+        {"groups none", "none" + noFolder},
+        {"check .", ".: neither a dictionary nor a group that holds one"},
+        {{"groups", "a\nb"}, "a␊b" + noFolder}};
+    for (const auto& [arguments, message] : cases)
+        expectRun({message.c_str(), arguments, "", message, 2});
+    EXPECT_EQ(treeOf(folder_.path()), before);
 }
 
-/// "G" is a group with a dictionary that may be read and "closed", one that may not; "listed" may not be entered.
-TEST(CommandLine, FolderThatMayNotBeReadIsNamed) {
-    const TempFolder folder;
-    fs::permissions(folder.path(), fs::perms{0711});
-    for (const char* name : {"D", "closed"})
-        DictionaryBuilder(name).entries({"a", "zz"}).writeTo(folder.path() / "G");
-    fs::create_directory(folder.path() / "listed");
-    fs::permissions(folder.path() / "G/closed", fs::perms::none);
-    fs::permissions(folder.path() / "listed", fs::perms{0444});
-    CliPlace place = {.folder = folder.path()};
-    place.withoutRights = true;
-    if (runCli({"--version"}, place).status == 127)
-        GTEST_SKIP() << "the program lies where only root can start it";
-    struct Row {
-        std::vector<std::string> arguments;
-        std::string named;
-    };
-    for (const Row& row : {Row{{"groups", "G/closed"}, "G/closed"},
-                           {{"groups", "listed"}, "listed"},
-                           {{"dictionaries", "listed"}, "listed"},
-                           {{"dictionaries", "G"}, "G/closed"},
-                           {{"search", "G", "a"}, "G/closed"},
-                           {{"check", "listed"}, "listed"},
-                           {{"check", "G/closed"}, "G/closed"},
-                           {{"check", "G"}, "G/closed"},
-                           {{"export", "listed", "G"}, "listed"},
-                           {{"export", "G/closed", "G"}, "G/closed"}}) {
-        SCOPED_TRACE(row.arguments[0] + " " + row.arguments[1]);
-        const auto run = runCli(row.arguments, place);
-        EXPECT_EQ(run.err, "velmarin-cli: " + row.named + ": Permission denied\n");
-        EXPECT_EQ(run.status, 2);
+TEST_F(CommandLine, ReadingCommandsWriteNothing) {
+    fs::remove(folder_.at("G/D/mImg/ImageIndex"));
+    const Tree before = treeOf(folder_.path());
+    for (const char* arguments : {"search G a", "search --json G a", "dictionaries G", "check G"})
+        EXPECT_EQ(run(arguments).status, 0);
+    EXPECT_EQ(treeOf(folder_.path()), before);
+}
+
+/// "G/closed" may not be read, and "listed" may not be entered.
+TEST_F(CommandLine, FolderWithoutPermissionIsNamed) {
+    std::vector<std::string> words = {VELMARIN_CLI};
+    if (::geteuid() == 0)
+        words.insert(words.begin(), {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"});
+    fs::permissions(folder_.path(), fs::perms{0711});
+    DictionaryBuilder("closed").entries({"a", "zz"}).writeTo(folder_.at("G"));
+    fs::create_directory(folder_.at("listed"));
+    words.emplace_back("--version");
+    if (runProgram(words, {.folder = folder_.path()}).status != 0)
+        GTEST_SKIP() << "the program is where only root can start it";
+    words.pop_back();
+    fs::permissions(folder_.at("G/closed"), fs::perms::none);
+    fs::permissions(folder_.at("listed"), fs::perms{0444});
+    const std::pair<Arguments, std::string> rows[] = {
+        {"groups G/closed", "G/closed"},  {"groups listed", "listed"}, {"dictionaries listed", "listed"},
+        {"dictionaries G", "G/closed"},   {"search G a", "G/closed"},  {"check listed", "listed"},
+        {"check G/closed", "G/closed"},   {"check G", "G/closed"},     {"export listed G", "listed"},
+        {"export G/closed G", "G/closed"}};
+    for (const auto& [arguments, named] : rows) {
+        std::vector<std::string> all = words;
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        const ProgramRun found = runProgram(all, {.folder = folder_.path()});
+        EXPECT_EQ(found.err, "velmarin-cli: " + named + ": Permission denied\n") << arguments[0];
+        EXPECT_EQ(found.status, 2) << arguments[0];
     }
     for (const char* name : {"G/closed", "listed"})
-        fs::permissions(folder.path() / name, fs::perms::owner_all);
+        fs::permissions(folder_.at(name), fs::perms::owner_all);
 }
 
 } // namespace
+} // namespace velmarin::test

@@ -1,48 +1,38 @@
-#include "RunCli.h"
-
-#include <gtest/gtest.h>
+#include "CliTest.h"
 
 #include <csignal>
 
+namespace velmarin::test {
+
 namespace {
 
-using velmarin::test::CliAtPipes;
-using velmarin::test::CliPlace;
-using velmarin::test::runCli;
+using Output = CliTest;
 
-std::string manyLines() {
-    std::string text;
-    while (text.size() < 1'000'000)
-        text += "a word on a line\n";
-    return text;
-}
-
-TEST(Output, FullDiskIsToldAndFails) {
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"key", "a"}, {"key"}, {"--help"}, {"search", "--help"}, {"--version"}}) {
-        SCOPED_TRACE(testing::PrintToString(arguments));
-        const auto run = runCli(arguments, {.input = manyLines(), .outFile = "/dev/full"});
-        EXPECT_EQ(run.err, "velmarin-cli: standard output: No space left on device\n");
-        EXPECT_EQ(run.status, 2);
+TEST_F(Output, FailedWriteIsReportedOnce) {
+    std::string input;
+    while (input.size() < 1'000'000)
+        input += "a word on a line\n";
+    for (const char* arguments : {"key a", "key", "--help", "search --help", "--version"}) {
+        SCOPED_TRACE(arguments);
+        const ProgramRun full = run(arguments, {.input = input, .outFile = "/dev/full"});
+        EXPECT_EQ(full.err, "velmarin-cli: standard output: No space left on device\n");
+        EXPECT_EQ(full.status, 2);
+        const ProgramRun closed = run(arguments, {.input = input, .outClosed = true});
+        EXPECT_EQ(closed.err, "velmarin-cli: standard output: Bad file descriptor\n");
+        EXPECT_EQ(closed.status, 2);
     }
-}
-
-TEST(Output, ClosedOutputFailsOnlyWhereThereIsSomethingToSay) {
-    const CliPlace closed = {.outClosed = true};
-    const auto said = runCli({"key", "a"}, closed);
-    EXPECT_EQ(said.err, "velmarin-cli: standard output: Bad file descriptor\n");
-    EXPECT_EQ(said.status, 2);
-    const auto silent = runCli({"key"}, closed);
+    const ProgramRun silent = run("key", {.outClosed = true});
     EXPECT_EQ(silent.err, "");
     EXPECT_EQ(silent.status, 0);
 }
 
-TEST(Output, ReaderThatGoesAwayEndsTheRunAsItEndsAnyFilter) {
-    CliAtPipes cli({"key"});
+TEST_F(Output, ReaderThatGoesAwayEndsTheRun) {
+    ProgramAtPipes cli({VELMARIN_CLI, "key"});
     cli.closeOutput();
     cli.write("a\n");
     cli.closeInput();
-    EXPECT_EQ(cli.status(), 128 + SIGPIPE);
+    EXPECT_EQ(cli.wait(), 128 + SIGPIPE);
 }
 
 } // namespace
+} // namespace velmarin::test

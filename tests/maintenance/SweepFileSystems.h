@@ -7,8 +7,8 @@
 
 namespace velmarin::test {
 
-/// Two file systems of different kinds, both in memory so that flushing takes no time. They are mounted in a mount
-/// namespace of this process; where the kernel forbids that, the temporary folder and /dev/shm serve instead.
+/// Two file systems of different kinds, both in memory, so that flushing takes no time. They are mounted in a mount
+/// namespace of this process. If the kernel forbids that, they are the temporary folder and /dev/shm.
 class SweepFileSystems {
   public:
     SweepFileSystems();
@@ -17,7 +17,7 @@ class SweepFileSystems {
     SweepFileSystems& operator=(const SweepFileSystems&) = delete;
 
     const std::filesystem::path& nearFolder() const { return near_; }
-    /// On the other file system; empty where there is only one.
+    /// On the other file system; empty if there is only one.
     const std::filesystem::path& farFolder() const { return far_; }
 
   private:

@@ -1,5 +1,5 @@
-// install, update, export and user-dictionary as velmarin-cli has them, without the rest of it, and
-// "keep SOURCE FOLDER BACKUPS": a user dictionary made as the side window makes it.
+// install, update, export and user-dictionary of velmarin-cli, and "keep SOURCE FOLDER BACKUPS": a user dictionary made
+// as the side window makes it.
 
 #include "cli/Commands.h"
 #include "cli/Operands.h"
@@ -11,33 +11,30 @@ namespace {
 
 using namespace velmarin;
 
-Status keep(char** argv) {
-    SilentProgress progress;
-    const BuildResult result = buildUserDictionary(FolderItem(argv[2]), FolderItem(argv[3]), progress,
-                                                   EarlierPair::Saved, FolderItem(argv[4]));
-    if (!result.ok)
-        throw CannotDo(result.reason);
-    return Status::Done;
+Job defineKeep(CLI::App& command) {
+    const CLI::Option* folders = addManyOperands(command, "FOLDER", "SOURCE FOLDER BACKUPS");
+    return [=](Session& session) {
+        const auto paths = operands(folders);
+        SilentProgress progress;
+        const BuildResult result = buildUserDictionary(FolderItem(paths.at(0)), FolderItem(paths.at(1)), progress,
+                                                       EarlierPair::Saved, FolderItem(paths.at(2)));
+        if (!result.ok)
+            session.couldNot(result.reason);
+        return Status::Done;
+    };
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    CLI::App options;
+    Job chosen;
+    const Command keep{.name = "keep", .summary = "", .help = "", .define = defineKeep};
+    for (const Command& command : {installCommand(), updateCommand(), exportCommand(), userDictionaryCommand(), keep})
+        addCommand(options, command, chosen);
+    options.parse(guardedArguments(argc, argv));
     Output out(STDOUT_FILENO);
-    try {
-        if (argc == 5 && std::string_view(argv[1]) == "keep")
-            return static_cast<int>(keep(argv));
-        CLI::App options;
-        Job chosen;
-        addMaintenanceCommands(options, chosen);
-        addUserDictionaryCommand(options, chosen);
-        options.parse(guardedArguments(argc, argv));
-        Session session(out);
-        const Status status = session.status(chosen(session));
-        out.close();
-        return static_cast<int>(status);
-    } catch (const std::exception& error) {
-        complain(error.what());
-        return static_cast<int>(Status::CouldNot);
-    }
+    Session session(out);
+    const Status status = session.status(chosen(session));
+    return out.close() ? static_cast<int>(status) : 2;
 }

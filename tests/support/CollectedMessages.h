@@ -7,7 +7,7 @@
 
 namespace velmarin::test {
 
-/// Collects what MsgBox is told for as long as it lives. For tests that link velmarin_text.
+/// Collects the messages of MsgBox while it exists. For tests that link velmarin_text.
 class CollectedMessages {
   public:
     CollectedMessages() : before_(setMessageHandler([this](std::string_view text) { texts.emplace_back(text); })) {}

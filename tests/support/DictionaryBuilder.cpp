@@ -1,28 +1,16 @@
 #include "support/DictionaryBuilder.h"
 
+#include "support/TempFolder.h"
+
 #include <algorithm>
 #include <cstdint>
-#include <fstream>
-#include <stdexcept>
+#include <initializer_list>
 
 namespace velmarin::test {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-void writeFile(const fs::path& path, std::string_view bytes) {
-    fs::create_directories(path.parent_path());
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!out.flush())
-        throw std::runtime_error("could not write " + path.string());
-}
-
-void appendLittleEndian(std::string& to, std::uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i)
-        to += static_cast<char>(value >> (8 * i));
-}
 
 std::string imageIndexOf(const std::vector<std::string>& lines) {
     std::string text = std::to_string(static_cast<long>(lines.size()) - 1) + "\n";
@@ -34,34 +22,23 @@ std::string imageIndexOf(const std::vector<std::string>& lines) {
 } // namespace
 
 std::string oneBitBmp(int width, int height) {
-    const auto across = static_cast<std::uint32_t>(width);
-    const auto down = static_cast<std::uint32_t>(height);
-    const std::uint32_t stride = (across + 31) / 32 * 4;
-    constexpr std::uint32_t kHeaders = 14 + 40 + 8;
+    const auto across = static_cast<std::uint32_t>(width), down = static_cast<std::uint32_t>(height);
+    const std::uint32_t stride = (across + 31) / 32 * 4, size = stride * down;
+    constexpr std::uint32_t kHeaders = 14 + 40 + 8, kPixelsPerMeter = 11811, kWhite = 0x00FFFFFF;
     std::string file = "BM";
-    appendLittleEndian(file, kHeaders + stride * down, 4);
-    appendLittleEndian(file, 0, 4);
-    appendLittleEndian(file, kHeaders, 4);
-    appendLittleEndian(file, 40, 4);
-    appendLittleEndian(file, across, 4);
-    appendLittleEndian(file, down, 4);
-    appendLittleEndian(file, 1, 2); // planes
-    appendLittleEndian(file, 1, 2); // bits a pixel
-    appendLittleEndian(file, 0, 4); // not compressed
-    appendLittleEndian(file, stride * down, 4);
-    appendLittleEndian(file, 11811, 4); // 300 dpi in pixels a metre
-    appendLittleEndian(file, 11811, 4);
-    appendLittleEndian(file, 2, 4); // colours
-    appendLittleEndian(file, 0, 4);
-    appendLittleEndian(file, 0x00000000, 4);
-    appendLittleEndian(file, 0x00FFFFFF, 4);
+    const auto append = [&file](std::initializer_list<std::uint32_t> values) {
+        for (const std::uint32_t value : values) {
+            for (int shift = 0; shift < 32; shift += 8)
+                file += static_cast<char>(value >> shift);
+        }
+    };
+    constexpr std::uint32_t kOnePlaneOfOneBit = 0x00010001, kColors = 2;
+    append({kHeaders + size, 0, kHeaders});
+    append({40, across, down, kOnePlaneOfOneBit, 0, size, kPixelsPerMeter, kPixelsPerMeter, kColors, 0, 0, kWhite});
     for (std::uint32_t y = 0; y < down; ++y) {
         std::string row(stride, '\0');
-        for (std::uint32_t x = 0; x < across; ++x) {
-            const bool white = x > 0 && y > 0 && x + 1 < across && y + 1 < down;
-            if (white)
-                row[x / 8] = static_cast<char>(row[x / 8] | (0x80 >> (x % 8)));
-        }
+        for (std::uint32_t x = 1; x + 1 < across && y > 0 && y + 1 < down; ++x)
+            row[x / 8] = static_cast<char>(row[x / 8] | (0x80 >> (x % 8)));
         file += row;
     }
     return file;

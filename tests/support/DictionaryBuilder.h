@@ -11,45 +11,42 @@
 
 namespace velmarin::test {
 
-/// A whole 1-bit BMP file: white, with a black frame of one pixel, so that two sizes are two pictures.
+/// A 1-bit BMP file: white with a black frame of one pixel, so that different sizes look different.
 std::string oneBitBmp(int width = 16, int height = 16);
 
-/// A dictionary folder, told member by member. Without further words it is one that loads: `FW`, `ind`, `txt` and
-/// `mImg` with a picture of each page and an `ImageIndex` in the order in which the entries first name the pages.
+/// Builds a dictionary folder. By default it is one that loads: `FW`, `ind`, `txt` and `mImg`, which has a picture of
+/// each page and an `ImageIndex` of the pages in the order of the entries.
 ///
 ///     DictionaryBuilder("Latin").entry("amo", "p1.bmp").entry("amor", "p2.bmp", {"e1.bmp"}).ijuv().writeTo(group);
 class DictionaryBuilder {
   public:
     explicit DictionaryBuilder(std::string name) : name_(std::move(name)) {}
 
-    /// An `ind` line and its `txt` line. The pages need not be named in order; an empty one gives a line without a
-    /// page. Errata name pictures in `mPimg`.
+    /// An `ind` line and its `txt` line. An empty page gives a line without a page. Errata name pictures in `mPimg`.
     DictionaryBuilder& entry(std::string headword, const std::string& page,
                              const std::vector<std::string>& errata = {});
-    /// Entries on pages of their own, "p1.bmp" onwards.
+    /// Entries on separate pages, from "p1.bmp" on.
     DictionaryBuilder& entries(const std::vector<std::string>& headwords);
 
     DictionaryBuilder& spanish() { return member("Spanish", ""); }
     DictionaryBuilder& ijuv() { return member("IJUV", ""); }
     DictionaryBuilder& format(const std::string& picture, bool independent = false);
-    DictionaryBuilder& independent() { return format("", true); }
 
     /// `ImageIndex2` with these names and captions.
     DictionaryBuilder& captions(const std::vector<std::pair<std::string, std::string>>& namesAndCaptions);
-    /// `ImageIndex` with these names, whatever the entries say.
+    /// `ImageIndex` with these names instead of those of the entries.
     DictionaryBuilder& imageIndex(const std::vector<std::string>& names);
-    /// A picture file in `mImg`, by default a small BMP whatever its name.
+    /// A picture file in `mImg`, by default a small BMP.
     DictionaryBuilder& picture(const std::string& name, std::string bytes = oneBitBmp());
     /// A picture file in `mPimg`.
     DictionaryBuilder& extraPicture(const std::string& name, std::string bytes = oneBitBmp());
 
-    /// Any member with these very bytes ("ind", "mImg/ImageIndex"), in place of what would have been written.
+    /// Any member ("ind", "mImg/ImageIndex") with these bytes instead of the default ones.
     DictionaryBuilder& member(const std::string& name, std::string bytes);
-    /// Leaves out what would have been written unasked ("FW", "txt", "mImg", "mImg/ImageIndex", "mImg/p1.bmp").
+    /// Leaves out a default member ("FW", "txt", "mImg", "mImg/ImageIndex", "mImg/p1.bmp").
     DictionaryBuilder& without(const std::string& name);
 
-    const std::string& name() const { return name_; }
-    /// Writes the folder into `folder`, which is made where needed, and returns its path.
+    /// Writes the dictionary into `folder`, which is created if missing, and returns its path.
     std::filesystem::path writeTo(const std::filesystem::path& folder) const;
 
   private:
@@ -64,17 +61,17 @@ class DictionaryBuilder {
     std::set<std::string> without_;
 };
 
-/// A group folder with its dictionaries, and its preferences where any are told.
+/// Builds a group folder with its dictionaries and, if given, its preferences.
 class GroupBuilder {
   public:
     explicit GroupBuilder(std::string name) : name_(std::move(name)) {}
 
     GroupBuilder& dictionary(DictionaryBuilder dictionary);
-    /// `count` small dictionaries, "D01" onwards, of the same words.
+    /// `count` small dictionaries, from "D01" on, with the same headwords.
     GroupBuilder& manyDictionaries(int count, const std::vector<std::string>& headwords);
     /// A link called `name` to anything.
     GroupBuilder& alias(std::string name, std::filesystem::path target);
-    /// `DictionaryPreferences.txt` as these bytes.
+    /// The bytes of `DictionaryPreferences.txt`.
     GroupBuilder& preferences(std::string bytes);
 
     std::filesystem::path writeTo(const std::filesystem::path& dictionaryFolder) const;

@@ -5,9 +5,19 @@
 #include <iterator>
 #include <stdexcept>
 
+#include <sys/stat.h>
+
 namespace velmarin::test {
 
 namespace fs = std::filesystem;
+
+void writeFile(const fs::path& file, std::string_view bytes) {
+    fs::create_directories(file.parent_path());
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    if (!out.flush())
+        throw std::runtime_error("could not write " + file.string());
+}
 
 TempFolder::TempFolder() {
     std::string pattern = (fs::temp_directory_path() / "velmarin-test-XXXXXX").string();
@@ -22,19 +32,24 @@ TempFolder::~TempFolder() {
 }
 
 fs::path TempFolder::write(const fs::path& name, std::string_view bytes) const {
-    const fs::path whole = path_ / name;
-    fs::create_directories(whole.parent_path());
-    std::ofstream out(whole, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (!out.flush())
-        throw std::runtime_error("could not write " + whole.string());
-    return whole;
+    writeFile(at(name), bytes);
+    return at(name);
+}
+
+void TempFolder::fifo(const fs::path& name) const {
+    if (::mkfifo(at(name).c_str(), 0600) != 0)
+        throw std::runtime_error("could not make the FIFO " + name.string());
+}
+
+void TempFolder::link(const fs::path& name, const fs::path& target) const {
+    fs::create_directories(at(name).parent_path());
+    fs::create_symlink(target, at(name));
 }
 
 std::string TempFolder::read(const fs::path& name) const {
-    std::ifstream in(path_ / name, std::ios::binary);
+    std::ifstream in(at(name), std::ios::binary);
     if (!in)
-        throw std::runtime_error("could not read " + (path_ / name).string());
+        throw std::runtime_error("could not read " + at(name).string());
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 

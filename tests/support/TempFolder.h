@@ -6,7 +6,10 @@
 
 namespace velmarin::test {
 
-/// A folder of its own for one test, removed with all it holds when the object dies.
+/// Writes `bytes` unchanged. Missing folders are created.
+void writeFile(const std::filesystem::path& file, std::string_view bytes);
+
+/// A new folder, removed with all its content when the object is destroyed. Names are relative to it.
 class TempFolder {
   public:
     TempFolder();
@@ -15,11 +18,14 @@ class TempFolder {
     TempFolder& operator=(const TempFolder&) = delete;
 
     const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path at(const std::filesystem::path& name) const { return path_ / name; }
 
-    /// Writes `bytes` as they are to `name` (which may hold folders; they are made), and returns the whole path.
+    /// Writes a file and returns its path.
     std::filesystem::path write(const std::filesystem::path& name, std::string_view bytes) const;
+    void fifo(const std::filesystem::path& name) const;
+    void link(const std::filesystem::path& name, const std::filesystem::path& target) const;
 
-    /// The bytes of `name`. A missing file fails the test that asks.
+    /// The bytes of `name`. Throws if there is no such file.
     std::string read(const std::filesystem::path& name) const;
 
   private:

@@ -8,24 +8,21 @@
 #include "support/TempFolder.h"
 
 #include <QApplication>
-#include <QPointer>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace velmarin::test {
 
-/// A dictionary folder with nothing in it, a desktop, and the commands over them.
-class DialogTest : public ::testing::Test {
+/// The maintenance commands over an empty dictionary folder "DF", with backups in "Desktop".
+class MaintenanceFixture : public ::testing::Test {
   protected:
-    DialogTest() {
-        std::filesystem::create_directory(at("DF"));
-        windows_.dictionaryFolder = FolderItem(at("DF"));
+    MaintenanceFixture() {
+        std::filesystem::create_directory(folder_.at("DF"));
+        windows_.dictionaryFolder = FolderItem(folder_.at("DF"));
     }
 
-    std::filesystem::path at(const std::filesystem::path& name) const { return folder_.path() / name; }
-
-    /// The dialog of that name that is up; null where there is none.
+    /// The visible dialog with that name, or null.
     static QWidget* shown(const char* name) {
         for (QWidget* each : QApplication::topLevelWidgets()) {
             if (each->objectName() == QLatin1String(name) && each->isVisible())
@@ -43,7 +40,7 @@ class DialogTest : public ::testing::Test {
     ScriptedHost host_;
     BusyState busy_{eventLoopPost()};
     FakeWindows windows_;
-    Maintenance maintenance_{windows_, host_, busy_, FolderItem(at("Desktop"))};
+    Maintenance maintenance_{windows_, host_, busy_, FolderItem(folder_.at("Desktop"))};
 };
 
 } // namespace velmarin::test

@@ -1,10 +1,7 @@
-#include "Trees.h"
+#include "support/Tree.h"
 
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
-
-#include <sys/stat.h>
 
 namespace velmarin::test {
 
@@ -31,30 +28,30 @@ Tree treeOf(const fs::path& top) {
     if (!fs::exists(fs::symlink_status(top)))
         return tree;
     tree["."] = described(top);
-    if (!fs::is_directory(fs::symlink_status(top)))
+    if (tree["."] != "folder")
         return tree;
     for (const auto& entry : fs::recursive_directory_iterator(top))
         tree[entry.path().lexically_relative(top)] = described(entry.path());
     return tree;
 }
 
+std::string filesOf(const fs::path& top) {
+    std::string line;
+    for (const auto& [path, what] : treeOf(top)) {
+        const std::size_t blank = what.find(' ');
+        if (blank != std::string::npos)
+            line += (line.empty() ? "" : " ") + path + (what[0] == 'l' ? "->" : "=") + what.substr(blank + 1);
+    }
+    return line;
+}
+
 std::vector<std::string> leftoversIn(const fs::path& top) {
     std::vector<std::string> found;
-    for (const auto& entry : fs::recursive_directory_iterator(top)) {
-        if (entry.path().filename().native().starts_with(".velmarin-"))
-            found.push_back(entry.path().lexically_relative(top));
+    for (const auto& [path, what] : treeOf(top)) {
+        if (fs::path(path).filename().native().starts_with(".velmarin-"))
+            found.push_back(path);
     }
     return found;
-}
-
-void makeFifo(const fs::path& path) {
-    if (::mkfifo(path.c_str(), 0600) != 0)
-        throw std::runtime_error("could not make the FIFO " + path.string());
-}
-
-void makeLink(const fs::path& link, const fs::path& leadsTo) {
-    fs::create_directories(link.parent_path());
-    fs::create_symlink(leadsTo, link);
 }
 
 } // namespace velmarin::test

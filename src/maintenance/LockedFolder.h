@@ -8,13 +8,14 @@
 
 namespace velmarin {
 
-/// The folder that maintenance runs lock for a group: the one that holds it, which is `DictionaryFolder` for an
-/// installed group. The same for every way to the group.
-inline std::filesystem::path dictionaryFolderOf(const FolderItem& group) {
+/// The folder that install, update and export lock while they work on a group: the one that holds the group, which is
+/// `DictionaryFolder` for an installed group. Links are followed, so that every path to the group gives the same
+/// folder.
+inline std::filesystem::path lockedFolderOf(const FolderItem& group) {
     return std::filesystem::path(group.AbsolutePath()).parent_path();
 }
 
-/// What a window shows while its run waits for that lock.
+/// What a dialog shows while its command waits for the lock on `folder`.
 inline std::string waitMessage(const std::filesystem::path& folder) {
     return "Waiting for another run on \"" + toValidUtf8(folder.filename().native()) + "\"";
 }

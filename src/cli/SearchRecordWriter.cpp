@@ -1,4 +1,4 @@
-#include "cli/SearchRecord.h"
+#include "cli/SearchRecordWriter.h"
 
 #include "text/StringFields.h"
 

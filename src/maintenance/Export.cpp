@@ -85,8 +85,15 @@ class Exporter {
             result_.fail(existing, "it could not be replaced: " + errorInWords(errno));
             return false;
         };
-        return (staged.beginSwap() || fail()) && staged.swap({name_}, work_, result_.failures) &&
-               (staged.forgetOld() || fail());
+        if (!staged.beginSwap())
+            return fail();
+        if (!staged.swap({name_}, work_, result_.failures))
+            return false;
+        if (staged.forgetOld())
+            return true;
+        fail();
+        staged.undo(work_, result_.failures);
+        return false;
     }
 
     const FolderItem& dictionary_;

@@ -224,16 +224,24 @@ class Build {
         if (!staged.swap({std::string(kIndexFileName), std::string(kTextFileName)}, work_, failures))
             return failure(failures);
         if (earlier != EarlierPair::Saved)
-            return staged.forgetOld() ? WriteResult() : notWritten(folder_.path());
+            return staged.forgetOld() ? WriteResult() : undo(staged, failures);
         const auto old = staged.keepOld();
         if (!old)
-            return notWritten(folder_.path());
+            return undo(staged, failures);
         if (old->empty() || save(*old, backups, failures)) {
             staged.drop(work_);
             return {};
         }
-        if (!staged.undoKeepOld() || !staged.undo(work_))
+        if (!staged.undoKeepOld())
             failures.push_back({folder_, "what was replaced could not be put back: " + errorInWords(errno)});
+        else
+            staged.undo(work_, failures);
+        return failure(failures);
+    }
+
+    WriteResult undo(StagedMembers& staged, Failures& failures) {
+        failures.push_back({folder_, "it could not be written: " + errorInWords(errno)});
+        staged.undo(work_, failures);
         return failure(failures);
     }
 

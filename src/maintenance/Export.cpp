@@ -7,6 +7,7 @@
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 #include "files/TreeCompare.h"
+#include "maintenance/InterruptedUpdate.h"
 #include "maintenance/LockedFolder.h"
 #include "store/DictionaryMembers.h"
 #include "text/LetterCase.h"
@@ -26,6 +27,9 @@ class Exporter {
         : dictionary_(dictionary), destination_(destination), name_(dictionary.Name()), work_(progress) {}
 
     MaintenanceResult run(const MayReplace& mayReplace) {
+        undoInterruptedUpdate(dictionary_, work_);
+        if (failIfUpdateWasInterrupted(dictionary_, result_))
+            return std::move(result_);
         if (!dictionary_.Child("FW").Exists())
             result_.add(ItemOutcome::Skipped, dictionary_);
         else if (!destination_.Directory())
@@ -39,6 +43,8 @@ class Exporter {
     void exportLocked(const MayReplace& mayReplace) {
         const FolderLock lock(lockedFolderOf(FolderItem(dictionary_.AbsolutePath()).Parent()), FolderLock::Kind::Shared,
                               work_);
+        if (failIfUpdateWasInterrupted(dictionary_, result_)) // by a run that was waited for
+            return;
         clearLeftovers(destination_.path(), work_);
         const FolderListing listing(destination_);
         if (!listing.listed())

@@ -8,6 +8,7 @@
 #include "files/RemoveTree.h"
 #include "files/SystemCalls.h"
 #include "maintenance/CopyUpdate.h"
+#include "maintenance/InterruptedUpdate.h"
 #include "maintenance/LockedFolder.h"
 #include "store/BackupFolder.h"
 #include "store/DictionaryMembers.h"
@@ -49,6 +50,9 @@ class Updater {
                 updatable.push_back(copy);
         }
         if (updatable.empty())
+            return std::move(result_);
+        undoInterruptedUpdate(dictionary_, work_);
+        if (failIfUpdateWasInterrupted(dictionary_, result_))
             return std::move(result_);
         const auto locks = lockFolders(updatable);
         if (!backups_.CreateAsFolder()) {
@@ -100,6 +104,8 @@ class Updater {
             return result_.fail(copy, "it was not updated, because it is, contains or is part of the chosen folder");
         const WriteAccess access(copy.path());
         clearLeftovers(copy.path(), work_);
+        if (failIfUpdateWasInterrupted(copy, result_))
+            return;
         for (const fs::path& leftover : unsavedMembers(copy.path())) {
             if (!saveLeftover(leftover, copy, k))
                 return;

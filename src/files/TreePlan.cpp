@@ -170,7 +170,7 @@ class Planner {
         }
         const auto names = listNames(path);
         if (!names) {
-            plan_.unreadable.push_back({FolderItem(path), "it cannot be listed"});
+            plan_.unreadable.push_back({FolderItem(path), "it cannot be listed: " + errorInWords(errno)});
             return;
         }
         item.kind = PlannedItem::Kind::Folder;

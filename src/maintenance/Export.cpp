@@ -48,7 +48,7 @@ class Exporter {
         clearLeftovers(destination_.path(), work_);
         const FolderListing listing(destination_);
         if (!listing.listed())
-            return result_.fail(destination_, "it cannot be listed");
+            return result_.fail(destination_, "it cannot be listed: " + errorInWords(errno));
         const FolderItem existing = listing.Child(name_);
         if (existing.occupied() && !existing.Alias() &&
             (liesIn(dictionary_.path(), existing.path()) || liesIn(existing.path(), dictionary_.path())))

@@ -46,7 +46,7 @@ MaintenanceResult installDictionary(const FolderItem& dictionary, const FolderIt
     const FolderItem target(group.path() / dictionary.Name());
     const FolderListing listing(group);
     if (!listing.listed())
-        return fail(group, "it cannot be listed");
+        return fail(group, "it cannot be listed: " + errorInWords(errno));
     const FolderItem existing = listing.Child(dictionary.Name());
     if (existing.occupied() && !(existing == target && isEmptyFolder(existing))) {
         if (!sameContents(plan, existing.path(), work))

@@ -2,6 +2,7 @@
 
 #include "files/AtomicFile.h"
 #include "files/LineScanner.h"
+#include "files/SystemCalls.h"
 #include "side/DictionaryModule.h"
 #include "side/ProgressPort.h"
 #include "side/UserDictionary.h"
@@ -82,7 +83,7 @@ WriteResult makeUserDictionaryIndex(const DictionaryModule& module, const Folder
     const int lineCount = mFiMod_GetLineCountFromTextFi(source);
     const auto file = ReadOnlyFile::open(source);
     if (!file)
-        return {.ok = false, .reason = "\"" + source.path().native() + "\" could not be read."};
+        return {.ok = false, .reason = "\"" + source.path().native() + "\" could not be read: " + errorInWords(errno)};
     progress.showBar();
 
     progress.message("I'm making the word for sorting and searching.");

@@ -129,6 +129,7 @@ void CopyUpdate::report() {
         }
         result_.add(replaced ? ItemOutcome::Replaced : ItemOutcome::Added, FolderItem(copy_.path() / name));
     }
+    std::erase_if(kept_, [&](const std::string& name) { return !copy_.Child(name).occupied(); });
     if (!kept_.empty())
         result_.fail(copy_, "it now holds members of two versions: not replaced were " + quotedList(kept_));
 }

@@ -80,6 +80,14 @@ bool holdsInterruptedSwap(const fs::path& folder) {
            });
 }
 
+bool removeSaved(const fs::path& hidden, Work& work) {
+    const std::string name = hidden.filename().native();
+    const fs::path trash = hidden.parent_path() / temporaryNameAs(TemporaryKind::Staged, name);
+    if (temporaryKind(name) != TemporaryKind::Replaced)
+        return removeTree(hidden, work);
+    return renameToFreeName(hidden, trash) && removeTree(trash, work);
+}
+
 std::vector<fs::path> unsavedMembers(const fs::path& folder) {
     std::vector<fs::path> found;
     for (const std::string& name : listNames(folder).value_or(std::vector<std::string>())) {

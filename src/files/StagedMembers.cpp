@@ -1,6 +1,7 @@
 #include "files/StagedMembers.h"
 
 #include "files/FolderItem.h"
+#include "files/Leftovers.h"
 #include "files/MemberSwap.h"
 #include "files/NewFile.h"
 #include "files/RemoveTree.h"
@@ -147,7 +148,7 @@ bool StagedMembers::putIn(const std::string& name, Failures& failures) {
 bool StagedMembers::swap(const std::vector<std::string>& names, Work& work, Failures& failures) {
     const auto all = listNames(folder());
     if (!all) {
-        failures.push_back({FolderItem(folder()), "it cannot be listed"});
+        failures.push_back({FolderItem(folder()), "it cannot be listed: " + errorInWords(errno)});
         return false;
     }
     bool done = true;
@@ -198,7 +199,7 @@ bool StagedMembers::undoKeepOld() {
 }
 
 bool StagedMembers::drop(Work& work) {
-    return hidden_.empty() || removeTree(std::exchange(hidden_, {}), work);
+    return hidden_.empty() || removeSaved(std::exchange(hidden_, {}), work);
 }
 
 } // namespace velmarin

@@ -3,6 +3,7 @@
 #include "files/AtomicFile.h"
 #include "files/Descriptor.h"
 #include "files/FolderItem.h"
+#include "files/FolderLock.h"
 #include "files/Leftovers.h"
 #include "files/LineReader.h"
 #include "files/MemberSwap.h"
@@ -54,7 +55,7 @@ WriteResult failure(std::string reason) {
 }
 
 WriteResult notRead(const fs::path& path) {
-    return failure(quoted(path) + " could not be read.");
+    return failure(quoted(path) + " could not be read: " + errorInWords(errno));
 }
 
 /// With the reason in errno.
@@ -168,6 +169,7 @@ class Build {
 
   private:
     WriteResult build(EarlierPair earlier, const FolderItem& backups) {
+        const FolderLock lock(folder_.path(), FolderLock::Kind::Alone, work_);
         clearLeftovers(folder_.path(), work_);
         const auto file = ReadOnlyFile::open(source_);
         if (!file)
@@ -199,7 +201,7 @@ class Build {
         for (std::string_view piece; text && pieces.next(piece);)
             text.write(dictionaryText(piece, progress_, result_));
         if (text && pieces.read() < file.stamp().size)
-            return notRead(source_.path());
+            return failure(quoted(source_.path()) + " could not be read to its end.");
         if (!text.flush())
             return notWritten(folder_.path() / kTextFileName);
         staged.add(std::string(kTextFileName));
@@ -248,15 +250,16 @@ class Build {
     /// Moves an earlier pair to a new folder in `backups`, or leaves it where it is if that fails. Files that had to be
     /// copied also stay where they were; the hidden folder that holds them is removed later.
     bool save(const std::vector<fs::path>& pair, const FolderItem& backups, Failures& failures) {
-        const FolderItem backup(backups.path() / backupFolderName(folder_.Name(), 0, backups));
-        if (!backups.CreateAsFolder() || !makeFolder(backup.path())) {
-            failures.push_back({backup, "the folder could not be made: " + errorInWords(errno)});
+        const auto backup =
+            backups.CreateAsFolder() ? makeBackupFolder(folder_.Name(), 0, backups) : std::optional<fs::path>();
+        if (!backup) {
+            failures.push_back({backups, "a folder for the replaced files could not be made: " + errorInWords(errno)});
             return false;
         }
         clearLeftovers(backups.path(), work_);
         Moves moves;
         for (const fs::path& each : pair) {
-            if (!moves.move(each, backup.path(), backups.path(), work_, failures)) {
+            if (!moves.move(each, *backup, backups.path(), work_, failures)) {
                 moves.undo(work_, failures);
                 return false;
             }
@@ -270,7 +273,7 @@ class Build {
         for (const fs::path& leftover : unsavedMembers(folder_.path())) {
             const auto old = membersIn(leftover / kOldMembers);
             if (old && save(*old, backups, ignored))
-                removeTree(leftover, work_);
+                removeSaved(leftover, work_);
         }
     }
 

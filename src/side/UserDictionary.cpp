@@ -230,12 +230,14 @@ class Build {
         const auto old = staged.keepOld();
         if (!old)
             return undo(staged, failures);
-        if (old->empty() || save(*old, backups, failures)) {
+        const Saving saving = old->empty() ? Saving::Done : save(*old, backups, failures);
+        if (saving == Saving::Done) {
             staged.drop(work_);
             return {};
         }
-        if (!staged.undoKeepOld())
-            failures.push_back({folder_, "what was replaced could not be put back: " + errorInWords(errno)});
+        if (saving == Saving::Partial || !staged.undoKeepOld())
+            failures.push_back({folder_, "it is replaced, but not all replaced files could be saved. The next build "
+                                         "tries again"});
         else
             staged.undo(work_, failures);
         return failure(failures);
@@ -247,24 +249,25 @@ class Build {
         return failure(failures);
     }
 
+    enum class Saving { Done, Undone, Partial };
+
     /// Moves an earlier pair to a new folder in `backups`, or leaves it where it is if that fails. Files that had to be
     /// copied also stay where they were; the hidden folder that holds them is removed later.
-    bool save(const std::vector<fs::path>& pair, const FolderItem& backups, Failures& failures) {
+    Saving save(const std::vector<fs::path>& pair, const FolderItem& backups, Failures& failures) {
         const auto backup =
             backups.CreateAsFolder() ? makeBackupFolder(folder_.Name(), 0, backups) : std::optional<fs::path>();
         if (!backup) {
             failures.push_back({backups, "a folder for the replaced files could not be made: " + errorInWords(errno)});
-            return false;
+            return Saving::Undone;
         }
         clearLeftovers(backups.path(), work_);
         Moves moves;
         for (const fs::path& each : pair) {
             if (!moves.move(each, *backup, backups.path(), work_, failures)) {
-                moves.undo(work_, failures);
-                return false;
+                return moves.undo(work_, failures) ? Saving::Undone : Saving::Partial;
             }
         }
-        return true;
+        return Saving::Done;
     }
 
     /// Saves what a killed build has replaced and not saved. If that fails, it stays in its hidden folder.
@@ -272,7 +275,7 @@ class Build {
         Failures ignored;
         for (const fs::path& leftover : unsavedMembers(folder_.path())) {
             const auto old = membersIn(leftover / kOldMembers);
-            if (old && save(*old, backups, ignored))
+            if (old && save(*old, backups, ignored) == Saving::Done)
                 removeSaved(leftover, work_);
         }
     }

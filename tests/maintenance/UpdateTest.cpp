@@ -138,6 +138,13 @@ TEST_F(Update, UnreadableMemberAndThoseLinkedToItStayOld) {
     EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
 }
 
+TEST_F(Update, LinkToAHiddenMemberLeadsToTheNewVersion) {
+    fs::rename(folder_.at("new/Webster/mImg"), folder_.at("new/Webster/.pages"));
+    folder_.link("new/Webster/mImg", ".pages");
+    EXPECT_EQ(failureMessage(update()), "");
+    EXPECT_EQ(folder_.read("DF/A/Webster/mImg/p1.tif"), "new page");
+}
+
 TEST_F(Update, MemberThatDisappearsDuringTheCopyStaysOldWithThoseLinkedToIt) {
     const MaintenanceResult result = update("new/Webster", [&](const WorkDone& done) {
         if (done.of > 0)

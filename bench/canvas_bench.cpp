@@ -47,9 +47,9 @@ std::filesystem::path stripes(int width, int height, int depth, const char* exte
         for (int x = 100; x < width; x += 37)
             pixRasterop(pix, x, y, 9, 50, PIX_SET, nullptr, 0, 0);
     if (depth == 32) {
-        Pix* colour = pixConvertTo32(pix);
+        Pix* color = pixConvertTo32(pix);
         pixDestroy(&pix);
-        pix = colour;
+        pix = color;
     }
     const std::string bytes = *velmarin::encodePicture(Picture::adopt(pix), extension);
     auto file = std::filesystem::temp_directory_path() / (std::string("velmarin-canvas-bench.") + extension);
@@ -92,5 +92,5 @@ int main(int argc, char** argv) {
     window.show();
     QApplication::processEvents();
     times("TIFF G4 4960x7016", stripes(4960, 7016, 1, "tif"), canvas);
-    times("JPEG colour 5480x7300", stripes(5480, 7300, 32, "jpg"), canvas);
+    times("JPEG color 5480x7300", stripes(5480, 7300, 32, "jpg"), canvas);
 }

@@ -76,9 +76,9 @@ void scalingTimes() {
     report("1 bit 4960x7016 to 1592 wide (2x screen), whole page", [&] { reduce(a4, 1592, 0); });
     const Picture grey = printedPage(4960, 7016, 8);
     report("8 bits 4960x7016 to 796 wide, whole page", [&] { reduce(grey, 796, 0); });
-    const Picture colour = printedPage(5480, 7300, 32);
-    report("32 bits 5480x7300 to 796 wide, 714 rows in view", [&] { reduce(colour, 796, 714); });
-    report("32 bits 5480x7300 to 796 wide, whole page", [&] { reduce(colour, 796, 0); });
+    const Picture color = printedPage(5480, 7300, 32);
+    report("32 bits 5480x7300 to 796 wide, 714 rows in view", [&] { reduce(color, 796, 714); });
+    report("32 bits 5480x7300 to 796 wide, whole page", [&] { reduce(color, 796, 0); });
 }
 
 /// Decodes `page` from a file of the given extension.
@@ -95,7 +95,7 @@ void decodingTimes() {
     decodingTime("decode TIFF G4 4960x7016", printedPage(4960, 7016, 1), "tif");
     decodingTime("decode PNG 1 bit 4960x7016", printedPage(4960, 7016, 1), "png");
     decodingTime("decode PNG 8 bits 4960x7016", printedPage(4960, 7016, 8), "png");
-    decodingTime("decode JPEG colour 5480x7300 (40 megapixels)", printedPage(5480, 7300, 32), "jpg");
+    decodingTime("decode JPEG color 5480x7300 (40 megapixels)", printedPage(5480, 7300, 32), "jpg");
 }
 
 /// What the screen needs for one step, without the screen.

@@ -5,7 +5,7 @@
 #include "platform/QtText.h"
 #include "shell/App.h"
 #include "shell/Application.h"
-#include "shell/PictureRun.h"
+#include "shell/StartRequest.h"
 
 #include <CLI/CLI.hpp>
 
@@ -16,12 +16,11 @@
 
 int main(int argc, char** argv) {
     velmarin::StartRequest request;
-    CLI::App options("Velmarin finds a word in scanned dictionaries and shows the page on which it stands.",
-                     "velmarin");
-    options.add_option("--group", request.group, "Open with this group picked")->option_text("NAME");
-    options.add_option("--picture", request.pictureFile, "Save a picture of the window to this file and end")
+    CLI::App options("Velmarin finds a word in scanned dictionaries and shows the page it is on.", "velmarin");
+    options.add_option("--group", request.group, "Open this group")->option_text("NAME");
+    options.add_option("--picture", request.pictureFile, "Save a picture of the window to this file and exit")
         ->option_text("FILE");
-    options.add_option("WORD", request.word, "Search this word in the group");
+    options.add_option("WORD", request.word, "Search the group for this word");
     options.set_version_flag("--version", "velmarin " VELMARIN_VERSION);
     try {
         options.parse(argc, argv);
@@ -49,7 +48,8 @@ int main(int argc, char** argv) {
     const velmarin::EndSignals endSignals([&app] { app.quit(); });
     QTimer::singleShot(0, &app, [&app, &request] {
         app.Event_Open();
-        velmarin::runStartRequest(app, request);
+        if (app.windows().count() > 0)
+            velmarin::runStartRequest(app.windows().window(0), request);
     });
     return velmarin::Application::exec();
 }

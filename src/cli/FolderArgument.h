@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Session.h"
-#include "files/Failure.h"
+#include "files/Result.h"
 #include "store/Group.h"
 
 #include <functional>

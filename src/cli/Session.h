@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Output.h"
-#include "files/Failure.h"
+#include "files/Result.h"
 #include "text/Message.h"
 
 #include <string>

@@ -9,7 +9,7 @@ namespace velmarin {
 namespace {
 
 bool typesByAlt(const QKeyEvent& key) {
-    // Alt with Ctrl is how some keyboards say AltGr, which does type.
+    // Some keyboards report AltGr, which does type, as Alt with Ctrl.
     const Qt::KeyboardModifiers modifiers = key.modifiers();
     return (modifiers & (Qt::AltModifier | Qt::MetaModifier)) != 0 && (modifiers & Qt::ControlModifier) == 0 &&
            !key.text().isEmpty() && key.text().front().isPrint();
@@ -21,7 +21,7 @@ bool AltKeyFilter::eventFilter(QObject* watched, QEvent* event) {
     const bool field = qobject_cast<QLineEdit*>(watched) != nullptr || qobject_cast<QTextEdit*>(watched) != nullptr;
     if (event->type() != QEvent::KeyPress || !field || !typesByAlt(*static_cast<QKeyEvent*>(event)))
         return false;
-    event->ignore(); // what the field sits in may use the key
+    event->ignore(); // a parent may use the key
     return true;
 }
 

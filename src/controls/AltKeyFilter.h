@@ -4,8 +4,8 @@
 
 namespace velmarin {
 
-/// An event filter for the application: a key pressed with Alt or Meta types nothing into a text field. Toolkit fields
-/// insert its character where no menu or shortcut takes it.
+/// An event filter for the application: a key pressed with Alt or Meta types nothing into a text field. Without it,
+/// Qt's fields insert the character if no menu or shortcut takes the key.
 class AltKeyFilter : public QObject {
     Q_OBJECT
   public:

@@ -76,7 +76,7 @@ QRect AnchoredLayout::rect(const QWidget* child) const {
 }
 
 void AnchoredLayout::apply() {
-    // By number, since a child that is told its size may add others.
+    // By index, because a resized child may add others.
     for (std::size_t i = 0; i < places_.size(); ++i)
         place(Place(places_[i]));
 }

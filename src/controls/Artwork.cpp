@@ -28,7 +28,7 @@ QPixmap drawn(QSize size, qreal ratio, const std::function<void(QPainter&, QRect
     return picture;
 }
 
-/// An open book in a box of height `h` whose left top corner is `at`.
+/// An open book in a box of height `h` with its top left corner at `at`.
 void drawBook(QPainter& p, QPointF at, qreal h) {
     const qreal w = h * 1.35;
     const QPointF spine(at.x() + w / 2, at.y() + h * 0.2);
@@ -49,7 +49,7 @@ void drawBook(QPainter& p, QPointF at, qreal h) {
     }
 }
 
-void drawWord(QPainter& p, QRectF box, const QString& word, QColor colour, bool italic) {
+void drawWord(QPainter& p, QRectF box, const QString& word, QColor color, bool italic) {
     QFont font(QStringLiteral("serif"));
     font.setStyleHint(QFont::Serif);
     font.setItalic(italic);
@@ -58,7 +58,7 @@ void drawWord(QPainter& p, QRectF box, const QString& word, QColor colour, bool 
     while (font.pixelSize() > 6 && QFontMetricsF(font).horizontalAdvance(word) > box.width())
         font.setPixelSize(font.pixelSize() - 1);
     p.setFont(font);
-    p.setPen(colour);
+    p.setPen(color);
     p.drawText(box, Qt::AlignVCenter | Qt::AlignLeft, word);
 }
 
@@ -110,9 +110,9 @@ QPixmap Find(QSize size, qreal ratio) {
     return drawn(size, ratio, [](QPainter& p, QRectF box) {
         const qreal s = box.height();
         p.setBrush(kPaper);
-        // A light edge around the ink, for dark backgrounds.
-        for (const auto& [colour, width] : {std::pair(kPaper, s * 0.2), std::pair(kInk, s * 0.11)}) {
-            p.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
+        // The light edge shows on dark backgrounds.
+        for (const auto& [color, width] : {std::pair(kPaper, s * 0.2), std::pair(kInk, s * 0.11)}) {
+            p.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap));
             p.drawLine(QPointF(s * 0.6, s * 0.6), QPointF(s * 0.84, s * 0.84));
             p.drawEllipse(QPointF(s * 0.42, s * 0.42), s * 0.24, s * 0.24);
         }

@@ -6,14 +6,14 @@
 
 namespace velmarin {
 
-/// The program's own pictures, drawn at the asked size (logical pixels) for a screen of the given device pixel ratio,
-/// so that they are sharp on every screen and cannot be missing. They can be read on light and on dark backgrounds; the
-/// two logos are told which.
+/// The program's own pictures, drawn at a size in logical pixels for a screen of a device pixel ratio, so that they are
+/// sharp on every screen and cannot be missing. They can be read on light and dark backgrounds; the two logos need to
+/// know which.
 QPixmap Selorin_Logo_VerySmall(QSize size, qreal devicePixelRatio, bool onDark);
 QPixmap Halvenmark(QSize size, qreal devicePixelRatio, bool onDark);
-/// What stands for the program on its windows and in lists of them.
+/// The icon of all windows.
 QIcon programIcon();
-/// The pictures of the look-up and the find target, and of the button that empties a field.
+/// The pictures for look-up, for find, and for the button that clears a field.
 QPixmap DicApp(QSize size, qreal devicePixelRatio);
 QPixmap Find(QSize size, qreal devicePixelRatio);
 QPixmap Close(QSize size, qreal devicePixelRatio);

@@ -1,13 +1,14 @@
 #include "controls/BevelButton.h"
 
-#include "controls/BevelButtonAccessible.h"
+#include "controls/BevelPainting.h"
 #include "controls/FittedText.h"
 #include "controls/MenuPopup.h"
 #include "controls/PlainToolTip.h"
-#include "controls/QtText.h"
 #include "controls/RowModel.h"
+#include "platform/QtText.h"
 
 #include <QAccessible>
+#include <QAccessibleWidget>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QHelpEvent>
@@ -20,15 +21,73 @@ namespace velmarin {
 
 namespace {
 
-constexpr int sidePadding = 3;
-constexpr int arrowWidth = 7;
-constexpr int arrowRoom = arrowWidth + 3; // and the gap between it and the text
+constexpr int kSidePadding = 3;
+constexpr int kArrowRoom = kMenuArrowWidth + 3; // with a gap to the text
+
+/// Presents a BevelButton to screen readers: its kind, its name, and the current row of its menu as its value.
+class BevelButtonAccessible : public QAccessibleWidget {
+  public:
+    explicit BevelButtonAccessible(BevelButton* button) : QAccessibleWidget(button, QAccessible::Button) {}
+
+    QAccessible::Role role() const override {
+        if (button()->hasMenu())
+            return QAccessible::ButtonMenu;
+        return button()->isCheckable() ? QAccessible::CheckBox : QAccessible::Button;
+    }
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = button()->hasMenu();
+        state.expanded = button()->menuIsOpen();
+        state.checkable = button()->isCheckable();
+        state.checked = button()->isChecked();
+        state.pressed = button()->isDown();
+        return state;
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Value && button()->hasMenu() && button()->menuValueSet())
+            return toQ(button()->List(button()->MenuValue()));
+        QString text = QAccessibleWidget::text(kind);
+        if (kind != QAccessible::Name)
+            return text;
+        // The caption comes first, even while the button shows its current row instead.
+        const QString name = text.isEmpty() ? button()->text() : text;
+        const QString shown = button()->wholeText();
+        return shown == button()->text() ? name : name + QLatin1String(": ") + shown;
+    }
+
+    QStringList actionNames() const override {
+        if (!button()->isEnabled())
+            return {};
+        return {button()->hasMenu() ? showMenuAction() : button()->isCheckable() ? toggleAction() : pressAction()};
+    }
+
+    void doAction(const QString& action) override {
+        if (!actionNames().contains(action))
+            return;
+        if (action == showMenuAction())
+            button()->openMenu();
+        else
+            button()->click();
+    }
+
+  private:
+    BevelButton* button() const { return static_cast<BevelButton*>(widget()); }
+};
+
+QAccessibleInterface* accessibleBevelButton(const QString& className, QObject* object) {
+    if (className != QLatin1String(BevelButton::staticMetaObject.className()))
+        return nullptr;
+    auto* button = qobject_cast<BevelButton*>(object);
+    return button != nullptr ? new BevelButtonAccessible(button) : nullptr;
+}
 
 } // namespace
 
 BevelButton::BevelButton(std::string_view caption, QWidget* parent)
     : QAbstractButton(parent), rows_(new RowModel(this)) {
-    installBevelButtonAccessibility();
+    QAccessible::installFactory(accessibleBevelButton); // a second call does nothing
     setCaption(caption);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
@@ -47,7 +106,7 @@ std::string BevelButton::Caption() const {
 }
 
 void BevelButton::setCaption(std::string_view caption) {
-    // An ampersand in a name is no shortcut.
+    // An ampersand in a name must not become a shortcut.
     const QString text = toQ(caption);
     if (text == this->text())
         return;
@@ -152,23 +211,23 @@ QString BevelButton::shownText() const {
 }
 
 QRect BevelButton::textRect() const {
-    const int padding = std::min(sidePadding, width() / 10);
-    return rect().adjusted(padding, 1, hasMenu_ ? -padding - arrowRoom : -padding, -1);
+    const int padding = std::min(kSidePadding, width() / 10);
+    return rect().adjusted(padding, 1, hasMenu_ ? -padding - kArrowRoom : -padding, -1);
 }
 
 QFont BevelButton::textFont() const {
     const QFont font = fontForHeight(this->font(), textRect().height());
     if (!showsCurrentRow_ || !hasCurrentRow())
         return fontForWidth(font, text(), textRect().width());
-    // A row may be of any length: rather cut it short than let its size jump while one pages on.
+    // A row may be of any length. Elide it rather than let the font size change from page to page.
     const int smallest = std::max(kSmallestPixelSize, QFontInfo(font).pixelSize() * 3 / 4);
     return fontForWidth(font, wholeText(), textRect().width(), smallest);
 }
 
 QSize BevelButton::sizeHint() const {
     const QFontMetrics metrics(font());
-    const int width = textWidth(font(), text()) + 2 * sidePadding + (hasMenu_ ? arrowRoom : 0);
-    return {std::max(width, 3 * sidePadding), metrics.height() + 4};
+    const int width = textWidth(font(), text()) + 2 * kSidePadding + (hasMenu_ ? kArrowRoom : 0);
+    return {std::max(width, 3 * kSidePadding), metrics.height() + 4};
 }
 
 QSize BevelButton::minimumSizeHint() const {
@@ -257,7 +316,12 @@ void BevelButton::mousePressEvent(QMouseEvent* event) {
 
 void BevelButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintFrame(painter);
+    paintBevel(painter, rect(), palette(),
+               {.enabled = isEnabled(),
+                .down = isDown(),
+                .checked = isChecked(),
+                .hovered = underMouse(),
+                .focused = hasFocus()});
     if (!icon().isNull()) {
         const int side = std::min({iconSize().width(), width() - 4, height() - 4});
         QRect place(0, 0, side, side);
@@ -269,56 +333,8 @@ void BevelButton::paintEvent(QPaintEvent*) {
         painter.drawText(textRect(), Qt::AlignCenter | Qt::TextSingleLine, shownText());
     }
     if (hasMenu_)
-        paintArrow(painter);
-}
-
-void BevelButton::paintFrame(QPainter& painter) const {
-    const QPalette colours = palette();
-    const QColor face = colours.color(QPalette::Button);
-    const bool pressed = isDown() || isChecked();
-    QColor top = face.lighter(107);
-    QColor bottom = face.darker(105);
-    if (pressed)
-        top = bottom = face.darker(isDown() ? 125 : 118);
-    else if (underMouse() && isEnabled())
-        top = bottom = face.lighter(112);
-
-    const DevicePixels device(painter);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const int line = device.length(1);
-    QColor edge = face.darker(isEnabled() ? 165 : 130);
-    int thickness = line;
-    if (hasFocus()) {
-        edge = colours.color(QPalette::Highlight);
-        thickness = 2 * line;
-    }
-    const qreal inset = thickness / 2.0;
-    const QRectF frame = QRectF(device.rect(rect())).adjusted(inset, inset, -inset, -inset);
-    QLinearGradient fill(frame.topLeft(), frame.bottomLeft());
-    fill.setColorAt(0, top);
-    fill.setColorAt(1, bottom);
-    painter.setBrush(fill);
-    painter.setPen(QPen(edge, thickness));
-    painter.drawRoundedRect(frame, 2.5 * line, 2.5 * line);
-    if (pressed) {
-        painter.setRenderHint(QPainter::Antialiasing, false);
-        const int left = qRound(frame.left() + inset) + line;
-        const int right = qRound(frame.right() - inset) - line;
-        painter.fillRect(left, qRound(frame.top() + inset), right - left, line, face.darker(145));
-    }
-}
-
-void BevelButton::paintArrow(QPainter& painter) const {
-    const QRect text = textRect();
-    const DevicePixels device(painter);
-    const int half = device.length(arrowWidth) / 2;
-    const QRect room = device.rect(QRect(text.right() + 1, 0, arrowRoom, height()));
-    const int middle = room.right() - half;
-    const int first = room.center().y() - half / 2;
-    // Row by row, so that its slopes are even at any scale.
-    for (int row = 0; row <= half; ++row)
-        painter.fillRect(middle - half + row, first + row, 2 * (half - row) + 1, 1,
-                         palette().color(QPalette::ButtonText));
+        paintMenuArrow(painter, QRect(textRect().right() + 1, 0, kArrowRoom, height()),
+                       palette().color(QPalette::ButtonText));
 }
 
 } // namespace velmarin

@@ -12,10 +12,10 @@ namespace velmarin {
 class MenuPopup;
 class RowModel;
 
-/// A small flat button: a plain one (`clicked`), one that stays pressed in (`setToggle`, then `isChecked`), or one that
-/// opens a menu (`rowChosen`). It takes the focus by Tab alone, so that a click leaves the typing where it is.
+/// A small flat button: a plain one (`clicked`), one that stays pressed (`setToggle`, then `isChecked`), or one that
+/// opens a menu (`rowChosen`). It takes the focus by Tab only, so a click does not interrupt typing.
 ///
-/// The menu's rows count from 0; `MenuValue` is the current one. What code changes emits nothing.
+/// The menu's rows count from 0; `MenuValue` is the current one. Changes made by code emit nothing.
 class BevelButton : public QAbstractButton {
     Q_OBJECT
   public:
@@ -26,10 +26,10 @@ class BevelButton : public QAbstractButton {
     std::string Caption() const;
     void setCaption(std::string_view caption);
 
-    /// Each click then presses it in or lets it out. `setChecked` does so from code.
+    /// Makes each click check or uncheck the button. `setChecked` does the same from code.
     void setToggle(bool toggle) { setCheckable(toggle); }
 
-    /// Marks it as a menu button even while it has no rows. The first added row does so too.
+    /// Marks it as a menu button even if it has no rows. Adding a row does the same.
     void setHasMenu(bool hasMenu);
     bool hasMenu() const { return hasMenu_; }
 
@@ -38,29 +38,29 @@ class BevelButton : public QAbstractButton {
     /// Replaces all rows.
     void setRows(std::vector<std::string> texts);
     void DeleteAllRows();
-    /// Removes a row if there is one. Later rows move up, and `MenuValue` with them; if the row was the current one,
-    /// `MenuValue` counts as not set.
+    /// Removes a row, if it exists. Later rows move up, and `MenuValue` with them. If the row was the current one,
+    /// `MenuValue` is no longer set.
     void RemoveRow(int row);
     int rowCount() const;
-    /// The row's text byte for byte as it was added; empty for separators and missing rows.
+    /// The text exactly as it was added; empty for separators and missing rows.
     std::string List(int row) const;
 
-    /// 0 if nothing has been set since the rows were last deleted.
+    /// 0 if it was not set since the rows were last deleted.
     int MenuValue() const { return menuValue_; }
-    /// Clamped to the existing rows, unless `setKeepsAnyValue`; without rows nothing is set.
+    /// Clamps to the existing rows, unless `setKeepsAnyValue`. Does nothing without rows.
     void setMenuValue(int row);
     bool menuValueSet() const { return menuValueSet_; }
-    /// Lets `MenuValue` be a number without a row: the button then shows its caption, and the open menu marks no row.
+    /// Allows a `MenuValue` without a row: the button then shows its caption, and the open menu marks no row.
     void setKeepsAnyValue(bool keeps) { keepsAnyValue_ = keeps; }
 
-    /// The button then shows its current row instead of its caption, once one has been set.
+    /// Makes the button show its current row, if one is set, instead of its caption.
     void setShowsCurrentRow(bool shows);
 
-    /// The text on the button: in full, and as painted.
+    /// The text on the button, in full and as painted.
     QString wholeText() const;
     QString shownText() const;
 
-    /// Opens the menu as Space does. Does nothing without rows, or if the menu is open already.
+    /// Opens the menu, as Space does. Does nothing without rows or if the menu is already open.
     void openMenu();
     bool menuIsOpen() const;
 
@@ -87,8 +87,6 @@ class BevelButton : public QAbstractButton {
     bool hasCurrentRow() const;
     QRect textRect() const;
     QFont textFont() const;
-    void paintFrame(QPainter& painter) const;
-    void paintArrow(QPainter& painter) const;
 
     RowModel* rows_;
     QPointer<MenuPopup> popup_;

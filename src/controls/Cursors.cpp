@@ -11,10 +11,9 @@
 namespace velmarin {
 namespace {
 
-constexpr int side = 24; // logical pixels
+constexpr int kSide = 24; // logical pixels
 
-/// A rounded bar: a finger.
-void addBar(QPainterPath& path, qreal x, qreal y, qreal width, qreal height) {
+void addFinger(QPainterPath& path, qreal x, qreal y, qreal width, qreal height) {
     QPainterPath bar;
     bar.addRoundedRect(x, y, width, height, width / 2, width / 2);
     path = path.united(bar);
@@ -28,36 +27,36 @@ QPainterPath palm(qreal top) {
 
 QPainterPath openHand() {
     QPainterPath path = palm(10);
-    addBar(path, 5.5, 4, 3.3, 12);
-    addBar(path, 8.8, 1.8, 3.3, 14);
-    addBar(path, 12.1, 2.3, 3.3, 14);
-    addBar(path, 15.3, 4.5, 3.2, 12);
+    addFinger(path, 5.5, 4, 3.3, 12);
+    addFinger(path, 8.8, 1.8, 3.3, 14);
+    addFinger(path, 12.1, 2.3, 3.3, 14);
+    addFinger(path, 15.3, 4.5, 3.2, 12);
     QPainterPath thumb;
-    addBar(thumb, 0, 0, 3.2, 9);
+    addFinger(thumb, 0, 0, 3.2, 9);
     return path.united(QTransform().translate(1.6, 12.5).rotate(-38).map(thumb));
 }
 
 QPainterPath closedHand() {
     QPainterPath path = palm(10);
     for (const qreal x : {5.5, 8.8, 12.1, 15.3})
-        addBar(path, x, x == 5.5 || x == 15.3 ? 8.6 : 7.6, 3.25, 7);
+        addFinger(path, x, x == 5.5 || x == 15.3 ? 8.6 : 7.6, 3.25, 7);
     QPainterPath thumb;
-    addBar(thumb, 0, 0, 3.2, 6);
+    addFinger(thumb, 0, 0, 3.2, 6);
     return path.united(QTransform().translate(3.4, 13).rotate(-25).map(thumb));
 }
 
 QPainterPath pointingHand() {
     QPainterPath path = palm(11.5);
-    addBar(path, 6.2, 1.6, 3.3, 15);
+    addFinger(path, 6.2, 1.6, 3.3, 15);
     for (const qreal x : {9.2, 12.2, 15.2})
-        addBar(path, x, 9.6, 3.3, 7);
+        addFinger(path, x, 9.6, 3.3, 7);
     QPainterPath thumb;
-    addBar(thumb, 0, 0, 3.2, 7);
+    addFinger(thumb, 0, 0, 3.2, 7);
     return path.united(QTransform().translate(2.8, 13).rotate(-32).map(thumb));
 }
 
 QPixmap canvas(qreal ratio) {
-    const int pixels = static_cast<int>(std::ceil(side * ratio));
+    const int pixels = static_cast<int>(std::ceil(kSide * ratio));
     QPixmap pixmap(pixels, pixels);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
@@ -79,9 +78,9 @@ QCursor lens(qreal ratio) {
     QPixmap pixmap = canvas(ratio);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    // A white edge around all that is black, to be seen on ink and on paper.
-    for (const auto& [colour, width] : {std::pair(QColor(Qt::white), 4.4), std::pair(QColor(Qt::black), 2.0)}) {
-        painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
+    // White around black, visible on both ink and paper.
+    for (const auto& [color, width] : {std::pair(QColor(Qt::white), 4.4), std::pair(QColor(Qt::black), 2.0)}) {
+        painter.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap));
         painter.drawEllipse(QPointF(9, 9), 6.2, 6.2);
         painter.drawLine(QPointF(13.8, 13.8), QPointF(20.5, 20.5));
     }
@@ -89,8 +88,8 @@ QCursor lens(qreal ratio) {
     return QCursor(pixmap, 9, 9);
 }
 
-template <typename Make> QCursor kept(qreal ratio, Make make) {
-    static std::map<qreal, QCursor> cursors; // one map for each kind of cursor
+template <typename Make> QCursor cached(qreal ratio, Make make) {
+    static std::map<qreal, QCursor> cursors; // one map per instantiation, so one per kind of cursor
     const auto found = cursors.find(ratio);
     return found != cursors.end() ? found->second : cursors.emplace(ratio, make(ratio)).first->second;
 }
@@ -98,19 +97,19 @@ template <typename Make> QCursor kept(qreal ratio, Make make) {
 } // namespace
 
 QCursor gripCursor(qreal devicePixelRatio) {
-    return kept(devicePixelRatio, [](qreal ratio) { return handOf(closedHand(), QPoint(12, 13), ratio); });
+    return cached(devicePixelRatio, [](qreal ratio) { return handOf(closedHand(), QPoint(12, 13), ratio); });
 }
 
 QCursor handCursor(qreal devicePixelRatio) {
-    return kept(devicePixelRatio, [](qreal ratio) { return handOf(openHand(), QPoint(12, 11), ratio); });
+    return cached(devicePixelRatio, [](qreal ratio) { return handOf(openHand(), QPoint(12, 11), ratio); });
 }
 
 QCursor IndCursor(qreal devicePixelRatio) {
-    return kept(devicePixelRatio, [](qreal ratio) { return handOf(pointingHand(), QPoint(8, 2), ratio); });
+    return cached(devicePixelRatio, [](qreal ratio) { return handOf(pointingHand(), QPoint(8, 2), ratio); });
 }
 
 QCursor lensCursor(qreal devicePixelRatio) {
-    return kept(devicePixelRatio, [](qreal ratio) { return lens(ratio); });
+    return cached(devicePixelRatio, [](qreal ratio) { return lens(ratio); });
 }
 
 } // namespace velmarin

@@ -38,15 +38,4 @@ QString elidedInMiddle(const QFont& font, const QString& text, int width) {
     return QFontMetrics(font).elidedText(text, Qt::ElideMiddle, width);
 }
 
-DevicePixels::DevicePixels(QPainter& painter) : painter_(painter) {
-    painter_.save();
-    toDevice_ = painter_.deviceTransform();
-    painter_.resetTransform();
-    painter_.setWorldTransform(painter_.deviceTransform().inverted());
-}
-
-int DevicePixels::length(qreal logical) const {
-    return std::max(1, qRound(logical * toDevice_.m11()));
-}
-
 } // namespace velmarin

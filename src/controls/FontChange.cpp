@@ -17,7 +17,7 @@ namespace velmarin {
 
 namespace {
 
-bool isOfOneFont(const QWidget* target) {
+bool hasOneFont(const QWidget* target) {
     return qobject_cast<const QComboBox*>(target) != nullptr ||
            qobject_cast<const QAbstractItemView*>(target) != nullptr ||
            qobject_cast<const QLineEdit*>(target) != nullptr ||
@@ -25,15 +25,15 @@ bool isOfOneFont(const QWidget* target) {
            qobject_cast<const BevelButton*>(target) != nullptr;
 }
 
-/// Keeps the first line that is visible in a text where it is while the text changes its height.
-class KeptLine {
+/// Keeps the first visible line of a text in its place while the height of lines changes.
+class FirstLineKeeper {
   public:
-    explicit KeptLine(QTextEdit& text)
+    explicit FirstLineKeeper(QTextEdit& text)
         : text_(text), line_(text.cursorForPosition(QPoint(0, 1))), top_(top()), scroll_(*text.verticalScrollBar()),
-          fromTheStart_(scroll_.value() == 0) {}
-    ~KeptLine() { scroll_.setValue(fromTheStart_ ? 0 : scroll_.value() + top() - top_); }
-    KeptLine(const KeptLine&) = delete;
-    KeptLine& operator=(const KeptLine&) = delete;
+          atTop_(scroll_.value() == 0) {}
+    ~FirstLineKeeper() { scroll_.setValue(atTop_ ? 0 : scroll_.value() + top() - top_); }
+    FirstLineKeeper(const FirstLineKeeper&) = delete;
+    FirstLineKeeper& operator=(const FirstLineKeeper&) = delete;
 
   private:
     int top() const { return text_.cursorRect(line_).top(); }
@@ -42,32 +42,32 @@ class KeptLine {
     QTextCursor line_;
     int top_;
     QScrollBar& scroll_;
-    bool fromTheStart_;
+    bool atTop_;
 };
 
-void applyBase(QWidget* target, const FontChange& style) {
+void applyToControl(QWidget* target, const FontChange& change) {
     QFont font = target->font();
-    style.base(font);
+    change.applyTo(font);
     target->setFont(font);
 }
 
 } // namespace
 
-void applyFontChange(QWidget* target, const FontChange& style, bool styled) {
+void applyFontChange(QWidget* target, const FontChange& change, bool styled) {
     auto* text = qobject_cast<QTextEdit*>(target);
     if (text == nullptr) {
-        if (isOfOneFont(target))
-            applyBase(target, style);
+        if (hasOneFont(target))
+            applyToControl(target, change);
         return;
     }
-    const KeptLine kept(*text);
+    const FirstLineKeeper keeper(*text);
     const bool isField = text->document()->maximumBlockCount() == 1;
     if (!isField || !styled)
-        applyBase(text, style);
+        applyToControl(text, change);
     if (!isField && !text->textCursor().hasSelection())
         text->selectAll();
     if (!isField || styled)
-        text->mergeCurrentCharFormat(style.selection);
+        text->mergeCurrentCharFormat(change.format);
 }
 
 } // namespace velmarin

@@ -9,18 +9,17 @@ class QWidget;
 
 namespace velmarin {
 
-/// A font or a size, in the two ways in which a control takes it.
+/// A new font family or a new font size.
 struct FontChange {
-    std::function<void(QFont&)> base; ///< changes the font of a whole control
-    QTextCharFormat selection;        ///< is laid over the selected text
+    std::function<void(QFont&)> applyTo; ///< changes the font of a whole control
+    QTextCharFormat format;              ///< merged into the format of selected text
 };
 
-/// Gives `target` the style in the way that suits the first of these kinds that it is; any other control stays as it
-/// is.
+/// Applies a change to `target`, depending on the first of these kinds that it is. Any other control is not changed.
 ///
 ///     pop-up menu    QComboBox                              the control
 ///     list box       QAbstractItemView                      the control
-///     edit field     QTextEdit held to one block of text    the selection if `styled`, else the control
+///     edit field     QTextEdit limited to one block of text    the selection if `styled`, else the control
 ///     text area      any other QTextEdit                    the control, then the selection; if nothing is selected,
 ///                                                           all of the text, which stays selected
 ///     text field     QLineEdit                              the control
@@ -28,7 +27,7 @@ struct FontChange {
 ///     static text    QLabel                                 the control
 ///     bevel button   BevelButton                            the control
 ///
-/// A text goes on showing the line that was the first visible one.
-void applyFontChange(QWidget* target, const FontChange& style, bool styled);
+/// The first visible line of a text stays the first visible one.
+void applyFontChange(QWidget* target, const FontChange& change, bool styled);
 
 } // namespace velmarin

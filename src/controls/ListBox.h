@@ -17,22 +17,21 @@ class ListBox : public QListView {
 
     void AddRow(std::string text);
     void setRows(std::vector<std::string> texts);
-    /// Nothing is selected then; nothing is emitted.
+    /// Leaves nothing selected and emits nothing.
     void DeleteAllRows();
     int rowCount() const;
-    /// The row's text byte for byte as it was added; empty for a row that is not there.
+    /// The text exactly as it was added; empty for a missing row.
     std::string List(int row) const;
 
-    /// The selected row, -1 for none.
+    /// The selected row, or -1.
     int ListIndex() const;
-    /// Selects a row, scrolls to it and emits `Change`, even if it is already selected. An index without a row selects
-    /// none.
+    /// Selects a row, scrolls to it and emits `Change`, even if it is already selected. A missing row means none.
     void setListIndex(int row);
     int SelCount() const;
     bool Selected(int row) const;
 
   signals:
-    /// Another row is selected, or none any more, or code has set the row.
+    /// Emitted when the selection changes, and whenever code sets the row.
     void Change();
 
   private:

@@ -17,9 +17,9 @@ namespace velmarin {
 
 namespace {
 
-constexpr int mostVisibleRows = 30;
-constexpr int widestPopup = 520;
-constexpr int measuredRows = 600;
+constexpr int kMostVisibleRows = 30;
+constexpr int kWidestPopup = 520;
+constexpr int kMeasuredRows = 600;
 
 } // namespace
 
@@ -58,7 +58,7 @@ QModelIndex MenuList::rowUnder(const QMouseEvent& event) const {
 }
 
 void MenuList::mouseMoveEvent(QMouseEvent* event) {
-    // Without the scrolling of QListView while a button is down: rows would run away under the pointer.
+    // QListView would scroll while a button is down, and rows would move away from under the pointer.
     const QModelIndex under = rowUnder(*event);
     if (under.isValid())
         selectionModel()->setCurrentIndex(under, QItemSelectionModel::ClearAndSelect);
@@ -79,7 +79,7 @@ MenuPopup::MenuPopup(RowModel* rows, int currentRow, QAbstractButton* owner)
     setPalette(edge);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSizeConstraint(QLayout::SetNoConstraint); // a list of one row is lower than Qt would have any list
+    layout->setSizeConstraint(QLayout::SetNoConstraint); // otherwise Qt makes a list of one row too high
     layout->addWidget(list_);
     list_->setItemDelegate(new MenuRowDelegate(currentRow, list_));
     list_->setModel(rows);
@@ -109,11 +109,11 @@ int MenuPopup::contentWidth(int visibleRows) const {
     const int first = std::max(0, currentRow_ - visibleRows);
     for (int row = first; row < first + 2 * visibleRows; ++row)
         measure(row);
-    // Of a long list a sample tells what the rest looks like; a row that is wider still is cut short.
-    const int step = std::max(1, rows_->count() / measuredRows);
+    // Of a long list only a sample is measured; a wider row is elided.
+    const int step = std::max(1, rows_->count() / kMeasuredRows);
     for (int row = 0; row < rows_->count(); row += step)
         measure(row);
-    return widest + MenuRowDelegate::sideRoom;
+    return widest + MenuRowDelegate::kSideRoom;
 }
 
 void MenuPopup::place() {
@@ -122,7 +122,7 @@ void MenuPopup::place() {
     const QRect room = screen->availableGeometry();
     const int frame = 2 * frameWidth();
     const int rowHeight = std::max(1, list_->sizeHintForRow(0));
-    const int wanted = std::min(rows_->count(), mostVisibleRows) * rowHeight + frame;
+    const int wanted = std::min(rows_->count(), kMostVisibleRows) * rowHeight + frame;
 
     const int below = room.bottom() - button.bottom();
     const int above = button.top() - room.top();
@@ -134,7 +134,7 @@ void MenuPopup::place() {
     int width = contentWidth(visibleRows) + frame;
     if (visibleRows < rows_->count())
         width += list_->verticalScrollBar()->sizeHint().width();
-    width = std::min({std::max(width, button.width()), std::max(widestPopup, button.width()), room.width()});
+    width = std::min({std::max(width, button.width()), std::max(kWidestPopup, button.width()), room.width()});
 
     const int left = std::clamp(button.left(), room.left(), room.right() + 1 - width);
     const int top = under ? button.bottom() + 1 : button.top() - height;
@@ -144,7 +144,7 @@ void MenuPopup::place() {
 void MenuPopup::mousePressEvent(QMouseEvent* event) {
     if (rect().contains(event->position().toPoint()))
         return;
-    // A press on the button itself closes the menu; handed on to it, it would open it again.
+    // A press on the button closes the menu; if Qt replayed it, the button would open the menu again.
     const QPoint onOwner = owner_->mapFromGlobal(event->globalPosition().toPoint());
     setAttribute(Qt::WA_NoMouseReplay, owner_->rect().contains(onOwner));
     close();

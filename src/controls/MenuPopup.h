@@ -9,7 +9,8 @@ namespace velmarin {
 
 class RowModel;
 
-/// The list inside a MenuPopup: highlights the row under the pointer, picks on release or Enter, searches as one types.
+/// The list in a MenuPopup. It highlights the row under the pointer, picks on release or Enter, and searches for typed
+/// text.
 class MenuList : public QListView {
     Q_OBJECT
   public:
@@ -26,20 +27,20 @@ class MenuList : public QListView {
     void mouseReleaseEvent(QMouseEvent* event) override;
 
   private:
-    /// The row that can be picked there; an invalid one for separators and outside.
+    /// The row under the pointer; invalid for separators and outside.
     QModelIndex rowUnder(const QMouseEvent& event) const;
 };
 
-/// The rows of a menu button as a pop-up window: opens at once however many rows there are, stays inside the screen,
-/// and closes by a pick, Escape or a press elsewhere. Destroys itself when closed.
+/// The pop-up window of a menu button. It opens at once however many rows there are, stays on the screen, and closes on
+/// a pick, Escape or a press elsewhere. Destroys itself when closed.
 class MenuPopup : public QFrame {
     Q_OBJECT
   public:
-    /// `currentRow` is marked and shown; -1: none.
+    /// `currentRow` is marked and scrolled to; -1: none.
     MenuPopup(RowModel* rows, int currentRow, QAbstractButton* owner);
 
-    /// Shows it beside its owner, never over it: a mouse that is still down where it opened the menu picks nothing by
-    /// its release there, and picks a row when it is drawn to that and released.
+    /// Opens below or above the owner, never over it: the release of the press that opened the menu picks nothing, but
+    /// dragging to a row and releasing there picks it.
     void open();
 
   signals:

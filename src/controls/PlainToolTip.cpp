@@ -17,8 +17,8 @@ void showPlainToolTip(const QPoint& globalPosition, const QString& text, QWidget
     QToolTip::showText(globalPosition, plainToolTip(text), widget);
 }
 
-QString toolTipWithWhole(const QString& whole, bool cutShort, const QString& tip) {
-    if (!cutShort)
+QString toolTipWithWhole(const QString& whole, bool elided, const QString& tip) {
+    if (!elided)
         return tip;
     return tip.isEmpty() ? whole : whole + u'\n' + tip;
 }

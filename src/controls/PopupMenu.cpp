@@ -2,7 +2,7 @@
 
 #include "controls/FittedText.h"
 #include "controls/PlainToolTip.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 
 #include <QAbstractItemView>
 #include <QFocusEvent>
@@ -22,12 +22,12 @@ namespace velmarin {
 
 namespace {
 
-constexpr int widestList = 520;
+constexpr int kWidestList = 520;
 
 } // namespace
 
 PopupMenu::PopupMenu(QWidget* parent) : QComboBox(parent) {
-    // A box with a prompt does not pick its first row by itself.
+    // Without a prompt, a QComboBox picks its first row by itself.
     setPrompt("Choose");
     setFocusPolicy(Qt::TabFocus);
     setMinimumSize(0, 0);
@@ -69,25 +69,25 @@ void PopupMenu::setPrompt(std::string_view prompt) {
 }
 
 void PopupMenu::setLabel(std::string_view label) {
-    // To a screen reader the name of a combo box is its row; only a label of its own says what the rows are.
-    auto* unseen = new QLabel(toQ(label), parentWidget());
-    unseen->setBuddy(this);
-    unseen->hide();
+    // The accessible name of a combo box is its row, unless a label is its buddy.
+    auto* hiddenLabel = new QLabel(toQ(label), parentWidget());
+    hiddenLabel->setBuddy(this);
+    hiddenLabel->hide();
 }
 
 void PopupMenu::showPopup() {
-    opensWhenTold_ = true;
-    tellOwner();
+    openRequested_ = true;
+    announceChoice();
 }
 
-void PopupMenu::tellOwner() {
-    if (telling_)
+void PopupMenu::announceChoice() {
+    if (announcing_)
         return;
     {
-        const QScopedValueRollback telling(telling_, true);
+        const QScopedValueRollback announcing(announcing_, true);
         emit aboutToChoose();
     }
-    if (std::exchange(opensWhenTold_, false))
+    if (std::exchange(openRequested_, false))
         openList();
 }
 
@@ -95,11 +95,11 @@ void PopupMenu::openList() {
     if (rows_.empty() || !isEnabled() || !isVisible())
         return;
     const int frame = 2 * (view()->frameWidth() + 12);
-    const int widest = std::min(widestList, screen()->availableGeometry().width());
+    const int widest = std::min(kWidestList, screen()->availableGeometry().width());
     view()->setMinimumWidth(std::clamp(view()->sizeHintForColumn(0) + frame, std::min(width(), widest), widest));
     view()->setTextElideMode(Qt::ElideMiddle);
     QComboBox::showPopup();
-    // With no row marked, the first press of Down would go to the second row.
+    // If no row is marked, the first press of Down would go to the second row.
     if (currentIndex() < 0)
         view()->setCurrentIndex(model()->index(0, modelColumn()));
 }
@@ -131,15 +131,15 @@ bool PopupMenu::event(QEvent* event) {
 
 void PopupMenu::enterEvent(QEnterEvent* event) {
     QComboBox::enterEvent(event);
-    tellOwner();
+    announceChoice();
     emit MouseEntered();
 }
 
 void PopupMenu::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
-    // Coming back from its own list is the end of choosing.
+    // Focus that returns from the list is the end of a choice.
     if (event->reason() != Qt::PopupFocusReason)
-        tellOwner();
+        announceChoice();
 }
 
 void PopupMenu::keyPressEvent(QKeyEvent* event) {
@@ -176,7 +176,7 @@ void PopupMenu::paintEvent(QPaintEvent*) {
     const QFont font = textFont();
     painter.setFont(font);
     option.fontMetrics = QFontMetrics(font);
-    // The prompt has the ink of a row: in grey the control would look disabled.
+    // The prompt has the color of a row: in grey the control would look disabled.
     painter.setPen(palette().color(QPalette::ButtonText));
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     option.currentText = elidedInMiddle(font, wholeText(), textRoom());

@@ -9,32 +9,33 @@
 
 namespace velmarin {
 
-/// A pop-up of rows, each with a tag of any kind. A row is picked from the open list only, by a click or Enter: the
-/// wheel and the arrow keys on the closed control change nothing. Down, Up, Space, F4 and Alt with an arrow open the
-/// list, and so does typing, which searches in it.
+/// A pop-up menu of rows, each with a tag of any type. A row is picked only from the open list, by a click or Enter;
+/// the wheel and the arrow keys on the closed control change nothing. Down, Up, Space, F4 and Alt with an arrow open
+/// the list. Typing opens it and searches in it.
 class PopupMenu : public QComboBox {
     Q_OBJECT
   public:
     explicit PopupMenu(QWidget* parent = nullptr);
 
     void AddRow(std::string text, std::any tag = {});
-    /// No row is picked then; nothing is emitted.
+    /// Leaves no row picked and emits nothing.
     void DeleteAllRows();
     int rowCount() const { return static_cast<int>(rows_.size()); }
-    /// The row's text byte for byte as it was added; empty for a row that is not there.
+    /// The text exactly as it was added; empty for a missing row.
     std::string List(int row) const;
-    /// Empty for a row that is not there.
+    /// Empty for a missing row.
     std::any Tag(int row) const;
 
-    /// The picked row, -1 for none.
+    /// The picked row, or -1.
     int ListIndex() const { return currentIndex(); }
-    /// Picks a row as the user does, `Change` included. A row that is not there means none.
+    /// Picks a row and emits `Change`. A missing row means none.
     void setListIndex(int row);
+    /// The same without `Change`.
     void setListIndexQuietly(int row);
 
     /// Shown while no row is picked.
     void setPrompt(std::string_view prompt);
-    /// What screen readers call the control where no label is seen beside it.
+    /// The name for screen readers of a control without a visible label.
     void setLabel(std::string_view label);
 
     void showPopup() override;
@@ -43,10 +44,10 @@ class PopupMenu : public QComboBox {
     /// Emitted on every pick, even of the current row.
     void Change();
     void MouseEntered();
-    /// The mouse was pressed on the control; the list has not opened yet.
+    /// Emitted on a mouse press on the control, before the list opens.
     void MouseDown();
-    /// The user may be about to choose: the pointer or the focus came in, or the list is about to open.
-    /// The owner may let events run while it fills the rows: the list opens at the end of that.
+    /// Emitted when the user may be about to choose: the pointer or the focus enters, or the list is about to open. The
+    /// owner may fill the rows and let events run meanwhile; the list opens when all handlers have returned.
     void aboutToChoose();
 
   protected:
@@ -63,16 +64,16 @@ class PopupMenu : public QComboBox {
         std::string text;
         std::any tag;
     };
-    /// Emits `aboutToChoose`, and then opens the list if that was asked for. Does nothing while it is under way.
-    void tellOwner();
+    /// Emits `aboutToChoose`, and then opens the list if that was requested. Does nothing if called from a handler.
+    void announceChoice();
     void openList();
     QFont textFont() const;
     QString wholeText() const;
     int textRoom() const;
 
     std::vector<Row> rows_;
-    bool telling_ = false;
-    bool opensWhenTold_ = false;
+    bool announcing_ = false;
+    bool openRequested_ = false;
 };
 
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #include "controls/ProgressBar.h"
 
-#include "controls/FittedText.h"
+#include "controls/DevicePixels.h"
 
 #include <QPainter>
 
@@ -11,12 +11,12 @@ namespace velmarin {
 
 namespace {
 
-constexpr int thickness = 12;
+constexpr int kThickness = 12;
 
 constexpr std::chrono::milliseconds kStep{40};
-/// Steps in which the running piece crosses the bar once.
+/// The number of steps in which the running piece crosses the bar.
 constexpr int kStepsAcross = 40;
-/// Length of the running piece, as a share of the bar.
+/// The length of the running piece, as a share of the bar.
 constexpr double kRunningPiece = 0.25;
 
 } // namespace
@@ -52,7 +52,7 @@ void ProgressBar::showFull() {
 }
 
 void ProgressBar::refresh() {
-    // Screen readers ask the base class, where a range of 0 to 0 means that the end is unknown.
+    // For screen readers. In the base class a range of 0 to 0 means that the end is unknown.
     setRange(0, full_ ? std::max(1, maximum_) : maximum_);
     QProgressBar::setValue(full_ ? maximum() : value_);
     runWhileVisible();
@@ -81,14 +81,14 @@ void ProgressBar::hideEvent(QHideEvent* event) {
 }
 
 QSize ProgressBar::sizeHint() const {
-    return orientation() == Qt::Vertical ? QSize(thickness, 10 * thickness) : QSize(10 * thickness, thickness);
+    return orientation() == Qt::Vertical ? QSize(kThickness, 10 * kThickness) : QSize(10 * kThickness, kThickness);
 }
 
 QRect ProgressBar::runningPiece(const QRect& bar) const {
     const bool vertical = orientation() == Qt::Vertical;
     const int whole = vertical ? bar.height() : bar.width();
     const int piece = qRound(kRunningPiece * whole);
-    // It comes in at one end and leaves at the other.
+    // The piece enters at one end and leaves at the other.
     const int end = qRound((stepsDone_ + 1.0) / (kStepsAcross + 1) * (whole + piece));
     const int from = std::max(0, end - piece);
     const int length = std::min(end, whole) - from;

@@ -5,11 +5,11 @@
 
 namespace velmarin {
 
-/// A plain bar that grows from the bottom, or from the left. It repaints itself as soon as its value changes, because
-/// the loops that use it hold the event loop.
+/// A plain bar that grows from the bottom or from the left. It repaints at once when its value changes, because the
+/// loops that use it do not return to the event loop.
 ///
-/// With a maximum of 0 the end is unknown: a short piece runs along the bar again and again for as long as the bar is
-/// visible and the loop lets events run.
+/// With a maximum of 0 the end is unknown: a short piece runs along the bar repeatedly while the bar is visible and the
+/// loop lets events run.
 class ProgressBar : public QProgressBar {
     Q_OBJECT
   public:
@@ -21,7 +21,7 @@ class ProgressBar : public QProgressBar {
     int Value() const { return value_; }
     /// Clamped to 0..`Maximum`.
     void setValue(int value);
-    /// Fills the bar whatever its maximum, until the next `setMaximum`: the work is done.
+    /// Fills the bar whatever its maximum, until the next `setMaximum`.
     void showFull();
 
     QSize sizeHint() const override;

@@ -4,7 +4,7 @@
 
 namespace velmarin {
 
-/// A push button that shows the focus. A default button looks the same with and without it in most styles.
+/// A push button that shows the focus. In most styles a default button looks the same with and without it.
 class PushButton : public QPushButton {
     Q_OBJECT
   public:

@@ -1,4 +1,4 @@
 #pragma once
 
-// The conversions stand below this folder, since the host needs them too.
+// The conversions are in `platform` because the host needs them too.
 #include "platform/QtText.h" // IWYU pragma: export

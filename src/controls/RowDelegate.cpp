@@ -1,5 +1,6 @@
 #include "controls/RowDelegate.h"
 
+#include "controls/DevicePixels.h"
 #include "controls/FittedText.h"
 #include "controls/PlainToolTip.h"
 
@@ -12,7 +13,7 @@
 
 namespace velmarin {
 
-int RowDelegate::roomIn(int width) const {
+int RowDelegate::textWidthIn(int width) const {
     return width - 2 * (QApplication::style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
 }
 
@@ -21,14 +22,13 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
     if (event->type() != QEvent::ToolTip)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString text = index.data().toString();
-    const bool cut = textWidth(view->font(), text) > roomIn(option.rect.width());
+    const bool cut = textWidth(view->font(), text) > textWidthIn(option.rect.width());
     showPlainToolTip(event->globalPos(), cut ? text : QString(), view);
     return true;
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    // Without a width of its own a row is as wide as the list, so that its text is cut with an ellipsis and not by the
-    // list's edge.
+    // With width 0 a row is as wide as the list, so that long text is elided and not clipped.
     return {0, std::max(QStyledItemDelegate::sizeHint(option, index).height(), option.fontMetrics.height() + 3)};
 }
 
@@ -52,11 +52,11 @@ void MenuRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(Qt::NoPen);
         painter->setBrush(ink);
-        painter->drawEllipse(QPointF(row.left() + markRoom / 2.0, row.center().y() + 0.5), 2.5, 2.5);
+        painter->drawEllipse(QPointF(row.left() + kMarkRoom / 2.0, row.center().y() + 0.5), 2.5, 2.5);
     }
     painter->setPen(ink);
     painter->setFont(option.font);
-    const QRect text = row.adjusted(markRoom, 0, -rightPadding, 0);
+    const QRect text = row.adjusted(kMarkRoom, 0, -kRightPadding, 0);
     painter->drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                       elidedInMiddle(option.font, index.data().toString(), text.width()));
     painter->restore();

@@ -4,7 +4,7 @@
 
 namespace velmarin {
 
-/// Rows of a list, a little less dense than the style's; the whole text of a row that is cut short is its tool tip.
+/// Rows of a list, slightly higher than the style's. An elided row shows its whole text as a tool tip.
 class RowDelegate : public QStyledItemDelegate {
     Q_OBJECT
   public:
@@ -15,26 +15,26 @@ class RowDelegate : public QStyledItemDelegate {
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
   protected:
-    /// The logical pixels that a row's text has in a row of `width`.
-    virtual int roomIn(int width) const;
+    /// The width for the text in a row of `width` logical pixels.
+    virtual int textWidthIn(int width) const;
 };
 
-/// Rows of a menu: a mark before the current one, separators as lines.
+/// Rows of a menu, with a mark before the current one and lines for separators.
 class MenuRowDelegate : public RowDelegate {
     Q_OBJECT
   public:
-    static constexpr int markRoom = 16;
-    static constexpr int rightPadding = 8;
-    static constexpr int sideRoom = markRoom + rightPadding;
+    static constexpr int kMarkRoom = 16;
+    static constexpr int kRightPadding = 8;
+    static constexpr int kSideRoom = kMarkRoom + kRightPadding;
 
-    /// `currentRow` bears the mark; -1: none.
+    /// `currentRow` has the mark; -1: none.
     MenuRowDelegate(int currentRow, QObject* parent) : RowDelegate(parent), currentRow_(currentRow) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
   protected:
-    int roomIn(int width) const override { return width - sideRoom; }
+    int textWidthIn(int width) const override { return width - kSideRoom; }
 
   private:
     int currentRow_;

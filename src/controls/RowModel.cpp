@@ -1,6 +1,6 @@
 #include "controls/RowModel.h"
 
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 
 #include <utility>
 

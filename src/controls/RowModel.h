@@ -8,8 +8,8 @@
 
 namespace velmarin {
 
-/// The rows of a menu or list, counted from 0, kept as the UTF-8 that came in. Adding a row costs nothing to speak of
-/// while no view is attached: a page list has up to some 200,000.
+/// The rows of a menu or list, counted from 0, as the UTF-8 that was added. Adding a row is cheap while no view is
+/// attached: a page list has up to about 200,000.
 class RowModel : public QAbstractListModel {
     Q_OBJECT
   public:
@@ -19,12 +19,12 @@ class RowModel : public QAbstractListModel {
     void appendSeparator();
     void setRows(std::vector<std::string> texts);
     void clear();
-    /// A row that is not there stays so.
+    /// Does nothing for a missing row.
     void remove(int row);
 
     int count() const { return static_cast<int>(rows_.size()); }
     bool has(int row) const { return row >= 0 && row < count(); }
-    /// Empty for a separator and for a row that is not there.
+    /// Empty for a separator and for a missing row.
     std::string_view text(int row) const;
     bool isSeparator(int row) const { return has(row) && rows_[static_cast<std::size_t>(row)].separator; }
 

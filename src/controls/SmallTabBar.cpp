@@ -2,7 +2,6 @@
 
 #include "controls/FittedText.h"
 #include "controls/PlainToolTip.h"
-#include "controls/TabPanel.h"
 
 #include <QHelpEvent>
 #include <QStyleOptionTab>
@@ -14,9 +13,9 @@ namespace velmarin {
 
 namespace {
 
-constexpr int sidePadding = 7;
-constexpr int narrowestTab = 96; // both ends of a name can be read
-constexpr int widestTab = 200;
+constexpr int kSidePadding = 7;
+constexpr int kNarrowestTab = 96; // both ends of a name stay readable
+constexpr int kWidestTab = 200;
 
 } // namespace
 
@@ -30,10 +29,10 @@ SmallTabBar::SmallTabBar(QWidget* parent) : QTabBar(parent) {
 }
 
 void SmallTabBar::setCaption(int tab, const QString& caption) {
-    // An ampersand in a dictionary's name is no shortcut.
+    // An ampersand in a dictionary's name must not become a shortcut.
     QString shown = caption;
     shown.replace(u'&', QLatin1String("&&"));
-    // The width goes by the whole caption, and is asked for as the text is set.
+    // Setting the text asks for the width, which depends on the whole caption.
     setTabWhatsThis(tab, caption);
     setTabText(tab, shown);
 }
@@ -56,15 +55,15 @@ void SmallTabBar::changeEvent(QEvent* event) {
 }
 
 void SmallTabBar::fitFont() {
-    if (fitting_)
+    if (settingFont_)
         return;
-    fitting_ = true;
-    setFont(fontForHeight(parentWidget()->font(), TabPanel::kBarHeight - 6));
-    fitting_ = false;
+    settingFont_ = true;
+    setFont(fontForHeight(parentWidget()->font(), kHeight - 6));
+    settingFont_ = false;
 }
 
 QString SmallTabBar::shownCaption(int tab) const {
-    return elidedInMiddle(font(), tabWhatsThis(tab), tabRect(tab).width() - 2 * sidePadding);
+    return elidedInMiddle(font(), tabWhatsThis(tab), tabRect(tab).width() - 2 * kSidePadding);
 }
 
 void SmallTabBar::paintEvent(QPaintEvent* event) {
@@ -81,7 +80,7 @@ void SmallTabBar::paintTab(QStylePainter& painter, int tab) const {
     QStyleOptionTab option;
     initStyleOption(&option, tab);
     painter.drawControl(QStyle::CE_TabBarTabShape, option);
-    const QRect caption = option.rect.adjusted(sidePadding, 0, -sidePadding, 0);
+    const QRect caption = option.rect.adjusted(kSidePadding, 0, -kSidePadding, 0);
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(caption, Qt::AlignCenter | Qt::TextSingleLine, shownCaption(tab));
     if (tab == currentIndex() && hasFocus()) {
@@ -91,15 +90,15 @@ void SmallTabBar::paintTab(QStylePainter& painter, int tab) const {
 }
 
 int SmallTabBar::captionWidth(int tab) const {
-    return textWidth(font(), tabWhatsThis(tab)) + 2 * sidePadding;
+    return textWidth(font(), tabWhatsThis(tab)) + 2 * kSidePadding;
 }
 
 QSize SmallTabBar::tabSizeHint(int tab) const {
-    return {std::min(captionWidth(tab), widestTab), TabPanel::kBarHeight};
+    return {std::min(captionWidth(tab), kWidestTab), kHeight};
 }
 
 QSize SmallTabBar::minimumTabSizeHint(int tab) const {
-    return {std::min(captionWidth(tab), narrowestTab), TabPanel::kBarHeight};
+    return {std::min(captionWidth(tab), kNarrowestTab), kHeight};
 }
 
 } // namespace velmarin

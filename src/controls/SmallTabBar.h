@@ -6,11 +6,13 @@ class QStylePainter;
 
 namespace velmarin {
 
-/// The tabs of a TabPanel. The style paints their shapes; the captions are painted here, since styles leave them hardly
-/// any room in so small a tab.
+/// The tabs of a TabPanel. The style paints their shapes. The captions are painted here, because styles leave too
+/// little room for them in so small a tab.
 class SmallTabBar : public QTabBar {
     Q_OBJECT
   public:
+    static constexpr int kHeight = 22;
+
     explicit SmallTabBar(QWidget* parent);
 
     void setCaption(int tab, const QString& caption);
@@ -29,7 +31,7 @@ class SmallTabBar : public QTabBar {
     void paintTab(QStylePainter& painter, int tab) const;
     int captionWidth(int tab) const;
 
-    bool fitting_ = false;
+    bool settingFont_ = false;
 };
 
 } // namespace velmarin

@@ -1,9 +1,8 @@
 #include "controls/TabPanel.h"
 
 #include "controls/AnchoredLayout.h"
-#include "controls/FittedText.h"
-#include "controls/QtText.h"
-#include "controls/SmallTabBar.h"
+#include "controls/DevicePixels.h"
+#include "platform/QtText.h"
 
 #include <QPainter>
 
@@ -13,7 +12,7 @@ namespace velmarin {
 
 namespace {
 
-/// A page with a thin frame, which hangs together with the tab above it.
+/// A page with a thin frame that joins its tab.
 class TabPage : public QWidget {
   public:
     using QWidget::QWidget;

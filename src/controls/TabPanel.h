@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/SmallTabBar.h"
+
 #include <QWidget>
 
 #include <string>
@@ -8,21 +10,19 @@
 
 namespace velmarin {
 
-class SmallTabBar;
-
-/// Pages one behind the other under a bar of small tabs. Captions that are too long are cut in the middle, with the
-/// whole of them in a tool tip; tabs that have no room are reached by the scroll buttons or the wheel, and the one in
-/// front is always in view. All pages, hidden ones too, have the panel's whole place below the bar.
+/// A stack of pages under a bar of small tabs. Long captions are elided in the middle and shown whole in a tool tip.
+/// Tabs that do not fit are reached by the scroll buttons or the wheel; the front tab is always in view. All pages,
+/// including hidden ones, fill the panel below the bar.
 class TabPanel : public QWidget {
     Q_OBJECT
   public:
-    static constexpr int kBarHeight = 22;
+    static constexpr int kBarHeight = SmallTabBar::kHeight;
 
     explicit TabPanel(QWidget* parent = nullptr);
 
     int PanelCount() const { return static_cast<int>(panels_.size()); }
 
-    /// The panel in front; -1 if there is none.
+    /// The panel in front, or -1.
     int Value() const;
     /// Does nothing if there is no such panel.
     void setValue(int panel);
@@ -30,16 +30,16 @@ class TabPanel : public QWidget {
     std::string caption(int panel) const;
     void setCaption(int panel, std::string_view caption);
 
-    /// Puts a panel before the one at `position` (held to 0 and `PanelCount`), and returns its page. The panel in front
-    /// stays in front; the first of all comes to the front by itself.
+    /// Inserts a panel at `position`, clamped to 0..`PanelCount`, and returns its page. The panel in front stays in
+    /// front; the first panel of all comes to the front.
     QWidget* insertPanel(int position, std::string_view caption);
-    /// Takes a panel out and deletes its page with all on it, once the present event is over.
+    /// Removes a panel. Its page and all its children are deleted when the current event is over.
     void removePanel(int panel);
-    /// The page; null if there is none.
+    /// The page, or null.
     QWidget* panel(int panel) const;
 
   signals:
-    /// Another page is in front, by the user or by code.
+    /// Emitted when another page comes to the front, by the user or by code.
     void Change();
 
   protected:

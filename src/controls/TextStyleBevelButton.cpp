@@ -1,6 +1,6 @@
 #include "controls/TextStyleBevelButton.h"
 
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "text/LetterCase.h"
 
 #include <QFont>
@@ -13,7 +13,7 @@ namespace velmarin {
 
 namespace {
 
-/// The value at a row or its absolute value, `beyond` where there is none.
+/// The value at the absolute value of `row`; `beyond` after the last.
 template <typename Value> Value valueAt(const std::vector<Value>& values, std::int32_t row, Value beyond) {
     const auto place = static_cast<std::size_t>(std::llabs(row));
     return place < values.size() ? values[place] : beyond;
@@ -30,45 +30,45 @@ TextStyleBevelButton::TextStyleBevelButton(std::string_view caption, QWidget* pa
 void TextStyleBevelButton::Event_Open() {
     if (std::exchange(opened_, true))
         return;
-    setRows(makeRows());
+    setRows(makeMenu());
     emit Open();
 }
 
 void TextStyleBevelButton::ApplySelection() {
     const int row = MenuValue();
-    // By number, since a handler may register more.
+    // By index, because a handler may add targets.
     for (std::size_t i = 0; i < targets_.size(); ++i) {
         const QPointer<QWidget> target = targets_[i];
         if (target.isNull())
             continue;
-        applyFontChange(target, styleOf(row), Styled);
-        tellApplied(row, target);
+        applyFontChange(target, changeFor(row), Styled);
+        emitAction(row, target);
     }
-    keepCurrent(row);
+    setCurrent(row);
 }
 
 TextFontBevelButton::TextFontBevelButton(QWidget* parent) : TextStyleBevelButton("Font", parent) {}
 
-std::vector<std::string> TextFontBevelButton::makeRows() {
+std::vector<std::string> TextFontBevelButton::makeMenu() {
     for (const QString& family : QFontDatabase::families())
         FontArray.push_back(fromQ(family));
     CurrentFontName = "System";
     return FontArray;
 }
 
-FontChange TextFontBevelButton::styleOf(int row) const {
+FontChange TextFontBevelButton::changeFor(int row) const {
     const QString family = toQ(FontArray.at(static_cast<std::size_t>(row)));
-    FontChange style;
-    style.base = [family](QFont& font) { font.setFamily(family); };
-    style.selection.setFontFamilies({family});
-    return style;
+    FontChange change;
+    change.applyTo = [family](QFont& font) { font.setFamily(family); };
+    change.format.setFontFamilies({family});
+    return change;
 }
 
-void TextFontBevelButton::tellApplied(int row, QWidget* target) {
+void TextFontBevelButton::emitAction(int row, QWidget* target) {
     emit Action(FontArray.at(static_cast<std::size_t>(row)), target);
 }
 
-void TextFontBevelButton::keepCurrent(int row) {
+void TextFontBevelButton::setCurrent(int row) {
     CurrentFontName = FontArray.at(static_cast<std::size_t>(row));
 }
 
@@ -86,10 +86,10 @@ void TextFontBevelButton::SelectMenuFromFontName(std::string_view name) {
 
 TextSizeBevelButton::TextSizeBevelButton(QWidget* parent) : TextStyleBevelButton("Size", parent) {}
 
-std::vector<std::string> TextSizeBevelButton::makeRows() {
+std::vector<std::string> TextSizeBevelButton::makeMenu() {
     SizeArray = {9};
-    for (std::int32_t half = 5; half <= 20; ++half)
-        SizeArray.push_back(2 * half);
+    for (std::int32_t size = 10; size <= 40; size += 2)
+        SizeArray.push_back(size);
     CurrentFontSize = 14;
     std::vector<std::string> rows;
     for (const std::int32_t size : SizeArray)
@@ -97,19 +97,19 @@ std::vector<std::string> TextSizeBevelButton::makeRows() {
     return rows;
 }
 
-FontChange TextSizeBevelButton::styleOf(int row) const {
+FontChange TextSizeBevelButton::changeFor(int row) const {
     const auto size = static_cast<float>(SizeArray.at(static_cast<std::size_t>(row)));
-    FontChange style;
-    style.base = [size](QFont& font) { font.setPointSizeF(size); };
-    style.selection.setFontPointSize(size);
-    return style;
+    FontChange change;
+    change.applyTo = [size](QFont& font) { font.setPointSizeF(size); };
+    change.format.setFontPointSize(size);
+    return change;
 }
 
-void TextSizeBevelButton::tellApplied(int row, QWidget* target) {
+void TextSizeBevelButton::emitAction(int row, QWidget* target) {
     emit Action(SizeArray.at(static_cast<std::size_t>(row)), target);
 }
 
-void TextSizeBevelButton::keepCurrent(int row) {
+void TextSizeBevelButton::setCurrent(int row) {
     CurrentFontSize = SizeArray.at(static_cast<std::size_t>(row));
 }
 

@@ -12,88 +12,90 @@
 
 namespace velmarin {
 
-/// What the font button and the size button have in common: a menu of values, and controls that take the chosen one.
+/// A menu button that applies the chosen font or size to other controls, its targets. Base of the font button and the
+/// size button.
 class TextStyleBevelButton : public BevelButton {
     Q_OBJECT
   public:
-    /// Makes the menu and emits `Open`. The owner calls it once it has connected to that; it works once.
+    /// Fills the menu and emits `Open`. The owner calls it after connecting to `Open`. Further calls do nothing.
     void Event_Open();
-    /// What a pick in the menu does: `ApplySelection`.
+    /// Runs on a pick in the menu.
     void Event_Action() { ApplySelection(); }
-    /// Adds a control to those that take the value. Added twice, it takes it twice; one that has died is passed over.
+    /// Adds a target. One that is added twice is changed twice; one that was deleted is skipped.
     void SetObjObject(QWidget* object) { targets_.emplace_back(object); }
-    /// Gives all targets the value of the current row. Without rows there is none: std::out_of_range.
+    /// Applies the value of the current row to all targets. Throws std::out_of_range if there are no rows.
     void ApplySelection();
 
-    /// Edit fields take the value for their selection alone; otherwise for the whole field.
+    /// Whether an edit field is changed in its selection only, not as a whole.
     bool Styled = false;
 
   signals:
-    /// At the end of `Event_Open`: the time to register targets.
+    /// Emitted at the end of `Event_Open`, for the owner to add targets.
     void Open();
 
   protected:
     TextStyleBevelButton(std::string_view caption, QWidget* parent);
 
-    virtual std::vector<std::string> makeRows() = 0;
-    virtual FontChange styleOf(int row) const = 0;
-    virtual void tellApplied(int row, QWidget* target) = 0;
-    virtual void keepCurrent(int row) = 0;
+    /// Sets the values and returns the rows of the menu.
+    virtual std::vector<std::string> makeMenu() = 0;
+    virtual FontChange changeFor(int row) const = 0;
+    virtual void emitAction(int row, QWidget* target) = 0;
+    virtual void setCurrent(int row) = 0;
 
   private:
     std::vector<QPointer<QWidget>> targets_;
     bool opened_ = false;
 };
 
-/// Chooses among the installed fonts.
+/// The font button: a menu of the installed font families.
 class TextFontBevelButton : public TextStyleBevelButton {
     Q_OBJECT
   public:
     explicit TextFontBevelButton(QWidget* parent = nullptr);
 
-    /// The row's font, negative rows by their absolute value; "System" beyond the last.
+    /// The font of a row, a negative one by its absolute value; "System" after the last row.
     std::string GetFontName(std::int32_t row) const;
-    /// Picks the last row of that name, case ignored, or the first of all where there is none, and applies it.
+    /// Picks the last row with that name (case ignored), or row 0 if there is none, and applies it.
     void SelectMenuFromFontName(std::string_view name);
 
     std::vector<std::string> FontArray;
     std::string CurrentFontName; ///< the last font applied
-    std::int32_t Untitled = 0;   ///< reserved: nothing reads or writes it
+    std::int32_t Untitled = 0;   ///< reserved, unused
 
   signals:
-    /// `target` has been given the font.
+    /// Emitted when the font has been applied to `target`.
     void Action(const std::string& font, QWidget* target);
 
   protected:
-    std::vector<std::string> makeRows() override;
-    FontChange styleOf(int row) const override;
-    void tellApplied(int row, QWidget* target) override;
-    void keepCurrent(int row) override;
+    std::vector<std::string> makeMenu() override;
+    FontChange changeFor(int row) const override;
+    void emitAction(int row, QWidget* target) override;
+    void setCurrent(int row) override;
 };
 
-/// Chooses among the sizes 9 and 10 to 40 in steps of 2, in points.
+/// The size button: a menu of the sizes 9, 10, 12 and so on to 40, in points.
 class TextSizeBevelButton : public TextStyleBevelButton {
     Q_OBJECT
   public:
     explicit TextSizeBevelButton(QWidget* parent = nullptr);
 
-    /// The row's size, negative rows by their absolute value; 10 beyond the last, which is not the size at start.
+    /// The size of a row, a negative one by its absolute value; 10 after the last row.
     std::int32_t GetFontSize(std::int32_t row) const;
-    /// Picks the row of that size, or the first of all where there is none, and applies it.
+    /// Picks the row with that size, or row 0 if there is none, and applies it.
     void SelectMenuFromFontSize(std::int32_t size);
 
     std::vector<std::int32_t> SizeArray;
     std::int32_t CurrentFontSize = 0; ///< the last size applied
 
   signals:
-    /// `target` has been given the size.
+    /// Emitted when the size has been applied to `target`.
     void Action(std::int32_t size, QWidget* target);
 
   protected:
-    std::vector<std::string> makeRows() override;
-    FontChange styleOf(int row) const override;
-    void tellApplied(int row, QWidget* target) override;
-    void keepCurrent(int row) override;
+    std::vector<std::string> makeMenu() override;
+    FontChange changeFor(int row) const override;
+    void emitAction(int row, QWidget* target) override;
+    void setCurrent(int row) override;
 };
 
 } // namespace velmarin

@@ -20,8 +20,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-WriteResult failure(const fs::path& path, std::string_view why) {
-    return {.ok = false, .reason = "\"" + path.native() + "\" could not be written: " + std::string(why)};
+Failure notWritten(const fs::path& path, const std::string& why) {
+    return {FolderItem(path), "it could not be written: " + why};
 }
 
 /// Where the bytes go: the end of a chain of links, which may not exist yet.
@@ -39,7 +39,7 @@ std::optional<fs::path> endOfLinks(fs::path path) {
     return std::nullopt;
 }
 
-/// A temporary file on its way to its name, removed again unless it gets there. It is locked for as long as it is open,
+/// A temporary file on its way to its name, removed again unless it gets there. It is locked while it is open,
 /// which tells it from the leftover of a run that was killed.
 class TemporaryFile {
   public:
@@ -94,18 +94,18 @@ class TemporaryFile {
 
 } // namespace
 
-WriteResult writeFileAtomically(const fs::path& path, std::string_view bytes, Durability durability) {
+Result writeFileAtomically(const fs::path& path, std::string_view bytes, Durability durability) {
     const auto target = endOfLinks(path);
     if (!target)
-        return failure(path, "it is a link that leads nowhere");
+        return notWritten(path, "it is a link that leads nowhere");
     const fs::path folder = target->has_parent_path() ? target->parent_path() : fs::path(".");
     struct stat old {};
     const bool replaces = ::lstat(target->c_str(), &old) == 0;
     if (replaces && !S_ISREG(old.st_mode))
-        return failure(path, "it is not a file");
+        return notWritten(path, "it is not a file");
     // A rename would get past the write protection of the file itself.
     if (replaces && ::faccessat(AT_FDCWD, target->c_str(), W_OK, AT_EACCESS) != 0)
-        return failure(path, errorInWords(errno));
+        return notWritten(path, errorInWords(errno));
     Work quiet;
     if (durability == Durability::Flushed)
         clearLeftovers(folder, quiet);
@@ -113,9 +113,9 @@ WriteResult writeFileAtomically(const fs::path& path, std::string_view bytes, Du
     TemporaryFile temporary;
     if (!temporary.make(folder) || (replaces && !temporary.keepMode(old)) || !temporary.write(bytes, durability) ||
         !temporary.moveTo(*target))
-        return failure(path, errorInWords(errno));
+        return notWritten(path, errorInWords(errno));
     if (durability == Durability::Flushed && !flushFolder(folder))
-        return failure(path, errorInWords(errno));
+        return notWritten(path, errorInWords(errno));
     return {};
 }
 

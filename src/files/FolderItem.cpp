@@ -50,8 +50,8 @@ bool isAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-/// The first name in a folder, by ListingOrder, that folds as `name` does; empty where there is none. Folding in full
-/// costs more than reading the folder does, so two ASCII names are compared as they stand.
+/// The first name in a folder, by ListingOrder, that folds as `name` does; empty if there is none. Folding in full
+/// costs more than reading the folder does, so two ASCII names are compared directly.
 std::string firstAlike(const fs::path& folder, std::string_view name) {
     const bool plain = isAscii(name);
     const std::string folded = foldedFileName(name);

@@ -36,16 +36,16 @@ class FolderItem {
     FolderItem Parent() const;
 
     /// The item called `name` in this folder: the exact name first, then one that is equal when case and Unicode
-    /// composition are ignored (the first in listing order). Where there is none, an item that does not exist.
-    /// A name that is no single path component (empty, ".", "..", with "/" or NUL) gives one that does not exist and
+    /// composition are ignored (the first in listing order). If there is none, an item that does not exist.
+    /// A name that is not a single path component (empty, ".", "..", with "/" or NUL) gives one that does not exist and
     /// cannot be made.
     FolderItem Child(std::string_view name) const;
 
-    /// All items of the folder in ListingOrder, links as they stand. Empty where it cannot be listed.
+    /// All items of the folder in ListingOrder, links unresolved. Empty if it cannot be listed.
     std::vector<FolderItem> items() const;
     /// This item with a link followed; a link to nothing stays as it is.
     FolderItem resolved() const;
-    /// Whether both lead to one item on the disk, by device and inode. An item that does not exist is none.
+    /// Whether both lead to one item on the disk, by device and inode. False if one does not exist.
     bool isSameItem(const FolderItem& other) const;
 
     /// Makes the folder. Returns false with errno if it is not there afterwards.

@@ -17,9 +17,9 @@ class FolderListing {
     explicit FolderListing(FolderItem folder);
 
     const FolderItem& folder() const { return folder_; }
-    /// False where the folder cannot be listed, which `names` does not tell from an empty one.
+    /// False if the folder cannot be listed; `names` is then empty too.
     bool listed() const { return listed_; }
-    /// In ListingOrder; empty where the folder cannot be listed.
+    /// In ListingOrder; empty if the folder cannot be listed.
     const std::vector<std::string>& names() const { return names_; }
 
     /// As FolderItem::Child. A folder that may be entered but not listed is asked member by member.

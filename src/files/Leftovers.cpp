@@ -31,7 +31,7 @@ Descriptor openLeftover(const fs::path& path) {
     return Descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
 }
 
-/// Whether a folder of replaced members holds none any more.
+/// Whether a folder of replaced members is empty now.
 bool isEmptied(const fs::path& hidden) {
     const auto names = listNames(hidden);
     return names && std::all_of(names->begin(), names->end(), [&](const std::string& name) {

@@ -9,7 +9,7 @@ namespace velmarin {
 
 namespace {
 
-/// Where the first LF or CR stands, or `end`. Looks through pieces, so that a text without the one is not searched
+/// The first LF or CR, or `end`. Looks through pieces, so that a text without one of them is not searched
 /// through for it at every line.
 const char* findLineEnd(const char* at, const char* end) {
     constexpr std::ptrdiff_t kPiece = 256;

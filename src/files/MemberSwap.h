@@ -16,7 +16,7 @@ inline constexpr const char* kCopiedMembers = "copied";
 inline constexpr const char* kMemberList = "names";
 
 /// To which of the new members `names` an old member of this name belongs: the equal one, or else the first that is
-/// equal when case and Unicode composition are ignored; empty where there is none.
+/// equal when case and Unicode composition are ignored; empty if there is none.
 std::string replacedBy(const std::string& oldName, const std::vector<std::string>& names);
 
 /// Takes back the swap of those members of `hidden` (a hidden folder in `folder`) that belong to `names`: new ones that

@@ -10,7 +10,7 @@
 
 namespace velmarin {
 
-/// The size, identity and time of change of a file: what tells that it is still the file that was read.
+/// The size, identity and time of change of a file: if all are equal, it is still the file that was read.
 struct FileStamp {
     std::uint64_t size = 0;
     std::uint64_t inode = 0;
@@ -22,7 +22,7 @@ struct FileStamp {
 /// A descriptor of a regular file opened for reading, without ever waiting: a FIFO, a device or a folder is an error.
 class ReadOnlyFile {
   public:
-    /// Nothing where the file is missing, is not a regular file or cannot be read.
+    /// nullopt if the file is missing, is not a regular file or cannot be read.
     static std::optional<ReadOnlyFile> open(const FolderItem& item);
 
     FileStamp stamp() const;

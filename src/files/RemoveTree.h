@@ -7,7 +7,7 @@
 namespace velmarin {
 
 /// Removes a file, link or folder with all it holds, write-protected folders included. False with errno of the first
-/// failure, after which it goes on with the rest.
+/// failure; the rest is removed all the same.
 bool removeTree(const std::filesystem::path& item, Work& work);
 
 } // namespace velmarin

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/Descriptor.h"
-#include "files/Failure.h"
+#include "files/Result.h"
 #include "files/TemporaryName.h"
 #include "files/TreeCopy.h"
 
@@ -22,7 +22,7 @@ namespace velmarin {
 /// except replaced members that are still to be moved away.
 class StagedMembers {
   public:
-    /// Nothing with errno where the hidden folder cannot be made.
+    /// nullopt with errno if the hidden folder cannot be made.
     static std::optional<StagedMembers> in(const std::filesystem::path& folder);
 
     StagedMembers(StagedMembers&& other) noexcept;
@@ -33,13 +33,13 @@ class StagedMembers {
     std::filesystem::path placeOf(std::string_view name) const;
     /// Says that a member has been made there, whole and flushed.
     void add(std::string name) { names_.push_back(std::move(name)); }
-    /// Copies what was planned as a member of that name, and adds it where it is whole.
+    /// Copies what was planned as a member of that name, and adds it if it is whole.
     CopyOutcome copy(const TreePlan& plan, const std::string& name, Work& work, Failures& failures);
 
-    /// Moves a member to a name that is free, or that of an empty folder where the member is a folder; anywhere on the
+    /// Moves a member to a name that is free, or that of an empty folder if the member is a folder; anywhere on the
     /// same file system. False with errno.
     bool moveTo(std::string_view name, const std::filesystem::path& target);
-    /// Gives a member its name and takes what has it, in one step. False with errno where the file system cannot.
+    /// Gives a member its name and takes what has it, in one step. False with errno if the file system cannot.
     bool exchange(std::string_view name);
 
     /// Writes down which members are to be swapped. False with errno.
@@ -60,7 +60,7 @@ class StagedMembers {
     /// Returns from keepOld to before it. False with errno.
     bool undoKeepOld();
 
-    /// Removes what is hidden. False with errno where something of it is left.
+    /// Removes what is hidden. False with errno if something of it is left.
     bool drop(Work& work);
 
   private:

@@ -35,24 +35,24 @@ bool setAttributes(int descriptor, mode_t permissions, const timespec& read, con
 /// Makes a folder that was not there.
 bool makeFolder(const std::filesystem::path& folder);
 
-/// A folder opened for flushing and locking; false where it cannot be.
+/// A folder opened for flushing and locking; false if it cannot be opened.
 Descriptor openFolder(const std::filesystem::path& folder);
 
-/// Locks an open file or folder that nobody else has locked; false, at once, where somebody has.
+/// Locks an open file or folder that nobody else has locked; false, at once, if somebody has.
 bool lockAlone(const Descriptor& opened);
 
-/// Locks a hidden item that was made a moment ago. False where another process has taken it for a leftover: the item is
+/// Locks a hidden item that was made a moment ago. False if another process has taken it for a leftover: the item is
 /// then gone or about to go. File systems without locks pass.
 bool lockFresh(const Descriptor& made);
 
-/// Renames; false with EEXIST where the new name is taken, so that nothing is ever replaced.
+/// Renames; false with EEXIST if the new name is taken, so that nothing is replaced.
 bool renameToFreeName(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// renameToFreeName, also for a folder that its owner has write-protected: the system wants to write to a folder that
 /// gets another parent. Its permissions stay.
 bool renameItem(const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Gives each of two items of one file system the other's name, in one step. EINVAL where the file system cannot.
+/// Gives each of two items of one file system the other's name, in one step. EINVAL if the file system cannot.
 bool exchangeNames(const std::filesystem::path& one, const std::filesystem::path& other);
 
 /// Lets the owner write to a folder that is write-protected, while the object lives.

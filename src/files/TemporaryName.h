@@ -18,7 +18,7 @@ std::string newTemporaryName();
 /// A name of that kind with the numbers of `name`.
 std::string temporaryNameAs(TemporaryKind kind, std::string_view name);
 
-/// Nothing where the name is none of these.
+/// nullopt if the name is none of these.
 std::optional<TemporaryKind> temporaryKind(std::string_view name);
 bool isTemporaryName(std::string_view name);
 

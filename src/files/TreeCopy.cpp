@@ -42,7 +42,7 @@ bool pace(int descriptor, std::uint64_t from, std::uint64_t to) {
     return range(from - kOnItsWay, to - kOnItsWay, kArrived);
 }
 
-/// Copies bytes between two descriptors a piece at a time, by the kernel where it can.
+/// Copies bytes between two descriptors a piece at a time, by the kernel if it can.
 class BytePump {
   public:
     BytePump(int from, int to) : from_(from), to_(to) {}
@@ -50,7 +50,7 @@ class BytePump {
     /// Whether it was reading that failed.
     bool readFailed() const { return readFailed_; }
 
-    /// How many were copied, at most `most`: 0 at the end, nothing with errno on failure.
+    /// How many were copied, at most `most`: 0 at the end, nullopt with errno on failure.
     std::optional<std::size_t> copy(std::size_t most) {
         while (byKernel_) {
             const ssize_t done = ::copy_file_range(from_, nullptr, to_, nullptr, most, 0);

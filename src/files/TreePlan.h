@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/Failure.h"
+#include "files/Result.h"
 #include "files/Work.h"
 
 #include <cstddef>
@@ -28,21 +28,21 @@ struct PlannedItem {
     timespec read{}, changed{};
 };
 
-/// What a copy will consist of, found out before the first byte of it is written: what stands in its way is known at
+/// What a copy will consist of, found out before the first byte of it is written: obstacles are known at
 /// once, and the amount of work too.
 struct TreePlan {
     std::filesystem::path source;
-    /// The top first, every folder before what is in it. Empty where nothing can be copied.
+    /// The top first, every folder before what is in it. Empty if nothing can be copied.
     std::vector<PlannedItem> items;
     std::uint64_t bytes = 0;
-    /// What no copy can hold: FIFOs, devices and sockets; where links are followed, those that lead nowhere, in a
+    /// What no copy can hold: FIFOs, devices and sockets; if links are followed, those that lead nowhere, in a
     /// circle, or to a folder that the destination lies in. The copy counts as whole without them.
     Failures leftOut;
     /// What ought to be in the copy and cannot be read: without it the copy would not be whole.
     Failures unreadable;
 
     std::filesystem::path pathOf(const PlannedItem& item) const { return placeOf(item, source); }
-    /// Where an item stands in a copy whose top is `top`.
+    /// Where an item is in a copy whose top is `top`.
     static std::filesystem::path placeOf(const PlannedItem& item, const std::filesystem::path& top) {
         return item.name.empty() ? top : std::filesystem::path(top.native() + "/" + item.name);
     }

@@ -12,7 +12,7 @@ struct WorkDone {
     std::filesystem::path item; ///< what is being worked on
     std::uint64_t bytes = 0;    ///< copied so far
     std::uint64_t of = 0;       ///< as far as known yet
-    /// The folder that another run holds locked, for as long as this one waits for it; otherwise empty.
+    /// The folder that another run holds locked, while this one waits for it; otherwise empty.
     std::filesystem::path waitsFor;
 };
 

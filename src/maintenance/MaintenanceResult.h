@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/Failure.h"
+#include "files/Result.h"
 #include "files/TreePlan.h"
 
 #include <string>

@@ -49,8 +49,8 @@ void BusyState::tell(bool busy) {
     // A copy, since a listener may add or drop listeners.
     const auto told = listeners_;
     for (const auto& listener : told)
-        if (const auto held = listener.lock())
-            (*held)(busy);
+        if (const auto alive = listener.lock())
+            (*alive)(busy);
 }
 
 void BusyState::postNext() {
@@ -58,8 +58,8 @@ void BusyState::postNext() {
         return;
     posted_ = true;
     post_([self = std::weak_ptr<BusyState*>(self_)] {
-        if (const auto held = self.lock())
-            (*held)->runNext();
+        if (const auto alive = self.lock())
+            (*alive)->runNext();
     });
 }
 

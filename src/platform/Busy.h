@@ -7,9 +7,9 @@
 
 namespace velmarin {
 
-/// Knows whether a loop that pumps events is under way, so that commands that would pull the ground from under it can
-/// be refused (`busy()`), greyed out (`onChange`) or put off to its end (`whenFree`). Owned by the application object
-/// and handed on by reference; used on the main thread only.
+/// Knows whether a loop that pumps events is running, so that commands that would delete what it works on can
+/// be refused (`busy()`), greyed out (`onChange`) or delayed to its end (`whenFree`). Owned by the application object
+/// and passed on by reference; used on the main thread only.
 class BusyState {
   public:
     using Action = std::function<void()>;
@@ -53,10 +53,10 @@ class BusyState {
     bool posted_ = false;
     std::deque<Action> waiting_;
     std::vector<std::weak_ptr<Listener>> listeners_;
-    std::shared_ptr<BusyState*> self_; // lets a posted turn see that the state has died
+    std::shared_ptr<BusyState*> self_; // tells a posted turn whether the state still exists
 };
 
-/// Held by a loop that pumps events, for as long as it runs. Guards nest.
+/// Held by a loop that pumps events, while it runs. Guards nest.
 class Busy {
   public:
     explicit Busy(BusyState& state) : state_(state) { state_.begin(); }

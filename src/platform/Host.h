@@ -31,10 +31,10 @@ class Host {
     /// the caller makes it.
     virtual std::filesystem::path SelectFolder(std::string_view prompt, const std::filesystem::path& openAt = {},
                                                FolderChoice choice = FolderChoice::Existing) = 0;
-    /// A file chosen by the user among those with the given extensions (".txt", none: all); empty where cancelled.
+    /// A file chosen by the user among those with the given extensions (".txt", none: all); empty if cancelled.
     virtual std::filesystem::path GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) = 0;
 
-    /// Opens a file or folder in the host's own browser. False where the host could not.
+    /// Opens a file or folder in the host's own browser. False if the host could not.
     virtual bool Launch(const std::filesystem::path& item) = 0;
 
     /// Lets waiting events run, at most every 30 ms: cheap enough to call in the innermost pass of a long loop.

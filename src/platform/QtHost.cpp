@@ -20,9 +20,9 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::chrono::milliseconds pumpInterval{30};
-constexpr qsizetype shownCharacters = 2000;
-constexpr qsizetype shownLines = 24;
+constexpr std::chrono::milliseconds kPumpInterval{30};
+constexpr qsizetype kShownCharacters = 2000;
+constexpr qsizetype kShownLines = 24;
 
 QString shownText(std::string_view text) {
     QString shown = toQ(text);
@@ -34,13 +34,13 @@ QString shownText(std::string_view text) {
 
 QString firstLines(const QString& text) {
     qsizetype end = 0;
-    for (qsizetype line = 0; line < shownLines; ++line) {
+    for (qsizetype line = 0; line < kShownLines; ++line) {
         end = text.indexOf(u'\n', end);
         if (end < 0)
             break;
         ++end;
     }
-    const qsizetype length = std::min(end < 0 ? text.size() : end, shownCharacters);
+    const qsizetype length = std::min(end < 0 ? text.size() : end, kShownCharacters);
     return length == text.size() ? text : text.left(length).trimmed() + QChar(0x2026);
 }
 
@@ -56,7 +56,7 @@ QMessageBox::StandardButton run(QMessageBox::Icon icon, std::string_view text, Q
     const QString shown = firstLines(whole);
     QPointer<QMessageBox> box =
         new QMessageBox(icon, QGuiApplication::applicationDisplayName(), shown, buttons, dialogParent());
-    // Names of files and dictionaries stand in these texts: none of it is markup.
+    // These texts contain names of files and dictionaries: nothing in them is markup.
     box->setTextFormat(Qt::PlainText);
     if (shown != whole)
         box->setDetailedText(whole);
@@ -112,7 +112,7 @@ std::filesystem::path QtHost::GetOpenFile(std::string_view prompt, const std::ve
     QStringList patterns;
     for (const std::string& extension : extensions)
         patterns << QLatin1String("*") + toQ(extension);
-    // A file that bears none of the extensions may be what is asked for all the same.
+    // The user may want a file with another extension.
     const QString filter =
         patterns.isEmpty() ? QString()
                            : QLatin1String("Usual files (") + patterns.join(u' ') + QLatin1String(");;All files (*)");
@@ -133,7 +133,7 @@ bool QtHost::Launch(const std::filesystem::path& item) {
 }
 
 void QtHost::Yield() {
-    if (pumping_ || clock_() - lastPump_ < pumpInterval)
+    if (pumping_ || clock_() - lastPump_ < kPumpInterval)
         return;
     pumping_ = true;
     const auto done = [this](void*) {

@@ -28,7 +28,7 @@ class QtHost : public Host {
                                        FolderChoice choice = FolderChoice::Existing) override;
     std::filesystem::path GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) override;
 
-    /// False as well where `item` does not exist, whatever the desktop would make of that.
+    /// Also false if `item` does not exist, whatever the desktop does with that.
     bool Launch(const std::filesystem::path& item) override;
 
     /// Pumps at most every 30 ms. A call from inside a pump (by a handler that runs a loop of its own) does nothing.

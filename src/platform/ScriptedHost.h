@@ -13,7 +13,7 @@ struct ScriptedKey {
     std::deque<bool> next;
 };
 
-/// A host without a screen, for tests: what it is asked it answers from a script, what it is told it keeps.
+/// A host without a screen, for tests: what it is asked it answers from a script, what it is shown it keeps.
 class ScriptedHost : public Host {
   public:
     ScriptedKey shift, command, option;

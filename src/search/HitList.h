@@ -23,9 +23,6 @@ class HitList : public QObject, public HitDisplay {
     /// @param tabPanel is moved to the right of the list when that is shown
     HitList(HitModel& hits, QWidget* tabPanel, QWidget* parent, AnchoredLayout& layout);
 
-    ListBox* LB() const { return LB_; }
-    QLabel* InfoST() const { return InfoST_; }
-
     void showList() override;
     void clearRows() override;
     void addRow(const std::string& text) override;

@@ -39,7 +39,7 @@ void HitModel::show(const HitItem& hit) {
     target.setJumpRows({});
     target.describe({}, {}, {});
     target.setErrata({});
-    tabs_.setCurrentDicNum(hit.DictionaryNumber);
+    tabs_.setListMode_CurrentDicNum(hit.DictionaryNumber);
     tabs_.setCaption(0, hit.DictionaryName);
     const std::shared_ptr<DictionaryItem> item = group_.dictionary(hit.DictionaryNumber);
     const PageOutcome outcome = target.load(item->ImageFolder.Child(hit.ImageName), target.fit());

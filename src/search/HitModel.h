@@ -22,13 +22,11 @@ class HitModel {
     void showIn(HitDisplay& display) { display_ = &display; }
     void showList() { display_->showList(); }
 
-    const std::vector<std::string>& rows() const { return rows_; }
     void clearRows();
     void addRow(const std::string& text);
     /// Gives the list the keyboard and chooses its first row. Does nothing without rows.
     void chooseFirstRow();
 
-    const std::vector<HitItem>& pHiteItems() const { return pHiteItems_; }
     void clearHits() { pHiteItems_.clear(); }
     /// Adds the hit of a dictionary, still without a page.
     HitItem& addHit(int dicIndex);

@@ -19,8 +19,11 @@ PageDeck::PageDeck(PageTabs& tabs, Host& host, QWidget* parent)
 
 PageDeck::~PageDeck() = default;
 
-SmartCanvas* PageDeck::frontCanvas() const {
-    return sets_[static_cast<std::size_t>(tabs_.front())]->MainCanvas;
+void PageDeck::scrollFront(bool down) {
+    SmartCanvas* canvas = sets_[static_cast<std::size_t>(tabs_.front())]->MainCanvas;
+    const int step = static_cast<int>(canvas->height() / 50.0);
+    if (tabs_.tab(tabs_.front()).hasPage())
+        canvas->SmartScroll(0, down ? -step : step);
 }
 
 PageDisplay& PageDeck::addTab(const std::string& caption) {

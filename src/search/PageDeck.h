@@ -15,7 +15,6 @@ class ControlSet;
 class FolderItem;
 class Host;
 class PageTabs;
-class SmartCanvas;
 class TabPanel;
 
 /// The tab panel of a main window with a control set on each tab: shows a PageTabs, and tells it what the user does.
@@ -28,7 +27,8 @@ class PageDeck : public QObject, public TabDisplay {
     ~PageDeck() override;
 
     TabPanel* TB() const { return TB_; }
-    SmartCanvas* frontCanvas() const;
+    /// Scrolls the page of the tab in front by a fiftieth of its height. Does nothing if there is no page.
+    void scrollFront(bool down);
 
     PageDisplay& addTab(const std::string& caption) override;
     void removeLaterTabs() override;

@@ -37,9 +37,8 @@ class PageTabs {
     /// Removes the page of a tab, which keeps its menus.
     void dropPage(int tabIndex);
 
-    /// In list mode, the dictionary that is shown.
-    int pListMode_CurrentDicNum() const { return pListMode_CurrentDicNum_; }
-    void setCurrentDicNum(int dicIndex) { pListMode_CurrentDicNum_ = dicIndex; }
+    /// The dictionary that list mode shows.
+    void setListMode_CurrentDicNum(int dicIndex) { pListMode_CurrentDicNum_ = dicIndex; }
 
     /// Shows a page by its name. Does nothing for an empty name, and for the name that the tab shows. All pages but
     /// those of chosen hits are shown by this.

@@ -7,9 +7,7 @@
 #include "controls/QtText.h"
 #include "platform/Busy.h"
 #include "search/PageDeck.h"
-#include "search/PageTabs.h"
 #include "search/SearchModel.h"
-#include "view/SmartCanvas.h"
 
 #include <QKeyEvent>
 
@@ -23,9 +21,8 @@ bool isArrow(int key) {
 
 } // namespace
 
-QueryBar::QueryBar(SearchModel& search, const PageTabs& tabs, const PageDeck& deck, BusyState& busy, QWidget* parent,
-                   AnchoredLayout& layout)
-    : QObject(parent), search_(search), tabs_(tabs), deck_(deck), busy_(busy), SearchEF_(new QLineEdit(parent)),
+QueryBar::QueryBar(SearchModel& search, PageDeck& deck, BusyState& busy, QWidget* parent, AnchoredLayout& layout)
+    : QObject(parent), search_(search), deck_(deck), busy_(busy), SearchEF_(new QLineEdit(parent)),
       SeparatelyCB_(new QCheckBox(QStringLiteral("Search separately"), parent)),
       OKBT_(new PushButton(QStringLiteral("OK"), parent)), PB_(new ProgressBar(Qt::Vertical, parent)) {
     SearchEF_->setObjectName(QStringLiteral("SearchEF"));
@@ -147,10 +144,7 @@ bool QueryBar::eventFilter(QObject* watched, QEvent* event) {
 bool QueryBar::SearchEF_KeyDown(int key, Qt::KeyboardModifiers modifiers) {
     if ((modifiers & (Qt::ControlModifier | Qt::AltModifier)) != 0 || (key != Qt::Key_Up && key != Qt::Key_Down))
         return false;
-    SmartCanvas* canvas = deck_.frontCanvas();
-    const int step = static_cast<int>(canvas->height() / 50.0);
-    if (tabs_.tab(tabs_.front()).hasPage())
-        canvas->SmartScroll(0, key == Qt::Key_Down ? -step : step);
+    deck_.scrollFront(key == Qt::Key_Down);
     return true;
 }
 

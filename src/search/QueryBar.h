@@ -12,7 +12,6 @@ namespace velmarin {
 class AnchoredLayout;
 class BusyState;
 class PageDeck;
-class PageTabs;
 class ProgressBar;
 class SearchModel;
 
@@ -21,8 +20,7 @@ class QueryBar : public QObject, public SearchDisplay {
     Q_OBJECT
 
   public:
-    QueryBar(SearchModel& search, const PageTabs& tabs, const PageDeck& deck, BusyState& busy, QWidget* parent,
-             AnchoredLayout& layout);
+    QueryBar(SearchModel& search, PageDeck& deck, BusyState& busy, QWidget* parent, AnchoredLayout& layout);
 
     QLineEdit* SearchEF() const { return SearchEF_; }
     QCheckBox* SeparatelyCB() const { return SeparatelyCB_; }
@@ -56,8 +54,7 @@ class QueryBar : public QObject, public SearchDisplay {
     void finish(const QString& query);
 
     SearchModel& search_;
-    const PageTabs& tabs_;
-    const PageDeck& deck_;
+    PageDeck& deck_;
     BusyState& busy_;
     QLineEdit* SearchEF_;
     QCheckBox* SeparatelyCB_;

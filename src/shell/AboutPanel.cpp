@@ -14,10 +14,10 @@ constexpr QSize kLogoSize{96, 28};
 
 QString aboutText() {
     return QStringLiteral("Velmarin\n\n"
-                          "finds a word in scanned dictionaries and shows the page on which it stands.\n\n"
+                          "finds a word in scanned dictionaries and shows the page it is on.\n\n"
                           "Pick a group of dictionaries at the top left, type a word and press Return.\n\n"
                           "With thanks to all who scanned, indexed and shared old dictionaries, and to the makers "
-                          "of the libraries that Velmarin stands on: Qt, Leptonica, GraphicsMagick, utf8proc and "
+                          "of the libraries that Velmarin uses: Qt, Leptonica, GraphicsMagick, utf8proc and "
                           "PCRE2.\n\n"
                           "This text disappears immediately when you execute a search.");
 }

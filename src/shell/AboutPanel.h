@@ -9,8 +9,9 @@ namespace velmarin {
 
 class AnchoredLayout;
 
-/// The two ornaments of a main window: the logo, which changes whenever the pointer enters it and suits a light or a
-/// dark desktop, and the acknowledgement, which goes away when the pointer enters it or a search has run.
+/// The logo and the acknowledgement of a main window. The logo alternates between two pictures each time the pointer
+/// enters it, and can be read on light and dark desktops. The acknowledgement is hidden when the pointer enters it or a
+/// search has run.
 class AboutPanel : public QObject {
     Q_OBJECT
 
@@ -30,7 +31,7 @@ class AboutPanel : public QObject {
 
     QLabel* LOGO_;
     QLabel* AboutST_;
-    /// Which of the two pictures of pLogo is shown.
+    /// The index in pLogo.
     int shownLogo_ = 0;
 };
 

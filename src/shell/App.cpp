@@ -1,6 +1,8 @@
 #include "shell/App.h"
 
 #include "platform/EventLoopPost.h"
+#include "platform/Host.h"
+#include "shell/AboutPanel.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"
 #include "store/UserPreferencesFolder.h"
@@ -11,35 +13,24 @@
 
 #include <QApplication>
 
-#include <algorithm>
-#include <array>
-
 namespace velmarin {
-
-namespace {
-
-struct AppCommand {
-    std::string_view name;
-    void (App::*run)(int index);
-};
-
-constexpr std::array<AppCommand, 8> kCommands{{
-    {"SpecialCheckDictionaires", &App::SpecialCheckDictionaires_Action},
-    {"SpecialChangedictionaryorder", &App::SpecialChangedictionaryorder_Action},
-    {"SpecialOpenDictionaryFolder", &App::SpecialOpenDictionaryFolder_Action},
-    {"SpecialInstall", &App::SpecialInstall_Action},
-    {"SpecialExport", &App::SpecialExport_Action},
-    {"Cons_FileNew", &App::Cons_FileNew_Action},
-    {"WinItem", &App::WinItem_Action},
-    {"FileQuit", &App::FileQuit_Action},
-}};
-
-} // namespace
 
 App::App(Host& host, const FolderItem& applicationFolder, std::string version)
     : host_(host), applicationFolder_(applicationFolder), version_(std::move(version)), busy_(eventLoopPost()),
-      preferences_([&host](std::string_view text) { host.MsgBox(text); }), pageImages_(*this), maintenanceLink_(*this),
-      maintenance_(maintenanceLink_, host, busy_) {
+      preferences_([&host](std::string_view text) { host.MsgBox(text); }, module_.pThis_PreferencesFolder,
+                   module_.pNewDicPref),
+      pageImages_(host, preferences_, module_.pThis_PreferencesFolder, {this}),
+      services_{.host = host,
+                .busy = busy_,
+                .preferences = preferences_,
+                .pageImages = pageImages_,
+                .windows = windows_,
+                .commands = {this, &editCommands_},
+                .pDictionaryFolder = module_.pDictionaryFolder,
+                .pThis_PreferencesFolder = module_.pThis_PreferencesFolder,
+                .pSelectedDicTag = module_.pSelectedDicTag},
+      maintenanceAccess_(windows_, module_, preferences_, pageImages_, {this}),
+      maintenance_(maintenanceAccess_, host, busy_) {
     setMessageHandler([&host](std::string_view text) { host.MsgBox(text); });
 }
 
@@ -52,8 +43,8 @@ void App::Event_Open() {
         mStrMod_OpenThisModule();
         mFiMod_OpenThisModule();
         mDDmod_OpenThisModule();
-        module.mThisMod_OpenThisModule(applicationFolder_);
-        module.pDictionaryFolder = applicationFolder_.Child("DictionaryFolder");
+        module_.mThisMod_OpenThisModule(applicationFolder_);
+        module_.pDictionaryFolder = applicationFolder_.Child("DictionaryFolder");
         mMakeNewMainWin();
     } catch (const NilObjectException&) {
         host_.MsgBox("Error: app open 0");
@@ -61,90 +52,24 @@ void App::Event_Open() {
 }
 
 void App::mMakeNewMainWin() {
-    if (windows_.empty()) {
-        auto made = std::make_unique<MainWindow>(*this);
-        made->groupPicker().mMakeSelectDicPU();
-        MainWindow& window = *made;
-        // In the list before the pick, so that a group that is picked at once counts as in use.
-        windows_.push_back(std::move(made));
-        window.groupPicker().pickOnlyRow();
-        window.pDefaultMainWindow = true;
-        showVersion(window);
-        window.show();
+    const bool isFirst = windows_.count() == 0;
+    if (!isFirst && windows_.count() >= windows_.window(0).parts().groupPicker->rowCount()) {
+        showVersion(windows_.window(0));
         return;
     }
-    if (static_cast<int>(windows_.size()) - 1 >= windows_.front()->groupPicker().rowCount() - 1) {
-        showVersion(*windows_.front());
-        return;
-    }
-    auto made = std::make_unique<MainWindow>(*this);
-    MainWindow& window = *made;
-    window.groupPicker().mMakeSelectDicPU();
-    window.pMyIndex = static_cast<int>(windows_.size());
-    windows_.push_back(std::move(made));
-    winItems_.emplace_back(kWinItemWithoutGroup);
-    for (const auto& each : windows_)
-        each->menus().setWindowItems(winItems_);
-    window.groupPicker().pickOnlyRow();
+    auto made = std::make_unique<MainWindow>(services_);
+    made->parts().groupPicker->mMakeSelectDicPU();
+    // In the list before the pick, so that a group that is picked at once counts as in use.
+    MainWindow& window = windows_.add(std::move(made));
+    window.parts().groupPicker->pickOnlyRow();
+    window.pDefaultMainWindow = isFirst;
     showVersion(window);
     window.show();
 }
 
 void App::showVersion(MainWindow& window) const {
-    window.appendToAbout("\n\n\nThis Velmarin is at the version " + version_);
+    window.parts().about->append("\n\n\nThis Velmarin is at the version " + version_);
     window.setTitle(window.title() + " version " + version_);
-}
-
-MainWindow& App::window(int index) const {
-    if (index < 0 || index >= static_cast<int>(windows_.size()))
-        throw NilObjectException("There is no main window number " + std::to_string(index) + ".");
-    return *windows_[static_cast<std::size_t>(index)];
-}
-
-bool App::isLastVisible(const MainWindow& window) const {
-    return std::none_of(windows_.begin(), windows_.end(),
-                        [&window](const auto& each) { return each.get() != &window && each->isVisible(); });
-}
-
-void App::rebuildSelectedDic() {
-    std::vector<WindowPick> picks;
-    for (const auto& window : windows_)
-        picks.push_back(window->groupPicker().pick());
-    SelectedDic = rowsInUse(picks);
-}
-
-bool App::isShown(const FolderItem& group) const {
-    return std::any_of(windows_.begin(), windows_.end(), [&group](const auto& window) {
-        return window->hasGroup() && window->group().pDictionaryGroupFolder.isSameItem(group);
-    });
-}
-
-void App::setWinItemText(int index, const std::string& text) {
-    winItems_.at(static_cast<std::size_t>(index)) = text;
-    for (const auto& window : windows_)
-        window->menus().setWindowItems(winItems_);
-}
-
-bool App::handles(std::string_view command) const {
-    if (EditCommands::handles(command))
-        return true;
-    for (const AppCommand& each : kCommands)
-        if (each.name == command)
-            return true;
-    return false;
-}
-
-bool App::handle(std::string_view command, int index) {
-    if (EditCommands::handles(command)) {
-        editCommands_.run(command);
-        return true;
-    }
-    for (const AppCommand& each : kCommands)
-        if (each.name == command) {
-            (this->*each.run)(index);
-            return true;
-        }
-    return false;
 }
 
 void App::SpecialCheckDictionaires_Action(int) {
@@ -152,7 +77,7 @@ void App::SpecialCheckDictionaires_Action(int) {
 }
 
 void App::mCheckDictionaries() {
-    // The command is there and does nothing: checking a dictionary is the command line's work.
+    // Does nothing, but counts as handled: dictionaries are checked on the command line.
 }
 
 void App::mKeyDownSmartCanvasWindow(std::string_view) {}
@@ -160,13 +85,14 @@ void App::mKeyDownSmartCanvasWindow(std::string_view) {}
 void App::mKeyDownSubSmartCanvasWindow(std::string_view) {}
 
 void App::SpecialChangedictionaryorder_Action(int) {
-    if (ActiveMainWin != nullptr && ActiveMainWin->groupPicker().pick().row >= 0)
-        maintenance_.changeDictionariesOrder(ActiveMainWin->pMyIndex, ActiveMainWin->groupPicker().pickedFolder());
+    const MainWindow* window = windows_.ActiveMainWin;
+    if (window != nullptr && window->parts().groupPicker->pick().row >= 0)
+        maintenance_.changeDictionariesOrder(window->pMyIndex, window->parts().groupPicker->pickedFolder());
 }
 
 void App::SpecialOpenDictionaryFolder_Action(int) {
-    if (!host_.Launch(module.pDictionaryFolder.path()))
-        host_.MsgBox("The folder could not be opened: " + module.pDictionaryFolder.path().string());
+    if (!host_.Launch(module_.pDictionaryFolder.path()))
+        host_.MsgBox("The folder could not be opened: " + module_.pDictionaryFolder.path().string());
 }
 
 void App::SpecialInstall_Action(int) {
@@ -182,7 +108,8 @@ void App::Cons_FileNew_Action(int) {
 }
 
 void App::WinItem_Action(int index) {
-    window(index).bringToFront();
+    if (index < windows_.count())
+        windows_.window(index).bringToFront();
 }
 
 void App::FileQuit_Action(int) {
@@ -192,7 +119,7 @@ void App::FileQuit_Action(int) {
 void App::quit() {
     busy_.whenStopped([this] {
         pageImages_.close();
-        for (const auto& window : windows_)
+        for (const auto& window : windows_.MainWinList())
             window->close();
         QApplication::quit();
     });

@@ -14,7 +14,7 @@ namespace velmarin {
 
 namespace {
 
-/// A menu text as the user sees it, without the mark of its letter.
+/// A menu text as the user sees it.
 QString withoutMnemonic(QString text) {
     for (qsizetype mark = text.indexOf(u'&'); mark >= 0; mark = text.indexOf(u'&', mark + 1))
         text.remove(mark, 1);
@@ -43,25 +43,24 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::bad_alloc&) {
-        tell(receiver, "There is not enough memory for this.");
+        report(receiver, "There is not enough memory for this.");
     } catch (const std::exception& failure) {
-        tell(receiver, failure.what());
+        report(receiver, failure.what());
     }
     return false;
 }
 
-void Application::tell(const QObject* receiver, const std::string& failure) {
-    const QString doing = taskOf(receiver);
-    const std::string what =
-        doing.isEmpty() ? failure : "\"" + fromQ(doing) + "\" could not be finished.\n\n" + failure;
-    // The message box pumps events itself: a failure that repeats at every paint must not stack up boxes.
-    if (host_ == nullptr || telling_) {
+void Application::report(const QObject* receiver, const std::string& failure) {
+    const QString task = taskOf(receiver);
+    const std::string what = task.isEmpty() ? failure : "\"" + fromQ(task) + "\" could not be finished.\n\n" + failure;
+    // The message box runs an event loop: a failure that repeats at every paint must not stack up boxes.
+    if (host_ == nullptr || reporting_) {
         std::cerr << "velmarin: " << what << '\n';
         return;
     }
-    telling_ = true;
+    reporting_ = true;
     host_->MsgBox(what);
-    telling_ = false;
+    reporting_ = false;
 }
 
 } // namespace velmarin

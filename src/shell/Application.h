@@ -8,11 +8,11 @@
 
 namespace velmarin {
 
-/// What a failure message calls the task that an event for `receiver` asked for: a menu item's or a button's caption.
-/// Empty for all else: a field or a page is no task.
+/// The name of the task that an event for `receiver` starts, for a failure message: the caption of a menu item or a
+/// button. Empty for anything else.
 QString taskOf(const QObject* receiver);
 
-/// The Qt application, with the one place that catches what no handler caught: it is shown, and the program stays up.
+/// The Qt application. Shows every exception that no handler caught; the program stays up.
 class Application : public QApplication {
     Q_OBJECT
 
@@ -22,11 +22,11 @@ class Application : public QApplication {
     bool notify(QObject* receiver, QEvent* event) override;
 
   private:
-    void tell(const QObject* receiver, const std::string& what);
+    void report(const QObject* receiver, const std::string& failure);
 
     AltKeyFilter altKeys_;
     Host* host_ = nullptr;
-    bool telling_ = false;
+    bool reporting_ = false;
 };
 
 } // namespace velmarin

@@ -4,10 +4,10 @@ class QWidget;
 
 namespace velmarin {
 
-class App;
+class Commands;
 
-/// Gives a window without a menu bar the shortcuts of the commands that the application carries out: new window, quit,
-/// the main windows by their digits. Those of tabs and pages stay with the main windows.
-void addApplicationShortcuts(App& app, QWidget* window);
+/// Gives a window without a menu bar the shortcuts of the commands in `application`: new window, quit, the main windows
+/// by their digits.
+void addApplicationShortcuts(const Commands& application, QWidget* window);
 
 } // namespace velmarin

@@ -3,9 +3,9 @@
 #include "controls/AnchoredLayout.h"
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"
-#include "shell/App.h"
-#include "shell/MainWindow.h"
-#include "shell/NoGroupNotice.h"
+#include "platform/Busy.h"
+#include "shell/WindowListPort.h"
+#include "shell/WindowServices.h"
 #include "store/GroupList.h"
 #include "text/LetterCase.h"
 
@@ -23,8 +23,10 @@ std::string whereDictionariesBelong(const FolderItem& dictionaryFolder) {
 
 } // namespace
 
-GroupPicker::GroupPicker(App& app, MainWindow& window, QWidget* parent, AnchoredLayout& layout)
-    : QObject(parent), app_(app), window_(window), SelectDicFolPU_(new PopupMenu(parent)) {
+GroupPicker::GroupPicker(GroupPort& window, const WindowServices& services, QWidget* parent, AnchoredLayout& layout)
+    : QObject(parent), window_(window), busy_(services.busy), windows_(services.windows),
+      pDictionaryFolder_(services.pDictionaryFolder), pSelectedDicTag_(services.pSelectedDicTag),
+      SelectDicFolPU_(new PopupMenu(parent)) {
     SelectDicFolPU_->setObjectName(QStringLiteral("SelectDicFolPU"));
     SelectDicFolPU_->setLabel("Dictionary group");
     layout.add(SelectDicFolPU_, QRect(11, 3, 160, 20), Anchor::Left | Anchor::Top);
@@ -35,7 +37,7 @@ GroupPicker::GroupPicker(App& app, MainWindow& window, QWidget* parent, Anchored
 
 void GroupPicker::mMakeSelectDicPU() {
     SelectDicFolPU_->DeleteAllRows();
-    for (const GroupRow& row : listGroups(app_.module.pDictionaryFolder))
+    for (const GroupRow& row : listGroups(pDictionaryFolder_))
         SelectDicFolPU_->AddRow(row.name, std::any(row.folder));
     showHelp();
 }
@@ -77,14 +79,13 @@ void GroupPicker::dropPick() {
 
 void GroupPicker::showHelp() {
     const bool empty = rowCount() == 0;
-    SelectDicFolPU_->setToolTip(
-        toQ(empty ? whereDictionariesBelong(app_.module.pDictionaryFolder) : app_.module.pSelectedDicTag));
+    SelectDicFolPU_->setToolTip(toQ(empty ? whereDictionariesBelong(pDictionaryFolder_) : pSelectedDicTag_));
 }
 
 void GroupPicker::SelectDicFolPU_MouseEnter() {
     showHelp();
-    // A pick that waits for the end of a search shows already, and is not yet one to go back to.
-    if (!app_.busy().busy())
+    // A pick that waits for the end of a search is shown already, but must not be restored.
+    if (!busy_.busy())
         pSelectedDicIndex_ = SelectDicFolPU_->ListIndex();
 }
 
@@ -92,24 +93,22 @@ void GroupPicker::SelectDicFolPU_Change() {
     const int row = SelectDicFolPU_->ListIndex();
     if (row < 0)
         return;
-    if (app_.busy().busy()) {
-        app_.busy().whenFree([this] { SelectDicFolPU_Change(); });
+    if (busy_.busy()) {
+        busy_.whenFree([this] { SelectDicFolPU_Change(); });
         return;
     }
-    // Rows are counted in each window's own pop-up, so the folder is compared as well.
-    if (app_.SelectedDic.contains(row) || app_.isShown(pickedFolder())) {
+    // Each window counts the rows of its own pop-up, so the folder is compared as well.
+    if (windows_.SelectedDic().contains(row) || windows_.isShown(pickedFolder())) {
         SelectDicFolPU_->setListIndexQuietly(pSelectedDicIndex_);
         return;
     }
     const bool opened = window_.changeGroup(pickedFolder());
-    app_.rebuildSelectedDic();
-    app_.module.pSelectedDicTag = takenGroupsHelp(app_.SelectedDic, SelectDicFolPU_->rowCount());
+    windows_.rebuildSelectedDic();
+    pSelectedDicTag_ = takenGroupsHelp(windows_.SelectedDic(), SelectDicFolPU_->rowCount());
     pSelectedDicIndex_ = SelectDicFolPU_->ListIndex();
     showHelp();
-    if (opened && !app_.module.pSelectedDicTag.empty())
-        app_.setWinItemText(window_.pMyIndex, window_.title());
     if (opened)
-        window_.search(window_.notice().takeWord());
+        window_.groupChanged();
 }
 
 } // namespace velmarin

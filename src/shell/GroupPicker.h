@@ -5,48 +5,65 @@
 
 #include <QObject>
 
-#include <functional>
 #include <string>
 
 namespace velmarin {
 
 class AnchoredLayout;
-class App;
-class MainWindow;
+class BusyState;
 class PopupMenu;
+class WindowListPort;
+struct WindowServices;
 
-/// The group pop-up of one main window and what a pick in it does: no group stands in two windows.
+/// What a group pop-up asks of its window.
+class GroupPort {
+  public:
+    virtual ~GroupPort() = default;
+
+    /// The pop-up is pressed.
+    virtual void SelectDicFolPU_MouseDown() = 0;
+    /// Saves the group being left and shows the one in `folder`. False if it cannot be read: the window then has no
+    /// group.
+    virtual bool changeGroup(const FolderItem& folder) = 0;
+    /// The new group is shown, and counts as in use.
+    virtual void groupChanged() = 0;
+};
+
+/// The group pop-up of a main window. It refuses a group that is in use in any window.
 class GroupPicker : public QObject {
     Q_OBJECT
 
   public:
-    GroupPicker(App& app, MainWindow& window, QWidget* parent, AnchoredLayout& layout);
+    GroupPicker(GroupPort& window, const WindowServices& services, QWidget* parent, AnchoredLayout& layout);
 
     PopupMenu* SelectDicFolPU() const { return SelectDicFolPU_; }
 
-    /// Fills the pop-up with the groups that stand in `DictionaryFolder` now.
+    /// Fills the pop-up with the groups that are in `DictionaryFolder` now.
     void mMakeSelectDicPU();
-    /// Picks the row where there is exactly one.
+    /// Picks the row if there is exactly one.
     void pickOnlyRow();
-    /// Picks the row of that name, case ignored. False where there is none.
+    /// Picks the row of that name, ignoring case. False if there is none.
     bool pickNamed(const std::string& name);
     int rowCount() const;
     WindowPick pick() const;
-    /// The folder of the picked row; nil where none is picked.
+    /// The folder of the picked row; nil if none is picked.
     FolderItem pickedFolder() const;
-    /// Takes the pick back without any event: what a closed window answers from then on.
+    /// Clears the pick without an event; a closed window answers this.
     void dropPick();
 
   private:
     void SelectDicFolPU_Change();
     void SelectDicFolPU_MouseEnter();
-    /// The help tag: which groups cannot be picked, or, where there are none, where they belong.
+    /// Sets the help tag: which groups cannot be picked or, if there are none, where they belong.
     void showHelp();
 
-    App& app_;
-    MainWindow& window_;
+    GroupPort& window_;
+    BusyState& busy_;
+    WindowListPort& windows_;
+    const FolderItem& pDictionaryFolder_;
+    std::string& pSelectedDicTag_;
     PopupMenu* SelectDicFolPU_;
-    /// The row when the mouse last entered: the row to go back to after a refused pick.
+    /// The row when the mouse last entered, which a refused pick restores.
     int pSelectedDicIndex_ = -1;
 };
 

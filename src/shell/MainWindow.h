@@ -1,35 +1,25 @@
 #pragma once
 
-#include "search/WindowModel.h"
-#include "shell/MenuBar.h"
+#include "shell/Commands.h"
+#include "shell/GroupPicker.h"
+#include "shell/MainWindowParts.h"
 #include "shell/PlacementKeeper.h"
 
-#include <QLabel>
 #include <QMainWindow>
 
-#include <memory>
 #include <string>
 #include <string_view>
 
 namespace velmarin {
 
-class AboutPanel;
-class AnchoredLayout;
-class App;
-class GroupPicker;
-class HitList;
-class MainWindowStepper;
-class NoGroupNotice;
-class PageDeck;
-class QueryBar;
-class SideLink;
+class MenuBar;
 
-/// A main window: the front of its parts. It owns them, tells them of the window's events, and hands commands on.
-class MainWindow : public QMainWindow {
+/// A main window: shows and leaves groups, and passes events and commands on to its parts.
+class MainWindow : public QMainWindow, private GroupPort {
     Q_OBJECT
 
   public:
-    explicit MainWindow(App& app);
+    explicit MainWindow(const WindowServices& services);
     ~MainWindow() override;
 
     /// True for the first window only: only that one saves its placement.
@@ -37,42 +27,28 @@ class MainWindow : public QMainWindow {
     /// Its position in MainWinList, and the index of its row in the menu "Mainwindow".
     int pMyIndex = 0;
 
-    GroupPicker& groupPicker() const { return *groupPicker_; }
-    QueryBar& queryBar() const { return *queryBar_; }
-    SideLink& sideLink() const { return *sideLink_; }
-    NoGroupNotice& notice() const { return *notice_; }
+    const MainWindowParts& parts() const { return parts_; }
+    WindowModel& model() { return parts_.model; }
+    const GroupModel& group() const { return parts_.model.group; }
     MenuBar& menus() const { return *menus_; }
-    WindowModel& model() { return model_; }
-    const GroupModel& group() const { return model_.group; }
 
-    std::string title() const;
+    std::string title() const { return title_; }
     void setTitle(const std::string& title);
-    void appendToAbout(const std::string& text);
     void bringToFront();
 
-    bool hasGroup() const { return !model_.group.pDictionaryGroupFolder.isNil(); }
-    /// What a pick of a free group does: saves the group being left and reads the new one. False if that fails.
-    bool changeGroup(const FolderItem& group);
+    bool hasGroup() const { return !group().pDictionaryGroupFolder.isNil(); }
     /// Resets to the no-group state without writing anything, and refills the group pop-up.
     void resetToNoGroup();
     /// Shows a group. If its folder cannot be read, says so and leaves the window without a group.
-    void ReadDictionaryFolder(const FolderItem& group);
+    void ReadDictionaryFolder(const FolderItem& folder);
     void mWritePreferences_DicGroup();
-    /// An empty search field, the controls of a window with a group enabled, and no page in the first tab. Nothing
-    /// happens without a group.
+    /// Clears the search field and the first tab's page, and enables the controls of a window with a group. Does
+    /// nothing without a group.
     void readyForSearch();
-    /// Searches a word as if it had been typed; nothing for an empty one.
+    /// Searches a word as if it had been typed; does nothing for an empty one.
     void search(const std::string& word);
-    /// A press on the group pop-up closes the side window.
-    void SelectDicFolPU_MouseDown();
 
-    /// Direction 1 is a page forward, any other a page back.
-    void mNextBack(int direction, int tab);
-    /// 0 is a screenful up, 1 one down.
-    void mUpDown(int direction, int tab);
-
-    /// Whether the window, not the application, carries out a command of the menu bar.
-    bool handles(std::string_view command) const;
+  public slots:
     void TabBackNext_Action(int direction);
     void TabTopTail_Action(int direction);
     void ImageBackNext_Action(int direction);
@@ -89,7 +65,11 @@ class MainWindow : public QMainWindow {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void makeParts();
+    void SelectDicFolPU_MouseDown() override;
+    bool changeGroup(const FolderItem& folder) override;
+    void groupChanged() override;
+
+    void makeMenus();
     void Event_Activate();
     void Event_Moved();
     void Event_Resized();
@@ -99,27 +79,16 @@ class MainWindow : public QMainWindow {
     void mWritePreferences_Window();
     void enableGroupControls(bool enabled);
     void leaveGroup();
-    /// Takes the group away: what a closed window comes back as, and what a group that cannot be read leaves.
+    /// Leaves the group: the window was closed, or the group cannot be read.
     /// @param reason shown on the empty page
     void showNoGroup(const std::string& reason = {});
-    void route(std::string_view command, int index);
-    bool handle(std::string_view command, int index);
 
-    App& app_;
-    /// The title as it was set: Qt's own holds marks.
+    const WindowServices& services_;
+    /// The title as it was set; Qt's own is escaped.
     std::string title_;
-    WindowModel model_;
+    MainWindowParts parts_;
     PlacementKeeper placement_;
-    AnchoredLayout* layout_;
-    MenuBar* menus_;
-    std::shared_ptr<MainWindowStepper> stepper_;
-    PageDeck* deck_ = nullptr;
-    HitList* hitList_ = nullptr;
-    QueryBar* queryBar_ = nullptr;
-    GroupPicker* groupPicker_ = nullptr;
-    SideLink* sideLink_ = nullptr;
-    AboutPanel* about_ = nullptr;
-    std::unique_ptr<NoGroupNotice> notice_;
+    MenuBar* menus_ = nullptr;
 };
 
 } // namespace velmarin

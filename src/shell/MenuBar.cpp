@@ -14,12 +14,12 @@ namespace velmarin {
 
 namespace {
 
-/// A menu reads "&" as the mark of a key; a name is shown as it is.
+/// Escapes "&", by which a menu marks a letter.
 QString menuText(std::string_view text) {
     return toQ(text).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
-/// Gives each caption of a menu a letter by which the keyboard chooses it: its first that no caption before it has.
+/// Marks a letter in each caption of a menu, by which the keyboard chooses it: the first that no earlier caption has.
 class Mnemonics {
   public:
     QString mark(std::string_view caption) {
@@ -34,7 +34,7 @@ class Mnemonics {
   private:
     static bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
-    std::set<char> taken_; ///< in small letters
+    std::set<char> taken_; ///< lower case
 };
 
 QIcon iconOf(QPixmap (*draw)(QSize, qreal)) {

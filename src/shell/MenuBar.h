@@ -10,18 +10,18 @@
 
 namespace velmarin {
 
-/// The menu bar as one main window carries it. Commands are only named here; who handles one is the router's matter.
-/// Alt with the underlined letter opens a menu, F10 the first one.
+/// The menu bar of a main window. It names commands; the router decides who handles them. Alt with the underlined
+/// letter opens a menu, F10 the first one.
 class MenuBar : public QMenuBar {
     Q_OBJECT
 
   public:
     using Router = std::function<void(std::string_view name, int index)>;
-    /// @param hasHandler whether the front window or the application handles a name: such items are enabled
+    /// @param hasHandler whether a command is handled: only those items are enabled
     MenuBar(Router router, const std::function<bool(std::string_view name)>& hasHandler, QWidget* parent);
 
     void setItemEnabled(std::string_view name, bool enabled);
-    /// One row for each main window, in order of making; row n is reached by Ctrl and the digit n.
+    /// One row for each main window, in order of making. Ctrl and the digit n chooses row n.
     void setWindowItems(const std::vector<std::string>& captions);
 
   private:

@@ -9,16 +9,15 @@
 
 namespace velmarin {
 
-/// One row of a menu. `name` is what handlers are bound to; an item of a family passes `index` to its handler.
+/// A row of a menu. A row called `X` runs the slot `X_Action(index)`: see shell/Commands.h.
 struct MenuItemPlan {
     std::string_view name;
     int index = 0;
     /// "-" makes a separator.
     std::string_view caption;
-    /// In the host's terms ("Ctrl" for the command key, "Alt" for the option key); several stand between "; ", empty
-    /// for none.
+    /// As Qt writes them ("Ctrl" for the command key, "Alt" for the option key), separated by "; "; empty for none.
     std::string_view shortcut;
-    /// Draws its picture; null for none.
+    /// Draws the icon; null for none.
     QPixmap (*icon)(QSize size, qreal devicePixelRatio) = nullptr;
 };
 
@@ -28,10 +27,10 @@ struct MenuPlan {
     std::vector<MenuItemPlan> items;
 };
 
-/// The caption of a window's row for as long as the window has no group.
+/// The caption of the row of a window without a group.
 inline constexpr std::string_view kWinItemWithoutGroup = "Default Window";
 
-/// The rows that stand for main windows: the first ten are reached by Ctrl and the row's digit.
+/// The rows of main windows. Ctrl and a digit chooses one of the first ten.
 inline constexpr std::string_view kWinItem = "WinItem";
 inline constexpr int kWindowDigits = 10;
 inline QString windowShortcut(int row) {

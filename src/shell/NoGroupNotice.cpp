@@ -17,23 +17,23 @@ NoGroupNotice::NoGroupNotice(QWidget* parent, AnchoredLayout& layout) : NoticeST
     QFont font = parent->font();
     font.setBold(true);
     NoticeST_->setFont(font);
-    // The page below is white in every theme.
+    // The page behind it is white in every theme.
     NoticeST_->setStyleSheet(QStringLiteral("color: #000080"));
     NoticeST_->hide();
     layout.add(NoticeST_, QRect(40, 155, 490, 160), Anchor::Left | Anchor::Top | Anchor::Right);
 }
 
-void NoGroupNotice::tell(std::string reason) {
+void NoGroupNotice::setReason(std::string reason) {
     reason_ = std::move(reason);
     show();
 }
 
-void NoGroupNotice::waitFor(std::string word) {
+void NoGroupNotice::setWaitingWord(std::string word) {
     word_ = std::move(word);
     show();
 }
 
-std::string NoGroupNotice::takeWord() {
+std::string NoGroupNotice::takeWaitingWord() {
     std::string word = std::exchange(word_, {});
     show();
     return word;
@@ -43,7 +43,7 @@ void NoGroupNotice::show() {
     std::string text = reason_;
     if (!word_.empty())
         text += (text.empty() ? "" : "\n\n") + ("Choose a group to search for ‘" + word_ + "’.");
-    // A path has no spaces to break the line at.
+    // A path has no spaces at which a line could break.
     const QString shown = toQ(text).replace(u'/', QStringLiteral("/\u200b"));
     if (shown == NoticeST_->text())
         return;

@@ -8,18 +8,18 @@ namespace velmarin {
 
 class AnchoredLayout;
 
-/// What a window without a group has to say, on its empty page: why there is none, and which word waits for one.
-/// Hidden where there is nothing to say.
+/// The text on the empty page of a window without a group: why there is none, and which word waits for one. Hidden if
+/// both are empty.
 class NoGroupNotice {
   public:
     NoGroupNotice(QWidget* parent, AnchoredLayout& layout);
 
-    /// The reason replaces the one before; an empty one is none.
-    void tell(std::string reason);
-    /// The word is to be searched in the group that is picked next.
-    void waitFor(std::string word);
-    /// The word that waits, which it then no longer does; empty for none.
-    std::string takeWord();
+    /// Replaces the reason; an empty one removes it.
+    void setReason(std::string reason);
+    /// Keeps a word that is to be searched in the group that is picked next.
+    void setWaitingWord(std::string word);
+    /// Returns and forgets the waiting word; empty for none.
+    std::string takeWaitingWord();
 
   private:
     void show();

@@ -1,8 +1,7 @@
 #include "shell/PageImages.h"
 
-#include "shell/App.h"
 #include "shell/ApplicationShortcuts.h"
-#include "shell/MainWindow.h"
+#include "shell/PreferenceWriter.h"
 #include "shell/ScreenFit.h"
 #include "view/PageImageWindow.h"
 
@@ -11,23 +10,21 @@ namespace velmarin {
 PageImageWindow* PageImages::instance() {
     if (window_.isNull()) {
         PageImageWindowEvents events;
-        events.opened = [this] { app_.module.pPageImageShown = true; };
+        events.opened = [this] { pPageImageShown_ = true; };
         events.closed = [this] {
-            app_.module.pPageImageShown = false;
+            pPageImageShown_ = false;
             window_.clear();
         };
-        events.saved = [this](const std::string& path, const WriteResult& result) {
-            app_.preferences().note(path, result);
-        };
-        window_ = new PageImageWindow(app_.host(), app_.module.pThis_PreferencesFolder, std::move(events));
+        events.saved = [this](const std::string& path, const Result& result) { preferences_.note(path, result); };
+        window_ = new PageImageWindow(host_, preferencesFolder_, std::move(events));
         if (window_->testAttribute(Qt::WA_Moved))
             window_->move(withinReach({window_->pos(), window_->size()}, screenAreas()).topLeft());
-        addApplicationShortcuts(app_, window_);
+        addApplicationShortcuts(commands_, window_);
     }
     return window_;
 }
 
-void PageImages::show(const FolderItem& file, const std::shared_ptr<PagePort>& mainWin, int tab) {
+void PageImages::show(const FolderItem& file, const std::shared_ptr<PagePort>& pages, int tab) {
     if (!file.Exists())
         return;
     const QPointer<PageImageWindow> window = instance();
@@ -39,24 +36,12 @@ void PageImages::show(const FolderItem& file, const std::shared_ptr<PagePort>& m
     window->show();
     window->raise();
     window->activateWindow();
-    window->setMainWin(mainWin, tab);
+    window->setMainWin(pages, tab);
 }
 
 void PageImages::close() {
-    if (app_.module.pPageImageShown)
+    if (pPageImageShown_)
         window_->close();
-}
-
-bool MainWindowStepper::hasTab(int tab) const {
-    return window_.model().tabs.hasTab(tab) && !window_.group().pDictionaryItem.empty();
-}
-
-void MainWindowStepper::mNextBack(int direction, int tab) {
-    window_.mNextBack(direction, tab);
-}
-
-void MainWindowStepper::mUpDown(int direction, int tab) {
-    window_.mUpDown(direction, tab);
 }
 
 } // namespace velmarin

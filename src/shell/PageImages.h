@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/Commands.h"
 #include "view/PagePort.h"
 
 #include <QObject>
@@ -9,39 +10,37 @@
 
 namespace velmarin {
 
-class App;
 class FolderItem;
-class MainWindow;
+class Host;
 class PageImageWindow;
+class PreferenceWriter;
 
-/// The page image window of the application, of which there is at most one at a time.
+/// The page image window of the application; at most one is open.
 class PageImages : public QObject {
     Q_OBJECT
 
   public:
-    explicit PageImages(App& app) : app_(app) {}
+    /// @param preferencesFolder where the window saves its placement; read at each opening
+    /// @param commands whose shortcuts the window has
+    PageImages(Host& host, PreferenceWriter& preferences, const FolderItem& preferencesFolder, Commands commands)
+        : host_(host), preferences_(preferences), preferencesFolder_(preferencesFolder),
+          commands_(std::move(commands)) {}
 
-    /// Shows `file` and lets the window's buttons step `mainWin`. Nothing happens where the file does not exist.
-    void show(const FolderItem& file, const std::shared_ptr<PagePort>& mainWin, int tab);
+    /// Shows `file`, whose window then steps `pages`. Does nothing if the file does not exist.
+    void show(const FolderItem& file, const std::shared_ptr<PagePort>& pages, int tab);
+    /// A change of group closes the window.
     void close();
+    bool pPageImageShown() const { return pPageImageShown_; }
 
   private:
     PageImageWindow* instance();
 
-    App& app_;
+    Host& host_;
+    PreferenceWriter& preferences_;
+    const FolderItem& preferencesFolder_;
+    Commands commands_;
     QPointer<PageImageWindow> window_;
-};
-
-/// The pages of a main window as the page image window steps them.
-class MainWindowStepper : public PagePort {
-  public:
-    explicit MainWindowStepper(MainWindow& window) : window_(window) {}
-    bool hasTab(int tab) const override;
-    void mNextBack(int direction, int tab) override;
-    void mUpDown(int direction, int tab) override;
-
-  private:
-    MainWindow& window_;
+    bool pPageImageShown_ = false;
 };
 
 } // namespace velmarin

@@ -14,7 +14,7 @@ namespace velmarin {
 
 namespace {
 
-/// In pixels, either way: no display system makes larger windows, and no desktop reaches as far.
+/// In pixels, width and height: no display system makes larger windows, and no desktop is as large.
 constexpr int kWidestWindow = 32000;
 constexpr int kFarthest = 1 << 20;
 
@@ -28,7 +28,7 @@ void PlacementKeeper::setFirstPlacement(const QSize& content, int besideIt) {
 }
 
 void PlacementKeeper::restore() {
-    const auto saved = preferences_.placement(module_);
+    const auto saved = preferences_.placement();
     if (!saved)
         return;
     const QWidget& content = *window_.centralWidget();
@@ -49,11 +49,11 @@ void PlacementKeeper::save() {
                                .width = window_.centralWidget()->width(),
                                .height = window_.centralWidget()->height()};
     if (untouched_) {
-        given_ = here;
-    } else if (here != given_) {
-        // From now on a way back to that placement is the user's choice as well.
-        given_.reset();
-        preferences_.writePlacement(here, module_);
+        placedAt_ = here;
+    } else if (here != placedAt_) {
+        // From now on a move back to that placement counts as well.
+        placedAt_.reset();
+        preferences_.writePlacement(here);
     }
 }
 

@@ -6,18 +6,7 @@
 
 namespace velmarin {
 
-namespace {
-
-/// What the failures of all files of one folder have in common.
-std::string withoutPath(std::string reason, const std::string& path) {
-    if (const std::size_t at = reason.find(path); at != std::string::npos)
-        reason.erase(at, path.size());
-    return reason;
-}
-
-} // namespace
-
-void PreferenceWriter::writeGroup(const GroupModel& group, bool separately, const ThisAppliModule& module) {
+void PreferenceWriter::writeGroup(const GroupModel& group, bool separately) {
     const FolderItem& folder = group.pDictionaryGroupFolder;
     if (folder.isNil())
         return;
@@ -27,31 +16,32 @@ void PreferenceWriter::writeGroup(const GroupModel& group, bool separately, cons
     for (const auto& item : group.pDictionaryItem)
         preferences.dictionaries.push_back({item->name, item->ImageMode});
     note((folder.path() / "DictionaryPreferences.txt").string(),
-         writeGroupPreferences(folder, preferences, module.pNewDicPref));
+         writeGroupPreferences(folder, preferences, newDicPref_));
 }
 
-std::optional<WindowPlacement> PreferenceWriter::placement(const ThisAppliModule& module) const {
-    return unsaved_ ? unsaved_ : readWindowPlacement(module.pThis_PreferencesFolder);
+std::optional<WindowPlacement> PreferenceWriter::placement() const {
+    return unsaved_ ? unsaved_ : readWindowPlacement(preferencesFolder_);
 }
 
-void PreferenceWriter::writePlacement(const WindowPlacement& placement, const ThisAppliModule& module) {
-    const std::string path = module.pThis_PreferencesFolder.Child("MainWindow").path().string();
-    const WriteResult result = writeWindowPlacement(module.pThis_PreferencesFolder, placement);
+void PreferenceWriter::writePlacement(const WindowPlacement& placement) {
+    const std::string path = preferencesFolder_.Child("MainWindow").path().string();
+    const Result result = writeWindowPlacement(preferencesFolder_, placement);
     unsaved_ = result ? std::nullopt : std::optional(placement);
     note(path, result);
 }
 
-void PreferenceWriter::note(const std::string& path, const WriteResult& result) {
-    if (result.ok) {
+void PreferenceWriter::note(const std::string& path, const Result& result) {
+    if (result) {
         failing_.erase(path);
         return;
     }
-    const std::string reason = withoutPath(result.reason, path);
-    const bool isNew = std::none_of(failing_.begin(), failing_.end(),
-                                    [&](const auto& told) { return told.first == path || told.second == reason; });
+    const std::string& reason = result.failure().reason;
+    const bool isNew = std::none_of(failing_.begin(), failing_.end(), [&](const auto& earlier) {
+        return earlier.first == path || earlier.second == reason;
+    });
     failing_.insert_or_assign(path, reason);
     if (isNew)
-        tell_(result.reason);
+        report_(result.failure().message());
 }
 
 } // namespace velmarin

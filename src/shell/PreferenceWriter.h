@@ -2,7 +2,6 @@
 
 #include "files/AtomicFile.h"
 #include "search/GroupModel.h"
-#include "shell/ThisAppliModule.h"
 #include "store/WindowPlacement.h"
 
 #include <functional>
@@ -10,31 +9,38 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmarin {
 
-/// Writes the small files that outlive a run. A file that cannot be written is told once, and again only after it could
-/// be written in between; further files that fail for the same reason are not told. A read-only program folder is one
-/// message in a run, not one for each move of a window and each group.
+/// Writes the small files that outlive a run. A failure is reported once per file and once per reason, and a file again
+/// only after it could be written in between: a read-only program folder gives one message in a run, not one for each
+/// move of a window and each group.
 class PreferenceWriter {
   public:
-    explicit PreferenceWriter(std::function<void(std::string_view)> tell) : tell_(std::move(tell)) {}
+    /// The folder and the lines are read at each use.
+    /// @param preferencesFolder `Preferences`, which holds the placement
+    /// @param newDicPref if not empty, the lines that are written for any group (`pNewDicPref`)
+    PreferenceWriter(std::function<void(std::string_view)> report, const FolderItem& preferencesFolder,
+                     const std::vector<std::string>& newDicPref)
+        : report_(std::move(report)), preferencesFolder_(preferencesFolder), newDicPref_(newDicPref) {}
 
-    /// `DictionaryPreferences.txt` of the window's group; nothing where the window has none or its folder is gone.
-    void writeGroup(const GroupModel& group, bool separately, const ThisAppliModule& module);
-    /// The placement that the first window had last: the saved one, or one that could not be saved since. Nothing where
-    /// there is neither.
-    std::optional<WindowPlacement> placement(const ThisAppliModule& module) const;
-    /// The file `MainWindow`.
-    void writePlacement(const WindowPlacement& placement, const ThisAppliModule& module);
-    /// The next failure of any file is told again.
+    /// Writes `DictionaryPreferences.txt` of the group; does nothing if there is none or its folder is gone.
+    void writeGroup(const GroupModel& group, bool separately);
+    /// The last placement of the first window, saved or not; nullopt if it was never saved or moved.
+    std::optional<WindowPlacement> placement() const;
+    /// Writes the file `MainWindow`.
+    void writePlacement(const WindowPlacement& placement);
+    /// Reports the next failure of any file again.
     void forgetFailures() { failing_.clear(); }
-    /// Takes note of the outcome of any other write to `path`.
-    void note(const std::string& path, const WriteResult& result);
+    /// Reports the outcome of any other write to `path`.
+    void note(const std::string& path, const Result& result);
 
   private:
-    std::function<void(std::string_view)> tell_;
-    /// By path, the reason in the system's words.
+    std::function<void(std::string_view)> report_;
+    const FolderItem& preferencesFolder_;
+    const std::vector<std::string>& newDicPref_;
+    /// Path to the reason in the system's words.
     std::map<std::string, std::string> failing_;
     std::optional<WindowPlacement> unsaved_;
 };

@@ -9,10 +9,10 @@ namespace velmarin {
 
 namespace {
 
-/// The borders at both sides together, and the title bar with the lower border: the most that usual themes have.
+/// Both side borders, and title bar with lower border: the largest of the usual themes.
 constexpr QSize kFrame(12, 44);
 constexpr int kTitleBar = 20;
-/// The least of the title bar that a mouse takes hold of.
+/// The smallest part of the title bar by which a mouse can drag it.
 constexpr QSize kHandle(40, 8);
 
 QPoint clampedTopLeft(const WindowPlace& place, const QRect& screen) {
@@ -55,11 +55,12 @@ QList<QRect> screenAreas() {
 WindowPlace withinReach(const WindowPlace& place, const QList<QRect>& screens) {
     if (screens.isEmpty() || canBeDragged(place, screens))
         return place;
-    const auto way = [&place](const QRect& screen) {
+    const auto distance = [&place](const QRect& screen) {
         return (clampedTopLeft(place, screen) - place.topLeft()).manhattanLength();
     };
-    const QRect& nearest = *std::min_element(screens.begin(), screens.end(),
-                                             [&way](const QRect& a, const QRect& b) { return way(a) < way(b); });
+    const QRect& nearest =
+        *std::min_element(screens.begin(), screens.end(),
+                          [&distance](const QRect& a, const QRect& b) { return distance(a) < distance(b); });
     const WindowPlace fitting(place.topLeft(), sizeThatFits(place.size(), nearest.size()));
     return {clampedTopLeft(fitting, nearest), fitting.size()};
 }

@@ -7,19 +7,17 @@
 
 namespace velmarin {
 
-/// What all windows share, beside the application object's own lists.
+/// Properties that all windows share. The application object owns them and passes each to the parts that need it.
 struct ThisAppliModule {
     FolderItem pDictionaryFolder;
     FolderItem pThis_PreferencesFolder;
-    /// The lines of the last save in the order editor; while there are any, every write of a group's preferences
-    /// writes these.
+    /// The lines of the last save in the order editor. If there are any, every write of a group's preferences writes
+    /// these.
     std::vector<std::string> pNewDicPref;
     /// The help tag of every group pop-up.
     std::string pSelectedDicTag;
-    /// While the page image window is open, which a change of group closes.
-    bool pPageImageShown = false;
 
-    /// Makes the folder `Preferences` beside the program where there is none yet.
+    /// Makes the folder `Preferences` beside the program if it is missing.
     void mThisMod_OpenThisModule(const FolderItem& applicationFolder) {
         pThis_PreferencesFolder = applicationFolder.Child("Preferences");
         pThis_PreferencesFolder.CreateAsFolder();

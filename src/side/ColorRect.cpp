@@ -1,5 +1,6 @@
 #include "side/ColorRect.h"
 
+#include "controls/DevicePixels.h"
 #include "controls/FittedText.h"
 
 #include <QKeyEvent>

@@ -4,6 +4,7 @@
 #include "controls/Artwork.h"
 #include "controls/BevelButton.h"
 #include "controls/Cursors.h"
+#include "controls/DevicePixels.h"
 #include "controls/FittedText.h"
 #include "side/ColorRect.h"
 

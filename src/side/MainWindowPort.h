@@ -20,7 +20,7 @@ class MainWindowPort {
     /// The folder of the group that is shown.
     virtual FolderItem pDictionaryGroupFolder() = 0;
     /// Reports whether the settings were written to `path`. The user is told of a failure that is new.
-    virtual void noteWritten(const std::string& path, const WriteResult& result) = 0;
+    virtual void noteWritten(const std::string& path, const Result& result) = 0;
 
     /// The text of `SearchEF`.
     virtual void setSearchText(std::string_view text) = 0;

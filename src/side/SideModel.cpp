@@ -256,7 +256,7 @@ void SideModel::Event_Close(int width) {
         return;
     SubwindowSettings now = settings();
     now.width = width;
-    const WriteResult written = writeSubwindow(groupFolder_, now);
+    const Result written = writeSubwindow(groupFolder_, now);
     // If nothing was changed, nothing is lost: the next opening gives the same window.
     if (!written && now == *settingsAtOpening_)
         return;

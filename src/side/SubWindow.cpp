@@ -2,6 +2,7 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
+#include "controls/DevicePixels.h"
 #include "controls/FittedText.h"
 #include "controls/PopupMenu.h"
 #include "controls/QtText.h"

@@ -1,5 +1,6 @@
 #include "side/SubwindowFile.h"
 
+#include "files/AtomicFile.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
 #include "side/SourceTable.h"
@@ -95,7 +96,7 @@ std::optional<SubwindowSettings> readSubwindow(const FolderItem& groupFolder) {
     return parseSubwindow(readFileStart(*file, kMostRead));
 }
 
-WriteResult writeSubwindow(const FolderItem& groupFolder, const SubwindowSettings& settings) {
+Result writeSubwindow(const FolderItem& groupFolder, const SubwindowSettings& settings) {
     return writeFileAtomically(subwindowFile(groupFolder).path(), subwindowText(settings));
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
+#include "files/Result.h"
 
 #include <optional>
 #include <string>
@@ -40,6 +40,6 @@ std::string subwindowText(const SubwindowSettings& settings);
 FolderItem subwindowFile(const FolderItem& groupFolder);
 /// Returns nullopt if the group has no such file, or it cannot be read.
 std::optional<SubwindowSettings> readSubwindow(const FolderItem& groupFolder);
-WriteResult writeSubwindow(const FolderItem& groupFolder, const SubwindowSettings& settings);
+Result writeSubwindow(const FolderItem& groupFolder, const SubwindowSettings& settings);
 
 } // namespace velmarin

@@ -46,40 +46,32 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 10> kSupersc
     {"__NUM__", "-"},
 }};
 
-std::string quoted(const fs::path& path) {
-    return "\"" + path.native() + "\"";
-}
-
-WriteResult failure(std::string reason) {
-    return {.ok = false, .reason = std::move(reason)};
-}
-
-WriteResult notRead(const fs::path& path) {
-    return failure(quoted(path) + " could not be read: " + errorInWords(errno));
+Failure notRead(const FolderItem& item) {
+    return {item, "it could not be read: " + errorInWords(errno)};
 }
 
 /// With the reason in errno.
-WriteResult notWritten(const fs::path& path) {
-    return failure(quoted(path) + " could not be written: " + errorInWords(errno));
+Failure notWritten(const FolderItem& item) {
+    return {item, "it could not be written: " + errorInWords(errno)};
 }
 
-WriteResult failure(const Failures& failures) {
-    std::string text;
-    for (const Failure& each : failures)
-        text += (text.empty() ? "" : "; ") + quoted(each.item.path()) + ": " + each.reason;
-    return failure(std::move(text));
+/// The first failure, with the others in its reason.
+Failure joined(const Failures& failures) {
+    Failure all = failures.front();
+    for (std::size_t i = 1; i < failures.size(); ++i)
+        all.reason += "; " + failures[i].message();
+    return all;
 }
 
 /// Fails if one of the files in `folder` must not be replaced.
-WriteResult checkReplaceable(const FolderItem& source, const FolderItem& folder) {
+Result checkReplaceable(const FolderItem& source, const FolderItem& folder) {
     for (const std::string_view name : {kTextFileName, kIndexFileName}) {
         const FolderItem member = folder.Child(name);
         std::error_code error;
         if (member.Directory())
-            return failure(quoted(member.path()) + " is a folder.");
+            return Failure{member, "it is a folder."};
         if (member.Exists() && fs::equivalent(member.path(), source.path(), error))
-            return failure(quoted(member.path()) +
-                           " is the data file itself. Choose another folder for the dictionary.");
+            return Failure{member, "it is the data file itself. Choose another folder for the dictionary."};
     }
     return {};
 }
@@ -161,72 +153,73 @@ class Build {
           work_([&progress](const WorkDone&) { progress.yield(); }) {}
 
     BuildResult run(EarlierPair earlier, const FolderItem& backups) {
-        const WriteResult built = build(earlier, backups);
-        result_.ok = built.ok;
-        result_.reason = built.reason;
+        const Result built = build(earlier, backups);
+        result_.ok = static_cast<bool>(built);
+        if (!built)
+            result_.reason = built.failure().message();
         return result_;
     }
 
   private:
-    WriteResult build(EarlierPair earlier, const FolderItem& backups) {
+    Result build(EarlierPair earlier, const FolderItem& backups) {
         const FolderLock lock(folder_.path(), FolderLock::Kind::Alone, work_);
         clearLeftovers(folder_.path(), work_);
         const auto file = ReadOnlyFile::open(source_);
         if (!file)
-            return notRead(source_.path());
+            return notRead(source_);
         const FileStamp stamp = file->stamp();
-        if (const WriteResult replaceable = checkReplaceable(source_, folder_); !replaceable)
+        if (const Result replaceable = checkReplaceable(source_, folder_); !replaceable)
             return replaceable;
         result_.earlierRefused = earlier == EarlierPair::Refused && holdsUserDictionary(folder_);
         if (result_.earlierRefused)
-            return failure(quoted(folder_.path()) + " already holds a user dictionary.");
+            return Failure{folder_, "it already holds a user dictionary."};
         if (earlier == EarlierPair::Saved)
             saveLeftovers(backups);
         auto staged = StagedMembers::in(folder_.path());
         if (!staged)
-            return failure("Nothing can be written to " + quoted(folder_.path()) + ": " + errorInWords(errno));
-        if (const WriteResult text = writeText(*staged, *file); !text)
+            return Failure{folder_, "nothing can be written to it: " + errorInWords(errno)};
+        if (const Result text = writeText(*staged, *file); !text)
             return text;
-        if (const WriteResult index = writeIndex(*staged); !index)
+        if (const Result index = writeIndex(*staged); !index)
             return index;
         const auto again = ReadOnlyFile::open(source_);
         if (!again || again->stamp() != stamp)
-            return failure(quoted(source_.path()) + " was changed while the dictionary was being made.");
+            return Failure{source_, "it was changed while the dictionary was being made."};
         return putInPlace(*staged, earlier, backups);
     }
 
-    WriteResult writeText(StagedMembers& staged, const ReadOnlyFile& file) {
+    Result writeText(StagedMembers& staged, const ReadOnlyFile& file) {
         NewFile text(staged.placeOf(kTextFileName));
         LinePieces pieces(file);
         for (std::string_view piece; text && pieces.next(piece);)
             text.write(dictionaryText(piece, progress_, result_));
         if (text && pieces.read() < file.stamp().size)
-            return failure(quoted(source_.path()) + " could not be read to its end.");
+            return Failure{source_, "it could not be read to its end."};
         if (!text.flush())
-            return notWritten(folder_.path() / kTextFileName);
+            return notWritten(FolderItem(folder_.path() / kTextFileName));
         staged.add(std::string(kTextFileName));
         return {};
     }
 
-    WriteResult writeIndex(StagedMembers& staged) {
+    Result writeIndex(StagedMembers& staged) {
         return makeUserDictionaryIndex(DictionaryModule(), source_, progress_, [&](std::string_view bytes) {
             NewFile index(staged.placeOf(kIndexFileName));
             if (!index.write(bytes) || !index.flush())
-                return notWritten(folder_.path() / kIndexFileName);
+                return Result(notWritten(FolderItem(folder_.path() / kIndexFileName)));
             staged.add(std::string(kIndexFileName));
-            return WriteResult();
+            return Result();
         });
     }
 
-    WriteResult putInPlace(StagedMembers& staged, EarlierPair earlier, const FolderItem& backups) {
+    Result putInPlace(StagedMembers& staged, EarlierPair earlier, const FolderItem& backups) {
         Failures failures;
         // The index goes first and comes last, so that no index is ever beside a text that it does not belong to.
         if (!staged.beginSwap())
-            return notWritten(folder_.path());
+            return notWritten(folder_);
         if (!staged.swap({std::string(kIndexFileName), std::string(kTextFileName)}, work_, failures))
-            return failure(failures);
+            return joined(failures);
         if (earlier != EarlierPair::Saved)
-            return staged.forgetOld() ? WriteResult() : undo(staged, failures);
+            return staged.forgetOld() ? Result() : undo(staged, failures);
         const auto old = staged.keepOld();
         if (!old)
             return undo(staged, failures);
@@ -240,13 +233,13 @@ class Build {
                                          "tries again"});
         else
             staged.undo(work_, failures);
-        return failure(failures);
+        return joined(failures);
     }
 
-    WriteResult undo(StagedMembers& staged, Failures& failures) {
+    Result undo(StagedMembers& staged, Failures& failures) {
         failures.push_back({folder_, "it could not be written: " + errorInWords(errno)});
         staged.undo(work_, failures);
-        return failure(failures);
+        return joined(failures);
     }
 
     enum class Saving { Done, Undone, Partial };

@@ -77,13 +77,13 @@ std::vector<std::string_view> sortedLines(std::string_view text, ProgressPort& p
 
 } // namespace
 
-WriteResult makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
-                                    const std::function<WriteResult(std::string_view bytes)>& write) {
+Result makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
+                               const std::function<Result(std::string_view bytes)>& write) {
     progress.message("I'm counting the lines of the data.");
     const int lineCount = mFiMod_GetLineCountFromTextFi(source);
     const auto file = ReadOnlyFile::open(source);
     if (!file)
-        return {.ok = false, .reason = "\"" + source.path().native() + "\" could not be read: " + errorInWords(errno)};
+        return Failure{source, "it could not be read: " + errorInWords(errno)};
     progress.showBar();
 
     progress.message("I'm making the word for sorting and searching.");
@@ -109,7 +109,7 @@ WriteResult makeUserDictionaryIndex(const DictionaryModule& module, const Folder
         bytes += sorted[i];
         progress.yield();
     }
-    const WriteResult written = write(bytes);
+    const Result written = write(bytes);
     if (!written)
         return written;
     progress.setValue(last);
@@ -120,10 +120,10 @@ WriteResult makeUserDictionaryIndex(const DictionaryModule& module, const Folder
 void DictionaryModule::mDic_MakeIndex(const FolderItem& source, const FolderItem& index, ProgressPort& progress) const {
     if (source.isNil() || index.isNil())
         return;
-    const WriteResult made = makeUserDictionaryIndex(
+    const Result made = makeUserDictionaryIndex(
         *this, source, progress, [&](std::string_view bytes) { return writeFileAtomically(index.path(), bytes); });
     if (!made)
-        throw NilObjectException(made.reason);
+        throw NilObjectException(made.failure().message());
 }
 
 } // namespace velmarin

@@ -13,7 +13,7 @@ class DictionaryModule;
 
 /// Makes the index of a source file, as `mDic_MakeIndex` describes it, and passes its bytes to `write`. Fails if the
 /// source cannot be read or `write` fails.
-WriteResult makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
-                                    const std::function<WriteResult(std::string_view bytes)>& write);
+Result makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem& source, ProgressPort& progress,
+                               const std::function<Result(std::string_view bytes)>& write);
 
 } // namespace velmarin

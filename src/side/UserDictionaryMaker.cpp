@@ -49,9 +49,9 @@ class ShownInMainWindow : public ProgressPort {
 
 std::string notUtf8Message(std::int64_t lines) {
     if (lines == 1)
-        return "1 line of the data is not in UTF-8. It was taken over byte for byte, but some of its letters cannot be "
+        return "1 line of the data is not in UTF-8. It was copied byte for byte, but some of its letters cannot be "
                "shown.";
-    return Str(lines) + " lines of the data are not in UTF-8. They were taken over byte for byte, but some of their "
+    return Str(lines) + " lines of the data are not in UTF-8. They were copied byte for byte, but some of their "
                         "letters cannot be shown.";
 }
 

@@ -28,10 +28,9 @@ std::string wordsScript(std::string_view word, std::string_view folder) {
 
 ScriptResult WordsSource::run(const std::string& word) {
     const auto script = parts_.preferencesFolder.path() / kScriptName;
-    const WriteResult written =
-        writeFileAtomically(script, wordsScript(word, parts_.wordsFolder), Durability::RenamedOnly);
+    const Result written = writeFileAtomically(script, wordsScript(word, parts_.wordsFolder), Durability::RenamedOnly);
     if (!written)
-        throw NilObjectException("WORDS cannot be asked. " + written.reason);
+        throw NilObjectException("WORDS cannot be asked. " + written.failure().message());
     parts_.run.beginWait();
     ScriptResult result = runScript(script, [this] { return parts_.run.keepWaiting(); });
     parts_.run.endWait();

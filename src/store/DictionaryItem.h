@@ -39,7 +39,7 @@ struct DictionaryItem {
     IndexedTextFile txtLines;
 };
 
-/// Fills `item` from its folder; `number` is its position in the group. False, without a message, where `ind`, `mImg`
+/// Fills `item` from its folder; `number` is its position in the group. False, without a message, if `ind`, `mImg`
 /// or `txt` is missing: what was set up to then stays. An `ind` or `Format` that exists and cannot be opened, and a nil
 /// folder, raise NilObjectException.
 bool MakeDictionaryItem(const FolderItem& folder, DictionaryItem& item, int number);

@@ -16,7 +16,7 @@ namespace velmarin {
 
 namespace {
 
-/// Why access to a folder is refused, as an error number; 0 where it is granted. X_OK is to reach its members, R_OK to
+/// Why access to a folder is refused, as an error number; 0 if it is granted. X_OK is to reach its members, R_OK to
 /// list them.
 int accessError(const FolderItem& folder, int access) {
     return ::faccessat(AT_FDCWD, folder.path().c_str(), access, AT_EACCESS) == 0 ? 0 : errno;
@@ -73,7 +73,7 @@ class FoundDictionaries {
     std::unordered_map<std::string, FolderItem> left_;
 };
 
-/// Appends a dictionary and loads it; false where it does not load.
+/// Appends a dictionary and loads it; false if it does not load.
 bool appendAndLoad(const FolderItem& folder, int imageMode, Group& into) {
     auto item = std::make_shared<DictionaryItem>();
     item->ImageMode = imageMode;

@@ -16,8 +16,8 @@ using DictionaryList = std::vector<std::shared_ptr<DictionaryItem>>;
 struct Group {
     std::string groupName;
     bool separately = false;
-    /// In display order: those of the preferences file (kept even where they fail to load), then the others by name
-    /// (kept only where they load, with "Adjust by width").
+    /// In display order: those of the preferences file (kept even if they fail to load), then the others by name
+    /// (kept only if they load, with "Adjust by width").
     DictionaryList dictionaries;
     /// What MakeDictionaryItem raised, a line each: such a dictionary stays in the list, empty, where the preferences
     /// name it, so that it keeps its place; the others are read all the same.

@@ -7,7 +7,7 @@
 
 namespace velmarin {
 
-/// A row of the group pop-up: the name as it stands in the folder (an alias's own), and the folder with aliases
+/// A row of the group pop-up: the name in the folder (an alias's own), and the folder with aliases
 /// followed.
 struct GroupRow {
     std::string name;

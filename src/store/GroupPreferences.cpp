@@ -1,5 +1,6 @@
 #include "store/GroupPreferences.h"
 
+#include "files/AtomicFile.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
 #include "store/BooleanText.h"
@@ -45,8 +46,8 @@ GroupPreferences readGroupPreferences(const FolderItem& file) {
     return parseGroupPreferences(*text);
 }
 
-WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
-                                  const std::vector<std::string>& pNewDicPref) {
+Result writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
+                             const std::vector<std::string>& pNewDicPref) {
     if (group.isNil() || !group.Exists())
         return {};
     std::string text;
@@ -55,9 +56,9 @@ WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreference
     if (pNewDicPref.empty())
         text = formatGroupPreferences(preferences);
     const FolderItem file = group.Child("DictionaryPreferences.txt");
-    const WriteResult result = writeFileAtomically(file.path(), text);
+    const Result result = writeFileAtomically(file.path(), text);
     const bool nothingIsLost = !result && readWholeFile(file, kLargestPreferences) == text;
-    return nothingIsLost ? WriteResult{} : result;
+    return nothingIsLost ? Result{} : result;
 }
 
 } // namespace velmarin

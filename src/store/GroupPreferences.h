@@ -1,7 +1,7 @@
 #pragma once
 
-#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
+#include "files/Result.h"
 
 #include <string>
 #include <string_view>
@@ -25,9 +25,9 @@ std::string formatGroupPreferences(const GroupPreferences& preferences);
 /// Raises NilObjectException if the file cannot be opened.
 GroupPreferences readGroupPreferences(const FolderItem& file);
 /// Writes `DictionaryPreferences.txt` of a group. Once the order editor has saved, its lines `pNewDicPref` are written
-/// in place of the preferences, whatever group it is. A nil folder, and one that is gone, are left alone. A file that
-/// cannot be written but holds the same already is no failure.
-WriteResult writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
-                                  const std::vector<std::string>& pNewDicPref = {});
+/// in place of the preferences, for any group. Does nothing for a nil folder and one that is gone. A file that
+/// cannot be written but holds the same already is not a failure.
+Result writeGroupPreferences(const FolderItem& group, const GroupPreferences& preferences,
+                             const std::vector<std::string>& pNewDicPref = {});
 
 } // namespace velmarin

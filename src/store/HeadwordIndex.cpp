@@ -73,8 +73,4 @@ std::size_t HeadwordIndex::firstGreater(std::string_view word) const {
     return firstWhere(runningMaximum_.size(), [&](std::size_t i) { return word < (*this)[runningMaximum_[i]]; });
 }
 
-std::size_t HeadwordIndex::memory() const {
-    return text_.capacity() + (ends_.capacity() + runningMaximum_.capacity()) * sizeof(std::uint32_t);
-}
-
 } // namespace velmarin

@@ -14,7 +14,7 @@ namespace velmarin {
 class HeadwordIndex {
   public:
     void reserve(std::size_t entries, std::size_t bytes);
-    /// Words are upper-case forms already; their order is that of their bytes. False where the 4 GiB are full.
+    /// Words are upper-case forms already; their order is that of their bytes. False if the 4 GiB are full.
     bool append(std::string_view word);
     /// To be called once after the last append.
     void finish();
@@ -23,11 +23,8 @@ class HeadwordIndex {
     std::string_view operator[](std::size_t i) const;
     bool sorted() const;
 
-    /// The first i with word < (*this)[i]; size() where there is none. `word` is an upper-case form.
+    /// The first i with word < (*this)[i]; size() if there is none. `word` is an upper-case form.
     std::size_t firstGreater(std::string_view word) const;
-
-    /// Bytes held, for measuring.
-    std::size_t memory() const;
 
   private:
     std::string text_;

@@ -42,7 +42,7 @@ bool mFiMod_MakeImageIndex(FolderItem folder, const std::function<FolderItem()>&
     std::string text = Str(std::ssize(pictures) - 1) + "\n";
     for (const std::string& name : pictures)
         text += name + "\n";
-    return writeFileAtomically(folder.Child("ImageIndex").path(), text).ok;
+    return static_cast<bool>(writeFileAtomically(folder.Child("ImageIndex").path(), text));
 }
 
 } // namespace velmarin

@@ -9,7 +9,7 @@
 
 namespace velmarin {
 
-/// The pages of a dictionary in order: row n of the jump menu shows captions[n] and stands for names[n].
+/// The pages of a dictionary in order: row n of the jump menu shows captions[n] and selects names[n].
 struct PageList {
     std::vector<std::string> names;
     std::vector<std::string> captions;

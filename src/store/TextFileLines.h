@@ -7,8 +7,8 @@
 
 namespace velmarin {
 
-/// Appends to `lines` the lines whose 1-based numbers stand, ascending, in `lineNumbers`; a 0 or a repeated number is
-/// answered by nothing, and so are all that follow it. Tells of a nil, missing or unreadable file and of no numbers by
+/// Appends to `lines` the lines whose 1-based numbers are, ascending, in `lineNumbers`. It ends at a 0 or a repeated
+/// number, whatever follows it. Reports a nil, missing or unreadable file, and an empty list, by
 /// a message.
 void mFiMod_GetTextFiLinesByLineNums(const FolderItem& file, const std::vector<int>& lineNumbers,
                                      std::vector<std::string>& lines);

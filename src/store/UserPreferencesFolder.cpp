@@ -30,7 +30,7 @@ fs::path homeFolder() {
     return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
 }
 
-/// The host's folder for preferences, made where it is missing; empty where there is none and none can be made.
+/// The host's folder for preferences, made where it is missing; empty if there is none and none can be made.
 fs::path hostPreferencesFolder() {
     fs::path folder = environmentValue("XDG_CONFIG_HOME");
     if (!folder.is_absolute() && !homeFolder().empty())
@@ -70,8 +70,11 @@ void mFiMod_OpenThisModule() {
         }
     }
     pFiMod_UserPrefContainer = FolderItem(root).Child("Selorin_SoftWare");
-    if (!pFiMod_UserPrefContainer.Exists() && pFiMod_UserPrefContainer.CreateAsFolder())
-        writeFileAtomically(pFiMod_UserPrefContainer.Child("LocalUserName").path(), localUserName() + "\n");
+    if (!pFiMod_UserPrefContainer.Exists() && pFiMod_UserPrefContainer.CreateAsFolder()) {
+        // Nothing reads the file, so a failure is not reported.
+        [[maybe_unused]] const Result ignored =
+            writeFileAtomically(pFiMod_UserPrefContainer.Child("LocalUserName").path(), localUserName() + "\n");
+    }
 }
 
 } // namespace velmarin

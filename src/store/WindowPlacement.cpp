@@ -1,5 +1,6 @@
 #include "store/WindowPlacement.h"
 
+#include "files/AtomicFile.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
 #include "text/NumberText.h"
@@ -26,7 +27,7 @@ std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferences
     return WindowPlacement{.left = number(1), .top = number(2), .width = number(3), .height = number(4)};
 }
 
-WriteResult writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement) {
+Result writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement) {
     std::string line;
     for (const int number : {placement.left, placement.top, placement.width, placement.height})
         line += Str(number) + "\t";

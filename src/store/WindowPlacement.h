@@ -1,7 +1,7 @@
 #pragma once
 
-#include "files/AtomicFile.h"
 #include "files/FolderItem.h"
+#include "files/Result.h"
 
 #include <optional>
 
@@ -14,6 +14,6 @@ struct WindowPlacement {
 };
 /// Missing numbers are 0; nothing for a file that is missing or unreadable.
 std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder);
-WriteResult writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement);
+Result writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement);
 
 } // namespace velmarin

@@ -14,11 +14,11 @@ class CapitalBytes {
   public:
     explicit CapitalBytes(std::string_view text) : text_(text) {}
 
-    static constexpr int end = -1;
+    static constexpr int kEnd = -1;
 
     int next() {
         if (taken_ == filled_ && !fill())
-            return end;
+            return kEnd;
         return static_cast<unsigned char>(bytes_[taken_++]);
     }
 
@@ -46,7 +46,7 @@ int compareBeyondAscii(std::string_view a, std::string_view b) {
         const int x = left.next(), y = right.next();
         if (x != y)
             return x < y ? -1 : 1;
-        if (x == CapitalBytes::end)
+        if (x == CapitalBytes::kEnd)
             return 0;
     }
 }

@@ -1,4 +1,4 @@
-#include "view/ScaleToGrey.h"
+#include "view/AreaAverage.h"
 
 #include "view/ProcessorClones.h"
 
@@ -27,7 +27,7 @@ void addWeightedBytes(const std::uint8_t* bytes, std::size_t size, std::uint32_t
 }
 
 /// The border between two result pixels, and the width of the pixel that begins there.
-struct Cut {
+struct Border {
     std::uint32_t pixel = 0;
     std::uint32_t fraction = 0;
     std::uint64_t width = 0;
@@ -41,16 +41,16 @@ class AveragedRows : public ScaledRows {
         const int pixelsInWord = 4 / channels_;
         firstWord_ = x.pixelAt(x.bound(x0)) / pixelsInWord;
         for (int d = x0; d <= x1; ++d) {
-            Cut cut;
-            cut.pixel = static_cast<std::uint32_t>(x.pixelAt(x.bound(d)) - firstWord_ * pixelsInWord);
-            cut.fraction = static_cast<std::uint32_t>(x.fractionAt(x.bound(d)));
-            cut.width = static_cast<std::uint64_t>(x.bound(std::min(d + 1, x1)) - x.bound(d));
-            cuts_.push_back(cut);
+            Border border;
+            border.pixel = static_cast<std::uint32_t>(x.pixelAt(x.bound(d)) - firstWord_ * pixelsInWord);
+            border.fraction = static_cast<std::uint32_t>(x.fractionAt(x.bound(d)));
+            border.width = static_cast<std::uint64_t>(x.bound(std::min(d + 1, x1)) - x.bound(d));
+            borders_.push_back(border);
         }
         const int lastPixel = std::min(x.pixelAt(x.bound(x1)), source.Width() - 1);
-        bytes_ = static_cast<std::size_t>(lastPixel / pixelsInWord - firstWord_ + 1) * 4;
-        columns_.resize(bytes_ + 4);
-        short_.resize(bytes_);
+        lineBytes_ = static_cast<std::size_t>(lastPixel / pixelsInWord - firstWord_ + 1) * 4;
+        columnSums_.resize(lineBytes_ + 4);
+        wholeLines_.resize(lineBytes_);
     }
 
     void row(int y, std::uint8_t* to) override {
@@ -58,7 +58,7 @@ class AveragedRows : public ScaledRows {
         const std::int64_t until = y_.bound(y + 1);
         const int last = y_.pixelAt(until);
         int line = y_.pixelAt(from);
-        std::fill(columns_.begin(), columns_.end(), 0);
+        std::fill(columnSums_.begin(), columnSums_.end(), 0);
         if (line == last) {
             addLine(line, until - from);
         } else {
@@ -70,52 +70,53 @@ class AveragedRows : public ScaledRows {
         }
         const auto height = static_cast<std::uint64_t>(until - from);
         if (channels_ == 1)
-            gather<1>(height, to);
+            writeMeans<1>(height, to);
         else
-            gather<4>(height, to);
+            writeMeans<4>(height, to);
     }
 
   private:
+    static constexpr int kLinesIn16Bits = 257; // 257 * 255 fits 16 bits
+
     const std::uint8_t* bytesOf(int line) const {
         return reinterpret_cast<const std::uint8_t*>(source_.row(line) + firstWord_);
     }
 
     void addLine(int line, std::int64_t weight) {
-        addWeightedBytes(bytesOf(line), bytes_, static_cast<std::uint32_t>(weight), columns_.data());
+        addWeightedBytes(bytesOf(line), lineBytes_, static_cast<std::uint32_t>(weight), columnSums_.data());
     }
 
     void addWholeLines(int begin, int end) {
-        constexpr int linesIn16Bits = 257;
         while (begin < end) {
-            const int stop = std::min(end, begin + linesIn16Bits);
-            std::fill(short_.begin(), short_.end(), 0);
+            const int stop = std::min(end, begin + kLinesIn16Bits);
+            std::fill(wholeLines_.begin(), wholeLines_.end(), 0);
             for (; begin < stop; ++begin)
-                addBytes(bytesOf(begin), bytes_, short_.data());
-            addWeighted(short_.data(), bytes_, static_cast<std::uint32_t>(y_.result), columns_.data());
+                addBytes(bytesOf(begin), lineBytes_, wholeLines_.data());
+            addWeighted(wholeLines_.data(), lineBytes_, static_cast<std::uint32_t>(y_.result), columnSums_.data());
         }
     }
 
-    /// A pixel's place in memory: Leptonica's words hold the leftmost or the red byte highest.
-    template <int Channels> static std::size_t place(std::size_t pixel, std::size_t channel) {
+    /// The index of a pixel's byte: Leptonica's words hold the leftmost or the red byte in the highest bits.
+    template <int Channels> static std::size_t byteIndex(std::size_t pixel, std::size_t channel) {
         constexpr std::size_t flip = std::endian::native == std::endian::little ? 3 : 0;
         return (pixel * Channels + channel) ^ flip;
     }
 
-    template <int Channels> std::uint64_t sumBetween(const Cut& a, const Cut& b, std::size_t channel) const {
+    template <int Channels> std::uint64_t sumBetween(const Border& a, const Border& b, std::size_t channel) const {
         std::uint64_t whole = 0;
         for (std::size_t p = a.pixel; p < b.pixel; ++p)
-            whole += columns_[place<Channels>(p, channel)];
+            whole += columnSums_[byteIndex<Channels>(p, channel)];
         return whole * static_cast<std::uint64_t>(x_.result) +
-               std::uint64_t{columns_[place<Channels>(b.pixel, channel)]} * b.fraction -
-               std::uint64_t{columns_[place<Channels>(a.pixel, channel)]} * a.fraction;
+               std::uint64_t{columnSums_[byteIndex<Channels>(b.pixel, channel)]} * b.fraction -
+               std::uint64_t{columnSums_[byteIndex<Channels>(a.pixel, channel)]} * a.fraction;
     }
 
-    template <int Channels> void gather(std::uint64_t height, std::uint8_t* to) const {
+    template <int Channels> void writeMeans(std::uint64_t height, std::uint8_t* to) const {
         auto* words = reinterpret_cast<std::uint32_t*>(to);
         for (std::size_t k = 0; k < size_; ++k) {
-            const std::uint64_t area = cuts_[k].width * height;
+            const std::uint64_t area = borders_[k].width * height;
             auto mean = [&](std::size_t channel) {
-                return std::uint32_t{roundedMean(sumBetween<Channels>(cuts_[k], cuts_[k + 1], channel), area)};
+                return std::uint32_t{roundedMean(sumBetween<Channels>(borders_[k], borders_[k + 1], channel), area)};
             };
             if constexpr (Channels == 1)
                 to[k] = static_cast<std::uint8_t>(mean(0));
@@ -129,10 +130,10 @@ class AveragedRows : public ScaledRows {
     int channels_;
     std::size_t size_;
     int firstWord_ = 0;
-    std::size_t bytes_ = 0; ///< of a line between the first and the last pixel used, in whole words
-    std::vector<Cut> cuts_; ///< one more than there are pixels
-    std::vector<std::uint32_t> columns_;
-    std::vector<std::uint16_t> short_;
+    std::size_t lineBytes_ = 0;   ///< from the first to the last pixel used of a line, in whole words
+    std::vector<Border> borders_; ///< one more than result pixels
+    std::vector<std::uint32_t> columnSums_;
+    std::vector<std::uint16_t> wholeLines_; ///< sums of up to kLinesIn16Bits lines
 };
 
 } // namespace

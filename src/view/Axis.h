@@ -6,18 +6,17 @@
 namespace velmarin {
 
 /// One direction of a scaling: `length` source pixels from `start` become `result` pixels. The source has `size`
-/// pixels; where the rectangle overruns it the result is clipped and the scale stays. Positions within the rectangle
-/// are counted in units of 1/result of a source pixel, of which a pixel of the result covers exactly `length`: all
-/// bounds are whole.
+/// pixels; if the range overruns it, the result is clipped and the scale stays. Positions in the range are counted in
+/// units of 1/result of a source pixel. A result pixel covers exactly `length` units, so all bounds are whole numbers.
 struct Axis {
     int size = 0;
     int start = 0;
     int length = 0;
     int result = 0;
 
-    /// Keeps every sum within 64 bits.
-    static constexpr int limit = 1 << 24;
-    bool usable() const { return size > 0 && length > 0 && result > 0 && length <= limit && result <= limit; }
+    /// The greatest length; every sum then fits 64 bits.
+    static constexpr int kMaxLength = 1 << 24;
+    bool usable() const { return size > 0 && length > 0 && result > 0 && length <= kMaxLength && result <= kMaxLength; }
     bool identical() const { return length == result; }
 
     std::int64_t unitsBegin() const { return std::max<std::int64_t>(0, -std::int64_t{start}) * result; }

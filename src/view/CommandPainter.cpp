@@ -31,7 +31,7 @@ QFont fontOf(const TextStyle& style) {
     return font;
 }
 
-/// Text laid out in lines of at most `wrapWidth`; a word that is longer is broken.
+/// Text laid out in lines of at most `wrapWidth`; longer words are broken.
 class WrappedText {
   public:
     WrappedText(const std::string& text, int wrapWidth, const TextStyle& style) {
@@ -78,7 +78,7 @@ CommandPainter::CommandPainter(QPainter& painter, PageRenderer& renderer, const 
              static_cast<int>(std::ceil((exposed.y() + exposed.height()) * scale)) - top};
     painter_.save();
     painter_.scale(1 / scale, 1 / scale);
-    // At a fractional scale the widget may begin between two screen pixels; the page must not.
+    // At a fractional scale the widget may start between two screen pixels; the page must not.
     const QPointF origin = painter_.deviceTransform().map(QPointF(0, 0));
     painter_.translate(std::round(origin.x()) - origin.x(), std::round(origin.y()) - origin.y());
 }
@@ -101,7 +101,7 @@ void CommandPainter::operator()(const PictureDrawn& c) {
     if (block.empty())
         return;
     const QImage image(block.data, block.place.width, block.place.height, block.stride,
-                       block.colour ? QImage::Format_RGB32 : QImage::Format_Grayscale8);
+                       block.inColor ? QImage::Format_RGB32 : QImage::Format_Grayscale8);
     painter_.drawImage(QPoint(block.place.x, block.place.y), image);
 }
 

@@ -11,11 +11,11 @@ class QPainter;
 
 namespace velmarin {
 
-/// Draws commands on the screen: geometry comes in control pixels and is drawn in whole device pixels, at any scale.
+/// Draws commands on the screen, converting control pixels to whole device pixels at any scale.
 class CommandPainter {
   public:
-    /// `painter` draws on a widget, and its state is restored at the end; `exposed` is the part of the widget that
-    /// needs drawing, `scale` the number of device pixels to a control pixel.
+    /// `painter` draws on a widget; the destructor restores its state. `exposed` is the part of the widget to draw, in
+    /// control pixels; `scale` is the number of device pixels per control pixel.
     CommandPainter(QPainter& painter, PageRenderer& renderer, const QRect& exposed, qreal scale);
     ~CommandPainter();
     CommandPainter(const CommandPainter&) = delete;
@@ -27,7 +27,7 @@ class CommandPainter {
     void operator()(const RectFilled& c);
     void operator()(const StringDrawn& c);
 
-    /// The height of wrapped text as it is drawn, in control pixels.
+    /// The height of wrapped text, in control pixels.
     static int heightOf(const std::string& text, int wrapWidth, const TextStyle& style);
 
   private:

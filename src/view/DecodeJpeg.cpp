@@ -1,4 +1,4 @@
-#include "view/Formats.h"
+#include "view/DecodeJpeg.h"
 
 #include "view/Picture.h"
 
@@ -14,13 +14,13 @@
 namespace velmarin {
 namespace {
 
-/// A progressive file is kept as coefficients, six bytes a pixel, until its last scan is read.
-constexpr std::int64_t maxProgressivePixels = 250'000'000;
-/// A file of a few kilobytes can hold thousands of empty scans, and each passes over the whole picture.
-constexpr int maxScans = 200;
+/// libjpeg keeps the coefficients of a progressive file, six bytes per pixel, until it has read the last scan.
+constexpr std::int64_t kMaxProgressivePixels = 250'000'000;
+/// A file of a few kilobytes can hold thousands of empty scans, each of which takes time for the whole picture.
+constexpr int kMaxScans = 200;
 
-/// Reads one JPEG. libjpeg reports errors by longjmp, so functions that call it hold nothing with a destructor: all
-/// such state is a member.
+/// Reads one JPEG. Errors of libjpeg leave by longjmp, so functions that call it have no locals with destructors: such
+/// state is in members.
 class JpegReader {
   public:
     explicit JpegReader(std::string_view bytes) : bytes_(bytes) {
@@ -29,7 +29,7 @@ class JpegReader {
         errors_.error_exit = [](j_common_ptr info) {
             JpegReader& self = of(info);
             info->err->format_message(info, self.text_);
-            std::longjmp(self.out_, 1);
+            std::longjmp(self.errorExit_, 1);
         };
         errors_.emit_message = [](j_common_ptr info, int level) {
             if (level < 0)
@@ -42,7 +42,7 @@ class JpegReader {
     JpegReader& operator=(const JpegReader&) = delete;
 
     DecodedPix read() {
-        if (setjmp(out_) != 0)
+        if (setjmp(errorExit_) != 0)
             return DecodedPix::failed(text_);
         decode();
         if (!sizeFits_)
@@ -69,9 +69,9 @@ class JpegReader {
         jpeg_create_decompress(&info_);
         progress_.progress_monitor = [](j_common_ptr info) {
             JpegReader& self = of(info);
-            if (self.info_.input_scan_number > maxScans) {
-                std::snprintf(self.text_, sizeof self.text_, "it has more than %d scans", maxScans);
-                std::longjmp(self.out_, 1);
+            if (self.info_.input_scan_number > kMaxScans) {
+                std::snprintf(self.text_, sizeof self.text_, "it has more than %d scans", kMaxScans);
+                std::longjmp(self.errorExit_, 1);
             }
         };
         info_.progress = &progress_;
@@ -80,7 +80,7 @@ class JpegReader {
         jpeg_read_header(&info_, TRUE);
         const std::int64_t pixels = std::int64_t{info_.image_width} * info_.image_height;
         sizeFits_ = isPictureSize(info_.image_width, info_.image_height) &&
-                    (pixels <= maxProgressivePixels || jpeg_has_multiple_scans(&info_) == FALSE);
+                    (pixels <= kMaxProgressivePixels || jpeg_has_multiple_scans(&info_) == FALSE);
         if (!sizeFits_)
             return;
         constexpr bool little = std::endian::native == std::endian::little;
@@ -106,22 +106,22 @@ class JpegReader {
         l_uint32* row = pixGetData(pix_.get()) + std::ptrdiff_t{info_.output_scanline} * pixGetWpl(pix_.get());
         auto* bytes = reinterpret_cast<JSAMPLE*>(row);
         if (info_.num_components == 1 && info_.output_width % 4 != 0)
-            row[info_.output_width / 4] = 0; // the bytes beyond the last pixel
+            row[info_.output_width / 4] = 0; // clears the bytes after the last pixel
         jpeg_read_scanlines(&info_, &bytes, 1);
         if (info_.num_components == 4)
-            inkToLight(row);
+            inksToColor(row);
     }
 
-    /// Four bytes of ink to a word of light. Adobe's files hold the ink upside down.
-    void inkToLight(l_uint32* row) const {
+    /// Converts each pixel from four bytes of ink to a color word. Files with Adobe's marker hold inverted ink.
+    void inksToColor(l_uint32* row) const {
         for (JDIMENSION x = 0; x < info_.output_width; ++x) {
             unsigned char ink[4];
             std::memcpy(ink, row + x, 4);
             unsigned light[3];
             for (int i = 0; i < 3; ++i) {
-                const unsigned colour = info_.saw_Adobe_marker ? ink[i] : 255u - ink[i];
+                const unsigned color = info_.saw_Adobe_marker ? ink[i] : 255u - ink[i];
                 const unsigned black = info_.saw_Adobe_marker ? ink[3] : 255u - ink[3];
-                light[i] = (colour * black + 127) / 255;
+                light[i] = (color * black + 127) / 255;
             }
             row[x] = light[0] << 24 | light[1] << 16 | light[2] << 8 | 0xff;
         }
@@ -131,7 +131,7 @@ class JpegReader {
     jpeg_decompress_struct info_{};
     jpeg_error_mgr errors_{};
     jpeg_progress_mgr progress_{};
-    std::jmp_buf out_{};
+    std::jmp_buf errorExit_{};
     char text_[JMSG_LENGTH_MAX] = {};
     PixPtr pix_;
     bool sizeFits_ = false;

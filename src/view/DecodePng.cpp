@@ -1,4 +1,4 @@
-#include "view/Formats.h"
+#include "view/DecodePng.h"
 
 #include "view/Picture.h"
 
@@ -11,11 +11,11 @@
 namespace velmarin {
 namespace {
 
-/// The memory that one chunk may take besides the picture.
-constexpr png_alloc_size_t maxChunk = 16 << 20;
+/// The most memory that one chunk may take besides the picture.
+constexpr png_alloc_size_t kMaxChunkMemory = 16 << 20;
 
-/// Reads one PNG. libpng reports errors by longjmp, so functions that call it hold nothing with a destructor: all such
-/// state is a member.
+/// Reads one PNG. Errors of libpng leave by longjmp, so functions that call it have no locals with destructors: such
+/// state is in members.
 class PngReader {
   public:
     explicit PngReader(std::string_view bytes) : bytes_(bytes) {
@@ -24,7 +24,7 @@ class PngReader {
             [](png_structp png, png_const_charp text) {
                 auto* self = static_cast<PngReader*>(png_get_error_ptr(png));
                 std::strncpy(self->text_, text, sizeof self->text_ - 1);
-                std::longjmp(self->out_, 1);
+                std::longjmp(self->errorExit_, 1);
             },
             [](png_structp, png_const_charp) {});
         info_ = png_ != nullptr ? png_create_info_struct(png_) : nullptr;
@@ -36,12 +36,12 @@ class PngReader {
     DecodedPix read() {
         if (info_ == nullptr)
             return DecodedPix::noMemory();
-        if (setjmp(out_) != 0)
+        if (setjmp(errorExit_) != 0)
             return DecodedPix::failed(text_);
         readHeader();
         if (!isPictureSize(width_, height_))
             return DecodedPix::tooLarge(width_, height_);
-        setUp();
+        setConversions();
         pix_ = newPix(static_cast<int>(width_), static_cast<int>(height_), depth_);
         if (!pix_)
             return DecodedPix::noMemory();
@@ -53,7 +53,7 @@ class PngReader {
   private:
     void readHeader() {
         png_set_user_limits(png_, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
-        png_set_chunk_malloc_max(png_, maxChunk);
+        png_set_chunk_malloc_max(png_, kMaxChunkMemory);
         png_set_chunk_cache_max(png_, 100);
         png_set_read_fn(png_, this, [](png_structp png, png_bytep to, std::size_t count) {
             auto* self = static_cast<PngReader*>(png_get_io_ptr(png));
@@ -63,11 +63,11 @@ class PngReader {
             self->at_ += count;
         });
         png_read_info(png_, info_);
-        png_get_IHDR(png_, info_, &width_, &height_, &bits_, &colourType_, nullptr, nullptr, nullptr);
+        png_get_IHDR(png_, info_, &width_, &height_, &bits_, &colorType_, nullptr, nullptr, nullptr);
     }
 
-    /// A palette of black and white, as many programs write for pages of ink.
-    bool inkPalette() {
+    /// Whether the palette is black and white, as many programs write it for 1-bit pages. Sets `inverted_`.
+    bool readInkPalette() {
         png_colorp palette = nullptr;
         int size = 0;
         if (bits_ != 1 || png_get_PLTE(png_, info_, &palette, &size) == 0 || size != 2)
@@ -77,26 +77,26 @@ class PngReader {
         return inverted_ || (is(palette[0], 0) && is(palette[1], 255));
     }
 
-    /// Tells libpng to make rows of 1 bit, of 8 bits, or of words in a picture's byte order.
-    void setUp() {
+    /// Makes libpng return rows of 1 bit, of 8 bits, or of words in a picture's byte order.
+    void setConversions() {
         const bool transparent =
-            (colourType_ & PNG_COLOR_MASK_ALPHA) != 0 || png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
-        if (!transparent && (colourType_ == PNG_COLOR_TYPE_GRAY || colourType_ == PNG_COLOR_TYPE_PALETTE)) {
-            if (bits_ == 1 && (colourType_ == PNG_COLOR_TYPE_GRAY || inkPalette())) {
+            (colorType_ & PNG_COLOR_MASK_ALPHA) != 0 || png_get_valid(png_, info_, PNG_INFO_tRNS) != 0;
+        if (!transparent && (colorType_ == PNG_COLOR_TYPE_GRAY || colorType_ == PNG_COLOR_TYPE_PALETTE)) {
+            if (bits_ == 1 && (colorType_ == PNG_COLOR_TYPE_GRAY || readInkPalette())) {
                 depth_ = 1;
                 return;
             }
         }
         if (bits_ == 16)
             png_set_scale_16(png_);
-        if (colourType_ == PNG_COLOR_TYPE_GRAY && !transparent) {
+        if (colorType_ == PNG_COLOR_TYPE_GRAY && !transparent) {
             depth_ = 8;
             png_set_expand_gray_1_2_4_to_8(png_);
             return;
         }
         depth_ = 32;
         blended_ = transparent;
-        grey_ = (colourType_ & PNG_COLOR_MASK_COLOR) == 0 || colourType_ == PNG_COLOR_TYPE_PALETTE;
+        grey_ = (colorType_ & PNG_COLOR_MASK_COLOR) == 0 || colorType_ == PNG_COLOR_TYPE_PALETTE;
         png_set_expand(png_);
         png_set_gray_to_rgb(png_);
         constexpr bool little = std::endian::native == std::endian::little;
@@ -111,7 +111,7 @@ class PngReader {
     void readPixels() {
         const int passes = png_set_interlace_handling(png_);
         png_read_update_info(png_, info_);
-        // With 16 bits scaled down and the rest expanded, a row should be as long as the picture's.
+        // After these conversions a row is as long as the picture's.
         if (png_get_rowbytes(png_, info_) > std::size_t{4} * static_cast<std::size_t>(pixGetWpl(pix_.get())))
             png_error(png_, "its rows are longer than they should be");
         for (int pass = 0; pass < passes; ++pass)
@@ -131,21 +131,21 @@ class PngReader {
         if (blended_)
             blendOverWhite(pix_.get());
         if (grey_)
-            pix_ = leanest(std::move(pix_));
+            pix_ = inSmallestDepth(std::move(pix_));
     }
 
     std::string_view bytes_;
     std::size_t at_ = 0;
     png_structp png_ = nullptr;
     png_infop info_ = nullptr;
-    std::jmp_buf out_{};
+    std::jmp_buf errorExit_{};
     char text_[200] = {};
     png_uint_32 width_ = 0, height_ = 0;
-    int bits_ = 0, colourType_ = 0;
+    int bits_ = 0, colorType_ = 0;
     int depth_ = 32;
-    bool inverted_ = false; ///< 1 bit: 0 is paper already
-    bool blended_ = false;
-    bool grey_ = false; ///< 32 bits, but perhaps without colour
+    bool inverted_ = false; ///< 1 bit: 0 is already paper
+    bool blended_ = false;  ///< has alpha, to be laid over white
+    bool grey_ = false;     ///< 32 bits, but possibly all grey
     PixPtr pix_;
 };
 

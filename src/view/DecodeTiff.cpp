@@ -1,4 +1,4 @@
-#include "view/Formats.h"
+#include "view/DecodeTiff.h"
 
 #include "view/Picture.h"
 
@@ -14,19 +14,19 @@
 namespace velmarin {
 namespace {
 
-/// The largest allocation of libtiff: a picture in one strip of 16 bits a pixel.
-constexpr tmsize_t maxAllocation = tmsize_t{2} * maxPixels + (1 << 20);
+/// The largest allocation of libtiff: a picture in one strip of 16 bits per pixel.
+constexpr tmsize_t kMaxAllocation = tmsize_t{2} * kMaxPixels + (1 << 20);
 
-/// A file in memory for libtiff, and the errors that libtiff reports.
-struct Source {
+/// A file in memory for libtiff, and the first error that libtiff reports.
+struct MemoryFile {
     std::string_view bytes;
     std::uint64_t at = 0;
-    std::string error; ///< the first
+    std::string error;
 
-    static Source& of(thandle_t handle) { return *static_cast<Source*>(handle); }
+    static MemoryFile& of(thandle_t handle) { return *static_cast<MemoryFile*>(handle); }
 
     static tmsize_t read(thandle_t handle, void* to, tmsize_t count) {
-        Source& self = of(handle);
+        MemoryFile& self = of(handle);
         if (count <= 0 || self.at >= self.bytes.size())
             return 0;
         const std::size_t got = std::min<std::size_t>(static_cast<std::size_t>(count), self.bytes.size() - self.at);
@@ -35,22 +35,22 @@ struct Source {
         return static_cast<tmsize_t>(got);
     }
     static toff_t seek(thandle_t handle, toff_t offset, int whence) {
-        Source& self = of(handle);
+        MemoryFile& self = of(handle);
         const std::uint64_t from = whence == SEEK_CUR ? self.at : whence == SEEK_END ? self.bytes.size() : 0;
         return self.at = from + offset;
     }
-    /// Without a mapping, libtiff 4.5 refuses uncompressed tiles that are not a multiple of 1024 bytes.
+    /// Without a mapping, libtiff 4.5 refuses uncompressed tiles whose size is not a multiple of 1024 bytes.
     static int map(thandle_t handle, void** base, toff_t* size) {
         *base = const_cast<char*>(of(handle).bytes.data());
         *size = of(handle).bytes.size();
         return 1;
     }
     static int note(TIFF*, void* self, const char*, const char* format, va_list values) {
-        auto& source = *static_cast<Source*>(self);
-        if (source.error.empty()) {
+        auto& file = *static_cast<MemoryFile*>(self);
+        if (file.error.empty()) {
             char text[300];
             std::vsnprintf(text, sizeof text, format, values);
-            source.error = text;
+            file.error = text;
         }
         return 1;
     }
@@ -62,18 +62,19 @@ struct TiffCloser {
 };
 using TiffPtr = std::unique_ptr<TIFF, TiffCloser>;
 
-TiffPtr open(Source& source) {
+TiffPtr open(MemoryFile& file) {
     const std::unique_ptr<TIFFOpenOptions, decltype(&TIFFOpenOptionsFree)> options(TIFFOpenOptionsAlloc(),
                                                                                    &TIFFOpenOptionsFree);
     if (!options)
         return nullptr;
-    TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), maxAllocation);
-    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), &Source::note, &source);
-    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), &Source::ignore, &source);
+    TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), kMaxAllocation);
+    TIFFOpenOptionsSetErrorHandlerExtR(options.get(), &MemoryFile::note, &file);
+    TIFFOpenOptionsSetWarningHandlerExtR(options.get(), &MemoryFile::ignore, &file);
     return TiffPtr(TIFFClientOpenExt(
-        "picture", "r", &source, &Source::read, [](thandle_t, void*, tmsize_t) -> tmsize_t { return 0; }, &Source::seek,
-        [](thandle_t) { return 0; }, [](thandle_t handle) -> toff_t { return Source::of(handle).bytes.size(); },
-        &Source::map, [](thandle_t, void*, toff_t) {}, options.get()));
+        "picture", "r", &file, &MemoryFile::read, [](thandle_t, void*, tmsize_t) -> tmsize_t { return 0; },
+        &MemoryFile::seek, [](thandle_t) { return 0; },
+        [](thandle_t handle) -> toff_t { return MemoryFile::of(handle).bytes.size(); }, &MemoryFile::map,
+        [](thandle_t, void*, toff_t) {}, options.get()));
 }
 
 template <typename Value> Value tag(TIFF* tiff, std::uint32_t which, Value otherwise) {
@@ -95,8 +96,8 @@ struct Header {
           orientation(tag<std::uint16_t>(tiff, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT)),
           format(tag<std::uint16_t>(tiff, TIFFTAG_SAMPLEFORMAT, SAMPLEFORMAT_UINT)) {}
 
-    /// One sample a pixel, for ink or light: read directly, in its own depth. Everything else goes through libtiff's
-    /// conversion to colour.
+    /// Whether the picture has one sample per pixel, of ink or light, which is read in its own depth. Everything else
+    /// goes through libtiff's conversion to color.
     bool plain() const {
         return samples == 1 && (photometric == PHOTOMETRIC_MINISWHITE || photometric == PHOTOMETRIC_MINISBLACK) &&
                (bits == 1 || bits == 2 || bits == 4 || bits == 8 || bits == 16) && compression != COMPRESSION_OJPEG &&
@@ -104,9 +105,9 @@ struct Header {
     }
 };
 
-/// Passes every row of a plain picture to `take(y, x, bytes, pixels)`, a strip or a tile at a time. False if one cannot
-/// be read.
-template <typename Take> bool readPlain(TIFF* tiff, const Header& header, Take take) {
+/// Passes each row of each strip or tile of a plain picture to `takeRow(y, x, bytes, pixels)`. False if one cannot be
+/// read.
+template <typename TakeRow> bool readPlain(TIFF* tiff, const Header& header, TakeRow takeRow) {
     const bool tiled = TIFFIsTiled(tiff) != 0;
     const tmsize_t size = tiled ? TIFFTileSize(tiff) : TIFFStripSize(tiff);
     const tmsize_t rowSize = tiled ? TIFFTileRowSize(tiff) : TIFFScanlineSize(tiff);
@@ -114,7 +115,7 @@ template <typename Take> bool readPlain(TIFF* tiff, const Header& header, Take t
     const auto high = std::min(tiled ? tag<std::uint32_t>(tiff, TIFFTAG_TILELENGTH, 0)
                                      : tag<std::uint32_t>(tiff, TIFFTAG_ROWSPERSTRIP, header.height),
                                tiled ? 0xffffffffu : header.height);
-    if (size <= 0 || size > maxAllocation || rowSize <= 0 || wide == 0 || high == 0)
+    if (size <= 0 || size > kMaxAllocation || rowSize <= 0 || wide == 0 || high == 0)
         return false;
     const std::unique_ptr<std::uint8_t[]> bytes(new (std::nothrow) std::uint8_t[static_cast<std::size_t>(size)]);
     if (!bytes)
@@ -129,14 +130,14 @@ template <typename Take> bool readPlain(TIFF* tiff, const Header& header, Take t
             if (got < need)
                 return false;
             for (std::uint32_t row = 0; row < rows; ++row)
-                take(y + row, x, bytes.get() + tmsize_t{row} * rowSize, std::min(wide, header.width - x));
+                takeRow(y + row, x, bytes.get() + tmsize_t{row} * rowSize, std::min(wide, header.width - x));
         }
     }
     return true;
 }
 
-/// The light of pixel i of a row of 2, 4, 8 or 16 bits, as 8 bits.
-std::uint8_t lightAt(const std::uint8_t* bytes, std::uint32_t i, int bits) {
+/// Sample i of a row of 2, 4, 8 or 16 bits per sample, scaled to 8 bits.
+std::uint8_t sampleAt(const std::uint8_t* bytes, std::uint32_t i, int bits) {
     if (bits == 8)
         return bytes[i];
     if (bits == 16) {
@@ -150,7 +151,7 @@ std::uint8_t lightAt(const std::uint8_t* bytes, std::uint32_t i, int bits) {
     return static_cast<std::uint8_t>((bytes[i / inByte] >> shift & most) * 255 / most);
 }
 
-DecodedPix decodePlain(TIFF* tiff, const Header& header, const Source& source) {
+DecodedPix decodePlain(TIFF* tiff, const Header& header, const MemoryFile& file) {
     PixPtr pix = newPix(static_cast<int>(header.width), static_cast<int>(header.height), header.bits == 1 ? 1 : 8);
     if (!pix)
         return DecodedPix::noMemory();
@@ -164,10 +165,10 @@ DecodedPix decodePlain(TIFF* tiff, const Header& header, const Source& source) {
                 std::memcpy(reinterpret_cast<std::uint8_t*>(row) + x / 8, bytes, (pixels + 7) / 8);
             else
                 for (std::uint32_t i = 0; i < pixels; ++i)
-                    SET_DATA_BYTE(row, x + i, lightAt(bytes, i, header.bits) ^ flip);
+                    SET_DATA_BYTE(row, x + i, sampleAt(bytes, i, header.bits) ^ flip);
         });
     if (!read)
-        return DecodedPix::failed(source.error.empty() ? "a part of the picture cannot be read" : source.error);
+        return DecodedPix::failed(file.error.empty() ? "a part of the picture cannot be read" : file.error);
     if (header.bits == 1) {
         pixEndianByteSwap(pix.get());
         if (header.photometric == PHOTOMETRIC_MINISBLACK)
@@ -176,20 +177,20 @@ DecodedPix decodePlain(TIFF* tiff, const Header& header, const Source& source) {
     return {std::move(pix), {}};
 }
 
-DecodedPix decodeColour(TIFF* tiff, const Header& header, const Source& source) {
+DecodedPix decodeColor(TIFF* tiff, const Header& header, const MemoryFile& file) {
     TIFFRGBAImage image{};
     char why[1024] = {};
     if (TIFFRGBAImageBegin(&image, tiff, 1, why) == 0)
         return DecodedPix::failed(why);
     const std::unique_ptr<TIFFRGBAImage, decltype(&TIFFRGBAImageEnd)> ended(&image, &TIFFRGBAImageEnd);
-    image.req_orientation = image.orientation; // the caller turns all kinds of pictures
+    image.req_orientation = image.orientation; // decodeTiff turns the picture
     PixPtr pix = newPix(static_cast<int>(header.width), static_cast<int>(header.height), 32);
     if (!pix)
         return DecodedPix::noMemory();
     l_uint32* data = pixGetData(pix.get());
     if (TIFFRGBAImageGet(&image, data, header.width, header.height) == 0)
-        return DecodedPix::failed(source.error.empty() ? "the picture cannot be read" : source.error);
-    // libtiff's words hold red lowest and colours that are already multiplied by their alpha.
+        return DecodedPix::failed(file.error.empty() ? "the picture cannot be read" : file.error);
+    // libtiff's words hold red in the lowest bits, and colors that are already multiplied by alpha.
     const auto pixels = static_cast<std::size_t>(header.width) * header.height;
     for (std::size_t i = 0; i < pixels; ++i) {
         const std::uint32_t word = data[i];
@@ -197,10 +198,10 @@ DecodedPix decodeColour(TIFF* tiff, const Header& header, const Source& source) 
         auto over = [&](std::uint32_t light) { return std::min(light + paper, 255u); };
         data[i] = over(TIFFGetR(word)) << 24 | over(TIFFGetG(word)) << 16 | over(TIFFGetB(word)) << 8 | 0xff;
     }
-    return {leanest(std::move(pix)), {}};
+    return {inSmallestDepth(std::move(pix)), {}};
 }
 
-/// Turns a picture whose first row is not at the top or whose first column is not at the left.
+/// Turns a picture whose first row is not its top or whose first column is not its left.
 PixPtr upright(PixPtr pix, int orientation) {
     const bool sideways = orientation >= ORIENTATION_LEFTTOP && orientation <= ORIENTATION_LEFTBOT;
     if (sideways) {
@@ -222,15 +223,14 @@ PixPtr upright(PixPtr pix, int orientation) {
 } // namespace
 
 DecodedPix decodeTiff(std::string_view bytes) {
-    Source source{.bytes = bytes, .at = 0, .error = {}};
-    const TiffPtr tiff = open(source);
+    MemoryFile file{.bytes = bytes, .at = 0, .error = {}};
+    const TiffPtr tiff = open(file);
     if (!tiff)
-        return DecodedPix::failed(source.error.empty() ? "its content is not a TIFF picture" : source.error);
+        return DecodedPix::failed(file.error.empty() ? "its content is not a TIFF picture" : file.error);
     const Header header(tiff.get());
     if (!isPictureSize(header.width, header.height))
         return DecodedPix::tooLarge(header.width, header.height);
-    DecodedPix decoded =
-        header.plain() ? decodePlain(tiff.get(), header, source) : decodeColour(tiff.get(), header, source);
+    DecodedPix decoded = header.plain() ? decodePlain(tiff.get(), header, file) : decodeColor(tiff.get(), header, file);
     if (!decoded.pix)
         return decoded;
     decoded.pix = upright(std::move(decoded.pix), header.orientation);

@@ -4,14 +4,19 @@
 #include "store/FileNames.h"
 #include "store/PictureFormats.h"
 #include "text/NumberText.h"
-#include "view/Formats.h"
+#include "view/DecodeByLeptonica.h"
+#include "view/DecodeByMagick.h"
+#include "view/DecodeJpeg.h"
+#include "view/DecodePict.h"
+#include "view/DecodePng.h"
+#include "view/DecodeTiff.h"
 
 #include <optional>
 
 namespace velmarin {
 namespace {
 
-constexpr std::uint64_t maxFileSize = std::uint64_t{1} << 31;
+constexpr std::uint64_t kMaxFileSize = std::uint64_t{1} << 31;
 
 DecodedPix decodeAs(std::optional<PictureFormat> format, std::string_view bytes) {
     if (!format)
@@ -46,8 +51,8 @@ DecodedPix decodeAs(std::optional<PictureFormat> format, std::string_view bytes)
 std::optional<std::string> readPictureFile(const FolderItem& file, std::string& reason) {
     std::optional<std::string> bytes;
     if (file.isNil() || !file.Exists())
-        reason = noSuchFile;
-    else if (bytes = readWholeFile(file, maxFileSize); !bytes)
+        reason = kNoSuchFile;
+    else if (bytes = readWholeFile(file, kMaxFileSize); !bytes)
         reason = "it is not a regular file, cannot be read, or is larger than 2 GB";
     else if (bytes->empty()) {
         reason = "the file is empty";
@@ -61,10 +66,6 @@ DecodedPicture asPicture(DecodedPix decoded) {
 }
 
 } // namespace
-
-DecodedPix DecodedPix::tooLarge(std::int64_t width, std::int64_t height) {
-    return failed("its header asks for " + Str(width) + " x " + Str(height) + " pixels, a size that cannot be shown");
-}
 
 DecodedPicture decodePicture(const FolderItem& file) {
     std::string reason;

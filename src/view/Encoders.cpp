@@ -29,7 +29,7 @@ int thresholdOf(Pix* grey) {
         sum += i * static_cast<double>(count[static_cast<std::size_t>(i)]);
     }
     double dark = 0, darkSum = 0, best = -1;
-    int first = 128, last = 128; // the range of equally good thresholds
+    int first = 128, last = 128; // range of equally good thresholds
     for (int i = 0; i < 255; ++i) {
         dark += static_cast<double>(count[static_cast<std::size_t>(i)]);
         darkSum += i * static_cast<double>(count[static_cast<std::size_t>(i)]);
@@ -56,7 +56,7 @@ PixPtr bilevel(const Picture& picture) {
 
 using Writer = l_ok (*)(l_uint8** data, std::size_t* size, Pix* pix);
 
-std::optional<std::string> written(Pix* pix, Writer write) {
+std::optional<std::string> encodedBy(Pix* pix, Writer write) {
     l_uint8* data = nullptr;
     std::size_t size = 0;
     std::optional<std::string> bytes;
@@ -80,25 +80,25 @@ std::optional<std::string> encodePicture(const Picture& picture, std::string_vie
     auto is = [&](std::string_view name) { return equalStrings(extension, name); };
     if (is("tif") || is("tiff")) {
         const PixPtr ink = bilevel(picture);
-        return written(ink.get(), [](l_uint8** data, std::size_t* size, Pix* pix) {
+        return encodedBy(ink.get(), [](l_uint8** data, std::size_t* size, Pix* pix) {
             return pixWriteMemTiff(data, size, pix, IFF_TIFF_G4);
         });
     }
     if (is("jpg") || is("jpeg")) {
-        constexpr int maxJpegSide = 65500; // above it libjpeg writes to standard error
+        constexpr int maxJpegSide = 65500; // beyond it libjpeg writes to standard error
         if (std::max(picture.Width(), picture.Height()) > maxJpegSide)
             return std::nullopt;
         const PixPtr deep(picture.depth() == 1 ? pixConvertTo8(picture.pix(), 0) : pixClone(picture.pix()));
         if (deep)
             pixSetChromaSampling(deep.get(), 0);
-        return written(deep.get(), [](l_uint8** data, std::size_t* size, Pix* pix) {
+        return encodedBy(deep.get(), [](l_uint8** data, std::size_t* size, Pix* pix) {
             return pixWriteMemJpeg(data, size, pix, 100, 0);
         });
     }
     if (is("bmp"))
-        return written(picture.pix(), &pixWriteMemBmp);
-    return written(picture.pix(),
-                   [](l_uint8** data, std::size_t* size, Pix* pix) { return pixWriteMemPng(data, size, pix, 0.0F); });
+        return encodedBy(picture.pix(), &pixWriteMemBmp);
+    return encodedBy(picture.pix(),
+                     [](l_uint8** data, std::size_t* size, Pix* pix) { return pixWriteMemPng(data, size, pix, 0.0F); });
 }
 
 } // namespace velmarin

@@ -10,17 +10,17 @@
 namespace velmarin {
 
 struct TextStyle {
-    int TextSize = 0; ///< in pixels; 0: the interface's own
+    int TextSize = 0; ///< in pixels; 0: the size of the interface font
     std::string TextFont = "System";
     bool Bold = false;
     bool Italic = false;
     friend bool operator==(const TextStyle&, const TextStyle&) = default;
 };
 
-// What is to be drawn, in control pixels and in the order of drawing.
+// Drawing commands. All geometry is in control pixels.
 
-/// The rectangle sx, sy, sw, sh of a picture, scaled to x, y, w, h. What overruns either side is clipped and the scale
-/// stays.
+/// The rectangle sx, sy, sw, sh of a picture, scaled to x, y, w, h. What overruns either rectangle is clipped without
+/// changing the scale.
 struct PictureDrawn {
     Picture picture;
     int x, y, w, h, sx, sy, sw, sh;
@@ -29,7 +29,7 @@ struct LineDrawn {
     int x1, y1, x2, y2, penHeight;
     Color color;
 };
-/// A frame within x, y, w, h.
+/// A frame inside x, y, w, h.
 struct RectDrawn {
     int x, y, w, h, penWidth, penHeight;
     Color color;
@@ -38,7 +38,7 @@ struct RectFilled {
     int x, y, w, h;
     Color color;
 };
-/// Text whose first baseline begins at x, y, wrapped at `wrapWidth`.
+/// Text wrapped at `wrapWidth`; the first baseline starts at x, y.
 struct StringDrawn {
     std::string text;
     int x, y, wrapWidth;
@@ -49,10 +49,10 @@ using DrawCommand = std::variant<PictureDrawn, LineDrawn, RectDrawn, RectFilled,
 
 bool operator==(const DrawCommand& a, const DrawCommand& b);
 
-/// A drawing surface that keeps what is drawn as commands.
+/// A drawing surface that records commands.
 class Graphics {
   public:
-    /// The height of `text` wrapped at `wrapWidth`, as the surface's owner will draw it.
+    /// Returns the height that `text` wrapped at `wrapWidth` will have.
     using Measure = std::function<int(const std::string& text, int wrapWidth, const TextStyle& style)>;
     explicit Graphics(Measure measure) : measure_(std::move(measure)) {}
 

@@ -8,18 +8,18 @@ namespace velmarin {
 
 namespace {
 
-/// The smallest width at which a page is recognisable.
-constexpr double leastPageWidth = 350.0;
-/// The height of the window above the page.
-constexpr double extraHeight = 30.0;
+/// The smallest width at which a page is recognizable.
+constexpr double kLeastPageWidth = 350.0;
+/// The part of the window height above the page.
+constexpr double kHeightAbovePage = 30.0;
 
 int heightFromRatio(double ratio, const Extent& picture) {
-    return toInt32(ratio * picture.height + extraHeight);
+    return toInt32(ratio * picture.height + kHeightAbovePage);
 }
 
-/// Without a picture this divides by 0; a result that is not a number counts as 0.
+/// Without a picture this divides by 0; toInt32 turns NaN into 0.
 int heightFromWidth(int windowWidth, const Extent& picture) {
-    return toInt32(static_cast<double>(windowWidth) / picture.width * picture.height + extraHeight);
+    return toInt32(static_cast<double>(windowWidth) / picture.width * picture.height + kHeightAbovePage);
 }
 
 } // namespace
@@ -32,9 +32,9 @@ double ratioOfText(std::string_view percent) {
 Extent windowForPicture(double ratio, const Extent& picture, int leastWidth) {
     const double pageWidth = ratio * picture.width;
     Extent window;
-    window.width = std::max(toInt32(std::max(pageWidth, leastPageWidth)), leastWidth);
+    window.width = std::max(toInt32(std::max(pageWidth, kLeastPageWidth)), leastWidth);
     window.height =
-        pageWidth < leastPageWidth ? heightFromWidth(window.width, picture) : heightFromRatio(ratio, picture);
+        pageWidth < kLeastPageWidth ? heightFromWidth(window.width, picture) : heightFromRatio(ratio, picture);
     return window;
 }
 
@@ -45,8 +45,8 @@ ChosenRatio windowForRatio(double ratio, const Extent& picture, int screenWidth,
     if (picture.width < pageWidth) {
         width = picture.width;
         chosen.info = "The selected ratio is too big.";
-    } else if (pageWidth < leastPageWidth) {
-        width = leastPageWidth;
+    } else if (pageWidth < kLeastPageWidth) {
+        width = kLeastPageWidth;
         chosen.info = "The selected ratio is too small.";
     }
     chosen.window.width = std::max(toInt32(width), leastWidth);

@@ -11,11 +11,11 @@ struct Extent {
     friend bool operator==(const Extent&, const Extent&) = default;
 };
 
-/// The page image window takes its size from its picture and a ratio, so that the window's size sets the page's scale.
-/// Sizes are truncated, never rounded. `leastWidth` is the smallest width of the window: a height that follows from the
-/// width follows from the width that the window really has.
+// The page image window takes its size from its picture and a ratio; the window's size then sets the page's scale.
+// Sizes are truncated. `leastWidth` is the minimum width of the window: where the height follows from the width, it
+// follows from the width that the window really gets.
 
-/// The ratio that the field's text means: a percentage; 1 if its number is 0.
+/// The ratio for the text of the field, a percentage; 1 if its number is 0.
 double ratioOfText(std::string_view percent);
 
 /// The window for a picture that has just been loaded.
@@ -23,11 +23,11 @@ Extent windowForPicture(double ratio, const Extent& picture, int leastWidth);
 
 struct ChosenRatio {
     Extent window;
-    /// A message for the reader; empty if the ratio is used as it is.
+    /// A message for the user; empty if the ratio is used as it is.
     std::string_view info;
 };
-/// The window for a ratio that was chosen while `picture` is shown (an empty size before the first picture). A ratio
-/// above 1 gives the picture's own width.
+/// The window for a ratio chosen while `picture` is shown (an empty size before the first picture). A ratio above 1
+/// gives the picture's own width.
 ChosenRatio windowForRatio(double ratio, const Extent& picture, int screenWidth, int leastWidth);
 
 } // namespace velmarin

@@ -2,9 +2,9 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
-#include "controls/QtText.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
+#include "platform/QtText.h"
 #include "store/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
@@ -31,14 +31,14 @@ namespace velmarin {
 
 namespace {
 
-constexpr int largestSide = 32000;
-constexpr std::uint64_t longestPreferences = 1U << 16;
+constexpr int kMaxWindowSide = 32000;
+constexpr std::uint64_t kMaxPreferencesSize = 1U << 16;
 
 std::string formatPreferences(const QPoint& place, const std::string& ratio) {
     return Str(place.x()) + '\n' + Str(place.y()) + '\n' + ratio + '\n';
 }
 
-/// A line of the preferences as a coordinate of the screen. Window systems know 16 bits of them.
+/// A line of the preferences as a screen coordinate, limited to the 16 bits of window systems.
 int coordinate(std::string_view line) {
     constexpr int lowest = std::numeric_limits<std::int16_t>::min(), highest = std::numeric_limits<std::int16_t>::max();
     return std::clamp(toInt32(CDbl(line)), lowest, highest);
@@ -55,8 +55,8 @@ PageImageWindow::PageImageWindow(Host& host, FolderItem preferencesFolder, PageI
     setObjectName(QStringLiteral("PageImageWindow"));
     setAttribute(Qt::WA_DeleteOnClose);
     setMinimumSize(kWidth, kHeight);
-    setMaximumSize(largestSide, largestSide);
-    // The layout is in pixels, and so is its text: at any other size captions would be cut off.
+    setMaximumSize(kMaxWindowSide, kMaxWindowSide);
+    // The layout is in pixels; text of any other size would be cut off.
     QFont font = this->font();
     font.setPixelSize(12);
     setFont(font);
@@ -93,7 +93,7 @@ void PageImageWindow::makeControls() {
     close->setObjectName(QStringLiteral("PushButton1"));
     close->setToolTip(QStringLiteral("Close this window (Escape)"));
     close->setFocusPolicy(Qt::TabFocus);
-    close->setAutoDefault(true); // Return then presses it while it has the focus
+    close->setAutoDefault(true); // so that Return presses it while it has the focus
     layout_->add(close, QRect(513, 5, 54, 20), Anchor::Left | Anchor::Top);
     connect(close, &QPushButton::clicked, this, &QWidget::close);
 
@@ -124,7 +124,7 @@ void PageImageWindow::makeStepButtons() {
         const char* name;
         QRect rect;
         const char* caption;
-        const char* says;
+        const char* toolTip;
         void (PageImageWindow::*action)(int index);
         int index;
     };
@@ -151,7 +151,7 @@ void PageImageWindow::makeStepButtons() {
     };
     for (const Plan& plan : plans) {
         BevelButton* button = addBevelButton(plan.name, plan.rect, plan.caption);
-        button->setToolTip(QString::fromUtf8(plan.says));
+        button->setToolTip(QString::fromUtf8(plan.toolTip));
         connect(button, &BevelButton::clicked, this,
                 [this, action = plan.action, index = plan.index] { (this->*action)(index); });
     }
@@ -167,7 +167,7 @@ void PageImageWindow::connectControls() {
 
 void PageImageWindow::Event_Open() {
     const FolderItem file = preferencesFolder_.Child("PageImageW_Pref.txt");
-    if (const auto text = readWholeFile(file, longestPreferences)) {
+    if (const auto text = readWholeFile(file, kMaxPreferencesSize)) {
         LineReader lines(*text);
         const int left = coordinate(lines.ReadLine());
         const int top = coordinate(lines.ReadLine());
@@ -182,8 +182,8 @@ void PageImageWindow::Event_Close() {
     if (std::exchange(closed_, true))
         return;
     const std::string path = preferencesFolder_.Child("PageImageW_Pref.txt").path().string();
-    const WriteResult result = writeFileAtomically(path, formatPreferences(pos(), fromQ(RatioEF_->text())));
-    // A message lets events run; by then there is no window that they could reach.
+    const Result result = writeFileAtomically(path, formatPreferences(pos(), fromQ(RatioEF_->text())));
+    // A message lets events run, which must not reach this window.
     hide();
     if (events_.closed)
         events_.closed();
@@ -291,11 +291,11 @@ void PageImageWindow::showAtRatio(double ratio) {
 
 void PageImageWindow::takeSize(const Extent& wanted) {
     resize(wanted.width, wanted.height);
-    layout_->apply(); // a hidden window has its controls in place too
+    layout_->apply(); // places the controls of a hidden window too
 }
 
 void PageImageWindow::setTitle(const std::string& title) {
-    // Qt reads "[*]" in a title as the mark of an unsaved file.
+    // Qt takes "[*]" in a title for the mark of an unsaved file.
     setWindowTitle(toQ(title).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
 }
 

@@ -23,43 +23,43 @@ class AnchoredLayout;
 class BevelButton;
 class SmartCanvas;
 
-/// What the owner of a page image window learns of it. Each may be empty.
+/// Callbacks to the owner of a page image window. Each may be empty.
 struct PageImageWindowEvents {
-    /// The window is there: sets `pPageImageShown`. Called by the constructor.
+    /// Sets `pPageImageShown`. Called by the constructor.
     std::function<void()> opened;
-    /// The window has closed and destroys itself from the event loop: clears `pPageImageShown`, and drops the instance,
-    /// so that the next use makes a new one. Called once.
+    /// Clears `pPageImageShown` and drops the instance, so that the next use makes a new one. Called once, when the
+    /// window has closed; the event loop then destroys it.
     std::function<void()> closed;
-    /// What came of writing `PageImageW_Pref.txt`, after `closed`: the place for a message.
-    std::function<void(const std::string& path, const WriteResult& result)> saved;
+    /// Gets the result of writing `PageImageW_Pref.txt`, and may show a message. Called after `closed`.
+    std::function<void(const std::string& path, const Result& result)> saved;
 };
 
-/// A small viewer beside the main window for the further images of a dictionary, such as its errata: a file, or a
-/// folder with a menu of what is in it. It takes its size from the picture and a ratio (view/PageImageSize.h), and its
-/// buttons step the pages of the main window that opened it.
+/// A small viewer beside the main window for further images of a dictionary, such as its errata. It shows a file, or a
+/// folder with a menu of its items. It takes its size from the picture and a ratio (view/PageImageSize.h). Its buttons
+/// step the pages of the main window that opened it.
 ///
-/// Created hidden, with `new`. Its button, Escape, Ctrl+W or `close()` closes it, which saves its place and ratio and
-/// then destroys it. Owners hold a QPointer and clear it in `closed`.
+/// Created hidden, with `new`. Its button, Escape, Ctrl+W or `close()` closes it: it saves its position and ratio and
+/// is destroyed. Owners hold a QPointer and clear it in `closed`.
 class PageImageWindow : public QWidget {
     Q_OBJECT
   public:
     static constexpr int kWidth = 580, kHeight = 400;
 
-    /// Takes its place and its ratio from `PageImageW_Pref.txt` in `preferencesFolder`, if that file is there.
+    /// Takes position and ratio from `PageImageW_Pref.txt` in `preferencesFolder`, if that file exists.
     PageImageWindow(Host& host, FolderItem preferencesFolder, PageImageWindowEvents events, QWidget* parent = nullptr);
     ~PageImageWindow() override;
 
-    /// Shows a picture, or the first picture of a folder; nothing for a nil item. A folder without visible items closes
-    /// the window. For a file that is not a picture, shows a message and keeps the present picture.
+    /// Shows a picture, or the first item of a folder. Does nothing for a nil item. A folder without visible items
+    /// closes the window. A file that is not a picture is reported, and the current picture stays.
     void mSetImage(const FolderItem& f);
 
-    /// The main window that the buttons step, and its tab. Once it is gone, or has no such tab, a press does nothing;
-    /// before it is set, a press raises NilObjectException.
+    /// Sets the main window and tab that the buttons step. A press does nothing after that window or tab is gone, and
+    /// raises NilObjectException before this is called.
     void setMainWin(std::weak_ptr<PagePort> MainWin, int MainWinTab);
 
     /// The folder that fills `ImagePU`; nil while a single file is shown.
     const FolderItem& pParFol() const { return pParFol_; }
-    /// The names in `ImagePU`. Empty after any pick from it, until the next folder.
+    /// The names in `ImagePU`. Empty from a pick in it until the next folder.
     const std::vector<std::string>& pImagePUArray() const { return pImagePUArray_; }
     /// The size of the picture shown, in its own pixels.
     const Extent& pCurrentImageSize() const { return pCurrentImageSize_; }
@@ -99,7 +99,7 @@ class PageImageWindow : public QWidget {
     SmartCanvas* MainCanvas_ = nullptr;
 
     FolderItem pParFol_;
-    bool pPuSelected_ = false; ///< a pick from `ImagePU` is being shown, which keeps the menu
+    bool pPuSelected_ = false; ///< a pick in `ImagePU` is being shown; the menu stays
     Extent pCurrentImageSize_;
     std::vector<std::string> pImagePUArray_;
     std::weak_ptr<PagePort> MainWin_;

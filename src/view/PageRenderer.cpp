@@ -15,7 +15,7 @@ int rounded(double value) {
     return static_cast<int>(std::lround(std::clamp(value, -1e9, 1e9)));
 }
 
-/// Device pixels from `from` to `to`. Edges are rounded, so neighbours on the control are neighbours on the screen.
+/// The target rectangle in device pixels. Edges are rounded, so neighbors on the control are neighbors on the screen.
 DeviceRect scaled(const PictureDrawn& d, double scale) {
     const int left = rounded(d.x * scale), top = rounded(d.y * scale);
     return {left, top, rounded((static_cast<double>(d.x) + d.w) * scale) - left,
@@ -43,7 +43,7 @@ ReducedPage::ReducedPage(const Picture& page, int width, int height)
     : scaling_(page, 0, 0, page.Width(), page.Height(), width, height), id_(page.id()), width_(width), height_(height),
       stride_(aligned(std::ptrdiff_t{width} * scaling_.bytesPerPixel())),
       pixels_(new (std::nothrow) std::uint8_t[static_cast<std::size_t>(stride_) * static_cast<std::size_t>(height)]),
-      made_(static_cast<std::size_t>((height + bandHeight - 1) / bandHeight)) {}
+      bandDone_(static_cast<std::size_t>((height + kBandHeight - 1) / kBandHeight)) {}
 
 bool ReducedPage::shows(const Picture& page, int width, int height) const {
     return id_ == page.id() && width_ == width && height_ == height;
@@ -51,16 +51,16 @@ bool ReducedPage::shows(const Picture& page, int width, int height) const {
 
 const std::uint8_t* ReducedPage::rows(int y0, int y1) {
     std::unique_ptr<ScaledRows> source;
-    for (int band = y0 / bandHeight; band * bandHeight < y1; ++band) {
-        if (made_[static_cast<std::size_t>(band)])
+    for (int band = y0 / kBandHeight; band * kBandHeight < y1; ++band) {
+        if (bandDone_[static_cast<std::size_t>(band)])
             continue;
         if (!source)
             source = scaling_.rows(0, width_);
-        const int end = std::min((band + 1) * bandHeight, height_);
-        for (int y = band * bandHeight; y < end; ++y)
+        const int end = std::min((band + 1) * kBandHeight, height_);
+        for (int y = band * kBandHeight; y < end; ++y)
             source->row(y, pixels_.get() + y * stride_);
-        made_[static_cast<std::size_t>(band)] = true;
-        rowsMade_ += end - band * bandHeight;
+        bandDone_[static_cast<std::size_t>(band)] = true;
+        rowsComputed_ += end - band * kBandHeight;
     }
     return pixels_.get() + y0 * stride_;
 }
@@ -89,7 +89,7 @@ PixelBlock PageRenderer::renderPage(const PictureDrawn& drawn, const DeviceRect&
     if (!reduced_->usable())
         return renderDirectly(scaling, left, top, shown);
     const std::uint8_t* rows = reduced_->rows(shown.y - top, shown.y - top + shown.height);
-    return {shown, scaling.colour(), rows + std::ptrdiff_t{shown.x - left} * scaling.bytesPerPixel(),
+    return {shown, scaling.inColor(), rows + std::ptrdiff_t{shown.x - left} * scaling.bytesPerPixel(),
             reduced_->stride()};
 }
 
@@ -101,7 +101,7 @@ PixelBlock PageRenderer::renderDirectly(const Scaling& scaling, int left, int to
     auto* data = reinterpret_cast<std::uint8_t*>(buffer_.data());
     scaling.band(shown.x - left, shown.x - left + shown.width, shown.y - top, shown.y - top + shown.height, data,
                  stride);
-    return {shown, scaling.colour(), data, stride};
+    return {shown, scaling.inColor(), data, stride};
 }
 
 } // namespace velmarin

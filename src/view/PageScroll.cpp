@@ -1,4 +1,4 @@
-// How a page view moves over its page.
+// The scrolling of PageView.
 
 #include "view/PageView.h"
 
@@ -11,13 +11,9 @@
 namespace velmarin {
 namespace {
 
-constexpr Color black = RGB(0, 0, 0);
-constexpr Color red = RGB(255, 0, 0);
-constexpr Color green = RGB(0, 255, 0);
-
-constexpr double wheelFactor = 40.0;
-/// What two screenfuls have in common, in pixels of the image.
-constexpr double overlap = 50.0;
+constexpr double kWheelFactor = 40.0;
+/// What two successive screenfuls share, in image pixels.
+constexpr double kOverlap = 50.0;
 
 int moved(int position, int by, int most) {
     const std::int64_t sum = std::int64_t{position} + by;
@@ -49,8 +45,7 @@ void PageView::NormalScroll(int x, int y) {
 }
 
 void PageView::SmartScroll(int x, int y) {
-    // The place of the last press enters here although a wheel or a key has nothing to do with it: that is how the
-    // view has always moved.
+    // The position of the last press counts although a wheel or a key has nothing to do with it: required behavior.
     const int dx = difference(StartPosition[0], x);
     const int dy = difference(StartPosition[1], y);
     ScrollPosition = {moved(ScrollPosition[0], dx, maxX()), moved(ScrollPosition[1], dy, maxY())};
@@ -59,7 +54,8 @@ void PageView::SmartScroll(int x, int y) {
 
 bool PageView::Event_MouseWheel(int, int, int deltaX, int deltaY) {
     if (Image && UseMouseWheel)
-        SmartScroll(toInt32(deltaX / Ratio * wheelFactor), toInt32(-static_cast<double>(deltaY) / Ratio * wheelFactor));
+        SmartScroll(toInt32(deltaX / Ratio * kWheelFactor),
+                    toInt32(-static_cast<double>(deltaY) / Ratio * kWheelFactor));
     return true;
 }
 
@@ -81,19 +77,19 @@ void PageView::mJumpScroll_vertical(int direction) {
 void PageView::jumpDown() {
     const int H = port_.Height();
     const int sy = ScrollPosition[1];
-    // Not held to 0: on a page that is shorter than the view the position becomes negative.
+    // Not limited to 0: on a page shorter than the view the position becomes negative.
     const int lowest = toInt32(Image.Height() - H / Ratio);
-    const int target = toInt32(static_cast<double>(sy) + toInt32(H / Ratio - overlap));
+    const int target = toInt32(static_cast<double>(sy) + toInt32(H / Ratio - kOverlap));
     if (target <= lowest) {
         ScrollPosition[1] = FinalScrollPosition[1] = target;
-        canvas_.ForeColor = red;
-        drawMarker(toInt32(overlap * Ratio), positionText());
+        canvas_.ForeColor = kRed;
+        drawMarker(toInt32(kOverlap * Ratio), positionText());
     } else if (sy == lowest) {
         Refresh();
     } else {
-        const int y = difference(H, toInt32((static_cast<double>(lowest) - sy + overlap) * Ratio));
+        const int y = difference(H, toInt32((static_cast<double>(lowest) - sy + kOverlap) * Ratio));
         ScrollPosition[1] = FinalScrollPosition[1] = lowest;
-        canvas_.ForeColor = green;
+        canvas_.ForeColor = kGreen;
         drawMarker(y, "Lowest");
     }
 }
@@ -101,18 +97,18 @@ void PageView::jumpDown() {
 void PageView::jumpUp() {
     const int H = port_.Height();
     const int sy = ScrollPosition[1];
-    const int target = toInt32(sy - H / Ratio + overlap);
+    const int target = toInt32(sy - H / Ratio + kOverlap);
     if (target >= 0) {
         ScrollPosition[1] = FinalScrollPosition[1] = target;
-        canvas_.ForeColor = red;
+        canvas_.ForeColor = kRed;
         Refresh();
-        drawMarker(toInt32(H - overlap * Ratio), positionText());
+        drawMarker(toInt32(H - kOverlap * Ratio), positionText());
     } else if (sy == 0) {
         Refresh();
     } else {
         const int y = toInt32(H - std::abs(target * Ratio));
         ScrollPosition[1] = FinalScrollPosition[1] = 0;
-        canvas_.ForeColor = green;
+        canvas_.ForeColor = kGreen;
         Refresh();
         drawMarker(y, "Highest");
     }
@@ -124,7 +120,7 @@ void PageView::drawMarker(int y, const std::string& text) {
     canvas_.DrawLine(0, y, port_.Width(), y);
     canvas_.text.Italic = true;
     canvas_.DrawString(text, 5, y, 50);
-    canvas_.ForeColor = black;
+    canvas_.ForeColor = kBlack;
     port_.drawnOver();
 }
 
@@ -139,7 +135,7 @@ void PageView::mCompleteScroll_vertical(int direction) {
         Refresh();
         const int d = toInt32(Image.Height() * Ratio - H);
         if (d >= 0 && H - d >= 0) {
-            canvas_.ForeColor = red;
+            canvas_.ForeColor = kRed;
             canvas_.PenHeight = 1;
             canvas_.DrawLine(0, H - d, port_.Width(), H - d);
             port_.drawnOver();

@@ -6,6 +6,7 @@
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"
 #include "view/Encoders.h"
+#include "view/PictureDrawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,13 +14,6 @@
 #include <utility>
 
 namespace velmarin {
-namespace {
-
-constexpr Color black = RGB(0, 0, 0);
-constexpr Color white = RGB(255, 255, 255);
-constexpr Color green = RGB(0, 255, 0);
-
-} // namespace
 
 PageView::PageView(CanvasPort& port, Decoder decoder)
     : port_(port), decoder_(std::move(decoder)), canvas_(newGraphics()) {}
@@ -34,8 +28,8 @@ void PageView::Event_Open() {
     LensPointerArea = {300, 100};
     LensPointerPower = 2;
     Ratio = 1.0;
-    pExtraText_BGColor = white;
-    pExtraText_Color = black;
+    pExtraText_BGColor = kWhite;
+    pExtraText_Color = kBlack;
     pExtraText_Width = 400;
     pExtraText_FontName = "System";
     pExtraText_FontSize = 14;
@@ -45,7 +39,7 @@ void PageView::Event_Open() {
 
 const Picture& PageView::image() const {
     if (!Image)
-        throw NilObjectException("The page was to be used, and there is none.");
+        throw NilObjectException("There is no page.");
     return Image;
 }
 
@@ -73,13 +67,13 @@ void PageView::loadImage(const FolderItem& f) {
         throw NilObjectException("The picture " + f.Name() + " could not be read.");
     Image = Picture::make(source.Width() * 3, source.Height() * 3, source.depth());
     const int width = Image.Width(), height = Image.Height();
-    Image.DrawPicture(source, 0, 0, width, height, 0, 0, source.Width(), source.Height());
+    DrawPicture(Image, source, 0, 0, width, height, 0, 0, source.Width(), source.Height());
 }
 
 bool PageView::SetPicture(const FolderItem& f) {
     try {
         if (f.isNil() || !f.Exists()) {
-            loadProblem_ = noSuchFile;
+            loadProblem_ = kNoSuchFile;
             return false;
         }
         loadImage(f);
@@ -104,7 +98,7 @@ bool PageView::SetPicture(Picture p) {
     try {
         if (!p)
             return false;
-        Image = Picture(); // so that no second picture stands in memory while the page is copied
+        Image = Picture(); // so that there is no second picture in memory while the page is copied
         Image = std::move(p).withWhiteEdges();
         if (!Image)
             throw NilObjectException("There is not enough memory for the page.");
@@ -146,14 +140,14 @@ void PageView::Event_Paint(Graphics& g) {
         break;
     }
     if (SelectionMode) {
-        g.ForeColor = green;
+        g.ForeColor = kGreen;
         g.PenHeight = 1;
         g.DrawRect(std::min(StartPosition[0], EndPosition[0]), std::min(StartPosition[1], EndPosition[1]),
                    std::abs(EndPosition[0] - StartPosition[0]), std::abs(EndPosition[1] - StartPosition[1]));
-        g.ForeColor = black;
+        g.ForeColor = kBlack;
     }
     if (pExtraText_Apply) {
-        // What is drawn onto the control during a paint is part of that paint.
+        // Commands drawn on the control during a paint become part of that paint.
         const auto before = static_cast<std::ptrdiff_t>(canvas_.commands.size());
         drawExtraTextBox();
         const auto first = canvas_.commands.begin() + before;
@@ -255,9 +249,9 @@ void PageView::mGetSelectedImage() {
     const int w = toInt32(std::abs(startX - endX) / Ratio);
     const int h = toInt32(std::abs(startY - endY) / Ratio);
     SelectedImage = Picture();
-    // The depth of the page holds all that is drawn.
+    // The copy needs no more depth than the page has.
     Picture selected = Picture::make(toInt32(w + 20.0), h, image().depth());
-    if (selected && selected.DrawPicture(Image, 20, 1, w, h, sx, sy, w, h))
+    if (selected && DrawPicture(selected, Image, 20, 1, w, h, sx, sy, w, h))
         SelectedImage = std::move(selected);
 }
 
@@ -300,7 +294,7 @@ void PageView::mDrawExtraText() {
     const std::ptrdiff_t size = end - box;
     if (size == 0)
         return;
-    // A box over the same box shows nothing new; one failed load after another would pile them up.
+    // The same box is not drawn twice: repeated failed loads would pile them up.
     if (before >= size && std::equal(box, end, box - size))
         canvas_.commands.erase(box, end);
     port_.drawnOver();

@@ -15,31 +15,30 @@ namespace velmarin {
 
 enum class MouseCursor { Default, Hand, Grip, Lens, ArrowNorthwestSoutheast, IBeam };
 
-/// What a page view asks of the control that it lives in.
+/// What a page view needs from its control.
 class CanvasPort {
   public:
     virtual ~CanvasPort() = default;
-    /// Repaints at once: Event_Paint has run, and its page is to be seen, when this returns (a control that is not to
-    /// be seen paints nothing).
+    /// Repaints at once: when this returns, Event_Paint has run and its page is on the screen. An invisible control
+    /// paints nothing.
     virtual void Refresh() = 0;
     /// The size in control pixels.
     virtual int Width() const = 0;
     virtual int Height() const = 0;
-    /// The Shift key as it is at this moment.
+    /// The current state of the Shift key.
     virtual bool AsyncShiftKey() = 0;
     virtual void setMouseCursor(MouseCursor cursor) = 0;
     virtual int StringHeight(const std::string& text, int wrapWidth, const TextStyle& style) = 0;
-    /// Something was drawn over the page outside a paint, and is to be shown.
+    /// Shows what was drawn over the page outside a paint.
     virtual void drawnOver() = 0;
     virtual void MsgBox(std::string_view text) = 0;
 };
 
-/// The control that shows one page, without the control: scaling in one of six modes, scrolling, lens, selection,
-/// overlay.
+/// The logic of the control that shows one page: scaling in six modes, scrolling, lens, selection, text box.
 ///
-/// Positions are in pixels of the image and name the source point of the paint; x, y, W and H are in control pixels.
-/// `Ratio`, from image to control pixels, is computed by every paint and so lags one paint behind a change of size or
-/// mode. Conversions to whole numbers truncate and are held to 32 bits.
+/// Scroll positions are in image pixels and give the source point of the paint; x, y, W and H are in control pixels.
+/// Every paint computes `Ratio`, the number of control pixels per image pixel, so it lags one paint behind a change of
+/// size or mode. Conversions to whole numbers truncate and saturate at 32 bits.
 class PageView {
   public:
     using Decoder = std::function<DecodedPicture(const FolderItem&)>;
@@ -68,30 +67,30 @@ class PageView {
     void Event_MouseEnter();
     void Event_MouseExit();
     void Event_MouseMove(int x, int y);
-    /// False: the press claims no drag, and neither Event_MouseDrag nor Event_MouseUp follow it.
+    /// False: the press starts no drag, and neither Event_MouseDrag nor Event_MouseUp follows.
     bool Event_MouseDown(int x, int y);
     void Event_MouseDrag(int x, int y);
     void Event_MouseUp(int x, int y);
     bool Event_MouseWheel(int x, int y, int deltaX, int deltaY);
-    /// Draws the page and what belongs to it on `g`; nothing at all without an image.
+    /// Draws the page and what belongs to it on `g`. Draws nothing without an image.
     void Event_Paint(Graphics& g);
 
-    /// Loads and shows a page. False, and nothing changed, where `f` is missing; false and no image where it cannot be
-    /// decoded; false with a message where a picture had to be there and was not.
+    /// Loads and shows a page. Returns false if `f` is missing (nothing changes), if it cannot be decoded (the image
+    /// becomes nil), or, with a message, if a picture that is needed on the way is nil.
     bool SetPicture(const FolderItem& f);
-    /// Why the last `SetPicture(f)` gave no page, or what is damaged in the page that it gave: in plain words, without
+    /// Why the last `SetPicture(f)` showed no page, or what is damaged in the page, in words for the user and without
     /// the file's name. Empty if all is well.
     const std::string& loadProblem() const { return loadProblem_; }
-    /// Shows `p` with its first row and column white. A picture that is moved in is not copied.
+    /// Shows `p` with its first row and column white. A picture that no other shares is not copied.
     bool SetPicture(Picture p);
 
     /// Drops what was drawn over the page and repaints at once.
     void Refresh();
-    /// The control has another size: what was drawn over the page is dropped.
+    /// To be called when the control has another size. Drops what was drawn over the page.
     void resized() { canvas_.commands.clear(); }
-    /// Lets go of the page, and of a lens that shows it. Repaints nothing.
+    /// Drops the page, and a lens that shows it. Repaints nothing.
     void dropImage();
-    /// What was drawn over the page since the last Refresh; it is painted after the page.
+    /// What was drawn over the page since the last Refresh; to be painted after the page.
     const std::vector<DrawCommand>& drawnOver() const { return canvas_.commands; }
     /// A surface for Event_Paint.
     Graphics newGraphics();
@@ -100,15 +99,14 @@ class PageView {
     void SmartScroll(int x, int y);
     void mJumpScroll_vertical(int direction);
     void mCompleteScroll_vertical(int direction);
-    /// The greatest x and y, then the present ones.
+    /// Sets `a` to the greatest x and y, then the current x and y.
     void GetScrollPosition(std::array<int, 4>& a) const;
     void SetScrollPosition(int x, int y);
 
     /// Copies the selected rectangle of the page, at the page's own size and as if it were not scrolled, into
-    /// SelectedImage: 20 pixels from its left and 1 from its top.
+    /// SelectedImage, 20 pixels from its left and 1 from its top.
     void mGetSelectedImage();
-    /// Writes `p` in the format of `f`'s extension; tells of a failure, but not for an extension that is none of
-    /// TIFF's, JPEG's and PNG's.
+    /// Writes `p` in the format of `f`'s extension. Reports a failure only for the extensions of TIFF, JPEG and PNG.
     void SavePicture(const Picture& p, const FolderItem& f);
 
     void mDrawExtraText();
@@ -133,9 +131,9 @@ class PageView {
     CanvasPort& port_;
     Decoder decoder_;
     std::string loadProblem_;
-    Graphics canvas_; ///< draws straight onto the control
+    Graphics canvas_; ///< draws directly on the control
     std::array<int, 2> ScrollPosition{};
-    std::array<int, 2> StartPosition{}; ///< control pixels; where the last drag began, never cleared
+    std::array<int, 2> StartPosition{}; ///< where the last drag began, in control pixels; never cleared
     std::array<int, 2> FinalScrollPosition{};
     int pExtraText_Width = 0;
     int pExtraText_FontSize = 0;
@@ -144,7 +142,7 @@ class PageView {
     bool pExtraText_Italic = false;
     Color pExtraText_BGColor;
     Color pExtraText_Color;
-    [[maybe_unused]] int pRef = 0; ///< reserved: nothing reads or writes it
+    [[maybe_unused]] int pRef = 0; ///< reserved, unused
 };
 
 } // namespace velmarin

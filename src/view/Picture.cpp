@@ -2,11 +2,8 @@
 
 #include "text/NilObjectException.h"
 #include "view/PixTools.h"
-#include "view/Scaling.h"
 
-#include <algorithm>
 #include <atomic>
-#include <vector>
 
 namespace velmarin {
 namespace {
@@ -19,7 +16,7 @@ std::uint64_t nextId() {
 } // namespace
 
 bool isPictureSize(std::int64_t width, std::int64_t height) {
-    return width > 0 && height > 0 && width <= maxSide && height <= maxSide && width * height <= maxPixels;
+    return width > 0 && height > 0 && width <= kMaxSide && height <= kMaxSide && width * height <= kMaxPixels;
 }
 
 Picture Picture::adopt(Pix* pix) {
@@ -58,7 +55,7 @@ int Picture::depth() const {
 
 Pix* Picture::pix() const {
     if (!pix_)
-        throw NilObjectException("A picture was used that is not there.");
+        throw NilObjectException("A nil picture was used.");
     return pix_.get();
 }
 
@@ -88,51 +85,14 @@ bool Picture::detach() {
     return true;
 }
 
-bool Picture::deepenTo(int depth) {
-    if (depth <= this->depth())
-        return true;
-    PixPtr deeper(depth == 32 ? pixConvertTo32(pix()) : pixConvertTo8(pix(), 0));
-    if (!deeper)
-        return false;
-    take(deeper.release());
-    return true;
-}
-
-bool Picture::DrawPicture(const Picture& source, int x, int y, int w, int h, int sx, int sy, int sw, int sh) {
-    if (isNil() || source.isNil())
-        throw NilObjectException("A picture was drawn that is not there.");
-    const Scaling scaling(source, sx, sy, sw, sh, w, h,
-                          AntiAlias ? Scaling::Smoothing::Smooth : Scaling::Smoothing::Nearest);
-    const auto left = static_cast<int>(std::max<std::int64_t>(scaling.left(), -std::int64_t{x}));
-    const auto top = static_cast<int>(std::max<std::int64_t>(scaling.top(), -std::int64_t{y}));
-    const auto right = static_cast<int>(std::min<std::int64_t>(scaling.right(), std::int64_t{Width()} - x));
-    const auto bottom = static_cast<int>(std::min<std::int64_t>(scaling.bottom(), std::int64_t{Height()} - y));
-    if (left >= right || top >= bottom)
-        return true;
-    const bool shades = source.depth() == 1 && AntiAlias && !scaling.identical();
-    if (!deepenTo(shades ? 8 : source.depth()) || !detach())
-        return false;
-
-    const std::unique_ptr<ScaledRows> rows = scaling.rows(left, right);
-    std::vector<std::uint32_t> line(static_cast<std::size_t>(right - left));
-    const auto* greys = reinterpret_cast<const std::uint8_t*>(line.data());
-    for (int r = top; r < bottom; ++r) {
-        rows->row(r, reinterpret_cast<std::uint8_t*>(line.data()));
-        std::uint32_t* to = pixGetData(pix_.get()) + std::ptrdiff_t{y + r} * pixGetWpl(pix_.get());
-        for (int c = left; c < right; ++c) {
-            const std::uint32_t grey = scaling.colour() ? 0 : greys[c - left];
-            if (depth() == 32)
-                to[x + c] =
-                    scaling.colour() ? line[static_cast<std::size_t>(c - left)] << 8 | 0xff : grey * 0x01010100u | 0xff;
-            else if (depth() == 8)
-                SET_DATA_BYTE(to, x + c, grey);
-            else if (grey < 128)
-                SET_DATA_BIT(to, x + c);
-            else
-                CLEAR_DATA_BIT(to, x + c);
-        }
+Pix* Picture::pixelsToDrawOn(int depth) {
+    if (depth > this->depth()) {
+        PixPtr deeper(depth == 32 ? pixConvertTo32(pix()) : pixConvertTo8(pix(), 0));
+        if (!deeper)
+            return nullptr;
+        take(deeper.release());
     }
-    return true;
+    return detach() ? pix_.get() : nullptr;
 }
 
 Picture Picture::withWhiteEdges() && {

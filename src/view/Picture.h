@@ -19,14 +19,19 @@ constexpr Color RGB(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
     return {red, green, blue};
 }
 
-/// The limits of every picture, asked for or read: a gigapixel in all (half of it in colour, which is what Leptonica
-/// holds), and a side that keeps exact area sums within 32 bits.
-inline constexpr std::int64_t maxPixels = 1'000'000'000;
-inline constexpr int maxSide = 4'000'000;
+inline constexpr Color kBlack = RGB(0, 0, 0);
+inline constexpr Color kWhite = RGB(255, 255, 255);
+inline constexpr Color kRed = RGB(255, 0, 0);
+inline constexpr Color kGreen = RGB(0, 255, 0);
+
+/// The limits of every picture, read or created: a gigapixel in all (Leptonica holds half of that in color), and a side
+/// for which exact area sums fit 32 bits.
+inline constexpr std::int64_t kMaxPixels = 1'000'000'000;
+inline constexpr int kMaxSide = 4'000'000;
 bool isPictureSize(std::int64_t width, std::int64_t height);
 
-/// A pixel image, kept in the depth it was scanned in: 1 bit (ink or paper), 8 bits (grey) or 32 bits (colour). Reading
-/// pixels and drawing see a 32-bit opaque picture. Copies share their pixels until one of them is drawn on. A
+/// An image in the depth in which it was scanned: 1 bit (ink or paper), 8 bits (grey) or 32 bits (color). `pixel` and
+/// drawing treat it as an opaque 32-bit picture. Copies share their pixels until one of them is drawn on. A
 /// default-constructed picture is nil; using its pixels raises NilObjectException.
 class Picture {
   public:
@@ -34,7 +39,7 @@ class Picture {
 
     /// A white picture. Nil if isPictureSize refuses the size or memory fails.
     static Picture make(int width, int height, int depth = 32);
-    /// Takes ownership of `pix`, which has 1, 8 or 32 bits and no colour map (in 1 bit, 0 is paper; 32 bits are
+    /// Takes ownership of `pix`, which has 1, 8 or 32 bits and no color map (in 1 bit, 0 is paper; 32 bits are
     /// opaque). Null gives nil.
     static Picture adopt(Pix* pix);
 
@@ -47,28 +52,25 @@ class Picture {
     int depth() const;
     Color pixel(int x, int y) const;
 
-    /// Whether what is drawn into this picture at another scale is smoothed.
+    /// Whether drawing into this picture at another scale is smoothed.
     bool AntiAlias = true;
 
-    /// Draws the rectangle sx, sy, sw, sh of `source`, scaled to x, y, w, h. What overruns either picture is clipped
-    /// without changing the scale. This picture takes the depth that the drawing needs. False, and nothing drawn, if
-    /// memory fails.
-    bool DrawPicture(const Picture& source, int x, int y, int w, int h, int sx, int sy, int sw, int sh);
-
-    /// This picture with its first row and its first column white. The pixels are copied only if another picture shares
+    /// Returns this picture with its first row and column white. The pixels are copied only if another picture shares
     /// them. Nil if memory fails.
     Picture withWhiteEdges() &&;
 
-    /// The pixels as Leptonica keeps them: read only.
+    /// The pixels in Leptonica's form, read only.
     Pix* pix() const;
     /// A line of pixels as 32-bit words, the leftmost pixel in the highest bits.
     const std::uint32_t* row(int y) const;
-    /// Identifies this set of pixels among all that the process has made, for caches. 0 if nil.
+    /// The pixels, to be drawn on, in at least `depth` bits (8 or 32; 1 keeps the depth). No other picture shares them.
+    /// Null if memory fails.
+    Pix* pixelsToDrawOn(int depth);
+    /// Unique for each set of pixels in the process; for caches. 0 if nil.
     std::uint64_t id() const { return id_; }
 
   private:
     bool detach();
-    bool deepenTo(int depth);
     void take(Pix* pix);
 
     std::shared_ptr<Pix> pix_;

@@ -36,7 +36,7 @@ PixPtr normalForm(PixPtr pix) {
 
 namespace {
 
-enum class Content { BlackAndWhite, Grey, Colour };
+enum class Content { BlackAndWhite, Grey, Color };
 
 Content contentOf(Pix* pix) {
     auto content = Content::BlackAndWhite;
@@ -46,7 +46,7 @@ Content contentOf(Pix* pix) {
         for (int x = 0; x < width; ++x) {
             const std::uint32_t rgb = words[x] >> 8;
             if (rgb != (rgb & 0xff) * 0x010101u)
-                return Content::Colour;
+                return Content::Color;
             if (rgb != 0 && rgb != 0xffffff)
                 content = Content::Grey;
         }
@@ -56,19 +56,19 @@ Content contentOf(Pix* pix) {
 
 } // namespace
 
-PixPtr leanest(PixPtr pix) {
+PixPtr inSmallestDepth(PixPtr pix) {
     if (!pix)
         return pix;
     const Content content = contentOf(pix.get());
-    if (content == Content::Colour)
+    if (content == Content::Color)
         return pix;
     const int width = pixGetWidth(pix.get());
-    PixPtr lean = newPix(width, pixGetHeight(pix.get()), content == Content::Grey ? 8 : 1);
-    if (!lean)
+    PixPtr smaller = newPix(width, pixGetHeight(pix.get()), content == Content::Grey ? 8 : 1);
+    if (!smaller)
         return pix;
     for (int y = 0; y < pixGetHeight(pix.get()); ++y) {
         const std::uint32_t* from = pixGetData(pix.get()) + std::ptrdiff_t{y} * pixGetWpl(pix.get());
-        std::uint32_t* to = pixGetData(lean.get()) + std::ptrdiff_t{y} * pixGetWpl(lean.get());
+        std::uint32_t* to = pixGetData(smaller.get()) + std::ptrdiff_t{y} * pixGetWpl(smaller.get());
         for (int x = 0; x < width; ++x) {
             const std::uint32_t grey = from[x] >> 24;
             if (content == Content::Grey)
@@ -77,7 +77,18 @@ PixPtr leanest(PixPtr pix) {
                 SET_DATA_BIT(to, x);
         }
     }
-    return lean;
+    return smaller;
+}
+
+void blendOverWhite(Pix* pix) {
+    const auto words = static_cast<std::size_t>(pixGetWpl(pix)) * static_cast<std::size_t>(pixGetHeight(pix));
+    l_uint32* data = pixGetData(pix);
+    for (std::size_t i = 0; i < words; ++i) {
+        const std::uint32_t word = data[i];
+        const std::uint32_t alpha = word & 0xff;
+        auto over = [&](std::uint32_t light) { return (light * alpha + 255 * (255 - alpha) + 127) / 255; };
+        data[i] = over(word >> 24) << 24 | over(word >> 16 & 0xff) << 16 | over(word >> 8 & 0xff) << 8 | 0xff;
+    }
 }
 
 } // namespace velmarin

@@ -2,6 +2,7 @@
 
 #include "view/Axis.h"
 #include "view/Picture.h"
+#include "view/ScaledRows.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,20 +10,12 @@
 
 namespace velmarin {
 
-/// Produces rows of a scaled picture. Each row depends on the source alone, so a band equals that part of the whole.
-class ScaledRows {
-  public:
-    virtual ~ScaledRows() = default;
-    /// Writes row `y` of the result to `to`: one byte of grey a pixel, or one word 0xffRRGGBB.
-    virtual void row(int y, std::uint8_t* to) = 0;
-};
-
 /// Scales a rectangle of a picture.
 ///
 /// A reduction averages by exact area: each result pixel is the mean of the source under it, with partly covered source
 /// pixels weighted by the covered part, rounded once (halves up). No stroke is lost, however thin. An enlargement is
-/// bilinear between pixel centres; at scale 1 pixels are copied. If one direction is reduced and the other enlarged,
-/// both average by area.
+/// bilinear between pixel centers; at scale 1 pixels are copied. If one direction is reduced and the other enlarged,
+/// both use the mean by area.
 class Scaling {
   public:
     enum class Smoothing { Smooth, Nearest };
@@ -32,20 +25,20 @@ class Scaling {
     Scaling(Picture source, int sx, int sy, int sw, int sh, int width, int height,
             Smoothing smoothing = Smoothing::Smooth);
 
-    /// The part of the result that shows the source; empty for sizes that cannot be scaled.
+    /// The part of the result that shows the source. Empty for sizes that cannot be scaled.
     int left() const { return left_; }
     int top() const { return top_; }
     int right() const { return right_; }
     int bottom() const { return bottom_; }
 
-    /// False: one byte of grey a pixel. True: 32-bit words.
-    bool colour() const;
-    int bytesPerPixel() const { return colour() ? 4 : 1; }
+    /// False: one byte of grey per pixel. True: 32-bit words.
+    bool inColor() const;
+    int bytesPerPixel() const { return inColor() ? 4 : 1; }
     bool identical() const { return x_.identical() && y_.identical(); }
 
-    /// Rows of the columns x0 to x1 - 1. Columns and rows must be in the visible part.
+    /// Computes rows of the columns x0 to x1 - 1. Columns and rows must be in the visible part.
     std::unique_ptr<ScaledRows> rows(int x0, int x1) const;
-    /// Columns x0 to x1 - 1 of the rows y0 to y1 - 1, `stride` bytes apart.
+    /// Writes columns x0 to x1 - 1 of the rows y0 to y1 - 1, `stride` bytes apart.
     void band(int x0, int x1, int y0, int y1, std::uint8_t* to, std::ptrdiff_t stride) const;
 
   private:

@@ -2,7 +2,7 @@
 
 #include "controls/Cursors.h"
 #include "controls/PlainToolTip.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "view/CommandPainter.h"
 
 #include <QAccessible>
@@ -16,22 +16,22 @@
 
 namespace velmarin {
 
-/// One operation or event: what it refreshes and draws is painted at its end, once.
-class SmartCanvas::Step {
+/// Lives during one operation or event. The outermost one paints at its end, once, if something was refreshed or drawn.
+class SmartCanvas::PaintBatch {
   public:
-    explicit Step(SmartCanvas& canvas) : canvas_(canvas) {
-        if (canvas_.steps_++ == 0)
-            canvas_.recordedNow_ = canvas_.unpainted_ = false;
+    explicit PaintBatch(SmartCanvas& canvas) : canvas_(canvas) {
+        if (canvas_.batches_++ == 0)
+            canvas_.recordedInBatch_ = canvas_.unpainted_ = false;
     }
-    ~Step() {
-        if (--canvas_.steps_ > 0 || !canvas_.unpainted_)
+    ~PaintBatch() {
+        if (--canvas_.batches_ > 0 || !canvas_.unpainted_)
             return;
-        ++canvas_.steps_; // what was recorded is what is painted
+        ++canvas_.batches_; // paints what was recorded
         canvas_.repaint();
-        --canvas_.steps_;
+        --canvas_.batches_;
     }
-    Step(const Step&) = delete;
-    Step& operator=(const Step&) = delete;
+    PaintBatch(const PaintBatch&) = delete;
+    PaintBatch& operator=(const PaintBatch&) = delete;
 
   private:
     SmartCanvas& canvas_;
@@ -44,7 +44,7 @@ class SmartCanvas::Port : public CanvasPort {
     void Refresh() override {
         if (!canvas_.isVisible())
             return;
-        const Step step(canvas_);
+        const PaintBatch batch(canvas_);
         canvas_.record();
         canvas_.unpainted_ = true;
     }
@@ -58,16 +58,16 @@ class SmartCanvas::Port : public CanvasPort {
     void drawnOver() override {
         if (!canvas_.isVisible())
             return;
-        const Step step(canvas_);
-        if (!canvas_.recordedNow_)
+        const PaintBatch batch(canvas_);
+        if (!canvas_.recordedInBatch_)
             canvas_.record();
         canvas_.unpainted_ = true;
     }
     void MsgBox(std::string_view text) override {
-        // The control may be painted while the box is open: as it is then.
-        const int steps = std::exchange(canvas_.steps_, 0);
+        // While the box is open the control is painted as usual.
+        const int batches = std::exchange(canvas_.batches_, 0);
         canvas_.host_.MsgBox(text);
-        canvas_.steps_ = steps;
+        canvas_.batches_ = batches;
     }
 
   private:
@@ -88,7 +88,7 @@ SmartCanvas::SmartCanvas(Host& host, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    QAccessible::installFactory(accessibleCanvas); // ignores one that it has already
+    QAccessible::installFactory(accessibleCanvas); // a second call does nothing
     setAccessibleName(QStringLiteral("Page"));
     view_.Event_Open();
 }
@@ -96,50 +96,50 @@ SmartCanvas::SmartCanvas(Host& host, QWidget* parent)
 SmartCanvas::~SmartCanvas() = default;
 
 bool SmartCanvas::SetPicture(const FolderItem& f) {
-    const Step step(*this);
+    const PaintBatch batch(*this);
     const bool shown = view_.SetPicture(f);
     dragging_ = dragging_ && hasImage();
     return shown;
 }
 
 bool SmartCanvas::SetPicture(Picture p) {
-    const Step step(*this);
+    const PaintBatch batch(*this);
     const bool shown = view_.SetPicture(std::move(p));
     dragging_ = dragging_ && hasImage();
     return shown;
 }
 
 void SmartCanvas::describePage(std::string_view of, std::string_view name, std::string_view problem) {
-    const QString trouble = problem.empty() ? QString() : toQ(name) + QLatin1String(": ") + toQ(problem);
-    const QString page = problem.empty() ? toQ(name) : trouble;
-    setToolTip(plainToolTip(trouble));
+    const QString report = problem.empty() ? QString() : toQ(name) + QLatin1String(": ") + toQ(problem);
+    const QString page = problem.empty() ? toQ(name) : report;
+    setToolTip(plainToolTip(report));
     setAccessibleDescription(of.empty() || page.isEmpty() ? toQ(of) + page : toQ(of) + QLatin1String(", ") + page);
 }
 
 void SmartCanvas::dropImage() {
     view_.dropImage();
     recorded_.clear();
-    renderer_.drop();
+    renderer_.dropCache();
     dragging_ = false;
 }
 
 void SmartCanvas::Refresh() {
-    const Step step(*this);
+    const PaintBatch batch(*this);
     view_.Refresh();
 }
 
 void SmartCanvas::SmartScroll(int x, int y) {
-    const Step step(*this);
+    const PaintBatch batch(*this);
     view_.SmartScroll(x, y);
 }
 
 void SmartCanvas::mJumpScroll_vertical(int direction) {
-    const Step step(*this);
+    const PaintBatch batch(*this);
     view_.mJumpScroll_vertical(direction);
 }
 
 void SmartCanvas::mDrawExtraText() {
-    const Step step(*this);
+    const PaintBatch batch(*this);
     view_.mDrawExtraText();
 }
 
@@ -147,13 +147,13 @@ void SmartCanvas::record() {
     Graphics g = view_.newGraphics();
     view_.Event_Paint(g);
     recorded_ = std::move(g.commands);
-    recordedNow_ = true;
+    recordedInBatch_ = true;
     if (!view_.Image)
-        renderer_.drop();
+        renderer_.dropCache();
 }
 
 void SmartCanvas::paintEvent(QPaintEvent* event) {
-    if (steps_ == 0 && !dragging_)
+    if (batches_ == 0 && !dragging_)
         record();
     QPainter painter(this);
     painter.fillRect(event->rect(), Qt::white);
@@ -165,7 +165,7 @@ void SmartCanvas::paintEvent(QPaintEvent* event) {
 }
 
 void SmartCanvas::resizeEvent(QResizeEvent*) {
-    // The sizes that a control gets before it is first shown take nothing away.
+    // A size that the control gets before it is first shown drops nothing.
     if (isVisible())
         view_.resized();
 }
@@ -173,8 +173,8 @@ void SmartCanvas::resizeEvent(QResizeEvent*) {
 void SmartCanvas::hideEvent(QHideEvent*) {
     dragging_ = false;
     recorded_.clear();
-    renderer_.drop();
-    // Lens and marker belong to what was on the screen; "No Picture" may be told before the first showing.
+    renderer_.dropCache();
+    // Lens and marker go with the page. "No Picture" may have been drawn before the control is first shown, and stays.
     if (view_.Image)
         view_.resized();
 }
@@ -213,15 +213,15 @@ void SmartCanvas::leaveEvent(QEvent*) {
 void SmartCanvas::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return QWidget::mousePressEvent(event);
-    const Step step(*this);
+    const PaintBatch batch(*this);
     const QPoint at = event->position().toPoint();
     dragging_ = view_.Event_MouseDown(at.x(), at.y());
 }
 
 void SmartCanvas::mouseMoveEvent(QMouseEvent* event) {
-    const Step step(*this);
+    const PaintBatch batch(*this);
     const QPoint at = event->position().toPoint();
-    // A box or a menu that came up meanwhile took the release.
+    // The release went to a box or menu that opened in the meantime.
     if (dragging_ && (event->buttons() & Qt::LeftButton) == 0) {
         dragging_ = false;
         view_.Event_MouseUp(at.x(), at.y());
@@ -235,7 +235,7 @@ void SmartCanvas::mouseMoveEvent(QMouseEvent* event) {
 void SmartCanvas::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !std::exchange(dragging_, false))
         return;
-    const Step step(*this);
+    const PaintBatch batch(*this);
     const QPoint at = event->position().toPoint();
     view_.Event_MouseUp(at.x(), at.y());
 }
@@ -243,7 +243,7 @@ void SmartCanvas::mouseReleaseEvent(QMouseEvent* event) {
 void SmartCanvas::wheelEvent(QWheelEvent* event) {
     constexpr int notch = 120;
     const QPoint turned = event->angleDelta();
-    // A touchpad tells of parts of a notch: they add up, until the direction changes.
+    // Touchpads report fractions of a notch, which add up until the direction changes.
     auto add = [](int& rest, int by) {
         if (by != 0 && (rest < 0) != (by < 0))
             rest = 0;
@@ -257,9 +257,9 @@ void SmartCanvas::wheelEvent(QWheelEvent* event) {
     event->accept();
     if (sideways == 0 && up == 0)
         return;
-    const Step step(*this);
+    const PaintBatch batch(*this);
     const QPoint at = event->position().toPoint();
-    // The view takes a wheel that turns down the page as positive, and moves against the sign of the other axis.
+    // For the view, a turn down the page is positive; sideways it moves against the sign.
     view_.Event_MouseWheel(at.x(), at.y(), sideways, -up);
 }
 

@@ -14,11 +14,11 @@
 
 namespace velmarin {
 
-/// The control that shows a page: a PageView on the screen. White where there is no page; takes no focus, so that keys
-/// stay where they are typed. Screen readers know it as a picture.
+/// The control that shows a page: a PageView as a widget. White outside the page. It takes no focus, so that typing
+/// stays in the search field. Its accessible role is a graphic.
 ///
-/// Each operation and each mouse event paints the screen once, at its end, so a lens that is wiped and redrawn in one
-/// step does not flicker. The reduced page is kept while the control is shown.
+/// Each operation and each mouse event paints once, at its end, so a lens that is erased and redrawn does not flicker.
+/// The reduced page is cached while the control is visible.
 class SmartCanvas : public QWidget {
     Q_OBJECT
   public:
@@ -28,17 +28,17 @@ class SmartCanvas : public QWidget {
     bool SetPicture(const FolderItem& f);
     bool SetPicture(Picture p);
     const std::string& loadProblem() const { return view_.loadProblem(); }
-    /// Tells screen readers which page this is: its `name`, in the dictionary or folder `of` unless that is empty. A
-    /// `problem` with the page is told there and in the tool tip; it is empty if all is well.
+    /// Sets the description for screen readers: the page's `name`, and the dictionary or folder `of` unless it is
+    /// empty. A `problem` with the page is part of the description and becomes the tool tip; empty if all is well.
     void describePage(std::string_view of, std::string_view name, std::string_view problem);
 
     int Mode() const { return view_.Mode; }
-    /// Shows with the next Refresh.
+    /// Takes effect with the next Refresh.
     void setMode(int mode) { view_.Mode = mode; }
     bool hasImage() const { return !view_.Image.isNil(); }
-    /// Lets go of the page; shows with the next Refresh.
+    /// Drops the page; visible after the next Refresh.
     void dropImage();
-    /// Has repainted when it returns.
+    /// Repaints before it returns.
     void Refresh();
 
     void SmartScroll(int x, int y);
@@ -46,7 +46,7 @@ class SmartCanvas : public QWidget {
     void setExtraText(std::string text) { view_.pExtraText_Text = std::move(text); }
     void mDrawExtraText();
 
-    /// All else that a page view has.
+    /// For everything else.
     PageView& view() { return view_; }
     const PageRenderer& renderer() const { return renderer_; }
 
@@ -63,7 +63,7 @@ class SmartCanvas : public QWidget {
 
   private:
     class Port;
-    class Step;
+    class PaintBatch;
 
     void record();
     void showCursor(MouseCursor cursor);
@@ -72,14 +72,14 @@ class SmartCanvas : public QWidget {
     std::unique_ptr<Port> port_;
     PageView view_;
     PageRenderer renderer_;
-    /// What the last Event_Paint drew. During a drag the page stands elsewhere than the view's stored position says,
-    /// and is repainted from here.
+    /// What the last Event_Paint drew. During a drag, repaints use this, because the page is not at the view's stored
+    /// position.
     std::vector<DrawCommand> recorded_;
-    int steps_ = 0;            ///< operations under way
-    bool recordedNow_ = false; ///< by the present step
-    bool unpainted_ = false;   ///< the present step has something to show
-    bool dragging_ = false;    ///< a press claimed the mouse
-    QPoint wheelRest_;         ///< of a notch, in eighths of a degree
+    int batches_ = 0;              ///< running operations
+    bool recordedInBatch_ = false; ///< since the outermost batch began
+    bool unpainted_ = false;       ///< something is to be painted at the end of the batch
+    bool dragging_ = false;        ///< a press started a drag
+    QPoint wheelRest_;             ///< fraction of a notch so far, in eighths of a degree
 };
 
 } // namespace velmarin

@@ -21,24 +21,21 @@ TEST(AnchoredRect, FollowsTheEdges) {
         QSize actual;
         QRect placed;
     } cases[] = {
-        {"left and top stay", {11, 3, 160, 20}, Anchor::Left | Anchor::Top, {1000, 1000}, {11, 3, 160, 20}},
         {"right moves", {679, 4, 39, 22}, Anchor::Top | Anchor::Right, {900, 500}, {741, 4, 39, 22}},
         {"left and right stretch", {257, 3, 295, 28}, across | Anchor::Top, {938, 809}, {257, 3, 395, 28}},
         {"top and bottom stretch", {828, -1, 12, 790}, allEdges ^ Anchor::Left, {848, 709}, {838, -1, 12, 690}},
         {"bottom moves", {11, 804, 803, 8}, across | Anchor::Bottom, {838, 909}, {11, 904, 803, 8}},
         {"no edge", {5, 6, 7, 8}, {}, {1000, 1000}, {5, 6, 7, 8}},
         {"no negative size", {18, 84, 796, 714}, allEdges, {64, 64}, {18, 84, 22, 0}},
-        {"no window at all", {257, 3, 295, 28}, allEdges, {0, 0}, {257, 3, 0, 0}},
     };
     for (const auto& row : cases)
         EXPECT_EQ(anchoredRect(row.rect, row.anchors, design, row.actual), row.placed) << row.name;
 }
 
-/// Records the size in its last resize event.
-struct SizeTold : QWidget {
+struct ResizeRecorder : QWidget {
     using QWidget::QWidget;
-    QSize told;
-    void resizeEvent(QResizeEvent* event) override { told = event->size(); }
+    QSize last;
+    void resizeEvent(QResizeEvent* event) override { last = event->size(); }
 };
 
 struct AnchoredLayoutTest : ::testing::Test {
@@ -47,34 +44,22 @@ struct AnchoredLayoutTest : ::testing::Test {
     AnchoredLayoutTest() { window.resize(design); }
 };
 
-TEST_F(AnchoredLayoutTest, ChildFollowsTheWindowShownOrHidden) {
-    window.resize(938, 909);
-    auto* child = new SizeTold(&window);
-    layout->add(child, {18, 84, 796, 714}, allEdges);
-    EXPECT_EQ(child->geometry(), QRect(18, 84, 896, 814));
-    EXPECT_EQ(child->told, QSize(896, 814)) << "before the window is shown";
-    window.show();
-    window.resize(900, 809);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(child->geometry(), QRect(18, 84, 858, 714));
-    window.hide();
-    window.resize(800, 809);
-    layout->apply();
-    EXPECT_EQ(child->geometry(), QRect(18, 84, 758, 714));
-}
-
-TEST_F(AnchoredLayoutTest, LayoutWithinAHiddenPageFollowsToo) {
+TEST_F(AnchoredLayoutTest, AHiddenPageAndTheLayoutInItFollowTheWindowShownOrHidden) {
     auto* page = new QWidget(&window);
     page->hide();
     auto* inner = new AnchoredLayout(page, {808, 743});
-    auto* canvas = new SizeTold(page);
+    auto* canvas = new ResizeRecorder(page);
     inner->add(canvas, {7, 25, 796, 714}, allEdges);
     layout->add(page, {11, 59, 808, 743}, allEdges);
+    EXPECT_EQ(canvas->last, QSize(796, 714)) << "before the window is shown";
     window.show();
     window.resize(938, 909);
     QCoreApplication::processEvents();
-    EXPECT_EQ(canvas->told, QSize(896, 814));
-    EXPECT_EQ(canvas->size(), QSize(896, 814));
+    EXPECT_EQ(canvas->last, QSize(896, 814));
+    window.hide();
+    window.resize(800, 809);
+    layout->apply();
+    EXPECT_EQ(canvas->geometry(), QRect(7, 25, 758, 714));
 }
 
 TEST_F(AnchoredLayoutTest, ForgetsDeletedChildrenAndIgnoresStrangers) {

@@ -56,7 +56,7 @@ TEST_F(ListBoxTest, SelectionsAreSignalled) {
     }
 }
 
-TEST_F(ListBoxTest, RowSetByCodeIsInView) {
+TEST_F(ListBoxTest, RowSetByCodeIsInViewAndAHandlerMayDeleteTheRows) {
     std::vector<std::string> rows;
     for (int i = 0; i < 50'000; ++i)
         rows.push_back("row " + std::to_string(i));
@@ -64,13 +64,9 @@ TEST_F(ListBoxTest, RowSetByCodeIsInView) {
     box.setListIndex(49'000);
     EXPECT_TRUE(box.viewport()->rect().contains(box.visualRect(box.model()->index(49'000, 0))));
     EXPECT_EQ(box.List(49'000), "row 49000");
-}
-
-TEST_F(ListBoxTest, HandlerMayDeleteTheRows) {
     QObject::connect(&box, &ListBox::Change, &box, [this] { box.DeleteAllRows(); });
-    click(1);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(box.rowCount(), 0);
+    click(48'999);
+    EXPECT_EQ(box.rowCount(), 0) << "a handler may delete the rows";
 }
 
 } // namespace

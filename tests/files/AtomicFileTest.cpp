@@ -48,9 +48,8 @@ TEST(WriteFileAtomically, ReplacesTheWholeFileAndLeavesNothingBeside) {
     const std::string big(3'000'000, 'x');
     for (const Durability durability : {Durability::Flushed, Durability::RenamedOnly}) {
         for (const std::string& text : {std::string("old"), big, std::string(), std::string("a\0b", 3)}) {
-            const WriteResult result = writeFileAtomically(folder.path() / "f", text, durability);
-            EXPECT_TRUE(result) << result.reason;
-            EXPECT_TRUE(result.reason.empty());
+            const Result result = writeFileAtomically(folder.path() / "f", text, durability);
+            EXPECT_TRUE(result);
             EXPECT_EQ(folder.read("f"), text);
         }
     }
@@ -98,12 +97,13 @@ TEST(WriteFileAtomically, FailureNamesTheFileAndLeavesEverythingAsItWas) {
     for (const Case& c : {Case{"folder", "it is not a file"}, Case{"fifo", "it is not a file"},
                           Case{"loop", "it is a link that leads nowhere"}, Case{"file/inside", "Not a directory"},
                           Case{"missing/f", "No such file or directory"}}) {
-        const WriteResult result = writeFileAtomically(folder.path() / c.where, "new");
+        const Result result = writeFileAtomically(folder.path() / c.where, "new");
         EXPECT_FALSE(result) << c.where;
-        EXPECT_EQ(result.reason, "\"" + (folder.path() / c.where).string() + "\" could not be written: " + c.reason);
+        EXPECT_EQ(result.failure().message(),
+                  "\"" + (folder.path() / c.where).string() + "\" could not be written: " + c.reason);
     }
-    const WriteResult tooLong = writeFileAtomically(folder.path() / std::string(300, 'n'), "new");
-    EXPECT_NE(tooLong.reason.find("File name too long"), std::string::npos) << tooLong.reason;
+    const Result tooLong = writeFileAtomically(folder.path() / std::string(300, 'n'), "new");
+    EXPECT_NE(tooLong.failure().reason.find("File name too long"), std::string::npos);
     EXPECT_FALSE(writeFileAtomically("/proc/velmarin", "new"));
     EXPECT_EQ(folder.read("file"), "old");
     EXPECT_EQ(FolderItem(folder.path()).items().size(), 4u);
@@ -113,13 +113,13 @@ TEST(WriteFileAtomically, OnAFullDiskTheOldFileStays) {
     const TempFolder folder;
     const fs::path path = folder.write("f", "old");
     for (const Durability durability : {Durability::Flushed, Durability::RenamedOnly}) {
-        WriteResult result;
+        Result result;
         {
             const FullDisk full(1000);
             result = writeFileAtomically(path, std::string(100'000, 'x'), durability);
         }
         EXPECT_FALSE(result);
-        EXPECT_NE(result.reason.find("File too large"), std::string::npos) << result.reason;
+        EXPECT_NE(result.failure().reason.find("File too large"), std::string::npos);
         EXPECT_EQ(folder.read("f"), "old");
         EXPECT_EQ(FolderItem(folder.path()).items().size(), 1u);
     }

@@ -72,6 +72,15 @@ TEST(FolderItem, ChildWithImpossibleNameCannotBeMade) {
     EXPECT_TRUE(fs::is_empty(folder.path()));
 }
 
+TEST(FolderItem, IsNamedHoweverItsPathEnds) {
+    const TempFolder folder;
+    folder.write("a/b/file", "");
+    for (const char* path : {"a/b", "a/b/", "a/b//", "a/b/.", "a/b/missing/.."})
+        EXPECT_EQ(FolderItem(folder.path() / path).path(), folder.path() / "a/b") << path;
+    EXPECT_EQ(FolderItem("/").path(), "/");
+    EXPECT_EQ(FolderItem("a").Parent().AbsolutePath(), fs::current_path());
+}
+
 TEST(FolderItem, LinksAreAliases) {
     const TempFolder folder;
     folder.write("real/ind", "");
@@ -116,7 +125,10 @@ TEST(FolderItem, ListsInTheSystemsStringOrder) {
     for (const FolderItem& item : FolderItem(folder.path()).items())
         listed.push_back(item.Name());
     EXPECT_EQ(listed, names);
-    EXPECT_EQ(FolderListing(FolderItem(folder.path())).names(), names);
+    const FolderListing listing(FolderItem(folder.path()));
+    EXPECT_TRUE(listing.listed());
+    EXPECT_EQ(listing.names(), names);
+    EXPECT_FALSE(FolderListing(FolderItem(folder.path() / "missing")).listed());
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-#include "files/IndexedTextFile.h"
 #include "files/LineReader.h"
+#include "files/IndexedTextFile.h"
 #include "files/LineScanner.h"
 #include "files/ReadOnlyFile.h"
 #include "support/TempFolder.h"
@@ -151,15 +151,6 @@ TEST(IndexedTextFile, ReadsAnEditedFileAnew) {
     EXPECT_EQ(file.line(1).status, IndexedTextFile::Status::NoFile);
     folder.write("txt", "back\n");
     EXPECT_EQ(file.line(1).text, "back");
-}
-
-TEST(IndexedTextFile, SeesAChangeWithinTheTickOfTheClock) {
-    const TempFolder folder;
-    IndexedTextFile file{FolderItem(folder.write("txt", "a\nbcd\n"))};
-    for (int i = 0; i < 300; ++i) {
-        folder.write("txt", i % 2 == 0 ? "ab\ncd\n" : "a\nbcd\n");
-        ASSERT_EQ(file.line(2).text, i % 2 == 0 ? "cd" : "bcd") << i;
-    }
 }
 
 TEST(IndexedTextFile, SeesAnotherFileInItsPlaceEvenAnOldOne) {

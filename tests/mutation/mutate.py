@@ -3,26 +3,30 @@
 
     tests/mutation/mutate.py                          200 mutants of all core libraries
     tests/mutation/mutate.py --sample 20 text search  20 mutants of two folders
+    tests/mutation/mutate.py --jobs 2                 two at a time
     tests/mutation/mutate.py --list 3 view            shows three mutants and runs nothing
 
 A mutant is killed if a test fails, crashes or hangs; it survives if all pass. One that does not compile is not counted.
-The work is done on a copy in build/mutation, so the checkout stays as it is. A mutant of the file code could delete what
+The work is done on copies in build/mutation, so the checkout stays as it is. A mutant of the file code could delete what
 it should not, so the tests see the rest of the machine write-protected (package bubblewrap). The same seed on the same
-sources gives the same mutants. A survivor is a place to look at, not a verdict: some mutants change nothing that can be seen.
+sources gives the same mutants. A survivor is a place to look at, not a verdict: some mutants change nothing visible.
 """
 import argparse
+import itertools
+import os
+import queue
 import random
 import re
 import shutil
 import subprocess
 import sys
+from collections import Counter, deque
+from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 from pathlib import Path
 
 TOP = Path(__file__).resolve().parents[2]
 WORK = TOP / "build" / "mutation"
-COPY = WORK / "source"
-BUILD = WORK / "build"
 TEST_SECONDS = 120
 
 
@@ -44,7 +48,7 @@ class Mutant:
     kind: str
 
 
-# Each row: what it is called, what it looks for in a line without strings and comments, what stands there instead.
+# Each row: the kind, a pattern for a line without strings and comments, and the replacement (None adds 1 to a number).
 # Operators are matched with the blanks that the formatter puts around them, which leaves templates and pointers alone.
 CHANGES = [
     ("boundary", r" < ", " <= "),
@@ -70,7 +74,7 @@ STRING_OR_COMMENT = re.compile(r'"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])\'|//.*')
 
 def cmake_calls(text, function):
     """Yields (name, {keyword: words}) of each call of the function in a CMakeLists.txt."""
-    for body in re.findall(function + r"\((.*?)\)", text, re.S):
+    for body in re.findall(function + r"\((.*?)\)", re.sub(r"#.*", "", text), re.S):
         name, *words = body.split()
         lists, key = {"": []}, ""
         for word in words:
@@ -83,21 +87,25 @@ def cmake_calls(text, function):
 
 
 def core_libraries():
-    """Every library without the toolkit, with the test programs that link it and stand in the folder of the same name."""
+    """Every library without the toolkit, as CMake lists it, with the nearest test programs: those in the folder
+    of the same name that link it, or else all that link it, or else all in that folder."""
+    programs = []
+    for path in sorted((TOP / "tests").glob("*/CMakeLists.txt")):
+        programs += [(path.parent.name, *call) for call in cmake_calls(path.read_text(), "velmarin_test")]
     found = []
     for path in sorted((TOP / "src").glob("*/CMakeLists.txt")):
         folder = path.parent.name
-        tests = TOP / "tests" / folder / "CMakeLists.txt"
-        if not tests.exists():
-            continue
-        programs = list(cmake_calls(tests.read_text(), "velmarin_test"))
         for name, lists in cmake_calls(path.read_text(), "velmarin_library"):
             if any(link.startswith("Qt6") for link in lists.get("LINKS", [])):
                 continue
-            nearest = tuple(program for program, its in programs if name in its.get("LINKS", []))
-            sources = tuple(source for source in lists["SOURCES"] if not source.startswith("Scripted"))
+            linking = [(place, program) for place, program, its in programs if name in its.get("LINKS", [])]
+            nearest = [program for place, program in linking if place == folder] or [program for _, program in linking]
+            nearest = nearest or [program for place, program, _ in programs if place == folder]
+            sources = [source for source in lists.get("SOURCES", []) if not source.startswith("Scripted")]
             if nearest:
-                found.append(Library(folder, name, sources, nearest))
+                found.append(Library(folder, name, tuple(sources), tuple(nearest)))
+            else:
+                print(f"{name}: no tests", file=sys.stderr)
     return found
 
 
@@ -134,58 +142,103 @@ def run(command, seconds=None):
         return None
 
 
-def build(targets):
-    return run(["cmake", "--build", str(BUILD), "--target", *targets]) == 0
+class Worker:
+    """A copy of the checkout with a build of its own, so that several mutants can be tried at a time."""
+
+    def __init__(self, number, jobs):
+        self.copy = WORK / f"source{number}"
+        self.build_folder = WORK / f"build{number}"
+        self.compilers = max(1, (os.cpu_count() or 1) // jobs)
+
+    def build(self, targets):
+        return run(["cmake", "--build", str(self.build_folder), "-j", str(self.compilers), "--target", *targets]) == 0
+
+    def copy_checkout(self):
+        """Writes only what differs, so that a second run builds little, and removes what the checkout has lost."""
+        listed = subprocess.run(["git", "ls-files", "-z"], cwd=TOP, check=True, capture_output=True, text=True).stdout
+        names = {name for name in listed.split("\0") if name and (TOP / name).is_file()}
+        for name in names:
+            source, copy = TOP / name, self.copy / name
+            if not (copy.exists() and copy.read_bytes() == source.read_bytes()):
+                copy.parent.mkdir(parents=True, exist_ok=True)
+                shutil.copy(source, copy)
+        for old in self.copy.rglob("*"):
+            if old.is_file() and str(old.relative_to(self.copy)) not in names:
+                old.unlink()
+
+    def prepare(self, libraries):
+        """Copies the checkout, builds the test programs and makes sure that they pass before anything is changed."""
+        self.copy_checkout()
+        if not (self.build_folder / "build.ninja").exists():
+            options = ["-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DVELMARIN_WERROR=OFF"]
+            if shutil.which("ccache"):
+                options.append("-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
+            subprocess.run(["cmake", "-G", "Ninja", "-S", str(self.copy), "-B", str(self.build_folder), *options],
+                           check=True, stdout=subprocess.DEVNULL)
+        for library in libraries:
+            if not self.build(library.tests):
+                sys.exit(f"{library.name}: the tests do not build")
+            if self.killed_by_tests(library):
+                sys.exit(f"{library.name}: the tests fail before anything is changed")
+
+    def killed_by_tests(self, library):
+        # CTest sets the environment and arguments of each program.
+        names = "^(" + "|".join(library.tests) + ")$"
+        guard = ["bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--proc", "/proc", "--tmpfs", "/tmp",
+                 "--die-with-parent", "--unshare-pid", "--bind", str(self.build_folder), str(self.build_folder)]
+        command = [*guard, "ctest", "--test-dir", str(self.build_folder), "-R", names, "--stop-on-failure"]
+        return run(command, TEST_SECONDS) != 0
+
+    def try_mutant(self, mutant):
+        """True if killed, False if it survives, None if it does not compile."""
+        path = self.copy / mutant.path
+        original = path.read_text()
+        lines = original.split("\n")
+        lines[mutant.line] = mutant.after
+        try:
+            path.write_text("\n".join(lines))
+            return self.killed_by_tests(mutant.library) if self.build(mutant.library.tests) else None
+        finally:
+            path.write_text(original)
 
 
-def copy_checkout():
-    """Writes only what differs, so that a second run builds little."""
-    for name in subprocess.run(["git", "ls-files", "-z"], cwd=TOP, check=True, capture_output=True, text=True).stdout.split("\0"):
-        source, copy = TOP / name, COPY / name
-        if name and source.is_file() and not (copy.exists() and copy.read_bytes() == source.read_bytes()):
-            copy.parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(source, copy)
+def try_all(mutants, sample, workers):
+    """Yields (mutant, result) in the order of `mutants`, whatever the number of workers, until `sample` of them count."""
+    free = queue.SimpleQueue()
+    for worker in workers:
+        free.put(worker)
 
+    def attempt(mutant):
+        worker = free.get()
+        try:
+            return worker.try_mutant(mutant)
+        finally:
+            free.put(worker)
 
-def prepare(libraries):
-    """Copies the checkout, builds the test programs and makes sure that they pass before anything is changed."""
-    if not shutil.which("bwrap"):
-        sys.exit("bubblewrap is not installed (apt-get install bubblewrap)")
-    copy_checkout()
-    if not (BUILD / "build.ninja").exists():
-        options = ["-DCMAKE_BUILD_TYPE=Debug", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DVELMARIN_WERROR=OFF"]
-        subprocess.run(["cmake", "-G", "Ninja", "-S", str(COPY), "-B", str(BUILD), *options], check=True,
-                       stdout=subprocess.DEVNULL)
-    for library in libraries:
-        if not build(library.tests):
-            sys.exit(f"{library.name}: the tests do not build")
-        if killed_by_tests(library):
-            sys.exit(f"{library.name}: the tests fail before anything is changed")
-
-
-def killed_by_tests(library):
-    # CTest sets the environment and arguments of each program.
-    names = "^(" + "|".join(library.tests) + ")$"
-    guard = ["bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--proc", "/proc", "--tmpfs", "/tmp", "--die-with-parent",
-             "--unshare-pid", "--bind", str(BUILD), str(BUILD)]
-    return run([*guard, "ctest", "--test-dir", str(BUILD), "-R", names, "--stop-on-failure"], TEST_SECONDS) != 0
-
-
-def try_mutant(mutant):
-    """True if killed, False if it survives, None if it does not compile."""
-    path = COPY / mutant.path
-    original = path.read_text()
-    lines = original.split("\n")
-    lines[mutant.line] = mutant.after
-    try:
-        path.write_text("\n".join(lines))
-        return killed_by_tests(mutant.library) if build(mutant.library.tests) else None
-    finally:
-        path.write_text(original)
+    counted = 0
+    with ThreadPoolExecutor(len(workers)) as pool:
+        rest = iter(mutants)
+        pending = deque()
+        while counted < sample:
+            room = min(len(workers), sample - counted) - len(pending)
+            pending.extend((mutant, pool.submit(attempt, mutant)) for mutant in itertools.islice(rest, room))
+            if not pending:
+                return
+            mutant, future = pending.popleft()
+            result = future.result()
+            counted += result is not None
+            yield mutant, result
 
 
 def shown(mutant):
     return f"{mutant.path}:{mutant.line + 1}: {mutant.kind}\n  - {mutant.before.strip()}\n  + {mutant.after.strip()}"
+
+
+def summary(killed, survived):
+    """A line for each library, and one for all."""
+    rows = [(name, killed[name], killed[name] + survived[name]) for name in sorted({*killed, *survived})]
+    rows.append(("all", killed.total(), killed.total() + survived.total()))
+    return "\n".join(f"{name:28} {hits:4} of {total:4} killed ({100 * hits / max(total, 1):5.1f} %)" for name, hits, total in rows)
 
 
 def main():
@@ -193,6 +246,8 @@ def main():
     parser.add_argument("folders", nargs="*", help="folders of src; all that have a core library if none is named")
     parser.add_argument("--sample", type=int, default=200, help="mutants that count, at most (default 200)")
     parser.add_argument("--seed", type=int, default=1, help="chooses the sample (default 1)")
+    parser.add_argument("--jobs", type=int, default=1, choices=range(1, 65), metavar="N",
+                        help="mutants tried at a time, each in a build of its own (default 1)")
     parser.add_argument("--list", type=int, metavar="N", help="show N mutants and run nothing")
     arguments = parser.parse_args()
 
@@ -202,19 +257,21 @@ def main():
     if arguments.list is not None:
         print("\n".join(shown(mutant) for mutant in mutants[: arguments.list]))
         return
-    prepare(libraries)
-    survivors, killed = [], 0
-    for mutant in mutants:
-        if killed + len(survivors) >= arguments.sample:
-            break
-        result = try_mutant(mutant)
+    if not shutil.which("bwrap"):
+        sys.exit("bubblewrap is not installed (apt-get install bubblewrap)")
+    chosen = {mutant.library for mutant in mutants}
+    workers = [Worker(number, arguments.jobs) for number in range(arguments.jobs)]
+    for worker in workers:
+        worker.prepare([library for library in libraries if library in chosen])
+    killed, survived = Counter(), Counter()
+    for mutant, result in try_all(mutants, arguments.sample, workers):
         if result:
-            killed += 1
+            killed[mutant.library.name] += 1
         elif result is False:
-            survivors.append(mutant)
+            survived[mutant.library.name] += 1
             print(f"survives: {shown(mutant)}", flush=True)
-    total = killed + len(survivors)
-    print(f"{killed} of {total} mutants killed ({100 * killed / max(total, 1):.1f} %), {len(mutants)} possible")
+    print(summary(killed, survived))
+    print(f"{len(mutants)} mutants are possible")
 
 
 if __name__ == "__main__":

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -17,6 +18,9 @@ struct BusyTest : ::testing::Test {
     BusyState::Action write(const std::string& word) {
         return [this, word] { log += word; };
     }
+    BusyState::Action writeStopWanted() {
+        return [this] { log += state.stopWanted() ? "!" : "-"; };
+    }
     void turnLoop() {
         while (!posted.empty()) {
             const auto action = std::move(posted.front());
@@ -24,51 +28,54 @@ struct BusyTest : ::testing::Test {
             action();
         }
     }
+    /// "[" begins a guard and "]" ends it, a letter asks for an action that writes it, "." turns the loop and writes
+    /// itself, "?" writes whether a stop is wanted, "f" and "s" ask for that in whenFree and whenStopped.
+    void run(const std::string& script) {
+        std::vector<std::unique_ptr<Busy>> guards;
+        for (const char step : script) {
+            if (step == '[')
+                guards.push_back(std::make_unique<Busy>(state));
+            else if (step == ']')
+                guards.pop_back();
+            else if (step == '.')
+                turnLoop(), log += '.';
+            else if (step == '?')
+                writeStopWanted()();
+            else if (step == 's')
+                state.whenStopped(writeStopWanted());
+            else
+                state.whenFree(step == 'f' ? writeStopWanted() : write(std::string(1, step)));
+        }
+    }
 };
 
-TEST_F(BusyTest, PutOffActionsRunInOrderAfterTheLastOfNestedGuards) {
-    {
-        const Busy outer(state);
-        state.whenFree(write("a"));
-        {
-            const Busy inner(state);
-            state.whenFree(write("b"));
-        }
-        EXPECT_TRUE(state.busy());
-        turnLoop();
-        EXPECT_EQ(log, "");
+TEST_F(BusyTest, ActionsWaitForTheLastGuardAndRunInOrderFromTheLoop) {
+    const auto listener = state.onChange([this](bool busy) { log += busy ? "<" : ">"; });
+    const struct {
+        const char* reason;
+        std::string script, log;
+    } rows[] = {
+        {"nothing under way", "a", "a"},
+        {"nested guards", "[a[b].].", "<.>ab."},
+        {"behind one that waits", "[a]b.", "<>ab."},
+        {"a turn inside a new loop", "[a][.].", "<><.>a."},
+        {"a stop ends what waits before it", "[f?s?].s", "<-!>!-.-"},
+    };
+    for (const auto& row : rows) {
+        log.clear();
+        run(row.script);
+        EXPECT_EQ(log, row.log) << row.reason;
     }
-    EXPECT_EQ(log, "") << "the guard's owner has not finished yet";
-    turnLoop();
-    EXPECT_EQ(log, "ab");
 }
 
-TEST_F(BusyTest, ActionAskedForBehindWaitingOnesKeepsItsPlace) {
-    {
-        const Busy guard(state);
-        state.whenFree(write("a"));
-    }
-    state.whenFree(write("b"));
+TEST_F(BusyTest, ADroppedListenerHearsNothing) {
+    auto listener = state.onChange([this](bool) { log += "x"; });
+    listener.reset();
+    run("[]");
     EXPECT_EQ(log, "");
-    turnLoop();
-    EXPECT_EQ(log, "ab");
 }
 
-TEST_F(BusyTest, TurnThatFallsIntoANewLoopWaitsForItsEnd) {
-    {
-        const Busy guard(state);
-        state.whenFree(write("a"));
-    }
-    {
-        const Busy next(state);
-        turnLoop();
-        EXPECT_EQ(log, "");
-    }
-    turnLoop();
-    EXPECT_EQ(log, "a");
-}
-
-TEST_F(BusyTest, ActionThatLoopsItselfHoldsUpThoseBehindIt) {
+TEST_F(BusyTest, ActionsAfterOneThatLoopsOrThrowsStillRun) {
     {
         const Busy guard(state);
         state.whenFree([this] {
@@ -77,53 +84,13 @@ TEST_F(BusyTest, ActionThatLoopsItselfHoldsUpThoseBehindIt) {
             turnLoop();
             log += ")";
         });
-        state.whenFree(write("b"));
-    }
-    turnLoop();
-    EXPECT_EQ(log, "()b");
-}
-
-TEST_F(BusyTest, ActionThatThrowsLeavesThoseBehindItToRun) {
-    {
-        const Busy guard(state);
         state.whenFree([] { throw std::runtime_error("gone"); });
         state.whenFree(write("b"));
     }
-    const auto first = std::move(posted.front());
-    posted.pop_front();
-    EXPECT_THROW(first(), std::runtime_error);
+    EXPECT_THROW(turnLoop(), std::runtime_error);
+    EXPECT_EQ(log, "()");
     turnLoop();
-    EXPECT_EQ(log, "b");
-}
-
-TEST_F(BusyTest, ListenersHearOfTheFirstGuardAndTheLastEndBeforePutOffActionsRun) {
-    auto handle = state.onChange([this](bool busy) { log += busy ? "[" : "]"; });
-    {
-        const Busy outer(state);
-        const Busy inner(state);
-        state.whenFree(write("a"));
-        EXPECT_EQ(log, "[");
-    }
-    turnLoop();
-    EXPECT_EQ(log, "[]a");
-    handle.reset();
-    { const Busy guard(state); }
-    EXPECT_EQ(log, "[]a");
-}
-
-TEST_F(BusyTest, StopIsWantedUntilTheActionThatEndsTheRunHasItsTurn) {
-    const auto writeWhetherStopIsWanted = [this] { log += state.stopWanted() ? "stop " : "go on "; };
-    {
-        const Busy guard(state);
-        state.whenFree(writeWhetherStopIsWanted);
-        writeWhetherStopIsWanted();
-        state.whenStopped(writeWhetherStopIsWanted);
-        writeWhetherStopIsWanted();
-    }
-    turnLoop();
-    EXPECT_EQ(log, "go on stop stop go on ") << "what was put off before must not hold it up either";
-    state.whenStopped(writeWhetherStopIsWanted);
-    EXPECT_EQ(log, "go on stop stop go on go on ");
+    EXPECT_EQ(log, "()b");
 }
 
 TEST(BusyLifetime, PostedTurnOutlivesTheState) {
@@ -131,10 +98,8 @@ TEST(BusyLifetime, PostedTurnOutlivesTheState) {
     bool ran = false;
     {
         BusyState state([&](BusyState::Action action) { posted.push_back(std::move(action)); });
-        {
-            const Busy guard(state);
-            state.whenFree([&] { ran = true; });
-        }
+        const Busy guard(state);
+        state.whenFree([&] { ran = true; });
     }
     ASSERT_EQ(posted.size(), 1u);
     posted.front()();

@@ -6,7 +6,7 @@ namespace {
 TEST(ListMode, ASearchFillsTheListAndARowShowsItsHitAlone) {
     ScriptedWindow window;
     DictionaryBuilder first("A");
-    first.entry("apple", "x", {"e"}).entry("banana", "y").entry("zzz", "z").independent();
+    first.entry("apple", "x", {"e"}).entry("banana", "y").entry("zzz", "z").format("", true);
     window.open(fruits("Many", 22, first));
     EXPECT_TRUE(window.listShown);
     window.walk({
@@ -80,10 +80,11 @@ TEST(ListMode, StaysForLaterGroupsWithTheRows) {
     EXPECT_EQ(window.rows.size(), 22U);
     EXPECT_EQ(window.captions, (std::vector<std::string>{"E", "F"}));
     EXPECT_EQ(window.pages[0].jumpRows, "only") << "every menu is built in the first set";
-    window.walk({{"search cherry", "E/3 - 2"}});
+    window.model.search.searchAll("apple");
+    window.walk({{"front 0", "E/1 1 0 2:1 E/only, 1", "no hit is chosen yet"}, {"search cherry", "E/3 1 2 2:1"}});
     EXPECT_EQ(window.rows, (std::vector<std::string>{"E", "F"}));
     window.model.search.searchAll("banana");
-    window.walk({{"right", "E/2 2 0 2:2 E/, 2 tab F off", "every tab shows the hit's dictionary"}});
+    window.walk({{"right", "E/2 2 0 3:12 E/, 2 tab F off", "every tab shows the hit's dictionary"}});
     window.open(fruits("Many", 22));
     EXPECT_EQ(window.rows.size(), 24U) << "the new rows follow the old";
 }

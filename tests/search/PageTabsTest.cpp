@@ -56,12 +56,12 @@ TEST(Pages, AreFoundWhateverTheirCaseAndTitledByTheirRow) {
                                                  .entry("c", "3")
                                                  .entry("d", "4")
                                                  .entry("z", "5")
-                                                 .captions({{"3", "3"}, {"p1", "i"}, {"e", "ii"}})));
+                                                 .captions({{"3", "iii"}, {"p1", "i"}, {"e", "ii"}})));
     window.walk({
         {"search a", "A/P1 P1 1 2:P1 A/i, P1"},
         {"jump 1", "A/P1 P1 1 2:P1 A/i, P1", "it is the page shown"},
         {"search b", "A/E E 2 3:P1E A/ii, E"},
-        {"search c", "A/3 3 0 4:P1E3", "a title that is the page's name"},
+        {"search c", "A/3 3 0 4:P1E3 A/iii, 3"},
         {"search d", "A/4 4 0 5:P1E34", "a page without a row"},
     });
 }

@@ -28,7 +28,7 @@ TEST(SearchModel, TheCheckBoxShiftAndIndependenceDecideWhichTabsAreSearched) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.reason);
         ScriptedWindow window;
-        window.open(fruits("G", 3, c.independent ? fruit("A").independent() : fruit("A")));
+        window.open(fruits("G", 3, c.independent ? fruit("A").format("", true) : fruit("A")));
         window.model.search.setSeparately(c.separately);
         window.act("front " + std::to_string(c.front));
         window.host.shift.next = c.shift;

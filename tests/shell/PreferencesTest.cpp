@@ -1,11 +1,9 @@
-#include "Started.h"
+#include "shell/PlacementKeeper.h"
+#include "shell/PreferenceWriter.h"
+#include "support/TempFolder.h"
 
-#include "controls/BevelButton.h"
-#include "controls/TabPanel.h"
-#include "store/GroupPreferences.h"
-
-#include <QApplication>
-#include <QCheckBox>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QScreen>
 
 #include <gtest/gtest.h>
@@ -13,141 +11,123 @@
 namespace velmarin::test {
 namespace {
 
-const char* const kPreferences = "DictionaryFolder/G/DictionaryPreferences.txt";
+struct Preferences {
+    TempFolder files;
+    FolderItem folder{files.path()};
+    std::vector<std::string> newDicPref;
+    std::vector<std::string> reported;
+    PreferenceWriter writer{[this](std::string_view text) { reported.emplace_back(text); }, folder, newDicPref};
+};
 
-TEST(GroupPreferences, OrderModesAndTheCheckBoxComeBackAtTheNextStart) {
-    Started run({fruitGroup("G", 3).preferences("Fruit\t1\t\nC\t1\nA\t0\nGone\t2\n")});
-    EXPECT_TRUE(run.control<QCheckBox>("SeparatelyCB")->isChecked());
-    EXPECT_EQ(run.control<TabPanel>("TB")->caption(0), "C");
-    EXPECT_EQ(run.control<BevelButton>("BVimage.1")->wholeText(), "Adjust by height");
-    EXPECT_EQ(run.read(kPreferences), "Fruit\t1\t\nC\t1\nA\t0\nGone\t2\n") << "reading writes nothing";
-    run.choose("BVimage.1", 1);
-    run.control<QCheckBox>("SeparatelyCB")->click();
-    EXPECT_EQ(run.read(kPreferences), "Fruit\t0\t\nC\t1\nA\t1\nB\t2\n");
-    run.choose("BVimage.2", 0);
-    run.quit();
-    EXPECT_EQ(run.read(kPreferences), "Fruit\t0\t\nC\t1\nA\t1\nB\t0\n");
-}
-
-TEST(GroupPreferences, TheLinesOfTheOrderEditorAreCarriedOverToEveryGroup) {
-    Started run({fruitGroup("G", 2), fruitGroup("H", 1)});
-    run.pick("G");
-    run.app().module.pNewDicPref = {"New name", "B", "A"};
-    run.pick("H");
-    run.quit();
-    EXPECT_EQ(run.read(kPreferences), "New name\nB\nA\n");
-    EXPECT_EQ(run.read("DictionaryFolder/H/DictionaryPreferences.txt"), "New name\nB\nA\n");
-}
-
-TEST(Placement, OnlyTheFirstWindowSavesItAndEveryWindowTakesIt) {
-    Started run;
-    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1));
-    run.files().write("Preferences/MainWindow", "40\t50\t700\t500\t\n");
-    run.start();
-    EXPECT_EQ(run.window().centralWidget()->size(), QSize(700, 500));
-    run.window().resize(run.window().width() + 20, run.window().height());
-    QApplication::processEvents();
-    EXPECT_EQ(run.read("Preferences/MainWindow"), "40\t50\t720\t500\t\n");
-    run.app().mMakeNewMainWin();
-    EXPECT_EQ(run.window(1).centralWidget()->size(), QSize(720, 500));
-    run.window(1).resize(400, 400);
-    QApplication::processEvents();
-    EXPECT_EQ(run.read("Preferences/MainWindow"), "40\t50\t720\t500\t\n");
-}
-
-TEST(Placement, AMoveWhileAGroupLoadsIsSavedAndStays) {
-    Started run;
-    run.group(fruitGroup("G", 3)).group(fruitGroup("H", 1));
-    run.files().write("Preferences/MainWindow", "40\t50\t700\t500\t\n");
-    run.start();
-    run.host.onYield = [&run] { run.window().move(60, 70); };
-    run.pick("G");
-    EXPECT_EQ(run.window().pos(), QPoint(60, 70));
-    EXPECT_EQ(run.read("Preferences/MainWindow"), "60\t70\t700\t500\t\n");
-}
-
-TEST(Placement, OneThatNoScreenShowsIsBroughtInAndStaysSavedUntilTheUserMovesTheWindow) {
-    Started run;
-    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1));
-    const std::string saved = "3000\t1500\t700\t500\t\n";
-    run.files().write("Preferences/MainWindow", saved);
-    run.start();
-    const QRect screen = run.window().screen()->availableGeometry();
-    EXPECT_TRUE(screen.contains(run.window().frameGeometry()));
-    EXPECT_EQ(run.window().centralWidget()->size(), QSize(700, 500));
-    run.pick("G");
-    EXPECT_EQ(run.read("Preferences/MainWindow"), saved);
-    const QPoint broughtTo = run.window().pos();
-    run.window().move(20, 30);
-    EXPECT_EQ(run.read("Preferences/MainWindow"), "20\t30\t700\t500\t\n");
-    run.window().move(broughtTo);
-    EXPECT_NE(run.read("Preferences/MainWindow"), "20\t30\t700\t500\t\n") << "a move back is a move too";
-}
-
-TEST(Placement, WithoutASavedOneTheWindowFitsItsScreen) {
-    Started run({fruitGroup("G", 1)});
-    EXPECT_TRUE(run.window().screen()->availableGeometry().contains(run.window().frameGeometry()));
-    EXPECT_FALSE(std::filesystem::exists(run.folder() / "Preferences/MainWindow"));
-}
-
-TEST(Placement, AFolderThatCannotBeWrittenIsToldOnceAndOnlyAfterAMove) {
-    Started run;
-    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1));
-    run.files().write("Preferences", "a file in place of the folder");
-    run.start();
-    EXPECT_EQ(run.host.messages.size(), 0U) << "nothing of the user's has been lost";
-    for (int i = 1; i <= 5; ++i) {
-        run.window().resize(600 + i, 500);
-        QApplication::processEvents();
+TEST(PreferenceWriter, ReportsAFailureOncePerFileAndReason) {
+    const struct {
+        const char* path;
+        const char* why; ///< empty for a success
+        bool reported;
+    } steps[] = {
+        {"/G/P", "denied", true},    {"/G/P", "denied", false},
+        {"/H/P", "denied", false}, // the same reason
+        {"/H/P", "full", false},   // the same file
+        {"/I/P", "too large", true}, {"/G/P", "", false},
+        {"/G/P", "denied", true}, // it could be written in between
+        {nullptr, "", false},     // forgetFailures
+        {"/G/P", "denied", true},
+    };
+    Preferences preferences;
+    for (const auto& step : steps) {
+        preferences.reported.clear();
+        if (step.path == nullptr) {
+            preferences.writer.forgetFailures();
+            continue;
+        }
+        const std::string why = step.why;
+        const Failure failure{FolderItem(step.path), "it could not be written: " + why};
+        preferences.writer.note(step.path, why.empty() ? Result() : Result(failure));
+        EXPECT_EQ(preferences.reported.size(), step.reported ? 1U : 0U) << step.path << ' ' << why;
     }
-    EXPECT_EQ(run.host.messages.size(), 1U);
-    run.pick("G");
-    EXPECT_EQ(run.window().width(), 605) << "what could not be saved lasts for the run";
 }
 
-TEST(Placement, ALineOfZerosGivesTheSmallestWindowAndNotNone) {
-    Started run;
-    run.group(fruitGroup("G", 1));
-    run.files().write("Preferences/MainWindow", "\n");
-    run.start();
-    EXPECT_EQ(run.window().centralWidget()->height(), 64);
-    EXPECT_GE(run.window().centralWidget()->width(), 64);
-}
-
-TEST(GroupPreferences, GroupsThatCannotBeWrittenAreToldOnceForAllAndTheProgramStaysUp) {
-    Started run({fruitGroup("G", 1), fruitGroup("H", 1)});
+TEST(PreferenceWriter, WritesTheLinesOfTheOrderEditorForEveryGroup) {
+    Preferences preferences;
+    GroupModel none;
+    preferences.writer.writeGroup(none, true);
     for (const char* group : {"G", "H"}) {
-        run.pick(group);
-        std::filesystem::create_directory(run.groupFolder(group) / "DictionaryPreferences.txt");
-        run.control<QCheckBox>("SeparatelyCB")->click();
-        run.control<QCheckBox>("SeparatelyCB")->click();
-        ASSERT_EQ(run.host.messages.size(), 1U) << group;
+        GroupModel shown;
+        shown.pDictionaryGroupFolder = FolderItem(preferences.files.path() / group);
+        preferences.writer.writeGroup(shown, true);
+        EXPECT_FALSE(std::filesystem::exists(preferences.files.path() / group)) << "its folder is gone";
+        shown.pDictionaryGroupFolder.CreateAsFolder();
+        shown.pDicGroupName = "Title";
+        preferences.writer.writeGroup(shown, true);
+        const auto file = std::filesystem::path(group) / "DictionaryPreferences.txt";
+        EXPECT_EQ(preferences.files.read(file), preferences.newDicPref.empty() ? "Title\t1\t\n" : "New\nB\nA\n");
+        preferences.newDicPref = {"New", "B", "A"};
     }
-    EXPECT_NE(run.host.messages[0].find("G/DictionaryPreferences.txt"), std::string::npos);
-    run.search("banana");
-    EXPECT_EQ(run.imageName(0), "2.bmp");
-    for (const char* group : {"G", "H"})
-        std::filesystem::remove(run.groupFolder(group) / "DictionaryPreferences.txt");
-    run.pick("G");
-    run.control<QCheckBox>("SeparatelyCB")->click();
-    std::filesystem::remove(run.groupFolder("G") / "DictionaryPreferences.txt");
-    std::filesystem::create_directory(run.groupFolder("G") / "DictionaryPreferences.txt");
-    run.control<QCheckBox>("SeparatelyCB")->click();
-    EXPECT_EQ(run.host.messages.size(), 2U) << "it could be written in between";
+    EXPECT_TRUE(preferences.reported.empty());
 }
 
-TEST(SideWindowPreferences, GroupsThatCannotBeWrittenAreToldOnceForAll) {
-    Started run;
-    run.group(fruitGroup("G", 1)).group(fruitGroup("H", 1)).start();
-    for (const char* group : {"G", "H", "G"}) {
-        run.pick(group);
-        std::filesystem::create_directory(run.groupFolder(group) / "Subwindow");
-        run.click("SubWinBV");
-        run.control<QCheckBox>("DontClearCB")->click();
-        run.click("SubWinBV");
-        ASSERT_EQ(run.host.messages.size(), 1U) << group;
+/// A main window whose central widget is at least 64 pixels wide and high.
+struct PlacedWindow : QMainWindow {
+    explicit PlacedWindow(Preferences& preferences) : keeper(*this, preferences.writer) {
+        setCentralWidget(new QWidget);
+        centralWidget()->setMinimumSize(64, 64);
+        keeper.setFirstPlacement({500, 400}, 300);
+        keeper.restore();
+        show();
     }
-    EXPECT_NE(run.host.messages[0].find("G/Subwindow"), std::string::npos);
+    void moveEvent(QMoveEvent*) override { keeper.save(); }
+    void resizeEvent(QResizeEvent*) override { keeper.save(); }
+    PlacementKeeper keeper;
+};
+
+TEST(Placement, ASavedOneIsTakenUnlessTheWindowCouldNotBeReached) {
+    const struct {
+        std::string saved;
+        QRect place; ///< of the content; a null position for any that shows the whole window
+    } cases[] = {
+        {"40\t50\t600\t450\t\n", {40, 50, 600, 450}},
+        {"40\t50\t600\n", {40, 50, 600, 64}},
+        {"\n", {0, 0, 64, 64}},
+        {"-20\t30\t600\t450\t\n", {-20, 30, 600, 450}},
+        {"3000\t1500\t600\t450\t\n", {0, 0, 600, 450}},
+        {"99999999\t-99999999\t300\t200\t\n", {0, 0, 300, 200}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.saved);
+        Preferences preferences;
+        preferences.files.write("MainWindow", c.saved);
+        PlacedWindow window(preferences);
+        EXPECT_EQ(window.centralWidget()->size(), c.place.size());
+        if (c.place.topLeft().isNull())
+            EXPECT_TRUE(window.screen()->availableGeometry().contains(window.frameGeometry()));
+        else
+            EXPECT_EQ(window.pos(), c.place.topLeft());
+    }
+}
+
+TEST(Placement, IsSavedOnceTheUserMovesTheWindow) {
+    Preferences preferences;
+    const std::string saved = "3000\t1500\t600\t450\t\n";
+    const auto file = [&] { return preferences.files.read("MainWindow"); };
+    preferences.files.write("MainWindow", saved);
+    PlacedWindow window(preferences);
+    const QPoint broughtTo = window.pos();
+    window.move(30, 30);
+    EXPECT_EQ(file(), saved) << "the window manager placed it";
+    window.keeper.cameToFront();
+    window.keeper.restore();
+    EXPECT_EQ(file(), saved) << "a pick of a group placed it";
+    window.move(20, 30);
+    EXPECT_EQ(file(), "20\t30\t600\t450\t\n");
+    window.move(broughtTo);
+    EXPECT_NE(file(), "20\t30\t600\t450\t\n") << "a move back is a move too";
+
+    std::filesystem::remove(preferences.files.path() / "MainWindow");
+    preferences.files.write("MainWindow/file", "in the way");
+    window.move(25, 35);
+    window.move(26, 36);
+    EXPECT_EQ(preferences.reported.size(), 1U);
+    EXPECT_EQ(PlacedWindow(preferences).pos(), QPoint(26, 36)) << "what could not be saved lasts for the run";
 }
 
 } // namespace

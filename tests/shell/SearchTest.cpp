@@ -5,7 +5,7 @@
 #include "controls/QtText.h"
 #include "controls/TabPanel.h"
 #include "search/QueryBar.h"
-#include "shell/SideLink.h"
+#include "shell/SideButton.h"
 #include "view/SmartCanvas.h"
 
 #include <QApplication>
@@ -49,7 +49,7 @@ TEST(Search, NoClickTakesTheKeyboardAndTabReachesEveryControl) {
             QTest::keyClick(popup->focusWidget(), Qt::Key_Escape);
         EXPECT_TRUE(field->hasFocus()) << fromQ(widget->objectName());
     }
-    run.window().sideLink().close();
+    run.window().parts().sideButton->close();
     QApplication::processEvents();
     QApplication::setActiveWindow(&run.window());
     QStringList reached;
@@ -99,7 +99,7 @@ TEST(Search, ASecondSearchDuringTheFirstWaitsForItsEnd) {
     run.host.onYield = [&] {
         if (!std::exchange(pressed, true)) {
             run.control<QLineEdit>("SearchEF")->setText("cherry");
-            run.window().queryBar().OKBT_Action();
+            run.window().parts().queryBar->OKBT_Action();
             EXPECT_EQ(run.imageName(0), "2.bmp");
         }
     };

@@ -51,13 +51,13 @@ Started& Started::start() {
 }
 
 void Started::quit() {
-    for (const auto& window : app_->MainWinList())
+    for (const auto& window : app_->windows().MainWinList())
         window->close();
     app_.reset();
 }
 
 MainWindow& Started::window(int index) {
-    return *app_->MainWinList().at(static_cast<std::size_t>(index));
+    return *app_->windows().MainWinList().at(static_cast<std::size_t>(index));
 }
 
 void Started::pick(const std::string& name, int window) {

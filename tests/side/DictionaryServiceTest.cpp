@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <random>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -51,7 +52,6 @@ const struct {
 } kAnswers[] = {
     {"One", "amo", "Latin - Français\n\namo\n   aimer"},
     {"None", "amor", ""},
-    {"BeforeAll", "0", ""},
     {"BehindAll", "zz", ""},
     {"Empty", "", ""},
     {"SignsAlone", "--", ""},
@@ -66,7 +66,6 @@ const struct {
     {"TypographicApostrophe", "d’un coup", "Latin - Français\n\nd'un coup\n   subito"},
     {"Kana", "ねこ", "Latin - Français\n\nねこ\n   feles"},
     {"DatabaseEntriesAreNotWords", "00-database-info", ""},
-    {"FlagsAreNotWords", "00databaseutf8", ""},
     {"InvalidUtf8", "\xFF\xC3", ""}};
 
 TEST(ServiceAnswer, IsOfAllDictionariesThatKnowTheWord) {
@@ -100,23 +99,21 @@ TEST(ServiceStretch, IsCountedInCharacters) {
     EXPECT_EQ(service.TextDefinition("amo", 0, 0), "");
 }
 
-TEST(ServiceText, OfAnOldDictionaryIsReadAsLatin1) {
-    const TempFolder folder;
-    DictdFixture().entry("caf\xE9", "caf\xE9 bar").writeTo(folder, "old");
-    const DictionaryService service(FolderItem(folder.path()));
-    EXPECT_EQ(service.TextDefinition("CAFÉ", 0, 4), "old\n\ncafé bar");
-}
-
-TEST(ServiceText, KeepsTheLinesAndBlanksOfTheDictionary) {
+TEST(ServiceText, IsThatOfTheDictionary) {
     const std::string verse = "   A line that is as long as the longest line of the whole entry, so\n"
                               "   that its next word begins another\n\n\n"
                               "      O    o\t|\n"
                               "  |\\__/";
     const TempFolder folder;
-    DictdFixture().entry("amo", "\r\n\n" + verse + " \n\n").entry("amor", "a\r\nb\r\n").writeTo(folder, "d");
+    DictdFixture()
+        .entry("amo", "\r\n\n" + verse + " \n\n")
+        .entry("amor", "a\r\nb\r\n")
+        .entry("caf\xE9", "caf\xE9 bar")
+        .writeTo(folder, "d");
     const DictionaryService service(FolderItem(folder.path()));
     EXPECT_EQ(service.TextDefinition("amo", 0, 3), "d\n\n" + verse);
     EXPECT_EQ(service.TextDefinition("amor", 0, 4), "d\n\na\r\nb");
+    EXPECT_EQ(service.TextDefinition("CAFÉ", 0, 4), "d\n\ncafé bar") << "an old one is in ISO 8859-1";
 }
 
 void cut(const TempFolder& folder, const char* file, std::size_t length) {
@@ -128,9 +125,7 @@ const struct {
     void (*damage)(const TempFolder&);
 } kDamages[] = {
     {"NoText", [](const TempFolder& f) { std::filesystem::remove(f.path() / "bad.dict.dz"); }},
-    {"EmptyText", [](const TempFolder& f) { f.write("bad.dict.dz", ""); }},
     {"CutInTheHeader", [](const TempFolder& f) { cut(f, "bad.dict.dz", 15); }},
-    {"CutInTheTable", [](const TempFolder& f) { cut(f, "bad.dict.dz", 30); }},
     {"CutInTheChunks", [](const TempFolder& f) { cut(f, "bad.dict.dz", 100); }},
     {"GzipWithoutATable", [](const TempFolder& f) { f.write("bad.dict.dz", "\x1F\x8B\x08\0\0\0\0\0\0\3xyz"s); }},
     {"ChunksOfNoLength",
@@ -148,10 +143,7 @@ const struct {
     {"PlaceBehindTheText", [](const TempFolder& f) { f.write("bad.index", "amo\t////////\tB\n"); }},
     {"HugeEntry", [](const TempFolder& f) { f.write("bad.index", "amo\tA\t////////\n"); }},
     {"NumbersThatAreNone", [](const TempFolder& f) { f.write("bad.index", "amo\t*\t-1\n"); }},
-    {"NumbersMissing", [](const TempFolder& f) { f.write("bad.index", "amo\n"); }},
-    {"EmptyIndex", [](const TempFolder& f) { f.write("bad.index", ""); }},
     {"IndexOfOneEndlessLine", [](const TempFolder& f) { f.write("bad.index", std::string(3'000'000, 'a')); }},
-    {"IndexOfNuls", [](const TempFolder& f) { f.write("bad.index", std::string(100'000, '\0')); }},
     {"FifoForTheIndex",
      [](const TempFolder& f) {
          std::filesystem::remove(f.path() / "bad.index");
@@ -182,37 +174,28 @@ TEST(IndexOrder, BisectionFindsWhatALinearSearchFinds) {
         std::mt19937 random(17);
         std::vector<std::string> words{flag};
         for (int i = 0; i < 1500; ++i) {
-            std::string word;
+            words.emplace_back();
             for (unsigned length = 1 + random() % 4; length > 0; --length)
-                word += std::vector<std::string>{"a", "B", "b", "-", "c", "é", "7", " z"}[random() % 8];
-            words.push_back(word);
+                words.back() += std::vector<std::string>{"a", "B", "b", "-", "c", "é", "7", " z"}[random() % 8];
         }
-        // An index of the flag alone gives the keys to sort by.
-        const auto flagOnly = DictdIndex::open(FolderItem(folder.write("f.index", flag + "\tA\tA\n")));
-        std::stable_sort(words.begin(), words.end(), [&](const std::string& a, const std::string& b) {
-            return flagOnly->key(a) < flagOnly->key(b);
-        });
+        // An index with only the flag gives the keys to sort by.
+        const auto order = DictdIndex::open(FolderItem(folder.write("f.index", flag + "\tA\tA\n")));
+        std::stable_sort(words.begin(), words.end(),
+                         [&](const std::string& a, const std::string& b) { return order->key(a) < order->key(b); });
         DictdFixture made;
         for (const std::string& word : words)
             made.entry(word, "text of " + word);
         const auto index = DictdIndex::open(FolderItem(folder.write("i.index", made.index())));
         EXPECT_EQ(index->utf8(), flag.find("utf8") != std::string::npos);
         for (int round = 0; round < 200; ++round) {
-            const std::string& asked = words[random() % words.size()];
-            if (index->key(asked).starts_with(' '))
-                continue; // the caller has trimmed the question
-            const auto trimmed = [](std::string text) { return text.substr(0, text.find_last_not_of(' ') + 1); };
-            std::vector<std::string> expected;
+            const std::string key = index->key(words[random() % words.size()]);
+            if (key.empty() || key.starts_with(' '))
+                continue; // callers trim the word
+            std::set<std::string> found;
+            for (const DictdPlace& place : index->find(key))
+                found.insert(made.text().substr(place.offset, place.size));
             for (const std::string& word : words)
-                if (word != flag && !index->key(asked).empty() && trimmed(index->key(word)) == index->key(asked))
-                    expected.push_back("text of " + word);
-            std::vector<std::string> found;
-            for (const DictdPlace& place : index->find(asked))
-                found.push_back(made.text().substr(place.offset, place.size));
-            for (const std::string& text : expected) {
-                EXPECT_NE(std::find(found.begin(), found.end(), text), found.end())
-                    << "\"" << asked << "\" should find \"" << text << "\"";
-            }
+                EXPECT_TRUE(word == flag || index->key(word) != key || found.contains("text of " + word)) << word;
         }
     }
 }

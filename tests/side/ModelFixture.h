@@ -94,11 +94,12 @@ class ModelFixture : public SideFixture {
         model->open();
         return *model;
     }
-    /// A model whose Return key looks words up in these sources; each is ticked, but not tried.
-    SideModel& openForLookUp(std::vector<bool> sourcesOn = {true, false, false}) {
+    /// A model whose Return key looks words up in these sources, by their first letters.
+    SideModel& openForLookUp(std::string_view sources = "S") {
         SubwindowSettings settings;
         settings.target = FindTarget::DicApp;
-        settings.sourcesOn = std::move(sourcesOn);
+        for (const Source source : {Service, Latin, User})
+            settings.sourcesOn[source] = sources.find("SLU"[source]) != std::string_view::npos;
         settings.userDicRow = 0;
         groupFolder.write("Subwindow", subwindowText(settings));
         return open();

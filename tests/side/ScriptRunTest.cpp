@@ -19,18 +19,23 @@ TEST(ScriptRun, EndsAsTheShellDoes) {
         End end;
         int exitStatus;
         std::string output;
-    } cases[] = {{"Success", "printf 'a\\nb'", End::Exited, 0, "a\nb"},
-                 {"AnyBytes", "printf 'a\\000\\377\\r\\n'", End::Exited, 0, std::string("a\0\xFF\r\n", 5)},
+        std::size_t mostOutput = kMostScriptOutput;
+    } cases[] = {{"AnyBytes", "printf 'a\\000\\377\\r\\n'", End::Exited, 0, std::string("a\0\xFF\r\n", 5)},
                  {"Failure", "echo lost; exit 3", End::Exited, 3, "lost\n"},
                  {"NoSuchProgram", "/no/such/program", End::Exited, 127, ""},
                  {"NothingToRead", "cat; echo end", End::Exited, 0, "end\n"},
                  {"ErrorOutputIsLeftOut", "echo x >&2; echo y", End::Exited, 0, "y\n"},
-                 {"ClosesItsOutputAndGoesOn", "echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
-                 {"EndsBySignal", "kill -TERM $$", End::Killed, -1, ""}};
+                 {"ClosesItsOutputAndContinues", "echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
+                 {"EndsBySignal", "kill -TERM $$", End::Killed, -1, ""},
+                 {"Endless", "yes", End::TooMuch, -1, ""},
+                 {"AtTheLimit", "printf 12345", End::Exited, 0, "12345", 5},
+                 {"BeyondTheLimit", "printf 123456", End::TooMuch, -1, "", 5}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
         const test::TempFolder folder;
-        const ScriptResult result = runScript(folder.write("s.sh", each.script), [] { return true; });
+        const auto script = folder.write("s.sh", each.script);
+        const ScriptResult result = runScript(
+            script, [] { return true; }, each.mostOutput);
         EXPECT_EQ(result.end, each.end);
         EXPECT_EQ(result.exitStatus, each.exitStatus);
         EXPECT_EQ(result.output, each.output);
@@ -38,29 +43,13 @@ TEST(ScriptRun, EndsAsTheShellDoes) {
     }
 }
 
-TEST(ScriptRunOutput, WithoutEndIsCutOffAndIsAFailure) {
-    const test::TempFolder folder;
-    const auto script = folder.write("s.sh", "yes");
-    const ScriptResult result = runScript(script, [] { return true; });
-    EXPECT_EQ(result.end, End::TooMuch);
-    EXPECT_EQ(result.output, "");
-    EXPECT_EQ(runScript(
-                  folder.write("s.sh", "printf 12345"), [] { return true; }, 5)
-                  .output,
-              "12345");
-    EXPECT_EQ(runScript(
-                  folder.write("s.sh", "printf 123456"), [] { return true; }, 5)
-                  .end,
-              End::TooMuch);
-}
-
 bool runs(const std::string& pid) {
     std::ifstream stat("/proc/" + pid + "/stat");
     std::stringstream text;
     text << stat.rdbuf();
     const std::string fields = text.str();
-    const std::size_t behindName = fields.rfind(')');
-    return behindName != std::string::npos && fields[behindName + 2] != 'Z' && fields[behindName + 2] != 'X';
+    const std::size_t afterName = fields.rfind(')');
+    return afterName != std::string::npos && fields[afterName + 2] != 'Z' && fields[afterName + 2] != 'X';
 }
 
 /// Waits until a process is gone: it has been killed, and only the kernel's own work is left.
@@ -79,28 +68,17 @@ std::string firstLine(const std::filesystem::path& path) {
     return line;
 }
 
-TEST(ScriptRunStop, EndsTheWholeGroup) {
-    const test::TempFolder folder;
-    const auto pids = folder.path() / "pid";
-    const auto script = folder.write("s.sh", "sleep 1000 & echo $! > '" + pids.string() + "'; trap '' TERM; wait");
-    int asked = 0;
-    const ScriptResult result = runScript(script, [&] {
-        ++asked;
-        return firstLine(pids).empty();
-    });
-    EXPECT_EQ(result.end, End::Stopped);
-    EXPECT_GT(asked, 0);
-    EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
-}
-
-TEST(ScriptRunStop, BackgroundProcessesAreEndedWithoutWaiting) {
-    const test::TempFolder folder;
-    const auto pids = folder.path() / "pid";
-    const auto script = folder.write("s.sh", "sleep 1000 & echo $! > '" + pids.string() + "'; echo done");
-    const ScriptResult result = runScript(script, [] { return true; });
-    EXPECT_TRUE(result.ok());
-    EXPECT_EQ(result.output, "done\n");
-    EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
+TEST(ScriptRunEnd, KillsWhatItHasStarted) {
+    for (const bool stopped : {false, true}) {
+        const test::TempFolder folder;
+        const auto pids = folder.path() / "pid";
+        const auto script = folder.write("s.sh", "sleep 1000 & echo $! > '" + pids.string() + "'" +
+                                                     (stopped ? "; trap '' TERM; wait" : "; echo done"));
+        const ScriptResult result = runScript(script, [&] { return !stopped || firstLine(pids).empty(); });
+        EXPECT_EQ(result.end, stopped ? End::Stopped : End::Exited);
+        EXPECT_EQ(result.output, stopped ? "" : "done\n");
+        EXPECT_TRUE(comesToAnEnd(firstLine(pids)));
+    }
 }
 
 } // namespace

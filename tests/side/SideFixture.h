@@ -37,7 +37,7 @@ class RecordedMainWindow : public MainWindowPort {
     void setProgressValue(int value) override { log.push_back("value " + std::to_string(value)); }
     void showProgressFull() override { log.emplace_back("full"); }
     void hideProgress() override { log.emplace_back("no bar"); }
-    void noteWritten(const std::string& path, const WriteResult& result) override {
+    void noteWritten(const std::string& path, const Result& result) override {
         if (!result)
             notWritten.push_back(path);
     }

@@ -7,11 +7,14 @@
 #include <QMouseEvent>
 #include <QScreen>
 
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 namespace velmarin {
 namespace {
 
+namespace fs = std::filesystem;
 using test::WindowFixture;
 using SideHangsAsWindow = test::WindowTest;
 using SideHangsAsPanel = test::WindowTest;
@@ -33,11 +36,9 @@ TEST(SideHangs, At) {
     }
 }
 
-TEST(SideHangsAs, APanelWhereNoProgramPlacesItsWindows) {
-    EXPECT_EQ(hangingFor("wayland"), Hanging::Panel);
-    EXPECT_EQ(hangingFor("wayland-egl"), Hanging::Panel);
-    EXPECT_EQ(hangingFor("xcb"), Hanging::Window);
-    EXPECT_EQ(hangingFor("offscreen"), Hanging::Window);
+TEST(SideHangsAs, APanelIfProgramsCannotPlaceTheirWindows) {
+    for (const char* platform : {"wayland", "wayland-egl", "xcb", "offscreen"})
+        EXPECT_EQ(hangingFor(platform) == Hanging::Panel, QString(platform).contains("wayland")) << platform;
 }
 
 TEST_F(SideHangsAsWindow, FollowsTheMainWindow) {
@@ -97,9 +98,11 @@ TEST_F(SideHangsAsPanel, IsInsideTheMainWindow) {
     EXPECT_EQ(side().window(), &frame);
     EXPECT_EQ(side().width(), 400);
     EXPECT_EQ(side().mapTo(&frame, QPoint(side().width(), 0)).x(), frame.width());
+    fs::remove(groupFolder.path() / "Subwindow");
+    fs::create_directory(groupFolder.path() / "Subwindow");
     reopen();
+    EXPECT_EQ(main.notWritten.size(), 0U) << "nothing was changed, so nothing is lost";
     EXPECT_EQ(frame.findChildren<QDockWidget*>().size(), 1);
-    EXPECT_EQ(side().width(), 400);
 }
 
 } // namespace

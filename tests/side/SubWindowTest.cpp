@@ -5,7 +5,6 @@
 #include "side/ColorRect.h"
 #include "side/WaitNotice.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QEnterEvent>
 #include <QPushButton>
@@ -22,10 +21,6 @@ namespace fs = std::filesystem;
 using test::WindowFixture;
 using SideWindow = test::WindowTest;
 
-QColor wordColor(const QLineEdit& field) {
-    return field.palette().color(QPalette::Text);
-}
-
 TEST_F(SideWindow, KeepsItsSettingsForTheNextOpening) {
     addUserDictionary("A", "a\n");
     addUserDictionary("B", "b\n");
@@ -35,7 +30,8 @@ TEST_F(SideWindow, KeepsItsSettingsForTheNextOpening) {
     EXPECT_TRUE(popup.isEnabled()) << "only the check box disables it";
     for (const char* name : {"UserDicCB", "LatinCB", "DicAppCB", "SyncronizeCB", "DontClearCB"})
         control<QCheckBox>(name).click();
-    side().model().mMakeUserDicPU();
+    QEnterEvent entered(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+    QApplication::sendEvent(&popup, &entered);
     popup.setListIndex(1);
     side().takeTarget(FindTarget::DicApp);
     control<TextSizeBevelButton>("BVsize").SelectMenuFromFontSize(20);
@@ -56,49 +52,13 @@ TEST_F(SideWindow, KeepsItsSettingsForTheNextOpening) {
     EXPECT_EQ(EF().textLength(), 0);
     control<QCheckBox>("UserDicCB").click();
     EXPECT_FALSE(control<PopupMenu>("UserDicPU").isEnabled());
-    reopen();
-    EXPECT_FALSE(control<PopupMenu>("UserDicPU").isEnabled());
-}
 
-TEST_F(SideWindow, WritesTheMenuRowsThatItShows) {
+    side.shut();
     groupFolder.write("Subwindow", "360\n-5\n999999\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
     open();
-    reopen();
-    EXPECT_EQ(groupFolder.read("Subwindow"),
-              "360\n" + std::to_string(control<TextFontBevelButton>("BVfonts").MenuValue()) + "\n" +
-                  std::to_string(control<TextSizeBevelButton>("BVsize").MenuValue()) +
-                  "\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
-}
-
-TEST_F(SideWindow, SettingsThatCannotBeWrittenAreALossOnlyAfterAChange) {
-    fs::create_directory(groupFolder.path() / "Subwindow");
-    frame.setCentralWidget(new QWidget); // without it a panel takes the whole width
-    for (const Hanging hanging : {Hanging::Panel, Hanging::Window}) {
-        open(hanging);
-        QApplication::processEvents();
-        reopen();
-        side().shut();
-        EXPECT_EQ(main.notWritten, std::vector<std::string>{});
-    }
-    open();
-    control<QCheckBox>("DontClearCB").click();
-    side().shut();
-    EXPECT_EQ(main.notWritten, std::vector<std::string>{(groupFolder.path() / "Subwindow").string()});
-}
-
-TEST_F(SideWindow, FindsInItsText) {
-    open();
-    EF().setWholeText("one\ntwo ONE\n\nthree");
-    ask("one");
-    QTest::keyClick(&FindEF(), Qt::Key_Return);
-    EXPECT_EQ(EF().SelStart(), 8);
-    EXPECT_EQ(EF().SelLength(), 3);
-    EXPECT_EQ(FindEF().selectedText(), "one");
-    EXPECT_EQ(wordColor(FindEF()), QColor(Qt::black));
-    for (const char* missed : {"onetwo", "e\nt", ""}) {
-        ask(missed);
-        EXPECT_EQ(wordColor(FindEF()), QColor(0x66, 0x66, 0x66)) << missed;
-    }
+    EXPECT_FALSE(control<PopupMenu>("UserDicPU").isEnabled());
+    EXPECT_EQ(this->side().model().settings().fontRow, control<TextFontBevelButton>("BVfonts").MenuValue());
+    EXPECT_EQ(this->side().model().settings().sizeRow, control<TextSizeBevelButton>("BVsize").MenuValue());
 }
 
 TEST_F(SideWindow, LooksUpAndSynchronizes) {
@@ -114,43 +74,39 @@ TEST_F(SideWindow, LooksUpAndSynchronizes) {
     EXPECT_EQ(std::count(main.log.begin(), main.log.end(), "search amor"), 1);
 }
 
-TEST_F(SideWindow, EnablesItsButtonsWhileThereIsAWord) {
-    open();
-    const FindBar& bar = side().findBar();
-    const auto bothEnabled = [&] {
-        EXPECT_EQ(bar.FindBV()->isEnabled(), bar.FindClBV()->isEnabled());
-        return bar.FindBV()->isEnabled();
-    };
-    EXPECT_FALSE(bothEnabled());
-    ask("aba");
-    EXPECT_TRUE(bothEnabled());
-    QTest::mouseClick(bar.FindClBV(), Qt::LeftButton);
-    EXPECT_EQ(FindEF().text(), "");
-    EXPECT_EQ(side().model().pFindStartPosition(), 0);
-    EXPECT_EQ(wordColor(FindEF()), QColor(Qt::black));
-    EXPECT_FALSE(bothEnabled());
-    FindEF().undo();
-    EXPECT_EQ(FindEF().text(), "aba");
-}
-
-TEST_F(SideWindow, PaintsHitsInTheColorOfTheWell) {
+TEST_F(SideWindow, FindsAndPaintsInTheColorOfTheWell) {
     open();
     EF().setWholeText("ab");
+    const FindBar& bar = side().findBar();
     const auto paint = [&](int at) {
         QTextCursor cursor(EF().document());
         cursor.setPosition(at + 1);
         return cursor.charFormat().foreground().color();
     };
-    ColorRect& well = *side().findBar().FindColorRect();
-    QTest::mouseClick(&well, Qt::LeftButton);
-    ask("ab");
+    const auto expectWord = [&](const QString& word, const QColor& color) {
+        EXPECT_EQ(FindEF().text(), word);
+        EXPECT_EQ(FindEF().palette().color(QPalette::Text), color);
+        EXPECT_EQ(bar.FindBV()->isEnabled(), !word.isEmpty());
+        EXPECT_EQ(bar.FindClBV()->isEnabled(), !word.isEmpty());
+    };
+    expectWord("", Qt::black);
+    QTest::mouseClick(bar.FindColorRect(), Qt::LeftButton);
+    ask("AB");
+    expectWord("AB", Qt::black);
+    EXPECT_EQ(FindEF().selectedText(), "AB");
     EXPECT_EQ(paint(1), QColor(0xFF, 0, 0)) << "a cancelled dialog leaves the color";
-    nextColor = Qt::blue;
-    QTest::keyClick(&well, Qt::Key_Space);
-    EXPECT_EQ(well.grab().toImage().pixelColor(8, 8), QColor(Qt::blue));
+    nextColor = QColor(1, 2, 3);
+    QTest::keyClick(bar.FindColorRect(), Qt::Key_Space);
+    EXPECT_EQ(bar.FindColorRect()->grab().toImage().pixelColor(8, 8), nextColor);
     ask("b");
     EXPECT_EQ(paint(0), QColor(0xFF, 0, 0));
-    EXPECT_EQ(paint(1), QColor(Qt::blue));
+    EXPECT_EQ(paint(1), nextColor);
+    ask("x");
+    expectWord("x", QColor(0x66, 0x66, 0x66));
+    QTest::mouseClick(bar.FindClBV(), Qt::LeftButton);
+    expectWord("", Qt::black);
+    FindEF().undo();
+    expectWord("x", Qt::black);
 }
 
 TEST_F(SideWindow, ShowsWhatItWaitsForUntilItIsStopped) {
@@ -181,26 +137,6 @@ TEST_F(SideWindow, ShutWhileItLooksUpIsDestroyedAtTheEndOfThat) {
     ask("amor");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(watched.isNull());
-}
-
-TEST_F(SideWindow, PopUpPressedWhileItFillsOpensWithAllItsRows) {
-    for (const char* name : {"A", "B", "C"})
-        addUserDictionary(name, "");
-    open();
-    auto& popup = control<PopupMenu>("UserDicPU");
-    control<QCheckBox>("UserDicCB").click();
-    bool openInBetween = false;
-    host.onYield = [&] {
-        if (popup.rowCount() == 1)
-            QTest::mousePress(&popup, Qt::LeftButton);
-        openInBetween = openInBetween || popup.view()->isVisible();
-    };
-    QEnterEvent entered(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-    QApplication::sendEvent(&popup, &entered);
-    EXPECT_FALSE(openInBetween);
-    EXPECT_TRUE(popup.view()->isVisible());
-    EXPECT_EQ(popup.rowCount(), 3);
-    popup.hidePopup();
 }
 
 TEST_F(SideWindow, TakesATargetWithTheFocus) {
@@ -257,6 +193,9 @@ TEST(SideActivation, LeavesTheFocusToTheSearchFieldUnlessAFieldIsClicked) {
         side.takeTarget(FindTarget::Find);
         QApplication::setActiveWindow(&side);
         EXPECT_FALSE(goBack.isActive()) << "the window has activated itself";
+        QApplication::setActiveWindow(&fixture.frame);
+        QApplication::setActiveWindow(&side);
+        EXPECT_TRUE(goBack.isActive());
     }
 }
 

@@ -33,19 +33,11 @@ TEST(MakingAUserDictionary, TellsAndAsks) {
     } cases[] = {{"NoData", nullptr, false, {kAskForData}, false},
                  {"NoFolder", "a\tb\n", false, {kAskForData, kAskForFolder}, false},
                  {"Made", "a\tb\n", true, {kAskForData, kAskForFolder, kMade}, true},
-                 {"OneLineNotUtf8",
-                  "\xE9\tb\n",
-                  true,
-                  {kAskForData, kAskForFolder,
-                   "1 line of the data is not in UTF-8. It was taken over byte for byte, but some of its letters "
-                   "cannot be shown.",
-                   kMade},
-                  true},
                  {"LinesNotUtf8",
                   "\xE9\tb\nc\xE9\n",
                   true,
                   {kAskForData, kAskForFolder,
-                   "2 lines of the data are not in UTF-8. They were taken over byte for byte, but some of their "
+                   "2 lines of the data are not in UTF-8. They were copied byte for byte, but some of their "
                    "letters cannot be shown.",
                    kMade},
                   true}};
@@ -67,7 +59,8 @@ TEST(MakingAUserDictionary, TellsAndAsks) {
 
 TEST_F(UserDictionaryDialog, WaitsForWhatRunsAndShowsItsProgressInTheMainWindow) {
     host.files.push_back(work.write("data.txt", "b\na\n"));
-    host.folders.push_back(work.path());
+    work.write("Mine/Text.txt", "precious");
+    host.folders.push_back(work.path() / "Mine");
     bool busyThroughout = true;
     host.onYield = [&] { busyThroughout = busyThroughout && busy.busy(); };
     {
@@ -84,6 +77,8 @@ TEST_F(UserDictionaryDialog, WaitsForWhatRunsAndShowsItsProgressInTheMainWindow)
     EXPECT_EQ(main.log.back(), "full");
     EXPECT_TRUE(busyThroughout);
     EXPECT_GT(host.yields, 5);
+    EXPECT_EQ(work.read("Mine/Text.txt"), "b\na\n");
+    EXPECT_EQ(desktop.read("Mine-Oldversion-0/Text.txt"), "precious");
     EXPECT_FALSE(busy.busy());
 }
 
@@ -105,15 +100,6 @@ TEST_F(UserDictionaryDialog, MakesANewFolderAmongTheOthersAndRemovesItAfterAFail
     EXPECT_EQ(*(main.log.end() - 2), "text ");
     EXPECT_EQ(main.log.back(), "no bar");
     EXPECT_TRUE(host.launched.empty());
-}
-
-TEST_F(UserDictionaryDialog, KeepsAnEarlierOneOnTheDesktop) {
-    work.write("Mine/Text.txt", "precious");
-    host.files.push_back(work.write("data.txt", "a\tb\n"));
-    host.folders.push_back(work.path() / "Mine");
-    run();
-    EXPECT_EQ(work.read("Mine/Text.txt"), "a\tb\n");
-    EXPECT_EQ(desktop.read("Mine-Oldversion-0/Text.txt"), "precious");
 }
 
 } // namespace

@@ -3,9 +3,6 @@
 
 #include "support/CollectedMessages.h"
 #include "support/TempFolder.h"
-#include "text/LetterCase.h"
-
-#include <random>
 
 #include <gtest/gtest.h>
 
@@ -16,11 +13,8 @@ using Lines = std::vector<std::string>;
 
 TEST(UserSearchWord, IsCutAtTheMarkerAndFolded) {
     DictionaryModule module;
-    EXPECT_EQ(module.m__SubMakeSearchWord(""), "");
-    EXPECT_EQ(module.m__SubMakeSearchWord("amo__NUM__2"), "AMO");
     EXPECT_EQ(module.m__SubMakeSearchWord("a__NUM__1b__NUM__2"), "A");
-    EXPECT_EQ(module.m__SubMakeSearchWord("Ｊｕｓ　Élan"), "JUS ELAN");
-    EXPECT_EQ(module.m__SubSpanish("chillar", 0), "chillar");
+    EXPECT_EQ(module.m__SubMakeSearchWord("Ｊｕｓ　Élan ch"), "JUS ELAN CH");
     module.pIJUV = true;
     EXPECT_EQ(module.m__SubMakeSearchWord("Julius v"), "IULIUS U");
     module.pIJUV = false;
@@ -56,51 +50,40 @@ TEST(UserMatch, MatchesIn) {
     }
 }
 
-struct Dictionary {
-    test::TempFolder folder;
-    FolderItem item() const { return FolderItem(folder.path()); }
-
-    Dictionary(const std::string& index, const std::string& text) {
-        folder.write("Index.txt", index);
-        folder.write("Text.txt", text);
-    }
-};
-
 TEST(UserSearch, FindsTheLines) {
     const struct {
         const char* name;
         const char* index;
         const char* word;
         Lines found;
-    } cases[] = {{"NegativeNumber", "AMO\t-1\n", "amo", {}},
+    } cases[] = {{"OrderOfTheTextEachOnce", "AMO\t2\nB\t1\nAMO\t0\nAMO\t2\n", "amo", {"zero\tm", "two\tm"}},
+                 {"BeyondTheEnd", "AMO\t9\nAMO\t3\n", "amo", {"three"}},
+                 {"NegativeNumber", "AMO\t-1\n", "amo", {}},
                  {"NoSecondField", "AMO\n", "amo", {"zero\tm"}},
                  {"QueryIsCutAtTheMarker", "AMO\t1\n", "amo__NUM__7", {"one\tm"}},
                  {"EmptyWord", "\t1\nAMO\t2\n", "", {"one\tm"}},
                  {"CarriageReturns", "B\t1\rAMO\t2\rC\t0\r", "amo", {"two\tm"}}};
     for (const auto& each : cases) {
         SCOPED_TRACE(each.name);
-        const Dictionary dictionary(each.index, "zero\tm\r\none\tm\rtwo\tm\nthree");
+        const test::TempFolder folder;
+        folder.write("Index.txt", each.index);
+        folder.write("Text.txt", "zero\tm\r\none\tm\rtwo\tm\nthree");
         DictionaryModule module;
         module.pResult = {"of the last search"};
-        EXPECT_EQ(module.mSearch(dictionary.item(), each.word, 2, false), !each.found.empty());
+        EXPECT_EQ(module.mSearch(FolderItem(folder.path()), each.word, 2, false), !each.found.empty());
         EXPECT_EQ(module.pResult, each.found);
     }
 }
 
-TEST(UserSearchMode, OfTheIndexAloneGivesTheNumbersAsTheyStand) {
-    const Dictionary dictionary("AMO\t07\nAMOR\t1\nB\t2\nAMO\n", "");
-    DictionaryModule module;
-    EXPECT_TRUE(module.mSearch(dictionary.item(), "amo", 0, true));
-    EXPECT_EQ(module.pResult, (Lines{"07", "1", ""}));
-    EXPECT_FALSE(module.mSearch(dictionary.item(), "amo", 5, true));
-}
-
-TEST(UserSearchFailure, WithoutATextIsReported) {
+TEST(UserSearch, OfTheIndexAloneGivesTheNumbersAsItWritesThem) {
     const test::TempFolder folder;
-    folder.write("Index.txt", "AMO\t0\n");
+    folder.write("Index.txt", "AMO\t07\nAMOR\t1\nB\t2\nAMO\n");
     test::CollectedMessages messages;
     DictionaryModule module;
-    EXPECT_FALSE(module.mSearch(FolderItem(folder.path()), "amo", 2, false));
+    EXPECT_TRUE(module.mSearch(FolderItem(folder.path()), "amo", 0, true));
+    EXPECT_EQ(module.pResult, (Lines{"07", "1", ""}));
+    EXPECT_FALSE(module.mSearch(FolderItem(folder.path()), "amo", 5, true));
+    EXPECT_FALSE(module.mSearch(FolderItem(folder.path()), "amo", 2, false)) << "there is no Text.txt";
     EXPECT_EQ(messages.texts, (Lines{"DictionaryModule, m__SubGetText: something wrong"}));
 }
 
@@ -118,40 +101,6 @@ TEST(UserSearchResult, InAPopUpAddsRowsWithTags) {
     test::CollectedMessages messages;
     mDisplayResult(module, "Mine", true, {}, nullptr, [] {});
     EXPECT_EQ(messages.texts, (Lines{"DictionaryModule, mDisplayResult: Somthing wrong."}));
-}
-
-TEST(UserSearch, AgreesWithThePlainLoop) {
-    std::mt19937 random(11);
-    const auto word = [&] {
-        std::string made;
-        for (unsigned i = random() % 3; i > 0; --i)
-            made += "aBé"[random() % 2];
-        return made;
-    };
-    for (int round = 0; round < 200; ++round) {
-        std::string index, text;
-        Lines words, lines;
-        std::vector<std::size_t> numbers;
-        for (unsigned count = random() % 30; count > 0; --count) {
-            lines.push_back("line " + std::to_string(lines.size()));
-            text += lines.back() + "\n";
-            words.push_back(word());
-            numbers.push_back(random() % 30);
-            index += words.back() + "\t" + std::to_string(numbers.back()) + "\n";
-        }
-        const std::string asked = word();
-        const int mode = static_cast<int>(random() % 4);
-        Lines expected;
-        for (std::size_t number = 0; number < lines.size(); ++number)
-            for (std::size_t i = 0; i < words.size(); ++i)
-                if (numbers[i] == number && DictionaryModule::m__SubMatch(words[i], Uppercase(asked), mode)) {
-                    expected.push_back(lines[number]);
-                    break;
-                }
-        DictionaryModule module;
-        module.mSearch(Dictionary(index, text).item(), asked, mode, false);
-        EXPECT_EQ(module.pResult, expected);
-    }
 }
 
 } // namespace

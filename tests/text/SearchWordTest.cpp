@@ -136,12 +136,6 @@ TEST(SearchWordOfAQuery, AppliesTheModeLast) {
     }
 }
 
-TEST(SearchWords, OfLineAndQueryAreEqualInEveryMode) {
-    for (const IndexOrder& mode : {order(false, false), order(true, false), order(false, true), order(true, true)})
-        for (const char* text : {"mucho", "LLAMA", "Achilles", "Julius", "vivo", "Straße", "セカイ", "chchll"})
-            EXPECT_TRUE(equalStrings(indexSearchWord(text, mode), querySearchWord(text, mode))) << text;
-}
-
 TEST(NumberFormat, RewritesAQueryFieldByField) {
     const struct {
         const char* reason;

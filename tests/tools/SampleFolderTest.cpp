@@ -8,7 +8,6 @@
 #include <leptonica/allheaders.h>
 
 #include "make_samples/Parsers.h"
-#include "make_samples/Sheet.h"
 #include "make_samples/Text.h"
 #include "support/TempFolder.h"
 
@@ -57,7 +56,7 @@ Sample tinySample(const std::string& name, PageKind kind) {
                 Book book;
                 book.title = {"Tiny", {"a book"}, {"made for a test"}};
                 book.design = tinyDesign(kind);
-                book.articles = articlesOf(SourceText(folder, "tiny"), parseFreedictArticle, 1000);
+                book.articles = articlesOf(sourceArticles(folder, "tiny"), parseFreedictArticle, 1000);
                 book.articles.front().supplement = book.articles.front().paragraphs;
                 return book;
             }};
@@ -68,8 +67,7 @@ class SampleFolder : public ::testing::Test {
     SampleFolder() { writeTinySource(sources_); }
 
     bool make(const std::vector<Sample>& samples) {
-        return makeSampleFolder(target(), sources_.path(), samples, 2,
-                                [this](const std::string& line) { said_.push_back(line); });
+        return makeSampleFolder(target(), sources_.path(), samples, 2, [](const std::string&) {});
     }
     fs::path target() const { return place_.path() / "Samples"; }
     std::size_t itemsBeside() const {
@@ -78,7 +76,6 @@ class SampleFolder : public ::testing::Test {
 
     TempFolder sources_;
     TempFolder place_;
-    std::vector<std::string> said_;
 };
 
 /// The name between two marks; empty where there is none.
@@ -131,7 +128,7 @@ TEST_F(SampleFolder, DictionaryIsSortedParallelAndComplete) {
 
 TEST_F(SampleFolder, EachKindOfPageCanBeDecoded) {
     const std::vector<std::pair<PageKind, int>> kinds{
-        {PageKind::BilevelTiff, 1}, {PageKind::ColourPng, 32}, {PageKind::ColourJpeg, 32}};
+        {PageKind::BilevelTiff, 1}, {PageKind::ColorPng, 32}, {PageKind::ColorJpeg, 32}};
     std::vector<Sample> samples;
     for (std::size_t i = 0; i < kinds.size(); ++i)
         samples.push_back(tinySample("Kind " + std::to_string(i), kinds[i].first));
@@ -149,42 +146,7 @@ TEST_F(SampleFolder, EachKindOfPageCanBeDecoded) {
 TEST_F(SampleFolder, WholeFolderIsLeftAlone) {
     fs::create_directories(target() / "Mine");
     EXPECT_FALSE(make({tinySample("Tiny", PageKind::BilevelTiff)}));
-    EXPECT_TRUE(said_.empty());
     EXPECT_FALSE(fs::exists(target() / "Group"));
-}
-
-/// A dictionary in `folder` as samples were made when all called their pages alike.
-void writeOldSample(const TempFolder& place, const fs::path& folder) {
-    for (const char* page : {"p0000.tif", "p0001.tif"})
-        place.write(folder / "mImg" / page, "");
-    place.write(folder / "mPimg" / "s1-0001.tif", "");
-    place.write(folder / "mImg" / "ImageIndex", "1\np0000.tif\np0001.tif\n");
-    place.write(folder / "FW", "");
-    place.write(folder / "ind", "bab\nbeb__DLM__n.\nbib\n");
-    place.write(folder / "txt", "<@_p0001.tif_>\nbeb <@_p0001.tif_>\n<@_p0001.tif_>\n");
-}
-
-TEST_F(SampleFolder, OnlyUnchangedSamplesOfAnEarlierRunAreMadeAgain) {
-    const fs::path group = fs::path("Samples") / "Group";
-    for (const char* name : {"Old", "Changed", "Larger", "Mine"})
-        writeOldSample(place_, group / name);
-    place_.write(group / "Changed" / "txt", "<@_p0001.tif_>\n<@_p0001.tif_>\n<@_p0001.tif_>\n");
-    place_.write(group / "Larger" / "mImg" / "plate.jpg", "");
-    place_.write(group / "DictionaryPreferences.txt", "Mine first\t1\t\n");
-    fs::create_directory_symlink(target() / "Group" / "Old", target() / "Group" / "Linked");
-    std::vector<Sample> samples;
-    for (const char* name : {"Old", "Changed", "Larger", "Linked", "Deleted"})
-        samples.push_back(tinySample(name, PageKind::BilevelTiff));
-    EXPECT_TRUE(make(samples));
-    EXPECT_EQ(said_.size(), 1U);
-    EXPECT_TRUE(fs::exists(target() / "Group" / "Old" / "mImg" / "old-0001.tif"));
-    EXPECT_FALSE(fs::exists(target() / "Group" / "Old" / "mImg" / "p0001.tif"));
-    for (const char* name : {"Changed", "Larger", "Mine"})
-        EXPECT_TRUE(fs::exists(target() / "Group" / name / "mImg" / "p0001.tif")) << name;
-    EXPECT_FALSE(fs::exists(target() / "Group" / "Deleted")) << "by the reader";
-    EXPECT_EQ(place_.read(group / "DictionaryPreferences.txt"), "Mine first\t1\t\n");
-    EXPECT_EQ(itemsBeside(), 1U) << "nothing of the old ones is left";
-    EXPECT_FALSE(make(samples)) << "a second time";
 }
 
 TEST_F(SampleFolder, InterruptedRunLeavesNoFolderAndIsCleared) {
@@ -195,18 +157,6 @@ TEST_F(SampleFolder, InterruptedRunLeavesNoFolderAndIsCleared) {
     EXPECT_TRUE(make({tinySample("Other", PageKind::BilevelTiff)}));
     EXPECT_EQ(itemsBeside(), 1U) << "the folder alone";
     EXPECT_FALSE(fs::exists(target() / "Group" / "Tiny")) << "nothing of the first run is taken over";
-}
-
-TEST_F(SampleFolder, MissingDataNamesThePackage) {
-    Sample missing = tinySample("Tiny", PageKind::BilevelTiff);
-    missing.source = "freedict-nil-eng";
-    try {
-        make({missing});
-        FAIL();
-    } catch (const std::runtime_error& failure) {
-        EXPECT_NE(std::string(failure.what()).find("dict-freedict-nil-eng"), std::string::npos);
-    }
-    EXPECT_EQ(itemsBeside(), 0U);
 }
 
 } // namespace

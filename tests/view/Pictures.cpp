@@ -23,6 +23,21 @@ Picture noise(int width, int height, int depth, unsigned seed) {
     return Picture::adopt(pix);
 }
 
+std::string asText(const Picture& picture) {
+    const auto letter = [](Color c) {
+        if (c.red == c.green && c.green == c.blue)
+            return "0123456789abcdef"[c.red >> 4];
+        return c == RGB(255, 0, 0) ? 'R' : c == RGB(0, 255, 0) ? 'G' : c == RGB(0, 0, 255) ? 'B' : '?';
+    };
+    std::string text;
+    for (int y = 0; y < picture.Height(); ++y) {
+        text += y > 0 ? "/" : "";
+        for (int x = 0; x < picture.Width(); ++x)
+            text += letter(picture.pixel(x, y));
+    }
+    return text;
+}
+
 bool samePixels(const Picture& a, const Picture& b) {
     if (a.Width() != b.Width() || a.Height() != b.Height())
         return false;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 
 namespace velmarin::test {
 
@@ -13,6 +14,10 @@ Picture drawn(int width, int height, int depth, const std::function<std::uint32_
 
 /// A picture of noise, the same for the same seed.
 Picture noise(int width, int height, int depth, unsigned seed);
+
+/// A picture as text, with rows separated by '/': for a grey pixel its value's first hexadecimal digit, R, G or B for
+/// the pure colors, '?' for any other.
+std::string asText(const Picture& picture);
 
 /// Every pixel is equal.
 bool samePixels(const Picture& a, const Picture& b);

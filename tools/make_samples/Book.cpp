@@ -1,16 +1,16 @@
 #include "make_samples/Book.h"
 
 #include <algorithm>
-#include <array>
 #include <cctype>
-#include <cstdio>
+#include <cstddef>
+#include <fstream>
 #include <iterator>
+#include <map>
+#include <stdexcept>
 
-#include "make_samples/DictionaryWriter.h"
 #include "make_samples/Pagination.h"
 #include "make_samples/Press.h"
-#include "make_samples/Processes.h"
-#include "make_samples/Text.h"
+#include "text/NumberText.h"
 #include "text/Utf8.h"
 
 namespace velmarin {
@@ -19,65 +19,46 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t mostSupplementPages = 3;
+/// Sorts after everything else.
+constexpr const char* kClosingKey = "\U0010FFFD";
 
-constexpr std::size_t fewestPagesForAProcess = 100;
+constexpr std::size_t kMostSupplementPages = 3;
 
 /// The name of a page: "webster-0269.tif" in the folder "Webster 1913". The first part keeps the pages of two
 /// dictionaries apart where only the name of a page is compared.
-std::string pageName(const fs::path& folder, const char* series, std::size_t number, PageKind kind) {
+std::string pageName(const fs::path& folder, const std::string& series, std::size_t number, PageKind kind) {
     std::string name;
-    for (const char c : folder.filename().string()) {
-        if (std::isalpha(static_cast<unsigned char>(c)) == 0 && c != '-')
+    for (const unsigned char c : folder.filename().string()) {
+        if (std::isalpha(c) == 0 && c != '-')
             break;
-        name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        name += static_cast<char>(std::tolower(c));
     }
-    std::array<char, 32> digits{};
-    std::snprintf(digits.data(), digits.size(), "-%s%04zu", series, number);
-    return name + digits.data() + extensionOf(kind);
+    return name + "-" + series + Format(static_cast<double>(number), "0000") + extensionOf(kind);
 }
 
-/// The kana that heads the row of `c`; the voiced and small ones belong to the plain.
+/// The first kana of the row of `c`, which the voiced and small ones share.
 std::string kanaRow(char32_t c) {
     static constexpr std::u32string_view heads = U"あかさたなはまやらわ";
     static constexpr std::u32string_view firsts = U"ぁかさたなはまゃらゎ";
-    std::string row;
-    for (std::size_t i = 0; i < heads.size() && firsts[i] <= c && c <= U'ゖ'; ++i) {
-        row.clear();
-        appendUtf8(row, heads[i]);
-    }
-    return c == U'セ' ? "さ" : row;
+    const auto row = static_cast<std::size_t>(std::ranges::upper_bound(firsts, c) - firsts.begin());
+    std::string head;
+    if (c == U'セ' || (row > 0 && c <= U'ゖ')) // the one katakana of search words
+        appendUtf8(head, c == U'セ' ? U'さ' : heads[row - 1]);
+    return head;
 }
 
-/// The letter under which a search word is listed; empty for what is no letter.
+/// The letter under which a search word is listed; empty if it does not begin with a letter.
 std::string initialOf(const std::string& word) {
     if (word.starts_with("CƩ") || word.starts_with("Lʎ"))
         return word[0] == 'C' ? "Ch" : "Ll";
-    std::size_t at = 0;
-    const char32_t c = word.empty() ? U' ' : nextCodePoint(word, at);
+    const auto [c, length] = word.empty() ? Utf8Unit{U' ', 0} : decodeUtf8(word, 0);
     if (c >= 0x3040 && c <= 0x30FF)
         return kanaRow(c);
-    return c < 'A' || (c > 'Z' && c < 0xC0) ? "" : word.substr(0, at);
+    return c < 'A' || (c > 'Z' && c < 0xC0) ? "" : word.substr(0, length);
 }
 
-void sortArticles(Book& book) {
-    std::vector<std::pair<std::string, std::size_t>> order;
-    for (const Article& article : book.articles)
-        order.emplace_back(indexSearchWord(article.key, book.order), order.size());
-    std::ranges::sort(order);
-    std::vector<Article> sorted;
-    std::vector<std::size_t> newPlace(order.size());
-    for (const auto& [word, i] : order) {
-        newPlace[i] = sorted.size();
-        sorted.push_back(std::move(book.articles[i]));
-    }
-    book.articles = std::move(sorted);
-    for (auto& [key, article] : book.furtherKeys)
-        article = newPlace[article];
-}
-
-/// All lines of the book, letters between the parts of the alphabet.
-std::vector<FlowLine> flowOf(const Book& book, Press& press) {
+/// All lines of the book, with letters between the parts of the alphabet.
+std::vector<FlowLine> flowOf(const Book& book, const Press& press) {
     std::vector<FlowLine> flow;
     std::string last;
     for (std::size_t i = 0; i < book.articles.size(); ++i) {
@@ -93,40 +74,37 @@ std::vector<FlowLine> flowOf(const Book& book, Press& press) {
     return flow;
 }
 
-/// Prints the pages into mImg and notes for each article the one on which it opens.
-std::vector<ListedPage> printPages(const Book& book, Press& press, const fs::path& folder, std::size_t atOnce,
+/// Prints the pages into mImg and notes in `pageOf`, for each article, the page on which it opens.
+std::vector<ListedPage> printPages(const Book& book, const Press& press, const fs::path& folder,
                                    std::vector<std::string>& pageOf) {
     const auto flow = flowOf(book, press);
     const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
-    std::vector<ListedPage> listed;
-    for (std::size_t i = 0; i <= pages.size(); ++i)
-        listed.push_back({pageName(folder, "", i, book.design.kind), i == 0 ? "Title" : std::to_string(i)});
-    const std::size_t parts = std::min(atOnce, pages.size() / fewestPagesForAProcess + 1);
-    inProcesses(parts, parts, [&](std::size_t part) {
-        if (part == 0)
-            press.printTitlePage(folder / "mImg" / listed[0].name, book.title);
-        for (std::size_t i = part; i < pages.size(); i += parts)
-            press.printPage(folder / "mImg" / listed[i + 1].name, pages[i], flow,
-                            {book.articles[pages[i].firstArticle].guide, listed[i + 1].caption,
-                             book.articles[pages[i].lastArticle].guide});
-    });
-    for (std::size_t i = 0; i < pages.size(); ++i)
-        for (const SetLine& set : pages[i].lines)
+    std::vector<ListedPage> listed{{pageName(folder, "", 0, book.design.kind), "Title"}};
+    press.printTitlePage(folder / "mImg" / listed[0].name, book.title);
+    for (const Page& page : pages) {
+        const std::size_t number = listed.size();
+        listed.push_back({pageName(folder, "", number, book.design.kind), std::to_string(number)});
+        press.printPage(
+            folder / "mImg" / listed.back().name, page, flow,
+            {book.articles[page.firstArticle].guide, listed.back().caption, book.articles[page.lastArticle].guide});
+        for (const SetLine& set : page.lines)
             if (flow[set.line].opensArticle)
-                pageOf[flow[set.line].article] = listed[i + 1].name;
+                pageOf[flow[set.line].article] = listed.back().name;
+    }
     return listed;
 }
 
-/// Prints an article's supplement into mPimg; the names of its pages.
-std::vector<std::string> printSupplement(const Book& book, std::size_t number, Press& press, const fs::path& folder) {
+/// Prints the supplement of article `number` into mPimg and returns the names of its pages.
+std::vector<std::string> printSupplement(const Book& book, std::size_t number, const Press& press,
+                                         const fs::path& folder) {
     const Article& article = book.articles[number];
     fs::create_directories(folder / "mPimg");
     const auto flow = press.set(article.supplement, 0, "");
     const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
     std::vector<std::string> names;
-    for (std::size_t k = 0; k < std::min(pages.size(), mostSupplementPages); ++k) {
+    for (std::size_t k = 0; k < std::min(pages.size(), kMostSupplementPages); ++k) {
         const std::string part = std::to_string(k + 1);
-        names.push_back(pageName(folder, ("s" + part + "-").c_str(), number + 1, book.design.kind));
+        names.push_back(pageName(folder, "s" + part + "-", number + 1, book.design.kind));
         press.printPage(folder / "mPimg" / names.back(), pages[k], flow, {article.guide, "Supplement", part});
     }
     return names;
@@ -134,20 +112,81 @@ std::vector<std::string> printSupplement(const Book& book, std::size_t number, P
 
 } // namespace
 
-void makeBook(Book book, const fs::path& folder, std::size_t atOnce) {
+std::string extensionOf(PageKind kind) {
+    return kind == PageKind::BilevelTiff ? ".tif" : kind == PageKind::ColorPng ? ".png" : ".jpg";
+}
+
+void writeFile(const std::filesystem::path& path, const std::string& bytes) {
+    std::ofstream file(path, std::ios::binary);
+    file << bytes;
+    file.close();
+    if (!file)
+        throw std::runtime_error("cannot write " + path.string());
+}
+
+std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder& order) {
+    std::map<std::string, std::vector<IndexLine>> byWord;
+    for (IndexLine& line : lines)
+        byWord[indexSearchWord(line.key, order)].push_back(std::move(line));
+    std::vector<IndexLine> sorted;
+    for (auto& [word, same] : byWord) {
+        std::vector<std::string> extraPages;
+        for (IndexLine& line : same)
+            std::ranges::move(line.extraPages, std::back_inserter(extraPages));
+        const std::string page = same.front().page;
+        std::erase_if(same, [&](const IndexLine& line) { return line.page != page; });
+        for (IndexLine& line : same)
+            sorted.push_back({line.key, line.note, page, extraPages});
+    }
+    if (!sorted.empty())
+        sorted.push_back({kClosingKey, "end", sorted.back().page, {}});
+    return sorted;
+}
+
+void writeDictionary(const fs::path& folder, const std::vector<IndexLine>& lines, const std::vector<ListedPage>& pages,
+                     const Book& book) {
+    std::string ind;
+    std::string txt;
+    for (const IndexLine& line : lines) {
+        ind += line.key + (line.note.empty() ? "" : "__DLM__" + line.note) + "\n";
+        // As in books that were indexed by hand, some lines repeat their headword or describe the extra pages.
+        const bool repeats = (&line - lines.data()) % 3 == 1;
+        txt +=
+            (repeats ? line.key + " " : "") + "<@_" + line.page + "_>" + (line.extraPages.empty() ? "" : " in full:");
+        for (const std::string& extra : line.extraPages)
+            txt += " <^_" + extra + "_>";
+        txt += '\n';
+    }
+    std::string list = std::to_string(static_cast<long>(pages.size()) - 1) + "\n";
+    for (const ListedPage& page : pages)
+        list += page.name + "\t" + page.caption + "\n";
+    std::map<std::string, std::string> files{{"FW", ""}, {"ind", ind}, {"txt", txt}, {"mImg/ImageIndex2", list}};
+    if (book.order.SpanishMode)
+        files["Spanish"];
+    if (book.order.IJUVMode)
+        files["IJUV"];
+    if (!book.order.FormatFom.empty() || book.independent)
+        files["Format"] = book.order.FormatFom + "\n" + (book.independent ? "true\n" : "");
+    for (const auto& [name, bytes] : files)
+        writeFile(folder / name, bytes);
+}
+
+void makeBook(Book book, const fs::path& folder) {
     fs::create_directories(folder / "mImg");
-    Press press(book.design);
-    sortArticles(book);
+    const Press press(book.design);
+    std::ranges::stable_sort(book.articles, {},
+                             [&](const Article& article) { return indexSearchWord(article.key, book.order); });
     std::vector<std::string> pageOf(book.articles.size());
-    const auto listed = printPages(book, press, folder, atOnce, pageOf);
+    const auto listed = printPages(book, press, folder, pageOf);
     std::vector<IndexLine> lines;
     for (std::size_t i = 0; i < book.articles.size(); ++i) {
-        lines.push_back({book.articles[i].key, book.articles[i].note, pageOf[i], {}});
-        if (!book.articles[i].supplement.empty())
+        const Article& article = book.articles[i];
+        lines.push_back({article.key, article.note, pageOf[i], {}});
+        if (!article.supplement.empty())
             lines.back().extraPages = printSupplement(book, i, press, folder);
+        if (!article.furtherKey.empty())
+            lines.push_back({article.furtherKey, "", pageOf[i], lines.back().extraPages});
     }
-    for (const auto& [key, article] : book.furtherKeys)
-        lines.push_back({key, "", pageOf[article], lines[article].extraPages});
     writeDictionary(folder, indexLines(std::move(lines), book.order), listed, book);
 }
 

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "text/SearchWord.h"
@@ -12,39 +10,42 @@
 namespace velmarin {
 
 enum class Setting : std::uint8_t {
-    Hanging,  ///< Justified, the first line out to the margin: the opening of an article
-    Indented, ///< Justified, the first line in: a further paragraph of the article
-    Verse,    ///< One line of a poem, not justified
-    Right,    ///< A signature at the right margin
+    Hanging,  ///< justified, the first line at the margin: the opening of an article
+    Indented, ///< justified, the first line indented: a further paragraph of the article
+    Verse,    ///< one line of a poem, not justified
+    Right,    ///< a signature at the right margin
 };
 
 struct Paragraph {
     Setting setting = Setting::Hanging;
     bool small = false;
-    bool gapBefore = false; ///< a part of a line of space above it
-    std::string markup;     ///< Pango's
+    bool gapBefore = false; ///< opens a stanza
+    std::string markup;     ///< Pango markup
 };
 
-/// One article of a dictionary, ready to be set.
+/// One article of a dictionary, ready to be typeset.
 struct Article {
-    std::string key;   ///< what the index holds: the headword as readers type it
-    std::string guide; ///< what the head of the page shows
-    std::string note;  ///< goes into the index after the delimiter; may be empty
+    std::string key;   ///< the entry of the index: the headword as readers type it
+    std::string guide; ///< the guide word in the head of the page
+    std::string note;  ///< follows the delimiter in the index; may be empty
     std::vector<Paragraph> paragraphs;
-    /// The article in full where `paragraphs` holds a shorter form; set on pages of its own. Mostly empty.
-    std::vector<Paragraph> supplement;
+    std::vector<Paragraph>
+        supplement{};         ///< the whole article if `paragraphs` is a shortened form; set on pages of its own
+    std::string furtherKey{}; ///< a second entry of the index; may be empty
 };
 
 enum class PageKind : std::uint8_t {
-    BilevelTiff, ///< 1 bit a pixel, Group 4
-    ColourPng,   ///< red ink beside the black
-    ColourJpeg,  ///< the same on toned paper
+    BilevelTiff, ///< 1 bit per pixel, Group 4
+    ColorPng,    ///< black and red ink
+    ColorJpeg,   ///< the same on toned paper
 };
+
+std::string extensionOf(PageKind kind);
 
 /// How the pages of a book look. Lengths in pixels.
 struct Design {
-    std::string typeface;    ///< font families; a character comes from the first that has it
-    std::string hyphenation; ///< a hyphenation dictionary's path, or empty
+    std::string typeface{};    ///< font families, in the order in which they are searched for a character
+    std::string hyphenation{}; ///< the path of a file of hyphenation patterns, or empty
     PageKind kind = PageKind::BilevelTiff;
     int dpi = 300;
     int pageWidth = 2100;
@@ -61,7 +62,7 @@ struct Design {
     double head = 38;
     double initial = 96; ///< the letter that opens its part of the alphabet
     bool letterHeads = true;
-    double boldSpacing = 0; ///< between bold letters, in ems: for a typeface that has to be thickened
+    double boldSpacing = 0; ///< between bold letters, in ems: for a typeface without a bold face
 
     int textWidth() const { return pageWidth - 2 * sideMargin; }
     int columnWidth() const { return (textWidth() - gutter) / 2; }
@@ -81,11 +82,36 @@ struct Book {
     IndexOrder order;
     bool independent = false;
     std::vector<Article> articles;
-    /// Keys beside those of the articles, each with the number of an article: an element's name beside its number.
-    std::vector<std::pair<std::string, std::size_t>> furtherKeys;
 };
 
-/// Makes the dictionary in `folder`, which does not exist yet, with at most `atOnce` processes for the pages.
-void makeBook(Book book, const std::filesystem::path& folder, std::size_t atOnce);
+/// One line of `ind` and the line of `txt` that belongs to it.
+struct IndexLine {
+    std::string key;
+    std::string note;                    ///< after the delimiter; may be empty
+    std::string page;                    ///< a file in mImg
+    std::vector<std::string> extraPages; ///< files in mPimg
+};
+
+/// A page in the list of pages, in page order. The caption is the number printed on it.
+struct ListedPage {
+    std::string name;
+    std::string caption;
+};
+
+/// Sorts the lines by their search words. Of lines with equal search words, the first stays, and those after it that
+/// name the same page; each gets the extra pages of all. Adds a closing line that sorts after everything, with the page
+/// of the last.
+std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder& order);
+
+/// Writes all files of a dictionary but its pictures into `folder`, which exists. `lines` come from indexLines. Throws
+/// std::runtime_error naming a file that cannot be written.
+void writeDictionary(const std::filesystem::path& folder, const std::vector<IndexLine>& lines,
+                     const std::vector<ListedPage>& pages, const Book& book);
+
+/// Throws std::runtime_error naming a file that cannot be written.
+void writeFile(const std::filesystem::path& path, const std::string& bytes);
+
+/// Makes the dictionary in `folder`, which does not exist yet.
+void makeBook(Book book, const std::filesystem::path& folder);
 
 } // namespace velmarin

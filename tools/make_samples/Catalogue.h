@@ -9,11 +9,11 @@
 
 namespace velmarin {
 
-/// One dictionary of the sample folder: made when its turn comes, so that one text at a time is in memory.
+/// One dictionary of the sample folder. Its text is read only when it is made.
 struct Sample {
     std::string group;
     std::string name;
-    std::string source; ///< the dictd dictionary, which is also the name of its package without "dict-"
+    std::string source; ///< the dictd dictionary; its package is called "dict-" and this name
     std::function<Book(const std::filesystem::path& dictFolder)> make;
 };
 

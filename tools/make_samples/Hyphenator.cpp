@@ -5,50 +5,38 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <memory>
 #include <stdexcept>
 
+#include <glib.h>
 #include <hyphen.h>
-#include <utf8proc.h>
 
-#include "make_samples/Text.h"
 #include "text/Utf8.h"
 
 namespace velmarin {
 
 namespace {
 
-constexpr std::size_t fewestLetters = 5;
-constexpr std::size_t mostBytes = 90; // libhyphen takes words of 100 at most
-constexpr int lettersBefore = 2;
-constexpr int lettersAfter = 3;
-
-bool isLetter(char32_t c) {
-    const auto category = utf8proc_category(static_cast<utf8proc_int32_t>(c));
-    return category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_LO;
-}
+constexpr std::size_t kFewestBytes = 5;
+constexpr std::size_t kMostBytes = 90; // libhyphen takes words of up to 100
 
 /// The patterns of a file in UTF-8. The longest, for single compounds, are left out: libhyphen takes three seconds to
-/// load the 78,000 German ones, and the others a tenth of one.
+/// load all 78,000 German ones, and a tenth of a second for the others.
 std::string shortPatterns(const std::string& file) {
     constexpr std::ptrdiff_t mostLetters = 10;
     std::ifstream stream(file);
-    std::string line;
-    std::getline(stream, line);
-    const bool isUtf8 = line.starts_with("UTF-8");
+    std::string charset;
+    std::getline(stream, charset);
     std::string patterns = "UTF-8\n";
-    while (std::getline(stream, line)) {
-        if (line.starts_with("#") || line.starts_with("%") ||
-            std::ranges::count_if(line, [](char c) { return c < '0' || c > '9'; }) > mostLetters)
-            continue;
-        for (const char c : line)
-            appendUtf8(patterns,
-                       isUtf8 ? invalidByteUnit + static_cast<unsigned char>(c) : static_cast<unsigned char>(c));
-        patterns += '\n';
+    for (std::string line; std::getline(stream, line);) {
+        const auto letters = std::ranges::count_if(line, [](char c) { return c < '0' || c > '9'; });
+        if (!line.starts_with('#') && !line.starts_with('%') && letters <= mostLetters)
+            patterns += line + '\n';
     }
-    if (!stream.eof())
+    const std::unique_ptr<char, decltype(&g_free)> utf8(
+        g_convert(patterns.data(), -1, "UTF-8", charset.c_str(), nullptr, nullptr, nullptr), g_free);
+    if (!stream.eof() || !utf8)
         throw std::runtime_error("cannot read the hyphenation patterns " + file);
-    return patterns;
+    return utf8.get();
 }
 
 } // namespace
@@ -61,60 +49,54 @@ Hyphenator::Hyphenator(const std::string& file) {
     patterns_.reset(hnj_hyphen_load_file(memory.get()), hnj_hyphen_free);
 }
 
-std::string Hyphenator::divided(std::string_view word) const {
+std::string Hyphenator::divided(const std::string& word) const {
+    if (word.size() < kFewestBytes || word.size() > kMostBytes)
+        return word;
     std::string small;
-    for (std::size_t at = 0; at < word.size();)
-        appendUtf8(small,
-                   static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(nextCodePoint(word, at)))));
-    if (small.size() < fewestLetters || small.size() > mostBytes)
-        return std::string(word);
-    std::array<char, mostBytes + 5> digits{};
-    char** replacements = nullptr; // for divisions that change the spelling; these languages have none
+    for (std::size_t at = 0; at < word.size(); at += decodeUtf8(word, at).length)
+        appendUtf8(small, g_unichar_tolower(decodeUtf8(word, at).value));
+    std::array<char, kMostBytes * 2> digits{}; // after each letter; odd if the word may be divided there
+    char** replacements = nullptr;             // for divisions that change the spelling; these languages have none
     int* positions = nullptr;
     int* cuts = nullptr;
     hnj_hyphen_hyphenate3(patterns_.get(), small.data(), static_cast<int>(small.size()), digits.data(), nullptr,
-                          &replacements, &positions, &cuts, lettersBefore, lettersAfter, lettersBefore, lettersAfter);
-    std::free(replacements);
-    std::free(positions);
-    std::free(cuts);
+                          &replacements, &positions, &cuts, 2, 3, 2, 3); // letters before and after a division
+    for (void* unused : {static_cast<void*>(replacements), static_cast<void*>(positions), static_cast<void*>(cuts)})
+        std::free(unused);
     std::string out;
     std::size_t letter = 0;
     for (std::size_t at = 0; at < word.size(); ++letter) {
-        appendUtf8(out, nextCodePoint(word, at));
+        const std::size_t length = decodeUtf8(word, at).length;
+        out += word.substr(at, length);
         if (digits[letter] % 2 == 1)
             out += "\u00AD";
+        at += length;
     }
     return out;
 }
 
-std::string Hyphenator::hyphenated(std::string_view markup) {
+std::string Hyphenator::hyphenated(std::string_view markup) const {
     if (!patterns_)
         return std::string(markup);
     std::string out;
-    std::size_t from = 0;
-    while (from < markup.size()) {
-        std::size_t end = from;
-        if (markup[from] == '<' || markup[from] == '&') {
-            const bool isHeadword = markup.substr(from).starts_with("<b>");
-            end = std::min(isHeadword ? markup.find("</b>", from) : markup.find_first_of(">;", from), markup.size());
-            out += markup.substr(from, end - from);
+    std::string word;
+    bool inTag = false; // or in an entity
+    bool inHeadword = false;
+    for (std::size_t at = 0; at < markup.size();) {
+        const auto [value, length] = decodeUtf8(markup, at);
+        if (!inTag && !inHeadword && g_unichar_isalpha(value) != FALSE) {
+            word += markup.substr(at, length);
         } else {
-            std::size_t next = from;
-            while (end < markup.size() && isLetter(nextCodePoint(markup, next)))
-                end = next;
-            const std::string word(markup.substr(from, end - from));
-            const auto [known, isNew] = known_.try_emplace(word);
-            if (isNew)
-                known->second = divided(word);
-            out += known->second;
-            if (end < markup.size() && markup[end] != '<' && markup[end] != '&') {
-                out += markup.substr(end, next - end);
-                end = next;
-            }
+            out += divided(word);
+            out += markup.substr(at, length);
+            word.clear();
         }
-        from = end;
+        if (value == '<')
+            inHeadword = markup.substr(at).starts_with("<b>") || (inHeadword && !markup.substr(at).starts_with("</b>"));
+        inTag = inTag ? value != '>' && value != ';' : value == '<' || value == '&';
+        at += length;
     }
-    return out;
+    return out + divided(word);
 }
 
 } // namespace velmarin

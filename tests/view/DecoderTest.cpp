@@ -1,0 +1,273 @@
+#include "ImageFiles.h"
+#include "Pictures.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+#include <allheaders.h>
+
+namespace velmarin {
+namespace {
+
+using test::asText;
+using test::decoded;
+using test::drawn;
+using test::encoded;
+using test::noise;
+using test::samePixels;
+
+/// A picture without sharp changes, which lossy formats keep nearly as it is.
+Picture slopes(int depth) {
+    return drawn(64, 48, depth, [&](int x, int y) {
+        const auto a = static_cast<std::uint32_t>(x * 4), b = static_cast<std::uint32_t>(y * 5);
+        return depth == 8 ? a : a << 16 | b << 8 | (255 - a);
+    });
+}
+
+/// The greatest difference of any channel, or 256 if the sizes differ.
+int difference(const Picture& a, const Picture& b) {
+    if (a.Width() != b.Width() || a.Height() != b.Height())
+        return 256;
+    int most = 0;
+    for (int y = 0; y < a.Height(); ++y)
+        for (int x = 0; x < a.Width(); ++x) {
+            const Color c = a.pixel(x, y), d = b.pixel(x, y);
+            most = std::max({most, std::abs(c.red - d.red), std::abs(c.green - d.green), std::abs(c.blue - d.blue)});
+        }
+    return most;
+}
+
+TEST(Decoding, ReturnsWhatWasWrittenInItsOwnDepth) {
+    const std::tuple<const char*, int, int, int> cases[] = {
+        // name, format, depth, tolerance
+        {"g4.tif", IFF_TIFF_G4, 1, 0},     {"g3.tiff", IFF_TIFF_G3, 1, 0},   {"lzw1.TIF", IFF_TIFF_LZW, 1, 0},
+        {"lzw.tif", IFF_TIFF_LZW, 32, 0},  {"j.tif", IFF_TIFF_JPEG, 32, 20}, {"a.png", IFF_PNG, 1, 0},
+        {"b.PNG", IFF_PNG, 8, 0},          {"c.png", IFF_PNG, 32, 0},        {"a.jpg", IFF_JFIF_JPEG, 8, 12},
+        {"b.JPeG", IFF_JFIF_JPEG, 32, 20}, {"b.bmp", IFF_BMP, 8, 0},         {"c.bmp", IFF_BMP, 32, 0},
+        {"a.gif", IFF_GIF, 8, 0},          {"a.pnm", IFF_PNM, 1, 0},         {"b.ppm", IFF_PNM, 32, 0},
+        {"a.webp", IFF_WEBP, 32, 40},      {"a.jp2", IFF_JP2, 32, 60},       {"no-extension", IFF_PNG, 8, 0},
+        {"png.tif", IFF_PNG, 32, 0}};
+    for (const auto& [file, format, depth, tolerance] : cases) {
+        SCOPED_TRACE(file);
+        const Picture source = depth == 1 ? noise(67, 45, 1, 1) : slopes(depth);
+        const DecodedPicture result = decoded(file, encoded(source, format));
+        ASSERT_TRUE(result.picture) << result.reason;
+        EXPECT_EQ(result.reason, "");
+        EXPECT_EQ(result.picture.depth(), depth);
+        EXPECT_LE(difference(result.picture, source), tolerance);
+    }
+}
+
+TEST(Decoding, ScalesGreysOfOtherDepths) {
+    for (const int format : {IFF_PNG, IFF_TIFF_LZW})
+        for (const int bits : {2, 4, 16}) {
+            SCOPED_TRACE(std::to_string(format) + ", " + std::to_string(bits) + " bits");
+            const l_uint32 most = (1u << bits) - 1;
+            Pix* pix = pixCreate(37, 23, bits);
+            for (int i = 0; i < 37 * 23; ++i)
+                pixSetPixel(pix, i % 37, i / 37, static_cast<l_uint32>(i) * 79 % (most + 1));
+            const DecodedPicture result = decoded("a", encoded(pix, format));
+            ASSERT_TRUE(result.picture) << result.reason;
+            EXPECT_EQ(result.picture.depth(), 8);
+            for (int i = 0; i < 37 * 23; ++i) {
+                l_uint32 value = 0;
+                pixGetPixel(pix, i % 37, i / 37, &value);
+                ASSERT_EQ(result.picture.pixel(i % 37, i / 37).red, std::lround(value * 255.0 / most)) << i;
+            }
+            pixDestroy(&pix);
+        }
+}
+
+TEST(Decoding, TakesPalettesInTheSmallestDepth) {
+    const Color dark = RGB(0x80, 0x80, 0x80), red = RGB(255, 0, 0);
+    struct Case {
+        const char* name;
+        int format, bits;
+        std::vector<Color> palette; ///< of pixels 0, 1 and so on
+        int depth;
+        const char* shown;
+    };
+    const Case cases[] = {{"PNG, black is 0", IFF_PNG, 1, {kBlack, kWhite}, 1, "0f"},
+                          {"PNG, white is 0", IFF_PNG, 1, {kWhite, kBlack}, 1, "f0"},
+                          {"PNG, grey and white", IFF_PNG, 1, {dark, kWhite}, 8, "8f"},
+                          {"PNG, white and grey", IFF_PNG, 1, {kWhite, dark}, 8, "f8"},
+                          {"PNG, black and grey", IFF_PNG, 1, {kBlack, dark}, 8, "08"},
+                          {"PNG, red and white", IFF_PNG, 1, {red, kWhite}, 32, "Rf"},
+                          {"PNG, four colors", IFF_PNG, 2, {kWhite, red, kBlack, dark}, 32, "fR08"},
+                          {"TIFF, greys", IFF_TIFF_LZW, 4, {kWhite, dark, kBlack}, 8, "f80"},
+                          {"TIFF, colors", IFF_TIFF_LZW, 4, {kWhite, red, kBlack}, 32, "fR0"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        Pix* pix = pixCreate(static_cast<int>(c.palette.size()), 1, c.bits);
+        PIXCMAP* palette = pixcmapCreate(c.bits);
+        for (std::size_t i = 0; i < c.palette.size(); ++i) {
+            pixcmapAddColor(palette, c.palette[i].red, c.palette[i].green, c.palette[i].blue);
+            pixSetPixel(pix, static_cast<int>(i), 0, static_cast<l_uint32>(i));
+        }
+        pixSetColormap(pix, palette);
+        const DecodedPicture result = decoded("a", encoded(pix, c.format));
+        EXPECT_EQ(asText(result.picture), c.shown) << result.reason;
+        EXPECT_EQ(result.picture.depth(), c.depth);
+        pixDestroy(&pix);
+    }
+}
+
+TEST(TiffDecoding, ReadsStripsTilesAndPlanes) {
+    struct Case {
+        const char* name;
+        int depth;
+        test::TiffLayout layout;
+    };
+    for (const Case& c :
+         {Case{"ink, white is 0", 1, {.photometric = 0}}, Case{"ink, black is 0", 1, {.photometric = 1}},
+          Case{"fax, white is 0", 1, {.photometric = 0, .compression = 4}},
+          Case{"fax, black is 0", 1, {.photometric = 1, .compression = 4}},
+          Case{"ink in tiles", 1, {.photometric = 0, .tile = 16}},
+          Case{"fax in tiles", 1, {.photometric = 0, .compression = 4, .tile = 32}}, Case{"grey", 8, {}},
+          Case{"grey, white is 0", 8, {.photometric = 0}}, Case{"grey in tiles", 8, {.tile = 16}},
+          Case{"color", 32, {.photometric = 2}}, Case{"color in tiles", 32, {.photometric = 2, .tile = 16}},
+          Case{"color in planes", 32, {.photometric = 2, .compression = 5, .planes = true}}}) {
+        SCOPED_TRACE(c.name);
+        const Picture written = noise(67, 45, c.depth, 5);
+        Pix* expected = pixCopy(nullptr, written.pix());
+        // In Leptonica 1 is black in 1 bit, and 0 is black in 8 bits.
+        if (c.depth < 32 && (c.layout.photometric == 1) == (c.depth == 1))
+            pixInvert(expected, expected);
+        const DecodedPicture result = decoded("t.tif", test::tiff(written.pix(), c.layout));
+        ASSERT_TRUE(result.picture) << result.reason;
+        EXPECT_EQ(result.picture.depth(), c.depth);
+        EXPECT_TRUE(samePixels(result.picture, Picture::adopt(expected)));
+    }
+}
+
+TEST(TiffDecoding, TurnsThePictureUpright) {
+    const char* const upright[] = {"08f/fff",  "f80/fff",  "fff/f80",  "fff/08f",
+                                   "0f/8f/ff", "f0/f8/ff", "ff/f8/f0", "ff/8f/0f"};
+    for (const int depth : {8, 32})
+        for (int orientation = 1; orientation <= 8; ++orientation) {
+            const Picture stored = drawn(3, 2, depth, [&](int x, int y) {
+                const std::uint32_t grey = y > 0 || x > 1 ? 255u : x == 0 ? 0u : 0x80u;
+                return depth == 8 ? grey : grey * 0x010101u;
+            });
+            const DecodedPicture result = decoded(
+                "t.tif", test::tiff(stored.pix(), {.photometric = depth == 8 ? 1 : 2, .orientation = orientation}));
+            EXPECT_EQ(asText(result.picture), upright[orientation - 1]) << orientation << ", " << depth << " bits";
+        }
+}
+
+TEST(Transparency, LiesOverWhite) {
+    // Black at three quarters of full cover, in each format that has alpha.
+    Pix* pix = pixCreate(8, 4, 32);
+    pixSetSpp(pix, 4);
+    pixSetAllArbitrary(pix, 0x000000bf);
+    for (const std::string& bytes :
+         {encoded(pix, IFF_PNG), encoded(pix, IFF_WEBP), test::tiff(pix, {.photometric = 2, .samples = 4})}) {
+        const DecodedPicture result = decoded("a", bytes);
+        ASSERT_TRUE(result.picture) << result.reason;
+        EXPECT_NEAR(result.picture.pixel(3, 3).red, 64, 1);
+        EXPECT_NEAR(result.picture.pixel(3, 3).blue, 64, 1);
+    }
+    pixDestroy(&pix);
+}
+
+TEST(JpegDecoding, TurnsInkIntoLight) {
+    for (const bool adobe : {true, false}) {
+        const DecodedPicture result = decoded("a.jpg", test::cmykJpeg(adobe));
+        ASSERT_TRUE(result.picture) << result.reason;
+        EXPECT_NEAR(result.picture.pixel(3, 3).red, 55, 3) << adobe;
+        EXPECT_NEAR(result.picture.pixel(3, 3).green, 225, 3) << adobe;
+        EXPECT_NEAR(result.picture.pixel(12, 3).green, 225 * 155 / 255, 3) << adobe;
+    }
+}
+
+std::string times(int count, const std::string& text) {
+    std::string all;
+    for (int i = 0; i < count; ++i)
+        all += text;
+    return all;
+}
+
+TEST(PictDecoding, ReadsMapsInEveryLayout) {
+    // Tables of white, red, black and grey 80: by the numbers of their entries, and in order.
+    const std::string white = "ffff ffff ffff", red = "ffff 0000 0000", black = "0000 0000 0000",
+                      grey = "8000 8000 8000";
+    const std::string table = "00000000 0000 0003 0003" + grey + "0000" + white + "0002" + black + "0001" + red;
+    const std::string ordered = "00000000 8000 0003 0009" + white + "0009" + red + "0009" + black + "0009" + grey;
+    const std::string ramp = "00000000 8000 0002 0000" + white + "0000" + grey + "0000" + black;
+    const std::string ink = "0000ffff", paper = "ffff0000", both = times(8, ink) + "/" + times(8, paper);
+    struct Case {
+        const char* name;
+        test::PictMapLayout map;
+        int depth;
+        std::string shown;
+    };
+    const Case cases[] = {
+        {"bit map", {0x90, 8, 1, "f000 0f00", ""}, 1, ink + "/" + paper},
+        {"narrow", {0x98, 8, 1, "f000 0f00", ""}, 1, ink + "/" + paper},
+        {"mask", {0x91, 8, 1, "f000 0f00", ""}, 1, ink + "/" + paper},
+        {"run and literal", {0x98, 64, 1, "02 f9f0 09 07 0f0f0f0f0f0f0f0f", ""}, 1, both},
+        {"packed with mask", {0x99, 64, 1, "02 f9f0 02 f90f", ""}, 1, both},
+        {"byte 80 is ignored", {0x98, 64, 1, "03 80 f9f0 02 f90f", ""}, 1, both},
+        {"row too short",
+         {0x98, 64, 1, "02 fdf0 02 f90f", ""},
+         1,
+         times(4, ink) + times(32, "f") + "/" + times(8, paper)},
+        {"250 bytes", {0x98, 2000, 1, "04 81f0 87f0 04 810f 870f", ""}, 1, times(250, ink) + "/" + times(250, paper)},
+        {"252 bytes",
+         {0x98, 2016, 1, "0004 81f0 85f0 0004 810f 850f", ""},
+         1,
+         times(252, ink) + "/" + times(252, paper)},
+        {"2 bits", {0x98, 32, 2, "02 f91b 02 f900", table}, 32, times(8, "fR08") + "/" + times(32, "f")},
+        {"4 bits", {0x98, 16, 4, "02 f901 02 f923", ordered}, 32, times(8, "fR") + "/" + times(8, "08")},
+        {"8 bits", {0x98, 8, 8, "02 f901 09 07 0001020001020001", ramp}, 8, "88888888/f80f80f8"},
+        {"16 bits", {0x9a, 4, 16, "03 fd7c00 09 03 7fff 0000 03e0 001f", ""}, 32, "RRRR/f0GB"},
+        {"16, plain", {0x9a, 4, 16, "7c007c007c007c00 7fff000003e0001f", "", 1}, 32, "RRRR/f0GB"},
+        {"16, narrow", {0x9a, 3, 16, "7c007c007c00 7fff03e0001f", "", 3}, 32, "RRR/fGB"},
+        {"planes", {0x9a, 4, 32, "06 fdff fd00 fd00 0d 0b ff000000 ff00ff00 ff0000ff", ""}, 32, "RRRR/f0GB"},
+        {"planes and alpha",
+         {0x9b, 4, 32, "08 fd55 fdff fd00 fd00 11 0f 55555555 ff000000 ff00ff00 ff0000ff", "", 4, 4},
+         32,
+         "RRRR/f0GB"},
+        {"32, plain", {0x9a, 2, 32, "55ff0000 5500ff00 55ffffff 550000ff", "", 1}, 32, "RG/fB"},
+        {"32, three bytes", {0x9a, 2, 32, "ff0000 00ff00 ffffff 0000ff", "", 2}, 32, "RG/fB"},
+    };
+    for (const Case& c : cases)
+        for (const int version : {1, 2}) {
+            if (version == 1 && c.map.bits > 8)
+                continue; // its opcodes are of version 2
+            SCOPED_TRACE(c.name);
+            const std::string bytes = test::pict({c.map}, version);
+            for (const std::string& file : {bytes, bytes.substr(512)}) {
+                const DecodedPicture result = decoded("a.pict", file);
+                EXPECT_EQ(asText(result.picture), c.shown) << result.reason;
+                EXPECT_EQ(result.picture.depth(), c.depth);
+            }
+        }
+}
+
+TEST(PictDecoding, DrawsEachMapInItsRectangle) {
+    const test::PictMapLayout map{0x90, 8, 1, "f000 0f00", ""};
+    EXPECT_EQ(asText(decoded("a", test::pict({map, map})).picture), "0000ffff/ffff0000/0000ffff/ffff0000");
+    const DecodedPicture large = decoded("a", test::pict({{0x90, 8, 1, "f0f0 f0f0", "", 0, 3, 3}}));
+    ASSERT_EQ(large.picture.Width(), 24);
+    EXPECT_EQ(large.picture.Height(), 6);
+    EXPECT_EQ(large.picture.pixel(8, 3), kBlack);
+    EXPECT_EQ(large.picture.pixel(15, 3), kWhite);
+}
+
+TEST(Decoding, HoldsEachExtensionToItsFormat) {
+    const std::string png = encoded(noise(9, 9, 8, 1), IFF_PNG), jpeg = encoded(noise(9, 9, 8, 1), IFF_JFIF_JPEG);
+    EXPECT_TRUE(decoded("a.jpg", png).picture.isNil());
+    EXPECT_TRUE(decoded("a.png", jpeg).picture.isNil());
+    const test::TempFolder folder;
+    EXPECT_TRUE(decodeTiffFile(FolderItem(folder.write("a.tif", jpeg))).picture.isNil());
+    EXPECT_FALSE(
+        decodeTiffFile(FolderItem(folder.write("b.tif", encoded(noise(9, 9, 1, 1), IFF_TIFF_G4)))).picture.isNil());
+}
+
+} // namespace
+} // namespace velmarin

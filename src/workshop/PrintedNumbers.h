@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace velmarin {
+
+/// The number after a printed page number: "13" after "12", "xiii" after "xii", "A13" after "A12". nullopt for what
+/// does not end in a number.
+std::optional<std::string> nextPrintedNumber(std::string_view number);
+
+/// What stands in a list of printed numbers for a page that has none, and ends a run.
+inline constexpr std::string_view kNoPrintedNumber = "-";
+
+/// Fills the gaps of a list of printed numbers, one a page: an empty one counts on from the page before. Pages before
+/// the first number, after a kNoPrintedNumber, and after what cannot be counted on stay empty, and kNoPrintedNumber
+/// becomes empty.
+std::vector<std::string> filledPrintedNumbers(std::vector<std::string> numbers);
+
+} // namespace velmarin

@@ -29,8 +29,8 @@ constexpr const char* kHelp = R"help(Input and output:
   Errors and notes go to standard error, one per line, and begin with
   "velmarin-cli: ".
 
-  Only install, update, export and user-dictionary build write files, except that
-  user-dictionary search restores what an interrupted build left.
+  Only install, update, export, make and user-dictionary build write files, except
+  that user-dictionary search restores what an interrupted build left.
 
 Exit status:
   0  success
@@ -46,9 +46,9 @@ Examples:
   velmarin-cli check "DictionaryFolder/English/Webster 1913")help";
 
 /// All commands, in the order of the help.
-constexpr Command (*kCommands[])() = {groupsCommand, dictionariesCommand, keyCommand,
-                                      searchCommand, checkCommand,        installCommand,
-                                      updateCommand, exportCommand,       userDictionaryCommand};
+constexpr Command (*kCommands[])() = {groupsCommand, dictionariesCommand,  keyCommand,    searchCommand,
+                                      checkCommand,  installCommand,       updateCommand, exportCommand,
+                                      makeCommand,   userDictionaryCommand};
 
 /// CLI11's layout, with "..." after operands that can be repeated.
 class HelpLayout : public CLI::Formatter {

@@ -37,6 +37,7 @@ Command checkCommand();
 Command installCommand();
 Command updateCommand();
 Command exportCommand();
+Command makeCommand();
 Command userDictionaryCommand();
 
 } // namespace velmarin

@@ -70,7 +70,7 @@ FindBar::FindBar(SelectColor selectColor, QWidget* parent, AnchoredLayout& layou
         selectWord();
     });
     connect(FindClBV_, &BevelButton::clicked, this, &FindBar::clearRequested);
-    connect(FindColorRect_, &ColorRect::pressed, this, &FindBar::FindColorRect_MouseUp);
+    connect(FindColorRect_, &ColorRect::clicked, this, &FindBar::FindColorRect_MouseUp);
 }
 
 void FindBar::placeControls(AnchoredLayout& layout) {

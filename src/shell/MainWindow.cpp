@@ -213,7 +213,7 @@ void MainWindow::ImageHistory_Action(int direction) {
 }
 
 void MainWindow::SubwinDic_Action(int) {
-    parts_.sideButton->takeTarget(FindTarget::DicApp);
+    parts_.sideButton->takeTarget(FindTarget::LookUp);
 }
 
 void MainWindow::SubwinFind_Action(int) {

@@ -108,7 +108,7 @@ void FindBar::placeControls(AnchoredLayout& layout) {
 }
 
 void FindBar::showTarget(FindTarget target) {
-    const bool looksUp = target == FindTarget::DicApp;
+    const bool looksUp = target == FindTarget::LookUp;
     FindBV_->setIcon(icon(looksUp ? DicApp : Find, kTargetPicture));
     const QString meaning = looksUp ? QStringLiteral("Look the word up") : QStringLiteral("Find the word in the text");
     FindBV_->setAccessibleName(meaning);

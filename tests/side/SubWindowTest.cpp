@@ -200,10 +200,10 @@ TEST(SideActivation, LeavesTheFocusToTheSearchFieldUnlessAFieldIsClicked) {
 }
 
 TEST(SideEnd, ByTheMainWindowOrTheDesktopIsReportedAndSaved) {
-    for (const Hanging hanging : {Hanging::Window, Hanging::Panel})
+    for (const Attachment attachment : {Attachment::Window, Attachment::Panel})
         for (const bool byMainWindow : {true, false}) {
             WindowFixture fixture;
-            SubWindow& side = fixture.open(hanging);
+            SubWindow& side = fixture.open(attachment);
             const QPointer<SubWindow> watched(&side);
             int closed = 0;
             QObject::connect(&side, &SubWindow::closed, [&] { ++closed; });

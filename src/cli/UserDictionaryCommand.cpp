@@ -57,7 +57,7 @@ Exit status: 0 found, 1 nothing found, 2 the dictionary cannot be read.
 Example:
   velmarin-cli user-dictionary search --mode 0 UserDictionaries/Mine amo)help";
 
-Status build(const std::string& source, const std::string& folder, EarlierPair earlier, Session& session) {
+Status build(const std::string& source, const std::string& folder, ExistingDictionary earlier, Session& session) {
     if (source.empty()) {
         session.couldNot("an empty name is not a file");
         return Status::CouldNot;
@@ -107,7 +107,8 @@ Job defineBuild(CLI::App& command) {
     const CLI::Option* source = addOperand(command, "SOURCE", "The text file");
     const CLI::Option* folder = addOperand(command, "FOLDER", "The folder of the user dictionary");
     return [=](Session& session) {
-        const EarlierPair earlier = replace->count() > 0 ? EarlierPair::Removed : EarlierPair::Refused;
+        const ExistingDictionary earlier =
+            replace->count() > 0 ? ExistingDictionary::Remove : ExistingDictionary::Refuse;
         return build(operand(source), operand(folder), earlier, session);
     };
 }

@@ -50,7 +50,7 @@ class ControlSet final : public PageDisplay {
     void showFitValue(int menuValue) override;
 
   private:
-    /// The three fits, with none chosen.
+    /// Refills `BVimage` with its three rows, none selected.
     void resetImageSize();
 };
 

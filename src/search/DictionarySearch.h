@@ -13,7 +13,7 @@ namespace velmarin {
 struct TxtLine {
     /// The name in the first "<@_name_>"; empty if there is none.
     std::string imageName;
-    /// The names in "<^_name_>", in the order in which they are found if each is removed before the next is looked for.
+    /// The names in "<^_name_>". Each marker is removed before the next search, so removal can form a new one.
     std::vector<std::string> errata;
 };
 
@@ -42,8 +42,8 @@ enum class SearchForm { Tab, List };
 /// counts as a line without markup.
 SearchResult searchDictionary(std::string_view query, DictionaryItem& item, SearchForm form);
 
-/// Whether the dictionary at `index` takes part in a search while the one at `front` is in front: an independent one
-/// only if it is in front itself, and then no other. `front` may be outside the list.
+/// Whether the dictionary at `index` takes part in a search while the one at `front` is in front: an independent
+/// dictionary is searched only in front, and then alone. `front` may be outside the list.
 bool takesPart(const std::vector<std::shared_ptr<DictionaryItem>>& dictionaries, int index, int front);
 
 } // namespace velmarin

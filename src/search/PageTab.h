@@ -12,8 +12,8 @@ namespace velmarin {
 /// The state of one tab: the page shown, the cursors in the page list and in the history, the errata and the fit. It
 /// tells its display of each change.
 ///
-/// The cursors are menu values: that of `BVjump` is a position in the page list, that of `BVHistory` less
-/// kHistoryRowsBeforePages one in the history.
+/// The cursors are menu values. `BVjump`'s value is a position in the page list; `BVHistory`'s value is the history
+/// index plus kHistoryRowsBeforePages.
 class PageTab {
   public:
     /// @param display shows an empty tab, and must outlive this

@@ -40,12 +40,15 @@ class PageTabs {
     /// The dictionary that list mode shows.
     void setListMode_CurrentDicNum(int dicIndex) { pListMode_CurrentDicNum_ = dicIndex; }
 
-    /// Shows a page by its name. Does nothing for an empty name, and for the name that the tab shows. All pages but
-    /// those of chosen hits are shown by this.
+    /// Shows a page by its name. Does nothing for an empty name, and for the name that the tab shows. Every
+    /// page except that of a chosen hit is shown through this.
     void mSetPicture(const std::string& name, int tabIndex, bool addToHistory);
-    /// Direction 1 is a page forward, any other a page back.
+    // A direction is the index of a menu item: 0 is back, up or first, 1 is forward, down or last. Other values count
+    // as back in mNextBack, and as forward in the three actions below.
+
+    /// 1 is a page forward.
     void mNextBack(int direction, int tabIndex);
-    /// 0 is a screenful up, 1 one down.
+    /// 0 is a screenful up, 1 a screenful down.
     void mUpDown(int direction, int tabIndex);
 
     // A row of a tab's menu was chosen.
@@ -54,11 +57,11 @@ class PageTabs {
     void BVErrata_Action(int tabIndex, int row);
     void BVimage_Action(int tabIndex, int row);
 
-    /// 0 is "History-Back", any other "History-Next", in the tab in front.
+    /// In the tab in front: 0 is "History-Back", 1 "History-Next".
     void ImageHistory_Action(int direction);
-    /// 0 is the tab to the left, any other the one to the right, round the ends.
+    /// 0 is the tab to the left, 1 the tab to the right; wraps at the ends.
     void TabBackNext_Action(int direction);
-    /// 0 is the first tab, any other the last.
+    /// 0 is the first tab, 1 the last.
     void TabTopTail_Action(int direction);
 
   private:

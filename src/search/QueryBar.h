@@ -27,7 +27,7 @@ class QueryBar : public QObject, public SearchDisplay {
     QPushButton* OKBT() const { return OKBT_; }
     ProgressBar* PB() const { return PB_; }
 
-    /// The initial text, and the check box off.
+    /// Shows the initial text and clears the check box.
     void showNoGroup();
     /// Searches the text of the field. While another search runs, it waits for the end of that one.
     void OKBT_Action();
@@ -40,7 +40,7 @@ class QueryBar : public QObject, public SearchDisplay {
   signals:
     /// A query has been searched, and its words may go to the side window.
     void searched(const QString& query);
-    /// Everything about a query is done.
+    /// Emitted after `searched` and all that it starts.
     void finished();
     /// The check box has changed, by the user or by code.
     void separatelyChanged();

@@ -35,8 +35,8 @@ class SearchModel {
     /// mSearch for each dictionary that has a tab, with a Yield after each. The caller holds a Busy guard.
     void searchAll(const std::string& query);
 
-    /// Shows the page of `query` in tab `dicIndex`, unless independence forbids it. If no entry is greater than the
-    /// word, the tab stays as it was.
+    /// Shows the page of `query` in tab `dicIndex`, unless takesPart() excludes the dictionary. If no entry is greater
+    /// than the word, the tab stays as it was.
     void mSearch(const std::string& query, int dicIndex);
     /// Adds the hit of `query`, and a row for it whether or not anything was found.
     void mSearch_ListMode(const std::string& query, int dicIndex);

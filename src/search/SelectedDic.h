@@ -19,7 +19,7 @@ using SelectedDicRows = std::map<int, std::string>;
 /// The rows in use, from the picks of all windows in order of making.
 SelectedDicRows rowsInUse(const std::vector<WindowPick>& picks);
 
-/// The help tag of the group pop-ups: which of the rows 0 to rowCount - 1 cannot be picked, with a CR before each name.
+/// The tool tip of the group pop-ups: which of the rows 0 to rowCount - 1 cannot be picked, with a CR before each name.
 /// Empty if every row can be picked.
 std::string takenGroupsHelp(const SelectedDicRows& inUse, int rowCount);
 

@@ -30,7 +30,7 @@ bool Commands::run(std::string_view command, int index) const {
     return false;
 }
 
-Commands Commands::after(QObject& first) const {
+Commands Commands::withFirst(QObject& first) const {
     Commands all{&first};
     all.objects_.insert(all.objects_.end(), objects_.begin(), objects_.end());
     return all;

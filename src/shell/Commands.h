@@ -17,8 +17,8 @@ class Commands {
     bool handles(std::string_view command) const;
     /// False if no object handles the command.
     bool run(std::string_view command, int index) const;
-    /// These commands, after those of `first`.
-    Commands after(QObject& first) const;
+    /// A copy that asks `first` before the others.
+    Commands withFirst(QObject& first) const;
 
   private:
     std::vector<QObject*> objects_;

@@ -48,13 +48,13 @@ class GroupPicker : public QObject {
     WindowPick pick() const;
     /// The folder of the picked row; nil if none is picked.
     FolderItem pickedFolder() const;
-    /// Clears the pick without an event; a closed window answers this.
+    /// Clears the pick without a signal; pick() then returns row -1, as for a closed window.
     void dropPick();
 
   private:
     void SelectDicFolPU_Change();
     void SelectDicFolPU_MouseEnter();
-    /// Sets the help tag: which groups cannot be picked or, if there are none, where they belong.
+    /// Sets the tool tip: which groups cannot be picked or, if there are none, where they belong.
     void showHelp();
 
     GroupPort& window_;

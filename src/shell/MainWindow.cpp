@@ -47,7 +47,7 @@ MainWindow::~MainWindow() {
 
 void MainWindow::makeMenus() {
     const Commands ofWindow{this};
-    const Commands all = services_.commands.after(*this);
+    const Commands all = services_.commands.withFirst(*this);
     const auto run = [this, ofWindow, all](std::string_view command, int index) {
         // Qt keeps a window's shortcuts active under its side window, but its own commands need it in front.
         if (!ofWindow.handles(command) || QApplication::activeWindow() == this)
@@ -213,7 +213,7 @@ void MainWindow::ImageHistory_Action(int direction) {
 }
 
 void MainWindow::SubwinDic_Action(int) {
-    parts_.sideButton->takeTarget(FindTarget::DicApp);
+    parts_.sideButton->takeTarget(FindTarget::LookUp);
 }
 
 void MainWindow::SubwinFind_Action(int) {

@@ -10,7 +10,7 @@ class PreferenceWriter;
 class WindowList;
 struct ThisAppliModule;
 
-/// What install, update and the order editor reach in the application.
+/// Implements WindowsPort on the application's list of windows, for install, update and the order editor.
 class MaintenanceAccess : public WindowsPort {
   public:
     /// @param commands whose shortcuts the maintenance windows have

@@ -38,7 +38,7 @@ void PlacementKeeper::restore() {
         withinReach({std::clamp(saved->left, -kFarthest, kFarthest), std::clamp(saved->top, -kFarthest, kFarthest),
                      width, height + window_.menuBar()->heightForWidth(width)},
                     screenAreas());
-    const QScopedValueRollback untouched(untouched_, true);
+    const QScopedValueRollback placing(placedForUser_, true);
     window_.move(place.topLeft());
     window_.resize(place.size());
 }
@@ -48,7 +48,7 @@ void PlacementKeeper::save() {
                                .top = window_.y(),
                                .width = window_.centralWidget()->width(),
                                .height = window_.centralWidget()->height()};
-    if (untouched_) {
+    if (placedForUser_) {
         placedAt_ = here;
     } else if (here != placedAt_) {
         // From now on a move back to that placement counts as well.

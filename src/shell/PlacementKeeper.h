@@ -27,15 +27,14 @@ class PlacementKeeper {
     /// Call at every move and resize.
     void save();
     /// Call when the window comes to the front: from then on the user moves it.
-    void cameToFront() { untouched_ = false; }
+    void cameToFront() { placedForUser_ = false; }
 
   private:
     QMainWindow& window_;
     PreferenceWriter& preferences_;
-    /// Only the program and the window manager place the window: at a start until it comes to the front, and while a
-    /// placement is restored.
-    bool untouched_ = true;
-    /// The last placement that they gave it; empty once the user has moved it.
+    /// True while moves are not the user's: until first activation, and during restore().
+    bool placedForUser_ = true;
+    /// The last placement given by the program or the window manager; empty once the user has moved the window.
     std::optional<WindowPlacement> placedAt_;
 };
 

@@ -13,9 +13,9 @@
 
 namespace velmarin {
 
-/// Writes the small files that outlive a run. A failure is reported once per file and once per reason, and a file again
-/// only after it could be written in between: a read-only program folder gives one message in a run, not one for each
-/// move of a window and each group.
+/// Writes the small files that outlive a run. Reports a failure only if neither the file nor the reason is
+/// already failing; a successful write resets the file. So a read-only program folder gives one message in a run, not
+/// one for each move of a window and each group.
 class PreferenceWriter {
   public:
     /// The folder and the lines are read at each use.

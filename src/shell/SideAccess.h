@@ -9,7 +9,7 @@ class QueryBar;
 class SearchModel;
 struct GroupModel;
 
-/// What a side window reaches in its main window.
+/// Implements MainWindowPort on the parts of a main window.
 class SideAccess : public MainWindowPort {
   public:
     SideAccess(QMainWindow& window, PreferenceWriter& preferences, const GroupModel& group, SearchModel& search,

@@ -39,7 +39,7 @@ void SideButton::SubWinBV_Action() {
                           .busy = services_.busy,
                           .preferencesFolder = services_.pThis_PreferencesFolder,
                           .desktop = FolderItem(desktopFolder())};
-    pMySubWin_ = new SubWindow(mainWindow_, services, hangingFor(QGuiApplication::platformName()));
+    pMySubWin_ = new SubWindow(mainWindow_, services, attachmentFor(QGuiApplication::platformName()));
     connect(pMySubWin_, &SubWindow::closed, this, [this, opened = pMySubWin_.data()] {
         if (pMySubWin_ == opened)
             pMySubWin_.clear();

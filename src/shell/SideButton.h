@@ -12,8 +12,8 @@ class SubWindow;
 enum class FindTarget;
 struct WindowServices;
 
-/// The button `SubWinBV` of a main window and the side window that it opens. The button is pressed in exactly while the
-/// window is open.
+/// The button `SubWinBV` of a main window and the side window that it opens. The button stays down while the window is
+/// open.
 class SideButton : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ namespace velmarin {
 class PageTabs;
 struct GroupModel;
 
-/// The pages of a main window, as the page image window steps them.
+/// The pages of a main window; the page image window pages through them.
 class TabPages : public PagePort {
   public:
     TabPages(const GroupModel& group, PageTabs& tabs) : group_(group), tabs_(tabs) {}

@@ -14,7 +14,7 @@ struct ThisAppliModule {
     /// The lines of the last save in the order editor. If there are any, every write of a group's preferences writes
     /// these.
     std::vector<std::string> pNewDicPref;
-    /// The help tag of every group pop-up.
+    /// The tool tip of every group pop-up.
     std::string pSelectedDicTag;
 
     /// Makes the folder `Preferences` beside the program if it is missing.

@@ -24,7 +24,7 @@ struct WindowServices {
     Commands commands;
     const FolderItem& pDictionaryFolder;
     const FolderItem& pThis_PreferencesFolder;
-    /// The help tag of every group pop-up.
+    /// The tool tip of every group pop-up.
     std::string& pSelectedDicTag;
 };
 

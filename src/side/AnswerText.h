@@ -14,21 +14,22 @@ struct TextColor {
     bool operator==(const TextColor&) const = default;
 };
 
-/// A stretch of text: its first character counted from 1, and its length.
+/// A stretch of text in UTF-16 code units: the position of the first, counted from 1, and the length.
 struct TextHit {
     int position = 0;
     int length = 0;
 };
 
-/// The text into which look-ups are written and in which the find bar searches. Positions count from 0 in UTF-16 code
-/// units; strings are UTF-8. Styles are set on the selection, or, if nothing is selected, for what is inserted next.
+/// The text into which look-ups are written and in which the find bar searches. Strings are UTF-8; lengths and
+/// positions are in UTF-16 code units. Positions count from 0, except in findWord and its TextHit, which count from 1.
+/// Styles are set on the selection, or, if nothing is selected, for what is inserted next.
 class AnswerText {
   public:
     virtual ~AnswerText() = default;
 
     virtual int textLength() const = 0;
     virtual void clearText() = 0;
-    /// Assigns the present text followed by `text` as a whole, without styles. The insertion point is at its end.
+    /// Appends `text` and drops all styles, those of the present text too. The insertion point is at the end.
     virtual void assignWithAppended(std::string_view text) = 0;
     /// The first hit that begins at or after `start` (from 1; below 1: from the top), ignoring case. A hit lies within
     /// one paragraph. Returns nullopt for an empty word.

@@ -42,12 +42,12 @@ void ColorRect::mousePressEvent(QMouseEvent* event) {
 
 void ColorRect::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        emit pressed();
+        emit clicked();
 }
 
 void ColorRect::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        emit pressed();
+        emit clicked();
     else
         QWidget::keyPressEvent(event);
 }

@@ -5,7 +5,7 @@
 
 namespace velmarin {
 
-/// The color well of the find bar: shows its color, and is pressed like a button.
+/// The color well of the find bar: shows its color, and is clicked like a button.
 class ColorRect : public QWidget {
     Q_OBJECT
   public:
@@ -15,8 +15,8 @@ class ColorRect : public QWidget {
     void setFillColor(const QColor& color);
 
   signals:
-    /// The mouse button was released after a press here, or the well was pressed by key.
-    void pressed();
+    /// The mouse button was released after a press here, or a key activated the well.
+    void clicked();
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -15,7 +15,7 @@ namespace velmarin {
 /// on its own (dictzip(1)).
 class DictZip {
   public:
-    /// Returns nullopt if the file cannot be read, or is compressed without a table of chunks, or that is damaged.
+    /// Returns nullopt if the file cannot be read, or if its chunk table is missing or damaged.
     static std::optional<DictZip> open(const FolderItem& file);
 
     /// `size` bytes of the uncompressed text from `offset`; nullopt if some are missing or damaged, or if there are
@@ -34,7 +34,7 @@ class DictZip {
     ReadOnlyFile file_;
     /// 0 for text that is not compressed.
     std::uint32_t chunkLength_ = 0;
-    /// Where each chunk begins in the file, and at last where the last one ends.
+    /// Where each chunk begins in the file, followed by the end of the last chunk.
     std::vector<std::uint64_t> chunkAt_;
 };
 

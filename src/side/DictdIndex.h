@@ -33,7 +33,7 @@ class DictdIndex {
     /// The entries of `word` (UTF-8), in the order of the index, each once. Words that describe the dictionary itself
     /// ("00-database-...") have none.
     std::vector<DictdPlace> find(std::string_view word) const;
-    /// All entries but those of such words, each once, in the order of the text.
+    /// All entries except the 00-database ones, each once, in the order of the text.
     std::vector<DictdPlace> places() const;
     /// The entry with the name of the dictionary; nullopt if it has none.
     std::optional<DictdPlace> nameEntry() const { return nameEntry_; }

@@ -16,9 +16,9 @@ class ProgressPort;
 inline constexpr std::string_view kTextFileName = "Text.txt";
 inline constexpr std::string_view kIndexFileName = "Index.txt";
 
-/// User dictionaries: text dictionaries that a user makes from a file with one entry per line, "headword, TAB,
-/// meaning". Each is a folder with `Text.txt`, the entries, and `Index.txt`, which has a line for each entry: its
-/// search word, TAB, the number of its line in `Text.txt` from 0.
+/// Searches and indexes user dictionaries, which are text dictionaries that a user makes from a file with one entry per
+/// line, "headword, TAB, meaning". Each is a folder with `Text.txt`, the entries, and `Index.txt`, which has a line for
+/// each entry: its search word, TAB, the number of its line in `Text.txt` from 0.
 ///
 /// Each side window has its own module, so that a look-up in one does not change the results of another.
 class DictionaryModule {
@@ -26,7 +26,7 @@ class DictionaryModule {
     /// Called for each line; may let events run.
     using Yield = std::function<void()>;
 
-    /// Switches of the search word. Nothing sets them.
+    /// Options of m__SubMakeSearchWord. This program leaves both off.
     bool pIJUV = false;
     bool pSpanish = false;
     /// What the last mSearch found.
@@ -36,6 +36,7 @@ class DictionaryModule {
     /// are.
     std::string m__SubMakeSearchWord(std::string_view word) const;
     std::string m__SubIJUV(std::string_view word) const;
+    /// `back` 0 encodes ch and ll; any other value restores them.
     std::string m__SubSpanish(std::string_view word, int back) const;
 
     /// Writes the index of `source` to `index`, completely or not at all. Does nothing if one of them is nil. Raises
@@ -49,7 +50,7 @@ class DictionaryModule {
                  const Yield& yield = {});
 
     /// Modes: 0 begins with, 1 ends with, 2 equals, 3 contains, 4 matches as a pattern; all ignore case. Any other mode
-    /// matches nothing.
+    /// matches nothing. mSearch passes the pattern folded and in capitals, as every search word, so that `\d` is `\D`.
     static bool m__SubMatch(std::string_view indexWord, std::string_view searchWord, int mode);
 
     /// Appends the lines with these numbers (from 0) to pResult, in the order of the file, each once. If the file

@@ -70,7 +70,7 @@ FindBar::FindBar(SelectColor selectColor, QWidget* parent, AnchoredLayout& layou
         selectWord();
     });
     connect(FindClBV_, &BevelButton::clicked, this, &FindBar::clearRequested);
-    connect(FindColorRect_, &ColorRect::pressed, this, &FindBar::FindColorRect_MouseUp);
+    connect(FindColorRect_, &ColorRect::clicked, this, &FindBar::FindColorRect_MouseUp);
 }
 
 void FindBar::placeControls(AnchoredLayout& layout) {
@@ -108,7 +108,7 @@ void FindBar::placeControls(AnchoredLayout& layout) {
 }
 
 void FindBar::showTarget(FindTarget target) {
-    const bool looksUp = target == FindTarget::DicApp;
+    const bool looksUp = target == FindTarget::LookUp;
     FindBV_->setIcon(icon(looksUp ? DicApp : Find, kTargetPicture));
     const QString meaning = looksUp ? QStringLiteral("Look the word up") : QStringLiteral("Find the word in the text");
     FindBV_->setAccessibleName(meaning);

@@ -16,7 +16,7 @@ class AnchoredLayout;
 class BevelButton;
 class ColorRect;
 
-/// The find bar: an entry for a word with the buttons around it. What a word is used for is decided elsewhere.
+/// The find bar: a text field with the buttons around it. What its word is used for is decided elsewhere.
 class FindBar : public QObject {
     Q_OBJECT
   public:

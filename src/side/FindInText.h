@@ -14,7 +14,8 @@ int findIgnoringCase(int start, std::u16string_view text, std::u16string_view fi
 /// The steps from hit to hit in a text.
 class FindSteps {
   public:
-    /// Where the next find begins, from 1; 0 and -1: at the top.
+    /// Where the next find begins, from 1. Below 1 it begins at the top: 0 after a miss or a cleared word, -1 after
+    /// another word was typed.
     int pFindStartPosition = 0;
 
     void wordChanged() { pFindStartPosition = -1; }

@@ -15,7 +15,7 @@ class MainWindowPort {
   public:
     virtual ~MainWindowPort() = default;
 
-    /// The window that the side window belongs to, and hangs at.
+    /// The window that the side window belongs to and is attached to.
     virtual QMainWindow* window() = 0;
     /// The folder of the group that is shown.
     virtual FolderItem pDictionaryGroupFolder() = 0;

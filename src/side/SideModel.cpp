@@ -150,7 +150,7 @@ void SideModel::synchronise(const std::string& query) {
         return;
     }
     const Running running(*this);
-    const ShownTarget shown(*this, FindTarget::DicApp);
+    const ShownTarget shown(*this, FindTarget::LookUp);
     FindEF_TextChange(query);
     display_.showWord(query);
     lookUp(query, false);

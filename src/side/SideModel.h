@@ -54,13 +54,14 @@ class SideModel final : private LookUpPort {
 
     /// What the find bar does with its word, according to its target. A look-up waits until nothing else runs.
     void mDoFind(bool alsoMainWindow);
-    /// Return in `FindEF` or a click on `FindBV`. With the Option key a look-up searches the main window first.
+    /// Return in `FindEF` or a click on `FindBV`. With Alt held (the host's Option key) a look-up
+    /// searches the main window first.
     void FindBV_Action() { mDoFind(services_.host.AsyncOptionKey()); }
     /// A query of the main window: if `SyncronizeCB` is on, it is looked up whatever the target is. The find bar shows
     /// the target "look up" meanwhile, and keeps the word.
     void synchronise(const std::string& query);
     void setTarget(FindTarget target);
-    /// The word of the find bar is another one.
+    /// The find bar's word has changed.
     void FindEF_TextChange(const std::string& word);
     void FindClBV_Action();
     /// The color that hits are painted in.

@@ -20,9 +20,10 @@ struct SourceRow {
     struct Place {
         int left, top, width, height;
     } place;
-    /// In a group without settings.
+    /// Whether it is on in a group that has no `Subwindow` file.
     bool isOnByDefault;
-    /// The line of the settings file that keeps whether the source is on, from 1.
+    /// The line of the `Subwindow` file that keeps whether the source is on, from 1: unique, and none of lines 1-3, 6-8
+    /// and 10, which are used in SubwindowFile.cpp.
     std::size_t settingsLine;
     std::unique_ptr<LookUpSource> (*make)(const SourceParts& parts);
 };

@@ -10,13 +10,13 @@ namespace velmarin {
 class StoppableWait {
   public:
     using Clock = std::function<std::chrono::steady_clock::time_point()>;
-    /// Shows the wait or hides it. `true` comes again and again, since the place for it may change meanwhile.
+    /// Shows the wait or hides it. Called repeatedly with true, because the covered control may move.
     using Show = std::function<void(bool shown)>;
 
     StoppableWait(Clock clock, Show show) : clock_(std::move(clock)), show_(std::move(show)) {}
 
     void begin();
-    /// Called again and again during the wait; shows it when it is time. False once `stop` was called.
+    /// Call repeatedly during the wait; shows it when it is time. False once `stop` was called.
     bool mayContinue();
     void stop() { stopped_ = true; }
     void end();

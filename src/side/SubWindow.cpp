@@ -40,15 +40,15 @@ FindBar::SelectColor selectColorOrDialog(FindBar::SelectColor given, QWidget* pa
     };
 }
 
-Qt::WindowFlags flagsFor(Hanging hanging) {
-    return hanging == Hanging::Window ? Qt::Tool | Qt::FramelessWindowHint : Qt::Widget;
+Qt::WindowFlags flagsFor(Attachment attachment) {
+    return attachment == Attachment::Window ? Qt::Tool | Qt::FramelessWindowHint : Qt::Widget;
 }
 
 } // namespace
 
-SubWindow::SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging,
+SubWindow::SubWindow(MainWindowPort& mainWindow, SideServices services, Attachment attachment,
                      FindBar::SelectColor selectColor)
-    : QWidget(mainWindow.window(), flagsFor(hanging)), MainWin_(mainWindow),
+    : QWidget(mainWindow.window(), flagsFor(attachment)), MainWin_(mainWindow),
       layout_(new AnchoredLayout(this, kDesignSize)), text_(this, *layout_),
       findBar_(selectColorOrDialog(std::move(selectColor), this), this, *layout_), switches_(this, *layout_),
       notice_(new WaitNotice(
@@ -60,7 +60,7 @@ SubWindow::SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging 
     setMinimumSize(kMinimumSize);
     setMaximumSize(kMaximumSide, kMaximumSide);
     resize(kDesignSize);
-    hanging_ = new SideHanging(hanging, this, mainWindow.window(), kMinimumSize.width(), kMaximumSide);
+    attachment_ = new SideAttachment(attachment, this, mainWindow.window(), kMinimumSize.width(), kMaximumSide);
     goBack_.setObjectName(QStringLiteral("goBack"));
     goBack_.setSingleShot(true);
     goBack_.setInterval(kAfterTheClick);
@@ -73,7 +73,7 @@ SubWindow::~SubWindow() {
     for (QObject* control : findChildren<QObject*>())
         control->disconnect(this);
     findBar_.disconnect(this);
-    delete hanging_;
+    delete attachment_;
 }
 
 void SubWindow::connectFindBar() {
@@ -109,21 +109,21 @@ void SubWindow::connectControls() {
             [this] { model_.setUserDictionary(switches_.UserDicPU->ListIndex()); });
 
     connect(notice_, &WaitNotice::stopRequested, this, [this] { model_.stopWaiting(); });
-    connect(hanging_, &SideHanging::mainWindowClosed, this, &SubWindow::shut);
+    connect(attachment_, &SideAttachment::mainWindowClosed, this, &SubWindow::shut);
     connect(&goBack_, &QTimer::timeout, this, &SubWindow::goBackToMainWindow);
 }
 
 void SubWindow::open() {
     model_.open();
     if (!model_.shut())
-        hanging_->show(widthAtOpening_);
+        attachment_->show(widthAtOpening_);
 }
 
 void SubWindow::shut() {
     if (model_.shut())
         return;
-    model_.close(hanging_->width());
-    delete hanging_;
+    model_.close(attachment_->width());
+    delete attachment_;
     hide();
     emit closed();
 }
@@ -144,7 +144,7 @@ void SubWindow::takeTarget(FindTarget target) {
 }
 
 void SubWindow::takeFocusToFindEF() {
-    if (hanging() == Hanging::Window && !isActiveWindow()) {
+    if (attachment() == Attachment::Window && !isActiveWindow()) {
         expectsFocus_ = true;
         activateWindow();
     }

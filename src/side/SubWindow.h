@@ -1,8 +1,8 @@
 #pragma once
 
 #include "side/FindBar.h"
+#include "side/SideAttachment.h"
 #include "side/SideDisplay.h"
-#include "side/SideHanging.h"
 #include "side/SideModel.h"
 #include "side/SwitchControls.h"
 #include "side/TextControls.h"
@@ -26,7 +26,7 @@ class SubWindow : public QWidget, private SideDisplay {
     Q_OBJECT
   public:
     /// The desktop's own color dialog is used if `selectColor` is empty.
-    SubWindow(MainWindowPort& mainWindow, SideServices services, Hanging hanging,
+    SubWindow(MainWindowPort& mainWindow, SideServices services, Attachment attachment,
               FindBar::SelectColor selectColor = {});
     ~SubWindow() override;
 
@@ -47,7 +47,7 @@ class SubWindow : public QWidget, private SideDisplay {
     TextArea* EF() const { return text_.EF; }
     FindBar& findBar() { return findBar_; }
     SideModel& model() { return model_; }
-    Hanging hanging() const { return hanging_->hanging(); }
+    Attachment attachment() const { return attachment_->attachment(); }
 
   signals:
     /// Emitted after the settings are saved, however the window was closed.
@@ -85,7 +85,7 @@ class SubWindow : public QWidget, private SideDisplay {
     SwitchControls switches_;
     WaitNotice* notice_;
     SideModel model_;
-    QPointer<SideHanging> hanging_;
+    QPointer<SideAttachment> attachment_;
     /// Gives the focus back to the main window after the click that brought this one to the front: desktops refuse to
     /// activate a window on behalf of an older event than that click.
     QTimer goBack_{this};

@@ -60,7 +60,7 @@ SubwindowSettings parseSubwindow(std::string_view text) {
     settings.sizeRow = number(kSizeRow);
     for (std::size_t row = 0; row < settings.sourcesOn.size(); ++row)
         settings.sourcesOn[row] = isOn(sourceTable()[row].settingsLine);
-    settings.target = equalStrings(lines[kTarget], kDicApp) ? FindTarget::DicApp : FindTarget::Find;
+    settings.target = equalStrings(lines[kTarget], kDicApp) ? FindTarget::LookUp : FindTarget::Find;
     settings.SyncronizeCB = isOn(kSyncronizeCB);
     settings.DontClearCB = isOn(kDontClearCB);
     if (!lines[kUserDicRow].empty())
@@ -75,7 +75,7 @@ std::string subwindowText(const SubwindowSettings& settings) {
     lines[kSizeRow] = Str(settings.sizeRow);
     for (std::size_t row = 0; row < settings.sourcesOn.size(); ++row)
         lines[sourceTable()[row].settingsLine] = mDataMod_ConvertBooleanToString(settings.sourcesOn[row]);
-    lines[kTarget] = settings.target == FindTarget::DicApp ? kDicApp : kFind;
+    lines[kTarget] = settings.target == FindTarget::LookUp ? kDicApp : kFind;
     lines[kSyncronizeCB] = mDataMod_ConvertBooleanToString(settings.SyncronizeCB);
     lines[kDontClearCB] = mDataMod_ConvertBooleanToString(settings.DontClearCB);
     lines[kUserDicRow] = Str(settings.userDicRow.value_or(-1));

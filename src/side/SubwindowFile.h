@@ -11,7 +11,7 @@
 namespace velmarin {
 
 /// What the find bar does with a word: finds it in the text, or looks it up.
-enum class FindTarget { Find, DicApp };
+enum class FindTarget { Find, LookUp };
 
 /// The settings of a side window.
 struct SubwindowSettings {

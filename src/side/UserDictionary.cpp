@@ -152,7 +152,7 @@ class Build {
         : source_(source), folder_(folder), progress_(progress),
           work_([&progress](const WorkDone&) { progress.yield(); }) {}
 
-    BuildResult run(EarlierPair earlier, const FolderItem& backups) {
+    BuildResult run(ExistingDictionary earlier, const FolderItem& backups) {
         const Result built = build(earlier, backups);
         result_.ok = static_cast<bool>(built);
         if (!built)
@@ -161,7 +161,7 @@ class Build {
     }
 
   private:
-    Result build(EarlierPair earlier, const FolderItem& backups) {
+    Result build(ExistingDictionary earlier, const FolderItem& backups) {
         const FolderLock lock(folder_.path(), FolderLock::Kind::Alone, work_);
         clearLeftovers(folder_.path(), work_);
         const auto file = ReadOnlyFile::open(source_);
@@ -170,10 +170,10 @@ class Build {
         const FileStamp stamp = file->stamp();
         if (const Result replaceable = checkReplaceable(source_, folder_); !replaceable)
             return replaceable;
-        result_.earlierRefused = earlier == EarlierPair::Refused && holdsUserDictionary(folder_);
+        result_.earlierRefused = earlier == ExistingDictionary::Refuse && holdsUserDictionary(folder_);
         if (result_.earlierRefused)
             return Failure{folder_, "it already holds a user dictionary."};
-        if (earlier == EarlierPair::Saved)
+        if (earlier == ExistingDictionary::BackUp)
             saveLeftovers(backups);
         auto staged = StagedMembers::in(folder_.path());
         if (!staged)
@@ -211,14 +211,14 @@ class Build {
         });
     }
 
-    Result putInPlace(StagedMembers& staged, EarlierPair earlier, const FolderItem& backups) {
+    Result putInPlace(StagedMembers& staged, ExistingDictionary earlier, const FolderItem& backups) {
         Failures failures;
         // The index goes first and comes last, so that no index is ever beside a text that it does not belong to.
         if (!staged.beginSwap())
             return notWritten(folder_);
         if (!staged.swap({std::string(kIndexFileName), std::string(kTextFileName)}, work_, failures))
             return joined(failures);
-        if (earlier != EarlierPair::Saved)
+        if (earlier != ExistingDictionary::BackUp)
             return staged.forgetOld() ? Result() : undo(staged, failures);
         const auto old = staged.keepOld();
         if (!old)
@@ -290,7 +290,7 @@ std::string withSuperscripts(std::string_view line) {
 }
 
 BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, ProgressPort& progress,
-                                EarlierPair earlier, const FolderItem& backups) {
+                                ExistingDictionary earlier, const FolderItem& backups) {
     return Build(source, folder, progress).run(earlier, backups);
 }
 

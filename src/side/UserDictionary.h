@@ -27,11 +27,11 @@ struct BuildResult {
 /// "__NUM__" a hyphen, ignoring the case of the marker. Everything else, line ends included, stays as it is.
 std::string withSuperscripts(std::string_view line);
 
-/// What happens to an earlier dictionary in the folder.
-enum class EarlierPair {
-    Refused, ///< nothing is built
-    Removed,
-    Saved, ///< moved to a new folder in the folder for backups
+/// What a build does with a dictionary that the folder already holds.
+enum class ExistingDictionary {
+    Refuse, ///< builds nothing
+    Remove,
+    BackUp, ///< moves it to a new folder in the folder for backups
 };
 
 /// Builds a user dictionary in `folder`, which must exist, from the source file. Both files are written to a hidden
@@ -39,6 +39,6 @@ enum class EarlierPair {
 /// as it was. After a kill the next build first gives the earlier pair its names back. What is saved goes to a folder
 /// in `backups` whose name is that of the dictionary, "-Oldversion-" and the first number that is free.
 BuildResult buildUserDictionary(const FolderItem& source, const FolderItem& folder, ProgressPort& progress,
-                                EarlierPair earlier, const FolderItem& backups = {});
+                                ExistingDictionary earlier, const FolderItem& backups = {});
 
 } // namespace velmarin

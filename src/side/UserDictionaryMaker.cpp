@@ -58,7 +58,7 @@ std::string notUtf8Message(std::int64_t lines) {
 /// A new folder is removed again if the build fails.
 BuildResult build(const FolderItem& source, const FolderItem& folder, bool isNew, ProgressPort& progress,
                   const FolderItem& desktop) {
-    const BuildResult result = buildUserDictionary(source, folder, progress, EarlierPair::Saved, desktop);
+    const BuildResult result = buildUserDictionary(source, folder, progress, ExistingDictionary::BackUp, desktop);
     std::error_code ignored;
     if (!result.ok && isNew)
         std::filesystem::remove(folder.path(), ignored);

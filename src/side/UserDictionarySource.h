@@ -6,8 +6,8 @@
 
 namespace velmarin {
 
-/// The chosen user dictionary as a source. Its hits are inserted at the insertion point; without one, or without a
-/// chosen dictionary, nothing is.
+/// The chosen user dictionary as a source. Hits are inserted at the insertion point. Inserts nothing if there is no
+/// hit or no dictionary is chosen.
 class UserDictionarySource : public LookUpSource {
   public:
     explicit UserDictionarySource(const SourceParts& parts) : parts_(parts) {}

@@ -27,8 +27,8 @@ class WordsSource : public LookUpSource {
     /// True if WORDS answered; only then is the text changed. Raises NilObjectException if the script "temp.sh" cannot
     /// be written. The caller holds a Busy guard.
     bool mLatinWORDS(const std::string& word);
-    /// Tries WORDS without a word. If it fails, the user is asked whether to go to its home page; there is no address
-    /// to open for either answer.
+    /// Tries WORDS without a word. If that fails, asks the user whether to go to its home page. Neither answer opens
+    /// anything, because no address is known. Returns false if WORDS failed.
     bool LatinCB_Action();
 
   private:

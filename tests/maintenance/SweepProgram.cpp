@@ -17,7 +17,7 @@ Job defineKeep(CLI::App& command) {
         const auto paths = operands(folders);
         SilentProgress progress;
         const BuildResult result = buildUserDictionary(FolderItem(paths.at(0)), FolderItem(paths.at(1)), progress,
-                                                       EarlierPair::Saved, FolderItem(paths.at(2)));
+                                                       ExistingDictionary::BackUp, FolderItem(paths.at(2)));
         if (!result.ok)
             session.couldNot(result.reason);
         return Status::Done;

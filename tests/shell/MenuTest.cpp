@@ -37,7 +37,7 @@ QAction* item(MainWindow& window, const QString& caption) {
 TEST(Menus, EveryItemHasAHandlerALetterAndAShortcutOfItsOwn) {
     Started run;
     run.start();
-    const Commands commands = run.app().commands().after(run.window());
+    const Commands commands = run.app().commands().withFirst(run.window());
     QSet<QKeySequence> shortcuts;
     for (const MenuPlan& menu : menuTree()) {
         const QList<QAction*> rows = run.window().menuBar()->findChild<QMenu*>(toQ(menu.name))->actions();

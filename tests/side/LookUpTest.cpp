@@ -127,7 +127,7 @@ TEST_F(LookUp, WaitsOnceWhileSomethingElseRuns) {
         text.text = "amor";
         ask("amor");
         EXPECT_EQ(text.length, 4) << "finding does not wait";
-        model->setTarget(FindTarget::DicApp);
+        model->setTarget(FindTarget::LookUp);
     }
     EXPECT_EQ(posted.size(), 1U);
     runPosted();
@@ -154,7 +154,7 @@ TEST_F(LookUp, ThatWaitsIsDroppedWithItsWindow) {
 }
 
 TEST(SynchronizedLookUp, ShowsItsTargetAndLeavesTheSetting) {
-    for (const FindTarget target : {FindTarget::Find, FindTarget::DicApp})
+    for (const FindTarget target : {FindTarget::Find, FindTarget::LookUp})
         for (const bool fails : {false, true}) {
             ModelFixture fixture;
             fs::create_directories(fixture.groupFolder.path() / "UserDictionaries/WithoutIndex");
@@ -167,8 +167,8 @@ TEST(SynchronizedLookUp, ShowsItsTargetAndLeavesTheSetting) {
             bool keptMeanwhile = true;
             fixture.host.onYield = [&] {
                 keptMeanwhile = keptMeanwhile && model.settings().target == target &&
-                                fixture.display.targets == std::vector{FindTarget::DicApp};
-                model.setTarget(target == FindTarget::Find ? FindTarget::DicApp : FindTarget::Find);
+                                fixture.display.targets == std::vector{FindTarget::LookUp};
+                model.setTarget(target == FindTarget::Find ? FindTarget::LookUp : FindTarget::Find);
                 fixture.host.onYield = nullptr;
             };
             if (fails)

@@ -97,7 +97,7 @@ class ModelFixture : public SideFixture {
     /// A model whose Return key looks words up in these sources, by their first letters.
     SideModel& openForLookUp(std::string_view sources = "S") {
         SubwindowSettings settings;
-        settings.target = FindTarget::DicApp;
+        settings.target = FindTarget::LookUp;
         for (const Source source : {Service, Latin, User})
             settings.sourcesOn[source] = sources.find("SLU"[source]) != std::string_view::npos;
         settings.userDicRow = 0;

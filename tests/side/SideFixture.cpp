@@ -35,7 +35,7 @@ void SideFixture::addUserDictionary(const std::string& name, const std::string& 
     SilentProgress progress;
     const TempFolder data;
     const BuildResult result = buildUserDictionary(FolderItem(data.write("source", source)), FolderItem(folder),
-                                                   progress, EarlierPair::Refused);
+                                                   progress, ExistingDictionary::Refuse);
     if (!result.ok)
         throw std::runtime_error(result.reason);
 }

@@ -123,7 +123,7 @@ TEST_F(Model, SavesWhatIsChosenInTheGroupOfTheOpening) {
     model->setSource(test::Service, false);
     model->mMakeUserDicPU();
     model->setUserDictionary(0);
-    model->setTarget(FindTarget::DicApp);
+    model->setTarget(FindTarget::LookUp);
     model->setSyncronizeCB(true);
     model->setFontRow(7);
     model->setSizeRow(3);

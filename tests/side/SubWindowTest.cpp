@@ -33,7 +33,7 @@ TEST_F(SideWindow, KeepsItsSettingsForTheNextOpening) {
     QEnterEvent entered(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
     QApplication::sendEvent(&popup, &entered);
     popup.setListIndex(1);
-    side().takeTarget(FindTarget::DicApp);
+    side().takeTarget(FindTarget::LookUp);
     control<TextSizeBevelButton>("BVsize").SelectMenuFromFontSize(20);
     side().resize(400, side().height());
     const int font = control<TextFontBevelButton>("BVfonts").MenuValue();
@@ -69,7 +69,7 @@ TEST_F(SideWindow, LooksUpAndSynchronizes) {
     EXPECT_EQ(FindEF().text(), "amor");
     EXPECT_EQ(side().findBar().FindBV()->toolTip(), "Find the word in the text");
     host.option.held = true;
-    side().takeTarget(FindTarget::DicApp);
+    side().takeTarget(FindTarget::LookUp);
     QTest::mouseClick(side().findBar().FindBV(), Qt::LeftButton);
     EXPECT_EQ(std::count(main.log.begin(), main.log.end(), "search amor"), 1);
 }
@@ -126,7 +126,7 @@ TEST_F(SideWindow, ShowsWhatItWaitsForUntilItIsStopped) {
 }
 
 TEST_F(SideWindow, ShutWhileItLooksUpIsDestroyedAtTheEndOfThat) {
-    open().takeTarget(FindTarget::DicApp);
+    open().takeTarget(FindTarget::LookUp);
     const QPointer<SubWindow> watched(&side());
     host.onYield = [&] {
         side().shut();
@@ -143,7 +143,7 @@ TEST_F(SideWindow, TakesATargetWithTheFocus) {
     SubWindow& side = open();
     QApplication::setActiveWindow(&side);
     FindEF().setText("amor");
-    for (const FindTarget target : {FindTarget::DicApp, FindTarget::Find}) {
+    for (const FindTarget target : {FindTarget::LookUp, FindTarget::Find}) {
         EF().setFocus();
         side.takeTarget(target);
         EXPECT_EQ(side.model().settings().target, target);
@@ -200,10 +200,10 @@ TEST(SideActivation, LeavesTheFocusToTheSearchFieldUnlessAFieldIsClicked) {
 }
 
 TEST(SideEnd, ByTheMainWindowOrTheDesktopIsReportedAndSaved) {
-    for (const Hanging hanging : {Hanging::Window, Hanging::Panel})
+    for (const Attachment attachment : {Attachment::Window, Attachment::Panel})
         for (const bool byMainWindow : {true, false}) {
             WindowFixture fixture;
-            SubWindow& side = fixture.open(hanging);
+            SubWindow& side = fixture.open(attachment);
             const QPointer<SubWindow> watched(&side);
             int closed = 0;
             QObject::connect(&side, &SubWindow::closed, [&] { ++closed; });

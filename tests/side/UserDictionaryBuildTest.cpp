@@ -38,7 +38,7 @@ struct Built {
 
     explicit Built(const std::string& source) {
         result = buildUserDictionary(FolderItem(folder.write("source.txt", source)), dictionary(), progress,
-                                     EarlierPair::Removed);
+                                     ExistingDictionary::Remove);
     }
     FolderItem dictionary() const {
         fs::create_directories(folder.path() / "Latin");
@@ -106,16 +106,16 @@ TEST(BuildProgress, IsReportedInTheOrderOfThePasses) {
 TEST(BuildAgain, OneFileOfAnEarlierPairIsRefusedOrSavedToo) {
     Built built("old\tx\n");
     const FolderItem source(built.folder.write("source.txt", "new\ty\n"));
-    const auto build = [&](EarlierPair earlier, const fs::path& desktop) {
+    const auto build = [&](ExistingDictionary earlier, const fs::path& desktop) {
         return buildUserDictionary(source, built.dictionary(), built.progress, earlier, FolderItem(desktop));
     };
     fs::remove(built.folder.path() / "Latin/Index.txt");
-    EXPECT_TRUE(build(EarlierPair::Refused, {}).earlierRefused);
-    EXPECT_FALSE(build(EarlierPair::Saved, built.folder.write("file", "")).ok) << "it cannot be saved there";
+    EXPECT_TRUE(build(ExistingDictionary::Refuse, {}).earlierRefused);
+    EXPECT_FALSE(build(ExistingDictionary::BackUp, built.folder.write("file", "")).ok) << "it cannot be saved there";
     EXPECT_EQ(built.folder.read("Latin/Text.txt"), "old\tx\n");
-    EXPECT_TRUE(build(EarlierPair::Saved, built.folder.path() / "Desktop").ok);
+    EXPECT_TRUE(build(ExistingDictionary::BackUp, built.folder.path() / "Desktop").ok);
     EXPECT_EQ(built.folder.read("Desktop/Latin-Oldversion-0/Text.txt"), "old\tx\n");
-    EXPECT_TRUE(build(EarlierPair::Removed, built.folder.path() / "Desktop").ok);
+    EXPECT_TRUE(build(ExistingDictionary::Remove, built.folder.path() / "Desktop").ok);
     EXPECT_EQ(FolderItem(built.folder.path() / "Desktop").items().size(), 1U);
     EXPECT_EQ(built.dictionary().items().size(), 2U);
 }
@@ -161,8 +161,9 @@ TEST(BuildRefused, LeavesAnEarlierDictionaryAsItIs) {
         earlier.folder.write("changing.txt", "new\ty\n");
         earlier.progress.onYield = [&] { earlier.folder.write("changing.txt", "quite another\ty\n"); };
         each.prepare(earlier.folder.path());
-        const BuildResult result = buildUserDictionary(FolderItem(earlier.folder.path() / each.source),
-                                                       earlier.dictionary(), earlier.progress, EarlierPair::Removed);
+        const BuildResult result =
+            buildUserDictionary(FolderItem(earlier.folder.path() / each.source), earlier.dictionary(), earlier.progress,
+                                ExistingDictionary::Remove);
         EXPECT_FALSE(result.ok);
         EXPECT_NE(result.reason.find(each.reason), std::string::npos) << result.reason;
         const bool isText = fs::is_regular_file(earlier.folder.path() / "Latin/Text.txt");

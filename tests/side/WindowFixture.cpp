@@ -16,9 +16,9 @@ WindowFixture::~WindowFixture() {
     delete side_;
 }
 
-SubWindow& WindowFixture::open(Hanging hanging) {
+SubWindow& WindowFixture::open(Attachment attachment) {
     frame.show();
-    side_ = new SubWindow(main, services(), hanging, [this](const QColor&) {
+    side_ = new SubWindow(main, services(), attachment, [this](const QColor&) {
         return nextColor.isValid() ? std::optional(nextColor) : std::nullopt;
     });
     side_->open();
@@ -26,10 +26,10 @@ SubWindow& WindowFixture::open(Hanging hanging) {
 }
 
 SubWindow& WindowFixture::reopen() {
-    const Hanging hanging = side_->hanging();
+    const Attachment attachment = side_->attachment();
     side_->shut();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return open(hanging);
+    return open(attachment);
 }
 
 void WindowFixture::ask(const QString& word) {

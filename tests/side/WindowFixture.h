@@ -24,7 +24,7 @@ class WindowFixture : public SideFixture {
     WindowFixture();
     ~WindowFixture();
 
-    SubWindow& open(Hanging hanging = Hanging::Window);
+    SubWindow& open(Attachment attachment = Attachment::Window);
     SubWindow& side() { return *side_; }
     /// Shuts the window and opens another one.
     SubWindow& reopen();

@@ -1,4 +1,4 @@
-#include "side/SideHanging.h"
+#include "side/SideAttachment.h"
 
 #include <QDockWidget>
 #include <QEvent>
@@ -19,8 +19,8 @@ constexpr int kRounding = 1;
 
 } // namespace
 
-Hanging hangingFor(const QString& platform) {
-    return platform.startsWith(QLatin1String("wayland")) ? Hanging::Panel : Hanging::Window;
+Attachment attachmentFor(const QString& platform) {
+    return platform.startsWith(QLatin1String("wayland")) ? Attachment::Panel : Attachment::Window;
 }
 
 QRect placeBeside(const QRect& mainFrame, const QRect& mainContent, int width, const QRect& screen) {
@@ -29,11 +29,12 @@ QRect placeBeside(const QRect& mainFrame, const QRect& mainContent, int width, c
     return {std::max(std::min(flush, rightmost), screen.x()), mainContent.y(), width, mainContent.height()};
 }
 
-SideHanging::SideHanging(Hanging hanging, QWidget* side, QMainWindow* mainWindow, int minimumWidth, int maximumWidth)
-    : QObject(mainWindow), hanging_(hanging), side_(side), mainWindow_(mainWindow), minimumWidth_(minimumWidth),
+SideAttachment::SideAttachment(Attachment attachment, QWidget* side, QMainWindow* mainWindow, int minimumWidth,
+                               int maximumWidth)
+    : QObject(mainWindow), attachment_(attachment), side_(side), mainWindow_(mainWindow), minimumWidth_(minimumWidth),
       maximumWidth_(maximumWidth) {
     mainWindow->installEventFilter(this);
-    if (hanging == Hanging::Panel) {
+    if (attachment == Attachment::Panel) {
         dock_ = new QDockWidget(mainWindow);
         dock_->setObjectName(QStringLiteral("SubWindowPanel"));
         dock_->setFeatures(QDockWidget::NoDockWidgetFeatures);
@@ -49,7 +50,7 @@ SideHanging::SideHanging(Hanging hanging, QWidget* side, QMainWindow* mainWindow
     side->installEventFilter(this);
 }
 
-SideHanging::~SideHanging() {
+SideAttachment::~SideAttachment() {
     if (dock_.isNull())
         return;
     // The owner of the side window deletes it.
@@ -58,8 +59,8 @@ SideHanging::~SideHanging() {
     delete dock_;
 }
 
-void SideHanging::show(int width) {
-    if (hanging_ == Hanging::Panel) {
+void SideAttachment::show(int width) {
+    if (attachment_ == Attachment::Panel) {
         side_->show();
         dock_->show();
         mainWindow_->resizeDocks({dock_}, {width}, Qt::Horizontal);
@@ -73,16 +74,16 @@ void SideHanging::show(int width) {
     grip_->raise();
 }
 
-int SideHanging::width() const {
-    return hanging_ == Hanging::Window ? width_ : side_->width();
+int SideAttachment::width() const {
+    return attachment_ == Attachment::Window ? width_ : side_->width();
 }
 
-void SideHanging::takeOtherWidth() {
+void SideAttachment::adoptUserWidth() {
     if (std::abs(side_->width() - width_) > kRounding)
         width_ = side_->width();
 }
 
-void SideHanging::place() {
+void SideAttachment::place() {
     if (side_.isNull() || mainWindow_.isNull())
         return;
     const QRect screen = mainWindow_->screen()->availableGeometry();
@@ -97,11 +98,11 @@ void SideHanging::place() {
     placeGrip();
 }
 
-void SideHanging::placeGrip() {
+void SideAttachment::placeGrip() {
     grip_->setGeometry(leftIsFree_ ? 0 : side_->width() - kGripWidth, 0, kGripWidth, side_->height());
 }
 
-void SideHanging::drag(QEvent* event) {
+void SideAttachment::drag(QEvent* event) {
     const auto* mouse = static_cast<QMouseEvent*>(event);
     const int at = mouse->globalPosition().toPoint().x();
     if (event->type() == QEvent::MouseButtonPress) {
@@ -118,7 +119,7 @@ void SideHanging::drag(QEvent* event) {
     place();
 }
 
-bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
+bool SideAttachment::eventFilter(QObject* watched, QEvent* event) {
     const QEvent::Type type = event->type();
     if (watched == grip_) {
         const bool dragged =
@@ -128,7 +129,7 @@ bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
         return type == QEvent::MouseButtonPress || QObject::eventFilter(watched, event);
     }
     if (watched == side_ && type == QEvent::Resize) {
-        takeOtherWidth();
+        adoptUserWidth();
         place();
     }
     if (watched != mainWindow_)
@@ -138,7 +139,7 @@ bool SideHanging::eventFilter(QObject* watched, QEvent* event) {
         return false; // this object may be gone
     }
     // Nothing to do on minimizing: the desktop hides a window's transient windows with it.
-    if (hanging_ == Hanging::Window && (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show))
+    if (attachment_ == Attachment::Window && (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show))
         place();
     return QObject::eventFilter(watched, event);
 }

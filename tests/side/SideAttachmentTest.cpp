@@ -1,4 +1,4 @@
-#include "side/SideHanging.h"
+#include "side/SideAttachment.h"
 
 #include "WindowFixture.h"
 
@@ -38,7 +38,7 @@ TEST(SideHangs, At) {
 
 TEST(SideHangsAs, APanelIfProgramsCannotPlaceTheirWindows) {
     for (const char* platform : {"wayland", "wayland-egl", "xcb", "offscreen"})
-        EXPECT_EQ(hangingFor(platform) == Hanging::Panel, QString(platform).contains("wayland")) << platform;
+        EXPECT_EQ(attachmentFor(platform) == Attachment::Panel, QString(platform).contains("wayland")) << platform;
 }
 
 TEST_F(SideHangsAsWindow, FollowsTheMainWindow) {
@@ -92,7 +92,7 @@ TEST(SideWidth, KeepsTheWidthThatWasAskedForWhenTheDesktopRoundsIt) {
 TEST_F(SideHangsAsPanel, IsInsideTheMainWindow) {
     groupFolder.write("Subwindow", "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
     frame.setCentralWidget(new QWidget);
-    open(Hanging::Panel);
+    open(Attachment::Panel);
     EXPECT_FALSE(side().isWindow());
     EXPECT_TRUE(side().isVisible());
     EXPECT_EQ(side().window(), &frame);

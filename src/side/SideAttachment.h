@@ -11,12 +11,12 @@ class QMainWindow;
 
 namespace velmarin {
 
-/// How a side window hangs at its main window: as a window beside it, or, if programs cannot place their windows on
-/// this display system, as a panel inside its right edge.
-enum class Hanging { Window, Panel };
+/// How a side window is attached to its main window: as a window beside it, or, if programs cannot place their windows
+/// on this display system, as a panel inside its right edge.
+enum class Attachment { Window, Panel };
 
 /// `platform` is Qt's name of the display system.
-Hanging hangingFor(const QString& platform);
+Attachment attachmentFor(const QString& platform);
 
 /// The place of a side window of this width: flush with the right edge of the main window's frame, as high as its
 /// content, and moved left as far as it needs to stay on the screen.
@@ -24,13 +24,13 @@ QRect placeBeside(const QRect& mainFrame, const QRect& mainContent, int width, c
 
 /// Keeps `side` at `mainWindow`. A window follows the moves and sizes of the main window, and its width is changed at
 /// its free edge; a panel is resized by the separator of the main window.
-class SideHanging : public QObject {
+class SideAttachment : public QObject {
     Q_OBJECT
   public:
-    SideHanging(Hanging hanging, QWidget* side, QMainWindow* mainWindow, int minimumWidth, int maximumWidth);
-    ~SideHanging() override;
+    SideAttachment(Attachment attachment, QWidget* side, QMainWindow* mainWindow, int minimumWidth, int maximumWidth);
+    ~SideAttachment() override;
 
-    Hanging hanging() const { return hanging_; }
+    Attachment attachment() const { return attachment_; }
     /// Shows the side window with this width.
     void show(int width);
     /// The width that `show` or the user asked for. At a fractional scale the real width can be a pixel off, because
@@ -46,11 +46,11 @@ class SideHanging : public QObject {
 
   private:
     void place();
-    void takeOtherWidth();
+    void adoptUserWidth();
     void placeGrip();
     void drag(QEvent* event);
 
-    Hanging hanging_;
+    Attachment attachment_;
     QPointer<QWidget> side_;
     QPointer<QMainWindow> mainWindow_;
     QPointer<QDockWidget> dock_;

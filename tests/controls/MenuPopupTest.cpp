@@ -41,16 +41,20 @@ struct BevelMenu : ::testing::Test {
     void clickRow(int row) { QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, placeOf(row)); }
 };
 
-TEST_F(BevelMenu, AClickOrADragToARowPicksIt) {
+TEST_F(BevelMenu, AClickOrADragPicksARowAndAHandlerSeesItInAClosedMenuAndMayReplaceTheRows) {
+    button.setMenuValue(3);
+    QObject::connect(&button, &BevelButton::rowChosen, &window, [&](int row) {
+        EXPECT_EQ(button.MenuValue(), row);
+        EXPECT_FALSE(button.menuIsOpen() || button.isDown());
+        button.setRows(pages(3));
+    });
     QTest::mousePress(&button, Qt::LeftButton);
     ASSERT_TRUE(button.menuIsOpen());
     const QPoint pressed = button.mapToGlobal(button.rect().center());
     QTest::mouseRelease(list()->viewport(), Qt::LeftButton, {}, list()->viewport()->mapFromGlobal(pressed));
     ASSERT_TRUE(button.menuIsOpen()) << "the release of the press that opened it picks nothing";
     clickRow(3);
-    EXPECT_EQ(chosen, std::vector<int>{3});
-    EXPECT_EQ(button.MenuValue(), 3);
-    EXPECT_FALSE(button.menuIsOpen() || button.isDown());
+    EXPECT_EQ(chosen, std::vector<int>{3}) << "the current row can be picked again";
     QTest::mousePress(&button, Qt::LeftButton);
     const QPoint place = placeOf(2);
     QMouseEvent move(QEvent::MouseMove, place, list()->viewport()->mapToGlobal(place), {}, Qt::LeftButton, {});
@@ -58,19 +62,6 @@ TEST_F(BevelMenu, AClickOrADragToARowPicksIt) {
     EXPECT_EQ(list()->currentIndex().row(), 2) << "the row under the pointer is highlighted";
     QTest::mouseRelease(list()->viewport(), Qt::LeftButton, {}, place);
     EXPECT_EQ(chosen, (std::vector<int>{3, 2}));
-}
-
-TEST_F(BevelMenu, HandlerSeesTheNewValueAndAClosedMenuAndMayReplaceTheRows) {
-    button.setMenuValue(4);
-    QObject::connect(&button, &BevelButton::rowChosen, &window, [&] {
-        EXPECT_EQ(button.MenuValue(), 4);
-        EXPECT_FALSE(button.menuIsOpen()) << "a handler may show a message or open another menu";
-        button.setRows(pages(2));
-    });
-    button.openMenu();
-    clickRow(4);
-    EXPECT_EQ(chosen, std::vector<int>{4}) << "the current row can be picked again";
-    EXPECT_EQ(button.rowCount(), 2);
 }
 
 TEST_F(BevelMenu, KeysReachEveryRow) {

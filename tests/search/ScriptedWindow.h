@@ -47,15 +47,13 @@ struct ScriptedPage : PageDisplay {
         title = dictionary + "/" + text, problem = trouble;
     }
     void enablePaging(bool enabled) override { paging = enabled; }
-    void showJumpRows(const std::vector<std::string>& rows) override { jumpRows = joined(rows), jumpValue = 0; }
+    void showJumpRows(const std::vector<std::string>& rows) override { jumpRows = Join(rows, ","), jumpValue = 0; }
     void showJumpValue(int menuValue) override { jumpValue = menuValue; }
     void clearHistory() override { history = "", historyValue = 0; }
     void addHistoryRow(const std::string& text) override { history += text; }
     void showHistoryValue(int menuValue) override { historyValue = menuValue; }
-    void showErrata(const std::vector<std::string>& names) override { errata = joined(names); }
+    void showErrata(const std::vector<std::string>& names) override { errata = Join(names, ","); }
     void showFitValue(int menuValue) override { fitValue = menuValue; }
-
-    static std::string joined(const std::vector<std::string>& texts) { return Join(texts, ","); }
 };
 
 struct Step {
@@ -116,13 +114,12 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
         const ScriptedPage& shown = this->shown();
         const std::string& caption = captions.at(static_cast<std::size_t>(model.tabs.front()));
         const auto some = [](bool told, const std::string& text) { return told ? " " + text : std::string(); };
-        const auto orNone = [](const std::string& text) { return text.empty() ? "-" : text; };
-        const std::string dictionary = shown.page.substr(0, shown.page.find('/'));
+        const bool otherTab = !shown.page.empty() && shown.page.substr(0, shown.page.find('/')) != caption;
         return orNone(shown.page) + " " + orNone(shown.name) + " " + std::to_string(shown.jumpValue) +
                some(shown.historyValue != 0 || !shown.history.empty(),
                     std::to_string(shown.historyValue) + ":" + shown.history) +
                some(!shown.errata.empty(), "[" + shown.errata + "]") + some(shown.title != shown.page, shown.title) +
-               some(!shown.page.empty() && caption != dictionary, "tab " + caption) +
+               some(otherTab, "tab " + caption) +
                some(!shown.page.empty() && shown.fit != shown.fitValue, "fit " + std::to_string(shown.fit)) +
                some(shown.noPicture, "No Picture") + some(!shown.problem.empty(), shown.problem) +
                some(!shown.paging, "off") + some(shown.stale, "stale") +
@@ -136,12 +133,12 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
         EXPECT_EQ(host.messages, std::vector<std::string>{});
     }
     ScriptedPage& shown() { return pages.at(static_cast<std::size_t>(model.tabs.front())); }
-    /// The names of the pages of all tabs; "-" if there is none.
+    /// The names of the pages of all tabs.
     std::string names() const {
-        std::vector<std::string> all;
+        std::string all;
         for (const ScriptedPage& each : pages)
-            all.push_back(each.name.empty() ? "-" : each.name);
-        return Join(all, " ");
+            all += (all.empty() ? "" : " ") + orNone(each.name);
+        return all;
     }
 
     TempFolder folder;
@@ -157,6 +154,7 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
     std::vector<int> progress; ///< the maximum, each value, and -1 as the bar is hidden
 
   private:
+    static std::string orNone(const std::string& text) { return text.empty() ? "-" : text; }
     PageDisplay& addTab(const std::string& caption) override {
         return captions.push_back(caption), pages.emplace_back();
     }

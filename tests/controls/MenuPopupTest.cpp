@@ -69,11 +69,10 @@ TEST_F(BevelMenu, KeysReachEveryRow) {
     using Rows = std::vector<int>;
     const auto up = Qt::Key_Up, space = Qt::Key_Space, enter = Qt::Key_Return;
     const std::tuple<const char*, Keys, Rows> cases[] = {
-        {"Space and Return pick the current row", {space, enter}, {5}},
+        {"Space and Return pick the current row", {space, Qt::Key_Enter}, {5}},
         {"Down opens without moving", {Qt::Key_Down, enter}, {5}},
-        {"Down", {enter, Qt::Key_Down, enter}, {6}},
         {"Up passes over the separator", {Qt::Key_F4, up, up, up, up, enter}, {0}},
-        {"typing searches", {space, Qt::Key_P, Qt::Key_1, Qt::Key_5, Qt::Key_0, enter}, {152}},
+        {"typing searches", {enter, Qt::Key_P, Qt::Key_1, Qt::Key_5, Qt::Key_0, enter}, {152}},
         {"Escape picks nothing", {space, Qt::Key_End, Qt::Key_Escape}, {}},
         {"Tab picks nothing", {space, Qt::Key_End, Qt::Key_Tab}, {}},
     };

@@ -57,7 +57,6 @@ TEST_F(PopupMenuTest, KeysOpenTheListAndOnlyTheListAndCodePick) {
         {"F4", [&] { key(Qt::Key_F4); }, 1, 0, true},
         {"letter and Return", [&] { key('e'), inList(Qt::Key_Return); }, 0, 1},
         {"Down twice and Return", [&] { key(Qt::Key_Down), inList(Qt::Key_Down), inList(Qt::Key_Return); }, 2, 1},
-        {"Escape", [&] { key(Qt::Key_Down), inList(Qt::Key_Down), inList(Qt::Key_Escape); }, 1, 0},
         {"click", [&] { menu.showPopup(), clickRow(2); }, 2, 1},
         {"click on the current row", [&] { menu.showPopup(), clickRow(1); }, 1, 1},
         {"code on the same row", [&] { menu.setListIndex(1); }, 1, 1},

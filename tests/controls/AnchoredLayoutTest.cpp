@@ -38,13 +38,11 @@ struct ResizeRecorder : QWidget {
     void resizeEvent(QResizeEvent* event) override { last = event->size(); }
 };
 
-struct AnchoredLayoutTest : ::testing::Test {
+TEST(AnchoredLayout, ResizesHiddenPagesAndWhatIsInThemAndForgetsDeletedWidgets) {
     QWidget window;
-    AnchoredLayout* layout = new AnchoredLayout(&window, design);
-    AnchoredLayoutTest() { window.resize(design); }
-};
-
-TEST_F(AnchoredLayoutTest, AHiddenPageAndTheLayoutInItFollowTheWindowShownOrHidden) {
+    window.resize(design);
+    auto* layout = new AnchoredLayout(&window, design);
+    layout->add(std::make_unique<QWidget>(&window).get(), {10, 10, 20, 20}, allEdges);
     auto* page = new QWidget(&window);
     page->hide();
     auto* inner = new AnchoredLayout(page, {808, 743});
@@ -60,19 +58,10 @@ TEST_F(AnchoredLayoutTest, AHiddenPageAndTheLayoutInItFollowTheWindowShownOrHidd
     window.resize(800, 809);
     layout->apply();
     EXPECT_EQ(canvas->geometry(), QRect(7, 25, 758, 714));
-}
-
-TEST_F(AnchoredLayoutTest, ForgetsDeletedChildrenAndIgnoresStrangers) {
-    {
-        QWidget child(&window);
-        layout->add(&child, {10, 10, 20, 20}, allEdges);
-    }
-    layout->apply();
-    QWidget stranger;
-    const QRect before = stranger.geometry();
-    layout->setRect(&stranger, {1, 2, 3, 4});
-    EXPECT_EQ(stranger.geometry(), before);
-    EXPECT_TRUE(layout->rect(&stranger).isNull());
+    layout->setRect(page, {11, 59, 800, 743});
+    EXPECT_EQ(canvas->width(), 750);
+    EXPECT_EQ(layout->rect(page), QRect(11, 59, 800, 743)) << "at the design size";
+    EXPECT_TRUE(layout->rect(canvas).isNull()) << "it belongs to another layout";
 }
 
 } // namespace

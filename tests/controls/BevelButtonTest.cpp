@@ -3,8 +3,10 @@
 #include "Ink.h"
 
 #include <QAccessible>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -25,7 +27,7 @@ TEST(BevelButton, MenuValueStaysWithinTheRowsAndCodeSetsItWithoutASignal) {
     } cases[] = {
         {"the first row counts as set", 0, [](Button&) {}, 0, true},
         {"beyond the last", 4, [](Button&) {}, 3, true},
-        {"negative", -1, [](Button&) {}, 0, true},
+        {"negative", 2, [](Button& b) { b.setMenuValue(-1); }, 0, true},
         {"any value kept", 1, [](Button& b) { b.setKeepsAnyValue(true), b.setMenuValue(7), b.openMenu(); }, 7, true},
         {"rows deleted", 2, [](Button& b) { b.DeleteAllRows(); }, 0, false},
         {"no rows to set", 0, [](Button& b) { b.DeleteAllRows(), b.setMenuValue(3); }, 0, false},
@@ -49,45 +51,25 @@ TEST(BevelButton, MenuValueStaysWithinTheRowsAndCodeSetsItWithoutASignal) {
     }
 }
 
-TEST(BevelButton, ShowsItsCurrentRowOnlyOnceOneIsSetAndOnlyIfAskedTo) {
-    BevelButton button("Page");
-    button.resize(80, 16);
-    button.setRows({"i", "p\xFF&1.tif", "webster_unabridged_1913_page_0123.tif"});
-    EXPECT_EQ(button.List(1), "p\xFF&1.tif") << "byte for byte";
-    button.setMenuValue(0);
-    EXPECT_EQ(button.shownText(), "Page");
-    button.setShowsCurrentRow(true);
-    EXPECT_EQ(button.shownText(), "i");
-    button.setMenuValue(2);
-    EXPECT_TRUE(button.shownText().startsWith("web") && button.shownText().endsWith("tif")) << "cut in the middle";
-    EXPECT_TRUE(button.shownText().contains(QChar(0x2026)));
-    button.setRows({"i"});
-    EXPECT_EQ(button.shownText(), "Page");
-}
-
 TEST(BevelButton, ShowsItsWholeCaptionReadablyAtAnyFont) {
-    const struct {
-        const char* caption;
-        QSize size;
-        bool menu;
-    } layouts[] = {{"Image size", {96, 16}, true}, {"Subwindow", {71, 28}, false}, {"A && B", {70, 16}, false}};
-    for (const auto& layout : layouts)
-        for (const double points : {7.0, 30.0}) {
-            SCOPED_TRACE(std::string(layout.caption) + " at " + std::to_string(points));
-            BevelButton button(layout.caption), blank;
-            for (BevelButton* each : {&button, &blank}) {
-                QFont font = each->font();
-                font.setPointSizeF(points);
-                each->setFont(font);
-                each->setHasMenu(layout.menu);
-                each->resize(layout.size);
-            }
-            EXPECT_EQ(button.shownText().toStdString(), layout.caption);
-            const QRect ink = difference(painted(button), painted(blank));
-            EXPECT_TRUE(button.rect().adjusted(1, 1, -1, -1).contains(ink));
-            EXPECT_GE(ink.height(), 6);
-            EXPECT_LE(std::abs(ink.center().y() - button.rect().center().y()), 2);
+    const std::tuple<const char*, QSize, bool, double> cases[] = {
+        {"Image size", {96, 16}, true, 30}, {"Subwindow", {71, 28}, false, 7}, {"A && B", {70, 16}, false, 30}};
+    for (const auto& [caption, size, menu, points] : cases) {
+        SCOPED_TRACE(caption);
+        BevelButton button(caption), blank;
+        for (BevelButton* each : {&button, &blank}) {
+            QFont font = each->font();
+            font.setPointSizeF(points);
+            each->setFont(font);
+            each->setHasMenu(menu);
+            each->resize(size);
         }
+        EXPECT_EQ(button.shownText().toStdString(), caption);
+        const QRect ink = difference(painted(button), painted(blank));
+        EXPECT_TRUE(button.rect().adjusted(1, 1, -1, -1).contains(ink));
+        EXPECT_GE(ink.height(), 6);
+        EXPECT_LE(std::abs(ink.center().y() - button.rect().center().y()), 2);
+    }
 }
 
 TEST(BevelButton, FrameIsWholeDevicePixelsWide) {
@@ -101,61 +83,82 @@ TEST(BevelButton, FrameIsWholeDevicePixelsWide) {
     }
 }
 
-TEST(BevelButton, KeysPressAPlainButton) {
+TEST(BevelButton, KeysClicksAndScreenReadersPressAPlainButton) {
     BevelButton button("Next");
     QSignalSpy clicked(&button, &QAbstractButton::clicked);
-    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
-        QTest::keyClick(&button, key);
-    EXPECT_EQ(clicked.count(), 3);
+    const auto press = [&] {
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+            QTest::keyClick(&button, key);
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&button);
+        heard->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    };
+    press();
+    EXPECT_EQ(clicked.count(), 5);
     button.setEnabled(false);
-    QTest::keyClick(&button, Qt::Key_Return);
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_EQ(clicked.count(), 3);
+    press();
+    EXPECT_EQ(clicked.count(), 5);
 }
 
 TEST(BevelButton, ToggleAndKeyboardFocusAreVisible) {
-    QWidget window;
-    BevelButton button("Subwindow", &window);
+    BevelButton button("Subwindow");
     button.setToggle(true);
     button.resize(71, 28);
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    button.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&button));
     button.clearFocus();
     const QImage out = painted(button);
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_TRUE(button.isChecked());
-    EXPECT_FALSE(difference(out, painted(button)).isNull());
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_FALSE(button.isChecked());
-    EXPECT_TRUE(difference(out, painted(button)).isNull());
+    for (const bool checked : {true, false}) {
+        QTest::mouseClick(&button, Qt::LeftButton);
+        EXPECT_EQ(button.isChecked(), checked);
+        EXPECT_EQ(difference(out, painted(button)).isNull(), !checked);
+    }
     button.setFocus(Qt::TabFocusReason);
     EXPECT_FALSE(difference(out, painted(button)).isNull());
 }
 
-TEST(BevelButton, ScreenReadersHearNameKindAndRow) {
+TEST(BevelButton, ScreenReadersHearTheCaptionFirstAndTheRow) {
     BevelButton button("Page");
-    button.setRows({"i", "ii"});
     QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&button);
-    ASSERT_NE(heard, nullptr);
+    EXPECT_EQ(heard->role(), QAccessible::Button);
+    button.setRows({"i", "ii"});
     EXPECT_EQ(heard->role(), QAccessible::ButtonMenu);
-    EXPECT_EQ(heard->text(QAccessible::Name), "Page");
     EXPECT_EQ(heard->text(QAccessible::Value), "");
     button.setMenuValue(1);
     EXPECT_EQ(heard->text(QAccessible::Value), "ii");
     EXPECT_EQ(heard->text(QAccessible::Name), "Page");
     button.setShowsCurrentRow(true);
-    EXPECT_EQ(heard->text(QAccessible::Name), "Page: ii") << "the caption first, though it is not seen";
+    EXPECT_EQ(heard->text(QAccessible::Name), "Page: ii");
     button.setAccessibleName("Jump to page");
     EXPECT_EQ(heard->text(QAccessible::Name), "Jump to page: ii");
     heard->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
     EXPECT_TRUE(button.menuIsOpen());
+}
 
-    BevelButton next("Next");
-    QSignalSpy clicked(&next, &QAbstractButton::clicked);
-    QAccessibleInterface* plain = QAccessible::queryAccessibleInterface(&next);
-    EXPECT_EQ(plain->role(), QAccessible::Button);
-    plain->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(clicked.count(), 1);
+TEST(BevelButton, CutsARowInTheMiddleAndGivesItWholeInTheToolTip) {
+    const std::string longRow = "webster_unabridged_1913_page_0123.tif";
+    const std::tuple<std::string, const char*, std::string> cases[] = {
+        {"p\xFF&1", "", ""},
+        {longRow, "", longRow},
+        {longRow, "Go to a page", longRow + "\nGo to a page"},
+        {"p1", "taken:\rEnglish\r\nLatin & Greek", "taken:\nEnglish\nLatin & Greek"},
+        {"p1", "<b>bold</b>", "<p>&lt;b&gt;bold&lt;/b&gt;</p>"}};
+    for (const auto& [row, tip, toolTip] : cases) {
+        BevelButton button("Page");
+        button.resize(80, 16);
+        button.setShowsCurrentRow(true);
+        button.setRows({row});
+        EXPECT_EQ(button.shownText(), "Page") << "no row is set yet";
+        button.setMenuValue(0);
+        button.setToolTip(tip);
+        button.show();
+        EXPECT_EQ(button.List(0), row) << "byte for byte";
+        EXPECT_TRUE(button.shownText().startsWith(row[0]) && button.shownText().endsWith(row.back()));
+        QToolTip::hideText();
+        QHelpEvent rest(QEvent::ToolTip, {5, 5}, button.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&button, &rest);
+        EXPECT_EQ(QToolTip::text().toStdString(), toolTip);
+    }
 }
 
 } // namespace

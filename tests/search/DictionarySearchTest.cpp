@@ -1,141 +1,126 @@
 #include "search/DictionarySearch.h"
 
-#include "files/FolderItem.h"
+#include "support/CollectedMessages.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
-#include "text/LetterCase.h"
-#include "text/Message.h"
+#include "text/Grep.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <array>
 #include <random>
 
-namespace velmarin {
+namespace velmarin::test {
 namespace {
 
-/// A loaded dictionary whose entry number k stands on page "k.tif".
-class Dictionary {
-  public:
-    explicit Dictionary(const std::vector<std::string>& entries, const std::vector<std::string>& markers = {},
-                        const std::string& format = "") {
-        test::DictionaryBuilder builder("D");
-        if (entries.empty())
-            builder.member("ind", "").member("txt", "").picture("1.tif");
-        for (std::size_t i = 0; i < entries.size(); ++i)
-            builder.entry(entries[i], std::to_string(i + 1) + ".tif");
-        for (const std::string& marker : markers)
-            builder.member(marker, "");
-        if (!format.empty())
-            builder.format(format);
-        EXPECT_TRUE(MakeDictionaryItem(FolderItem(builder.writeTo(folder_.path())), item, 0));
-    }
-
-    test::TempFolder& folder() { return folder_; }
-    DictionaryItem item;
-
-  private:
-    test::TempFolder folder_;
-};
-
 std::string shown(const SearchResult& result) {
-    switch (result.outcome) {
-    case SearchOutcome::Hit:
+    if (result.outcome == SearchOutcome::Hit)
         return result.line.imageName;
-    case SearchOutcome::Before:
-        return "before";
-    case SearchOutcome::After:
-        return "after";
-    case SearchOutcome::Skipped:
-        return "skipped";
-    }
-    return "?";
+    return result.outcome == SearchOutcome::Before ? "before" : "after";
 }
-
-struct Case {
-    const char* reason;
-    std::vector<std::string> entries;
-    std::vector<std::string> markers;
-    std::string format;
-    std::string query;
-    std::string inTab;
-    std::string inList;
-};
 
 TEST(HitSelection, TheHitIsTheEntryBeforeTheFirstGreaterOne) {
-    const std::vector<std::string> aba{"ABA", "ABB", "ABD"};
-    const std::vector<std::string> numbers{"001", "002", "010"};
-    const std::vector<std::string> latin{"iacto", "iugum", "iulius", "uultus", "zzz"};
-    const std::vector<std::string> spanish{"caza", "cuz", "chico", "choza", "dado", "zzz"};
-    const std::vector<Case> cases{
-        {"a word between two entries shows the lower one", aba, {}, "", "ABC", "2.tif", "2.tif"},
-        {"a word equal to an entry shows that entry's line", aba, {}, "", "ABB", "2.tif", "2.tif"},
-        {"a word equal to the first entry", aba, {}, "", "ABA", "1.tif", "1.tif"},
-        {"a word before the first entry", aba, {}, "", "AAA", "before", "before"},
-        {"a word equal to the last entry finds no greater one", aba, {}, "", "ABD", "after", "after"},
-        {"a word after the last entry", aba, {}, "", "ZZZ", "after", "after"},
-        {"case does not matter", aba, {}, "", "abc", "2.tif", "2.tif"},
-        {"an empty query sorts before everything", aba, {}, "", "", "before", "before"},
+    using Words = std::vector<std::string>;
+    const Words aba{"ABA", "ABB", "ABD"}, spanish{"caza", "cuz", "chico", "choza", "dado", "zzz"};
+    const struct {
+        const char* reason;
+        Words entries; ///< on the pages 1, 2 and so on
+        Words markers;
+        std::string format, query, inTab, inList;
+    } cases[] = {
+        {"between two entries", aba, {}, "", "ABC", "2", "2"},
+        {"equal to an entry", aba, {}, "", "ABB", "2", "2"},
+        {"equal to the first entry", aba, {}, "", "ABA", "1", "1"},
+        {"before the first entry", aba, {}, "", "AAA", "before", "before"},
+        {"equal to the last entry, so none is greater", aba, {}, "", "ABD", "after", "after"},
+        {"an empty query", aba, {}, "", "", "before", "before"},
         {"an empty index", {}, {}, "", "ABC", "after", "after"},
-        {"both of two equal entries are passed", {"A", "B", "B", "C"}, {}, "", "B", "3.tif", "3.tif"},
-        {"the first greater entry counts, sorted or not", {"B", "D", "A", "C"}, {}, "", "C", "1.tif", "1.tif"},
-        {"accents and widths fold", {"ete", "etf"}, {}, "", "ÉＴé", "1.tif", "1.tif"},
-        {"a number takes the format", numbers, {}, "000", "9", "2.tif", "2.tif"},
-        {"0 counts as no number", numbers, {}, "000", "0", "before", "before"},
-        {"full-width digits are no number to the format", numbers, {}, "000", "９", "after", "after"},
-        {"J is I on both sides of an IJUV dictionary", latin, {"IJUV"}, "", "Julius", "3.tif", "3.tif"},
-        {"V is U likewise", latin, {"IJUV"}, "", "vultus", "4.tif", "4.tif"},
-        {"ch is a letter after c", spanish, {"Spanish"}, "", "chico", "3.tif", "1.tif"},
-        {"in capitals too", spanish, {"Spanish"}, "", "CHOZA", "4.tif", "1.tif"},
-        {"Spanish wins over IJUV", {"ija", "iza", "zzz"}, {"Spanish", "IJUV"}, "", "ja", "2.tif", "2.tif"},
+        {"both of two equal entries are passed", {"A", "B", "B", "C"}, {}, "", "B", "3", "3"},
+        {"the first greater entry counts, sorted or not", {"B", "D", "A", "C"}, {}, "", "C", "1", "1"},
+        {"a number takes the format", {"001", "002", "010"}, {}, "000", "9", "2", "2"},
+        {"J is I on both sides of an IJUV dictionary", {"iacto", "iulius", "uultus"}, {"IJUV"}, "", "Julius", "2", "2"},
+        {"ch is a letter after c", spanish, {"Spanish"}, "", "chico", "3", "1"},
+        {"in capitals too", spanish, {"Spanish"}, "", "CHOZA", "4", "1"},
+        {"Spanish wins over IJUV", {"ija", "iza", "zzz"}, {"Spanish", "IJUV"}, "", "ja", "2", "2"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.reason);
-        Dictionary dictionary(c.entries, c.markers, c.format);
-        EXPECT_EQ(shown(searchDictionary(c.query, dictionary.item, SearchForm::Tab)), c.inTab);
-        EXPECT_EQ(shown(searchDictionary(c.query, dictionary.item, SearchForm::List)), c.inList);
+        DictionaryBuilder builder("D");
+        if (c.entries.empty())
+            builder.picture("1").member("ind", "").member("txt", "");
+        for (std::size_t i = 0; i < c.entries.size(); ++i)
+            builder.entry(c.entries[i], std::to_string(i + 1));
+        for (const std::string& marker : c.markers)
+            builder.member(marker, "");
+        if (!c.format.empty())
+            builder.format(c.format);
+        const TempFolder folder;
+        DictionaryItem item;
+        ASSERT_TRUE(MakeDictionaryItem(FolderItem(builder.writeTo(folder.path())), item, 0));
+        EXPECT_EQ(shown(searchDictionary(c.query, item, SearchForm::Tab)), c.inTab);
+        EXPECT_EQ(shown(searchDictionary(c.query, item, SearchForm::List)), c.inList);
     }
 }
 
-TEST(HitSelection, EqualsThePlainLoopOverUnsortedIndexes) {
-    std::mt19937 random(20240);
-    const std::vector<std::string> letters{"a", "B", "é", "セ", "ll", "ʃ", " "};
-    const auto word = [&] {
-        std::string text;
-        for (auto n = random() % 4; n > 0; --n)
-            text += letters[random() % letters.size()];
-        return text;
-    };
-    for (int round = 0; round < 60; ++round) {
-        std::vector<std::string> entries(random() % 20);
-        for (std::string& entry : entries)
-            entry = word();
-        Dictionary dictionary(entries,
-                              round % 2 == 0 ? std::vector<std::string>{} : std::vector<std::string>{"Spanish"});
-        for (int i = 0; i < 20; ++i) {
-            const std::string query = word();
-            const std::string searchWord = querySearchWord(query, dictionary.item.order);
-            std::size_t expected = 0;
-            while (expected < entries.size() &&
-                   compareStrings(searchWord, indexSearchWord(entries[expected], dictionary.item.order)) >= 0)
-                ++expected;
-            ASSERT_EQ(searchDictionary(query, dictionary.item, SearchForm::Tab).place, expected)
-                << "query \"" << query << "\" in round " << round;
-        }
-    }
-}
-
-TEST(HitSelection, AMissingTxtIsToldAndCountsAsALineWithoutMarkup) {
-    Dictionary dictionary({"A", "B", "C"});
-    std::filesystem::remove(dictionary.folder().path() / "D/txt");
-    std::vector<std::string> told;
-    const MessageHandler before = setMessageHandler([&told](std::string_view text) { told.emplace_back(text); });
-    const SearchResult result = searchDictionary("B", dictionary.item, SearchForm::Tab);
-    setMessageHandler(before);
+TEST(HitSelection, AMissingTxtIsReportedAndCountsAsALineWithoutMarkup) {
+    const TempFolder folder;
+    DictionaryItem item;
+    MakeDictionaryItem(FolderItem(DictionaryBuilder("D").entries({"A", "B", "C"}).writeTo(folder.path())), item, 0);
+    std::filesystem::remove(folder.path() / "D/txt");
+    const CollectedMessages messages;
+    const SearchResult result = searchDictionary("B", item, SearchForm::Tab);
     EXPECT_EQ(result.outcome, SearchOutcome::Hit);
     EXPECT_EQ(result.line.imageName, "");
-    EXPECT_EQ(told, std::vector<std::string>{"mFiMod_GetTextFiLinesByLineNums_StringArray,TextFileFi does not exist."});
+    EXPECT_EQ(messages.texts,
+              std::vector<std::string>{"mFiMod_GetTextFiLinesByLineNums_StringArray,TextFileFi does not exist."});
+}
+
+TEST(TxtLine, MarkupGivesThePageAndTheErrata) {
+    const struct {
+        const char* reason;
+        std::string line, imageName;
+        std::vector<std::string> errata;
+    } cases[] = {
+        {"text on every side is ignored", "see <@_p 1.tif_> and <^_e.tif_> too", "p 1.tif", {"e.tif"}},
+        {"the first page marker counts", "<@_a.tif_><^_1_><@_b.tif_><^_2_>", "a.tif", {"1", "2"}},
+        {"an empty marker reaches for the next closing", "<@__><@_b.tif_>", "_><@_b.tif", {}},
+        {"taking a marker out can join another, once", "<<^_a_>^_b_>^_c_>", "", {"a", "b"}},
+        {"bytes that are no UTF-8 beside a marker", "\xff\xfe<@_頁.tif_>\xc3", "頁.tif", {}},
+    };
+    for (const auto& c : cases) {
+        const TxtLine read = parseTxtLine(c.line);
+        EXPECT_EQ(read.imageName, c.imageName) << c.reason;
+        EXPECT_EQ(read.errata, c.errata) << c.reason;
+    }
+}
+
+TEST(TxtLine, AgreesWithThePatternsOnAnyLine) {
+    std::mt19937 random(7);
+    // Many lines hold markers that are joined only when others are taken out.
+    const std::array pieces = {"<^_", "<^_", "_>", "_>", "<@_", "<", "^", "_", "<^", "^_", ">", "a", "b_>"};
+    for (int i = 0; i < 20'000; ++i) {
+        std::string line;
+        for (std::size_t left = random() % 20; left > 0; --left)
+            line += pieces[random() % pieces.size()];
+        std::vector<std::string> errata;
+        for (std::string rest = line; mStrMod_GrepMBS_Search(0, rest, kErrataMarkerPattern) != 0;) {
+            errata.push_back(mStrMod_GrepMBS_Find(0, rest, kErrataMarkerPattern));
+            rest = mStrMod_GrepMBS_Replace(rest, kErrataMarkerPattern, "");
+        }
+        const TxtLine read = parseTxtLine(line);
+        ASSERT_EQ(read.imageName, mStrMod_GrepMBS_Find(0, line, kPageMarkerPattern)) << line;
+        ASSERT_EQ(read.errata, errata) << line;
+    }
+}
+
+TEST(TxtLine, AVeryLongLineIsReadToItsEnd) {
+    std::string line, openings;
+    while (line.size() < 3'000'000)
+        line += "<^_e_>", openings += "<^_<@_";
+    EXPECT_EQ(parseTxtLine(line + "<@_p.tif_>").imageName, "p.tif");
+    EXPECT_EQ(parseTxtLine(line).errata.size(), line.size() / 6);
+    EXPECT_TRUE(parseTxtLine(openings).errata.empty());
 }
 
 } // namespace
-} // namespace velmarin
+} // namespace velmarin::test

@@ -6,6 +6,7 @@
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"
+#include "text/StringFields.h"
 
 #include <gtest/gtest.h>
 
@@ -18,8 +19,8 @@
 
 namespace velmarin::test {
 
-/// What the page controls of one tab were last told. A page can be shown if its file exists and is not `broken`; a
-/// missing file leaves the page before it, a broken one clears the page, as SmartCanvas does.
+/// What one tab was last told. As in SmartCanvas, a missing file leaves the page before it and a `broken` one clears
+/// it.
 struct ScriptedPage : PageDisplay {
     std::set<std::string> broken;
     std::string page, name, title, problem, history, errata, jumpRows;
@@ -46,26 +47,17 @@ struct ScriptedPage : PageDisplay {
         title = dictionary + "/" + text, problem = trouble;
     }
     void enablePaging(bool enabled) override { paging = enabled; }
-    void showJumpRows(const std::vector<std::string>& rows) override { jumpRows = joined(rows), jumpValue = 0; }
+    void showJumpRows(const std::vector<std::string>& rows) override { jumpRows = Join(rows, ","), jumpValue = 0; }
     void showJumpValue(int menuValue) override { jumpValue = menuValue; }
     void clearHistory() override { history = "", historyValue = 0; }
     void addHistoryRow(const std::string& text) override { history += text; }
     void showHistoryValue(int menuValue) override { historyValue = menuValue; }
-    void showErrata(const std::vector<std::string>& names) override { errata = joined(names); }
+    void showErrata(const std::vector<std::string>& names) override { errata = Join(names, ","); }
     void showFitValue(int menuValue) override { fitValue = menuValue; }
-
-    static std::string joined(const std::vector<std::string>& texts) {
-        std::string all;
-        for (const std::string& text : texts)
-            all += (all.empty() ? "" : ",") + text;
-        return all;
-    }
 };
 
-/// An action as ScriptedWindow::act takes it, and the state after it.
 struct Step {
-    std::string action;
-    std::string state;
+    std::string action, state;
     const char* reason = "";
 };
 
@@ -81,7 +73,7 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
         model.search.showIn(*this);
     }
 
-    /// Writes the group and opens it. False if it is told that a dictionary could not be read.
+    /// Writes and opens the group. False if a dictionary could not be read.
     bool open(const GroupBuilder& group) {
         model.opener.read(FolderItem(group.writeTo(folder.path())));
         try {
@@ -91,9 +83,7 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
         }
         return true;
     }
-    /// What a user does in the tab in front: "search WORD", "next", "back", "jump ROW", "history ROW", "older",
-    /// "newer", "erratum ROW", "fit ROW"; "row ROW" in the hit list; "front TAB", "left", "right", "first", "last"
-    /// among the tabs.
+    /// What a user does: a verb of the table and its object, such as "search WORD" or "jump ROW".
     void act(const std::string& action) {
         const std::size_t blank = action.find(' ');
         const std::string object = blank == std::string::npos ? "" : action.substr(blank + 1);
@@ -108,11 +98,7 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
             {"older", [&] { tabs.ImageHistory_Action(0); }},
             {"newer", [&] { tabs.ImageHistory_Action(1); }},
             {"erratum", [&] { tabs.BVErrata_Action(tabs.front(), row()); }},
-            {"fit",
-             [&] {
-                 pages.at(static_cast<std::size_t>(tabs.front())).fitValue = row(); // as a menu does by itself
-                 tabs.BVimage_Action(tabs.front(), row());
-             }},
+            {"fit", [&] { shown().fitValue = row(), tabs.BVimage_Action(tabs.front(), row()); }},
             {"row", [&] { model.hits.LB_Change(row()); }},
             {"front", [&] { tabs.noteFront(row()); }},
             {"left", [&] { tabs.TabBackNext_Action(0); }},
@@ -122,27 +108,23 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
         };
         verbs.at(action.substr(0, blank))();
     }
-    /// The page in front as "DICTIONARY/PAGE", its name in the label and the jump value, with "-" for none; the history
-    /// as "VALUE:PAGES" and the [errata], unless empty; and what is unusual: another title, caption or fit than that of
-    /// the page, "No Picture", a problem, controls that are "off", a "stale" display, and the last word of the message
-    /// below.
-    std::string state() const {
-        const auto front = static_cast<std::size_t>(model.tabs.front());
-        const ScriptedPage& shown = pages.at(front);
+    /// "DICTIONARY/PAGE LABEL JUMPVALUE HISTORYVALUE:PAGES [ERRATA]" of the tab in front, then what is unusual: another
+    /// title, caption or fit than that of the page, a problem, a state, and the last word of the message below.
+    std::string state() {
+        const ScriptedPage& shown = this->shown();
+        const std::string& caption = captions.at(static_cast<std::size_t>(model.tabs.front()));
         const auto some = [](bool told, const std::string& text) { return told ? " " + text : std::string(); };
-        const auto orNone = [](const std::string& text) { return text.empty() ? "-" : text; };
-        const std::string dictionary = shown.page.substr(0, shown.page.find('/'));
+        const bool otherTab = !shown.page.empty() && shown.page.substr(0, shown.page.find('/')) != caption;
         return orNone(shown.page) + " " + orNone(shown.name) + " " + std::to_string(shown.jumpValue) +
                some(shown.historyValue != 0 || !shown.history.empty(),
                     std::to_string(shown.historyValue) + ":" + shown.history) +
                some(!shown.errata.empty(), "[" + shown.errata + "]") + some(shown.title != shown.page, shown.title) +
-               some(!shown.page.empty() && captions[front] != dictionary, "tab " + captions[front]) +
+               some(otherTab, "tab " + caption) +
                some(!shown.page.empty() && shown.fit != shown.fitValue, "fit " + std::to_string(shown.fit)) +
                some(shown.noPicture, "No Picture") + some(!shown.problem.empty(), shown.problem) +
                some(!shown.paging, "off") + some(shown.stale, "stale") +
                some(!info.empty(), "!" + info.substr(info.rfind(' ') + 1));
     }
-    /// Does one action after the other, and compares the states.
     void walk(const std::vector<Step>& steps) {
         for (const Step& step : steps) {
             act(step.action);
@@ -150,11 +132,12 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
         }
         EXPECT_EQ(host.messages, std::vector<std::string>{});
     }
-    /// The names of the pages of all tabs, with blanks between them; "-" if there is none.
+    ScriptedPage& shown() { return pages.at(static_cast<std::size_t>(model.tabs.front())); }
+    /// The names of the pages of all tabs.
     std::string names() const {
         std::string all;
         for (const ScriptedPage& each : pages)
-            all += (all.empty() ? "" : " ") + (each.name.empty() ? "-" : each.name);
+            all += (all.empty() ? "" : " ") + orNone(each.name);
         return all;
     }
 
@@ -171,6 +154,7 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
     std::vector<int> progress; ///< the maximum, each value, and -1 as the bar is hidden
 
   private:
+    static std::string orNone(const std::string& text) { return text.empty() ? "-" : text; }
     PageDisplay& addTab(const std::string& caption) override {
         return captions.push_back(caption), pages.emplace_back();
     }

@@ -21,11 +21,10 @@ GroupBuilder groupWithErrata() {
     return GroupBuilder("G").dictionary(dictionary.without("mPimg/gone.bmp")).dictionary(fruit("B"));
 }
 
-/// Opens the page image window with an erratum.
-PageImageWindow* openErratum(Started& run, int window = 0) {
+PageImageWindow* openErratum(Started& run, int window = 0, int row = 0) {
     run.pick("G", window);
     run.search("apple", window);
-    run.choose("BVErrata.0", 0, window);
+    run.choose("BVErrata.0", row, window);
     return openWindow<PageImageWindow>();
 }
 
@@ -48,10 +47,7 @@ TEST(PageImages, OpenFromTheErrataStepTheirTabAndCloseWithTheGroup) {
     run.window(0).close();
     EXPECT_EQ(openWindow<PageImageWindow>(), nullptr) << "the last main window closes it";
     run.app().commands().run("WinItem", 0);
-    run.pick("G");
-    run.search("apple");
-    run.choose("BVErrata.0", 1);
-    EXPECT_EQ(openWindow<PageImageWindow>(), nullptr) << "a name without a file opens nothing";
+    EXPECT_EQ(openErratum(run, 0, 1), nullptr) << "a name without a file opens nothing";
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
 }
 
@@ -172,6 +168,11 @@ TEST(OrderEditor, SavesTheNewOrderWhateverHappensToItsWindow) {
         EXPECT_EQ(run.files.read("DictionaryFolder/G/DictionaryPreferences.txt"), "New\nA\nB\n");
         EXPECT_EQ(run.window().group().pDictionaryItem.size(), c.shown);
         EXPECT_EQ(run.window().title() == "New", c.shown != 0);
+        for (int window = 0; window < run.app().windows().count(); ++window) {
+            run.pick("H", window);
+            run.window(window).close();
+        }
+        EXPECT_EQ(run.files.read("DictionaryFolder/H/DictionaryPreferences.txt"), "New\nA\nB\n") << "into any group";
     }
 }
 

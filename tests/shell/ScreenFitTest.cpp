@@ -11,7 +11,7 @@ const QRect kBelowAPanel(0, 30, 1366, 738);
 
 TEST(SavedPlace, StaysWhereItsTitleBarCanBeDraggedAndIsOtherwiseShownWhole) {
     const struct {
-        const char* name;
+        const char* reason;
         WindowPlace saved;
         QList<QRect> screens;
         bool stays;
@@ -28,7 +28,7 @@ TEST(SavedPlace, StaysWhereItsTitleBarCanBeDraggedAndIsOtherwiseShownWhole) {
         {"no screen is known", {9000, 9000, 838, 600}, {}, true},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(c.reason);
         const WindowPlace place = withinReach(c.saved, c.screens);
         EXPECT_EQ(place == c.saved, c.stays);
         const auto contains = [&](const QRect& screen) { return screen.contains(place); };
@@ -42,14 +42,13 @@ TEST(SavedPlace, StaysWhereItsTitleBarCanBeDraggedAndIsOtherwiseShownWhole) {
 }
 
 TEST(FirstPlace, FitsTheScreenAndLeavesRoomForTheWindowBesideIt) {
-    constexpr int kBesideIt = 352;
-    for (const QRect& screen : {QRect(0, 0, 1366, 768), QRect(0, 30, 1280, 994), QRect(1366, -200, 1920, 1080)}) {
-        const WindowPlace place = firstPlace({838, 831}, kBesideIt, screen);
-        EXPECT_TRUE(screen.contains(place.adjusted(0, 0, kBesideIt, 0))) << screen.width();
+    for (const QRect& screen : {kLaptop, QRect(0, 30, 1280, 994), kRightOfIt}) {
+        const WindowPlace place = firstPlace({838, 831}, 352, screen);
+        EXPECT_TRUE(screen.contains(place.adjusted(0, 0, 352, 0))) << screen.width();
         EXPECT_EQ(place.width(), 838);
     }
-    EXPECT_EQ(firstPlace({838, 831}, kBesideIt, {100, 0, 1024, 600}).x(), 100);
-    EXPECT_TRUE(QRect(0, 0, 640, 480).contains(firstPlace({838, 831}, kBesideIt, {0, 0, 640, 480})));
+    EXPECT_EQ(firstPlace({838, 831}, 352, {100, 0, 1024, 600}).x(), 100);
+    EXPECT_TRUE(QRect(0, 0, 640, 480).contains(firstPlace({838, 831}, 352, {0, 0, 640, 480})));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "Started.h"
 
 #include "controls/ListBox.h"
-#include "shell/PageImages.h"
 #include "shell/SideButton.h"
 
 #include <QAccessible>
@@ -102,27 +101,26 @@ TEST(Pages, ArrowsScrollByStepsAndButtonsAndCommandsByScreens) {
     run.key(Qt::Key_Down);
     EXPECT_EQ(run.host.messages, std::vector<std::string>{}) << "no page, nothing to scroll";
     run.search("apple");
-    const int height = run.canvas().height(), step = height / 50;
-    const struct {
-        const char* reason;
-        std::function<void()> act;
-        int least, most; ///< the row of the page at the top
-    } steps[] = {
-        {"Down", [&] { run.key(Qt::Key_Down); }, step, step},
-        {"Up", [&] { run.key(Qt::Key_Up); }, 0, 0},
-        {"Option+Down", [&] { run.key(Qt::Key_Down, Qt::AltModifier); }, 0, 0},
-        {"the button Down", [&] { run.click("BVdown.0"); }, height / 4, height},
-        {"the button Up", [&] { run.click("BVup.0"); }, 0, 0},
-        {"Command+Down", [&] { run.key(Qt::Key_Down, Qt::ControlModifier); }, height / 4, height},
-        {"Command+Up", [&] { run.key(Qt::Key_Up, Qt::ControlModifier); }, 0, 0},
-    };
-    for (const auto& each : steps) {
-        each.act();
+    const auto top = [&run] {
         std::array<int, 4> place{};
         run.canvas().view().GetScrollPosition(place);
-        EXPECT_GE(place[3], each.least) << each.reason;
-        EXPECT_LE(place[3], each.most) << each.reason;
-    }
+        return place[3];
+    };
+    const int step = run.canvas().height() / 50;
+    run.key(Qt::Key_Down);
+    EXPECT_EQ(top(), step);
+    run.key(Qt::Key_Up);
+    EXPECT_EQ(top(), 0);
+    run.key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(top(), 0);
+    run.click("BVdown.0");
+    EXPECT_GT(top(), 10 * step);
+    run.click("BVup.0");
+    EXPECT_EQ(top(), 0);
+    run.key(Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_GT(top(), 10 * step);
+    run.key(Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(top(), 0);
 }
 
 TEST(ListMode, AClickOnARowShowsItsPageOrWhyNotAndLeavesTheKeyboardToTheField) {
@@ -154,7 +152,7 @@ TEST(ListMode, AClickOnARowShowsItsPageOrWhyNotAndLeavesTheKeyboardToTheField) {
     EXPECT_EQ(rows.ListIndex(), 0);
 }
 
-TEST(Search, NoClickTakesTheKeyboardAndTabReachesEveryControl) {
+TEST(Search, NoClickTakesTheKeyboardAndTabReachesEveryControlByName) {
     Started run({fruitGroup("G", 2)});
     run.search("banana");
     QApplication::setActiveWindow(&run.window());
@@ -178,6 +176,7 @@ TEST(Search, NoClickTakesTheKeyboardAndTabReachesEveryControl) {
     for (int i = 0; i < clicked.size() + 1; ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         reached << QApplication::focusWidget()->objectName();
+        EXPECT_NE(heard(QApplication::focusWidget())->text(QAccessible::Name), "") << fromQ(reached.last());
     }
     for (const QString& name : clicked)
         EXPECT_TRUE(reached.contains(name)) << fromQ(name) << " of " << fromQ(reached.join(' '));
@@ -225,29 +224,6 @@ TEST(Search, WhatTheUserDoesDuringItFollowsItsEnd) {
         EXPECT_EQ(run.imageName(last), c.page);
         EXPECT_EQ(run.window().isVisible(), last == 2);
     }
-}
-
-TEST(ScreenReaders, HearTheCaptionOfEveryButtonFirstAndALabelOfEveryPopUp) {
-    Started run({fruitGroup("G", 1)});
-    run.click("SubWinBV");
-    run.app().pageImages().show(FolderItem(run.groupFolder("G") / "A" / "mImg" / "1.bmp"), nullptr, 0);
-    QStringList windows;
-    for (QWidget* widget : QApplication::allWidgets()) {
-        if (!widget->isVisible() || widget->objectName().isEmpty())
-            continue;
-        SCOPED_TRACE(fromQ(widget->objectName()));
-        if (const auto* button = qobject_cast<QAbstractButton*>(widget)) {
-            EXPECT_TRUE(heard(widget)->text(QAccessible::Name).startsWith(button->text()));
-            EXPECT_NE(heard(widget)->text(QAccessible::Name), "");
-            windows << widget->window()->objectName();
-        }
-        if (widget->inherits("QComboBox")) {
-            const auto labels = heard(widget)->relations(QAccessible::Label);
-            ASSERT_EQ(labels.size(), 1);
-            EXPECT_NE(labels[0].first->text(QAccessible::Name), "");
-        }
-    }
-    EXPECT_GE(QSet<QString>(windows.begin(), windows.end()).size(), 2) << "no second window is open";
 }
 
 TEST(Logo, CanBeReadOnLightAndOnDarkDesktops) {

@@ -55,16 +55,15 @@ TEST(Menus, EveryItemHasAHandlerALetterAndAShortcutOfItsOwn) {
 TEST(Menus, AltAndALetterOpensEachMenuAndF10TheFirst) {
     Started run({fruitGroup("G", 1)});
     run.field().setText("word");
-    const std::pair<Qt::Key, const char*> keys[] = {
-        {Qt::Key_F, "File"},       {Qt::Key_E, "Edit"},      {Qt::Key_T, "Tab panel"},  {Qt::Key_I, "Image"},
-        {Qt::Key_D, "Dictionary"}, {Qt::Key_S, "Subwindow"}, {Qt::Key_M, "Mainwindow"}, {Qt::Key_F10, "File"}};
-    for (const auto& [key, title] : keys) {
+    QStringList opened;
+    for (const auto key : {Qt::Key_F, Qt::Key_E, Qt::Key_T, Qt::Key_I, Qt::Key_D, Qt::Key_S, Qt::Key_M, Qt::Key_F10}) {
         run.key(key, key == Qt::Key_F10 ? Qt::NoModifier : Qt::AltModifier);
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        ASSERT_NE(menu, nullptr) << title;
-        EXPECT_EQ(shown(menu->title()), title);
+        ASSERT_NE(menu, nullptr);
+        opened << shown(menu->title());
         menu->close();
     }
+    EXPECT_EQ(fromQ(opened.join(',')), "File,Edit,Tab panel,Image,Dictionary,Subwindow,Mainwindow,File");
     EXPECT_EQ(run.field().text(), "word");
 }
 

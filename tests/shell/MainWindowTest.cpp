@@ -229,17 +229,15 @@ TEST(Search, WhatTheUserDoesDuringItFollowsItsEnd) {
 TEST(Logo, CanBeReadOnLightAndOnDarkDesktops) {
     Started run({fruitGroup("G", 1)});
     QLabel& logo = run.label("LOGO");
-    for (const QColor& ground : {QColor(240, 240, 240), QColor(40, 42, 46)}) {
+    for (const int ground : {240, 42}) {
         QPalette colors = run.window().palette();
-        colors.setColor(QPalette::Window, ground);
+        colors.setColor(QPalette::Window, QColor(ground, ground, ground));
         run.window().setPalette(colors);
         for (int picture = 0; picture < 2; ++picture) {
-            const QImage shown = logo.grab(QRect(logo.width() / 2, 0, logo.width() / 2, logo.height())).toImage();
-            int read = 0;
-            for (int y = 0; y < shown.height(); ++y)
-                for (int x = 0; x < shown.width(); ++x)
-                    read += std::abs(shown.pixelColor(x, y).lightness() - ground.lightness()) > 80 ? 1 : 0;
-            EXPECT_GT(read, 30) << "picture " << picture << " on " << fromQ(ground.name());
+            const QImage shown = logo.grab({48, 0, 48, 28}).toImage().convertToFormat(QImage::Format_Grayscale8);
+            const auto isRead = [ground](int value) { return std::abs(value - ground) > 80; };
+            EXPECT_GT(std::count_if(shown.bits(), shown.bits() + shown.sizeInBytes(), isRead), 30)
+                << "picture " << picture << " on " << ground;
             QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
             QApplication::sendEvent(&logo, &enter);
         }

@@ -17,7 +17,7 @@ std::string shownGroup(Started& run, int window = 0) {
     return folder;
 }
 
-TEST(Windows, ASingleGroupIsPickedAtOnceAndOfTwoNone) {
+TEST(Windows, ASingleGroupIsPickedAtOnceAndAnUnknownOneChangesNothing) {
     for (const bool single : {true, false}) {
         SCOPED_TRACE(single);
         std::vector<GroupBuilder> groups(single ? 1 : 2, fruitGroup("H", 1));
@@ -33,6 +33,12 @@ TEST(Windows, ASingleGroupIsPickedAtOnceAndOfTwoNone) {
         run.search("banana");
         EXPECT_EQ(run.imageName(1), "2.bmp");
         EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+        runStartRequest(run.window(), {.group = "Nonsense", .word = "date"});
+        EXPECT_TRUE(run.label("NoticeST").isVisible());
+        EXPECT_EQ(run.imageName(1), "2.bmp") << "the word was searched in another group";
+        EXPECT_EQ(run.field().text(), "date");
+        run.search("cherry");
+        EXPECT_FALSE(run.label("NoticeST").isVisible());
         run.app().mMakeNewMainWin();
         run.app().mMakeNewMainWin();
         EXPECT_EQ(run.app().windows().winItems().size(), groups.size());
@@ -203,16 +209,6 @@ TEST(StartRequest, AWordWithoutAGroupWaitsForAPickAndIsSearchedOnce) {
         run.pick("Good");
         EXPECT_EQ(run.imageName(), "") << "a closed window forgets the word";
     }
-}
-
-TEST(StartRequest, AnUnknownGroupBesideTheOnlyOneIsReportedAndItsWordNotSearched) {
-    Started run({fruitGroup("Only", 1)});
-    runStartRequest(run.window(), {.group = "Nonsense", .word = "banana"});
-    EXPECT_TRUE(run.label("NoticeST").isVisible());
-    EXPECT_EQ(run.imageName(), "");
-    EXPECT_EQ(run.field().text(), "banana");
-    run.search("cherry");
-    EXPECT_FALSE(run.label("NoticeST").isVisible());
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "shell/PlacementKeeper.h"
 #include "shell/PreferenceWriter.h"
+#include "shell/ScreenFit.h"
 #include "support/TempFolder.h"
 
 #include <QMainWindow>
@@ -21,49 +22,22 @@ struct Preferences {
 
 TEST(PreferenceWriter, ReportsAFailureOncePerFileAndReason) {
     const struct {
-        const char* path;
-        const char* why; ///< empty for a success
-        bool reported;
+        std::string path, why; ///< no reason for a success
+        std::size_t reported;  ///< so far
     } steps[] = {
-        {"/G/P", "denied", true},    {"/G/P", "denied", false},
-        {"/H/P", "denied", false}, // the same reason
-        {"/H/P", "full", false},   // the same file
-        {"/I/P", "too large", true}, {"/G/P", "", false},
-        {"/G/P", "denied", true}, // it could be written in between
-        {nullptr, "", false},     // forgetFailures
-        {"/G/P", "denied", true},
+        {"/G/P", "denied", 1},    {"/G/P", "denied", 1}, {"/H/P", "denied", 1}, // the same reason
+        {"/H/P", "full", 1},                                                    // the same file
+        {"/I/P", "too large", 2}, {"/G/P", "", 2},       {"/G/P", "denied", 3}, // it could be written in between
     };
     Preferences preferences;
-    for (const auto& step : steps) {
-        preferences.reported.clear();
-        if (step.path == nullptr) {
-            preferences.writer.forgetFailures();
-            continue;
-        }
-        const std::string why = step.why;
-        const Failure failure{FolderItem(step.path), "it could not be written: " + why};
-        preferences.writer.note(step.path, why.empty() ? Result() : Result(failure));
-        EXPECT_EQ(preferences.reported.size(), step.reported ? 1U : 0U) << step.path << ' ' << why;
-    }
-}
-
-TEST(PreferenceWriter, WritesTheLinesOfTheOrderEditorForEveryGroup) {
-    Preferences preferences;
-    GroupModel none;
-    preferences.writer.writeGroup(none, true);
-    for (const char* group : {"G", "H"}) {
-        GroupModel shown;
-        shown.pDictionaryGroupFolder = FolderItem(preferences.files.path() / group);
-        preferences.writer.writeGroup(shown, true);
-        EXPECT_FALSE(std::filesystem::exists(preferences.files.path() / group)) << "its folder is gone";
-        shown.pDictionaryGroupFolder.CreateAsFolder();
-        shown.pDicGroupName = "Title";
-        preferences.writer.writeGroup(shown, true);
-        const auto file = std::filesystem::path(group) / "DictionaryPreferences.txt";
-        EXPECT_EQ(preferences.files.read(file), preferences.newDicPref.empty() ? "Title\t1\t\n" : "New\nB\nA\n");
-        preferences.newDicPref = {"New", "B", "A"};
-    }
-    EXPECT_TRUE(preferences.reported.empty());
+    const auto note = [&](const std::string& path, const std::string& why) {
+        preferences.writer.note(path, why.empty() ? Result() : Result(Failure{FolderItem(path), why}));
+        return preferences.reported.size();
+    };
+    for (const auto& step : steps)
+        EXPECT_EQ(note(step.path, step.why), step.reported) << step.path << ' ' << step.why;
+    preferences.writer.forgetFailures();
+    EXPECT_EQ(note("/G/P", "denied"), 4U);
 }
 
 /// A main window whose central widget is at least 64 pixels wide and high.
@@ -81,10 +55,8 @@ struct PlacedWindow : QMainWindow {
 };
 
 TEST(Placement, ASavedOneIsTakenUnlessTheWindowCouldNotBeReached) {
-    const struct {
-        std::string saved;
-        QRect place; ///< of the content; a null position for any that shows the whole window
-    } cases[] = {
+    // The place is that of the content, with a null position for any that shows the whole window.
+    const std::pair<const char*, QRect> cases[] = {
         {"40\t50\t600\t450\t\n", {40, 50, 600, 450}},
         {"40\t50\t600\n", {40, 50, 600, 64}},
         {"\n", {0, 0, 64, 64}},
@@ -92,22 +64,22 @@ TEST(Placement, ASavedOneIsTakenUnlessTheWindowCouldNotBeReached) {
         {"3000\t1500\t600\t450\t\n", {0, 0, 600, 450}},
         {"99999999\t-99999999\t300\t200\t\n", {0, 0, 300, 200}},
     };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.saved);
+    for (const auto& [saved, place] : cases) {
+        SCOPED_TRACE(saved);
         Preferences preferences;
-        preferences.files.write("MainWindow", c.saved);
+        preferences.files.write("MainWindow", saved);
         PlacedWindow window(preferences);
-        EXPECT_EQ(window.centralWidget()->size(), c.place.size());
-        if (c.place.topLeft().isNull())
+        EXPECT_EQ(window.centralWidget()->size(), place.size());
+        if (place.topLeft().isNull())
             EXPECT_TRUE(window.screen()->availableGeometry().contains(window.frameGeometry()));
         else
-            EXPECT_EQ(window.pos(), c.place.topLeft());
+            EXPECT_EQ(window.pos(), place.topLeft());
     }
 }
 
 TEST(Placement, IsSavedOnceTheUserMovesTheWindow) {
     Preferences preferences;
-    const std::string saved = "3000\t1500\t600\t450\t\n";
+    const std::string saved = "3000\t1500\t600\t450\t\n", moved = "20\t30\t600\t450\t\n";
     const auto file = [&] { return preferences.files.read("MainWindow"); };
     preferences.files.write("MainWindow", saved);
     PlacedWindow window(preferences);
@@ -118,9 +90,9 @@ TEST(Placement, IsSavedOnceTheUserMovesTheWindow) {
     window.keeper.restore();
     EXPECT_EQ(file(), saved) << "a pick of a group placed it";
     window.move(20, 30);
-    EXPECT_EQ(file(), "20\t30\t600\t450\t\n");
+    EXPECT_EQ(file(), moved);
     window.move(broughtTo);
-    EXPECT_NE(file(), "20\t30\t600\t450\t\n") << "a move back is a move too";
+    EXPECT_NE(file(), moved) << "a move back is a move too";
 
     std::filesystem::remove(preferences.files.path() / "MainWindow");
     preferences.files.write("MainWindow/file", "in the way");
@@ -128,6 +100,52 @@ TEST(Placement, IsSavedOnceTheUserMovesTheWindow) {
     window.move(26, 36);
     EXPECT_EQ(preferences.reported.size(), 1U);
     EXPECT_EQ(PlacedWindow(preferences).pos(), QPoint(26, 36)) << "what could not be saved lasts for the run";
+}
+
+const QRect kLaptop(0, 0, 1366, 768);
+const QRect kRightOfIt(1366, -200, 1920, 1080);
+const QRect kBelowAPanel(0, 30, 1366, 738);
+
+TEST(SavedPlace, StaysWhereItsTitleBarCanBeDraggedAndIsOtherwiseShownWhole) {
+    const struct {
+        const char* reason;
+        WindowPlace saved;
+        QList<QRect> screens;
+        bool stays;
+    } cases[] = {
+        {"larger than the screen", {100, 100, 3000, 2000}, {kLaptop}, true},
+        {"a corner of the title bar is left", {-750, 740, 838, 600}, {kLaptop}, true},
+        {"right of the screen", {2600, 100, 1000, 900}, {kLaptop}, false},
+        {"on the second screen", {2600, 100, 600, 500}, {kLaptop, kRightOfIt}, true},
+        {"beside both screens", {1000, -900, 600, 500}, {kLaptop, kRightOfIt}, false},
+        {"only the lower edge is visible", {100, -580, 838, 600}, {kLaptop}, false},
+        {"title bar under a panel", {100, 0, 838, 600}, {kBelowAPanel}, false},
+        {"too few pixels to grab", {1360, 100, 838, 600}, {kLaptop}, false},
+        {"larger and far away", {1 << 20, -(1 << 20), 32000, 32000}, {kLaptop, kRightOfIt}, false},
+        {"no screen is known", {9000, 9000, 838, 600}, {}, true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.reason);
+        const WindowPlace place = withinReach(c.saved, c.screens);
+        EXPECT_EQ(place == c.saved, c.stays);
+        const auto contains = [&](const QRect& screen) { return screen.contains(place); };
+        EXPECT_TRUE(c.stays || std::any_of(c.screens.begin(), c.screens.end(), contains));
+        EXPECT_LE(place.width(), c.saved.width());
+        EXPECT_EQ(withinReach(place, c.screens), place);
+    }
+    const WindowPlace nearest = withinReach({4000, 100, 600, 500}, {kLaptop, kRightOfIt});
+    EXPECT_TRUE(kRightOfIt.contains(nearest)) << "the nearest of two screens takes it";
+    EXPECT_EQ(QRect(nearest.x(), 100, 600, 500), nearest);
+}
+
+TEST(FirstPlace, FitsTheScreenAndLeavesRoomForTheWindowBesideIt) {
+    for (const QRect& screen : {kLaptop, QRect(0, 30, 1280, 994), kRightOfIt}) {
+        const WindowPlace place = firstPlace({838, 831}, 352, screen);
+        EXPECT_TRUE(screen.contains(place.adjusted(0, 0, 352, 0))) << screen.width();
+        EXPECT_EQ(place.width(), 838);
+    }
+    EXPECT_EQ(firstPlace({838, 831}, 352, {100, 0, 1024, 600}).x(), 100);
+    EXPECT_TRUE(QRect(0, 0, 640, 480).contains(firstPlace({838, 831}, 352, {0, 0, 640, 480})));
 }
 
 } // namespace

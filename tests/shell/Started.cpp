@@ -1,28 +1,27 @@
 #include "Started.h"
 
-#include "controls/BevelButton.h"
 #include "controls/MenuPopup.h"
 #include "controls/PopupMenu.h"
 #include "platform/QtText.h"
 #include "shell/GroupPicker.h"
-
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
-
 #include <gtest/gtest.h>
 
 namespace velmarin::test {
 
-Started::Started() {
-    std::filesystem::create_directories(folder_.path() / "DictionaryFolder");
-}
-
-Started::Started(std::initializer_list<GroupBuilder> groups) : Started() {
-    for (const GroupBuilder& each : groups)
-        group(each);
-    start();
+Started::Started(const std::vector<GroupBuilder>& groups, const std::function<void(const TempFolder&)>& before) {
+    std::filesystem::create_directory(files.path() / "DictionaryFolder");
+    for (const GroupBuilder& group : groups)
+        group.writeTo(files.path() / "DictionaryFolder");
+    if (before)
+        before(files);
+    qputenv("XDG_CONFIG_HOME", toQ((files.path() / "config").string()).toUtf8());
+    app_ = std::make_unique<App>(host, FolderItem(files.path()), "1.0");
+    app_->Event_Open();
+    QApplication::processEvents();
 }
 
 Started::~Started() {
@@ -33,88 +32,52 @@ Started::~Started() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-Started& Started::group(const GroupBuilder& builder) {
-    builder.writeTo(folder_.path() / "DictionaryFolder");
-    return *this;
+std::string Started::imageName(int tab) {
+    return fromQ(label(("ImageNameST." + std::to_string(tab)).c_str()).text());
 }
 
-std::filesystem::path Started::groupFolder(const std::string& name) const {
-    return folder_.path() / "DictionaryFolder" / name;
-}
-
-Started& Started::start() {
-    qputenv("XDG_CONFIG_HOME", toQ((folder_.path() / "config").string()).toUtf8());
-    app_ = std::make_unique<App>(host, FolderItem(folder_.path()), "1.0");
-    app_->Event_Open();
-    QApplication::processEvents();
-    return *this;
-}
-
-void Started::quit() {
-    for (const auto& window : app_->windows().MainWinList())
-        window->close();
-    app_.reset();
-}
-
-MainWindow& Started::window(int index) {
-    return *app_->windows().MainWinList().at(static_cast<std::size_t>(index));
-}
-
-void Started::pick(const std::string& name, int window) {
-    auto* menu = control<PopupMenu>("SelectDicFolPU", window);
-    emit menu->aboutToChoose();
-    for (int row = 0; row < menu->rowCount(); ++row)
-        if (menu->List(row) == name)
-            menu->setListIndex(row);
+void Started::pick(const std::string& group, int window) {
+    auto& menu = control<PopupMenu>("SelectDicFolPU", window);
+    emit menu.aboutToChoose();
+    for (int row = 0; row < menu.rowCount(); ++row)
+        if (menu.List(row) == group)
+            menu.setListIndex(row);
     QApplication::processEvents();
 }
 
 void Started::search(const std::string& word, int window) {
-    auto* field = control<QLineEdit>("SearchEF", window);
-    field->clear();
-    QTest::keyClicks(field, toQ(word));
-    QTest::keyClick(field, Qt::Key_Return);
+    field(window).clear();
+    QTest::keyClicks(&field(window), toQ(word));
+    QTest::keyClick(&field(window), Qt::Key_Return);
     QApplication::processEvents();
 }
 
-void Started::key(Qt::Key key, Qt::KeyboardModifiers modifiers, int window) {
-    this->window(window).activateWindow();
-    QApplication::setActiveWindow(&this->window(window));
-    QTest::keyClick(control<QLineEdit>("SearchEF", window), key, modifiers);
+void Started::key(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QApplication::setActiveWindow(&window());
+    QTest::keyClick(&field(), key, modifiers);
     QApplication::processEvents();
-}
-
-std::string Started::imageName(int index, int window) {
-    return fromQ(control<QLabel>(("ImageNameST." + std::to_string(index)).c_str(), window)->text());
 }
 
 void Started::choose(const char* button, int row, int window) {
-    auto* menu = control<BevelButton>(button, window);
-    ASSERT_TRUE(menu->isEnabled()) << button << " is disabled";
-    menu->openMenu();
-    QApplication::processEvents();
+    auto& menu = control<BevelButton>(button, window);
+    menu.openMenu();
     QWidget* popup = QApplication::activePopupWidget();
     ASSERT_NE(popup, nullptr) << button << " opened no menu";
     auto* rows = popup->findChild<MenuList*>();
-    QTest::keyClick(rows, Qt::Key_Home);
-    const bool separatorBefore = menu->List(1).empty() && row > 1;
-    for (int i = 0; i < row - (separatorBefore ? 1 : 0); ++i)
-        QTest::keyClick(rows, Qt::Key_Down);
+    rows->setCurrentIndex(rows->model()->index(row, 0));
     QTest::keyClick(rows, Qt::Key_Return);
     QApplication::processEvents();
 }
 
-void Started::click(const char* button, int window) {
-    QTest::mouseClick(control<QWidget>(button, window), Qt::LeftButton);
+void Started::click(const char* button) {
+    QTest::mouseClick(&control<QWidget>(button), Qt::LeftButton);
     QApplication::processEvents();
 }
 
 DictionaryBuilder fruit(const std::string& name) {
     DictionaryBuilder builder(name);
-    const std::vector<std::string> words{"apple", "banana", "cherry", "date", "zzz"};
-    for (std::size_t i = 0; i < words.size(); ++i)
-        builder.entry(words[i], std::to_string(i + 1) + ".bmp");
-    return builder;
+    builder.entry("apple", "1.bmp").entry("banana", "2.bmp").entry("cherry", "3.bmp").entry("date", "4.bmp");
+    return builder.entry("zzz", "5.bmp");
 }
 
 GroupBuilder fruitGroup(const std::string& name, int dictionaries) {

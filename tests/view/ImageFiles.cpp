@@ -22,10 +22,6 @@ std::string encoded(Pix* pix, int format) {
     return bytes;
 }
 
-std::string encoded(const Picture& picture, int format) {
-    return encoded(picture.pix(), format);
-}
-
 DecodedPicture decoded(const std::string& name, std::string_view bytes) {
     const TempFolder folder;
     return decodePicture(FolderItem(folder.write(name, bytes)));
@@ -92,10 +88,10 @@ std::string cmykJpeg(bool adobe) {
     jpeg_start_compress(&info, TRUE);
     std::string row;
     for (int x = 0; x < 16; ++x)
-        for (const int ink : {200, 30, 30, x < 8 ? 0 : 100})
+        for (const int ink : {200, 30, 30, 100})
             row += static_cast<char>(adobe ? 255 - ink : ink);
     auto* bytes = reinterpret_cast<JSAMPLE*>(row.data());
-    for (int y = 0; y < 16; ++y)
+    while (info.next_scanline < info.image_height)
         jpeg_write_scanlines(&info, &bytes, 1);
     jpeg_finish_compress(&info);
     jpeg_destroy_compress(&info);

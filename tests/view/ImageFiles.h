@@ -10,7 +10,6 @@
 namespace velmarin::test {
 
 /// The bytes of a picture as Leptonica writes them in one of its formats (IFF_...).
-std::string encoded(const Picture& picture, int format);
 std::string encoded(Pix* pix, int format);
 
 /// Decodes a file of this name and these bytes.
@@ -28,7 +27,7 @@ struct TiffLayout {
 /// A TIFF with the samples of `pix` (1, 8 or 32 bits) as they are.
 std::string tiff(Pix* pix, const TiffLayout& layout);
 
-/// A JPEG of 16 by 16 pixels of the inks 200, 30, 30 and, in the right half, 100 of black.
+/// A JPEG of 16 by 16 pixels of the inks 200, 30, 30 and 100 of black.
 std::string cmykJpeg(bool adobe);
 
 /// A pixel map of two rows in a PICT.

@@ -2,6 +2,8 @@
 
 #include <allheaders.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <random>
 
 namespace velmarin::test {
@@ -38,14 +40,16 @@ std::string asText(const Picture& picture) {
     return text;
 }
 
-bool samePixels(const Picture& a, const Picture& b) {
+int difference(const Picture& a, const Picture& b) {
     if (a.Width() != b.Width() || a.Height() != b.Height())
-        return false;
+        return 256;
+    int most = 0;
     for (int y = 0; y < a.Height(); ++y)
-        for (int x = 0; x < a.Width(); ++x)
-            if (a.pixel(x, y) != b.pixel(x, y))
-                return false;
-    return true;
+        for (int x = 0; x < a.Width(); ++x) {
+            const Color c = a.pixel(x, y), d = b.pixel(x, y);
+            most = std::max({most, std::abs(c.red - d.red), std::abs(c.green - d.green), std::abs(c.blue - d.blue)});
+        }
+    return most;
 }
 
 } // namespace velmarin::test

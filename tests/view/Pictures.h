@@ -19,7 +19,7 @@ Picture noise(int width, int height, int depth, unsigned seed);
 /// the pure colors, '?' for any other.
 std::string asText(const Picture& picture);
 
-/// Every pixel is equal.
-bool samePixels(const Picture& a, const Picture& b);
+/// The greatest difference of any channel, or 256 if the sizes differ.
+int difference(const Picture& a, const Picture& b);
 
 } // namespace velmarin::test

@@ -76,8 +76,13 @@ TEST(Wheel, MovesByFortyPixelsOfTheScreenAndSidewaysAgainstItsSign) {
     EXPECT_EQ(canvas.position(), (Point{0, 0})) << "a click returns to the last final position";
 }
 
-TEST(Scrolling, WithoutAPageThrowsWhereRequired) {
+TEST(EmptyCanvas, RefusesAPressAndThrowsWhereRequired) {
     FakeCanvas canvas;
+    for (const bool selection : {true, false}) {
+        canvas.view.SelectionMode = selection;
+        EXPECT_FALSE(canvas.view.Event_MouseDown(1, 1));
+    }
+    EXPECT_TRUE(canvas.view.Event_MouseWheel(1, 1, 0, 1)) << "a wheel is always taken";
     EXPECT_THROW(canvas.view.SmartScroll(0, 1), NilObjectException);
     EXPECT_THROW(canvas.view.mCompleteScroll_vertical(1), NilObjectException);
     for (const int direction : {0, 1, 7})
@@ -160,21 +165,6 @@ TEST(CompleteScroll, GoesToTheEndsAndMarksWhatWasSeen) {
     }
 }
 
-TEST(Scrolling, InAControlWithoutSizeStaysWithinNumbers) {
-    FakeCanvas canvas(0, 0);
-    for (const int mode : {0, 2, 5}) {
-        canvas.show(1000, 2000, mode);
-        canvas.view.Event_MouseDown(5, 5);
-        canvas.view.Event_MouseDrag(-3, 8);
-        canvas.view.Event_MouseUp(1, 1);
-        canvas.view.Event_MouseWheel(0, 0, 3, 3);
-        for (const int direction : {1, 0})
-            canvas.view.mJumpScroll_vertical(direction);
-        canvas.view.mCompleteScroll_vertical(1);
-        EXPECT_EQ(canvas.page().w * canvas.page().h, 0);
-    }
-}
-
 TEST(Lens, ShowsThePageAtTwiceTheScaleFromThePointer) {
     const struct {
         const char* name;
@@ -198,20 +188,6 @@ TEST(Lens, ShowsThePageAtTwiceTheScaleFromThePointer) {
         canvas.view.SmartScroll(0, 0);
         EXPECT_EQ(canvas.position(), (Point{0, 0})) << "nor is it where the wheel counts from";
     }
-}
-
-TEST(Lens, StaysUntilTheNextRefreshOrSize) {
-    FakeCanvas canvas;
-    canvas.show(1000, 1400, 0);
-    canvas.view.Event_MouseDown(10, 10);
-    canvas.view.Event_MouseDrag(20, 20);
-    canvas.paint();
-    EXPECT_EQ(canvas.view.drawnOver().size(), 1u) << "a paint keeps it, a drag replaces it";
-    canvas.view.Event_MouseUp(20, 20);
-    EXPECT_TRUE(canvas.view.drawnOver().empty());
-    canvas.view.Event_MouseDown(10, 10);
-    canvas.view.resized();
-    EXPECT_TRUE(canvas.view.drawnOver().empty());
 }
 
 TEST(Lens, InADragLooksWhereTheDragIs) {
@@ -251,19 +227,12 @@ TEST(Selection, CopiesThePartAtThePagesOwnSizeHoweverItIsDragged) {
             return x >= 20 && y >= 1 && page.pixel(80 + x, 199 + y) == kBlack ? 1u : 0u;
         });
         EXPECT_EQ(test::difference(canvas.view.SelectedImage, expected), 0);
+        for (const int dy : {7, 0}) { // a click selects up to the old end; what has no height is nil
+            canvas.view.Event_MouseDown(c[2] + 5, c[3] + dy);
+            canvas.view.Event_MouseUp(c[2] + 5, c[3] + dy);
+            EXPECT_EQ(canvas.view.SelectedImage.Width(), dy == 0 ? 0 : 10 + 20);
+        }
     }
-}
-
-TEST(Selection, OfAClickReachesToTheOldEnd) {
-    FakeCanvas canvas;
-    canvas.show(400, 400, 1);
-    canvas.view.SelectionMode = true;
-    for (const auto& [x, y, width] : {std::array{30, 40, 30 + 20}, {0, 0, 0}}) { // the second is 0 pixels high: nil
-        canvas.view.Event_MouseDown(x, y);
-        canvas.view.Event_MouseUp(x, y);
-        EXPECT_EQ(canvas.view.SelectedImage.Width(), width);
-    }
-    EXPECT_TRUE(canvas.messages.empty());
 }
 
 } // namespace

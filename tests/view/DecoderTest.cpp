@@ -1,5 +1,4 @@
 #include "ImageFiles.h"
-#include "Pictures.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

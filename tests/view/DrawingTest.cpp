@@ -1,4 +1,4 @@
-#include "Pictures.h"
+#include "ImageFiles.h"
 #include "view/PageRenderer.h"
 #include "view/PictureDrawing.h"
 
@@ -172,29 +172,6 @@ TEST(DrawingIntoAPicture, SmoothsOnlyWhenAsked) {
 
 constexpr DeviceRect screen{0, 0, 400, 300};
 
-TEST(Rendering, AtTheOriginalSizeCopiesThePartInView) {
-    const std::tuple<const char*, int, int, DeviceRect> cases[] = {
-        // name, source point, place
-        {"at its top", 0, 0, {0, 0, 400, 200}},
-        {"moved up", 30, 150, {0, 0, 400, 50}},
-        {"moved down by a negative position", 0, -100, {0, 100, 400, 100}},
-        {"moved left", 450, 0, {0, 0, 50, 200}},
-        {"moved out", 0, 200, {0, 0, 0, 0}}};
-    for (const int depth : {1, 8, 32})
-        for (const auto& [name, sx, sy, place] : cases) {
-            SCOPED_TRACE(name);
-            const Picture page = noise(500, 200, depth, 1);
-            PageRenderer renderer;
-            const PixelBlock b = renderer.render({page, 0, 0, 500, 200, sx, sy, 500, 200}, 1.0, screen);
-            EXPECT_EQ(std::tuple(b.place.x, b.place.y, b.place.width, b.place.height),
-                      std::tuple(place.x, place.y, place.width, place.height));
-            for (int y = place.y; y < place.y + place.height; ++y)
-                for (int x = place.x; x < place.x + place.width; ++x)
-                    ASSERT_EQ(pixelOf(b, x, y), page.pixel(x + sx, y + sy));
-            EXPECT_EQ(renderer.reduced(), nullptr) << "nothing is kept";
-        }
-}
-
 TEST(Rendering, ComputesOnlyTheRowsInViewAndKeepsThem) {
     const Picture page = Picture::make(1000, 8000, 1);
     PageRenderer renderer;
@@ -211,23 +188,31 @@ TEST(Rendering, ComputesOnlyTheRowsInViewAndKeepsThem) {
     EXPECT_EQ(renderer.reduced(), nullptr);
 }
 
-TEST(Rendering, OfAScrolledPageShowsWhatTheWholePageWouldShow) {
-    for (const double scale : {1.0, 1.25, 2.0})
-        for (const int depth : {1, 32}) {
-            const Picture page = noise(900, 1500, depth, 3);
-            const int w = int(std::lround(400 * scale)), h = int(std::lround(666 * scale));
-            const Scaling scaling(page, 0, 0, 900, 1500, w, h);
+TEST(Rendering, OfAScrolledPageShowsThatPartOfTheWholePage) {
+    const Picture pages[] = {noise(900, 1500, 1, 3), noise(500, 150, 8, 1), noise(900, 1500, 32, 3)};
+    const std::tuple<double, int, int> views[] = {{1.0, 900, 1500}, {1.0, 400, 666}, {1.25, 400, 666}, {2.0, 400, 666}};
+    for (const Picture& page : pages)
+        for (const auto& [scale, width, height] : views) {
+            const int iw = page.Width(), ih = page.Height(), w = std::min(width, iw), h = std::min(height, ih);
+            const int right = int(std::lround(w * scale)), bottom = int(std::lround(h * scale));
             std::vector<std::uint8_t> bytes;
-            const PixelBlock whole = bandOf(scaling, {0, 0, w, h}, bytes);
-            PageRenderer renderer;
-            for (const int sy : {7, 333, 1200}) {
-                const PixelBlock b =
-                    renderer.render({page, 0, 0, 400, 666, 0, sy, 900, 1500}, scale, {10, 20, 300, 200});
-                ASSERT_EQ(b.place.y, 20);
-                const int shift = static_cast<int>(std::lround(sy * 666 * scale / 1500));
-                for (int y = 20; y < 20 + b.place.height; ++y)
-                    for (int x = 10; x < 10 + b.place.width; ++x)
-                        ASSERT_EQ(pixelOf(b, x, y), pixelOf(whole, x, y + shift)) << scale << " " << sy << " row " << y;
+            const PixelBlock whole = bandOf(Scaling(page, 0, 0, iw, ih, right, bottom), {0, 0, right, bottom}, bytes);
+            for (const auto& [sx, sy] : {std::pair(0, 7), {0, 333}, {30, -100}, {450, 90}, {0, 1500}}) {
+                SCOPED_TRACE(std::to_string(scale) + ": " + std::to_string(sx) + ", " + std::to_string(sy));
+                const int dx = int(std::lround(1.0 * sx * right / iw)), dy = int(std::lround(1.0 * sy * bottom / ih));
+                const int top = std::max(20, -dy), columns = std::min(310, right - dx) - 10,
+                          rows = std::min(220, bottom - std::max(0, dy)) - top;
+                PageRenderer renderer;
+                const PixelBlock b = renderer.render({page, 0, 0, w, h, sx, sy, iw, ih}, scale, {10, 20, 300, 200});
+                EXPECT_TRUE(w < iw || !renderer.reduced()) << "nothing is kept";
+                ASSERT_EQ(b.empty(), columns <= 0 || rows <= 0);
+                if (b.empty())
+                    continue;
+                ASSERT_EQ(std::tuple(b.place.x, b.place.y, b.place.width, b.place.height),
+                          std::tuple(10, top, columns, rows));
+                for (int y = top; y < top + rows; ++y)
+                    for (int x = 10; x < 10 + columns; ++x)
+                        ASSERT_EQ(pixelOf(b, x, y), pixelOf(whole, x + dx, y + dy)) << x << "," << y;
             }
         }
 }

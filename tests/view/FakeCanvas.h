@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Pictures.h"
+#include "ImageFiles.h"
 #include "view/PageView.h"
 
 #include <map>

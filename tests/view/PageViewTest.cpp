@@ -197,19 +197,16 @@ TEST_F(ExtraText, WhenAppliedIsPartOfEveryPaintAndFollowsTheMouse) {
 
 TEST_F(ExtraText, MovesByTheArrowKeysWithinTheControl) {
     const struct {
-        const char* name;
         const char* key;
         Point from, to;
-    } cases[] = {{"up", "\x1e", {9, 9}, {9, 4}},      {"up at the top", "\x1e", {9, 3}, {9, 0}},
-                 {"down", "\x1f", {9, 9}, {9, 14}},   {"down at the bottom", "\x1f", {9, 698}, {9, 700}},
-                 {"left", "\x1c", {9, 9}, {2, 9}},    {"left at the edge", "\x1c", {3, 9}, {0, 9}},
-                 {"right", "\x1d", {9, 9}, {16, 9}},  {"right at the edge", "\x1d", {799, 9}, {800, 9}},
-                 {"another key", "x", {9, 9}, {9, 9}}};
+    } cases[] = {{"\x1e", {9, 9}, {9, 4}},     {"\x1e", {9, 3}, {9, 0}},     {"\x1f", {9, 9}, {9, 14}},
+                 {"\x1f", {9, 698}, {9, 700}}, {"\x1c", {9, 9}, {2, 9}},     {"\x1c", {3, 9}, {0, 9}},
+                 {"\x1d", {9, 9}, {16, 9}},    {"\x1d", {799, 9}, {800, 9}}, {"x", {9, 9}, {9, 9}}};
     view.pExtraText_Text = "note";
     view.pExtraText_Step = {7, 5};
     for (const auto& c : cases)
         for (const bool apply : {false, true}) {
-            SCOPED_TRACE(c.name);
+            SCOPED_TRACE(testing::PrintToString(c.from) + " to " + testing::PrintToString(c.to));
             const int before = canvas.refreshes;
             view.pExtraText_x = c.from[0];
             view.pExtraText_y = c.from[1];

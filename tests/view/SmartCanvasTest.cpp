@@ -1,5 +1,5 @@
 #include "view/SmartCanvas.h"
-#include "Pictures.h"
+#include "ImageFiles.h"
 #include "platform/ScriptedHost.h"
 #include "support/TempFolder.h"
 

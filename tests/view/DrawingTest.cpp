@@ -102,18 +102,20 @@ TEST(Reduction, HoldsAtTheEdgesOfPackedWords) {
 TEST(Enlargement, RunsEvenlyFromOnePixelToTheNextUnlessSharp) {
     for (const auto& [sharp, greys] :
          {std::pair(false, std::array{0, 0, 32, 96, 159, 223, 255, 255}), {true, {0, 0, 0, 0, 255, 255, 255, 255}}})
-        for (const int depth : {1, 8, 32})
-            for (const int left : {0, 3, 5}) {
-                const Picture step =
-                    drawn(2, 2, depth, [&](int x, int) { return (x == 0) == (depth == 1) ? 0xffffffu : 0u; });
-                const Scaling s(step, 0, 0, 2, 2, 8, 6,
-                                sharp ? Scaling::Smoothing::Nearest : Scaling::Smoothing::Smooth);
-                std::vector<std::uint8_t> bytes;
-                const PixelBlock band = bandOf(s, {left, 2, 8 - left, 3}, bytes);
-                for (int x = left; x < 8; ++x)
-                    for (int y = 2; y < 5; ++y)
-                        EXPECT_EQ(pixelOf(band, x, y).red, greys[static_cast<std::size_t>(x)]) << depth << ": " << x;
-            }
+        for (const auto& [depth, left, down] :
+             {std::tuple(1, 0, true), {1, 3, false}, {8, 3, true}, {8, 5, false}, {32, 0, false}, {32, 5, true}}) {
+            const Picture step = drawn(2, 2, depth, [&, depth = depth, down = down](int x, int y) {
+                return ((down ? y : x) == 0) == (depth == 1) ? 0x00ffffu : 0u; // green and blue, if in color
+            });
+            const Scaling s(step, 0, 0, 2, 2, 8, 8, sharp ? Scaling::Smoothing::Nearest : Scaling::Smoothing::Smooth);
+            std::vector<std::uint8_t> bytes;
+            const PixelBlock band = bandOf(s, {left, 1, 8 - left, 7}, bytes);
+            for (int x = left; x < 8; ++x)
+                for (int y = 1; y < 8; ++y) {
+                    const auto grey = static_cast<std::uint8_t>(greys[static_cast<std::size_t>(down ? y : x)]);
+                    EXPECT_EQ(pixelOf(band, x, y), RGB(depth == 32 ? 0 : grey, grey, grey)) << depth << ": " << x;
+                }
+        }
 }
 
 TEST(WhiteEdges, CoverTheFirstRowAndColumnAndNothingElse) {

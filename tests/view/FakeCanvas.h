@@ -1,12 +1,13 @@
 #pragma once
 
-#include "Pictures.h"
+#include "ImageFiles.h"
 #include "view/PageView.h"
 
-#include <deque>
 #include <map>
 
 namespace velmarin::test {
+
+using Point = std::array<int, 2>;
 
 /// A canvas without a window: it paints into a list of commands and records the calls to it.
 class FakeCanvas : public CanvasPort {
@@ -15,9 +16,7 @@ class FakeCanvas : public CanvasPort {
 
     int width, height;
     bool shift = false;
-    std::deque<bool> shiftReads; ///< answers to come, before `shift`
-    int refreshes = 0;
-    int drawn = 0;
+    int refreshes = 0, drawn = 0, measuredWidth = 0;
     std::vector<MouseCursor> cursors;
     std::vector<std::string> messages;
     std::vector<DrawCommand> painted;     ///< by the last paint
@@ -41,13 +40,17 @@ class FakeCanvas : public CanvasPort {
     }
 
     const PictureDrawn& page() const { return std::get<PictureDrawn>(painted.at(0)); }
+    Point pagePoint() const { return {page().sx, page().sy}; }
     /// The last thing drawn over the page, as what it should be.
     template <typename Command> const Command& over(std::size_t fromEnd = 0) const {
         const auto& all = view.drawnOver();
         return std::get<Command>(all.at(all.size() - 1 - fromEnd));
     }
-    int scrollX() const { return position()[2]; }
-    int scrollY() const { return position()[3]; }
+    Point position() const {
+        std::array<int, 4> a{};
+        view.GetScrollPosition(a);
+        return {a[2], a[3]};
+    }
 
     void Refresh() override {
         ++refreshes;
@@ -55,13 +58,7 @@ class FakeCanvas : public CanvasPort {
     }
     int Width() const override { return width; }
     int Height() const override { return height; }
-    bool AsyncShiftKey() override {
-        if (shiftReads.empty())
-            return shift;
-        const bool next = shiftReads.front();
-        shiftReads.pop_front();
-        return next;
-    }
+    bool AsyncShiftKey() override { return shift; }
     void setMouseCursor(MouseCursor cursor) override { cursors.push_back(cursor); }
     /// 20 pixels for each line of 10 characters.
     int StringHeight(const std::string& text, int wrapWidth, const TextStyle&) override {
@@ -70,15 +67,6 @@ class FakeCanvas : public CanvasPort {
     }
     void drawnOver() override { ++drawn; }
     void MsgBox(std::string_view text) override { messages.emplace_back(text); }
-
-    int measuredWidth = 0;
-
-  private:
-    std::array<int, 4> position() const {
-        std::array<int, 4> a{};
-        view.GetScrollPosition(a);
-        return a;
-    }
 };
 
 } // namespace velmarin::test

@@ -3,14 +3,29 @@
 #include "view/Decoders.h"
 #include "view/Picture.h"
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace velmarin::test {
 
+/// A picture of `depth` bits whose pixel x, y is made of the low bits of `value(x, y)`: 1 bit of ink, a grey, or
+/// 0xRRGGBB.
+Picture drawn(int width, int height, int depth, const std::function<std::uint32_t(int, int)>& value);
+
+/// A picture of noise, the same for the same seed.
+Picture noise(int width, int height, int depth, unsigned seed);
+
+/// A picture as text, with rows separated by '/': for a grey pixel its value's first hexadecimal digit, R, G or B for
+/// the pure colors, '?' for any other.
+std::string asText(const Picture& picture);
+
+/// The greatest difference of any channel, or 256 if the sizes differ.
+int difference(const Picture& a, const Picture& b);
+
 /// The bytes of a picture as Leptonica writes them in one of its formats (IFF_...).
-std::string encoded(const Picture& picture, int format);
 std::string encoded(Pix* pix, int format);
 
 /// Decodes a file of this name and these bytes.
@@ -28,7 +43,7 @@ struct TiffLayout {
 /// A TIFF with the samples of `pix` (1, 8 or 32 bits) as they are.
 std::string tiff(Pix* pix, const TiffLayout& layout);
 
-/// A JPEG of 16 by 16 pixels of the inks 200, 30, 30 and, in the right half, 100 of black.
+/// A JPEG of 16 by 16 pixels of the inks 200, 30, 30 and 100 of black.
 std::string cmykJpeg(bool adobe);
 
 /// A pixel map of two rows in a PICT.

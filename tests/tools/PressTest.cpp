@@ -8,6 +8,7 @@
 
 #include "make_samples/Hyphenator.h"
 #include "make_samples/Pagination.h"
+#include "text/FindReplace.h"
 
 /// fontconfig keeps a list of its own until the end.
 extern "C" const char* __lsan_default_suppressions();
@@ -46,9 +47,7 @@ TEST(Press, JustifiedLinesEndAtTheMargin) {
         for (std::size_t i = 0; i < lines.size(); ++i) {
             EXPECT_NEAR(lines[i].x, i == 0 ? 0 : design().body, 0.1) << "hanging indent";
             EXPECT_LE(right(lines[i]), design().columnWidth() + 0.1) << text;
-            if (i + 1 < lines.size()) {
-                EXPECT_GE(right(lines[i]), design().columnWidth() - 0.1) << text;
-            }
+            EXPECT_TRUE(i + 1 == lines.size() || right(lines[i]) >= design().columnWidth() - 0.1) << text;
         }
     }
 }
@@ -65,12 +64,7 @@ TEST(Press, KanaBreakAnywhereButNotBeforeAClosingMark) {
 }
 
 FlowLine flowLine(std::size_t article, bool opens, bool keep, unsigned leading = 10) {
-    FlowLine line;
-    line.leading = leading;
-    line.article = article;
-    line.opensArticle = opens;
-    line.keepWithNext = keep;
-    return line;
+    return {nullptr, 0, static_cast<double>(leading), 0, keep, opens, article};
 }
 
 TEST(Pagination, EveryLineIsPlacedOnceInOrderAndFits) {
@@ -108,30 +102,22 @@ TEST(Pagination, GuideWordsAreTheFirstAndLastThatOpenOnThePage) {
     for (std::size_t article = 0; article < 3; ++article)
         for (int line = 0; line < 20; ++line)
             flow.push_back(flowLine(article, line == 0, false));
-    std::vector<std::pair<std::size_t, std::size_t>> guideWords;
+    std::string guideWords;
     for (const Page& page : paginate(flow, 120))
-        guideWords.emplace_back(page.firstArticle, page.lastArticle);
-    EXPECT_EQ(guideWords, (std::vector<std::pair<std::size_t, std::size_t>>{{0, 1}, {2, 2}, {2, 2}}))
-        << "an article that only runs on counts if none opens";
+        guideWords += std::to_string(page.firstArticle) + "-" + std::to_string(page.lastArticle) + " ";
+    EXPECT_EQ(guideWords, "0-1 2-2 2-2 ") << "an article that only runs on counts if none opens";
 }
 
 TEST(Hyphenator, WordsAreDividedOutsideOfHeadwordsAndTags) {
     Hyphenator hyphenator(english);
     const std::pair<const char*, const char*> rows[] = {
-        {"hyphenation", "hy-phen-ation"},
-        {"(Hyphenation,", "(Hy-phen-ation,"},
-        {"of—hyphenation", "of—hy-phen-ation"},
+        {"(Hyphenation, of—hyphenation", "(Hy-phen-ation, of—hy-phen-ation"},
         {"<i>hyphenation</i>", "<i>hy-phen-ation</i>"},
         {"<b>hyphenation</b> hyphenation", "<b>hyphenation</b> hy-phen-ation"},
-        {"a &amp; b", "a &amp; b"},
-        {"of", "of"},
+        {"a &amp; b of", "a &amp; b of"},
     };
-    for (const auto& [text, expected] : rows) {
-        std::string found = hyphenator.hyphenated(text);
-        for (std::size_t at = found.find("\u00AD"); at != std::string::npos; at = found.find("\u00AD"))
-            found.replace(at, 2, "-");
-        EXPECT_EQ(found, expected);
-    }
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(ReplaceAllB(hyphenator.hyphenated(text), "\u00AD", "-"), expected);
     EXPECT_EQ(Hyphenator("").hyphenated("hyphenation"), "hyphenation");
     EXPECT_THROW(Hyphenator("/nonexistent"), std::runtime_error);
 }

@@ -42,7 +42,7 @@ void writeTinySource(const TempFolder& folder) {
 Sample tinySample(const std::string& name, PageKind kind) {
     return {"Group", name, "tiny", [kind](const fs::path& folder) {
                 Book book;
-                book.title = {"Tiny", {"a book"}, {"made for a test"}};
+                book.title = {"Tiny", {}, {}};
                 book.design.typeface = "Linux Libertine O";
                 book.design.hyphenation = "/usr/share/hyphen/hyph_en_US.dic";
                 book.design.kind = kind;
@@ -84,12 +84,9 @@ void expectPrinted(const fs::path& page, int depth) {
     ASSERT_NE(pix, nullptr) << page;
     EXPECT_EQ(pixGetWidth(pix.get()), 800);
     EXPECT_EQ(pixGetDepth(pix.get()), depth);
-    if (depth > 1)
-        return;
     EXPECT_EQ(pixGetXRes(pix.get()), 300);
     l_int32 ink = 0;
-    pixCountPixels(pix.get(), &ink, nullptr);
-    EXPECT_GT(ink, 5000) << page;
+    EXPECT_TRUE(depth > 1 || (pixCountPixels(pix.get(), &ink, nullptr) == 0 && ink > 5000)) << page;
 }
 
 TEST_F(SampleFolder, DictionaryIsSortedParallelAndComplete) {
@@ -101,20 +98,20 @@ TEST_F(SampleFolder, DictionaryIsSortedParallelAndComplete) {
     ASSERT_EQ(keys.size(), 91U) << "90 words and the closing line";
     ASSERT_EQ(texts.size(), keys.size());
     EXPECT_TRUE(std::ranges::is_sorted(keys, {}, [](auto key) { return indexSearchWord(key, {}); }));
-    std::vector<std::string> pages;
-    for (const auto text : texts)
-        pages.push_back(between(text, "<@_", "_>"));
-    EXPECT_TRUE(std::ranges::is_sorted(pages)) << "pages follow the words";
-    const std::set<std::string> each(pages.begin(), pages.end());
-    EXPECT_GT(each.size(), 2U);
-    for (const std::string& page : each)
+    const auto pageOf = [](std::string_view text) { return between(text, "<@_", "_>"); };
+    EXPECT_TRUE(std::ranges::is_sorted(texts, {}, pageOf)) << "pages follow the words";
+    std::set<std::string> pages;
+    std::ranges::transform(texts, std::inserter(pages, pages.end()), pageOf);
+    EXPECT_GT(pages.size(), 2U);
+    for (const std::string& page : pages)
         expectPrinted(group / "Tiny/mImg" / page, 1);
     expectPrinted(group / "Png/mImg/png-0001.png", 32);
     expectPrinted(group / "Jpeg/mImg/jpeg-0001.jpg", 32);
     EXPECT_TRUE(place_.read(group / "Tiny/mImg/ImageIndex2")
-                    .starts_with(std::to_string(each.size()) + "\ntiny-0000.tif\tTitle\ntiny-0001.tif\t1\n"))
+                    .starts_with(std::to_string(pages.size()) + "\ntiny-0000.tif\tTitle\ntiny-0001.tif\t1\n"))
         << "the last index: the title page is one more";
-    EXPECT_TRUE(fs::is_regular_file(group / "Tiny/mPimg" / between(txt, "<^_", "_>"))) << "the page of an article in full";
+    EXPECT_TRUE(fs::is_regular_file(group / "Tiny/mPimg" / between(txt, "<^_", "_>")))
+        << "the page of an article in full";
     EXPECT_EQ(place_.read(group / "DictionaryPreferences.txt"), "Group\t0\t\nTiny\t2\nPng\t2\nJpeg\t2\n");
 }
 

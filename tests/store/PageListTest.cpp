@@ -39,22 +39,17 @@ TEST(PageList, HasAsManyPagesAsTheFirstLineSays) {
     }
 }
 
-TEST(PageList, CaptionedIndexWinsOverThePlainOne) {
+TEST(PageList, CaptionedIndexWinsAndAMissingOneIsMade) {
     const TempFolder folder;
     folder.write("ImageIndex", "0\nplain.tif\n");
     folder.write("imageindex2", "2\na.tif\tpage 1\nb.tif\nc.tif\tiii\trest\n");
     const PageList pages = readPageList(FolderItem(folder.path()));
     EXPECT_EQ(pages.names, (Names{"a.tif", "b.tif", "c.tif"}));
     EXPECT_EQ(pages.captions, (Names{"page 1", "", "iii"}));
-}
-
-TEST(PageList, IsUsedWithoutAFileIfNoneCanBeWritten) {
-    const TempFolder folder;
-    folder.write("p1.tif", "");
-    folder.link("ImageIndex", "p1.tif/no");
-    const PageList pages = readPageList(FolderItem(folder.path()));
-    EXPECT_EQ(pages.names, Names{"p1.tif"});
-    EXPECT_EQ(pages.captions, Names{"p1.tif"});
+    folder.write("new/p1.tif", "");
+    folder.link("new/ImageIndex", "p1.tif/no"); // cannot be written
+    const PageList made = readPageList(FolderItem(folder.at("new")));
+    EXPECT_TRUE(made.names == Names{"p1.tif"} && made.captions == made.names);
 }
 
 TEST(PageList, ThrowsWithoutIndexAndPicture) {
@@ -111,38 +106,32 @@ std::string pict(std::size_t headerBytes) {
 
 TEST(PictureFormat, IsThatOfTheExtensionOrElseOfTheContent) {
     using enum PictureFormat;
-    constexpr auto kNone = std::nullopt;
     const std::string pcx = "\n\5\1" + std::string(126, '\0');
     const struct {
-        std::string bytes;
-        const char* extension;
         std::optional<PictureFormat> format;
-    } rows[] = {{"BM", "JPEG", Jpeg},
-                {"", "png", Png},
-                {"BM", "tif", Bmp},
-                {"\xff\xd8\xff", "tif", Jpeg},
-                {"\x89PNG", "", Png},
-                {"II*\0"s, "bmp", Tiff},
-                {"MM\0+"s, "", Tiff},
-                {"\xff\x4f\xff\x51", "", Jpeg2000},
-                {"GIF89a", "", Gif},
-                {"RIFF1234WEBPV", "", WebP},
-                {"RIFF1234WEBP", "", kNone},
-                {"P1 ", "", Pnm},
-                {"P6 ", "", Pnm},
-                {"P7 ", "", kNone},
-                {"P0 ", "", kNone},
-                {"P6", "", kNone},
-                {pcx, "", Pcx},
-                {"\n\6" + pcx.substr(2), "", kNone},
-                {pcx.substr(0, 128), "", kNone},
-                {pict(0), "", Pict},
-                {pict(512), "", Pict},
-                {pict(0).substr(0, 13), "pict", kNone},
-                {"BM", "tga", Bmp},
-                {"?", "TGA", Tga}};
+        const char* extension;
+        std::vector<std::string> contents;
+    } rows[] = {
+        {Jpeg, "JPEG", {"BM"}},
+        {Png, "png", {""}},
+        {Bmp, "tif", {"BM"}},
+        {Jpeg, "tif", {"\xff\xd8\xff"}},
+        {Tiff, "bmp", {"II*\0"s, "MM\0+"s}},
+        {Bmp, "tga", {"BM"}},
+        {Tga, "TGA", {"?"}},
+        {Png, "", {"\x89PNG"}},
+        {Jpeg2000, "", {"\xff\x4f\xff\x51"}},
+        {Gif, "", {"GIF89a"}},
+        {WebP, "", {"RIFF1234WEBPV"}},
+        {Pnm, "", {"P1 ", "P6 "}},
+        {Pcx, "", {pcx}},
+        {Pict, "", {pict(0), pict(512)}},
+        {std::nullopt, "pict", {pict(0).substr(0, 13), "RIFF1234WEBP", "P7 ", "P0 ", "P6"}},
+        {std::nullopt, "", {"\n\6" + pcx.substr(2), pcx.substr(0, 128)}},
+    };
     for (const auto& row : rows)
-        EXPECT_EQ(pictureFormat(row.bytes, row.extension), row.format) << row.bytes.substr(0, 20) << row.extension;
+        for (const std::string& bytes : row.contents)
+            EXPECT_EQ(pictureFormat(bytes, row.extension), row.format) << bytes.substr(0, 20) << row.extension;
     EXPECT_EQ(pictStart(pict(512)), 512u);
     EXPECT_EQ(pictStart(pict(0)), 0u);
 }

@@ -89,17 +89,6 @@ TEST(MoveFileOrFolder, OntoAnExistingNameMovesNothingAndReportsIt) {
     EXPECT_EQ(filesOf(folder.path()), "to/Dic/ind=new");
 }
 
-TEST(FileNames, ExtensionFollowsTheLastPoint) {
-    const struct {
-        const char *name, *extension, *rest;
-    } cases[] = {{"", "", ""},          {"name", "", "name"},      {"a.b.TIFF", "TIFF", "a.b"},
-                 {"name.", "", "name"}, {".hidden", "hidden", ""}, {".", "", ""}};
-    for (const auto& each : cases) {
-        EXPECT_EQ(mFiMod_GetExtensionFromFileName(each.name), each.extension) << each.name;
-        EXPECT_EQ(mFiMod_RemoveExtesionFromFileName(each.name), each.rest) << each.name;
-    }
-}
-
 std::string x(std::size_t count, const std::string& end) {
     return std::string(count, 'x') + end;
 }
@@ -121,6 +110,8 @@ TEST(FileNames, AreMadeUnique) {
         {"number before the extension", {"a.tif"}, "a.tif", "a_1.tif"},
         {"next number", {"a.tif", "a_1.tif", "a_2.tif"}, "a.tif", "a_3.tif"},
         {"without extension", {"Latin"}, "Latin", "Latin_1"},
+        {"two points", {"a.b.tif"}, "a.b.tif", "a.b_1.tif"},
+        {"extension alone", {".hidden"}, ".hidden", "_1.hidden"},
         {"point at the end is dropped", {"a."}, "a.", "a"},
         {"other case is taken", {"A.TIF"}, "a.tif", "a_1.tif"},
         {"cut to 31 bytes", {x(28, ".tif")}, x(28, ".tif"), x(27, ".tif")},

@@ -42,7 +42,6 @@ void writeTinySource(const TempFolder& folder) {
 Sample tinySample(const std::string& name, PageKind kind) {
     return {"Group", name, "tiny", [kind](const fs::path& folder) {
                 Book book;
-                book.title = {"Tiny", {}, {}};
                 book.design.typeface = "Linux Libertine O";
                 book.design.hyphenation = "/usr/share/hyphen/hyph_en_US.dic";
                 book.design.kind = kind;

@@ -18,22 +18,12 @@ namespace {
 std::string told(const std::vector<Paragraph>& paragraphs) {
     std::vector<std::string> texts;
     for (const Paragraph& each : paragraphs)
-        texts.push_back((each.gapBefore ? "# " : "") +
-                        std::string(each.setting == Setting::Verse   ? "> "
-                                    : each.setting == Setting::Right ? ">> "
-                                                                     : "") +
-                        each.markup);
+        texts.push_back((each.gapBefore ? "# " : "") + std::string(each.setting == Setting::Verse ? "> " : "") +
+                        (each.setting == Setting::Right ? ">> " : "") + each.markup);
     std::string out = Join(texts, "|");
-    const std::pair<const char*, const char*> signs[] = {{"<b>", "*"},
-                                                         {"</b>", "*"},
-                                                         {"<i>", "/"},
-                                                         {"</i>", "/"},
-                                                         {"<span variant=\"small-caps\">", "^"},
-                                                         {"<span color=\"#ac241c\">", "!"},
-                                                         {"</span>", "^"}};
-    for (const auto& [tag, sign] : signs)
-        out = ReplaceAllB(out, tag, sign);
-    return out;
+    out = ReplaceAllB(ReplaceAllB(out, "<span variant=\"small-caps\">", "^"), "</span>", "^");
+    out = ReplaceAllB(ReplaceAllB(out, "<b>", "*"), "</b>", "*");
+    return ReplaceAllB(ReplaceAllB(ReplaceAllB(out, "<i>", "/"), "</i>", "/"), "<span color=\"#ac241c\">", "!");
 }
 
 TEST(GcideLetters, SignsInBracketsBecomeLettersAndOtherBracketsStay) {

@@ -2,10 +2,12 @@
 #include "files/FolderItem.h"
 #include "files/TemporaryName.h"
 #include "support/TempFolder.h"
+#include "support/Tree.h"
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <optional>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -17,6 +19,8 @@ namespace velmarin {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
+using test::filesOf;
 using test::TempFolder;
 
 int modeOf(const fs::path& path) {
@@ -45,15 +49,11 @@ class FullDisk {
 
 TEST(WriteFileAtomically, ReplacesTheWholeFileAndLeavesNothingBeside) {
     const TempFolder folder;
-    const std::string big(3'000'000, 'x');
-    for (const Durability durability : {Durability::Flushed, Durability::RenamedOnly}) {
-        for (const std::string& text : {std::string("old"), big, std::string(), std::string("a\0b", 3)}) {
-            const Result result = writeFileAtomically(folder.path() / "f", text, durability);
-            EXPECT_TRUE(result);
-            EXPECT_EQ(folder.read("f"), text);
+    for (const Durability durability : {Durability::Flushed, Durability::RenamedOnly})
+        for (const std::string& text : {"old"s, std::string(3'000'000, 'x'), ""s, "a\0b"s}) {
+            EXPECT_TRUE(writeFileAtomically(folder.at("f"), text, durability));
+            EXPECT_TRUE(filesOf(folder.path()) == "f=" + text);
         }
-    }
-    EXPECT_EQ(FolderItem(folder.path()).items().size(), 1u);
 }
 
 TEST(WriteFileAtomically, KeepsThePermissionsOfTheFile) {
@@ -73,55 +73,43 @@ TEST(WriteFileAtomically, KeepsThePermissionsOfTheFile) {
 TEST(WriteFileAtomically, WritesThroughLinksAndLeavesThemLinks) {
     const TempFolder folder;
     folder.write("there/real", "old");
-    fs::create_symlink("there/real", folder.path() / "one");
-    fs::create_symlink("one", folder.path() / "two");
-    fs::create_symlink("there/made", folder.path() / "dangling");
-    EXPECT_TRUE(writeFileAtomically(folder.path() / "two", "new"));
-    EXPECT_EQ(folder.read("there/real"), "new");
-    EXPECT_TRUE(writeFileAtomically(folder.path() / "dangling", "first"));
-    EXPECT_EQ(folder.read("there/made"), "first");
-    for (const char* name : {"one", "two", "dangling"})
-        EXPECT_TRUE(fs::is_symlink(folder.path() / name)) << name;
+    folder.link("one", "there/real");
+    folder.link("two", "one");
+    folder.link("dangling", "there/made");
+    for (const char* name : {"two", "dangling"})
+        EXPECT_TRUE(writeFileAtomically(folder.at(name), "new"));
+    EXPECT_EQ(filesOf(folder.path()), "dangling->there/made one->there/real there/made=new there/real=new two->one");
 }
 
 TEST(WriteFileAtomically, FailureNamesTheFileAndLeavesEverythingAsItWas) {
     const TempFolder folder;
     folder.write("folder/inside", "");
     folder.write("file", "old");
-    fs::create_symlink("loop", folder.path() / "loop");
-    ASSERT_EQ(::mkfifo((folder.path() / "fifo").c_str(), 0600), 0);
-    struct Case {
-        const char* where;
-        const char* reason;
-    };
-    for (const Case& c : {Case{"folder", "it is not a file"}, Case{"fifo", "it is not a file"},
-                          Case{"loop", "it is a link that leads nowhere"}, Case{"file/inside", "Not a directory"},
-                          Case{"missing/f", "No such file or directory"}}) {
-        const Result result = writeFileAtomically(folder.path() / c.where, "new");
-        EXPECT_FALSE(result) << c.where;
-        EXPECT_EQ(result.failure().message(),
-                  "\"" + (folder.path() / c.where).string() + "\" could not be written: " + c.reason);
+    folder.link("loop", "loop");
+    folder.fifo("fifo");
+    for (const auto& [where, reason] : {std::pair{folder.at("folder"), "it is not a file"},
+                                        {folder.at("fifo"), "it is not a file"},
+                                        {folder.at("loop"), "it is a link that leads nowhere"},
+                                        {folder.at("file/inside"), "Not a directory"},
+                                        {folder.at("missing/f"), "No such file or directory"},
+                                        {folder.at(std::string(300, 'n')), "File name too long"},
+                                        {"/proc/velmarin", "No such file or directory"}}) {
+        const Result result = writeFileAtomically(where, "new");
+        EXPECT_EQ(result.failure().message(), "\"" + where.string() + "\" could not be written: " + reason);
     }
-    const Result tooLong = writeFileAtomically(folder.path() / std::string(300, 'n'), "new");
-    EXPECT_NE(tooLong.failure().reason.find("File name too long"), std::string::npos);
-    EXPECT_FALSE(writeFileAtomically("/proc/velmarin", "new"));
-    EXPECT_EQ(folder.read("file"), "old");
     EXPECT_EQ(FolderItem(folder.path()).items().size(), 4u);
+    EXPECT_EQ(folder.read("file"), "old");
 }
 
 TEST(WriteFileAtomically, OnAFullDiskTheOldFileStays) {
     const TempFolder folder;
     const fs::path path = folder.write("f", "old");
     for (const Durability durability : {Durability::Flushed, Durability::RenamedOnly}) {
-        Result result;
-        {
-            const FullDisk full(1000);
-            result = writeFileAtomically(path, std::string(100'000, 'x'), durability);
-        }
-        EXPECT_FALSE(result);
+        auto full = std::make_optional<FullDisk>(1000);
+        const Result result = writeFileAtomically(path, std::string(100'000, 'x'), durability);
+        full.reset();
         EXPECT_NE(result.failure().reason.find("File too large"), std::string::npos);
-        EXPECT_EQ(folder.read("f"), "old");
-        EXPECT_EQ(FolderItem(folder.path()).items().size(), 1u);
+        EXPECT_EQ(filesOf(folder.path()), "f=old");
     }
 }
 

@@ -6,10 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
-
-#include <sys/stat.h>
+#include <set>
 
 namespace velmarin {
 namespace {
@@ -18,49 +16,40 @@ namespace fs = std::filesystem;
 using namespace std::string_literals;
 using test::TempFolder;
 
-struct ChildCase {
-    const char* reason;
-    std::vector<std::string> present;
-    std::string asked;
-    /// The name that is found; empty: nothing is.
-    std::string found;
-};
-
-class ChildByName : public testing::TestWithParam<ChildCase> {};
-
-TEST_P(ChildByName, IsFoundByFolderAndByListingAlike) {
-    const TempFolder folder;
-    folder.write("outside", "");
-    for (const std::string& name : GetParam().present)
-        folder.write("in/" + name, "");
-    fs::create_directories(folder.path() / "in");
-    const FolderItem in(folder.path() / "in");
-    const FolderListing listing(in);
-    for (const FolderItem& child : {in.Child(GetParam().asked), listing.Child(GetParam().asked)}) {
-        EXPECT_EQ(child.Exists(), !GetParam().found.empty());
-        if (child.Exists()) {
-            EXPECT_EQ(child.path(), in.path() / GetParam().found);
-        }
+TEST(FolderItem, ChildIsFoundByFolderAndByListingAlike) {
+    const struct {
+        std::vector<std::string> present;
+        std::string asked, found;
+    } cases[] = {
+        {{"Format"}, "Format", "Format"},
+        {{"format"}, "Format", "format"},
+        {{"FORMAT", "Format", "format"}, "format", "format"},
+        {{"FORMAT", "Format", "format"}, "fORMAT", "FORMAT"},
+        {{"cafe\xCC\x81.tif"}, "caf\xC3\xA9.tif", "cafe\xCC\x81.tif"},
+        {{"CAF\xC3\x89.tif"}, "cafe\xCC\x81.tif", "CAF\xC3\x89.tif"},
+        {{"caf\xE9.tif"}, "caf\xE9.tif", "caf\xE9.tif"},
+        {{"indx"}, "ind", ""},
+        {{"a/b"}, "a/b", ""},
+        {{"a"}, "../outside", ""},
+        {{"a"}, "a\0"s, ""},
+        {{"a"}, std::string(5000, 'a'), ""},
+        {{"a"}, "", ""},
+        {{"a"}, ".", ""},
+        {{"a"}, "..", ""},
+        {{"a"}, "/etc", ""},
+        {{"a"}, "a\0b"s, ""},
+    };
+    for (const auto& each : cases) {
+        const TempFolder folder;
+        folder.write("outside", "");
+        for (const std::string& name : each.present)
+            folder.write("in/" + name, "");
+        const FolderItem in(folder.at("in"));
+        const FolderListing listing(in);
+        for (const FolderItem& child : {in.Child(each.asked), listing.Child(each.asked)})
+            EXPECT_EQ(child.Exists() ? child.path() : in.path() / "", in.path() / each.found) << each.asked;
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, ChildByName,
-    testing::Values(ChildCase{"ExactName", {"Format"}, "Format", "Format"},
-                    ChildCase{"OtherCase", {"format"}, "Format", "format"},
-                    ChildCase{"ExactNameBeforeOtherCase", {"FORMAT", "Format", "format"}, "format", "format"},
-                    ChildCase{"FirstInListingOrder", {"FORMAT", "Format", "format"}, "fORMAT", "FORMAT"},
-                    ChildCase{"ExtensionInOtherCase", {"PAGE1.TIF"}, "page1.tif", "PAGE1.TIF"},
-                    ChildCase{"DecomposedOnDisk", {"caf\x65\xCC\x81.tif"}, "caf\xC3\xA9.tif", "caf\x65\xCC\x81.tif"},
-                    ChildCase{"ComposedOnDisk", {"CAF\xC3\x89.tif"}, "cafe\xCC\x81.tif", "CAF\xC3\x89.tif"},
-                    ChildCase{"NotUtf8", {"caf\xE9.tif"}, "caf\xE9.tif", "caf\xE9.tif"},
-                    ChildCase{"Absent", {"ind"}, "txt", ""}, ChildCase{"Prefix", {"indx"}, "ind", ""},
-                    ChildCase{"EmptyName", {"a"}, "", ""}, ChildCase{"Point", {"a"}, ".", ""},
-                    ChildCase{"TwoPoints", {"a"}, "..", ""}, ChildCase{"WayOut", {"a"}, "../outside", ""},
-                    ChildCase{"WayIn", {"a/b"}, "a/b", ""}, ChildCase{"AbsolutePath", {"a"}, "/etc", ""},
-                    ChildCase{"NulByte", {"a"}, "a\0b"s, ""}, ChildCase{"NulAtTheEnd", {"a"}, "a\0"s, ""},
-                    ChildCase{"TooLong", {"a"}, std::string(5000, 'a'), ""}),
-    [](const auto& info) { return info.param.reason; });
 
 TEST(FolderItem, ChildWithImpossibleNameCannotBeMade) {
     const TempFolder folder;
@@ -84,9 +73,9 @@ TEST(FolderItem, IsNamedHoweverItsPathEnds) {
 TEST(FolderItem, LinksAreAliases) {
     const TempFolder folder;
     folder.write("real/ind", "");
-    fs::create_directory_symlink("real", folder.path() / "link");
-    fs::create_symlink("nowhere", folder.path() / "dangling");
-    fs::create_symlink("loop", folder.path() / "loop");
+    folder.link("link", "real");
+    folder.link("dangling", "nowhere");
+    folder.link("loop", "loop");
     const FolderItem in(folder.path());
 
     const FolderItem link = in.Child("link");
@@ -101,26 +90,24 @@ TEST(FolderItem, LinksAreAliases) {
         EXPECT_FALSE(item.Exists() || item.Directory() || item.regularFile()) << name;
         EXPECT_EQ(item.resolved(), item) << name;
         EXPECT_TRUE(item.items().empty()) << name;
-        EXPECT_FALSE(item.AbsolutePath().empty()) << name;
     }
     EXPECT_EQ(in.items().size(), 4u);
 }
 
 TEST(FolderItem, ListsInTheSystemsStringOrder) {
     const TempFolder folder;
-    const std::vector<std::string> alphabet = {"a",   "B", "b", "Z", "_", "1", "\xC3\xA9", "\xC3\x89", "\xE3\x81\x82",
-                                               "\xFF"};
+    const std::vector<std::string> letters = {"a",   "B", "b", "Z", "_", "1", "\xC3\xA9", "\xC3\x89", "\xE3\x81\x82",
+                                              "\xFF"};
     std::mt19937 random(7);
-    std::vector<std::string> names;
+    std::set<std::string, ListingOrder> wanted;
     for (int i = 0; i < 300; ++i) {
         std::string name;
         for (std::size_t length = 1 + random() % 4; length > 0; --length)
-            name += alphabet[random() % alphabet.size()];
+            name += letters[random() % letters.size()];
         folder.write(name, "");
-        names.push_back(name);
+        wanted.insert(name);
     }
-    std::sort(names.begin(), names.end(), ListingOrder{});
-    names.erase(std::unique(names.begin(), names.end()), names.end());
+    const std::vector<std::string> names(wanted.begin(), wanted.end());
     std::vector<std::string> listed;
     for (const FolderItem& item : FolderItem(folder.path()).items())
         listed.push_back(item.Name());
@@ -128,7 +115,7 @@ TEST(FolderItem, ListsInTheSystemsStringOrder) {
     const FolderListing listing(FolderItem(folder.path()));
     EXPECT_TRUE(listing.listed());
     EXPECT_EQ(listing.names(), names);
-    EXPECT_FALSE(FolderListing(FolderItem(folder.path() / "missing")).listed());
+    EXPECT_FALSE(FolderListing(FolderItem(folder.at("missing"))).listed());
 }
 
 } // namespace

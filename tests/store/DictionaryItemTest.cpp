@@ -6,7 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
+#include <algorithm>
+#include <random>
 
 namespace velmarin {
 namespace {
@@ -16,120 +17,131 @@ using test::DictionaryBuilder;
 using test::TempFolder;
 using Words = std::vector<std::string>;
 
-Words wordsOf(const DictionaryItem& item) {
-    Words words;
-    for (std::size_t i = 0; i < item.IND.size(); ++i)
-        words.emplace_back(item.IND[i]);
-    return words;
-}
-
 DictionaryBuilder dictionary() {
     return DictionaryBuilder("Dic");
 }
-DictionaryBuilder two() {
-    return dictionary().entries({"abc", "Straße"});
+DictionaryBuilder one() {
+    return dictionary().entries({"Straße"});
 }
-const Words kTwo = {"ABC", "STRASSE"};
+DictionaryBuilder with(const std::string& member, const std::string& bytes) {
+    return one().without(member).member(member, bytes);
+}
+
+/// What was read, such as "loaded Spanish IJUV independent 000: THE WORDS".
+std::string shown(const DictionaryItem& item) {
+    std::string text = item.loaded ? "loaded" : "failed";
+    text += item.order.SpanishMode ? " Spanish" : "";
+    text += item.order.IJUVMode ? " IJUV" : "";
+    text += item.Independent ? " independent" : "";
+    text += item.order.FormatFom.empty() ? ":" : " " + item.order.FormatFom + ":";
+    for (std::size_t i = 0; i < item.IND.size(); ++i)
+        text += " " + std::string(item.IND[i]);
+    return text;
+}
 
 TEST(MakeDictionaryItem, FillsTheItemAndLeavesItsImageMode) {
-    const struct {
-        const char* reason;
-        DictionaryBuilder dictionary;
-        Words words;
-        bool loads = true;
-        bool spanish = false;
-        bool ijuv = false;
-        std::string format = {};
-        bool independent = false;
-    } cases[] = {
-        {"TheLeastThatLoads", two().without("mPimg"), kTwo},
-        {"EmptyIndex", dictionary(), {}},
-        {"KeyEndsAtTheFirstDelimiter",
-         dictionary().member("ind", "abc__DLM__def__DLM__ghi\n__DLM__x\nplain"),
-         {"ABC", "", "PLAIN"}},
-        {"EmptyLinesKeepTheirPlace", dictionary().member("ind", "\na\n\nb\n"), {"", "A", "", "B"}},
-        {"AllLineEnds", dictionary().member("ind", "a\rb\r\nc\nd"), {"A", "B", "C", "D"}},
-        {"ByteOrderMark", dictionary().member("ind", "\xEF\xBB\xBFz\n"), {"Z"}},
-        {"NotUtf8", dictionary().member("ind", "caf\xE9\nz\n"), {"CAF\xE9", "Z"}},
-        {"Spanish", dictionary().entries({"mucho"}).spanish(), {"MUC\xC6\xA9O"}, true, true},
-        {"Ijuv", dictionary().entries({"Julius"}).ijuv(), {"IULIUS"}, true, false, true},
-        {"SpanishWinsOverIjuv", dictionary().entries({"chivo"}).spanish().ijuv(), {"C\xC6\xA9IVO"}, true, true, true},
-        {"MarkerThatIsAFolder", two().member("Spanish/inside", ""), kTwo, true, true},
-        {"Format", two().format("000"), kTwo, true, false, false, "000"},
-        {"FormatAndIndependent", two().format("000", true), kTwo, true, false, false, "000", true},
-        {"IndependentInAnyCase", two().member("Format", "\r\nTRUE"), kTwo, true, false, false, "", true},
-        {"OtherSecondLine", two().member("Format", "0\ntrue \n"), kTwo, true, false, false, "0"},
-        {"EmptyFormat", two().member("Format", ""), kTwo},
-        {"FormatInSmallLetters", two().member("format", "00"), kTwo, true, false, false, "00"},
-        {"HugeFormat", two().member("Format", "0\nfalse\n" + std::string(1'000'000, 'x')), kTwo, true, false, false,
-         "0"},
-        {"WithoutInd", two().without("ind").ijuv(), {}, false, false, true},
-        {"WithoutTxt", two().without("txt").format("0"), {}, false, false, false, "0"},
-        {"WithoutImages", two().without("mImg"), {}, false},
-        {"MarkAlone", two().without("ind").without("txt").without("mImg"), {}, false}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.reason);
+    const std::pair<DictionaryBuilder, std::string> cases[] = {
+        {one().without("mPimg"), "loaded: STRASSE"},
+        {dictionary(), "loaded:"},
+        {with("ind", "\nabc__DLM__def__DLM__ghi\n__DLM__x\nplain\n"), "loaded:  ABC  PLAIN"},
+        {with("ind", "\xEF\xBB\xBF"
+                     "a\rb\r\nc\nd"),
+         "loaded: A B C D"},
+        {with("ind", "caf\xE9\nz\n"), "loaded: CAF\xE9 Z"},
+        {dictionary().entries({"mucho"}).spanish(), "loaded Spanish: MUC\xC6\xA9O"},
+        {dictionary().entries({"Julius"}).ijuv(), "loaded IJUV: IULIUS"},
+        {dictionary().entries({"chivo"}).spanish().ijuv(), "loaded Spanish IJUV: C\xC6\xA9IVO"},
+        {with("Spanish/inside", ""), "loaded Spanish: STRASSE"},
+        {with("Format", "000\ntrue"), "loaded independent 000: STRASSE"},
+        {with("Format", "\r\nTRUE"), "loaded independent: STRASSE"},
+        {with("Format", "0\ntrue \n"), "loaded 0: STRASSE"},
+        {with("format", "00"), "loaded 00: STRASSE"},
+        {with("Format", "0\nfalse\n" + std::string(1'000'000, 'x')), "loaded 0: STRASSE"},
+        {one().without("ind").ijuv(), "failed IJUV:"},
+        {one().without("txt").format("0"), "failed 0:"},
+        {one().without("mImg"), "failed:"},
+    };
+    for (const auto& [builder, expected] : cases) {
         const TempFolder folder;
-        const FolderItem own(c.dictionary.writeTo(folder.path()));
         DictionaryItem item;
         item.ImageMode = 77;
-        EXPECT_EQ(MakeDictionaryItem(own, item, 4), c.loads);
-        EXPECT_EQ(item.loaded, c.loads);
-        EXPECT_EQ(wordsOf(item), c.words);
-        EXPECT_EQ(item.order.SpanishMode, c.spanish);
-        EXPECT_EQ(item.order.IJUVMode, c.ijuv);
-        EXPECT_EQ(item.order.FormatFom, c.format);
-        EXPECT_EQ(item.Independent, c.independent);
-        EXPECT_EQ(item.name, "Dic");
-        EXPECT_EQ(item.TabNum, 4);
-        EXPECT_EQ(item.ImageMode, 77);
-        EXPECT_TRUE(item.ImageNameArray.empty());
+        EXPECT_EQ(MakeDictionaryItem(FolderItem(builder.writeTo(folder.path())), item, 4), item.loaded);
+        EXPECT_EQ(shown(item), expected);
+        EXPECT_EQ(item.name + std::to_string(item.TabNum) + std::to_string(item.ImageMode), "Dic477");
     }
 }
 
-TEST(MakeDictionaryItem, WhatExistsAndCannotBeOpenedIsNamed) {
+TEST(MakeDictionaryItem, NamesWhatExistsAndCannotBeOpened) {
     const TempFolder folder;
-    const auto raisesWith = [&](const fs::path& own, const std::string& member) {
+    with("Format/inside", "").writeTo(folder.at("Format"));
+    with("ind/inside", "").without("ind").writeTo(folder.at("ind"));
+    one().without("ind").writeTo(folder.at("fifo"));
+    folder.fifo("fifo/Dic/ind");
+    for (const char* file : {"Format/Dic/Format", "ind/Dic/ind", "fifo/Dic/ind"}) {
         DictionaryItem item;
         try {
-            MakeDictionaryItem(FolderItem(own), item, 0);
-            return false;
+            MakeDictionaryItem(FolderItem(folder.at(file).parent_path()), item, 0);
+            ADD_FAILURE() << file;
         } catch (const NilObjectException& exception) {
-            return std::string(exception.what()).find((own / member).string()) != std::string::npos && !item.loaded;
+            EXPECT_NE(std::string(exception.what()).find(folder.at(file)), std::string::npos) << exception.what();
+            EXPECT_FALSE(item.loaded);
         }
-    };
-    EXPECT_TRUE(raisesWith(two().member("Format/inside", "").writeTo(folder.path() / "a"), "Format"));
-    EXPECT_TRUE(raisesWith(two().without("ind").member("ind/inside", "").writeTo(folder.path() / "b"), "ind"));
-    const fs::path withFifo = two().without("ind").writeTo(folder.path() / "c");
-    ASSERT_EQ(::mkfifo((withFifo / "ind").c_str(), 0600), 0);
-    EXPECT_TRUE(raisesWith(withFifo, "ind"));
+    }
     DictionaryItem item;
     EXPECT_THROW(MakeDictionaryItem(FolderItem(), item, 0), NilObjectException);
-    EXPECT_FALSE(MakeDictionaryItem(FolderItem(folder.path() / "gone"), item, 0));
+    EXPECT_FALSE(MakeDictionaryItem(FolderItem(folder.at("gone")), item, 0));
 }
 
-TEST(DicOrNot, AnyOneMemberMakesADictionary) {
+TEST(DicOrNot, TakesAFolderWithOneOfTheMembers) {
     const TempFolder folder;
-    for (const char* member : {"FW", "BW", "ind", "KW", "KWTB", "format", "Format", "FORMAT", "mImg", "mPimg", "mHtm",
-                               "mMov", "mSnd", "fw"}) {
-        folder.write(std::string("in-") + member + "/" + member, "");
-        EXPECT_TRUE(mSub_DicOrNot(FolderItem(folder.path() / (std::string("in-") + member)))) << member;
-    }
-    for (const char* member : {"txt", "Spanish", "IJUV", "FW.txt"}) {
-        folder.write(std::string("not-") + member + "/" + member, "");
-        EXPECT_FALSE(mSub_DicOrNot(FolderItem(folder.path() / (std::string("not-") + member)))) << member;
-    }
-}
-
-TEST(DicOrNot, RefusesLinksFilesAndWhatIsNotThere) {
-    const TempFolder folder;
-    folder.write("dic/FW", "");
-    fs::create_directory_symlink("dic", folder.path() / "link");
-    fs::create_directories(folder.path() / "faulty");
-    fs::create_symlink("nowhere", folder.path() / "faulty/FW");
-    for (const char* name : {"link", "dic/FW", "gone", "faulty"})
-        EXPECT_FALSE(mSub_DicOrNot(FolderItem(folder.path() / name))) << name;
+    const auto isDictionary = [&](const std::string& name) { return mSub_DicOrNot(FolderItem(folder.at(name))); };
+    for (const std::string member : {"FW", "BW", "ind", "KW", "KWTB", "FORMAT", "mImg", "mPimg", "mHtm", "mMov", "mSnd",
+                                     "txt", "Spanish", "IJUV", "FW.txt"})
+        folder.write("in-" + member + "/" + member, "");
+    for (const std::string member :
+         {"FW", "BW", "ind", "KW", "KWTB", "FORMAT", "mImg", "mPimg", "mHtm", "mMov", "mSnd"})
+        EXPECT_TRUE(isDictionary("in-" + member)) << member;
+    folder.link("link", "in-FW");
+    folder.link("faulty/FW", "nowhere");
+    for (const char* name : {"in-txt", "in-Spanish", "in-IJUV", "in-FW.txt", "link", "in-FW/FW", "gone", "faulty"})
+        EXPECT_FALSE(isDictionary(name)) << name;
     EXPECT_THROW(mSub_DicOrNot(FolderItem()), NilObjectException);
+}
+
+/// The definition: from the front, the first entry that sorts after the word.
+std::size_t plainLoop(const Words& words, const std::string& word) {
+    const auto greater = [&](const std::string& each) { return word < each; };
+    return static_cast<std::size_t>(std::find_if(words.begin(), words.end(), greater) - words.begin());
+}
+
+std::string randomWord(std::mt19937& random) {
+    const Words letters = {"A", "B", "\xC6\xA9", "\xE3\x81\x82", "\xF0\x90\x80\x80", "\xFF", std::string(1, '\0')};
+    std::string word;
+    for (std::size_t length = random() % 4; length > 0; --length)
+        word += letters[random() % letters.size()];
+    return word;
+}
+
+TEST(HeadwordIndex, FindsTheFirstGreaterEntryOfAnyListAsThePlainLoopDoes) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 2000; ++round) {
+        Words words(random() % 40);
+        std::generate(words.begin(), words.end(), [&] { return randomWord(random); });
+        if (round % 3 == 0)
+            std::sort(words.begin(), words.end());
+        HeadwordIndex index;
+        for (const std::string& word : words)
+            EXPECT_TRUE(index.append(word));
+        index.finish();
+        ASSERT_EQ(index.size(), words.size());
+        ASSERT_EQ(index.sorted(), std::is_sorted(words.begin(), words.end()));
+        for (std::size_t i = 0; i < words.size(); ++i)
+            ASSERT_EQ(index[i], words[i]);
+        for (int question = 0; question < 20; ++question) {
+            const std::string word = randomWord(random);
+            ASSERT_EQ(index.firstGreater(word), plainLoop(words, word)) << "round " << round;
+        }
+    }
 }
 
 } // namespace

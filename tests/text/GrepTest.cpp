@@ -6,8 +6,6 @@
 namespace velmarin {
 namespace {
 
-constexpr const char* kBadPatternMessage = "failed to compile: Bad regular expression";
-
 class GrepTest : public testing::Test {
   protected:
     GrepTest() { mStrMod_OpenThisModule(); }
@@ -22,7 +20,6 @@ TEST_F(GrepTest, SearchReturnsThePositionOfAMatchFromOne) {
         std::string text, pattern;
         int position;
     } rows[] = {
-        {"at the very start", 0, "<@_a_>", "<@_(.+?)_>", 1},
         {"characters, not bytes", 0, "éé<@_a_>", "<@_(.+?)_>", 3},
         {"empty name is none", 0, "<@__>", "<@_(.+?)_>", 0},
         {"empty match", 0, "", "^", 1},
@@ -30,7 +27,6 @@ TEST_F(GrepTest, SearchReturnsThePositionOfAMatchFromOne) {
         {"behind the last match", 4, "abab", "a", 0},
         {"beyond the text", 9, "abab", "a", 0},
         {"negative start", -1, "abab", "a", 1},
-        {"line start inside the text", 0, "a\nb", "^b", 3},
         {"CR LF is one end", 0, "a\r\nb", "^b", 3},
         {"the point stops at an end", 0, "a\rb", "a.b", 0},
         {"word characters are ASCII", 0, "aé", "[^\\w]", 2},
@@ -46,11 +42,9 @@ TEST_F(GrepTest, FindReturnsTheNameInAMarker) {
         const char* reason;
         std::string text, name;
     } rows[] = {
-        {"page marker", "text <@_page 1.tif_> text", "page 1.tif"},
-        {"name beyond ASCII", "<@_ページ.tif_>", "ページ.tif"},
+        {"page marker", "text <@_ページ 1.tif_> text", "ページ 1.tif"},
         {"not over a line end", "<@_a\r_>", ""},
-        {"stray byte before the marker", "caf\xE9 <@_a_>", "a"},
-        {"stray byte in the name", "<@_caf\xE9.tif_>", "caf\xE9.tif"},
+        {"stray bytes", "caf\xE9 <@_caf\xE9.tif_>", "caf\xE9.tif"},
         {"cut character before the closing sign", "<@_\xE3\x83_> \xFF", "\xE3\x83"},
     };
     for (const auto& row : rows)
@@ -63,17 +57,15 @@ TEST_F(GrepTest, ReplaceInsertsTheReplacementLiterally) {
         const char* reason;
         std::string text, pattern, replacement, first, all;
     } rows[] = {
-        {"two matches", "a-b-c", "-", "+", "a+b-c", "a+b+c"},
         {"no match, line ends", "a\r\nb\r", "x", "y", "a\nb\n", "a\nb\n"},
         {"references mean nothing", "ab", "(b)", "$1\\1", "a$1\\1", "a$1\\1"},
         {"line end inserted", "ab", "b", "\r\n", "a\n", "a\n"},
         {"longer than the text", "--", "-", std::string(200, 'x'), std::string(200, 'x') + "-", std::string(400, 'x')},
         {"empty matches", "ab", "x*", "-", "-ab", "-a-b-"},
         {"character beyond ASCII", "é", "[^\\w]", "-", "-", "--"},
-        {"stray byte", "\xE9-", "-", "+", "\xE9+", "\xE9+"},
+        {"stray byte, two matches", "\xE9-a-", "-", "+", "\xE9+a-", "\xE9+a+"},
         {"bad pattern", "a\rb", "(", "x", "a\rb", "a\rb"},
-        {"empty text, bad pattern", "", "(", "x", "", ""},
-        {"empty text, empty match", "", "^", "x", "", ""},
+        {"empty text", "", "^", "x", "", ""},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(mStrMod_GrepMBS_Replace(row.text, row.pattern, row.replacement), row.first) << row.reason;
@@ -86,7 +78,7 @@ TEST_F(GrepTest, ABadPatternIsReportedAndFindsNothing) {
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, "((", "("), 0);
     EXPECT_EQ(mStrMod_GrepMBS_Find(0, "((", "("), "");
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, "\xE9", "\xE9"), 0) << "a pattern is UTF-8";
-    EXPECT_EQ(messages.texts, std::vector<std::string>(3, kBadPatternMessage));
+    EXPECT_EQ(messages.texts, std::vector<std::string>(3, "failed to compile: Bad regular expression"));
 }
 
 TEST_F(GrepTest, FoundStrIsTheLastMatchOfGrepAlone) {
@@ -119,11 +111,10 @@ TEST_F(GrepTest, EndlessBacktrackingIsNoMatch) {
         markers += "<@_";
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, markers, kPageMarkerPattern), 0);
     EXPECT_EQ(mStrMod_GrepMBS_Replace(markers, kPageMarkerPattern, ""), markers);
-    const std::string run(40, 'a');
-    EXPECT_EQ(mStrMod_GrepMBS_Search(0, run + "b", "(a+)+$"), 0);
-    EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(run + "b", "(a+)+$", ""), run + "b");
-    const std::string deep(100'000, 'a');
-    EXPECT_EQ(mStrMod_GrepMBS_Search(0, deep, "(a|b)*c"), 0);
+    const std::string run = std::string(40, 'a') + "b";
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, run, "(a+)+$"), 0);
+    EXPECT_EQ(mStrMod_GrepMBS_ReplaceAll(run, "(a+)+$", ""), run);
+    EXPECT_EQ(mStrMod_GrepMBS_Search(0, std::string(100'000, 'a'), "(a|b)*c"), 0);
     EXPECT_EQ(mStrMod_GrepMBS_Search(0, "b", "b"), 1) << "and the next search works";
 }
 

@@ -1,5 +1,7 @@
 #include "make_samples/SampleFolder.h"
 
+#include <algorithm>
+#include <memory>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -7,9 +9,11 @@
 #include <gtest/gtest.h>
 #include <leptonica/allheaders.h>
 
+#include "files/FolderItem.h"
 #include "make_samples/Parsers.h"
 #include "make_samples/Text.h"
 #include "support/TempFolder.h"
+#include "support/Tree.h"
 
 namespace velmarin {
 namespace {
@@ -17,14 +21,13 @@ namespace {
 namespace fs = std::filesystem;
 using test::TempFolder;
 
-/// Writes a dictionary of 90 words, "bab" to "zuz", and returns its name.
-std::string writeTinySource(const TempFolder& folder) {
+/// Writes the source of a dictionary of 90 words, "bab" to "zuz".
+void writeTinySource(const TempFolder& folder) {
     constexpr std::string_view digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
     const auto number = [&](std::size_t n) {
         return std::string{digits[n / 4096], digits[n / 64 % 64], digits[n % 64]};
     };
-    std::string text;
-    std::string index;
+    std::string text, index;
     for (const char first : std::string("zyxwvtsrqpnmlkjhgb"))
         for (const char middle : std::string("aeiou")) {
             const std::string word{first, middle, first};
@@ -34,28 +37,20 @@ std::string writeTinySource(const TempFolder& folder) {
         }
     folder.write("tiny.index", index);
     folder.write("tiny.dict", text);
-    return "tiny";
-}
-
-Design tinyDesign(PageKind kind) {
-    Design design;
-    design.typeface = "Linux Libertine O";
-    design.hyphenation = "/usr/share/hyphen/hyph_en_US.dic";
-    design.kind = kind;
-    design.pageWidth = 800;
-    design.pageHeight = 700;
-    design.sideMargin = 60;
-    design.headBaseline = 80;
-    design.textTop = 110;
-    design.textBottom = 640;
-    return design;
 }
 
 Sample tinySample(const std::string& name, PageKind kind) {
     return {"Group", name, "tiny", [kind](const fs::path& folder) {
                 Book book;
-                book.title = {"Tiny", {"a book"}, {"made for a test"}};
-                book.design = tinyDesign(kind);
+                book.design.typeface = "Linux Libertine O";
+                book.design.hyphenation = "/usr/share/hyphen/hyph_en_US.dic";
+                book.design.kind = kind;
+                book.design.pageWidth = 800;
+                book.design.pageHeight = 700;
+                book.design.sideMargin = 60;
+                book.design.headBaseline = 80;
+                book.design.textTop = 110;
+                book.design.textBottom = 640;
                 book.articles = articlesOf(sourceArticles(folder, "tiny"), parseFreedictArticle, 1000);
                 book.articles.front().supplement = book.articles.front().paragraphs;
                 return book;
@@ -67,96 +62,71 @@ class SampleFolder : public ::testing::Test {
     SampleFolder() { writeTinySource(sources_); }
 
     bool make(const std::vector<Sample>& samples) {
-        return makeSampleFolder(target(), sources_.path(), samples, 2, [](const std::string&) {});
+        return makeSampleFolder(place_.at("Samples"), sources_.path(), samples, 2, [](const std::string&) {});
     }
-    fs::path target() const { return place_.path() / "Samples"; }
-    std::size_t itemsBeside() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(place_.path()), fs::directory_iterator()));
-    }
+    std::vector<std::string> names() const { return *listNames(place_.path()); }
 
     TempFolder sources_;
     TempFolder place_;
 };
 
-/// The name between two marks; empty where there is none.
+/// The name between two marks; empty if there is none.
 std::string between(std::string_view line, std::string_view open, std::string_view close) {
     const auto start = line.find(open);
     if (start == std::string_view::npos)
         return {};
-    const auto end = line.find(close, start);
-    return std::string(line.substr(start + open.size(), end - start - open.size()));
+    return std::string(line.substr(start + open.size(), line.find(close, start) - start - open.size()));
+}
+
+void expectPrinted(const fs::path& page, int depth) {
+    const std::unique_ptr<Pix, void (*)(Pix*)> pix(pixRead(page.c_str()), [](Pix* read) { pixDestroy(&read); });
+    ASSERT_NE(pix, nullptr) << page;
+    EXPECT_EQ(pixGetWidth(pix.get()), 800);
+    EXPECT_EQ(pixGetDepth(pix.get()), depth);
+    EXPECT_EQ(pixGetXRes(pix.get()), 300);
+    l_int32 ink = 0;
+    EXPECT_TRUE(depth > 1 || (pixCountPixels(pix.get(), &ink, nullptr) == 0 && ink > 5000)) << page;
 }
 
 TEST_F(SampleFolder, DictionaryIsSortedParallelAndComplete) {
-    ASSERT_TRUE(make({tinySample("Tiny", PageKind::BilevelTiff)}));
-    const fs::path dictionary = fs::path("Samples") / "Group" / "Tiny";
-    const std::string ind = place_.read(dictionary / "ind");
-    const std::string txt = place_.read(dictionary / "txt");
-    const auto keys = linesOf(ind);
-    const auto texts = linesOf(txt);
+    ASSERT_TRUE(make({tinySample("Tiny", PageKind::BilevelTiff), tinySample("Png", PageKind::ColorPng),
+                      tinySample("Jpeg", PageKind::ColorJpeg)}));
+    const fs::path group = place_.at("Samples/Group");
+    const std::string ind = place_.read(group / "Tiny/ind"), txt = place_.read(group / "Tiny/txt");
+    const auto keys = linesOf(ind), texts = linesOf(txt);
     ASSERT_EQ(keys.size(), 91U) << "90 words and the closing line";
     ASSERT_EQ(texts.size(), keys.size());
+    EXPECT_TRUE(std::ranges::is_sorted(keys, {}, [](auto key) { return indexSearchWord(key, {}); }));
+    const auto pageOf = [](std::string_view text) { return between(text, "<@_", "_>"); };
+    EXPECT_TRUE(std::ranges::is_sorted(texts, {}, pageOf)) << "pages follow the words";
     std::set<std::string> pages;
-    std::string lastPage;
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (i > 0) {
-            EXPECT_LE(indexSearchWord(keys[i - 1], {}), indexSearchWord(keys[i], {}));
-        }
-        const std::string page = between(texts[i], "<@_", "_>");
-        EXPECT_LE(lastPage, page) << "pages follow the words";
-        lastPage = page;
-        pages.insert(page);
-    }
+    std::ranges::transform(texts, std::inserter(pages, pages.end()), pageOf);
     EXPECT_GT(pages.size(), 2U);
-    for (const std::string& page : pages) {
-        Pix* pix = pixRead((place_.path() / dictionary / "mImg" / page).c_str());
-        ASSERT_NE(pix, nullptr) << page;
-        EXPECT_EQ(pixGetDepth(pix), 1);
-        EXPECT_EQ(pixGetXRes(pix), 300);
-        l_int32 ink = 0;
-        pixCountPixels(pix, &ink, nullptr);
-        EXPECT_GT(ink, 5000) << page << " is printed";
-        pixDestroy(&pix);
-    }
-    EXPECT_TRUE(place_.read(dictionary / "mImg" / "ImageIndex2")
+    for (const std::string& page : pages)
+        expectPrinted(group / "Tiny/mImg" / page, 1);
+    expectPrinted(group / "Png/mImg/png-0001.png", 32);
+    expectPrinted(group / "Jpeg/mImg/jpeg-0001.jpg", 32);
+    EXPECT_TRUE(place_.read(group / "Tiny/mImg/ImageIndex2")
                     .starts_with(std::to_string(pages.size()) + "\ntiny-0000.tif\tTitle\ntiny-0001.tif\t1\n"))
         << "the last index: the title page is one more";
-    const std::string extra = between(texts[89], "<^_", "_>");
-    EXPECT_TRUE(fs::exists(place_.path() / dictionary / "mPimg" / extra)) << extra;
-    EXPECT_EQ(place_.read("Samples/Group/DictionaryPreferences.txt"), "Group\t0\t\nTiny\t2\n");
+    EXPECT_TRUE(fs::is_regular_file(group / "Tiny/mPimg" / between(txt, "<^_", "_>")))
+        << "the page of an article in full";
+    EXPECT_EQ(place_.read(group / "DictionaryPreferences.txt"), "Group\t0\t\nTiny\t2\nPng\t2\nJpeg\t2\n");
 }
 
-TEST_F(SampleFolder, EachKindOfPageCanBeDecoded) {
-    const std::vector<std::pair<PageKind, int>> kinds{
-        {PageKind::BilevelTiff, 1}, {PageKind::ColorPng, 32}, {PageKind::ColorJpeg, 32}};
-    std::vector<Sample> samples;
-    for (std::size_t i = 0; i < kinds.size(); ++i)
-        samples.push_back(tinySample("Kind " + std::to_string(i), kinds[i].first));
-    ASSERT_TRUE(make(samples));
-    for (std::size_t i = 0; i < kinds.size(); ++i) {
-        const std::string name = "kind-0001" + std::string(extensionOf(kinds[i].first));
-        Pix* pix = pixRead((target() / "Group" / ("Kind " + std::to_string(i)) / "mImg" / name).c_str());
-        ASSERT_NE(pix, nullptr) << name;
-        EXPECT_EQ(pixGetDepth(pix), kinds[i].second) << name;
-        EXPECT_EQ(pixGetWidth(pix), 800) << name;
-        pixDestroy(&pix);
-    }
-}
-
-TEST_F(SampleFolder, WholeFolderIsLeftAlone) {
-    fs::create_directories(target() / "Mine");
+TEST_F(SampleFolder, WithContentIsLeftAlone) {
+    place_.write("Samples/mine", "");
     EXPECT_FALSE(make({tinySample("Tiny", PageKind::BilevelTiff)}));
-    EXPECT_FALSE(fs::exists(target() / "Group"));
+    EXPECT_EQ(test::filesOf(place_.path()), "Samples/mine=");
 }
 
 TEST_F(SampleFolder, InterruptedRunLeavesNoFolderAndIsCleared) {
     const Sample broken{"Group", "Broken", "tiny", [](const fs::path&) -> Book { throw std::runtime_error("torn"); }};
     EXPECT_THROW(make({tinySample("Tiny", PageKind::BilevelTiff), broken}), std::runtime_error);
-    EXPECT_FALSE(fs::exists(target()));
-    EXPECT_EQ(itemsBeside(), 1U) << "the stage, with the first dictionary in it";
+    EXPECT_EQ(names(), std::vector<std::string>{".Samples.unfinished"});
     EXPECT_TRUE(make({tinySample("Other", PageKind::BilevelTiff)}));
-    EXPECT_EQ(itemsBeside(), 1U) << "the folder alone";
-    EXPECT_FALSE(fs::exists(target() / "Group" / "Tiny")) << "nothing of the first run is taken over";
+    EXPECT_EQ(names(), std::vector<std::string>{"Samples"});
+    EXPECT_FALSE(fs::exists(place_.at("Samples/Group/Tiny"))) << "nothing of the first run is used";
 }
 
 } // namespace

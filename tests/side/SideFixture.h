@@ -4,10 +4,13 @@
 #include "platform/ScriptedHost.h"
 #include "side/MainWindowPort.h"
 #include "side/SideModel.h"
+#include "side/UserDictionary.h"
 #include "support/TempFolder.h"
 
 #include <chrono>
+#include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace velmarin::test {
@@ -47,15 +50,40 @@ class RecordedMainWindow : public MainWindowPort {
 /// `installWords`.
 class SideFixture {
   public:
-    SideFixture();
+    SideFixture() {
+        main.group = FolderItem(groupFolder.path());
+        dictd.write("lat.index", "amor\tA\tE\n");
+        dictd.write("lat.dict", "love");
+    }
 
-    SideServices services();
+    SideServices services() {
+        return {.host = host,
+                .busy = busy,
+                .preferencesFolder = FolderItem(preferences.path()),
+                .desktop = FolderItem(desktop.path()),
+                .dictionaries = DictionaryService(FolderItem(dictd.path())),
+                .wordsFolder = words.path().string() + "/",
+                .clock = [this] { return now; }};
+    }
     /// The program `words` as a shell script.
-    void installWords(const std::string& script) const;
+    void installWords(const std::string& script) const {
+        std::filesystem::permissions(words.write("words", "#!/bin/sh\n" + script), std::filesystem::perms::owner_all);
+    }
     /// A user dictionary of these lines in the group's folder.
-    void addUserDictionary(const std::string& name, const std::string& source) const;
+    void addUserDictionary(const std::string& name, const std::string& source) const {
+        const std::filesystem::path folder = groupFolder.at("UserDictionaries") / name;
+        std::filesystem::create_directories(folder);
+        SilentProgress progress;
+        const TempFolder data;
+        buildUserDictionary(FolderItem(data.write("source", source)), FolderItem(folder), progress,
+                            EarlierPair::Refused);
+    }
     /// Runs what waits in the event loop.
-    void runPosted();
+    void runPosted() {
+        while (!posted.empty())
+            for (const BusyState::Action& action : std::exchange(posted, {}))
+                action();
+    }
 
     TempFolder groupFolder;
     TempFolder preferences;

@@ -1,4 +1,6 @@
 #include "ModelFixture.h"
+#include "side/FindInText.h"
+#include "side/SubwindowFile.h"
 
 #include <filesystem>
 
@@ -11,6 +13,22 @@ namespace fs = std::filesystem;
 using test::ModelFixture;
 
 class Model : public testing::Test, public ModelFixture {};
+
+TEST(FindInText, IsFoundAt) {
+    const struct {
+        int start;
+        std::u16string text;
+        std::u16string word;
+        int position;
+    } cases[] = {{-1, u"aba aba", u"aba", 1}, {5, u"aba aba", u"ABA", 5},
+                 {2, u"ABA aba", u"aBa", 5},  {6, u"aba aba", u"aba", 0},
+                 {1, u"aaab", u"aab", 2},     {100, u"aba aba", u"aba", 0},
+                 {1, u"l'éTÉ", u"Été", 3},    {1, u"λόγοσ", u"ΟΣ", 4},
+                 {1, u"aba", u"", 0},         {1, u"a\U0001F600\U0001F601", u"\U0001F601", 4}};
+    for (const auto& each : cases)
+        EXPECT_EQ(findIgnoringCase(each.start, each.text, each.word), each.position)
+            << testing::PrintToString(each.text) << each.start;
+}
 
 TEST_F(Model, FindsFromHitToHit) {
     open().setHitColor({1, 2, 3});
@@ -152,6 +170,33 @@ TEST_F(Model, ClosedWhileItReadsItsSettingsLeavesThemAlone) {
     open();
     EXPECT_EQ(groupFolder.read("Subwindow"), saved);
     EXPECT_EQ(display.released, 1);
+}
+
+TEST(SubwindowFile, IsReadAs) {
+    const struct {
+        const char* name;
+        const char* text;
+        const char* meaning; ///< as it would be written
+        bool hasRow;
+    } cases[] = {
+        {"Whole", "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n",
+         "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n", true},
+        {"CaseDoesNotCount", "400\n7\n3\nfalse\ntrue\ndicapp\nTRUE\nFALSE\nTrUe\n2",
+         "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n", true},
+        {"CarriageReturns", "400\r7\r3\rTrue\rTrue\rFind\rTrue\rTrue\rTrue\r-1\r",
+         "400\n7\n3\nTrue\nTrue\nFind\nTrue\nTrue\nTrue\n-1\n", true},
+        {"EmptyLastLineLeavesThePopupAlone", "400\n7\n3\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n\n",
+         "400\n7\n3\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n-1\n", false},
+        {"ShortFileIsZeroAndFalse", "400\n7\n", "400\n7\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
+        {"EmptyFile", "", "0\n0\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
+        {"OtherTexts", "wide\n99999999999\n-2.9\n1\nyes\nService\nT\n \n\n3.7\n",
+         "0\n2147483647\n-2\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n3\n", true}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        const SubwindowSettings settings = parseSubwindow(each.text);
+        EXPECT_EQ(subwindowText(settings), each.meaning);
+        EXPECT_EQ(settings.userDicRow.has_value(), each.hasRow);
+    }
 }
 
 } // namespace

@@ -1,16 +1,29 @@
-#include "WindowFixture.h"
+#include "side/SubWindow.h"
 
+#include "SideFixture.h"
 #include "controls/BevelButton.h"
+#include "controls/PopupMenu.h"
 #include "controls/QtText.h"
+#include "controls/TextStyleBevelButton.h"
 #include "side/ColorRect.h"
+#include "side/SideHanging.h"
+#include "side/TextArea.h"
 #include "side/WaitNotice.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QDockWidget>
 #include <QEnterEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include <filesystem>
+#include <stdexcept>
 
 #include <gtest/gtest.h>
 
@@ -18,66 +31,104 @@ namespace velmarin {
 namespace {
 
 namespace fs = std::filesystem;
-using test::WindowFixture;
-using SideWindow = test::WindowTest;
+
+constexpr const char* kSettings = "400\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n";
+
+void deletePosted() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+/// A side window at a main window.
+class WindowFixture : public test::SideFixture {
+  public:
+    WindowFixture() {
+        frame.setGeometry(100, 100, 838, 809);
+        main.frame = &frame;
+        // No control is under the pointer unless a test moves it there.
+        QCursor::setPos(0, 0);
+    }
+    ~WindowFixture() { delete window; }
+
+    SubWindow& open(Hanging hanging = Hanging::Window) {
+        frame.show();
+        window = new SubWindow(main, services(), hanging, [this](const QColor&) {
+            return nextColor.isValid() ? std::optional(nextColor) : std::nullopt;
+        });
+        window->open();
+        return *window;
+    }
+    /// Shuts the window and opens another one.
+    SubWindow& reopen() {
+        const Hanging hanging = window->hanging();
+        window->shut();
+        deletePosted();
+        return open(hanging);
+    }
+
+    template <typename Control> Control& control(const char* name) {
+        auto* found = window->findChild<Control*>(QLatin1String(name));
+        if (found == nullptr)
+            throw std::runtime_error(std::string("there is no ") + name);
+        return *found;
+    }
+    QLineEdit& FindEF() { return *window->findBar().FindEF(); }
+    TextArea& EF() { return *window->EF(); }
+    /// Types the word in the place of what is there, and presses Return.
+    void ask(const QString& word) {
+        FindEF().setText(word);
+        QTest::keyClick(&FindEF(), Qt::Key_Return);
+    }
+
+    QMainWindow frame;
+    QColor nextColor;
+    QPointer<SubWindow> window;
+};
+
+class SideWindow : public testing::Test, public WindowFixture {};
+using SideHangsAsWindow = SideWindow;
+using SideHangsAsPanel = SideWindow;
 
 TEST_F(SideWindow, KeepsItsSettingsForTheNextOpening) {
     addUserDictionary("A", "a\n");
     addUserDictionary("B", "b\n");
     installWords("echo");
     open();
-    auto& popup = control<PopupMenu>("UserDicPU");
-    EXPECT_TRUE(popup.isEnabled()) << "only the check box disables it";
     for (const char* name : {"UserDicCB", "LatinCB", "DicAppCB", "SyncronizeCB", "DontClearCB"})
         control<QCheckBox>(name).click();
     QEnterEvent entered(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-    QApplication::sendEvent(&popup, &entered);
-    popup.setListIndex(1);
-    side().takeTarget(FindTarget::DicApp);
+    QApplication::sendEvent(&control<PopupMenu>("UserDicPU"), &entered);
+    control<PopupMenu>("UserDicPU").setListIndex(1);
+    window->takeTarget(FindTarget::DicApp);
     control<TextSizeBevelButton>("BVsize").SelectMenuFromFontSize(20);
-    side().resize(400, side().height());
-    const int font = control<TextFontBevelButton>("BVfonts").MenuValue();
+    window->resize(400, window->height());
+    const std::string font = std::to_string(control<TextFontBevelButton>("BVfonts").MenuValue());
     EF().setWholeText("gone");
 
-    SubWindow& side = reopen();
-    EXPECT_EQ(groupFolder.read("Subwindow"),
-              "400\n" + std::to_string(font) + "\n6\nFalse\nTrue\nDicApp\nTrue\nTrue\nTrue\n1\n");
-    EXPECT_EQ(side.width(), 400);
-    EXPECT_EQ(side.findBar().FindBV()->toolTip(), "Look the word up");
-    for (const char* name : {"LatinCB", "SyncronizeCB", "DontClearCB", "UserDicCB"})
-        EXPECT_TRUE(control<QCheckBox>(name).isChecked()) << name;
-    EXPECT_FALSE(control<QCheckBox>("DicAppCB").isChecked());
+    reopen();
+    EXPECT_EQ(groupFolder.read("Subwindow"), "400\n" + font + "\n6\nFalse\nTrue\nDicApp\nTrue\nTrue\nTrue\n1\n");
+    EXPECT_EQ(window->width(), 400);
+    EXPECT_EQ(window->findBar().FindBV()->toolTip(), "Look the word up");
+    for (const char* name : {"LatinCB", "SyncronizeCB", "DontClearCB", "UserDicCB", "DicAppCB"})
+        EXPECT_EQ(control<QCheckBox>(name).isChecked(), name != std::string("DicAppCB")) << name;
     EXPECT_EQ(control<PopupMenu>("UserDicPU").List(control<PopupMenu>("UserDicPU").ListIndex()), "B");
     EXPECT_EQ(EF().font().pointSizeF(), 20);
     EXPECT_EQ(EF().textLength(), 0);
-    control<QCheckBox>("UserDicCB").click();
-    EXPECT_FALSE(control<PopupMenu>("UserDicPU").isEnabled());
-
-    side.shut();
+    for (const bool on : {false, true}) {
+        control<QCheckBox>("UserDicCB").click();
+        EXPECT_EQ(control<PopupMenu>("UserDicPU").isEnabled(), on);
+    }
+    window->shut();
     groupFolder.write("Subwindow", "360\n-5\n999999\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
     open();
     EXPECT_FALSE(control<PopupMenu>("UserDicPU").isEnabled());
-    EXPECT_EQ(this->side().model().settings().fontRow, control<TextFontBevelButton>("BVfonts").MenuValue());
-    EXPECT_EQ(this->side().model().settings().sizeRow, control<TextSizeBevelButton>("BVsize").MenuValue());
-}
-
-TEST_F(SideWindow, LooksUpAndSynchronizes) {
-    open();
-    control<QCheckBox>("SyncronizeCB").click();
-    side().synchronise("amor");
-    EXPECT_EQ(fromQ(EF().Text()), test::kAmorBlock);
-    EXPECT_EQ(FindEF().text(), "amor");
-    EXPECT_EQ(side().findBar().FindBV()->toolTip(), "Find the word in the text");
-    host.option.held = true;
-    side().takeTarget(FindTarget::DicApp);
-    QTest::mouseClick(side().findBar().FindBV(), Qt::LeftButton);
-    EXPECT_EQ(std::count(main.log.begin(), main.log.end(), "search amor"), 1);
+    EXPECT_EQ(window->model().settings().fontRow, control<TextFontBevelButton>("BVfonts").MenuValue());
+    EXPECT_EQ(window->model().settings().sizeRow, control<TextSizeBevelButton>("BVsize").MenuValue());
 }
 
 TEST_F(SideWindow, FindsAndPaintsInTheColorOfTheWell) {
     open();
     EF().setWholeText("ab");
-    const FindBar& bar = side().findBar();
+    const FindBar& bar = window->findBar();
     const auto paint = [&](int at) {
         QTextCursor cursor(EF().document());
         cursor.setPosition(at + 1);
@@ -93,7 +144,6 @@ TEST_F(SideWindow, FindsAndPaintsInTheColorOfTheWell) {
     QTest::mouseClick(bar.FindColorRect(), Qt::LeftButton);
     ask("AB");
     expectWord("AB", Qt::black);
-    EXPECT_EQ(FindEF().selectedText(), "AB");
     EXPECT_EQ(paint(1), QColor(0xFF, 0, 0)) << "a cancelled dialog leaves the color";
     nextColor = QColor(1, 2, 3);
     QTest::keyClick(bar.FindColorRect(), Qt::Key_Space);
@@ -101,8 +151,10 @@ TEST_F(SideWindow, FindsAndPaintsInTheColorOfTheWell) {
     ask("b");
     EXPECT_EQ(paint(0), QColor(0xFF, 0, 0));
     EXPECT_EQ(paint(1), nextColor);
-    ask("x");
+    FindEF().setText("x");
+    QTest::mouseClick(bar.FindBV(), Qt::LeftButton);
     expectWord("x", QColor(0x66, 0x66, 0x66));
+    EXPECT_EQ(FindEF().selectedText(), "x");
     QTest::mouseClick(bar.FindClBV(), Qt::LeftButton);
     expectWord("", Qt::black);
     FindEF().undo();
@@ -127,16 +179,17 @@ TEST_F(SideWindow, ShowsWhatItWaitsForUntilItIsStopped) {
 
 TEST_F(SideWindow, ShutWhileItLooksUpIsDestroyedAtTheEndOfThat) {
     open().takeTarget(FindTarget::DicApp);
-    const QPointer<SubWindow> watched(&side());
+    ask("amor");
+    EXPECT_EQ(fromQ(EF().Text()), test::kAmorBlock);
     host.onYield = [&] {
-        side().shut();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        ASSERT_FALSE(watched.isNull());
-        EXPECT_FALSE(side().isVisible());
+        window->shut();
+        deletePosted();
+        ASSERT_FALSE(window.isNull());
+        EXPECT_FALSE(window->isVisible());
     };
     ask("amor");
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(watched.isNull());
+    deletePosted();
+    EXPECT_TRUE(window.isNull());
 }
 
 TEST_F(SideWindow, TakesATargetWithTheFocus) {
@@ -161,7 +214,7 @@ TEST_F(SideWindow, GoesThroughItsControlsByTab) {
     open();
     std::string names;
     for (QWidget* control = &EF(); control->nextInFocusChain() != &EF(); control = control->nextInFocusChain())
-        if (control->parentWidget() == &side() && (control->focusPolicy() & Qt::TabFocus) != 0)
+        if (control->parentWidget() == window && (control->focusPolicy() & Qt::TabFocus) != 0)
             names += fromQ(control->objectName()) + " ";
     EXPECT_EQ(names, "EF BVfonts BVsize FindBV FindEF FindClBV FindColorRect SyncronizeCB DontClearCB LatinCB DicAppCB "
                      "UserDicBT UserDicCB UserDicPU ");
@@ -204,15 +257,100 @@ TEST(SideEnd, ByTheMainWindowOrTheDesktopIsReportedAndSaved) {
         for (const bool byMainWindow : {true, false}) {
             WindowFixture fixture;
             SubWindow& side = fixture.open(hanging);
-            const QPointer<SubWindow> watched(&side);
             int closed = 0;
             QObject::connect(&side, &SubWindow::closed, [&] { ++closed; });
             (byMainWindow ? static_cast<QWidget&>(fixture.frame) : side).close();
             EXPECT_EQ(closed, 1);
             EXPECT_TRUE(fs::exists(fixture.groupFolder.path() / "Subwindow"));
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            EXPECT_TRUE(watched.isNull() || !byMainWindow);
+            deletePosted();
+            EXPECT_TRUE(fixture.window.isNull() || !byMainWindow);
         }
+}
+
+TEST(SideHangs, At) {
+    const struct {
+        const char* name;
+        QRect frame, content;
+        int width;
+        QRect place;
+    } cases[] = {{"FlushWithTheFrame", {100, 100, 842, 840}, {102, 129, 838, 809}, 352, {942, 129, 352, 809}},
+                 {"OverlapsWhereTheScreenEnds", {900, 0, 900, 840}, {900, 30, 900, 810}, 352, {1568, 30, 352, 810}},
+                 {"JustFits", {0, 0, 1568, 840}, {0, 30, 1568, 810}, 352, {1568, 30, 352, 810}},
+                 {"MainWindowOffTheScreen", {1900, 0, 900, 840}, {1900, 30, 900, 810}, 352, {1568, 30, 352, 810}},
+                 {"WiderThanTheScreen", {100, 0, 900, 840}, {100, 30, 900, 810}, 3000, {0, 30, 3000, 810}}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(placeBeside(each.frame, each.content, each.width, QRect(0, 0, 1920, 1080)), each.place);
+    }
+}
+
+TEST(SideHangsAs, APanelIfProgramsCannotPlaceTheirWindows) {
+    for (const char* platform : {"wayland", "wayland-egl", "xcb", "offscreen"})
+        EXPECT_EQ(hangingFor(platform) == Hanging::Panel, QString(platform).contains("wayland")) << platform;
+}
+
+TEST_F(SideHangsAsWindow, FollowsTheMainWindow) {
+    frame.setGeometry(10, 10, 300, 500);
+    SubWindow& side = open();
+    const auto expected = [&] {
+        return placeBeside(frame.frameGeometry(), frame.geometry(), side.width(), side.screen()->availableGeometry());
+    };
+    EXPECT_TRUE(side.isWindow());
+    EXPECT_EQ(side.geometry(), expected());
+    frame.move(40, 20);
+    EXPECT_EQ(side.geometry(), expected());
+    frame.resize(280, 400);
+    EXPECT_EQ(side.geometry(), expected());
+    EXPECT_EQ(side.height(), 400);
+}
+
+TEST_F(SideHangsAsWindow, IsMadeWiderAtItsFreeEdge) {
+    frame.setGeometry(0, 0, 200, 500);
+    SubWindow& side = open();
+    const int before = side.width();
+    const int left = side.x();
+    auto& grip = control<QWidget>("EdgeGrip");
+    ASSERT_GT(grip.x(), side.width() / 2);
+    const QPoint from = grip.mapToGlobal(QPoint(2, 100));
+    const auto drag = [&](QEvent::Type type, int by) {
+        QMouseEvent event(type, QPointF(2, 100), QPointF(from + QPoint(by, 0)),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&grip, &event);
+    };
+    drag(QEvent::MouseButtonPress, 0);
+    drag(QEvent::MouseMove, 30);
+    EXPECT_EQ(side.width(), before + 30);
+    EXPECT_EQ(side.x(), left);
+    drag(QEvent::MouseMove, -300);
+    EXPECT_EQ(side.width(), 350);
+}
+
+TEST(SideWidth, KeepsTheWidthThatWasAskedForWhenTheDesktopRoundsIt) {
+    for (const auto& [given, kept] : {std::pair{399, "400\n"}, std::pair{401, "400\n"}, std::pair{390, "390\n"}}) {
+        WindowFixture fixture;
+        fixture.groupFolder.write("Subwindow", kSettings);
+        SubWindow& side = fixture.open();
+        side.resize(given, side.height());
+        fixture.frame.move(40, 20);
+        side.shut();
+        EXPECT_EQ(fixture.groupFolder.read("Subwindow").substr(0, 4), kept) << given;
+    }
+}
+
+TEST_F(SideHangsAsPanel, IsInsideTheMainWindow) {
+    groupFolder.write("Subwindow", kSettings);
+    frame.setCentralWidget(new QWidget);
+    open(Hanging::Panel);
+    EXPECT_FALSE(window->isWindow());
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->window(), &frame);
+    EXPECT_EQ(window->width(), 400);
+    EXPECT_EQ(window->mapTo(&frame, QPoint(window->width(), 0)).x(), frame.width());
+    fs::remove(groupFolder.path() / "Subwindow");
+    fs::create_directory(groupFolder.path() / "Subwindow");
+    reopen();
+    EXPECT_EQ(main.notWritten.size(), 0U) << "nothing was changed, so nothing is lost";
+    EXPECT_EQ(frame.findChildren<QDockWidget*>().size(), 1);
 }
 
 } // namespace

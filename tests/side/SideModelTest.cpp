@@ -33,17 +33,15 @@ TEST(FindInText, IsFoundAt) {
 TEST_F(Model, FindsFromHitToHit) {
     open().setHitColor({1, 2, 3});
     const struct {
-        const char* name;
         const char* typed; ///< nullptr: the word stays; empty: it is cleared
         const char* text;
         int start; ///< where the find begins, see pFindStartPosition
         int hit;   ///< from 1; 0: a miss
-    } steps[] = {{"First", "ABA", "aba aba", -1, 1},         {"Second", nullptr, "aba aba", 4, 5},
-                 {"EndIsAMiss", nullptr, "aba aba", 8, 0},   {"FromTheTop", nullptr, "aba aba", 0, 1},
-                 {"SameWordGoesOn", "ABA", "aba aba", 4, 5}, {"ShorterText", nullptr, "aba", 8, 0},
-                 {"OtherWord", "a", "aba", -1, 1},           {"Cleared", "", "aba", 0, 0}};
+    } steps[] = {{"ABA", "aba aba", -1, 1},  {nullptr, "aba aba", 4, 5}, {nullptr, "aba aba", 8, 0},
+                 {nullptr, "aba aba", 0, 1}, {"ABA", "aba aba", 4, 5},   {nullptr, "aba", 8, 0},
+                 {"a", "aba", -1, 1},        {"", "aba", 0, 0}};
     for (const auto& step : steps) {
-        SCOPED_TRACE(step.name);
+        SCOPED_TRACE(&step - steps);
         text.text = step.text;
         text.color = {};
         if (step.typed != nullptr) {
@@ -62,21 +60,18 @@ TEST_F(Model, FindsFromHitToHit) {
 }
 
 TEST_F(Model, ListsTheVisibleFoldersAndLinksToFolders) {
-    const fs::path folder = groupFolder.path() / "UserDictionaries";
-    for (const char* name : {"b", "A", ".hidden"})
-        fs::create_directories(folder / name);
+    const fs::path folder = groupFolder.at("UserDictionaries");
+    for (const fs::path& made : {folder / "b", folder / "A", folder / ".hidden", words.at("Elsewhere")})
+        fs::create_directories(made);
     groupFolder.write("UserDictionaries/file", "");
-    fs::create_directories(words.path() / "Elsewhere");
-    fs::create_directory_symlink(words.path() / "Elsewhere", folder / "link");
-    fs::create_symlink("/no/such/folder", folder / "dead");
+    groupFolder.link("UserDictionaries/link", words.at("Elsewhere"));
+    groupFolder.link("UserDictionaries/dead", "/no/such/folder");
     open().mMakeUserDicPU();
     EXPECT_EQ(display.userDictionaries.size(), 0U) << "they are off";
     model->setSource(test::User, true);
-    bool busyThroughout = true;
-    host.onYield = [&] { busyThroughout = busyThroughout && busy.busy(); };
+    host.onYield = [&] { EXPECT_TRUE(busy.busy()); };
     model->mMakeUserDicPU();
     EXPECT_EQ(display.userDictionaries, (std::vector<std::string>{"A", "b", "Elsewhere"}));
-    EXPECT_TRUE(busyThroughout);
     EXPECT_GE(host.yields, 5) << "after each item";
 
     const auto rowAfterReading = [&] {
@@ -100,24 +95,21 @@ TEST_F(Model, ListsTheVisibleFoldersAndLinksToFolders) {
 
 TEST(SavedSettings, AreShown) {
     const struct {
-        const char* name;
         const char* file; ///< nullptr: there is none
         int width;
         int row;
-    } cases[] = {{"NoFile", nullptr, 352, -1},
-                 {"Whole", "360\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n1\n", 360, 1},
-                 {"UserDictionariesOff", "360\n0\n1\nTrue\nTrue\nDicApp\nTrue\nFalse\nFalse\n1\n", 360, -1},
-                 {"MissingRow", "360\n0\n1\nTrue\nFalse\nFind\nFalse\nTrue\nTrue\n2\n", 360, -1},
-                 {"NoRow", "360\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n", 360, -1},
-                 {"TooNarrow", "5\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n0\n", 350, 0},
-                 {"TooWide", "32001\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n0\n", 32000, 0},
-                 {"EmptyFile", "", 350, -1}};
+    } cases[] = {{nullptr, 352, -1},
+                 {"360\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n1\n", 360, 1},
+                 {"360\n0\n1\nTrue\nTrue\nDicApp\nTrue\nFalse\nFalse\n1\n", 360, -1},
+                 {"360\n0\n1\nTrue\nFalse\nFind\nFalse\nTrue\nTrue\n2\n", 360, -1},
+                 {"5\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n0\n", 350, 0},
+                 {"32001\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n\n", 32000, -1}};
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.name);
+        const bool hasFile = each.file != nullptr;
+        SCOPED_TRACE(hasFile ? each.file : "no file");
         ModelFixture fixture;
         fixture.addUserDictionary("A", "a\n");
         fixture.addUserDictionary("B", "b\n");
-        const bool hasFile = each.file != nullptr;
         if (hasFile)
             fixture.groupFolder.write("Subwindow", each.file);
         SubwindowSettings expected = hasFile ? parseSubwindow(each.file) : SubwindowSettings();
@@ -130,31 +122,27 @@ TEST(SavedSettings, AreShown) {
         EXPECT_EQ(fixture.display.userDictionary, each.row);
         expected.userDicRow = each.row;
         EXPECT_EQ(model.settings(), expected);
-        EXPECT_FALSE(fs::exists(fixture.preferences.path() / "temp.sh")) << "restoring runs nothing";
+        EXPECT_FALSE(fs::exists(fixture.preferences.at("temp.sh"))) << "restoring runs nothing";
     }
 }
 
-TEST_F(Model, SavesWhatIsChosenInTheGroupOfTheOpening) {
-    addUserDictionary("A", "a\n");
-    open().setSource(test::User, true);
+TEST_F(Model, SavesOnceInTheGroupOfTheOpening) {
+    open().setSource(test::Service, false);
     main.group = FolderItem();
-    model->setSource(test::Service, false);
-    model->mMakeUserDicPU();
-    model->setUserDictionary(0);
     model->setTarget(FindTarget::DicApp);
     model->setSyncronizeCB(true);
     model->setFontRow(7);
     model->setSizeRow(3);
     model->close(400);
-    EXPECT_EQ(groupFolder.read("Subwindow"), "400\n7\n3\nFalse\nFalse\nDicApp\nTrue\nFalse\nTrue\n0\n");
+    EXPECT_EQ(groupFolder.read("Subwindow"), "400\n7\n3\nFalse\nFalse\nDicApp\nTrue\nFalse\nFalse\n-1\n");
     groupFolder.write("Subwindow", "");
     model->close(400);
-    EXPECT_EQ(groupFolder.read("Subwindow"), "") << "it is closed once";
+    EXPECT_EQ(groupFolder.read("Subwindow"), "");
     EXPECT_EQ(display.released, 1);
 }
 
 TEST_F(Model, ReportsSettingsThatCannotBeWrittenIfTheyHaveChanged) {
-    fs::create_directory(groupFolder.path() / "Subwindow");
+    fs::create_directory(groupFolder.at("Subwindow"));
     for (const bool changed : {false, true}) {
         open().setDontClearCB(changed);
         model->close(352);
@@ -174,28 +162,21 @@ TEST_F(Model, ClosedWhileItReadsItsSettingsLeavesThemAlone) {
 
 TEST(SubwindowFile, IsReadAs) {
     const struct {
-        const char* name;
         const char* text;
         const char* meaning; ///< as it would be written
         bool hasRow;
-    } cases[] = {
-        {"Whole", "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n",
-         "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n", true},
-        {"CaseDoesNotCount", "400\n7\n3\nfalse\ntrue\ndicapp\nTRUE\nFALSE\nTrUe\n2",
-         "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n", true},
-        {"CarriageReturns", "400\r7\r3\rTrue\rTrue\rFind\rTrue\rTrue\rTrue\r-1\r",
-         "400\n7\n3\nTrue\nTrue\nFind\nTrue\nTrue\nTrue\n-1\n", true},
-        {"EmptyLastLineLeavesThePopupAlone", "400\n7\n3\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n\n",
-         "400\n7\n3\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n-1\n", false},
-        {"ShortFileIsZeroAndFalse", "400\n7\n", "400\n7\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
-        {"EmptyFile", "", "0\n0\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
-        {"OtherTexts", "wide\n99999999999\n-2.9\n1\nyes\nService\nT\n \n\n3.7\n",
-         "0\n2147483647\n-2\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n3\n", true}};
+    } cases[] = {{"400\r7\r3\rfalse\rTRUE\rdicapp\rTrue\rFALSE\rTrUe\r2",
+                  "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n", true},
+                 {"400\n7\n3\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n\n",
+                  "400\n7\n3\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n-1\n", false},
+                 {"400\n7\n", "400\n7\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
+                 {"", "0\n0\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
+                 {"wide\n99999999999\n-2.9\n1\nyes\nService\nT\n \n\n3.7\n",
+                  "0\n2147483647\n-2\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n3\n", true}};
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.name);
         const SubwindowSettings settings = parseSubwindow(each.text);
         EXPECT_EQ(subwindowText(settings), each.meaning);
-        EXPECT_EQ(settings.userDicRow.has_value(), each.hasRow);
+        EXPECT_EQ(settings.userDicRow.has_value(), each.hasRow) << each.text;
     }
 }
 

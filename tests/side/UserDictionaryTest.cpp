@@ -1,9 +1,10 @@
 #include "side/UserDictionary.h"
+
+#include "ModelFixture.h"
 #include "side/DictionaryModule.h"
 #include "side/UserDictionaryDisplay.h"
 
 #include "support/CollectedMessages.h"
-#include "support/TempFolder.h"
 
 #include <filesystem>
 
@@ -225,11 +226,9 @@ TEST(UserSearch, OfTheIndexAloneGivesTheNumbersAsItWritesThem) {
     EXPECT_TRUE(module.mSearch(FolderItem(folder.path()), "amo", 0, true));
     EXPECT_EQ(module.pResult, (Lines{"07", "1", ""}));
     EXPECT_FALSE(module.mSearch(FolderItem(folder.path()), "amo", 2, false)) << "there is no Text.txt";
-    EXPECT_EQ(messages.texts, (Lines{"DictionaryModule, m__SubGetText: something wrong"}));
-}
-
-TEST(UserSearchResult, InAPopUpAddsRowsWithTags) {
-    DictionaryModule module;
+    mDisplayResult(module, "Mine", true, {}, nullptr, [] {});
+    EXPECT_EQ(messages.texts, (Lines{"DictionaryModule, m__SubGetText: something wrong",
+                                     "DictionaryModule, mDisplayResult: Somthing wrong."}));
     module.pResult = {"one__DLM__first", "two"};
     Lines rows;
     const auto addRow = [&](const std::string& caption, const std::string& tag) {
@@ -237,9 +236,75 @@ TEST(UserSearchResult, InAPopUpAddsRowsWithTags) {
     };
     mDisplayResult(module, "Mine", true, addRow, nullptr, [&] { rows.emplace_back("yield"); });
     EXPECT_EQ(rows, (Lines{"one/first", "yield", "two/", "yield"}));
-    test::CollectedMessages messages;
-    mDisplayResult(module, "Mine", true, {}, nullptr, [] {});
-    EXPECT_EQ(messages.texts, (Lines{"DictionaryModule, mDisplayResult: Somthing wrong."}));
+}
+
+constexpr const char* kAskForData = "Select a data file for a Dictionary. ";
+constexpr const char* kAskForFolder = "Create a folder as new Dictionary.";
+constexpr const char* kMade = "A user dictionary was ceated. Put the dictionary or its alias in the UserDictionary "
+                              "found in the DictionaryFolder.";
+constexpr const char* kNotUtf8 = "2 lines of the data are not in UTF-8. They were copied byte for byte, but some of "
+                                 "their letters cannot be shown.";
+
+TEST(MakingAUserDictionary, TellsAndAsks) {
+    const struct {
+        const char* source; ///< the data file; nullptr: the dialog is cancelled
+        bool folderChosen;
+        Lines messages;
+        bool made;
+    } cases[] = {{nullptr, false, {kAskForData}, false},
+                 {"a\tb\n", false, {kAskForData, kAskForFolder}, false},
+                 {"a\tb\n", true, {kAskForData, kAskForFolder, kMade}, true},
+                 {"\xE9\tb\nc\xE9\n", true, {kAskForData, kAskForFolder, kNotUtf8, kMade}, true}};
+    for (const auto& each : cases) {
+        test::ModelFixture fixture;
+        const fs::path others = fixture.groupFolder.at("UserDictionaries");
+        if (each.source != nullptr)
+            fixture.host.files.push_back(fixture.words.write("data.txt", each.source));
+        if (each.folderChosen)
+            fixture.host.folders.push_back(others / "New");
+        fixture.open().UserDicBT_Action();
+        EXPECT_EQ(fixture.host.messages, each.messages);
+        EXPECT_EQ(!fixture.host.launched.empty(), each.made);
+        EXPECT_EQ(fs::exists(others / "New/Index.txt"), each.made);
+        EXPECT_TRUE(fs::is_directory(others));
+        if (each.source != nullptr) {
+            EXPECT_EQ(fixture.host.openedAt, std::vector<fs::path>{others});
+            EXPECT_EQ(fixture.host.folderChoices, std::vector{Host::FolderChoice::MayBeNew});
+        }
+    }
+}
+
+class UserDictionaryDialog : public testing::Test, public test::ModelFixture {};
+
+TEST_F(UserDictionaryDialog, WaitsForWhatRunsAndShowsItsProgressInTheMainWindow) {
+    host.files.push_back(words.write("data.txt", "b\na\n"));
+    words.write("Mine/Text.txt", "precious");
+    host.folders.push_back(words.at("Mine"));
+    host.onYield = [&] { EXPECT_TRUE(busy.busy()); };
+    {
+        const Busy guard(busy);
+        open().UserDicBT_Action();
+        EXPECT_TRUE(main.log.empty());
+    }
+    runPosted();
+    ASSERT_GE(main.log.size(), 5U);
+    EXPECT_EQ(Lines(main.log.begin() + 1, main.log.begin() + 5),
+              (Lines{"bar", "text I'm making the word for sorting and searching.", "max 2", "value 0"}));
+    EXPECT_EQ(Lines(main.log.end() - 2, main.log.end()), (Lines{"text ", "full"}));
+    EXPECT_GT(host.yields, 5);
+    EXPECT_EQ(words.read("Mine/Text.txt"), "b\na\n");
+    EXPECT_EQ(desktop.read("Mine-Oldversion-0/Text.txt"), "precious");
+    EXPECT_FALSE(busy.busy());
+}
+
+TEST_F(UserDictionaryDialog, RemovesANewFolderAfterAFailure) {
+    host.files.push_back(words.at("none.txt"));
+    host.folders.push_back(words.at("Failed"));
+    open().UserDicBT_Action();
+    EXPECT_FALSE(fs::exists(words.at("Failed"))) << "it would be listed as a dictionary";
+    EXPECT_NE(host.messages.back().find("none.txt"), std::string::npos);
+    EXPECT_EQ(Lines(main.log.end() - 2, main.log.end()), (Lines{"text ", "no bar"}));
+    EXPECT_TRUE(host.launched.empty());
 }
 
 } // namespace

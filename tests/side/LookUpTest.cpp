@@ -1,4 +1,4 @@
-#include "ModelFixture.h"
+#include "SideFixture.h"
 #include "side/ScriptRun.h"
 
 #include "text/NilObjectException.h"
@@ -84,9 +84,13 @@ TEST_F(LookUp, ShowsUserHitsInTheirStyles) {
     text.bold = true;
     ask("amo");
     const std::string banner = "\n✜✜✜✜✜✜✜✜ Mine ✜✜✜✜✜✜✜✜\n\n";
-    EXPECT_EQ(text.inserted, (std::vector<std::string>{"64,128,0/12.7/bold:" + banner, "0,0,128/18.7/bold:amo²\n\n",
-                                                       "0,0,0/12.0/plain:to\nlove\n\n", "64,128,0/12.0/plain:" + banner,
-                                                       "0,0,128/18.0/bold:AMO\n\n", "0,0,0/12.0/plain:x\n\n"}));
+    const TextColor green{64, 128, 0}, blue{0, 0, 128};
+    EXPECT_TRUE(text.inserted == (decltype(text.inserted){{green, 12.7, true, banner},
+                                                          {blue, 18.7, true, "amo²\n\n"},
+                                                          {{}, 12, false, "to\nlove\n\n"},
+                                                          {green, 12, false, banner},
+                                                          {blue, 18, true, "AMO\n\n"},
+                                                          {{}, 12, false, "x\n\n"}}));
     ask("a__BR__b");
     EXPECT_EQ(text.text, banner + "a\nb\n\n\n\n");
 }
@@ -139,52 +143,40 @@ TEST_F(LookUp, WaitsOnceWhileSomethingElseRuns) {
 }
 
 TEST(SynchronizedLookUp, ShowsItsTargetAndLeavesTheSetting) {
-    for (const FindTarget target : {FindTarget::Find, FindTarget::DicApp})
-        for (const bool fails : {false, true}) {
-            ModelFixture fixture;
-            fs::create_directories(fixture.groupFolder.at("UserDictionaries/WithoutIndex"));
-            SideModel& model = fixture.openForLookUp(fails ? "SU" : "S");
-            model.setTarget(target);
+    for (const bool fails : {false, true}) {
+        ModelFixture fixture;
+        fs::create_directories(fixture.groupFolder.at("UserDictionaries/WithoutIndex"));
+        SideModel& model = fixture.openForLookUp(fails ? "SU" : "S");
+        model.setTarget(FindTarget::Find);
+        fixture.host.option.held = true;
+        model.synchronise("amor");
+        EXPECT_EQ(fixture.text.text, "") << "it is off";
+        model.setSyncronizeCB(true);
+        {
+            const Busy guard(fixture.busy);
             model.synchronise("amor");
-            EXPECT_EQ(fixture.text.text, "") << "it is off";
-            model.setSyncronizeCB(true);
-            fixture.display.targets.clear();
-            fixture.host.onYield = [&] {
-                EXPECT_EQ(model.settings().target, target);
-                EXPECT_EQ(fixture.display.targets, std::vector{FindTarget::DicApp});
-                model.setTarget(target == FindTarget::Find ? FindTarget::DicApp : FindTarget::Find);
-                fixture.host.onYield = nullptr;
-            };
-            if (fails)
-                EXPECT_THROW(model.synchronise("amor"), NilObjectException);
-            else
-                model.synchronise("amor");
-            EXPECT_EQ(fixture.text.text, kAmorBlock);
-            EXPECT_EQ(fixture.display.word, "amor");
-            EXPECT_EQ(fixture.display.targets.back(), target);
-            EXPECT_EQ(model.settings().target, target);
-            EXPECT_FALSE(fixture.busy.busy());
+            EXPECT_EQ(fixture.display.word, "") << "it waits";
         }
-}
-
-TEST_F(LookUp, SynchronizedWaitsAndStaysHere) {
-    openForLookUp().setTarget(FindTarget::Find);
-    model->setSyncronizeCB(true);
-    host.option.held = true;
-    {
-        const Busy guard(busy);
-        model->synchronise("xqz");
-        model->synchronise("amor");
-        EXPECT_EQ(display.word, "");
+        fixture.display.targets.clear();
+        fixture.host.onYield = [&] {
+            EXPECT_EQ(model.settings().target, FindTarget::Find);
+            EXPECT_EQ(fixture.display.targets, std::vector{FindTarget::DicApp});
+            model.FindBV_Action();
+            EXPECT_FALSE(fixture.display.missed) << "while the find bar shows a look-up, Return is one, and waits";
+            model.setTarget(FindTarget::DicApp);
+            fixture.host.onYield = nullptr;
+        };
+        if (fails)
+            EXPECT_THROW(fixture.runPosted(), NilObjectException);
+        else
+            fixture.runPosted();
+        EXPECT_EQ(fixture.text.text, kAmorBlock);
+        EXPECT_EQ(fixture.display.word, "amor");
+        EXPECT_EQ(fixture.display.targets.back(), FindTarget::Find);
+        EXPECT_EQ(model.settings().target, FindTarget::Find);
+        EXPECT_FALSE(fixture.busy.busy());
+        EXPECT_TRUE(fixture.main.log.empty()) << "it does not go back to the main window";
     }
-    host.onYield = [&] {
-        model->FindBV_Action();
-        EXPECT_FALSE(display.missed) << "while the find bar shows a look-up, Return is one, and waits";
-        host.onYield = nullptr;
-    };
-    runPosted();
-    EXPECT_EQ(text.text, kAmorBlock);
-    EXPECT_TRUE(main.log.empty()) << "it does not go back to the main window";
 }
 
 TEST(TickingLatin, TriesTheProgram) {
@@ -244,11 +236,11 @@ TEST(HangingLatin, IsStoppedSilently) {
                     model.close(352);
                 EXPECT_EQ(fixture.display.released, 0) << "it still runs";
             };
-            for (int time = 1; time <= (by == By::User ? 2 : 1); ++time) {
-                shown.clear();
+            withWord ? fixture.ask("amor") : model.setSource(test::Latin, true);
+            if (by == By::User)
                 withWord ? fixture.ask("amor") : model.setSource(test::Latin, true);
-                EXPECT_EQ(shown, (std::vector<bool>{false, false, true}));
-            }
+            EXPECT_EQ(shown, (by == By::User ? std::vector<bool>{false, false, true, false, false, true}
+                                             : std::vector<bool>{false, false, true}));
             EXPECT_FALSE(fixture.display.waits);
             EXPECT_TRUE(fixture.host.questions.empty());
             EXPECT_EQ(fixture.text.text, "") << "the next source is not asked";

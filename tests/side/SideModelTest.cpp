@@ -1,4 +1,4 @@
-#include "ModelFixture.h"
+#include "SideFixture.h"
 #include "side/FindInText.h"
 #include "side/SubwindowFile.h"
 

@@ -1,6 +1,6 @@
 #include "side/UserDictionary.h"
 
-#include "ModelFixture.h"
+#include "SideFixture.h"
 #include "side/DictionaryModule.h"
 #include "side/UserDictionaryDisplay.h"
 

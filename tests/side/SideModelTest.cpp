@@ -1,5 +1,4 @@
 #include "SideFixture.h"
-#include "side/FindInText.h"
 #include "side/SubwindowFile.h"
 
 #include <filesystem>
@@ -13,22 +12,6 @@ namespace fs = std::filesystem;
 using test::ModelFixture;
 
 class Model : public testing::Test, public ModelFixture {};
-
-TEST(FindInText, IsFoundAt) {
-    const struct {
-        int start;
-        std::u16string text;
-        std::u16string word;
-        int position;
-    } cases[] = {{-1, u"aba aba", u"aba", 1}, {5, u"aba aba", u"ABA", 5},
-                 {2, u"ABA aba", u"aBa", 5},  {6, u"aba aba", u"aba", 0},
-                 {1, u"aaab", u"aab", 2},     {100, u"aba aba", u"aba", 0},
-                 {1, u"l'éTÉ", u"Été", 3},    {1, u"λόγοσ", u"ΟΣ", 4},
-                 {1, u"aba", u"", 0},         {1, u"a\U0001F600\U0001F601", u"\U0001F601", 4}};
-    for (const auto& each : cases)
-        EXPECT_EQ(findIgnoringCase(each.start, each.text, each.word), each.position)
-            << testing::PrintToString(each.text) << each.start;
-}
 
 TEST_F(Model, FindsFromHitToHit) {
     open().setHitColor({1, 2, 3});
@@ -95,15 +78,21 @@ TEST_F(Model, ListsTheVisibleFoldersAndLinksToFolders) {
 
 TEST(SavedSettings, AreShown) {
     const struct {
-        const char* file; ///< nullptr: there is none
-        int width;
-        int row;
-    } cases[] = {{nullptr, 352, -1},
-                 {"360\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n1\n", 360, 1},
-                 {"360\n0\n1\nTrue\nTrue\nDicApp\nTrue\nFalse\nFalse\n1\n", 360, -1},
-                 {"360\n0\n1\nTrue\nFalse\nFind\nFalse\nTrue\nTrue\n2\n", 360, -1},
-                 {"5\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n0\n", 350, 0},
-                 {"32001\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n\n", 32000, -1}};
+        const char* file;    ///< nullptr: there is none
+        const char* meaning; ///< as it would be written
+        bool listed;         ///< the user dictionaries, which are "A" and "B"
+    } cases[] = {{nullptr, "352\n0\n0\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
+                 {"400\r7\r3\rfalse\rTRUE\rdicapp\rTrue\rFALSE\rTrUe\r1",
+                  "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n1\n", true},
+                 {"360\n0\n1\nTrue\nTrue\nDicApp\nTrue\nFalse\nFalse\n1\n",
+                  "360\n0\n1\nTrue\nTrue\nDicApp\nTrue\nFalse\nFalse\n-1\n", false},
+                 {"5\n0\n1\nTrue\nFalse\nFind\nFalse\nTrue\nTrue\n2\n",
+                  "350\n0\n1\nTrue\nFalse\nFind\nFalse\nTrue\nTrue\n-1\n", true},
+                 {"32001\n0\n1\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n\n",
+                  "32000\n0\n1\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n-1\n", false},
+                 {"", "350\n0\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
+                 {"wide\n99999999999\n-2.9\n1\nyes\nService\nT\n \nTrue\n0.7\n",
+                  "350\n2147483647\n-2\nFalse\nFalse\nFind\nFalse\nFalse\nTrue\n0\n", true}};
     for (const auto& each : cases) {
         const bool hasFile = each.file != nullptr;
         SCOPED_TRACE(hasFile ? each.file : "no file");
@@ -112,17 +101,16 @@ TEST(SavedSettings, AreShown) {
         fixture.addUserDictionary("B", "b\n");
         if (hasFile)
             fixture.groupFolder.write("Subwindow", each.file);
-        SubwindowSettings expected = hasFile ? parseSubwindow(each.file) : SubwindowSettings();
-        expected.width = each.width;
-        const SideModel& model = fixture.open();
+        SubwindowSettings settings = fixture.open().settings();
+        EXPECT_EQ(subwindowText(settings), each.meaning);
+        EXPECT_EQ(fixture.display.userDictionary, settings.userDicRow);
+        EXPECT_EQ(fixture.display.userDictionaries.size(), each.listed ? 2U : 0U);
         EXPECT_EQ(fixture.display.settings.has_value(), hasFile);
-        EXPECT_EQ(fixture.display.settings.value_or(expected), expected);
         EXPECT_EQ(fixture.display.targets.size(), hasFile ? 1U : 0U);
         EXPECT_EQ(fixture.display.textStyleApplied, hasFile);
-        EXPECT_EQ(fixture.display.userDictionary, each.row);
-        expected.userDicRow = each.row;
-        EXPECT_EQ(model.settings(), expected);
         EXPECT_FALSE(fs::exists(fixture.preferences.at("temp.sh"))) << "restoring runs nothing";
+        settings.userDicRow = fixture.display.settings.value_or(settings).userDicRow;
+        EXPECT_EQ(fixture.display.settings.value_or(settings), settings);
     }
 }
 
@@ -158,26 +146,6 @@ TEST_F(Model, ClosedWhileItReadsItsSettingsLeavesThemAlone) {
     open();
     EXPECT_EQ(groupFolder.read("Subwindow"), saved);
     EXPECT_EQ(display.released, 1);
-}
-
-TEST(SubwindowFile, IsReadAs) {
-    const struct {
-        const char* text;
-        const char* meaning; ///< as it would be written
-        bool hasRow;
-    } cases[] = {{"400\r7\r3\rfalse\rTRUE\rdicapp\rTrue\rFALSE\rTrUe\r2",
-                  "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n2\n", true},
-                 {"400\n7\n3\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n\n",
-                  "400\n7\n3\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n-1\n", false},
-                 {"400\n7\n", "400\n7\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
-                 {"", "0\n0\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
-                 {"wide\n99999999999\n-2.9\n1\nyes\nService\nT\n \n\n3.7\n",
-                  "0\n2147483647\n-2\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n3\n", true}};
-    for (const auto& each : cases) {
-        const SubwindowSettings settings = parseSubwindow(each.text);
-        EXPECT_EQ(subwindowText(settings), each.meaning);
-        EXPECT_EQ(settings.userDicRow.has_value(), each.hasRow) << each.text;
-    }
 }
 
 } // namespace

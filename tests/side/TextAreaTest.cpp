@@ -71,15 +71,28 @@ TEST(TextArea, WritesAtTheInsertionPointInTheStyleThatWasSet) {
 }
 
 TEST(TextArea, FindsAWordInAParagraphFromAPosition) {
-    TextArea area;
-    area.setWholeText("one\ntwo ONE\n\nthree");
+    constexpr const char* lines = "one\ntwo ONE\n\nthree";
     const struct {
+        const char* text;
         int start;
         const char* word;
         int position;
-    } cases[] = {{-1, "one", 1},   {1, "one", 1},    {2, "one", 9},  {9, "one", 9}, {10, "one", 0},
-                 {1, "three", 14}, {1, "onetwo", 0}, {99, "one", 0}, {1, "", 0}};
+    } cases[] = {{lines, -1, "one", 1},
+                 {lines, 1, "One", 1},
+                 {lines, 2, "one", 9},
+                 {lines, 9, "one", 9},
+                 {lines, 10, "one", 0},
+                 {lines, 1, "three", 14},
+                 {lines, 1, "onetwo", 0},
+                 {lines, 99, "one", 0},
+                 {lines, 1, "", 0},
+                 {"aaab", 1, "aab", 2},
+                 {"l'éTÉ", 1, "Été", 3},
+                 {"λόγοσ", 1, "ΟΣ", 4},
+                 {"a\U0001F600\U0001F601", 1, "\U0001F601", 4}};
     for (const auto& each : cases) {
+        TextArea area;
+        area.setWholeText(each.text);
         const TextHit hit = area.findWord(each.start, each.word).value_or(TextHit{});
         EXPECT_EQ(hit.position, each.position) << each.start << " " << each.word;
         EXPECT_EQ(hit.length, each.position == 0 ? 0 : QString(each.word).size());

@@ -4,6 +4,8 @@
 #include "side/DictionaryModule.h"
 #include "side/UserDictionaryDisplay.h"
 
+#include "support/CollectedMessages.h"
+
 #include <filesystem>
 
 #include <gtest/gtest.h>
@@ -215,6 +217,14 @@ TEST(UserSearch, FindsTheLines) {
         EXPECT_EQ(module.mSearch(FolderItem(folder.path()), each.word, 2, each.indexOnly), !each.found.empty());
         EXPECT_EQ(module.pResult, each.found);
     }
+}
+
+TEST(UserSearch, WithoutATextIsReported) {
+    const test::TempFolder folder;
+    folder.write("Index.txt", "AMO\t0\n");
+    const test::CollectedMessages messages;
+    EXPECT_FALSE(DictionaryModule().mSearch(FolderItem(folder.path()), "amo", 2, false));
+    EXPECT_EQ(messages.texts.size(), 1U);
 }
 
 TEST(UserSearchResult, InAPopUpAddsRowsWithTags) {

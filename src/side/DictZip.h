@@ -22,8 +22,6 @@ class DictZip {
     /// more than kLongestPiece.
     std::optional<std::string> read(std::uint64_t offset, std::uint64_t size) const;
 
-    FileStamp stamp() const { return file_.stamp(); }
-
     static constexpr std::uint64_t kLongestPiece = std::uint64_t{1} << 22;
 
   private:

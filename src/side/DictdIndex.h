@@ -39,7 +39,6 @@ class DictdIndex {
     std::optional<DictdPlace> nameEntry() const { return nameEntry_; }
 
     bool utf8() const { return utf8_; }
-    FileStamp stamp() const { return file_.stamp(); }
 
     /// The form of a word that this index is sorted by.
     std::string key(std::string_view word) const;

@@ -1,10 +1,14 @@
-#include "ModelFixture.h"
+#include "SideFixture.h"
+#include "side/ScriptRun.h"
 
 #include "text/NilObjectException.h"
 
 #include <filesystem>
 
 #include <gtest/gtest.h>
+
+#include <poll.h>
+#include <unistd.h>
 
 namespace velmarin {
 namespace {
@@ -23,32 +27,25 @@ constexpr const char* kSorryBlock = "\n✜✜✜✜✜✜✜✜ Dictionary.app �
 
 TEST(LookUpSources, WriteInTheirOrder) {
     const struct {
-        const char* name;
         const char* sources;
         std::string word;
         std::string text; ///< after a look-up that begins with "before after", " " selected
         bool keepsText = false;
-    } cases[] = {
-        {"None", "", "amor", ""},
-        {"NoneKeepsTheText", "", "amor", "before after", true},
-        {"Service", "S", "amor", kAmorBlock},
-        {"ServiceAtTheEnd", "S", "amor", std::string("before after") + kAmorBlock, true},
-        {"ServiceWithoutAnAnswer", "S", "xqz", kSorryBlock},
-        {"Latin", "L", "amor", wordsBlock("1:amor\n")},
-        {"LatinAtTheEnd", "L", "x", "before after" + wordsBlock("1:x\n"), true},
-        {"LatinWordsInOneArgument", "L", "amo amās", wordsBlock("1:amo amās\n")},
-        {"LatinQuotesAreLeftToTheShell", "L", "a' 'b", wordsBlock("2:a\n")},
-        {"LatinUnendedQuoteIsNoAnswer", "L", "d'amor", ""},
-        {"LatinSilenceIsAnAnswer", "L", "silence", wordsBlock("")},
-        {"LatinFails", "L", "fail", ""},
-        {"User", "U", "amor", kUserBlock},
-        {"UserAtTheSelection", "U", "amor", std::string("before") + kUserBlock + "after", true},
-        {"UserWithoutAHit", "U", "xqz", ""},
-        {"All", "SLU", "amor", std::string(kAmorBlock) + wordsBlock("1:amor\n") + kUserBlock},
-        {"EmptyWordLeavesAll", "SLU", "", "before after"},
-    };
+    } cases[] = {{"", "amor", "before after", true},
+                 {"S", "amor", std::string("before after") + kAmorBlock, true},
+                 {"S", "xqz", kSorryBlock},
+                 {"L", "x", "before after" + wordsBlock("1:x\n"), true},
+                 {"L", "amo amās", wordsBlock("1:amo amās\n")},
+                 {"L", "a' 'b", wordsBlock("2:a\n")}, // quotes are left to the shell
+                 {"L", "d'amor", ""},
+                 {"L", "silence", wordsBlock("")},
+                 {"L", "fail", ""},
+                 {"U", "amor", std::string("before") + kUserBlock + "after", true},
+                 {"U", "xqz", ""},
+                 {"SLU", "amor", std::string(kAmorBlock) + wordsBlock("1:amor\n") + kUserBlock},
+                 {"SLU", "", "before after"}};
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.name);
+        SCOPED_TRACE(each.sources + (" " + each.word));
         ModelFixture fixture;
         fixture.installWords("[ \"$1\" = fail ] && exit 1; [ \"$1\" = silence ] || echo \"$#:$1\"");
         fixture.addUserDictionary("Mine", "amor\tlove\n");
@@ -69,18 +66,16 @@ TEST(LookUpSources, WriteInTheirOrder) {
     }
 }
 
-TEST_F(LookUp, ScrollsToEachAnswerAndThenToTheFirst) {
+TEST_F(LookUp, AppendsToWhatTheUserTypedMeanwhileAndScrollsToEachAnswer) {
     installWords("echo");
     openForLookUp("SL");
+    host.onYield = [&] {
+        text.text = "xy";
+        host.onYield = nullptr;
+    };
     ask("amor");
-    EXPECT_EQ(text.scrolledTo, (std::vector<int>{0, static_cast<int>(std::string(kAmorBlock).size()), 0}));
-}
-
-TEST_F(LookUp, OfTheServiceIsWrittenAtTheEndOfWhatTheUserTypedMeanwhile) {
-    openForLookUp();
-    host.onYield = [&] { text.text = "xy"; };
-    ask("amor");
-    EXPECT_EQ(text.text, std::string("xy") + kAmorBlock);
+    EXPECT_EQ(text.text, std::string("xy") + kAmorBlock + wordsBlock("\n"));
+    EXPECT_EQ(text.scrolledTo, (std::vector<int>{2, static_cast<int>(std::string(kAmorBlock).size()) + 2, 0}));
 }
 
 TEST_F(LookUp, ShowsUserHitsInTheirStyles) {
@@ -89,9 +84,13 @@ TEST_F(LookUp, ShowsUserHitsInTheirStyles) {
     text.bold = true;
     ask("amo");
     const std::string banner = "\n✜✜✜✜✜✜✜✜ Mine ✜✜✜✜✜✜✜✜\n\n";
-    EXPECT_EQ(text.inserted, (std::vector<std::string>{"64,128,0/12.7/bold:" + banner, "0,0,128/18.7/bold:amo²\n\n",
-                                                       "0,0,0/12.0/plain:to\nlove\n\n", "64,128,0/12.0/plain:" + banner,
-                                                       "0,0,128/18.0/bold:AMO\n\n", "0,0,0/12.0/plain:x\n\n"}));
+    const TextColor green{64, 128, 0}, blue{0, 0, 128};
+    EXPECT_TRUE(text.inserted == (decltype(text.inserted){{green, 12.7, true, banner},
+                                                          {blue, 18.7, true, "amo²\n\n"},
+                                                          {{}, 12, false, "to\nlove\n\n"},
+                                                          {green, 12, false, banner},
+                                                          {blue, 18, true, "AMO\n\n"},
+                                                          {{}, 12, false, "x\n\n"}}));
     ask("a__BR__b");
     EXPECT_EQ(text.text, banner + "a\nb\n\n\n\n");
 }
@@ -99,10 +98,7 @@ TEST_F(LookUp, ShowsUserHitsInTheirStyles) {
 TEST_F(LookUp, WithTheOptionKeySearchesTheMainWindowFirst) {
     openForLookUp();
     host.option.held = true;
-    main.onSearchAll = [&] {
-        EXPECT_TRUE(busy.busy());
-        main.log.push_back(text.text);
-    };
+    main.onSearchAll = [&] { main.log.push_back(busy.busy() ? text.text : "not busy"); };
     for (const std::string word : {"amor", ""}) {
         text.text = "before";
         main.log.clear();
@@ -132,110 +128,81 @@ TEST_F(LookUp, WaitsOnceWhileSomethingElseRuns) {
     EXPECT_EQ(posted.size(), 1U);
     runPosted();
     EXPECT_EQ(text.text, kAmorBlock);
-    {
-        const Busy guard(busy);
-        ask("xqz");
-    }
-    runPosted();
-    EXPECT_EQ(text.text, kSorryBlock) << "the next one waits again";
-}
-
-TEST_F(LookUp, ThatWaitsIsDroppedWithItsWindow) {
-    for (const bool destroyed : {false, true}) {
-        openForLookUp();
+    enum class Window { Open, Closed, Destroyed };
+    for (const Window then : {Window::Open, Window::Closed, Window::Destroyed}) {
+        text.text.clear();
         {
             const Busy guard(busy);
-            ask("amor");
-            destroyed ? model.reset() : model->close(352);
+            ask("xqz");
+            if (then != Window::Open)
+                then == Window::Closed ? model->close(352) : model.reset();
         }
         runPosted();
-        EXPECT_EQ(text.text, "");
+        EXPECT_EQ(text.text, then == Window::Open ? kSorryBlock : "") << "the next one waits, until its window goes";
+        openForLookUp();
     }
 }
 
 TEST(SynchronizedLookUp, ShowsItsTargetAndLeavesTheSetting) {
-    for (const FindTarget target : {FindTarget::Find, FindTarget::LookUp})
-        for (const bool fails : {false, true}) {
-            ModelFixture fixture;
-            fs::create_directories(fixture.groupFolder.path() / "UserDictionaries/WithoutIndex");
-            SideModel& model = fixture.openForLookUp(fails ? "SU" : "S");
-            model.setTarget(target);
+    for (const bool fails : {false, true}) {
+        ModelFixture fixture;
+        fs::create_directories(fixture.groupFolder.at("UserDictionaries/WithoutIndex"));
+        SideModel& model = fixture.openForLookUp(fails ? "SU" : "S");
+        model.setTarget(FindTarget::Find);
+        fixture.host.option.held = true;
+        model.synchronise("amor");
+        EXPECT_EQ(fixture.text.text, "") << "it is off";
+        model.setSyncronizeCB(true);
+        {
+            const Busy guard(fixture.busy);
             model.synchronise("amor");
-            EXPECT_EQ(fixture.text.text, "") << "it is off";
-            model.setSyncronizeCB(true);
-            fixture.display.targets.clear();
-            bool keptMeanwhile = true;
-            fixture.host.onYield = [&] {
-                keptMeanwhile = keptMeanwhile && model.settings().target == target &&
-                                fixture.display.targets == std::vector{FindTarget::LookUp};
-                model.setTarget(target == FindTarget::Find ? FindTarget::LookUp : FindTarget::Find);
-                fixture.host.onYield = nullptr;
-            };
-            if (fails)
-                EXPECT_THROW(model.synchronise("amor"), NilObjectException);
-            else
-                model.synchronise("amor");
-            EXPECT_TRUE(keptMeanwhile);
-            EXPECT_EQ(fixture.text.text, kAmorBlock);
-            EXPECT_EQ(fixture.display.word, "amor");
-            EXPECT_EQ(fixture.display.targets.back(), target);
-            EXPECT_EQ(model.settings().target, target);
-            EXPECT_FALSE(fixture.busy.busy());
+            EXPECT_EQ(fixture.display.word, "") << "it waits";
         }
-}
-
-TEST_F(LookUp, SynchronizedWaitsAndStaysHere) {
-    openForLookUp().setTarget(FindTarget::Find);
-    model->setSyncronizeCB(true);
-    host.option.held = true;
-    {
-        const Busy guard(busy);
-        model->synchronise("xqz");
-        model->synchronise("amor");
-        EXPECT_EQ(display.word, "");
+        fixture.display.targets.clear();
+        fixture.host.onYield = [&] {
+            EXPECT_EQ(model.settings().target, FindTarget::Find);
+            EXPECT_EQ(fixture.display.targets, std::vector{FindTarget::LookUp});
+            model.FindBV_Action();
+            EXPECT_FALSE(fixture.display.missed) << "while the find bar shows a look-up, Return is one, and waits";
+            model.setTarget(FindTarget::LookUp);
+            fixture.host.onYield = nullptr;
+        };
+        if (fails)
+            EXPECT_THROW(fixture.runPosted(), NilObjectException);
+        else
+            fixture.runPosted();
+        EXPECT_EQ(fixture.text.text, kAmorBlock);
+        EXPECT_EQ(fixture.display.word, "amor");
+        EXPECT_EQ(fixture.display.targets.back(), FindTarget::Find);
+        EXPECT_EQ(model.settings().target, FindTarget::Find);
+        EXPECT_FALSE(fixture.busy.busy());
+        EXPECT_TRUE(fixture.main.log.empty()) << "it does not go back to the main window";
     }
-    host.onYield = [&] {
-        host.onYield = nullptr;
-        model->FindBV_Action();
-        EXPECT_FALSE(display.missed) << "while the find bar shows a look-up, Return is one, and waits";
-    };
-    runPosted();
-    EXPECT_EQ(text.text, kAmorBlock);
-    EXPECT_TRUE(main.log.empty()) << "it does not go back to the main window";
 }
 
 TEST(TickingLatin, TriesTheProgram) {
-    const struct {
-        const char* name;
-        const char* program; ///< nullptr: it is not installed
-        bool staysOn;
-    } cases[] = {{"Answers", "echo $# arguments", true},
-                 {"Fails", "echo $# arguments; exit 1", false},
-                 {"IsMissing", nullptr, false},
-                 {"IsEndless", "yes", false}};
-    const std::vector<std::string> question{
-        "To use this function, you have to install Words made by Mr. Ansel Corrigan. Do you want to go to his home "
-        "page ?\r"};
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.name);
+    const std::pair<const char*, bool> cases[] = {
+        {"echo $# arguments", true}, {"echo $# arguments; exit 1", false}, {nullptr, false}, {"yes", false}};
+    for (const auto& [program, staysOn] : cases) {
+        SCOPED_TRACE(program == nullptr ? "not installed" : program);
         ModelFixture fixture;
-        if (each.program != nullptr)
-            fixture.installWords(each.program);
+        if (program != nullptr)
+            fixture.installWords(program);
         SideModel& model = fixture.open();
         fixture.text.text = "kept\n";
         {
             const Busy guard(fixture.busy);
             fixture.display.sourcesOn[test::Latin] = true; // as the click leaves the check box
             model.setSource(test::Latin, true);
-            EXPECT_FALSE(fs::exists(fixture.preferences.path() / "temp.sh")) << "it waits";
+            EXPECT_FALSE(fs::exists(fixture.preferences.at("temp.sh"))) << "it waits";
         }
         fixture.runPosted();
-        EXPECT_EQ(fixture.display.sourcesOn[test::Latin], each.staysOn);
-        EXPECT_EQ(model.settings().sourcesOn[test::Latin], each.staysOn);
-        EXPECT_EQ(fixture.host.questions, each.staysOn ? std::vector<std::string>() : question);
-        EXPECT_EQ(fixture.text.text, each.staysOn ? "kept\n" + wordsBlock("0 arguments\n") : "kept\n");
-        EXPECT_EQ(fixture.preferences.read("temp.sh"),
-                  "cd " + fixture.words.path().string() + "/\n" + fixture.words.path().string() + "/words");
+        EXPECT_EQ(fixture.display.sourcesOn[test::Latin], staysOn);
+        EXPECT_EQ(model.settings().sourcesOn[test::Latin], staysOn);
+        EXPECT_EQ(fixture.host.questions.size(), staysOn ? 0U : 1U);
+        EXPECT_EQ(fixture.text.text, staysOn ? "kept\n" + wordsBlock("0 arguments\n") : "kept\n");
+        const std::string folder = fixture.words.path().string() + "/";
+        EXPECT_EQ(fixture.preferences.read("temp.sh"), "cd " + folder + "\n" + folder + "words");
 
         fs::remove_all(fixture.preferences.path());
         model.setSource(test::Latin, false);
@@ -253,12 +220,11 @@ TEST(HangingLatin, IsStoppedSilently) {
             ModelFixture fixture;
             fixture.installWords("sleep 1000");
             fixture.addUserDictionary("Mine", "amor\tlove\n");
-            SideModel& model = fixture.openForLookUp(withWord && by == By::Close ? "LU" : withWord ? "L" : "");
+            SideModel& model = fixture.openForLookUp(withWord ? "LU" : "");
             fixture.now += std::chrono::hours(1);
             std::vector<bool> shown;
             bool closed = false;
             fixture.host.onYield = [&] {
-                EXPECT_TRUE(fixture.busy.busy());
                 shown.push_back(fixture.display.waits);
                 fixture.now += std::chrono::milliseconds(250);
                 if (!fixture.display.waits)
@@ -271,19 +237,69 @@ TEST(HangingLatin, IsStoppedSilently) {
                     model.close(352);
                 EXPECT_EQ(fixture.display.released, 0) << "it still runs";
             };
-            for (int time = 1; time <= (by == By::User ? 2 : 1); ++time) {
+            for (int time = by == By::User ? 2 : 1; time > 0; --time) {
                 shown.clear();
                 withWord ? fixture.ask("amor") : model.setSource(test::Latin, true);
-                EXPECT_EQ(shown, (std::vector<bool>{false, false, true}));
+                EXPECT_EQ(shown[1], false);
+                EXPECT_EQ(shown[2], true);
             }
             EXPECT_FALSE(fixture.display.waits);
             EXPECT_TRUE(fixture.host.questions.empty());
-            EXPECT_EQ(fixture.text.text, "") << "the next source is not asked";
+            EXPECT_EQ(fixture.text.text, withWord && by != By::Close ? kUserBlock : "") << "the next source";
             EXPECT_EQ(fixture.display.released, by == By::Close ? 1 : 0);
             EXPECT_EQ(model.settings().sourcesOn[test::Latin], withWord || by == By::Close);
             fixture.runPosted();
             EXPECT_EQ(closed, by == By::EndOfTheRun);
         }
+}
+
+TEST(ScriptRun, EndsAsTheShellDoes) {
+    using End = ScriptResult::End;
+    const struct {
+        const char* script;
+        End end;
+        int exitStatus;
+        std::string output;
+        std::size_t mostOutput = kMostScriptOutput;
+    } cases[] = {{"printf 'a\\000\\377\\r\\n'", End::Exited, 0, std::string("a\0\xFF\r\n", 5)},
+                 {"echo lost; exit 3", End::Exited, 3, "lost\n"},
+                 {"/no/such/program", End::Exited, 127, ""},
+                 {"cat; echo end", End::Exited, 0, "end\n"},
+                 {"echo x >&2; echo y", End::Exited, 0, "y\n"},
+                 {"echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
+                 {"kill -TERM $$", End::Killed, -1, ""},
+                 {"yes", End::TooMuch, -1, ""},
+                 {"printf 12345", End::Exited, 0, "12345", 5},
+                 {"printf 123456", End::TooMuch, -1, "", 5}};
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.script);
+        const test::TempFolder folder;
+        const auto mayContinue = [] { return true; };
+        const ScriptResult result = runScript(folder.write("s.sh", each.script), mayContinue, each.mostOutput);
+        EXPECT_EQ(result.end, each.end);
+        EXPECT_EQ(result.exitStatus, each.exitStatus);
+        EXPECT_EQ(result.output, each.output);
+        EXPECT_EQ(result.ok(), each.end == End::Exited && each.exitStatus == 0);
+    }
+}
+
+TEST(ScriptRunEnd, KillsWhatItHasStarted) {
+    for (const bool stopped : {false, true}) {
+        const test::TempFolder folder;
+        const fs::path started = folder.at("started");
+        int held[2]; // every process of the script inherits the write end
+        ASSERT_EQ(::pipe(held), 0);
+        const auto script =
+            folder.write("s.sh", stopped ? "trap '' TERM; sleep 1000 & > '" + started.string() + "'; wait"
+                                         : "sleep 1000 & echo done");
+        const ScriptResult result = runScript(script, [&] { return !stopped || !fs::exists(started); });
+        EXPECT_EQ(result.end, stopped ? ScriptResult::End::Stopped : ScriptResult::End::Exited);
+        EXPECT_EQ(result.output, stopped ? "" : "done\n");
+        ::close(held[1]);
+        pollfd closed{.fd = held[0], .events = POLLIN, .revents = 0};
+        EXPECT_EQ(::poll(&closed, 1, 5000), 1) << "one of them still runs";
+        ::close(held[0]);
+    }
 }
 
 } // namespace

@@ -1,4 +1,5 @@
-#include "ModelFixture.h"
+#include "SideFixture.h"
+#include "side/SubwindowFile.h"
 
 #include <filesystem>
 
@@ -15,17 +16,15 @@ class Model : public testing::Test, public ModelFixture {};
 TEST_F(Model, FindsFromHitToHit) {
     open().setHitColor({1, 2, 3});
     const struct {
-        const char* name;
         const char* typed; ///< nullptr: the word stays; empty: it is cleared
         const char* text;
         int start; ///< where the find begins, see pFindStartPosition
         int hit;   ///< from 1; 0: a miss
-    } steps[] = {{"First", "ABA", "aba aba", -1, 1},         {"Second", nullptr, "aba aba", 4, 5},
-                 {"EndIsAMiss", nullptr, "aba aba", 8, 0},   {"FromTheTop", nullptr, "aba aba", 0, 1},
-                 {"SameWordGoesOn", "ABA", "aba aba", 4, 5}, {"ShorterText", nullptr, "aba", 8, 0},
-                 {"OtherWord", "a", "aba", -1, 1},           {"Cleared", "", "aba", 0, 0}};
+    } steps[] = {{"ABA", "aba aba", -1, 1},  {nullptr, "aba aba", 4, 5}, {nullptr, "aba aba", 8, 0},
+                 {nullptr, "aba aba", 0, 1}, {"ABA", "aba aba", 4, 5},   {nullptr, "aba", 8, 0},
+                 {"a", "aba", -1, 1},        {"", "aba", 0, 0}};
     for (const auto& step : steps) {
-        SCOPED_TRACE(step.name);
+        SCOPED_TRACE(&step - steps);
         text.text = step.text;
         text.color = {};
         if (step.typed != nullptr) {
@@ -44,104 +43,80 @@ TEST_F(Model, FindsFromHitToHit) {
 }
 
 TEST_F(Model, ListsTheVisibleFoldersAndLinksToFolders) {
-    const fs::path folder = groupFolder.path() / "UserDictionaries";
-    for (const char* name : {"b", "A", ".hidden"})
-        fs::create_directories(folder / name);
+    const fs::path folder = groupFolder.at("UserDictionaries");
+    for (const fs::path& made : {folder / "b", folder / "A", folder / ".hidden", words.at("Elsewhere")})
+        fs::create_directories(made);
     groupFolder.write("UserDictionaries/file", "");
-    fs::create_directories(words.path() / "Elsewhere");
-    fs::create_directory_symlink(words.path() / "Elsewhere", folder / "link");
-    fs::create_symlink("/no/such/folder", folder / "dead");
+    groupFolder.link("UserDictionaries/link", words.at("Elsewhere"));
+    groupFolder.link("UserDictionaries/dead", "/no/such/folder");
     open().mMakeUserDicPU();
     EXPECT_EQ(display.userDictionaries.size(), 0U) << "they are off";
     model->setSource(test::User, true);
-    bool busyThroughout = true;
-    host.onYield = [&] { busyThroughout = busyThroughout && busy.busy(); };
+    host.onYield = [&] { EXPECT_TRUE(busy.busy()); };
     model->mMakeUserDicPU();
     EXPECT_EQ(display.userDictionaries, (std::vector<std::string>{"A", "b", "Elsewhere"}));
-    EXPECT_TRUE(busyThroughout);
     EXPECT_GE(host.yields, 5) << "after each item";
 
-    const auto rowAfterReading = [&] {
+    model->setUserDictionary(2);
+    // The number stays, not the name, and a row that was gone is forgotten.
+    for (const auto& [hasB, row] : {std::pair{true, 2}, std::pair{false, -1}, std::pair{true, -1}}) {
+        hasB ? fs::create_directory(folder / "b") : fs::remove(folder / "b");
         model->mMakeUserDicPU();
-        EXPECT_EQ(display.userDictionary, *model->settings().userDicRow);
-        return display.userDictionary;
-    };
-    model->setUserDictionary(1);
-    fs::create_directory(folder / "AA");
-    EXPECT_EQ(rowAfterReading(), 1) << "the number stays, not the name";
-    model->setUserDictionary(3);
-    EXPECT_EQ(rowAfterReading(), 3);
-    fs::remove(folder / "AA");
-    EXPECT_EQ(rowAfterReading(), -1);
-    fs::create_directory(folder / "AA");
-    EXPECT_EQ(rowAfterReading(), -1) << "a row that was gone is forgotten";
+        EXPECT_EQ(display.userDictionary, row);
+        EXPECT_EQ(model->settings().userDicRow, row);
+    }
     fs::remove_all(folder);
     model->mMakeUserDicPU();
-    EXPECT_EQ(display.userDictionaries.size(), 4U) << "without the folder the list stays";
+    EXPECT_EQ(display.userDictionaries.size(), 3U) << "without the folder the list stays";
 }
 
 TEST(SavedSettings, AreShown) {
     const struct {
-        const char* name;
-        const char* file; ///< nullptr: there is none
-        int width;
-        int row;
-    } cases[] = {{"NoFile", nullptr, 352, -1},
-                 {"Whole", "360\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n1\n", 360, 1},
-                 {"UserDictionariesOff", "360\n0\n1\nTrue\nTrue\nDicApp\nTrue\nFalse\nFalse\n1\n", 360, -1},
-                 {"MissingRow", "360\n0\n1\nTrue\nFalse\nFind\nFalse\nTrue\nTrue\n2\n", 360, -1},
-                 {"NoRow", "360\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n", 360, -1},
-                 {"TooNarrow", "5\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n0\n", 350, 0},
-                 {"TooWide", "32001\n0\n1\nTrue\nFalse\nFind\nFalse\nFalse\nTrue\n0\n", 32000, 0},
-                 {"EmptyFile", "", 350, -1}};
+        const char* file;    ///< nullptr: there is none
+        const char* meaning; ///< as it would be written
+        bool listed;         ///< the user dictionaries, which are "A" and "B"
+    } cases[] = {{nullptr, "352\n0\n0\nTrue\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
+                 {"400\r7\r3\rfalse\rTRUE\rdicapp\rTrue\rFALSE\rTrUe\r1",
+                  "400\n7\n3\nFalse\nTrue\nDicApp\nTrue\nFalse\nTrue\n1\n", true},
+                 {"360\n0\n1\nTrue\nTrue\nDicApp\nTrue\nFalse\nFalse\n1\n",
+                  "360\n0\n1\nTrue\nTrue\nDicApp\nTrue\nFalse\nFalse\n-1\n", false},
+                 {"5\n0\n1\nTrue\nFalse\nFind\nFalse\nTrue\nTrue\n2\n",
+                  "350\n0\n1\nTrue\nFalse\nFind\nFalse\nTrue\nTrue\n-1\n", true},
+                 {"32001\n0\n1\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n\n",
+                  "32000\n0\n1\nTrue\nFalse\nFind\nTrue\nTrue\nTrue\n-1\n", false},
+                 {"", "350\n0\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n", false},
+                 {"wide\n99999999999\n-2.9\n1\nyes\nService\nT\n \nTrue\n0.7\n",
+                  "350\n2147483647\n-2\nFalse\nFalse\nFind\nFalse\nFalse\nTrue\n0\n", true}};
     for (const auto& each : cases) {
-        SCOPED_TRACE(each.name);
+        const bool hasFile = each.file != nullptr;
+        SCOPED_TRACE(hasFile ? each.file : "no file");
         ModelFixture fixture;
         fixture.addUserDictionary("A", "a\n");
         fixture.addUserDictionary("B", "b\n");
-        const bool hasFile = each.file != nullptr;
         if (hasFile)
             fixture.groupFolder.write("Subwindow", each.file);
-        SubwindowSettings expected = hasFile ? parseSubwindow(each.file) : SubwindowSettings();
-        expected.width = each.width;
-        const SideModel& model = fixture.open();
+        const SubwindowSettings settings = fixture.open().settings();
+        EXPECT_EQ(subwindowText(settings), each.meaning);
+        EXPECT_EQ(fixture.display.userDictionary, settings.userDicRow);
+        EXPECT_EQ(fixture.display.userDictionaries.size(), each.listed ? 2U : 0U);
         EXPECT_EQ(fixture.display.settings.has_value(), hasFile);
-        EXPECT_EQ(fixture.display.settings.value_or(expected), expected);
         EXPECT_EQ(fixture.display.targets.size(), hasFile ? 1U : 0U);
         EXPECT_EQ(fixture.display.textStyleApplied, hasFile);
-        EXPECT_EQ(fixture.display.userDictionary, each.row);
-        expected.userDicRow = each.row;
-        EXPECT_EQ(model.settings(), expected);
-        EXPECT_FALSE(fs::exists(fixture.preferences.path() / "temp.sh")) << "restoring runs nothing";
+        EXPECT_FALSE(fs::exists(fixture.preferences.at("temp.sh"))) << "restoring runs nothing";
+        EXPECT_EQ(fixture.display.settings.value_or(settings).sourcesOn, settings.sourcesOn);
     }
 }
 
-TEST_F(Model, SavesWhatIsChosenInTheGroupOfTheOpening) {
-    addUserDictionary("A", "a\n");
-    open().setSource(test::User, true);
+TEST_F(Model, SavesOnceInTheGroupOfTheOpening) {
+    open().setSource(test::Service, false);
     main.group = FolderItem();
-    model->setSource(test::Service, false);
-    model->mMakeUserDicPU();
-    model->setUserDictionary(0);
-    model->setTarget(FindTarget::LookUp);
-    model->setSyncronizeCB(true);
     model->setFontRow(7);
-    model->setSizeRow(3);
     model->close(400);
-    EXPECT_EQ(groupFolder.read("Subwindow"), "400\n7\n3\nFalse\nFalse\nDicApp\nTrue\nFalse\nTrue\n0\n");
-    groupFolder.write("Subwindow", "");
+    EXPECT_EQ(groupFolder.read("Subwindow"), "400\n7\n0\nFalse\nFalse\nFind\nFalse\nFalse\nFalse\n-1\n");
+    model->setFontRow(8);
     model->close(400);
-    EXPECT_EQ(groupFolder.read("Subwindow"), "") << "it is closed once";
+    EXPECT_EQ(groupFolder.read("Subwindow").substr(4, 1), "7");
     EXPECT_EQ(display.released, 1);
-}
-
-TEST_F(Model, ReportsSettingsThatCannotBeWrittenIfTheyHaveChanged) {
-    fs::create_directory(groupFolder.path() / "Subwindow");
-    for (const bool changed : {false, true}) {
-        open().setDontClearCB(changed);
-        model->close(352);
-        EXPECT_EQ(main.notWritten.size(), changed ? 1U : 0U);
-    }
 }
 
 TEST_F(Model, ClosedWhileItReadsItsSettingsLeavesThemAlone) {

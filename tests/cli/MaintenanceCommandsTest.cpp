@@ -12,6 +12,7 @@ class MaintenanceCommands : public CliTest {
     MaintenanceCommands() {
         folder_.write("new/Webster/FW", "new");
         folder_.write("new/Webster/ind", "new index");
+        folder_.write("new/Webster/mPimg/e", "extra page");
         folder_.write("DF/A/Latin/FW", "");
         folder_.link("link", "new/Webster");
         fs::create_directory(folder_.at("Out"));
@@ -25,11 +26,12 @@ TEST_F(MaintenanceCommands, InstallNeverReplacesButUpdateDoes) {
         {{update, "", "", 1}, {install, "installed\tDF/A/Webster\n"}, {install, "already there\tDF/A/Webster\n"}});
     folder_.write("new/Webster/ind", "newer index");
     fs::remove(folder_.at("DF/A/Webster/FW"));
-    expectRuns(
-        {{install, "", "DF/A/Webster: an item of that name is already there", 2},
-         {{"update", "new/Webster", "DF", ""}, "", "an empty name is not a folder", 2},
-         {update, "added\tDF/A/Webster/FW\nsaved\tBackups/Webster-Oldversion-0/ind\nreplaced\tDF/A/Webster/ind\n"}});
-    EXPECT_EQ(filesOf(folder_.at("DF/A/Webster")), "FW=new ind=newer index");
+    fs::remove_all(folder_.at("DF/A/Webster/mPimg"));
+    expectRuns({{install, "", "DF/A/Webster: an item of that name is already there", 2},
+                {{"update", "new/Webster", "DF", ""}, "", "an empty name is not a folder", 2},
+                {update, "added\tDF/A/Webster/FW\nsaved\tBackups/Webster-Oldversion-0/ind\nreplaced\tDF/A/Webster/ind\n"
+                         "added\tDF/A/Webster/mPimg\n"}});
+    EXPECT_EQ(filesOf(folder_.at("DF/A/Webster")), "FW=new ind=newer index mPimg/e=extra page");
     EXPECT_EQ(filesOf(folder_.at("Backups")), "Webster-Oldversion-0/ind=new index");
 }
 

@@ -29,7 +29,8 @@ constexpr const char* kHelp = R"help(Input and output:
   Errors and notes go to standard error, one per line, and begin with
   "velmarin-cli: ".
 
-  Only install, update, export and user-dictionary build write files.
+  Only install, update, export and user-dictionary build write files, except that
+  user-dictionary search restores what an interrupted build left.
 
 Exit status:
   0  success

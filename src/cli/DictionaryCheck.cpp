@@ -5,6 +5,7 @@
 #include "cli/PageListCheck.h"
 #include "cli/PictureCheck.h"
 #include "files/FolderListing.h"
+#include "files/Leftovers.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
 #include "search/DictionarySearch.h"
@@ -79,6 +80,8 @@ class DictionaryChecker {
     explicit DictionaryChecker(const FolderItem& folder) : members_(folder) {}
 
     std::vector<Finding> run(Images images) {
+        if (holdsInterruptedSwap(members_.folder().path()))
+            findings_.push_back({members_.folder().path(), 0, "an update was interrupted: run the update again"});
         if (!members_.has("FW"))
             findings_.push_back({members_.folder().path() / "FW", 0, "is missing: groups do not show the dictionary"});
         checkFormat();

@@ -15,7 +15,7 @@ constexpr char32_t kFirstPrivatePlane = 0xF0000;
 
 bool isPrivate(char32_t unit) {
     return (unit >= kFirstPrivateUse && unit <= kLastPrivateUse) || (unit >= kFirstSpecial && unit < 0x10000) ||
-           (unit >= kFirstPrivatePlane && unit < invalidByteUnit);
+           (unit >= kFirstPrivatePlane && unit < kInvalidByteUnit);
 }
 
 /// ASCII punctuation, as between the numbers of "99-99".

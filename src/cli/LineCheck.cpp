@@ -16,7 +16,7 @@ std::size_t firstInvalidByte(std::string_view line) {
     std::size_t at = 0;
     while (at < line.size()) {
         const Utf8Unit unit = decodeUtf8(line, at);
-        if (unit.value >= invalidByteUnit)
+        if (unit.value >= kInvalidByteUnit)
             break;
         at += unit.length;
     }

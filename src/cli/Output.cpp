@@ -21,7 +21,7 @@ char32_t shown(char32_t unit) {
         return kControlPictures + unit;
     if (unit == kDelete)
         return kDeletePicture;
-    return unit >= invalidByteUnit ? kReplacement : unit;
+    return unit >= kInvalidByteUnit ? kReplacement : unit;
 }
 
 void appendColumn(std::string& to, std::string_view text) {

@@ -36,7 +36,10 @@ Status update(const std::string& dictionary, const std::string& dictionaryFolder
     const auto groups = newVersion ? folderArgument(dictionaryFolder, session) : std::nullopt;
     if (!groups)
         return Status::CouldNot;
-    const auto copies = installedCopies(*groups, newVersion->Name());
+    Failures unreadable;
+    const auto copies = installedCopies(*groups, newVersion->Name(), {}, &unreadable);
+    for (const Failure& each : unreadable)
+        session.couldNot(each);
     if (copies.empty())
         return Status::NothingFound;
     if (backups.empty()) {

@@ -64,6 +64,10 @@ Status build(const std::string& source, const std::string& folder, EarlierPair e
     }
     std::error_code error;
     const bool made = !folder.empty() && std::filesystem::create_directory(folder, error);
+    if (error) {
+        session.couldNot(folder + ": the folder could not be made: " + error.message());
+        return Status::CouldNot;
+    }
     const auto dictionary = folderArgument(folder, session);
     if (!dictionary)
         return Status::CouldNot;

@@ -5,6 +5,7 @@
 #include "text/UnicodeForms.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <system_error>
 
 #include <sys/stat.h>
@@ -108,16 +109,13 @@ std::vector<std::string> sortedByListingOrder(std::vector<std::string> names) {
 std::optional<std::vector<std::string>> listNames(const fs::path& folder) {
     std::error_code error;
     std::vector<std::string> names;
-    fs::directory_iterator entry(folder, error);
-    if (error)
-        return std::nullopt;
-    for (; entry != fs::directory_iterator(); entry.increment(error)) {
+    for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
+         entry.increment(error))
         names.push_back(entry->path().filename().native());
-        if (error)
-            return std::nullopt;
-    }
-    if (error)
+    if (error) {
+        errno = error.value();
         return std::nullopt;
+    }
     return sortedByListingOrder(std::move(names));
 }
 
@@ -232,8 +230,12 @@ bool FolderItem::isSameItem(const FolderItem& other) const {
 }
 
 bool FolderItem::CreateAsFolder() const {
-    ::mkdir(path().c_str(), 0777);
-    return Directory();
+    if (::mkdir(path().c_str(), 0777) == 0)
+        return true;
+    const int error = errno;
+    const bool isThere = Directory();
+    errno = error;
+    return isThere;
 }
 
 } // namespace velmarin

@@ -48,7 +48,7 @@ class FolderItem {
     /// Whether both lead to one item on the disk, by device and inode. False if one does not exist.
     bool isSameItem(const FolderItem& other) const;
 
-    /// Makes the folder, and says whether it is there afterwards.
+    /// Makes the folder. Returns false with errno if it is not there afterwards.
     bool CreateAsFolder() const;
 
     friend bool operator==(const FolderItem& a, const FolderItem& b) { return a.path_ == b.path_; }
@@ -63,10 +63,10 @@ bool isMemberName(std::string_view name);
 /// What ListingOrder would make of them, with the capitals of each name worked out once.
 std::vector<std::string> sortedByListingOrder(std::vector<std::string> names);
 
-/// The names in a folder in ListingOrder; nullopt if it cannot be listed.
+/// The names in a folder in ListingOrder; nullopt with errno if it cannot be listed.
 std::optional<std::vector<std::string>> listNames(const std::filesystem::path& folder);
 
-/// The items of a folder, whatever their names; nullopt if it cannot be listed.
+/// The items of a folder, whatever their names; nullopt with errno if it cannot be listed.
 std::optional<std::vector<std::filesystem::path>> membersIn(const std::filesystem::path& folder);
 
 } // namespace velmarin

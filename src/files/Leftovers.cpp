@@ -10,6 +10,7 @@
 #include "text/StringFields.h"
 
 #include <algorithm>
+#include <cerrno>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -67,6 +68,24 @@ void clearLeftovers(const fs::path& folder, Work& work) {
 bool holdsLeftovers(const fs::path& folder) {
     const auto names = listNames(folder);
     return names && std::any_of(names->begin(), names->end(), isTemporaryName);
+}
+
+bool holdsInterruptedSwap(const fs::path& folder) {
+    const auto names = listNames(folder);
+    return names && std::any_of(names->begin(), names->end(), [&](const std::string& name) {
+               if (temporaryKind(name) != TemporaryKind::Swap)
+                   return false;
+               const Descriptor opened = openLeftover(folder / name);
+               return !opened || lockAlone(opened) || errno != EWOULDBLOCK; // a running swap is locked
+           });
+}
+
+bool removeSaved(const fs::path& hidden, Work& work) {
+    const std::string name = hidden.filename().native();
+    const fs::path trash = hidden.parent_path() / temporaryNameAs(TemporaryKind::Staged, name);
+    if (temporaryKind(name) != TemporaryKind::Replaced)
+        return removeTree(hidden, work);
+    return renameToFreeName(hidden, trash) && removeTree(trash, work);
 }
 
 std::vector<fs::path> unsavedMembers(const fs::path& folder) {

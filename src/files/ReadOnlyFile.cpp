@@ -12,8 +12,11 @@ namespace velmarin {
 
 std::optional<ReadOnlyFile> ReadOnlyFile::open(const FolderItem& item) {
     // Asked before opening as well, since to open a device can already set it going.
-    if (!item.regularFile())
+    errno = 0;
+    if (!item.regularFile()) {
+        errno = errno == 0 ? EINVAL : errno;
         return std::nullopt;
+    }
     Descriptor opened;
     do
         opened = Descriptor(::open(item.path().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));

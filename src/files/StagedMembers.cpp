@@ -1,6 +1,7 @@
 #include "files/StagedMembers.h"
 
 #include "files/FolderItem.h"
+#include "files/Leftovers.h"
 #include "files/MemberSwap.h"
 #include "files/NewFile.h"
 #include "files/RemoveTree.h"
@@ -62,7 +63,7 @@ StagedMembers::~StagedMembers() {
     const int error = errno;
     Work quiet; // no callback: this may run because one has thrown
     const auto kind = temporaryKind(hidden_.filename().native());
-    if (kind == TemporaryKind::Staged || (kind == TemporaryKind::Swap && undo(quiet)))
+    if (kind == TemporaryKind::Staged || (kind == TemporaryKind::Swap && undoSwap(hidden_, folder(), names_, quiet)))
         drop(quiet);
     errno = error;
 }
@@ -147,7 +148,7 @@ bool StagedMembers::putIn(const std::string& name, Failures& failures) {
 bool StagedMembers::swap(const std::vector<std::string>& names, Work& work, Failures& failures) {
     const auto all = listNames(folder());
     if (!all) {
-        failures.push_back({FolderItem(folder()), "it cannot be listed"});
+        failures.push_back({FolderItem(folder()), "it cannot be listed: " + errorInWords(errno)});
         return false;
     }
     bool done = true;
@@ -161,13 +162,22 @@ bool StagedMembers::swap(const std::vector<std::string>& names, Work& work, Fail
     for (auto name = names.rbegin(); done && name != names.rend(); ++name)
         done = putIn(*name, failures);
     if (!done && !undoSwap(hidden_, folder(), names, work))
-        failures.push_back({FolderItem(folder()), "what was begun there could not be taken back: " +
-                                                      errorInWords(errno) + ". The next run tries again"});
+        abandon(failures);
     return done;
 }
 
-bool StagedMembers::undo(Work& work) {
-    return undoSwap(hidden_, folder(), names_, work);
+bool StagedMembers::undo(Work& work, Failures& failures) {
+    return undoSwap(hidden_, folder(), names_, work) || abandon(failures);
+}
+
+bool StagedMembers::abandon(Failures& failures) {
+    failures.push_back(
+        {FolderItem(folder()), "it is incomplete, because a replacement failed and could not be undone: " +
+                                   errorInWords(errno) + ". \"" + hidden_.filename().native() +
+                                   "\" in it has the other members. Run the same command again: it "
+                                   "first restores them"});
+    hidden_.clear();
+    return false;
 }
 
 bool StagedMembers::forgetOld() {
@@ -189,7 +199,7 @@ bool StagedMembers::undoKeepOld() {
 }
 
 bool StagedMembers::drop(Work& work) {
-    return hidden_.empty() || removeTree(std::exchange(hidden_, {}), work);
+    return hidden_.empty() || removeSaved(std::exchange(hidden_, {}), work);
 }
 
 } // namespace velmarin

@@ -46,14 +46,16 @@ class StagedMembers {
     bool beginSwap();
     /// Moves the old members of these names aside (also those whose names differ only in case or composition), then the
     /// new ones into their places: the first name goes first and comes last. False with one failure more, and these
-    /// members as they were; with two if that failed too.
+    /// members as they were; with two if that failed too, and then the object is abandoned.
     bool swap(const std::vector<std::string>& names, Work& work, Failures& failures);
-    /// Takes all swaps back. False with errno; clearLeftovers tries again later.
-    bool undo(Work& work);
-    /// Ends the swaps; the old members are to be removed. False with errno, and then the swaps are taken back.
+    /// Takes all swaps back. Otherwise returns false with a failure, and the object is abandoned.
+    bool undo(Work& work, Failures& failures);
+    /// Whether a swap could not be taken back: the hidden folder stays as it is, for clearLeftovers in a later run.
+    bool abandoned() const { return hidden_.empty(); }
+    /// Ends the swaps; the old members are to be removed. False with errno, and then undo is to be called.
     bool forgetOld();
-    /// Ends the swaps; the old members are the caller's to move from the places that it returns. nullopt with errno,
-    /// and then the swaps are taken back.
+    /// Ends the swaps; the old members are the caller's to move from the places that it returns. Returns nullopt
+    /// with errno on failure, and then undo is to be called.
     std::optional<std::vector<std::filesystem::path>> keepOld();
     /// Returns from keepOld to before it. False with errno.
     bool undoKeepOld();
@@ -68,6 +70,7 @@ class StagedMembers {
     std::filesystem::path folder() const { return hidden_.parent_path(); }
     bool becomes(TemporaryKind kind);
     bool putAside(const std::filesystem::path& old, Work& work, Failures& failures);
+    bool abandon(Failures& failures);
     bool putIn(const std::string& name, Failures& failures);
 
     std::filesystem::path hidden_;

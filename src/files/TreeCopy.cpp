@@ -25,6 +25,7 @@ constexpr std::size_t kPiece = std::size_t{4} << 20;
 /// flush takes long.
 constexpr std::uint64_t kOnItsWay = std::uint64_t{64} << 20;
 constexpr std::size_t kMostOpen = 200;
+constexpr const char* kChanged = "it changed while it was copied";
 
 /// Starts to write fresh bytes to the disk and waits for older ones. Only errors of the disk itself count: some file
 /// systems cannot do it.
@@ -95,7 +96,7 @@ class TreeCopier {
                                            work_.startItem(plan_.pathOf(item));
                                            return make(item);
                                        }) &&
-                           flushFiles() && finishFolders();
+                           flushFiles() && finishFolders() && checkFolders();
         return whole ? CopyOutcome::Whole : outcome_;
     }
 
@@ -136,17 +137,19 @@ class TreeCopier {
     bool makeFile(const PlannedItem& item) {
         const auto from = ReadOnlyFile::open(FolderItem(plan_.pathOf(item)));
         if (!from)
-            return sourceFailed(item, "it cannot be read");
+            return sourceFailed(item, "it cannot be read: " + errorInWords(errno));
         Descriptor to(::open(targetOf(item).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
         if (!to)
             return targetFailed(item);
         const FileStamp before = from->stamp();
+        if (changedSincePlan(item))
+            return sourceFailed(item, kChanged);
         if (!copyBytes(item, from->descriptor(), to.number(), before.size))
             return false;
         struct stat arrived {};
         if (!(from->stamp() == before) || ::fstat(to.number(), &arrived) != 0 ||
             static_cast<std::uint64_t>(arrived.st_size) != before.size)
-            return sourceFailed(item, "it changed while it was being copied");
+            return sourceFailed(item, kChanged);
         // The owner may always write: what comes from a read-only medium has to be replaced one day.
         if (!setAttributes(to.number(), item.permissions | 0600, item.read, item.changed))
             return targetFailed(item);
@@ -171,6 +174,21 @@ class TreeCopier {
             work_.copied(*done);
         }
         return true;
+    }
+
+    /// A folder's time changes with every name in it.
+    bool checkFolders() {
+        const auto changed = std::find_if(plan_.items.begin(), plan_.items.end(), [this](const PlannedItem& item) {
+            return item.kind == PlannedItem::Kind::Folder && changedSincePlan(item);
+        });
+        return changed == plan_.items.end() || sourceFailed(*changed, kChanged);
+    }
+
+    bool changedSincePlan(const PlannedItem& item) const {
+        struct stat now {};
+        return ::stat(plan_.pathOf(item).c_str(), &now) != 0 || now.st_mtim.tv_sec != item.changed.tv_sec ||
+               now.st_mtim.tv_nsec != item.changed.tv_nsec ||
+               (item.kind == PlannedItem::Kind::File && static_cast<std::uint64_t>(now.st_size) != item.size);
     }
 
     bool flushFiles() {

@@ -53,7 +53,8 @@ bool has(const std::vector<Identity>& all, Identity one) {
 class Planner {
   public:
     Planner(const fs::path& destination, Links links, Purpose purpose, Work& work, const fs::path& whole)
-        : links_(links), purpose_(purpose), work_(work), above_(folderAndThoseAbove(destination)) {
+        : links_(links), purpose_(purpose), work_(work), visibleOnly_(!whole.empty()),
+          above_(folderAndThoseAbove(destination)) {
         std::error_code error;
         if (!whole.empty())
             whole_ = fs::canonical(whole, error);
@@ -126,8 +127,12 @@ class Planner {
     }
 
     bool isInWhole(const fs::path& path) const {
-        return !whole_.empty() &&
-               std::mismatch(whole_.begin(), whole_.end(), path.begin(), path.end()).first == whole_.end();
+        if (whole_.empty())
+            return false;
+        const auto [inWhole, inPath] = std::mismatch(whole_.begin(), whole_.end(), path.begin(), path.end());
+        if (inWhole != whole_.end())
+            return false;
+        return !visibleOnly_ || inPath == path.end() || !inPath->native().starts_with('.');
     }
 
     /// Rewrites a relative link that the copy would lead elsewhere. False for one that leads nowhere.
@@ -165,7 +170,7 @@ class Planner {
         }
         const auto names = listNames(path);
         if (!names) {
-            plan_.unreadable.push_back({FolderItem(path), "it cannot be listed"});
+            plan_.unreadable.push_back({FolderItem(path), "it cannot be listed: " + errorInWords(errno)});
             return;
         }
         item.kind = PlannedItem::Kind::Folder;
@@ -186,6 +191,7 @@ class Planner {
     Links links_;
     Purpose purpose_;
     Work& work_;
+    bool visibleOnly_; ///< of the whole
     std::vector<Identity> above_;
     std::vector<Identity> open_;
     std::map<Identity, int> ways_;

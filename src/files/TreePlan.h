@@ -58,8 +58,8 @@ inline constexpr int kMostWays = 64;
 enum class Purpose { Copy, Move };
 
 /// Plans the copy of `source` into the folder `destination`. With Links::Followed the source itself is followed too.
-/// `whole` is the folder that is copied together with `source`, where that is only a member of it: links between
-/// members stay as they are.
+/// `whole` is the folder whose visible members are copied together with `source`, if that is one of them: links between
+/// these members stay as they are.
 TreePlan planTree(const std::filesystem::path& source, const std::filesystem::path& destination, Links links,
                   Purpose purpose, Work& work, const std::filesystem::path& whole = {});
 

@@ -48,6 +48,8 @@ void CopyUpdate::run(const std::map<std::string, TreePlan>& members, std::vector
             swapped_.insert(swapped_.end(), names.begin(), names.end());
         else
             kept_.insert(kept_.end(), names.begin(), names.end());
+        if (staged->abandoned())
+            return;
     }
     if (!swapped_.empty() && backUpOld(*staged))
         report();
@@ -93,16 +95,18 @@ std::vector<std::vector<std::string>> CopyUpdate::unitsToSwap() {
 bool CopyUpdate::backUpOld(StagedMembers& staged) {
     const auto old = staged.keepOld();
     if (!old) {
-        result_.fail(copy_, "it could not be written and was not updated: " + errorInWords(errno));
+        const std::string reason = errorInWords(errno);
+        if (staged.undo(work_, result_.failures))
+            result_.fail(copy_, "it could not be written and was not updated: " + reason);
         return false;
     }
     Moves moves;
     for (const fs::path& each : *old) {
         if (moves.move(each, backup_, backup_.parent_path(), work_, result_.failures))
             continue;
-        if (!moves.undo(work_, result_.failures) || !staged.undoKeepOld() || !staged.undo(work_))
+        if (!moves.undo(work_, result_.failures) || !staged.undoKeepOld())
             result_.fail(copy_, "it is updated, but not all replaced members could be saved. The next run tries again");
-        else
+        else if (staged.undo(work_, result_.failures))
             result_.fail(copy_, "it was not updated, because the members to be replaced could not be saved");
         return false;
     }
@@ -125,6 +129,7 @@ void CopyUpdate::report() {
         }
         result_.add(replaced ? ItemOutcome::Replaced : ItemOutcome::Added, FolderItem(copy_.path() / name));
     }
+    std::erase_if(kept_, [&](const std::string& name) { return !copy_.Child(name).occupied(); });
     if (!kept_.empty())
         result_.fail(copy_, "it now holds members of two versions: not replaced were " + quotedList(kept_));
 }

@@ -2,12 +2,12 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/FittedText.h"
-#include "controls/QtText.h"
 #include "maintenance/DictionaryOrder.h"
 #include "maintenance/OrderList.h"
 #include "maintenance/WindowsPort.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
+#include "platform/QtText.h"
 
 #include <QCloseEvent>
 #include <QLabel>

@@ -3,11 +3,11 @@
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
-#include "controls/QtText.h"
 #include "maintenance/Export.h"
 #include "maintenance/LockedFolder.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
+#include "platform/QtText.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

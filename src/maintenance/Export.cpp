@@ -7,6 +7,7 @@
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 #include "files/TreeCompare.h"
+#include "maintenance/InterruptedUpdate.h"
 #include "maintenance/LockedFolder.h"
 #include "store/DictionaryMembers.h"
 #include "text/LetterCase.h"
@@ -26,6 +27,9 @@ class Exporter {
         : dictionary_(dictionary), destination_(destination), name_(dictionary.Name()), work_(progress) {}
 
     MaintenanceResult run(const MayReplace& mayReplace) {
+        undoInterruptedUpdate(dictionary_, work_);
+        if (failIfUpdateWasInterrupted(dictionary_, result_))
+            return std::move(result_);
         if (!dictionary_.Child("FW").Exists())
             result_.add(ItemOutcome::Skipped, dictionary_);
         else if (!destination_.Directory())
@@ -39,10 +43,12 @@ class Exporter {
     void exportLocked(const MayReplace& mayReplace) {
         const FolderLock lock(lockedFolderOf(FolderItem(dictionary_.AbsolutePath()).Parent()), FolderLock::Kind::Shared,
                               work_);
+        if (failIfUpdateWasInterrupted(dictionary_, result_)) // by a run that was waited for
+            return;
         clearLeftovers(destination_.path(), work_);
         const FolderListing listing(destination_);
         if (!listing.listed())
-            return result_.fail(destination_, "it cannot be listed");
+            return result_.fail(destination_, "it cannot be listed: " + errorInWords(errno));
         const FolderItem existing = listing.Child(name_);
         if (existing.occupied() && !existing.Alias() &&
             (liesIn(dictionary_.path(), existing.path()) || liesIn(existing.path(), dictionary_.path())))
@@ -85,8 +91,15 @@ class Exporter {
             result_.fail(existing, "it could not be replaced: " + errorInWords(errno));
             return false;
         };
-        return (staged.beginSwap() || fail()) && staged.swap({name_}, work_, result_.failures) &&
-               (staged.forgetOld() || fail());
+        if (!staged.beginSwap())
+            return fail();
+        if (!staged.swap({name_}, work_, result_.failures))
+            return false;
+        if (staged.forgetOld())
+            return true;
+        fail();
+        staged.undo(work_, result_.failures);
+        return false;
     }
 
     const FolderItem& dictionary_;

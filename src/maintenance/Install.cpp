@@ -6,6 +6,7 @@
 #include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
 #include "files/TreeCompare.h"
+#include "maintenance/InterruptedUpdate.h"
 #include "maintenance/LockedFolder.h"
 
 #include <cerrno>
@@ -31,6 +32,9 @@ MaintenanceResult installDictionary(const FolderItem& dictionary, const FolderIt
     };
     if (!group.Directory())
         return fail(group, "it is not a folder");
+    undoInterruptedUpdate(dictionary, work);
+    if (failIfUpdateWasInterrupted(dictionary, result))
+        return result;
     const FolderLock lock(lockedFolderOf(group), FolderLock::Kind::Alone, work);
     clearLeftovers(group.path(), work);
 
@@ -42,7 +46,7 @@ MaintenanceResult installDictionary(const FolderItem& dictionary, const FolderIt
     const FolderItem target(group.path() / dictionary.Name());
     const FolderListing listing(group);
     if (!listing.listed())
-        return fail(group, "it cannot be listed");
+        return fail(group, "it cannot be listed: " + errorInWords(errno));
     const FolderItem existing = listing.Child(dictionary.Name());
     if (existing.occupied() && !(existing == target && isEmptyFolder(existing))) {
         if (!sameContents(plan, existing.path(), work))

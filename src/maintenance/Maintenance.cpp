@@ -53,9 +53,11 @@ void Maintenance::mUpDateDictionary() {
             wait.showWhatIsWaitedFor(done.waitsFor);
             host_.Yield();
         };
-        const auto copies = installedCopies(windows_.pDictionaryFolder(), dictionary.Name(), yield);
+        Failures unreadable;
+        const auto copies = installedCopies(windows_.pDictionaryFolder(), dictionary.Name(), yield, &unreadable);
         result = copies.empty() ? mInstallDictionary(dictionary, yield)
                                 : updateDictionary(dictionary, copies, desktop_, yield);
+        result.failures.insert(result.failures.end(), unreadable.begin(), unreadable.end());
     }
     if (!result.failures.empty())
         host_.MsgBox(failureMessage(result));

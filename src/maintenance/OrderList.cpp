@@ -1,6 +1,6 @@
 #include "maintenance/OrderList.h"
 
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 
 #include <QAbstractListModel>
 #include <QApplication>

@@ -8,6 +8,7 @@
 #include "files/RemoveTree.h"
 #include "files/SystemCalls.h"
 #include "maintenance/CopyUpdate.h"
+#include "maintenance/InterruptedUpdate.h"
 #include "maintenance/LockedFolder.h"
 #include "store/BackupFolder.h"
 #include "store/DictionaryMembers.h"
@@ -50,6 +51,9 @@ class Updater {
         }
         if (updatable.empty())
             return std::move(result_);
+        undoInterruptedUpdate(dictionary_, work_);
+        if (failIfUpdateWasInterrupted(dictionary_, result_))
+            return std::move(result_);
         const auto locks = lockFolders(updatable);
         if (!backups_.CreateAsFolder()) {
             result_.fail(backups_, "the backup folder could not be made: " + errorInWords(errno));
@@ -79,7 +83,7 @@ class Updater {
     void planMembers(std::size_t copies) {
         const auto items = membersIn(dictionary_.path());
         if (!items)
-            return result_.fail(dictionary_, "it cannot be listed");
+            return result_.fail(dictionary_, "it cannot be listed: " + errorInWords(errno));
         for (const fs::path& path : *items) {
             const FolderItem item(path);
             if (!item.Visible())
@@ -100,38 +104,47 @@ class Updater {
             return result_.fail(copy, "it was not updated, because it is, contains or is part of the chosen folder");
         const WriteAccess access(copy.path());
         clearLeftovers(copy.path(), work_);
+        if (failIfUpdateWasInterrupted(copy, result_))
+            return;
         for (const fs::path& leftover : unsavedMembers(copy.path())) {
             if (!saveLeftover(leftover, copy, k))
                 return;
         }
-        if (const auto backup = makeBackup(copy, k))
-            CopyUpdate(copy, *backup, work_, result_).run(members_, unreadable_);
+        const auto backup = makeBackup(copy, k);
+        if (!backup)
+            return;
+        const std::size_t before = result_.items.size();
+        CopyUpdate(copy, *backup, work_, result_).run(members_, unreadable_);
+        std::error_code notEmpty;
+        if (result_.items.size() == before)
+            fs::remove(*backup, notEmpty);
     }
 
     std::optional<fs::path> makeBackup(const FolderItem& copy, std::size_t k) {
-        const std::string name = backupFolderName(dictionary_.Name(), k, backups_);
-        fs::path backup = backups_.path() / name;
-        if (makeFolder(backup) && flushFolder(backups_.path()))
-            return backup;
-        result_.fail(copy, "it was not updated, because its backup folder \"" + toValidUtf8(name) +
-                               "\" could not be made: " + errorInWords(errno));
-        return std::nullopt;
+        const auto backup = makeBackupFolder(dictionary_.Name(), k, backups_);
+        if (!backup)
+            result_.fail(copy,
+                         "it was not updated, because its backup folder could not be made: " + errorInWords(errno));
+        return backup;
     }
 
     /// Moves what a killed run has replaced in the copy to a backup of its own.
     bool saveLeftover(const fs::path& leftover, const FolderItem& copy, std::size_t k) {
-        const auto backup = makeBackup(copy, k);
         const auto members = membersIn(leftover / kOldMembers);
         if (!members)
-            result_.fail(FolderItem(leftover), "it cannot be listed");
-        if (!backup || !members)
+            result_.fail(FolderItem(leftover), "it cannot be listed: " + errorInWords(errno));
+        const auto backup = members ? makeBackup(copy, k) : std::nullopt;
+        if (!backup)
             return false;
         Moves moves;
         for (const fs::path& old : *members) {
             if (!moves.move(old, *backup, backups_.path(), work_, result_.failures))
                 return false;
         }
-        return removeTree(leftover, work_);
+        if (!removeSaved(leftover, work_))
+            result_.fail(FolderItem(leftover),
+                         "its members are saved, but it could not be removed completely: " + errorInWords(errno));
+        return !FolderItem(leftover).occupied();
     }
 
     const FolderItem& dictionary_;
@@ -145,19 +158,29 @@ class Updater {
 } // namespace
 
 std::vector<FolderItem> installedCopies(const FolderItem& dictionaryFolder, std::string_view name,
-                                        const Progress& progress) {
+                                        const Progress& progress, Failures* unreadable) {
     const Work work(progress);
     const std::string folded = foldedFileName(name);
     std::vector<FolderItem> copies;
-    for (const FolderItem& group : dictionaryFolder.items()) {
+    const auto itemsIn = [&](const FolderItem& folder) {
+        const auto members = membersIn(folder.path());
+        if (!members && unreadable != nullptr)
+            unreadable->push_back({folder, "it cannot be listed: " + errorInWords(errno)});
+        return members.value_or(std::vector<fs::path>());
+    };
+    for (const fs::path& groupPath : itemsIn(dictionaryFolder)) {
         work.pass();
-        if (!isRealFolder(group))
+        if (!isRealFolder(FolderItem(groupPath)))
             continue;
-        for (const FolderItem& item : group.items()) {
+        for (const fs::path& path : itemsIn(FolderItem(groupPath))) {
             work.pass();
-            if (foldedFileName(item.Name()) == folded && isRealFolder(item) &&
-                (mSub_DicOrNot(item) || holdsLeftovers(item.path())))
+            const FolderItem item(path);
+            if (foldedFileName(item.Name()) != folded || !isRealFolder(item))
+                continue;
+            if (mSub_DicOrNot(item) || holdsLeftovers(path))
                 copies.push_back(item);
+            else
+                itemsIn(item); // only to report that it is unreadable
         }
     }
     return copies;

@@ -3,8 +3,8 @@
 #include "controls/AnchoredLayout.h"
 #include "controls/BevelButton.h"
 #include "controls/PlainToolTip.h"
-#include "controls/QtText.h"
 #include "controls/TabPanel.h"
+#include "platform/QtText.h"
 #include "search/WindowLayout.h"
 #include "view/SmartCanvas.h"
 

@@ -3,7 +3,7 @@
 #include "controls/AnchoredLayout.h"
 #include "controls/ListBox.h"
 #include "controls/PlainToolTip.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "search/HitModel.h"
 
 #include <QSignalBlocker>

@@ -38,13 +38,11 @@ void PageDeck::connectSet(const ControlSet& set, int index) {
     connect(set.BVnext, &BevelButton::clicked, this, [this, index] { tabs_.mNextBack(1, index); });
     connect(set.BVup, &BevelButton::clicked, this, [this, index] { tabs_.mUpDown(0, index); });
     connect(set.BVdown, &BevelButton::clicked, this, [this, index] { tabs_.mUpDown(1, index); });
-    const auto connectMenu = [this, index](BevelButton* menu, void (PageTabs::*action)(int tabIndex, int row)) {
-        connect(menu, &BevelButton::rowChosen, this, [this, index, action](int row) { (tabs_.*action)(index, row); });
-    };
-    connectMenu(set.BVjump, &PageTabs::BVjump_Action);
-    connectMenu(set.BVHistory, &PageTabs::BVHistory_Action);
-    connectMenu(set.BVErrata, &PageTabs::BVErrata_Action);
-    connectMenu(set.BVimage, &PageTabs::BVimage_Action);
+    connect(set.BVjump, &BevelButton::rowChosen, this, [this, index](int row) { tabs_.BVjump_Action(index, row); });
+    connect(set.BVHistory, &BevelButton::rowChosen, this,
+            [this, index](int row) { tabs_.BVHistory_Action(index, row); });
+    connect(set.BVErrata, &BevelButton::rowChosen, this, [this, index](int row) { tabs_.BVErrata_Action(index, row); });
+    connect(set.BVimage, &BevelButton::rowChosen, this, [this, index](int row) { tabs_.BVimage_Action(index, row); });
 }
 
 void PageDeck::removeLaterTabs() {

@@ -4,8 +4,8 @@
 #include "controls/FittedText.h"
 #include "controls/ProgressBar.h"
 #include "controls/PushButton.h"
-#include "controls/QtText.h"
 #include "platform/Busy.h"
+#include "platform/QtText.h"
 #include "search/PageDeck.h"
 #include "search/SearchModel.h"
 

@@ -2,7 +2,7 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/Artwork.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 
 #include <QEvent>
 

@@ -1,6 +1,6 @@
 #include "shell/ApplicationShortcuts.h"
 
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "shell/Commands.h"
 #include "shell/MenuTree.h"
 

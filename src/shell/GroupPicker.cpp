@@ -2,8 +2,8 @@
 
 #include "controls/AnchoredLayout.h"
 #include "controls/PopupMenu.h"
-#include "controls/QtText.h"
 #include "platform/Busy.h"
+#include "platform/QtText.h"
 #include "shell/WindowListPort.h"
 #include "shell/WindowServices.h"
 #include "store/GroupList.h"

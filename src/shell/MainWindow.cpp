@@ -1,9 +1,9 @@
 #include "shell/MainWindow.h"
 
 #include "controls/BevelButton.h"
-#include "controls/QtText.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
+#include "platform/QtText.h"
 #include "search/QueryBar.h"
 #include "search/WindowLayout.h"
 #include "shell/MenuBar.h"

@@ -1,6 +1,6 @@
 #include "shell/MenuBar.h"
 
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "shell/MenuTree.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "shell/NoGroupNotice.h"
 
 #include "controls/AnchoredLayout.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 
 #include <QAccessible>
 

@@ -1,7 +1,7 @@
 #include "shell/SideAccess.h"
 
 #include "controls/ProgressBar.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "search/GroupModel.h"
 #include "search/QueryBar.h"
 #include "search/SearchModel.h"

@@ -1,6 +1,6 @@
 #include "shell/StartRequest.h"
 
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "search/QueryBar.h"
 #include "shell/GroupPicker.h"
 #include "shell/MainWindow.h"

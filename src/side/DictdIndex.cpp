@@ -64,7 +64,7 @@ std::string smallLetters(std::string_view text) {
     std::string small;
     for (std::size_t pos = 0; pos < text.size();) {
         const Utf8Unit unit = decodeUtf8(text, pos);
-        appendUtf8(small, unit.value < invalidByteUnit
+        appendUtf8(small, unit.value < kInvalidByteUnit
                               ? static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(unit.value)))
                               : unit.value);
         pos += unit.length;
@@ -77,7 +77,7 @@ std::string lettersAndDigits(std::string_view text) {
     std::string kept;
     for (std::size_t pos = 0; pos < text.size();) {
         const Utf8Unit unit = decodeUtf8(text, pos);
-        const auto category = unit.value < invalidByteUnit
+        const auto category = unit.value < kInvalidByteUnit
                                   ? utf8proc_category(static_cast<utf8proc_int32_t>(unit.value))
                                   : UTF8PROC_CATEGORY_CN;
         if ((category >= UTF8PROC_CATEGORY_LU && category <= UTF8PROC_CATEGORY_NO) || category == UTF8PROC_CATEGORY_ZS)

@@ -2,7 +2,6 @@
 
 #include "files/Leftovers.h"
 #include "files/LineScanner.h"
-#include "side/UserDictionary.h"
 #include "text/FindReplace.h"
 #include "text/LetterCase.h"
 #include "text/Message.h"
@@ -68,7 +67,8 @@ bool DictionaryModule::mSearch(const FolderItem& dictionary, std::string_view wo
                                const Yield& yield) {
     pResult.clear();
     auto index = ReadOnlyFile::open(dictionary.Child(kIndexFileName));
-    if (!index) { // a build that was killed may have left the earlier pair in a hidden folder
+    if (!index || !dictionary.Child(kTextFileName)
+                       .Exists()) { // a build that was killed may have left the earlier pair in a hidden folder
         Work quiet;
         clearLeftovers(dictionary.path(), quiet);
         index = ReadOnlyFile::open(dictionary.Child(kIndexFileName));

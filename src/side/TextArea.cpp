@@ -1,6 +1,6 @@
 #include "side/TextArea.h"
 
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "side/FindInText.h"
 
 #include <QAbstractTextDocumentLayout>

@@ -1,8 +1,8 @@
 #include "side/TextControls.h"
 
 #include "controls/AnchoredLayout.h"
-#include "controls/QtText.h"
 #include "controls/TextStyleBevelButton.h"
+#include "platform/QtText.h"
 #include "side/TextArea.h"
 
 namespace velmarin {

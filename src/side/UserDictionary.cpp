@@ -3,6 +3,7 @@
 #include "files/AtomicFile.h"
 #include "files/Descriptor.h"
 #include "files/FolderItem.h"
+#include "files/FolderLock.h"
 #include "files/Leftovers.h"
 #include "files/LineReader.h"
 #include "files/MemberSwap.h"
@@ -46,7 +47,7 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 10> kSupersc
 }};
 
 Failure notRead(const FolderItem& item) {
-    return {item, "it could not be read."};
+    return {item, "it could not be read: " + errorInWords(errno)};
 }
 
 /// With the reason in errno.
@@ -161,6 +162,7 @@ class Build {
 
   private:
     Result build(EarlierPair earlier, const FolderItem& backups) {
+        const FolderLock lock(folder_.path(), FolderLock::Kind::Alone, work_);
         clearLeftovers(folder_.path(), work_);
         const auto file = ReadOnlyFile::open(source_);
         if (!file)
@@ -192,7 +194,7 @@ class Build {
         for (std::string_view piece; text && pieces.next(piece);)
             text.write(dictionaryText(piece, progress_, result_));
         if (text && pieces.read() < file.stamp().size)
-            return notRead(source_);
+            return Failure{source_, "it could not be read to its end."};
         if (!text.flush())
             return notWritten(FolderItem(folder_.path() / kTextFileName));
         staged.add(std::string(kTextFileName));
@@ -217,36 +219,48 @@ class Build {
         if (!staged.swap({std::string(kIndexFileName), std::string(kTextFileName)}, work_, failures))
             return joined(failures);
         if (earlier != EarlierPair::Saved)
-            return staged.forgetOld() ? Result() : Result(notWritten(folder_));
+            return staged.forgetOld() ? Result() : undo(staged, failures);
         const auto old = staged.keepOld();
         if (!old)
-            return notWritten(folder_);
-        if (old->empty() || save(*old, backups, failures)) {
+            return undo(staged, failures);
+        const Saving saving = old->empty() ? Saving::Done : save(*old, backups, failures);
+        if (saving == Saving::Done) {
             staged.drop(work_);
             return {};
         }
-        if (!staged.undoKeepOld() || !staged.undo(work_))
-            failures.push_back({folder_, "what was replaced could not be put back: " + errorInWords(errno)});
+        if (saving == Saving::Partial || !staged.undoKeepOld())
+            failures.push_back({folder_, "it is replaced, but not all replaced files could be saved. The next build "
+                                         "tries again"});
+        else
+            staged.undo(work_, failures);
         return joined(failures);
     }
 
+    Result undo(StagedMembers& staged, Failures& failures) {
+        failures.push_back({folder_, "it could not be written: " + errorInWords(errno)});
+        staged.undo(work_, failures);
+        return joined(failures);
+    }
+
+    enum class Saving { Done, Undone, Partial };
+
     /// Moves an earlier pair to a new folder in `backups`, or leaves it where it is if that fails. Files that had to be
     /// copied also stay where they were; the hidden folder that holds them is removed later.
-    bool save(const std::vector<fs::path>& pair, const FolderItem& backups, Failures& failures) {
-        const FolderItem backup(backups.path() / backupFolderName(folder_.Name(), 0, backups));
-        if (!backups.CreateAsFolder() || !makeFolder(backup.path())) {
-            failures.push_back({backup, "the folder could not be made: " + errorInWords(errno)});
-            return false;
+    Saving save(const std::vector<fs::path>& pair, const FolderItem& backups, Failures& failures) {
+        const auto backup =
+            backups.CreateAsFolder() ? makeBackupFolder(folder_.Name(), 0, backups) : std::optional<fs::path>();
+        if (!backup) {
+            failures.push_back({backups, "a folder for the replaced files could not be made: " + errorInWords(errno)});
+            return Saving::Undone;
         }
         clearLeftovers(backups.path(), work_);
         Moves moves;
         for (const fs::path& each : pair) {
-            if (!moves.move(each, backup.path(), backups.path(), work_, failures)) {
-                moves.undo(work_, failures);
-                return false;
+            if (!moves.move(each, *backup, backups.path(), work_, failures)) {
+                return moves.undo(work_, failures) ? Saving::Undone : Saving::Partial;
             }
         }
-        return true;
+        return Saving::Done;
     }
 
     /// Saves what a killed build has replaced and not saved. If that fails, it stays in its hidden folder.
@@ -254,8 +268,8 @@ class Build {
         Failures ignored;
         for (const fs::path& leftover : unsavedMembers(folder_.path())) {
             const auto old = membersIn(leftover / kOldMembers);
-            if (old && save(*old, backups, ignored))
-                removeTree(leftover, work_);
+            if (old && save(*old, backups, ignored) == Saving::Done)
+                removeSaved(leftover, work_);
         }
     }
 

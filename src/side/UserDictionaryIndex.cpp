@@ -2,9 +2,9 @@
 
 #include "files/AtomicFile.h"
 #include "files/LineScanner.h"
+#include "files/SystemCalls.h"
 #include "side/DictionaryModule.h"
 #include "side/ProgressPort.h"
-#include "side/UserDictionary.h"
 #include "store/TextFileLines.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"
@@ -82,7 +82,7 @@ Result makeUserDictionaryIndex(const DictionaryModule& module, const FolderItem&
     const int lineCount = mFiMod_GetLineCountFromTextFi(source);
     const auto file = ReadOnlyFile::open(source);
     if (!file)
-        return Failure{source, "it could not be read."};
+        return Failure{source, "it could not be read: " + errorInWords(errno)};
     progress.showBar();
 
     progress.message("I'm making the word for sorting and searching.");

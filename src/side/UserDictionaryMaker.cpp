@@ -1,5 +1,6 @@
 #include "side/UserDictionaryMaker.h"
 
+#include "files/SystemCalls.h"
 #include "platform/Busy.h"
 #include "platform/Host.h"
 #include "side/MainWindowPort.h"
@@ -70,7 +71,7 @@ void makeUserDictionaryByDialog(const FolderItem& groupFolder, MainWindowPort& m
                                 const FolderItem& desktop) {
     const FolderItem dictionaries = groupFolder.Child(kUserDictionariesFolder);
     if (!dictionaries.Exists() && !dictionaries.CreateAsFolder())
-        host.MsgBox("The folder " + dictionaries.path().native() + " could not be made.");
+        host.MsgBox("The folder " + dictionaries.path().native() + " could not be made: " + errorInWords(errno));
     host.MsgBox(kAskForData);
     const std::filesystem::path source = host.GetOpenFile(kAskForData, pText.extensions);
     if (source.empty())
@@ -83,7 +84,7 @@ void makeUserDictionaryByDialog(const FolderItem& groupFolder, MainWindowPort& m
     const FolderItem folder(chosen);
     const bool isNew = !folder.Exists();
     if (isNew && !folder.CreateAsFolder()) {
-        host.MsgBox("The folder " + chosen.native() + " could not be made.");
+        host.MsgBox("The folder " + chosen.native() + " could not be made: " + errorInWords(errno));
         return;
     }
 

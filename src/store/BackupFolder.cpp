@@ -1,10 +1,13 @@
 #include "store/BackupFolder.h"
 
+#include "files/SystemCalls.h"
 #include "store/FileNames.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 
+#include <cerrno>
 #include <climits>
+#include <utility>
 
 namespace velmarin {
 
@@ -28,6 +31,19 @@ std::string backupFolderName(const std::string& dictionary, std::size_t number, 
     };
     std::string name = uniqueName(NAME_MAX);
     return name.size() <= NAME_MAX ? name : uniqueName(NAME_MAX - kAddedToBeUnique);
+}
+
+std::optional<std::filesystem::path> makeBackupFolder(const std::string& dictionary, std::size_t number,
+                                                      const FolderItem& backups) {
+    constexpr int kAttempts = 100;
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        std::filesystem::path folder = backups.path() / backupFolderName(dictionary, number, backups);
+        if (makeFolder(folder))
+            return flushFolder(backups.path()) ? std::optional(std::move(folder)) : std::nullopt;
+        if (errno != EEXIST)
+            break;
+    }
+    return std::nullopt;
 }
 
 } // namespace velmarin

@@ -3,6 +3,8 @@
 #include "files/FolderItem.h"
 
 #include <cstddef>
+#include <filesystem>
+#include <optional>
 #include <string>
 
 namespace velmarin {
@@ -10,5 +12,10 @@ namespace velmarin {
 /// A free name in `backups` for what is replaced in a dictionary: the dictionary's name, cut where a folder could not
 /// have it, "-Oldversion-" and `number`, made unique by mFiMod_GetUniqueFileName.
 std::string backupFolderName(const std::string& dictionary, std::size_t number, const FolderItem& backups);
+
+/// Makes a folder of that name, also if another run takes the first name meanwhile. Returns nullopt with errno if that
+/// is not possible.
+std::optional<std::filesystem::path> makeBackupFolder(const std::string& dictionary, std::size_t number,
+                                                      const FolderItem& backups);
 
 } // namespace velmarin

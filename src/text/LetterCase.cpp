@@ -54,7 +54,7 @@ int compareBeyondAscii(std::string_view a, std::string_view b) {
 } // namespace
 
 char32_t capitalOf(char32_t unit) {
-    if (unit >= invalidByteUnit)
+    if (unit >= kInvalidByteUnit)
         return unit;
     return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(unit)));
 }

@@ -25,7 +25,7 @@ std::size_t wellFormedEnd(std::string_view text, std::size_t from) {
         if (pos == text.size())
             return pos;
         const Utf8Unit unit = decodeUtf8(text, pos);
-        if (unit.value >= invalidByteUnit)
+        if (unit.value >= kInvalidByteUnit)
             return pos;
         pos += unit.length;
     }

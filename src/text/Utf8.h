@@ -8,13 +8,13 @@ namespace velmarin {
 
 /// One step through a text that may contain bytes that are not UTF-8.
 struct Utf8Unit {
-    /// A code point, or `invalidByteUnit + byte` for a byte outside a well-formed sequence.
+    /// A code point, or `kInvalidByteUnit + byte` for a byte outside a well-formed sequence.
     char32_t value;
     /// The number of bytes, 1 to 4; 1 for such a byte.
     std::size_t length;
 };
 
-inline constexpr char32_t invalidByteUnit = 0x110000;
+inline constexpr char32_t kInvalidByteUnit = 0x110000;
 
 /// The unit at `pos`, which must be inside `text`. Overlong forms, surrogates and values above U+10FFFF are not
 /// well-formed (the table of well-formed byte sequences in the Unicode Standard, chapter 3).
@@ -23,7 +23,7 @@ inline Utf8Unit decodeUtf8(std::string_view text, std::size_t pos) {
     const unsigned char lead = byte(0);
     if (lead < 0x80)
         return {lead, 1};
-    const Utf8Unit invalid{invalidByteUnit + lead, 1};
+    const Utf8Unit invalid{kInvalidByteUnit + lead, 1};
     if (lead < 0xC2 || lead > 0xF4)
         return invalid;
     const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
@@ -44,8 +44,8 @@ inline Utf8Unit decodeUtf8(std::string_view text, std::size_t pos) {
 
 /// Writes the unit's bytes to `out`, which must have room for 4, and returns their number.
 inline std::size_t encodeUtf8(char32_t unit, char* out) {
-    if (unit >= invalidByteUnit) {
-        out[0] = static_cast<char>(unit - invalidByteUnit);
+    if (unit >= kInvalidByteUnit) {
+        out[0] = static_cast<char>(unit - kInvalidByteUnit);
         return 1;
     }
     if (unit < 0x80) {

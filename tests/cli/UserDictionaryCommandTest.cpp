@@ -10,7 +10,7 @@ using UserDictionaryCommand = CliTest;
 
 TEST_F(UserDictionaryCommand, Builds) {
     const char* build = "user-dictionary build words.txt Mine";
-    expectRun({build, "", "\"words.txt\" could not be read.", 2});
+    expectRun({build, "", "\"words.txt\" could not be read: No such file or directory", 2});
     EXPECT_FALSE(fs::exists(folder_.at("Mine")));
 
     folder_.write("words.txt", "amo__NUM__1\tlove\ncaf\xE9\tbar\n");

@@ -63,6 +63,32 @@ TEST_F(Export, WhatCannotBeCopiedIsLeftOutAndNamed) {
     EXPECT_TRUE(fs::is_empty(folder_.at("Out/Webster/sub")));
 }
 
+TEST_F(Export, HalfSwappedDictionaryIsRestoredOrRefused) {
+    const fs::path swap = "DF/A/Webster/.velmarin-1-0.swap";
+    folder_.write(swap / "names", "ind");
+    folder_.write(swap / "new/ind", "new index");
+    fs::create_directory(folder_.at(swap / "old"));
+    fs::rename(folder_.at("DF/A/Webster/ind"), folder_.at(swap / "old/ind"));
+    folder_.write("Out/Webster/ind", "complete");
+    fs::rename(folder_.at(swap / "names"), folder_.at("names"));
+    EXPECT_EQ(failedItems(exportTo("Out", true), folder_.path()), std::vector<std::string>{"DF/A/Webster"});
+    EXPECT_EQ(folder_.read("Out/Webster/ind"), "complete");
+    fs::rename(folder_.at("names"), folder_.at(swap / "names"));
+    EXPECT_EQ(failureMessage(exportTo("Out", true)), "");
+    EXPECT_EQ(folder_.read("Out/Webster/ind"), "index");
+}
+
+TEST_F(Export, SourceThatChangesMeanwhileIsAFailure) {
+    for (const char* changed : {"DF/A/Webster/ind", "DF/A/Webster/added"}) {
+        const MaintenanceResult result = exportTo("Out", false, "DF/A/Webster", [&](const WorkDone& done) {
+            if (done.of > 0)
+                folder_.write(changed, "another length");
+        });
+        EXPECT_EQ(result.failures.size(), 1U) << changed;
+        EXPECT_FALSE(fs::exists(folder_.at("Out/Webster")));
+    }
+}
+
 TEST_F(Export, LinksThatBranchEndlesslyAreRefused) {
     // Each folder has two links to the next: 2^30 paths.
     for (int level = 0; level < 30; ++level) {

@@ -81,22 +81,20 @@ TEST_F(UpdateDictionary, InstallsANewOneInTheChosenGroupAndResetsAllWindows) {
     maintenance_.mUpDateDictionary();
     EXPECT_TRUE(fs::is_empty(folder_.at("DF"))) << "no group was chosen";
     EXPECT_EQ(windows_.calls, Texts{});
-    host_.folders = {folder_.at("new/Webster"), folder_.at("DF/A")};
+    folder_.link("new/Webster/txt", "nowhere");
+    host_.folders = {folder_.at("new/Webster"), folder_.at("DF/A"), folder_.at("new/Webster"), folder_.at("DF/A")};
     maintenance_.mUpDateDictionary();
-    ASSERT_EQ(host_.messages.size(), 2U);
+    ASSERT_EQ(host_.messages.size(), 3U);
     EXPECT_TRUE(host_.messages[1].starts_with("This dictionary is a new comer.\n"));
+    expectNamed(host_.messages[2], {"new/Webster/txt"});
+    EXPECT_TRUE(fs::is_empty(folder_.at("DF"))) << "no new group is left";
+    windows_.calls.clear();
+    fs::remove(folder_.at("new/Webster/txt"));
+    maintenance_.mUpDateDictionary();
     EXPECT_EQ(host_.openedAt.back(), folder_.at("DF"));
     EXPECT_EQ(treeOf(folder_.at("DF/A/Webster")), treeOf(folder_.at("new/Webster")));
     EXPECT_EQ(windows_.calls, (Texts{"reset 0", "reset 1"}));
     EXPECT_FALSE(fs::exists(folder_.at("Desktop")));
-}
-
-TEST_F(UpdateDictionary, FailedInstallLeavesNoNewGroup) {
-    folder_.link("new/Webster/txt", "nowhere");
-    host_.folders.push_back(folder_.at("DF/A"));
-    maintenance_.mUpDateDictionary();
-    ASSERT_EQ(host_.messages.size(), 2U);
-    EXPECT_TRUE(fs::is_empty(folder_.at("DF")));
 }
 
 TEST_F(UpdateDictionary, FailuresAreReportedOnceAtTheEnd) {
@@ -195,9 +193,7 @@ TEST_F(ExpDicDlg, ExportsWhatIsCheckedAndOpensTheFolder) {
         QTest::keyClick(shown(kDialog), Qt::Key_Escape);
         ASSERT_NE(shown(kDialog), nullptr);
     };
-
     exportAll();
-
     EXPECT_EQ(shown(kDialog), nullptr);
     EXPECT_EQ(values, (std::vector<int>{0, 1, 2, 3}));
     ASSERT_EQ(host_.questions.size(), 2U);

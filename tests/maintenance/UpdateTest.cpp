@@ -118,8 +118,15 @@ TEST_F(Update, UnreadableMemberAndThoseLinkedToItStayOld) {
 
     fs::remove(folder_.at("new/Webster/txt"));
     folder_.fifo("new/Webster/Format");
-    EXPECT_EQ(failed(update()), (Paths{"new/Webster/Format", "DF/A/Webster"}));
+    EXPECT_EQ(failed(update()), Paths{"new/Webster/Format"});
     EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "new index");
+}
+
+TEST_F(Update, LinkToAHiddenMemberLeadsToTheNewVersion) {
+    fs::rename(folder_.at("new/Webster/mImg"), folder_.at("new/Webster/.pages"));
+    folder_.link("new/Webster/mImg", ".pages");
+    EXPECT_EQ(failureMessage(update()), "");
+    EXPECT_EQ(folder_.read("DF/A/Webster/mImg/p1.tif"), "new page");
 }
 
 TEST_F(Update, MemberThatDisappearsDuringTheCopyStaysOldWithThoseLinkedToIt) {

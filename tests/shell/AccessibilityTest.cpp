@@ -1,6 +1,6 @@
 #include "Started.h"
 
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "shell/PageImages.h"
 
 #include <QAbstractButton>

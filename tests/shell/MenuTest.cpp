@@ -1,7 +1,7 @@
 #include "Started.h"
 
 #include "controls/BevelButton.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "shell/Application.h"
 #include "shell/MenuTree.h"
 #include "shell/SideButton.h"

@@ -1,7 +1,7 @@
 #include "Started.h"
 
 #include "controls/BevelButton.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "view/SmartCanvas.h"
 
 #include <QAccessible>

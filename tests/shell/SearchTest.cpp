@@ -2,8 +2,8 @@
 
 #include "controls/BevelButton.h"
 #include "controls/ProgressBar.h"
-#include "controls/QtText.h"
 #include "controls/TabPanel.h"
+#include "platform/QtText.h"
 #include "search/QueryBar.h"
 #include "shell/SideButton.h"
 #include "view/SmartCanvas.h"

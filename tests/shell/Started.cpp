@@ -3,7 +3,7 @@
 #include "controls/BevelButton.h"
 #include "controls/MenuPopup.h"
 #include "controls/PopupMenu.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "shell/GroupPicker.h"
 
 #include <QApplication>

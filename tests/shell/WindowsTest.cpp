@@ -2,8 +2,8 @@
 
 #include "controls/BevelButton.h"
 #include "controls/PopupMenu.h"
-#include "controls/QtText.h"
 #include "controls/TabPanel.h"
+#include "platform/QtText.h"
 #include "view/SmartCanvas.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "WindowFixture.h"
 
 #include "controls/BevelButton.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "side/ColorRect.h"
 #include "side/WaitNotice.h"
 

@@ -90,7 +90,7 @@ TEST(FileNames, AreEqualWhereAFoldingFileSystemTreatsThemSo) {
 }
 
 TEST(Utf8, EveryCodePointIsDecodedAsItWasEncoded) {
-    for (char32_t c = 0; c < invalidByteUnit; c += c == 0xD7FF ? 0x801 : c < 0x11000 ? 1 : 0xFF) {
+    for (char32_t c = 0; c < kInvalidByteUnit; c += c == 0xD7FF ? 0x801 : c < 0x11000 ? 1 : 0xFF) {
         const std::string text = utf8(c);
         ASSERT_EQ(decodeUtf8(text, 0).value, c);
         ASSERT_EQ(decodeUtf8(text, 0).length, text.size());

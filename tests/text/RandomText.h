@@ -33,7 +33,7 @@ class RandomText {
 
   private:
     char32_t codePoint() {
-        constexpr char32_t bounds[] = {0x250, 0x800, 0x10000, invalidByteUnit};
+        constexpr char32_t bounds[] = {0x250, 0x800, 0x10000, kInvalidByteUnit};
         const auto value = static_cast<char32_t>(below(bounds[below(std::size(bounds))]));
         return value >= 0xD800 && value < 0xE000 ? value - 0x800 : value;
     }

@@ -1,7 +1,7 @@
 #include "view/PageImageWindow.h"
 #include "controls/BevelButton.h"
 #include "controls/MenuPopup.h"
-#include "controls/QtText.h"
+#include "platform/QtText.h"
 #include "platform/ScriptedHost.h"
 #include "support/DictionaryBuilder.h"
 #include "support/TempFolder.h"

@@ -8,7 +8,7 @@ namespace velmarin {
 namespace {
 
 /// How many pixels between two articles may grow to make a column end level.
-constexpr double mostExtraSpace = 9;
+constexpr double kMostExtraSpace = 9;
 
 double heightAt(const FlowLine& line, bool atHead) {
     return line.leading + (atHead ? 0 : line.spaceBefore);
@@ -34,7 +34,7 @@ void placeColumn(Page& page, const std::vector<FlowLine>& flow, std::size_t from
         left -= heightAt(flow[i], i == from);
         gaps += i > from && flow[i].opensArticle ? 1 : 0;
     }
-    const double extra = gaps > 0 ? std::clamp(left / gaps, 0.0, mostExtraSpace) : 0;
+    const double extra = gaps > 0 ? std::clamp(left / gaps, 0.0, kMostExtraSpace) : 0;
     double baseline = 0;
     for (std::size_t i = from; i < to; ++i) {
         baseline += heightAt(flow[i], i == from) + (i > from && flow[i].opensArticle ? extra : 0);

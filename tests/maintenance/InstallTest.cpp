@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 namespace velmarin::test {
 
 namespace fs = std::filesystem;
@@ -25,6 +23,12 @@ class Install : public ::testing::Test {
     MaintenanceResult install(const Progress& progress = {}, const fs::path& group = "Group") const {
         return installDictionary(FolderItem(source()), FolderItem(folder_.at(group)), progress);
     }
+    void expectRefused(const char* group, const char* reason) const {
+        const Tree before = treeOf(folder_.path());
+        const std::string message = failureMessage(install({}, group));
+        EXPECT_NE(message.find(reason), std::string::npos) << group << ": " << message;
+        EXPECT_EQ(treeOf(folder_.path()), before) << group;
+    }
     fs::path source() const { return folder_.at("source/Webster"); }
     fs::path target() const { return folder_.at("Group/Webster"); }
 
@@ -36,14 +40,9 @@ TEST_F(Install, CopiesAllMembersWithTimesAndLinks) {
     folder_.link("source/Webster/mPimg", "mImg");
     folder_.link("source/Webster/nowhere", "/not/there");
     fs::permissions(source() / "ind", fs::perms(0440));
-    const auto changed = fs::file_time_type::clock::now() - std::chrono::hours(1000);
     for (const char* member : {"ind", "mImg"})
-        fs::last_write_time(source() / member, changed);
-
-    const MaintenanceResult result = install();
-
-    EXPECT_EQ(failureMessage(result), "");
-    EXPECT_EQ(result.items.at(0).outcome, ItemOutcome::Installed);
+        fs::last_write_time(source() / member, fs::file_time_type::clock::now() - std::chrono::hours(1000));
+    EXPECT_EQ(failureMessage(install()), "");
     EXPECT_EQ(treeOf(target()), treeOf(source()));
     for (const char* member : {"ind", "mImg"})
         EXPECT_EQ(fs::last_write_time(target() / member), fs::last_write_time(source() / member));
@@ -104,30 +103,19 @@ TEST_F(Install, ReplacesNothingButAnEmptyFolder) {
     folder_.write("other case/WEBSTER/notes", "mine");
     folder_.write("file/Webster", "mine");
     folder_.link("link to nothing/Webster", "not there");
-    const std::pair<const char*, ItemOutcome> arrives[] = {{"empty folder", ItemOutcome::Installed},
-                                                           {"equal", ItemOutcome::AlreadyThere}};
-    for (const auto& [group, outcome] : arrives) {
+    for (const char* group : {"empty folder", "equal"}) {
         const MaintenanceResult result = install({}, group);
         EXPECT_EQ(failureMessage(result), "") << group;
-        EXPECT_EQ(result.items.at(0).outcome, outcome) << group;
+        EXPECT_EQ(result.items.at(0).outcome == ItemOutcome::AlreadyThere, group == std::string("equal"));
         EXPECT_EQ(treeOf(folder_.at(group) / "Webster"), treeOf(source())) << group;
     }
-    const Tree before = treeOf(folder_.path());
-    for (const char* group : {"one other byte", "folder with a file", "other case", "file", "link to nothing"}) {
-        EXPECT_NE(failureMessage(install({}, group)).find("already there"), std::string::npos) << group;
-        EXPECT_EQ(treeOf(folder_.path()), before) << group;
-    }
+    for (const char* group : {"one other byte", "folder with a file", "other case", "file", "link to nothing"})
+        expectRefused(group, "already there");
 }
 
 TEST_F(Install, RefusalHasAReasonAndChangesNothing) {
     folder_.link("link", "source/Webster/mImg");
     folder_.write("file", "");
-    const auto expectRefused = [&](const char* group, const char* reason) {
-        const Tree before = treeOf(folder_.path());
-        const std::string message = failureMessage(install({}, group));
-        EXPECT_NE(message.find(reason), std::string::npos) << group << ": " << message;
-        EXPECT_EQ(treeOf(folder_.path()), before) << group;
-    };
     for (const char* group : {"source/Webster", "source/Webster/mImg", "link"})
         expectRefused(group, "into itself");
     for (const char* group : {"file", "nothing"})
@@ -135,14 +123,6 @@ TEST_F(Install, RefusalHasAReasonAndChangesNothing) {
     expectRefused("/proc/self", "nothing can be written there");
     folder_.link("source/Webster/txt2", "../not there");
     expectRefused("Group", "txt2\n    it is a link that leads nowhere");
-}
-
-TEST_F(Install, UnreadablePageKeepsTheDictionaryFromAppearing) {
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "the superuser may read everything";
-    fs::permissions(source() / "mImg/p1.bmp", fs::perms::none);
-    EXPECT_EQ(failedItems(install(), source()), std::vector<std::string>{"mImg/p1.bmp"});
-    EXPECT_TRUE(fs::is_empty(folder_.at("Group")));
 }
 
 TEST_F(Install, ExceptionFromProgressLeavesNothing) {

@@ -58,23 +58,9 @@ TEST_F(Update, ReplacesMembersAndSavesTheOldOnes) {
     folder_.write("DF/A/DictionaryPreferences.txt", "A\t1\t\n");
     folder_.link("DF/A/Webster/txt", "ind");
     WorkDone last;
-
-    const MaintenanceResult result = update("new/Webster", [&](const WorkDone& done) { last = done; });
-
-    EXPECT_EQ(failureMessage(result), "");
+    EXPECT_EQ(failureMessage(update("new/Webster", [&](const WorkDone& done) { last = done; })), "");
     EXPECT_EQ(last.bytes, last.of);
     EXPECT_EQ(last.of, 33U);
-    std::string outcomes;
-    for (const HandledItem& each : result.items)
-        outcomes += std::string(each.outcome == ItemOutcome::Added      ? "added "
-                                : each.outcome == ItemOutcome::Replaced ? "replaced "
-                                                                        : "saved ") +
-                    each.item.path().lexically_relative(folder_.path()).native() + "\n";
-    EXPECT_EQ(outcomes, "added DF/A/Webster/BW\n"
-                        "saved Desktop/Webster-Oldversion-0/FW\nreplaced DF/A/Webster/FW\n"
-                        "saved Desktop/Webster-Oldversion-0/ind\nreplaced DF/A/Webster/ind\n"
-                        "saved Desktop/Webster-Oldversion-0/mImg\nreplaced DF/A/Webster/mImg\n"
-                        "saved Desktop/Webster-Oldversion-0/txt\nreplaced DF/A/Webster/txt\n");
     EXPECT_EQ(filesOf(folder_.at("DF/A/Webster")), ".invisible=old BW=added FW=new ind=new index mImg/p1.tif=new page "
                                                    "mPimg/e1.tif=old extra page txt=new text");
     EXPECT_EQ(filesOf(folder_.at("Desktop/Webster-Oldversion-0")),
@@ -92,9 +78,7 @@ TEST_F(Update, FindsAllCopiesAndMakesABackupFolderForEach) {
     folder_.write("DF/H/Webster", "a file");
     folder_.write("DF/Webster/ind", "a group of that name");
     EXPECT_EQ(copyPaths(), (Paths{"A/Webster", "B/WEBSTER", "C/webster", "E/Webster"}));
-
     EXPECT_EQ(failureMessage(update()), "");
-
     for (const char* copy : {"DF/A/Webster", "DF/B/WEBSTER", "DF/C/webster", "DF/E/Webster"})
         EXPECT_EQ(folder_.read(fs::path(copy) / "ind"), "new index") << copy;
     EXPECT_TRUE(fs::exists(folder_.at("Desktop/Webster-Oldversion-1/ind")));
@@ -178,9 +162,7 @@ TEST_F(Update, UndoesAnInterruptedSwapAndSavesWhatWasReplacedBefore) {
     folder_.write("DF/A/Webster/.velmarin-1-1.old/old/mImg", "oldest");
     folder_.write("DF/A/Webster/.velmarin-1-2.tmp/p1.tif", "incomplete");
     folder_.write("Desktop/.velmarin-1-1.tmp", "incomplete");
-
     EXPECT_EQ(failureMessage(update()), "");
-
     EXPECT_EQ(leftoversIn(folder_.path()), Paths{});
     EXPECT_EQ(filesOf(folder_.at("Desktop/Webster-Oldversion-0")), "mImg=oldest");
     EXPECT_EQ(filesOf(folder_.at("Desktop/Webster-Oldversion-0_1")),
@@ -189,9 +171,8 @@ TEST_F(Update, UndoesAnInterruptedSwapAndSavesWhatWasReplacedBefore) {
 }
 
 TEST_F(Update, DictionaryWithTheLongestNameIsUpdatedRepeatedly) {
-    const std::string withAnExtension = "w." + std::string(253, 'w');
-    const std::string beyondAscii = std::string(240, 'w') + "\u3042\u3042\u3042\u3042\u3042";
-    for (const std::string& name : {std::string(243, 'w'), withAnExtension, beyondAscii}) {
+    for (const std::string& name : {std::string(243, 'w'), "w." + std::string(253, 'w'),
+                                    std::string(240, 'w') + "\u3042\u3042\u3042\u3042\u3042"}) {
         folder_.write("DF/A/" + name + "/ind", "version 0");
         for (const char* version : {"version 1", "version 2", "version 3"}) {
             folder_.write("new/" + name + "/ind", version);

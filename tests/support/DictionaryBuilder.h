@@ -23,41 +23,48 @@ class DictionaryBuilder {
     explicit DictionaryBuilder(std::string name) : name_(std::move(name)) {}
 
     /// An `ind` line and its `txt` line. An empty page gives a line without a page. Errata name pictures in `mPimg`.
-    DictionaryBuilder& entry(std::string headword, const std::string& page,
+    DictionaryBuilder& entry(const std::string& headword, const std::string& page,
                              const std::vector<std::string>& errata = {});
     /// Entries on separate pages, from "p1.bmp" on.
     DictionaryBuilder& entries(const std::vector<std::string>& headwords);
 
     DictionaryBuilder& spanish() { return member("Spanish", ""); }
     DictionaryBuilder& ijuv() { return member("IJUV", ""); }
-    DictionaryBuilder& format(const std::string& picture, bool independent = false);
+    DictionaryBuilder& format(const std::string& picture, bool independent = false) {
+        return member("Format", picture + "\n" + (independent ? "true\n" : ""));
+    }
 
     /// `ImageIndex2` with these names and captions.
     DictionaryBuilder& captions(const std::vector<std::pair<std::string, std::string>>& namesAndCaptions);
     /// `ImageIndex` with these names instead of those of the entries.
     DictionaryBuilder& imageIndex(const std::vector<std::string>& names);
     /// A picture file in `mImg`, by default a small BMP.
-    DictionaryBuilder& picture(const std::string& name, std::string bytes = oneBitBmp());
+    DictionaryBuilder& picture(const std::string& name, const std::string& bytes = oneBitBmp()) {
+        return member("mImg/" + name, bytes);
+    }
     /// A picture file in `mPimg`.
-    DictionaryBuilder& extraPicture(const std::string& name, std::string bytes = oneBitBmp());
+    DictionaryBuilder& extraPicture(const std::string& name, const std::string& bytes = oneBitBmp()) {
+        return member("mPimg/" + name, bytes);
+    }
 
     /// Any member ("ind", "mImg/ImageIndex") with these bytes instead of the default ones.
-    DictionaryBuilder& member(const std::string& name, std::string bytes);
+    DictionaryBuilder& member(const std::string& name, const std::string& bytes) {
+        members_[name] = bytes;
+        return *this;
+    }
     /// Leaves out a default member ("FW", "txt", "mImg", "mImg/ImageIndex", "mImg/p1.bmp").
-    DictionaryBuilder& without(const std::string& name);
+    DictionaryBuilder& without(const std::string& name) {
+        without_.insert(name);
+        return *this;
+    }
 
     /// Writes the dictionary into `folder`, which is created if missing, and returns its path.
     std::filesystem::path writeTo(const std::filesystem::path& folder) const;
 
   private:
-    std::map<std::string, std::string> allFiles() const;
-
     std::string name_;
-    std::string ind_;
-    std::string txt_;
     std::vector<std::string> pages_;
-    std::set<std::string> errata_;
-    std::map<std::string, std::string> members_;
+    std::map<std::string, std::string> defaults_{{"FW", ""}, {"ind", ""}, {"txt", ""}}, members_;
     std::set<std::string> without_;
 };
 
@@ -66,20 +73,27 @@ class GroupBuilder {
   public:
     explicit GroupBuilder(std::string name) : name_(std::move(name)) {}
 
-    GroupBuilder& dictionary(DictionaryBuilder dictionary);
-    /// `count` small dictionaries, from "D01" on, with the same headwords.
-    GroupBuilder& manyDictionaries(int count, const std::vector<std::string>& headwords);
+    GroupBuilder& dictionary(DictionaryBuilder dictionary) {
+        dictionaries_.push_back(std::move(dictionary));
+        return *this;
+    }
     /// A link called `name` to anything.
-    GroupBuilder& alias(std::string name, std::filesystem::path target);
+    GroupBuilder& alias(const std::string& name, const std::filesystem::path& target) {
+        aliases_[name] = target;
+        return *this;
+    }
     /// The bytes of `DictionaryPreferences.txt`.
-    GroupBuilder& preferences(std::string bytes);
+    GroupBuilder& preferences(std::string bytes) {
+        preferences_ = std::move(bytes);
+        return *this;
+    }
 
     std::filesystem::path writeTo(const std::filesystem::path& dictionaryFolder) const;
 
   private:
     std::string name_;
     std::vector<DictionaryBuilder> dictionaries_;
-    std::vector<std::pair<std::string, std::filesystem::path>> aliases_;
+    std::map<std::string, std::filesystem::path> aliases_;
     std::optional<std::string> preferences_;
 };
 

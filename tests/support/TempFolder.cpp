@@ -19,6 +19,13 @@ void writeFile(const fs::path& file, std::string_view bytes) {
         throw std::runtime_error("could not write " + file.string());
 }
 
+std::string readFile(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    if (!in)
+        throw std::runtime_error("could not read " + file.string());
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
 TempFolder::TempFolder() {
     std::string pattern = (fs::temp_directory_path() / "velmarin-test-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr)
@@ -44,13 +51,6 @@ void TempFolder::fifo(const fs::path& name) const {
 void TempFolder::link(const fs::path& name, const fs::path& target) const {
     fs::create_directories(at(name).parent_path());
     fs::create_symlink(target, at(name));
-}
-
-std::string TempFolder::read(const fs::path& name) const {
-    std::ifstream in(at(name), std::ios::binary);
-    if (!in)
-        throw std::runtime_error("could not read " + at(name).string());
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
 } // namespace velmarin::test

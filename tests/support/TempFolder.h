@@ -9,6 +9,9 @@ namespace velmarin::test {
 /// Writes `bytes` unchanged. Missing folders are created.
 void writeFile(const std::filesystem::path& file, std::string_view bytes);
 
+/// The bytes of a file. Throws if it cannot be read.
+std::string readFile(const std::filesystem::path& file);
+
 /// A new folder, removed with all its content when the object is destroyed. Names are relative to it.
 class TempFolder {
   public:
@@ -25,8 +28,7 @@ class TempFolder {
     void fifo(const std::filesystem::path& name) const;
     void link(const std::filesystem::path& name, const std::filesystem::path& target) const;
 
-    /// The bytes of `name`. Throws if there is no such file.
-    std::string read(const std::filesystem::path& name) const;
+    std::string read(const std::filesystem::path& name) const { return readFile(at(name)); }
 
   private:
     std::filesystem::path path_;

@@ -1,7 +1,6 @@
 #include "support/Tree.h"
 
-#include <fstream>
-#include <iterator>
+#include "support/TempFolder.h"
 
 namespace velmarin::test {
 
@@ -15,10 +14,7 @@ std::string described(const fs::path& path) {
         return "folder";
     if (fs::is_symlink(status))
         return "link " + fs::read_symlink(path).string();
-    if (!fs::is_regular_file(status))
-        return "other";
-    std::ifstream in(path, std::ios::binary);
-    return "file " + std::string(std::istreambuf_iterator<char>(in), {});
+    return fs::is_regular_file(status) ? "file " + readFile(path) : "other";
 }
 
 } // namespace

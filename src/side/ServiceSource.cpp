@@ -16,17 +16,17 @@ std::string answerBlock(const std::string& word, const std::string& answer) {
 
 void ServiceSource::lookUp(const std::string& word) {
     // A length in bytes reaches the last character of any word.
-    const std::string answer =
-        parts_.dictionaries.TextDefinition(word, 0, static_cast<int>(word.size()), [this] { parts_.run.yield(); });
-    if (parts_.run.shut())
+    const std::string answer = context_.dictionaries.TextDefinition(word, 0, static_cast<int>(word.size()),
+                                                                    [this] { context_.lookUp.yield(); });
+    if (context_.lookUp.shut())
         return;
     // Measured only now, because the user may have typed into the text meanwhile.
-    const int end = parts_.text.textLength();
-    parts_.text.select(end, 0);
+    const int end = context_.text.textLength();
+    context_.text.select(end, 0);
     // A painted hit at the end of the text must not color the answer.
-    parts_.text.clearSelTextColor();
-    parts_.text.setSelText(answerBlock(word, answer));
-    parts_.text.scrollToLineOf(end);
+    context_.text.clearSelTextColor();
+    context_.text.setSelText(answerBlock(word, answer));
+    context_.text.scrollToLineOf(end);
 }
 
 } // namespace velmarin

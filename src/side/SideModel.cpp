@@ -3,7 +3,7 @@
 #include "side/AnswerText.h"
 #include "side/MainWindowPort.h"
 #include "side/SideDisplay.h"
-#include "side/SourceParts.h"
+#include "side/SourceContext.h"
 #include "side/SourceTable.h"
 #include "side/UserDictionary.h"
 #include "side/UserDictionaryMaker.h"
@@ -54,16 +54,16 @@ SideModel::SideModel(SideDisplay& display, AnswerText& text, MainWindowPort& mai
     : display_(display), text_(text), mainWindow_(mainWindow), services_(std::move(services)),
       groupFolder_(mainWindow.pDictionaryGroupFolder()),
       wait_(services_.clock, [this](bool shown) { display_.showWait(shown); }) {
-    const SourceParts parts{.run = *this,
-                            .text = text_,
-                            .host = services_.host,
-                            .busy = services_.busy,
-                            .dictionaries = services_.dictionaries,
-                            .preferencesFolder = services_.preferencesFolder,
-                            .wordsFolder = services_.wordsFolder,
-                            .userDictionaries = userDictionaries_};
+    const SourceContext context{.lookUp = *this,
+                                .text = text_,
+                                .host = services_.host,
+                                .busy = services_.busy,
+                                .dictionaries = services_.dictionaries,
+                                .preferencesFolder = services_.preferencesFolder,
+                                .wordsFolder = services_.wordsFolder,
+                                .userDictionaries = userDictionaries_};
     for (const SourceRow& source : sourceTable())
-        sources_.push_back(source.make(parts));
+        sources_.push_back(source.make(context));
 }
 
 SideModel::~SideModel() = default;

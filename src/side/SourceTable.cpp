@@ -11,8 +11,8 @@ namespace velmarin {
 
 namespace {
 
-template <typename Source> std::unique_ptr<LookUpSource> make(const SourceParts& parts) {
-    return std::make_unique<Source>(parts);
+template <typename Source> std::unique_ptr<LookUpSource> make(const SourceContext& context) {
+    return std::make_unique<Source>(context);
 }
 
 constexpr SourceRow kSources[] = {

@@ -9,7 +9,7 @@
 
 namespace velmarin {
 
-struct SourceParts;
+struct SourceContext;
 
 /// A source and the check box that turns it on.
 struct SourceRow {
@@ -25,7 +25,7 @@ struct SourceRow {
     /// The line of the `Subwindow` file that keeps whether the source is on, from 1: unique, and none of lines 1-3, 6-8
     /// and 10, which are used in SubwindowFile.cpp.
     std::size_t settingsLine;
-    std::unique_ptr<LookUpSource> (*make)(const SourceParts& parts);
+    std::unique_ptr<LookUpSource> (*make)(const SourceContext& context);
 };
 
 /// All sources, in the order of their answers.

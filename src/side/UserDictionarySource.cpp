@@ -6,14 +6,14 @@
 namespace velmarin {
 
 void UserDictionarySource::mSearchUserDictionary(const std::string& word) {
-    const FolderItem* chosen = parts_.userDictionaries.chosen();
+    const FolderItem* chosen = context_.userDictionaries.chosen();
     if (chosen == nullptr)
         return;
     constexpr int kWholeWord = 2;
     const FolderItem dictionary = *chosen;
-    const auto yield = [this] { parts_.run.yield(); };
+    const auto yield = [this] { context_.lookUp.yield(); };
     if (module_.mSearch(dictionary, word, kWholeWord, false, yield))
-        mDisplayResult(module_, dictionary.Name(), false, {}, &parts_.text, yield);
+        mDisplayResult(module_, dictionary.Name(), false, {}, &context_.text, yield);
 }
 
 } // namespace velmarin

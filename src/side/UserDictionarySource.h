@@ -2,7 +2,7 @@
 
 #include "side/DictionaryModule.h"
 #include "side/LookUpSource.h"
-#include "side/SourceParts.h"
+#include "side/SourceContext.h"
 
 namespace velmarin {
 
@@ -10,14 +10,14 @@ namespace velmarin {
 /// hit or no dictionary is chosen.
 class UserDictionarySource : public LookUpSource {
   public:
-    explicit UserDictionarySource(const SourceParts& parts) : parts_(parts) {}
+    explicit UserDictionarySource(const SourceContext& context) : context_(context) {}
 
     void lookUp(const std::string& word) override { mSearchUserDictionary(word); }
     /// Raises NilObjectException if the dictionary's index cannot be read.
     void mSearchUserDictionary(const std::string& word);
 
   private:
-    SourceParts parts_;
+    SourceContext context_;
     DictionaryModule module_;
 };
 

@@ -27,17 +27,18 @@ std::string wordsScript(std::string_view word, std::string_view folder) {
 }
 
 ScriptResult WordsSource::run(const std::string& word) {
-    const auto script = parts_.preferencesFolder.path() / kScriptName;
-    const Result written = writeFileAtomically(script, wordsScript(word, parts_.wordsFolder), Durability::RenamedOnly);
+    const auto script = context_.preferencesFolder.path() / kScriptName;
+    const Result written =
+        writeFileAtomically(script, wordsScript(word, context_.wordsFolder), Durability::RenamedOnly);
     if (!written)
         throw NilObjectException("WORDS cannot be asked. " + written.failure().message());
-    parts_.run.beginWait();
-    ScriptResult result = runScript(script, [this] { return parts_.run.keepWaiting(); });
-    parts_.run.endWait();
+    context_.lookUp.beginWait();
+    ScriptResult result = runScript(script, [this] { return context_.lookUp.keepWaiting(); });
+    context_.lookUp.endWait();
     if (result.ok()) {
-        const int end = parts_.text.textLength();
-        parts_.text.assignWithAppended(std::string(kBanners) + result.output + "\n\n");
-        parts_.text.scrollToLineOf(end);
+        const int end = context_.text.textLength();
+        context_.text.assignWithAppended(std::string(kBanners) + result.output + "\n\n");
+        context_.text.scrollToLineOf(end);
     }
     return result;
 }
@@ -49,11 +50,11 @@ bool WordsSource::mLatinWORDS(const std::string& word) {
 bool WordsSource::LatinCB_Action() {
     ScriptResult result;
     {
-        const Busy guard(parts_.busy);
+        const Busy guard(context_.busy);
         result = run("");
     }
-    if (!result.ok() && result.end != ScriptResult::End::Stopped && !parts_.run.shut())
-        parts_.host.askYesNo(kQuestion);
+    if (!result.ok() && result.end != ScriptResult::End::Stopped && !context_.lookUp.shut())
+        context_.host.askYesNo(kQuestion);
     return result.ok();
 }
 

@@ -2,7 +2,7 @@
 
 #include "side/LookUpSource.h"
 #include "side/ScriptRun.h"
-#include "side/SourceParts.h"
+#include "side/SourceContext.h"
 
 #include <string>
 #include <string_view>
@@ -19,7 +19,7 @@ std::string wordsScript(std::string_view word, std::string_view folder);
 /// The Latin program WORDS as a source: its output under two banners at the end of the text.
 class WordsSource : public LookUpSource {
   public:
-    explicit WordsSource(const SourceParts& parts) : parts_(parts) {}
+    explicit WordsSource(const SourceContext& context) : context_(context) {}
 
     void lookUp(const std::string& word) override { mLatinWORDS(word); }
     bool tickedByUser() override { return LatinCB_Action(); }
@@ -34,7 +34,7 @@ class WordsSource : public LookUpSource {
   private:
     ScriptResult run(const std::string& word);
 
-    SourceParts parts_;
+    SourceContext context_;
 };
 
 } // namespace velmarin

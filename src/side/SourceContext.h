@@ -12,9 +12,9 @@ class Host;
 class LookUpPort;
 class UserDictionaryList;
 
-/// What the sources of a side window are made from. All of it outlives them.
-struct SourceParts {
-    LookUpPort& run;
+/// What a source may use: all of it outlives the sources.
+struct SourceContext {
+    LookUpPort& lookUp;
     AnswerText& text;
     Host& host;
     BusyState& busy;

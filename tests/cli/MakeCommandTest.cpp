@@ -12,12 +12,12 @@ TEST_F(MakeCommandTest, MakesADictionaryThatCheckPasses) {
     std::filesystem::create_directory(folder_.path() / "G");
     folder_.write("t.csv", "page,first,last,number\np1,Aal,Äther,9\np2,Äther,Esel,\n11,Fuß,Esche,\np4,x,y,\n");
     const Arguments make{"make", "table", "--alike", "ä=ae", "t.csv", "scan", "G/D"};
-    expectRun({"made", make,
+    expectRun({make,
                "unused\t5\tno page \"p4\"\nmisplaced\tp10.bmp\tEsche\tFuß\t\n"
                "made\tG/D\t10\n",
                "", 1});
-    expectRun({"no problems", "check G/D", "No problems in 1 dictionary.\n"});
-    expectRun({"nothing is replaced", make, "", "\"G/D\": an item of that name is already there", 2});
+    expectRun({"check G/D", "No problems in 1 dictionary.\n"});
+    expectRefusals({{make, "\"G/D\": an item of that name is already there"}});
     const std::string hits = run("search G Aal Äther Attik Esel Fuß Fusel").out;
     EXPECT_EQ(hits, "Aal\tD\thit\tp1.bmp\nÄther\tD\thit\tp1.bmp\nAttik\tD\thit\tp2.bmp\nEsel\tD\thit\tp2.bmp\n"
                     "Fuß\tD\thit\tp10.bmp\nFusel\tD\thit\tp2.bmp\n");
@@ -29,16 +29,12 @@ TEST_F(MakeCommandTest, SaysWhatIsMissing) {
     folder_.write("t.csv", "page,word\np1,a\n");
     folder_.write("u.csv", "page,first\np1,a\xff\n");
     folder_.write("v.csv", "page,first\np1,a\n");
-    const CliCase cases[] = {
-        {"no headwords", "make table t.csv scan G/D", "",
-         "t.csv: its first row needs the columns \"page\" and \"first\" or \"headword\"", 2},
-        {"not UTF-8", "make table u.csv scan G/D", "", "u.csv: it is not UTF-8", 2},
-        {"a pair without a sign", "make table --alike a v.csv scan G/D", "", "--alike: each pair is LETTERS=LETTERS",
-         2},
-        {"no name", "make table v.csv scan G/", "", "\"G\": a dictionary needs a name", 2},
-    };
-    for (const CliCase& each : cases)
-        expectRun(each);
+    expectRefusals({
+        {"make table t.csv scan G/D", "t.csv: its first row needs the columns \"page\" and \"first\" or \"headword\""},
+        {"make table u.csv scan G/D", "u.csv: it is not UTF-8"},
+        {"make table --alike a v.csv scan G/D", "--alike: each pair is LETTERS=LETTERS"},
+        {"make table v.csv scan G/", "\"G\": a dictionary needs a name"},
+    });
 }
 
 } // namespace

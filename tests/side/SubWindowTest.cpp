@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QEnterEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 
@@ -118,6 +119,7 @@ TEST_F(SideWindow, ShowsWhatItWaitsForUntilItIsStopped) {
         if (!notice.isVisible())
             return;
         EXPECT_EQ(notice.geometry().bottom(), EF().geometry().bottom());
+        EXPECT_TRUE(notice.findChild<QLabel*>()->text().startsWith("Waiting for WORDS,"));
         QTest::mouseClick(notice.StopBT(), Qt::LeftButton);
     };
     control<QCheckBox>("LatinCB").click();

@@ -15,7 +15,8 @@ class LookUpPort {
     virtual bool shut() const = 0;
 
     // A wait for another program. The user sees it if it takes long, and can end it.
-    virtual void beginWait() = 0;
+    /// `program` is its name for the user.
+    virtual void beginWait(const std::string& program) = 0;
     /// Lets events run. False once the wait is to end.
     virtual bool keepWaiting() = 0;
     virtual void endWait() = 0;

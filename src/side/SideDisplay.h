@@ -34,8 +34,9 @@ class SideDisplay {
     virtual void addUserDictionary(const std::string& name) = 0;
     virtual void chooseUserDictionary(int row) = 0;
 
-    /// Shows that a program is waited for, or hides it. `true` comes again and again during one wait.
-    virtual void showWait(bool shown) = 0;
+    /// Shows that `program` is waited for. Called repeatedly during one wait, because the covered control may move.
+    virtual void showWait(const std::string& program) = 0;
+    virtual void hideWait() = 0;
     /// The model is shut and nothing of it runs any more: the window may be destroyed after this call.
     virtual void release() = 0;
 };

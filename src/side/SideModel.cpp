@@ -53,7 +53,7 @@ class SideModel::ShownTarget {
 SideModel::SideModel(SideDisplay& display, AnswerText& text, MainWindowPort& mainWindow, SideServices services)
     : display_(display), text_(text), mainWindow_(mainWindow), services_(std::move(services)),
       groupFolder_(mainWindow.pDictionaryGroupFolder()),
-      wait_(services_.clock, [this](bool shown) { display_.showWait(shown); }) {
+      wait_(services_.clock, [this](bool shown) { shown ? display_.showWait(waitsFor_) : display_.hideWait(); }) {
     const SourceContext context{.lookUp = *this,
                                 .text = text_,
                                 .host = services_.host,
@@ -135,6 +135,11 @@ void SideModel::lookUp(const std::string& word, bool alsoMainWindow) {
         if (settings_.sourcesOn[row] && !shut_)
             sources_[row]->lookUp(word);
     text_.scrollToLineOf(start);
+}
+
+void SideModel::beginWait(const std::string& program) {
+    waitsFor_ = program;
+    wait_.begin();
 }
 
 bool SideModel::keepWaiting() {

@@ -100,11 +100,13 @@ class SideModel final : private LookUpPort {
     void showTarget(FindTarget target);
 
     void yield() override { services_.host.Yield(); }
-    void beginWait() override { wait_.begin(); }
+    void beginWait(const std::string& program) override;
     bool keepWaiting() override;
     void endWait() override { wait_.end(); }
 
     SideDisplay& display_;
+    /// The program that is waited for.
+    std::string waitsFor_;
     AnswerText& text_;
     MainWindowPort& mainWindow_;
     SideServices services_;

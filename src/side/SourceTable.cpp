@@ -21,6 +21,21 @@ constexpr SourceRow kSources[] = {
     {"UserDicCB", "Use", {166, 656, 53, 20}, false, 9, make<UserDictionarySource>},
 };
 
+/// The lines of `Subwindow` that hold other settings; see SubwindowFile.cpp.
+constexpr std::size_t kOtherSettings[] = {1, 2, 3, 6, 7, 8, 10};
+
+constexpr bool eachHasItsOwnLine() {
+    for (const SourceRow& source : kSources) {
+        const auto isIts = [&](std::size_t line) { return line == source.settingsLine; };
+        const auto sharesIt = [&](const SourceRow& other) { return isIts(other.settingsLine); };
+        if (std::any_of(std::begin(kOtherSettings), std::end(kOtherSettings), isIts) ||
+            std::count_if(std::begin(kSources), std::end(kSources), sharesIt) != 1)
+            return false;
+    }
+    return true;
+}
+static_assert(eachHasItsOwnLine(), "two settings would be kept in one line of the file");
+
 } // namespace
 
 std::span<const SourceRow> sourceTable() {

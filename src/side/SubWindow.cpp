@@ -51,9 +51,8 @@ SubWindow::SubWindow(MainWindowPort& mainWindow, SideServices services, Attachme
     : QWidget(mainWindow.window(), flagsFor(attachment)), MainWin_(mainWindow),
       layout_(new AnchoredLayout(this, kDesignSize)), text_(this, *layout_),
       findBar_(selectColorOrDialog(std::move(selectColor), this), this, *layout_), switches_(this, *layout_),
-      notice_(new WaitNotice(
-          QStringLiteral("Waiting for WORDS, and searches wait too. Press Stop to go on without it."), text_.EF)),
-      model_(*this, *text_.EF, mainWindow, std::move(services)), widthAtOpening_(kDesignSize.width()) {
+      notice_(new WaitNotice(text_.EF)), model_(*this, *text_.EF, mainWindow, std::move(services)),
+      widthAtOpening_(kDesignSize.width()) {
     setObjectName(QStringLiteral("SubWindow"));
     setAccessibleName(QStringLiteral("Side window"));
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -199,8 +198,13 @@ void SubWindow::chooseUserDictionary(int row) {
     switches_.UserDicPU->setListIndexQuietly(row);
 }
 
-void SubWindow::showWait(bool shown) {
-    notice_->setShown(shown);
+void SubWindow::showWait(const std::string& program) {
+    notice_->showAbout(
+        QStringLiteral("Waiting for %1, and searches wait too. Press Stop to go on without it.").arg(toQ(program)));
+}
+
+void SubWindow::hideWait() {
+    notice_->hide();
 }
 
 void SubWindow::Event_Activate() {

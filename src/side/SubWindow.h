@@ -75,7 +75,8 @@ class SubWindow : public QWidget, private SideDisplay {
     void clearUserDictionaries() override;
     void addUserDictionary(const std::string& name) override;
     void chooseUserDictionary(int row) override;
-    void showWait(bool shown) override;
+    void showWait(const std::string& program) override;
+    void hideWait() override;
     void release() override;
 
     MainWindowPort& MainWin_;

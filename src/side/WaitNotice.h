@@ -2,6 +2,7 @@
 
 #include <QFrame>
 
+class QLabel;
 class QPushButton;
 
 namespace velmarin {
@@ -11,10 +12,10 @@ class WaitNotice : public QFrame {
     Q_OBJECT
   public:
     /// `over` is the control, a sibling of the strip.
-    WaitNotice(const QString& text, QWidget* over);
+    explicit WaitNotice(QWidget* over);
 
-    /// Shows the strip at the control's present place, or hides it.
-    void setShown(bool shown);
+    /// Shows the strip with this text at the control's present place.
+    void showAbout(const QString& text);
 
     QPushButton* StopBT() const { return StopBT_; }
 
@@ -23,6 +24,7 @@ class WaitNotice : public QFrame {
 
   private:
     QWidget* over_;
+    QLabel* label_;
     QPushButton* StopBT_;
 };
 

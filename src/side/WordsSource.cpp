@@ -32,7 +32,7 @@ ScriptResult WordsSource::run(const std::string& word) {
         writeFileAtomically(script, wordsScript(word, context_.wordsFolder), Durability::RenamedOnly);
     if (!written)
         throw NilObjectException("WORDS cannot be asked. " + written.failure().message());
-    context_.lookUp.beginWait();
+    context_.lookUp.beginWait("WORDS");
     ScriptResult result = runScript(script, [this] { return context_.lookUp.keepWaiting(); });
     context_.lookUp.endWait();
     if (result.ok()) {

@@ -168,7 +168,8 @@ class RecordedDisplay : public SideDisplay {
     void clearUserDictionaries() override { userDictionaries.clear(); }
     void addUserDictionary(const std::string& name) override { userDictionaries.push_back(name); }
     void chooseUserDictionary(int row) override { userDictionary = row; }
-    void showWait(bool shown) override { waits = shown; }
+    void showWait(const std::string&) override { waits = true; }
+    void hideWait() override { waits = false; }
     void release() override { ++released; }
 };
 

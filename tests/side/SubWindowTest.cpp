@@ -14,6 +14,7 @@
 #include <QCheckBox>
 #include <QDockWidget>
 #include <QEnterEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMouseEvent>
@@ -163,6 +164,7 @@ TEST_F(SideWindow, ShowsWhatItWaitsForUntilItIsStopped) {
         if (!notice.isVisible())
             return;
         EXPECT_EQ(notice.geometry().bottom(), EF().geometry().bottom());
+        EXPECT_TRUE(notice.findChild<QLabel*>()->text().startsWith("Waiting for WORDS,"));
         QTest::mouseClick(notice.StopBT(), Qt::LeftButton);
     };
     control<QCheckBox>("LatinCB").click();

@@ -19,7 +19,7 @@ class MainWindowPort {
     virtual QMainWindow* window() = 0;
     /// The folder of the group that is shown.
     virtual FolderItem pDictionaryGroupFolder() = 0;
-    /// Reports whether the settings were written to `path`. The user is told of a failure that is new.
+    /// Reports whether the settings were written to `path`. A new failure is shown to the user.
     virtual void noteWritten(const std::string& path, const Result& result) = 0;
 
     /// The text of `SearchEF`.

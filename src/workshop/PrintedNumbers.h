@@ -11,7 +11,7 @@ namespace velmarin {
 /// does not end in a number.
 std::optional<std::string> nextPrintedNumber(std::string_view number);
 
-/// What stands in a list of printed numbers for a page that has none, and ends a run.
+/// Marks a page without a printed number in a list of them, and ends a run.
 inline constexpr std::string_view kNoPrintedNumber = "-";
 
 /// Fills the gaps of a list of printed numbers, one a page: an empty one counts on from the page before. Pages before

@@ -97,7 +97,7 @@ TEST_F(Loading, KeepsThePageOfAMissingFileAndClearsThatOfAnUndecodableOne) {
         EXPECT_FALSE(canvas.view.SetPicture(file));
         EXPECT_EQ(canvas.view.loadProblem(), problem);
         EXPECT_EQ(canvas.view.Image.Width(), missing ? 2000 : 0);
-        EXPECT_EQ(canvas.view.drawnOver().size(), missing ? 1u : 0u) << "the lens goes with the page";
+        EXPECT_EQ(canvas.view.drawnOver().size(), missing ? 1u : 0u) << "the lens vanishes with the page";
         EXPECT_EQ(canvas.refreshes, before);
         EXPECT_TRUE(canvas.messages.empty());
         canvas.paint();

@@ -6,6 +6,7 @@
 #include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
 #include "files/TreeCopy.h"
+#include "maintenance/LockedFolder.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -66,7 +67,7 @@ class Writer {
     Result run() {
         if (const Result possible = check(); !possible)
             return possible;
-        const FolderLock lock(fs::path(group_.AbsolutePath()).parent_path(), FolderLock::Kind::Alone, work_);
+        const FolderLock lock(lockedFolderOf(group_), FolderLock::Kind::Alone, work_);
         clearLeftovers(group_.path(), work_);
         if (group_.Child(name_).occupied())
             return Failure{target_, "an item of that name is already there"};

@@ -13,6 +13,7 @@
 #include <set>
 
 #include <gtest/gtest.h>
+#include <zlib.h>
 
 namespace velmarin {
 namespace {
@@ -31,15 +32,23 @@ std::string dictdNumber(std::size_t value) {
     return {kDigits[value >> 18 & 63], kDigits[value >> 12 & 63], kDigits[value >> 6 & 63], kDigits[value & 63]};
 }
 
-/// A gzip file that can be read chunk by chunk, each a stored block. Another program's subfield precedes the table.
-std::string dictzip(std::string_view text, std::size_t chunkLength, bool withName) {
+/// A gzip file that can be read chunk by chunk. Another program's subfield precedes the table.
+std::string dictzip(std::string text, std::size_t chunkLength, bool withName) {
     std::string sizes, body;
+    z_stream stream{};
+    deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, -MAX_WBITS, 8, Z_DEFAULT_STRATEGY);
     for (std::size_t at = 0; at < text.size(); at += chunkLength) {
-        const std::string_view piece = text.substr(at, chunkLength);
-        body += (at + chunkLength < text.size() ? "\0"s : "\1"s) + littleEndian(piece.size()) +
-                littleEndian(~piece.size()) + std::string(piece);
-        sizes += littleEndian(5 + piece.size());
+        std::string piece(deflateBound(&stream, chunkLength) + 16, '\0');
+        stream.next_in = reinterpret_cast<Bytef*>(text.data()) + at;
+        stream.avail_in = static_cast<uInt>(std::min(chunkLength, text.size() - at));
+        stream.next_out = reinterpret_cast<Bytef*>(piece.data());
+        stream.avail_out = static_cast<uInt>(piece.size());
+        deflate(&stream, at + chunkLength < text.size() ? Z_FULL_FLUSH : Z_FINISH);
+        piece.resize(piece.size() - stream.avail_out);
+        body += piece;
+        sizes += littleEndian(piece.size());
     }
+    deflateEnd(&stream);
     const std::string table = littleEndian(1) + littleEndian(chunkLength) + littleEndian(sizes.size() / 2) + sizes;
     const std::string extra = "ZZ" + littleEndian(3) + "abcRA" + littleEndian(table.size()) + table;
     return "\x1F\x8B\x08"s + (withName ? "\x0C" : "\x04") + "\0\0\0\0\x02\x03"s + littleEndian(extra.size()) + extra +

@@ -95,6 +95,7 @@ Status make(Request request, Session& session) {
     std::vector<std::string> names = pictureNames(*source);
     sortPages(names);
     std::vector<BookPage> pages;
+    pages.reserve(names.size());
     for (std::string& name : names)
         pages.push_back({std::move(name)});
     BookTable read = readBookTable(*table, std::move(pages), *rule, book.order);

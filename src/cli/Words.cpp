@@ -1,5 +1,6 @@
 #include "cli/Words.h"
 
+#include "files/LineReader.h"
 #include "files/SystemCalls.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t kWindow = std::size_t{1} << 16;
 
 } // namespace

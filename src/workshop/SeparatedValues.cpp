@@ -1,6 +1,8 @@
 #include "workshop/SeparatedValues.h"
 
+#include "files/LineReader.h"
 #include "text/FindReplace.h"
+#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <new>
@@ -11,7 +13,6 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t\r\n";
 
 char separatorOf(std::string_view text) {
@@ -27,12 +28,6 @@ std::string trimmed(std::string_view field) {
     if (begin == std::string_view::npos)
         return {};
     return std::string(field.substr(begin, field.find_last_not_of(kBlanks) - begin + 1));
-}
-
-std::string lowerCase(std::string name) {
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return name;
 }
 
 struct Row {
@@ -89,8 +84,7 @@ SeparatedValues SeparatedValues::parse(std::string_view text) {
     bool header = true;
     for (Row& row : rowsOf(text, separatorOf(text))) {
         if (header) {
-            for (std::string& name : row.fields)
-                table.columns_.push_back(lowerCase(std::move(name)));
+            table.columns_ = std::move(row.fields);
             header = false;
             continue;
         }
@@ -101,7 +95,8 @@ SeparatedValues SeparatedValues::parse(std::string_view text) {
 }
 
 std::optional<std::size_t> SeparatedValues::column(std::string_view name) const {
-    const auto found = std::find(columns_.begin(), columns_.end(), name);
+    const auto found = std::find_if(columns_.begin(), columns_.end(),
+                                    [name](const std::string& each) { return equalStrings(each, name); });
     if (found == columns_.end())
         return std::nullopt;
     return static_cast<std::size_t>(found - columns_.begin());

@@ -15,14 +15,13 @@ class SeparatedValues {
     static SeparatedValues parse(std::string_view text);
 
     std::size_t rowCount() const { return rows_.size(); }
+    /// Names of columns are compared without case.
     bool hasColumn(std::string_view name) const { return column(name).has_value(); }
     /// A field without blanks at its ends; empty if the row is too short or there is no such column. Rows count from 0,
     /// without the header.
     std::string_view field(std::size_t row, std::string_view name) const;
     /// The number of the row as a spreadsheet shows it: the header is row 1, and empty rows count.
     std::size_t numberOf(std::size_t row) const { return numbers_[row]; }
-    /// The names in the header, in small letters.
-    const std::vector<std::string>& columns() const { return columns_; }
 
   private:
     std::optional<std::size_t> column(std::string_view name) const;

@@ -59,13 +59,19 @@ PageListFile pageListOf(const std::vector<BookPage>& pages) {
     return file;
 }
 
+/// With the reason in errno. The member is called by the name that it is to get.
+Failure notWritten(const fs::path& finalFolder, const fs::path& member) {
+    return {FolderItem(member.empty() ? finalFolder : finalFolder / member),
+            "it could not be written: " + errorInWords(errno)};
+}
+
 class Writer {
   public:
     Writer(const NewDictionary& book, const FolderItem& group, const std::string& name, const Progress& progress)
         : book_(book), group_(group), name_(name), target_(group.path() / name), work_(progress) {}
 
     Result run() {
-        if (const Result possible = check(); !possible)
+        if (Result possible = check(); !possible)
             return possible;
         const FolderLock lock(lockedFolderOf(group_), FolderLock::Kind::Alone, work_);
         clearLeftovers(group_.path(), work_);
@@ -75,10 +81,10 @@ class Writer {
         if (!staged)
             return Failure{group_, "nothing can be written there: " + errorInWords(errno)};
         top_ = staged->placeOf(name_);
-        if (const Result written = writeAll(); !written)
+        if (Result written = writeAll(); !written)
             return written;
         if (!staged->moveTo(name_, target_.path()) || !flushFolder(group_.path()))
-            return notWritten({});
+            return notWritten(target_.path(), {});
         return {};
     }
 
@@ -98,20 +104,6 @@ class Writer {
         return {};
     }
 
-    /// With the reason in errno. The member is called by the name that it is to get.
-    Failure notWritten(const fs::path& member) const {
-        return {FolderItem(member.empty() ? target_.path() : target_.path() / member),
-                "it could not be written: " + errorInWords(errno)};
-    }
-
-    Result writeFile(const fs::path& member, std::string_view text) {
-        NewFile file(top_ / member);
-        if (!file.write(text) || !file.flush())
-            return notWritten(member);
-        work_.pass();
-        return {};
-    }
-
     Result copyPicture(const FolderItem& picture, const fs::path& member) {
         Failures failures;
         const TreePlan plan = planTree(picture.path(), top_, Links::Followed, Purpose::Copy, work_);
@@ -126,26 +118,15 @@ class Writer {
     Result writeAll() {
         for (const fs::path& folder : {fs::path(), fs::path("mImg")})
             if (!makeFolder(top_ / folder))
-                return notWritten(folder);
+                return notWritten(target_.path(), folder);
         for (const BookPage& page : book_.pages)
-            if (const Result copied = copyPicture(book_.pageFolder.Child(page.file), fs::path("mImg") / page.file);
-                !copied)
+            if (Result copied = copyPicture(book_.pageFolder.Child(page.file), fs::path("mImg") / page.file); !copied)
                 return copied;
-        if (const Result extra = writeExtraPages(); !extra)
+        if (Result extra = writeExtraPages(); !extra)
             return extra;
-        const PageListFile list = pageListOf(book_.pages);
-        std::vector<std::pair<fs::path, std::string>> members{
-            {fs::path("mImg") / list.name, list.text}, {"ind", indText(book_)}, {"txt", txtText(book_)}, {"FW", ""}};
-        if (!book_.order.FormatFom.empty() || book_.independent)
-            members.emplace_back("Format", book_.order.FormatFom + "\n" + (book_.independent ? "true\n" : ""));
-        if (book_.order.SpanishMode)
-            members.emplace_back("Spanish", "");
-        if (book_.order.IJUVMode)
-            members.emplace_back("IJUV", "");
-        for (const auto& [member, text] : members)
-            if (const Result written = writeFile(member, text); !written)
-                return written;
-        return flushFolder(top_ / "mImg") && flushFolder(top_) ? Result() : Result(notWritten({}));
+        if (Result written = writeTextMembers(book_, top_, target_.path(), work_); !written)
+            return written;
+        return flushFolder(top_ / "mImg") && flushFolder(top_) ? Result() : Result(notWritten(target_.path(), {}));
     }
 
     Result writeExtraPages() {
@@ -155,11 +136,11 @@ class Writer {
         if (files.empty())
             return {};
         if (!makeFolder(top_ / "mPimg"))
-            return notWritten("mPimg");
+            return notWritten(target_.path(), "mPimg");
         for (const std::string& file : files)
-            if (const Result copied = copyPicture(book_.extraPageFolder.Child(file), fs::path("mPimg") / file); !copied)
+            if (Result copied = copyPicture(book_.extraPageFolder.Child(file), fs::path("mPimg") / file); !copied)
                 return copied;
-        return flushFolder(top_ / "mPimg") ? Result() : Result(notWritten("mPimg"));
+        return flushFolder(top_ / "mPimg") ? Result() : Result(notWritten(target_.path(), "mPimg"));
     }
 
     const NewDictionary& book_;
@@ -175,6 +156,26 @@ class Writer {
 Result writeNewDictionary(const NewDictionary& book, const FolderItem& group, const std::string& name,
                           const Progress& progress) {
     return Writer(book, group, name, progress).run();
+}
+
+Result writeTextMembers(const NewDictionary& book, const fs::path& folder, const fs::path& finalFolder,
+                        const Work& work) {
+    const PageListFile list = pageListOf(book.pages);
+    std::vector<std::pair<fs::path, std::string>> members{
+        {fs::path("mImg") / list.name, list.text}, {"ind", indText(book)}, {"txt", txtText(book)}, {"FW", ""}};
+    if (!book.order.FormatFom.empty() || book.independent)
+        members.emplace_back("Format", book.order.FormatFom + "\n" + (book.independent ? "true\n" : ""));
+    if (book.order.SpanishMode)
+        members.emplace_back("Spanish", "");
+    if (book.order.IJUVMode)
+        members.emplace_back("IJUV", "");
+    for (const auto& [member, text] : members) {
+        NewFile file(folder / member);
+        if (!file.write(text) || !file.flush())
+            return notWritten(finalFolder, member);
+        work.pass();
+    }
+    return {};
 }
 
 } // namespace velmarin

@@ -6,6 +6,7 @@
 #include "workshop/BookTable.h"
 #include "workshop/IndexPlan.h"
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -29,5 +30,10 @@ struct NewDictionary {
 /// run works on the folder that holds the group.
 Result writeNewDictionary(const NewDictionary& book, const FolderItem& group, const std::string& name,
                           const Progress& progress = {});
+
+/// Writes all of a dictionary but its pictures into `folder`, flushed, for a maker that has put the pictures into its
+/// `mImg` and `mPimg` itself. A failure names the member in `finalFolder`, the name that `folder` is to get.
+Result writeTextMembers(const NewDictionary& book, const std::filesystem::path& folder,
+                        const std::filesystem::path& finalFolder, const Work& work = Work());
 
 } // namespace velmarin

@@ -120,10 +120,10 @@ TEST_F(SampleFolder, WithContentIsLeftAlone) {
     EXPECT_EQ(test::filesOf(place_.path()), "Samples/mine=");
 }
 
-TEST_F(SampleFolder, InterruptedRunLeavesNoFolderAndIsCleared) {
+TEST_F(SampleFolder, FailedRunLeavesNothing) {
     const Sample broken{"Group", "Broken", "tiny", [](const fs::path&) -> Book { throw std::runtime_error("torn"); }};
     EXPECT_THROW(make({tinySample("Tiny", PageKind::BilevelTiff), broken}), std::runtime_error);
-    EXPECT_EQ(names(), std::vector<std::string>{".Samples.unfinished"});
+    EXPECT_EQ(names(), std::vector<std::string>{});
     EXPECT_TRUE(make({tinySample("Other", PageKind::BilevelTiff)}));
     EXPECT_EQ(names(), std::vector<std::string>{"Samples"});
     EXPECT_FALSE(fs::exists(place_.at("Samples/Group/Tiny"))) << "nothing of the first run is used";

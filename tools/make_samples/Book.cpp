@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstddef>
-#include <fstream>
 #include <iterator>
 #include <map>
 #include <stdexcept>
@@ -12,6 +11,7 @@
 #include "make_samples/Press.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
+#include "workshop/NewDictionary.h"
 
 namespace velmarin {
 
@@ -19,10 +19,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Sorts after everything else.
-constexpr const char* kClosingKey = "\U0010FFFD";
-
 constexpr std::size_t kMostSupplementPages = 3;
+
+std::string extensionOf(PageKind kind) {
+    return kind == PageKind::BilevelTiff ? ".tif" : kind == PageKind::ColorPng ? ".png" : ".jpg";
+}
 
 /// The name of a page: "webster-0269.tif" in the folder "Webster 1913". The first part keeps the pages of two
 /// dictionaries apart where only the name of a page is compared.
@@ -75,23 +76,23 @@ std::vector<FlowLine> flowOf(const Book& book, const Press& press) {
 }
 
 /// Prints the pages into mImg and notes in `pageOf`, for each article, the page on which it opens.
-std::vector<ListedPage> printPages(const Book& book, const Press& press, const fs::path& folder,
-                                   std::vector<std::string>& pageOf) {
+std::vector<BookPage> printPages(const Book& book, const Press& press, const fs::path& folder,
+                                 std::vector<std::size_t>& pageOf) {
     const auto flow = flowOf(book, press);
     const auto pages = paginate(flow, book.design.textBottom - book.design.textTop);
-    std::vector<ListedPage> listed{{pageName(folder, "", 0, book.design.kind), "Title"}};
-    press.printTitlePage(folder / "mImg" / listed[0].name, book.title);
+    std::vector<BookPage> printed{{pageName(folder, "", 0, book.design.kind), "Title"}};
+    press.printTitlePage(folder / "mImg" / printed[0].file, book.title);
     for (const Page& page : pages) {
-        const std::size_t number = listed.size();
-        listed.push_back({pageName(folder, "", number, book.design.kind), std::to_string(number)});
+        const std::size_t number = printed.size();
+        printed.push_back({pageName(folder, "", number, book.design.kind), std::to_string(number)});
         press.printPage(
-            folder / "mImg" / listed.back().name, page, flow,
-            {book.articles[page.firstArticle].guide, listed.back().caption, book.articles[page.lastArticle].guide});
+            folder / "mImg" / printed.back().file, page, flow,
+            {book.articles[page.firstArticle].guide, printed.back().number, book.articles[page.lastArticle].guide});
         for (const SetLine& set : page.lines)
             if (flow[set.line].opensArticle)
-                pageOf[flow[set.line].article] = listed.back().name;
+                pageOf[flow[set.line].article] = number;
     }
-    return listed;
+    return printed;
 }
 
 /// Prints the supplement of article `number` into mPimg and returns the names of its pages.
@@ -112,63 +113,20 @@ std::vector<std::string> printSupplement(const Book& book, std::size_t number, c
 
 } // namespace
 
-std::string extensionOf(PageKind kind) {
-    return kind == PageKind::BilevelTiff ? ".tif" : kind == PageKind::ColorPng ? ".png" : ".jpg";
-}
-
-void writeFile(const std::filesystem::path& path, const std::string& bytes) {
-    std::ofstream file(path, std::ios::binary);
-    file << bytes;
-    file.close();
-    if (!file)
-        throw std::runtime_error("cannot write " + path.string());
-}
-
-std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder& order) {
+std::vector<IndexLine> sortedLines(std::vector<IndexLine> lines, const IndexOrder& order) {
     std::map<std::string, std::vector<IndexLine>> byWord;
     for (IndexLine& line : lines)
         byWord[indexSearchWord(line.key, order)].push_back(std::move(line));
-    std::vector<IndexLine> sorted;
+    lines.clear();
     for (auto& [word, same] : byWord) {
-        std::vector<std::string> extraPages;
+        std::vector<std::string> errata;
+        for (const IndexLine& line : same)
+            errata.insert(errata.end(), line.errata.begin(), line.errata.end());
         for (IndexLine& line : same)
-            std::ranges::move(line.extraPages, std::back_inserter(extraPages));
-        const std::string page = same.front().page;
-        std::erase_if(same, [&](const IndexLine& line) { return line.page != page; });
-        for (IndexLine& line : same)
-            sorted.push_back({line.key, line.note, page, extraPages});
+            if (line.page == same.front().page)
+                lines.push_back({line.key, line.note, line.page, errata});
     }
-    if (!sorted.empty())
-        sorted.push_back({kClosingKey, "end", sorted.back().page, {}});
-    return sorted;
-}
-
-void writeDictionary(const fs::path& folder, const std::vector<IndexLine>& lines, const std::vector<ListedPage>& pages,
-                     const Book& book) {
-    std::string ind;
-    std::string txt;
-    for (const IndexLine& line : lines) {
-        ind += line.key + (line.note.empty() ? "" : "__DLM__" + line.note) + "\n";
-        // As in books that were indexed by hand, some lines repeat their headword or describe the extra pages.
-        const bool repeats = (&line - lines.data()) % 3 == 1;
-        txt +=
-            (repeats ? line.key + " " : "") + "<@_" + line.page + "_>" + (line.extraPages.empty() ? "" : " in full:");
-        for (const std::string& extra : line.extraPages)
-            txt += " <^_" + extra + "_>";
-        txt += '\n';
-    }
-    std::string list = std::to_string(static_cast<long>(pages.size()) - 1) + "\n";
-    for (const ListedPage& page : pages)
-        list += page.name + "\t" + page.caption + "\n";
-    std::map<std::string, std::string> files{{"FW", ""}, {"ind", ind}, {"txt", txt}, {"mImg/ImageIndex2", list}};
-    if (book.order.SpanishMode)
-        files["Spanish"];
-    if (book.order.IJUVMode)
-        files["IJUV"];
-    if (!book.order.FormatFom.empty() || book.independent)
-        files["Format"] = book.order.FormatFom + "\n" + (book.independent ? "true\n" : "");
-    for (const auto& [name, bytes] : files)
-        writeFile(folder / name, bytes);
+    return lines;
 }
 
 void makeBook(Book book, const fs::path& folder) {
@@ -176,18 +134,22 @@ void makeBook(Book book, const fs::path& folder) {
     const Press press(book.design);
     std::ranges::stable_sort(book.articles, {},
                              [&](const Article& article) { return indexSearchWord(article.key, book.order); });
-    std::vector<std::string> pageOf(book.articles.size());
-    const auto listed = printPages(book, press, folder, pageOf);
-    std::vector<IndexLine> lines;
+    std::vector<std::size_t> pageOf(book.articles.size());
+    NewDictionary made;
+    made.pages = printPages(book, press, folder, pageOf);
+    made.order = book.order;
+    made.independent = book.independent;
     for (std::size_t i = 0; i < book.articles.size(); ++i) {
         const Article& article = book.articles[i];
-        lines.push_back({article.key, article.note, pageOf[i], {}});
+        made.lines.push_back({article.key, article.note, pageOf[i]});
         if (!article.supplement.empty())
-            lines.back().extraPages = printSupplement(book, i, press, folder);
+            made.lines.back().errata = printSupplement(book, i, press, folder);
         if (!article.furtherKey.empty())
-            lines.push_back({article.furtherKey, "", pageOf[i], lines.back().extraPages});
+            made.lines.push_back({article.furtherKey, "", pageOf[i], made.lines.back().errata});
     }
-    writeDictionary(folder, indexLines(std::move(lines), book.order), listed, book);
+    made.lines = sortedLines(std::move(made.lines), book.order);
+    if (const Result written = writeTextMembers(made, folder, folder); !written)
+        throw std::runtime_error(written.failure().message());
 }
 
 } // namespace velmarin

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "text/SearchWord.h"
+#include "workshop/IndexPlan.h"
 
 namespace velmarin {
 
@@ -39,8 +40,6 @@ enum class PageKind : std::uint8_t {
     ColorPng,    ///< black and red ink
     ColorJpeg,   ///< the same on toned paper
 };
-
-std::string extensionOf(PageKind kind);
 
 /// How the pages of a book look. Lengths in pixels.
 struct Design {
@@ -84,34 +83,12 @@ struct Book {
     std::vector<Article> articles;
 };
 
-/// One line of `ind` and the line of `txt` that belongs to it.
-struct IndexLine {
-    std::string key;
-    std::string note;                    ///< after the delimiter; may be empty
-    std::string page;                    ///< a file in mImg
-    std::vector<std::string> extraPages; ///< files in mPimg
-};
+/// Sorts the lines of an index by their search words. Of lines with equal search words, the first stays, and those
+/// after it on the same page; each gets the errata of all.
+std::vector<IndexLine> sortedLines(std::vector<IndexLine> lines, const IndexOrder& order);
 
-/// A page in the list of pages, in page order. The caption is the number printed on it.
-struct ListedPage {
-    std::string name;
-    std::string caption;
-};
-
-/// Sorts the lines by their search words. Of lines with equal search words, the first stays, and those after it that
-/// name the same page; each gets the extra pages of all. Adds a closing line that sorts after everything, with the page
-/// of the last.
-std::vector<IndexLine> indexLines(std::vector<IndexLine> lines, const IndexOrder& order);
-
-/// Writes all files of a dictionary but its pictures into `folder`, which exists. `lines` come from indexLines. Throws
-/// std::runtime_error naming a file that cannot be written.
-void writeDictionary(const std::filesystem::path& folder, const std::vector<IndexLine>& lines,
-                     const std::vector<ListedPage>& pages, const Book& book);
-
-/// Throws std::runtime_error naming a file that cannot be written.
-void writeFile(const std::filesystem::path& path, const std::string& bytes);
-
-/// Makes the dictionary in `folder`, which does not exist yet.
+/// Makes the dictionary in `folder`, which does not exist yet. Throws std::runtime_error naming a file that cannot be
+/// written.
 void makeBook(Book book, const std::filesystem::path& folder);
 
 } // namespace velmarin

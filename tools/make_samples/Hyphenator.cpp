@@ -49,9 +49,11 @@ Hyphenator::Hyphenator(const std::string& file) {
     patterns_.reset(hnj_hyphen_load_file(memory.get()), hnj_hyphen_free);
 }
 
-std::string Hyphenator::divided(const std::string& word) const {
-    if (word.size() < kFewestBytes || word.size() > kMostBytes)
-        return word;
+const std::string& Hyphenator::divided(const std::string& word) const {
+    const auto [known, isNew] = divided_.try_emplace(word, word);
+    std::string& out = known->second;
+    if (!isNew || word.size() < kFewestBytes || word.size() > kMostBytes)
+        return out;
     std::string small;
     for (std::size_t at = 0; at < word.size(); at += decodeUtf8(word, at).length)
         appendUtf8(small, g_unichar_tolower(decodeUtf8(word, at).value));
@@ -63,7 +65,7 @@ std::string Hyphenator::divided(const std::string& word) const {
                           &replacements, &positions, &cuts, 2, 3, 2, 3); // letters before and after a division
     for (void* unused : {static_cast<void*>(replacements), static_cast<void*>(positions), static_cast<void*>(cuts)})
         std::free(unused);
-    std::string out;
+    out.clear();
     std::size_t letter = 0;
     for (std::size_t at = 0; at < word.size(); ++letter) {
         const std::size_t length = decodeUtf8(word, at).length;

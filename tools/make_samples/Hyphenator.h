@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 struct _HyphenDict; // NOLINT(bugprone-reserved-identifier): the name in libhyphen
 
@@ -19,9 +20,10 @@ class Hyphenator {
     std::string hyphenated(std::string_view markup) const;
 
   private:
-    std::string divided(const std::string& word) const;
+    const std::string& divided(const std::string& word) const;
 
     std::shared_ptr<_HyphenDict> patterns_;
+    mutable std::unordered_map<std::string, std::string> divided_; ///< the words that have occurred
 };
 
 } // namespace velmarin

@@ -228,8 +228,9 @@ void Sheet::write(const fs::path& path) const {
         throw std::runtime_error("not enough memory for a page");
     l_uint32* word = pixGetData(pix.get());
     const unsigned char* row = cairo_image_surface_get_data(surface_.get());
+    const int words = pixGetWpl(pix.get());
     for (int y = 0; y < design_.pageHeight; ++y, row += cairo_image_surface_get_stride(surface_.get()))
-        for (int x = 0; x < pixGetWpl(pix.get()); ++x)
+        for (int x = 0; x < words; ++x)
             // cairo keeps a color in the low 24 bits of a word, Leptonica in the high ones.
             *word++ = bilevel_ ? packed(row + std::ptrdiff_t{x} * 32, std::min(32, design_.pageWidth - x * 32))
                                : reinterpret_cast<const l_uint32*>(row)[x] << 8;

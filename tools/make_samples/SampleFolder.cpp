@@ -9,7 +9,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "files/Leftovers.h"
+#include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
+#include "store/GroupPreferences.h"
 
 namespace velmarin {
 
@@ -55,15 +58,15 @@ void runInProcesses(const std::vector<std::function<void()>>& jobs, std::size_t 
 }
 
 void writePreferences(const fs::path& folder, const std::vector<Sample>& samples) {
-    std::map<std::string, std::string> preferences;
+    constexpr int fitsTheWidth = 2;
+    std::map<std::string, GroupPreferences> groups;
     for (const Sample& sample : samples) {
-        std::string& group = preferences[sample.group];
-        if (group.empty())
-            group = sample.group + "\t0\t\n";
-        group += sample.name + "\t2\n"; // as wide as the window
+        groups[sample.group].groupName = sample.group;
+        groups[sample.group].dictionaries.push_back({sample.name, fitsTheWidth});
     }
-    for (const auto& [group, text] : preferences)
-        writeFile(folder / group / "DictionaryPreferences.txt", text);
+    for (const auto& [group, preferences] : groups)
+        if (const Result written = writeGroupPreferences(FolderItem(folder / group), preferences); !written)
+            throw std::runtime_error(written.failure().message());
 }
 
 } // namespace
@@ -76,22 +79,24 @@ bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const 
     if (fs::exists(whole) && !(fs::is_directory(whole) && fs::is_empty(whole)))
         return false;
     fs::create_directories(whole.parent_path());
-    const Descriptor lock = openFolder(whole.parent_path());
-    if (!lock || !lockAlone(lock))
-        throw std::runtime_error("another run is making samples in " + whole.parent_path().string());
-    const fs::path stage = whole.parent_path() / ("." + whole.filename().string() + ".unfinished");
-    fs::remove_all(stage);
+    Work work;
+    clearLeftovers(whole.parent_path(), work);
+    auto staged = StagedMembers::in(whole.parent_path());
+    if (!staged)
+        throw std::runtime_error("cannot write to " + whole.parent_path().string());
+    const std::string name = whole.filename().string();
     std::vector<std::function<void()>> jobs;
     jobs.reserve(samples.size());
     for (const Sample& sample : samples)
         jobs.emplace_back([&, folder = fs::path(sample.group) / sample.name] {
-            makeBook(sample.make(dictFolder), stage / folder);
+            makeBook(sample.make(dictFolder), staged->placeOf(name) / folder);
             tell(folder.string());
         });
     runInProcesses(jobs, atOnce);
-    writePreferences(stage, samples);
-    syncfs(lock.number());
-    fs::rename(stage, whole);
+    writePreferences(staged->placeOf(name), samples);
+    syncfs(openFolder(whole.parent_path()).number());
+    if (!staged->moveTo(name, whole))
+        throw std::runtime_error("cannot rename a folder to " + whole.string() + ": " + errorInWords(errno));
     return true;
 }
 

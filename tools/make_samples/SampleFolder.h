@@ -13,9 +13,9 @@ namespace velmarin {
 /// Makes `target`, a `DictionaryFolder` with all `samples` in their groups, at most `atOnce` at a time. Does nothing
 /// and returns false if `target` exists and is not empty.
 ///
-/// A hidden folder beside `target` takes its name when everything is made; what an interrupted run left there is
+/// It is made in a hidden folder beside `target` and gets its name when it is whole. What a killed run left there is
 /// removed first. `tell` is called with the name of each finished dictionary, in the process that made it. Throws
-/// std::runtime_error if something is missing or another run is at work.
+/// std::runtime_error if something is missing or cannot be written; nothing is left then.
 bool makeSampleFolder(const std::filesystem::path& target, const std::filesystem::path& dictFolder,
                       const std::vector<Sample>& samples, std::size_t atOnce,
                       const std::function<void(const std::string&)>& tell);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "files/LineReader.h"
 #include "text/FindReplace.h"
 #include "text/Utf8.h"
 
@@ -34,10 +35,8 @@ std::string singleSpaced(std::string_view text) {
 
 std::vector<std::string_view> linesOf(std::string_view text) {
     std::vector<std::string_view> lines;
-    while (!text.empty()) {
-        lines.push_back(text.substr(0, text.find('\n')));
-        text.remove_prefix(std::min(lines.back().size() + 1, text.size()));
-    }
+    for (LineReader reader(text); !reader.EOF_();)
+        lines.push_back(reader.ReadLine());
     return lines;
 }
 

@@ -20,7 +20,7 @@ class Pattern : public RegExMBS {
 std::string_view trimmed(std::string_view text);
 /// Replaces every run of blanks, tabs and line ends by one blank and trims the result.
 std::string singleSpaced(std::string_view text);
-/// Lines without their ends; LF only.
+/// Lines without their ends, as LineReader takes them.
 std::vector<std::string_view> linesOf(std::string_view text);
 /// Groups of lines that blank lines separate; the first is empty if the text begins with a blank line.
 std::vector<std::vector<std::string_view>> blocksOf(const std::vector<std::string_view>& lines);

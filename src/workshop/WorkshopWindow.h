@@ -1,0 +1,42 @@
+#pragma once
+
+#include "workshop/WorkshopBook.h"
+
+#include <QMainWindow>
+
+#include <filesystem>
+#include <memory>
+
+namespace velmarin {
+
+class Host;
+class WorkshopDesk;
+
+/// The window in which a scanned book becomes a dictionary. Shows a WorkshopDesk with the book that is open, or, if
+/// none is, what can be opened.
+class WorkshopWindow : public QMainWindow {
+    Q_OBJECT
+  public:
+    explicit WorkshopWindow(Host& host);
+
+    /// Opens the working folder of a book, or the book of a scan, for which it asks where it is to be.
+    void open(const std::filesystem::path& bookOrScan);
+    /// Shows a book in place of the one before. The draft is where the work begins.
+    void openBook(std::unique_ptr<WorkshopBook> book, Draft draft);
+
+    /// nullptr while no book is open.
+    WorkshopDesk* desk() const { return desk_; }
+    /// The menu of what is done with the book as a whole.
+    QMenu& bookMenu() const { return *bookMenu_; }
+
+  signals:
+    /// Another book is open, or what the menus depend on has changed.
+    void bookChanged();
+
+  private:
+    Host& host_;
+    WorkshopDesk* desk_ = nullptr;
+    QMenu* bookMenu_;
+};
+
+} // namespace velmarin

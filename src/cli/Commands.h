@@ -38,6 +38,7 @@ Command installCommand();
 Command updateCommand();
 Command exportCommand();
 Command makeCommand();
+Command correctionsCommand(); ///< a part of "make"
 Command userDictionaryCommand();
 
 } // namespace velmarin

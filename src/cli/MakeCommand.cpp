@@ -148,7 +148,8 @@ Command makeCommand() {
             .parts = {{.name = "table",
                        .summary = "Make a dictionary from a table of its pages",
                        .help = kTableHelp,
-                       .define = defineTable}}};
+                       .define = defineTable},
+                      correctionsCommand()}};
 }
 
 } // namespace velmarin

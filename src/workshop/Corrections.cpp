@@ -1,20 +1,16 @@
 #include "workshop/Corrections.h"
 
+#include "store/UserPreferencesFolder.h"
 #include "workshop/SeparatedValues.h"
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace velmarin {
 
 namespace {
 
-constexpr std::array<std::pair<CorrectionKind, std::string_view>, 3> kKinds{{
-    {CorrectionKind::Page, "page"},
-    {CorrectionKind::Headword, "headword"},
-    {CorrectionKind::Missing, "missing"},
-}};
+constexpr std::array<const char*, 3> kKinds{"page", "headword", "missing"}; // in the order of CorrectionKind
 
 std::string inQuotes(std::string_view text) {
     return "\"" + std::string(text) + "\"";
@@ -35,9 +31,8 @@ Result checkNew(const std::string& headword, const DictionaryText& text) {
     if (text.lineOf(headword))
         return refused(headword, "it is in the dictionary already");
     if (const std::size_t place = text.placeOfNew(headword); !text.isWhole(place))
-        return refused(headword, place == text.size()
-                                     ? "it sorts after the last line of \"ind\", which is never found"
-                                     : "\"txt\" has no line for it");
+        return refused(headword, place == text.size() ? "it sorts after the last line of \"ind\", which is never found"
+                                                      : "\"txt\" has no line for it");
     return {};
 }
 
@@ -78,7 +73,8 @@ Result insertMissing(const Correction& correction, const ImageDictionaryMap& pag
 
 /// Joins a correction with an earlier one of the same entry. False if it is not one.
 bool joined(Correction& earlier, const Correction& later) {
-    if (later.kind == CorrectionKind::Page && later.headword == earlier.headword && later.was == earlier.page)
+    if (later.kind == CorrectionKind::Page && earlier.kind != CorrectionKind::Headword &&
+        later.headword == earlier.headword && later.was == earlier.page)
         earlier.page = later.page;
     else if (later.kind == CorrectionKind::Headword && earlier.kind != CorrectionKind::Page &&
              later.was == earlier.headword)
@@ -90,10 +86,14 @@ bool joined(Correction& earlier, const Correction& later) {
 
 } // namespace
 
+const char* nameOf(CorrectionKind kind) {
+    return kKinds[static_cast<std::size_t>(kind)];
+}
+
 std::string formatCorrections(const std::vector<Correction>& corrections) {
     std::string table = "change\theadword\tpage\twas\n";
     for (const Correction& each : corrections) {
-        table += kKinds[static_cast<std::size_t>(each.kind)].second;
+        table += nameOf(each.kind);
         for (const std::string& field : {each.headword, each.page, each.was})
             table += '\t' + tabSeparatedField(field);
         table += '\n';
@@ -106,12 +106,12 @@ std::vector<Correction> parseCorrections(std::string_view table) {
     std::vector<Correction> corrections;
     for (std::size_t row = 0; row < rows.rowCount(); ++row) {
         const auto field = [&](std::string_view column) { return std::string(rows.field(row, column)); };
-        const std::string name = field("change");
-        const auto kind = std::find_if(kKinds.begin(), kKinds.end(), [&](const auto& each) { return each.second == name; });
-        Correction read{.kind = CorrectionKind::Page, .headword = field("headword"), .page = field("page"), .was = field("was")};
+        const auto kind = std::find(kKinds.begin(), kKinds.end(), field("change"));
+        Correction read{
+            .kind = CorrectionKind::Page, .headword = field("headword"), .page = field("page"), .was = field("was")};
         if (kind == kKinds.end() || read.headword.empty() || read.page.empty())
             continue;
-        read.kind = kind->first;
+        read.kind = static_cast<CorrectionKind>(kind - kKinds.begin());
         corrections.push_back(std::move(read));
     }
     return corrections;
@@ -129,6 +129,10 @@ void addCorrection(std::vector<Correction>& corrections, const Correction& corre
         return;
     }
     corrections.push_back(correction);
+}
+
+FolderItem correctionsFolder() {
+    return pFiMod_UserPrefContainer.Child("Corrections");
 }
 
 FolderItem correctionsFile(const FolderItem& folder, const FolderItem& dictionary) {

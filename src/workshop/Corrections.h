@@ -27,7 +27,7 @@ struct Correction {
     friend bool operator==(const Correction&, const Correction&) = default;
 };
 
-/// A table (workshop/SeparatedValues.h) with the columns change ("page", "headword" or "missing"), headword, page and
+/// A table (workshop/SeparatedValues.h) with the columns change (nameOf), headword, page and
 /// was, one row a correction in the order in which they were made.
 std::string formatCorrections(const std::vector<Correction>& corrections);
 /// Rows that are not corrections are left out.
@@ -36,6 +36,11 @@ std::vector<Correction> parseCorrections(std::string_view table);
 /// Adds a correction to those made before. One of what an earlier one has made is joined with it.
 void addCorrection(std::vector<Correction>& corrections, const Correction& correction);
 
+/// "page", "headword" or "missing".
+const char* nameOf(CorrectionKind kind);
+
+/// The user's folder of corrections, in pFiMod_UserPrefContainer.
+FolderItem correctionsFolder();
 /// The file that keeps the corrections of a dictionary: GROUP/DICTIONARY.tsv in `folder`. It is outside the dictionary,
 /// so that an update does not remove it.
 FolderItem correctionsFile(const FolderItem& folder, const FolderItem& dictionary);

@@ -1,10 +1,12 @@
 #include "workshop/DictionaryCorrector.h"
 
 #include "files/AtomicFile.h"
+#include "files/Leftovers.h"
 #include "files/NewFile.h"
 #include "files/ReadOnlyFile.h"
 #include "files/StagedMembers.h"
 #include "files/SystemCalls.h"
+#include "maintenance/InterruptedUpdate.h"
 #include "maintenance/Update.h"
 #include "text/NilObjectException.h"
 
@@ -35,9 +37,13 @@ Result writeMember(const fs::path& place, const FolderItem& replaced, std::strin
 
 } // namespace
 
-Result DictionaryCorrector::open(const FolderItem& dictionary, const FolderItem& corrections,
+Result DictionaryCorrector::open(const FolderItem& folder, const FolderItem& corrections,
                                  DictionaryCorrector& corrector) {
+    const FolderItem dictionary = folder.Name().empty() ? folder.Parent() : folder; // "Birds/"
     corrector.dictionary_ = dictionary;
+    Work quiet;
+    if (!dictionary.Alias())
+        undoInterruptedUpdate(dictionary, quiet);
     if (const Result read = DictionaryText::read(dictionary, corrector.read_); !read)
         return read;
     try {
@@ -51,6 +57,7 @@ Result DictionaryCorrector::open(const FolderItem& dictionary, const FolderItem&
     corrector.text_ = corrector.read_;
     corrector.unsaved_.clear();
     corrector.file_ = correctionsFile(corrections, dictionary);
+    clearLeftovers(corrector.file_.path().parent_path(), quiet);
     corrector.kept_ = parseCorrections(readWholeFile(corrector.file_).value_or(""));
     return {};
 }

@@ -36,10 +36,10 @@ std::string sentenceOf(std::string_view word, const TriedWord& tried) {
                                          inQuotes(tried.after) + ".";
     const std::string page = tried.number.empty() ? tried.file : tried.number + " (" + tried.file + ")";
     const std::string opens = tried.file.empty() ? " opens no page." : " opens page " + page + ".";
-    const std::string where = tried.exact ? " It is a headword."
-                              : tried.after.empty()
-                                  ? " It comes after the last headword, " + inQuotes(tried.before) + "."
-                                  : " It comes between " + inQuotes(tried.before) + " and " + inQuotes(tried.after) + ".";
+    const std::string where =
+        tried.exact           ? " It is a headword."
+        : tried.after.empty() ? " It comes after the last headword, " + inQuotes(tried.before) + "."
+                              : " It comes between " + inQuotes(tried.before) + " and " + inQuotes(tried.after) + ".";
     return inQuotes(word) + opens + where;
 }
 

@@ -62,6 +62,10 @@ Result DictionaryCorrector::open(const FolderItem& folder, const FolderItem& cor
     return {};
 }
 
+const std::string& DictionaryCorrector::captionOf(const std::string& file) const {
+    return pages_.has(file) ? pageList_.captions[static_cast<std::size_t>(pages_.value(file))] : file;
+}
+
 std::vector<Correction> DictionaryCorrector::due() const {
     std::vector<Correction> due;
     if (kept_.empty())

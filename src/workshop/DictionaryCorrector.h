@@ -23,6 +23,8 @@ class DictionaryCorrector {
     const DictionaryText& text() const { return text_; }
     const PageList& pageList() const { return pageList_; }
     const ImageDictionaryMap& pages() const { return pages_; }
+    /// What the "Page" menu calls a page; its file name if it is not there.
+    const std::string& captionOf(const std::string& file) const;
     /// The corrections of before.
     const std::vector<Correction>& kept() const { return kept_; }
     /// Those of before that the dictionary needs again, as after an update.

@@ -3,12 +3,10 @@
 #include "files/Descriptor.h"
 #include "files/FolderItem.h"
 #include "files/Result.h"
-#include "reading/PageReading.h"
 #include "workshop/BookSettings.h"
 #include "workshop/Draft.h"
 #include "workshop/ReadingLog.h"
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -61,11 +59,18 @@ class BookFolder {
     Result saveDraft(const Draft& draft) const;
 
     /// What was read so far, by the name of the page; pages that are gone may be among them.
-    std::map<std::string, LoggedReading> readings() const;
+    Readings readings() const;
     /// The file of the readings.
-    FolderItem readingsFile() const;
+    FolderItem readingsFile() const { return folder_.Child("readings.jsonl"); }
 
   private:
+    Result lock();
+    Result make();
+    Result readSettings();
+    Result findSource();
+    Result linkTo(const FolderItem& source);
+    FolderItem file(const char* name) const { return FolderItem(folder_.path() / name); }
+
     FolderItem folder_, source_;
     BookSettings settings_;
     Descriptor lock_;

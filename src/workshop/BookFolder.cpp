@@ -4,12 +4,14 @@
 #include "files/ReadOnlyFile.h"
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
-#include "store/ImageIndex.h"
 #include "scan/PageOrder.h"
+#include "store/FileNames.h"
+#include "store/ImageIndex.h"
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <unordered_map>
 
 namespace velmarin {
 
@@ -20,12 +22,15 @@ namespace {
 constexpr const char* kSettings = "book.json";
 constexpr const char* kSource = "source";
 constexpr const char* kDraft = "draft.tsv";
-constexpr const char* kPages = "pages";
 
 /// Whether `inner` is `outer` or somewhere in it.
 bool isIn(const FolderItem& inner, const FolderItem& outer) {
     const fs::path path(inner.AbsolutePath()), top(outer.AbsolutePath());
     return std::mismatch(top.begin(), top.end(), path.begin(), path.end()).first == top.end();
+}
+
+std::string stemOf(const std::string& name) {
+    return mFiMod_RemoveExtesionFromFileName(name);
 }
 
 /// The page of the scan that a picture in the folder of the book was taken out of: 12 for "p0012a.tif".
@@ -124,22 +129,47 @@ Result BookFolder::saveSettings(BookSettings settings) {
     return {};
 }
 
-FolderItem BookFolder::pageFolder() const {
-    return settings_.takesPagesOut(source_.Directory()) ? file(kPages) : source_;
+bool BookFolder::takesPagesOut() const {
+    return !source_.Directory() || settings_.pages.spread || !settings_.pages.turned.empty();
 }
 
-std::vector<ScannedPage> BookFolder::pages() const {
-    const bool takenOut = settings_.takesPagesOut(source_.Directory());
-    const FolderItem folder = pageFolder();
+std::vector<std::string> BookFolder::scanFiles() const {
+    std::vector<std::string> names = pictureNames(source_);
+    sortPages(names);
+    return names;
+}
+
+std::vector<ScannedPage> BookFolder::takenPages() const {
+    const FolderItem folder = takenPagesFolder();
     std::vector<std::string> names = pictureNames(folder);
     sortPages(names);
     std::vector<ScannedPage> pages;
-    int number = 0;
-    for (std::string& name : names) {
-        number = takenOut ? pageOfPicture(name) : number + 1;
-        if (!settings_.leavesOut(number))
-            pages.push_back({name, number, FolderItem(folder.path() / name)});
+    if (!source_.Directory()) {
+        for (const std::string& name : names)
+            pages.push_back({name, pageOfPicture(name), FolderItem(folder.path() / name)});
+        return pages;
     }
+    std::unordered_map<std::string, std::string> byStem;
+    for (const std::string& name : names)
+        byStem.try_emplace(stemOf(name), name);
+    int number = 0;
+    for (const std::string& file : scanFiles()) {
+        ++number;
+        for (const char* half : {"", "a", "b"})
+            if (const auto found = byStem.find(stemOf(file) + half); found != byStem.end())
+                pages.push_back({found->second, number, FolderItem(folder.path() / found->second)});
+    }
+    return pages;
+}
+
+std::vector<ScannedPage> BookFolder::pages() const {
+    std::vector<ScannedPage> pages;
+    if (takesPagesOut())
+        pages = takenPages();
+    else
+        for (const std::string& name : scanFiles())
+            pages.push_back({name, static_cast<int>(pages.size()) + 1, FolderItem(source_.path() / name)});
+    std::erase_if(pages, [this](const ScannedPage& page) { return settings_.leavesOut(page.scanPage); });
     return pages;
 }
 

@@ -49,8 +49,6 @@ struct PageSettings {
 
 /// How a book is read and what is made of it.
 struct BookSettings {
-    /// Whether its pages have pictures of their own in the folder of the book, because the scan has none for them.
-    bool takesPagesOut(bool scanIsFolder) const { return !scanIsFolder || pages.spread || !pages.turned.empty(); }
     bool leavesOut(int page) const;
 
     std::vector<std::string> languages = {"eng"}; ///< as Tesseract calls them

@@ -23,9 +23,9 @@ struct ChildLimits {
 
 /// A program to be run as a child.
 struct ChildProgram {
-    std::filesystem::path file;         ///< an absolute path: see programOnPath
-    std::vector<std::string> arguments; ///< without the program's name; no shell reads them
-    std::filesystem::path folder = {};  ///< its working folder; empty: the caller's
+    std::filesystem::path file = {};         ///< an absolute path: see programOnPath
+    std::vector<std::string> arguments = {}; ///< without the program's name; no shell reads them
+    std::filesystem::path folder = {};       ///< its working folder; empty: the caller's
     ChildLimits limits = {};
     /// Called about fifty times a second; if it returns false, the program is stopped. Empty: never.
     std::function<bool()> mayContinue = {};
@@ -42,8 +42,8 @@ struct ChildResult {
     };
     End end = End::NotStarted;
     int exitStatus = -1;
-    std::string output; ///< its standard output, byte for byte; empty unless it exited
-    std::string errors; ///< the first few kilobytes of its error output
+    std::string output = {}; ///< its standard output, byte for byte; empty unless it exited
+    std::string errors = {}; ///< the first few kilobytes of its error output
 
     bool ok() const { return end == End::Exited && exitStatus == 0; }
 };

@@ -3,12 +3,10 @@
 #include "files/Descriptor.h"
 #include "files/FolderItem.h"
 #include "files/Result.h"
-#include "reading/PageReading.h"
 #include "workshop/BookSettings.h"
 #include "workshop/Draft.h"
 #include "workshop/ReadingLog.h"
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -32,7 +30,8 @@ enum class BookAccess {
 ///     source          a link to the scan
 ///     draft.tsv       the draft
 ///     readings.jsonl  what was read of its pages (ReadingLog)
-///     pages/          the pictures, if they had to be taken out of the scan, cut or turned
+///     pages/          the pictures, if they had to be taken out of the scan, cut or turned: those of a folder by its
+///                     names, with "a" and "b" for two that were cut; "p0001.tif" and so on for those of a file
 ///
 /// The scan is never written to. A folder with anything but a book in it is refused.
 class BookFolder {
@@ -50,22 +49,36 @@ class BookFolder {
     const BookSettings& settings() const { return settings_; }
     Result saveSettings(BookSettings settings);
 
-    /// The pages in the order of the book, without those that are left out. Those of a scan that must be taken out are
-    /// there after DraftRun has done so.
+    /// Whether its pages have pictures in the folder of the book, because the scan has no files of its own for them.
+    bool takesPagesOut() const;
+    /// The pages in the order of the book, without those that are left out. Those that have to be taken out are there
+    /// after readBook (workshop/DraftRun.h) has done so.
     std::vector<ScannedPage> pages() const;
     /// The folder of their pictures.
-    FolderItem pageFolder() const;
+    FolderItem pageFolder() const { return takesPagesOut() ? takenPagesFolder() : source_; }
+    /// The pages that are in the folder of the book, those that are left out too.
+    std::vector<ScannedPage> takenPages() const;
+    FolderItem takenPagesFolder() const { return file("pages"); }
+    /// The pictures of a scan that is a folder, in the order of its pages.
+    std::vector<std::string> scanFiles() const;
 
     /// The draft as it was last saved, without a row if there is none yet. Fails if the file is not a draft.
     Result loadDraft(Draft& draft) const;
     Result saveDraft(const Draft& draft) const;
 
     /// What was read so far, by the name of the page; pages that are gone may be among them.
-    std::map<std::string, LoggedReading> readings() const;
+    Readings readings() const;
     /// The file of the readings.
-    FolderItem readingsFile() const;
+    FolderItem readingsFile() const { return file("readings.jsonl"); }
 
   private:
+    Result lock();
+    Result make();
+    Result readSettings();
+    Result findSource();
+    Result linkTo(const FolderItem& source);
+    FolderItem file(const char* name) const { return FolderItem(folder_.path() / name); }
+
     FolderItem folder_, source_;
     BookSettings settings_;
     Descriptor lock_;

@@ -49,6 +49,8 @@ struct PageSettings {
 
 /// How a book is read and what is made of it.
 struct BookSettings {
+    bool leavesOut(int page) const;
+
     std::vector<std::string> languages = {"eng"}; ///< as Tesseract calls them
     PageSettings pages = {};
     std::vector<PageSpan> leftOut = {};
@@ -57,6 +59,11 @@ struct BookSettings {
     IndexOrder order = {};
     bool independent = false;
     About about = {};
+
+    /// What the pictures in the folder of the book were taken out of, and how: if one of the two is another now, they
+    /// have to be taken out again.
+    std::string takenFrom = {};
+    PageSettings takenAs = {};
 };
 
 /// The settings as JSON, and back. nullopt for what is not the settings of a book.

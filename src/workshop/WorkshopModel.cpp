@@ -89,13 +89,20 @@ void WorkshopModel::step(int by) {
     select(visible_[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(at + by, 0, last))]);
 }
 
-void WorkshopModel::goToDoubtful(int direction) {
+std::optional<std::size_t> WorkshopModel::nextDoubtful(int direction) const {
     const std::size_t count = draft_.pages.size();
     const std::size_t onward = direction > 0 ? 1 : count - 1;
     for (std::size_t steps = 1; steps <= count; ++steps)
         if (const std::size_t row = (*current_ + steps * onward) % count; isDoubtful(draft_.pages[row]))
-            return select(row);
-    display_->showAllDone();
+            return row;
+    return std::nullopt;
+}
+
+void WorkshopModel::goToDoubtful(int direction) {
+    if (const auto row = nextDoubtful(direction))
+        select(*row);
+    else
+        display_->showAllDone();
 }
 
 void WorkshopModel::setDoubtfulOnly(bool only) {
@@ -119,11 +126,6 @@ void WorkshopModel::take(const PageWords& words) {
         return;
     set(words);
     goToDoubtful();
-}
-
-void WorkshopModel::takeWithoutHeadwords() {
-    if (current_)
-        take({.number = currentPage().number});
 }
 
 void WorkshopModel::undo() {

@@ -45,6 +45,9 @@ class WorkshopModel {
     void select(std::size_t row);
     /// Moves through the visible rows, and stays at the ends.
     void step(int by);
+    /// The doubtful page that comes next, or with -1 the one before, from one end of the book to the other; the current
+    /// one comes last. nullopt if no page is doubtful.
+    std::optional<std::size_t> nextDoubtful(int direction = 1) const;
     /// Goes to the next doubtful page, or with -1 to the one before; from one end of the book to the other.
     void goToDoubtful(int direction = 1);
 
@@ -53,12 +56,11 @@ class WorkshopModel {
     bool doubtfulOnly() const { return doubtfulOnly_; }
     void setDoubtfulOnly(bool only);
 
-    /// Sets the current page to these words, mends the others and saves. Does nothing if it is so already.
+    /// Sets the current page to these words, mends the others and saves. A page without words has no headwords. Does
+    /// nothing if it is so already.
     void set(const PageWords& words);
     /// The same, and goes to the next doubtful page.
     void take(const PageWords& words);
-    /// Sets the current page as one without headwords, and goes to the next doubtful page.
-    void takeWithoutHeadwords();
 
     bool canUndo() const { return history_.canUndo(); }
     bool canRedo() const { return history_.canRedo(); }

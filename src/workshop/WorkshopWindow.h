@@ -11,6 +11,7 @@ namespace velmarin {
 
 class Host;
 class WorkshopDesk;
+class WorkshopMenus;
 
 /// The window in which a scanned book becomes a dictionary. Shows a WorkshopDesk with the book that is open, or, if
 /// none is, what can be opened.
@@ -23,20 +24,25 @@ class WorkshopWindow : public QMainWindow {
     void open(const std::filesystem::path& bookOrScan);
     /// Shows a book in place of the one before. The draft is where the work begins.
     void openBook(std::unique_ptr<WorkshopBook> book, Draft draft);
+    void chooseBook();
+    /// Asks for a file.
+    void chooseScan();
+    /// Asks for a scan that is a folder of pictures.
+    void chooseFolder();
 
     /// nullptr while no book is open.
     WorkshopDesk* desk() const { return desk_; }
-    /// The menu of what is done with the book as a whole.
-    QMenu& bookMenu() const { return *bookMenu_; }
+    WorkshopMenus& menus() const { return *menus_; }
 
-  signals:
-    /// Another book is open, or what the menus depend on has changed.
-    void bookChanged();
+  protected:
+    void closeEvent(QCloseEvent* event) override;
 
   private:
+    void showWelcome();
+
     Host& host_;
     WorkshopDesk* desk_ = nullptr;
-    QMenu* bookMenu_;
+    WorkshopMenus* menus_;
 };
 
 } // namespace velmarin

@@ -31,6 +31,7 @@ namespace {
 constexpr QSize kFirstSize(1100, 760);
 constexpr QSize kLeastSize(640, 420);
 constexpr int kRowPadding = 6;
+constexpr int kPageColumn = 10; // characters
 constexpr int kScreenfulDown = 1;
 
 QString inQuotes(const std::string& text) {
@@ -95,7 +96,7 @@ QWidget* CorrectionWindow::makeTop() {
     row->addWidget(wordEF_, 1);
     row->addWidget(foundST_, 2);
     connect(wordEF_, &QLineEdit::textEdited, this, &CorrectionWindow::lookUp);
-    connect(wordEF_, &QLineEdit::returnPressed, this, &CorrectionWindow::correctPage);
+    connect(wordEF_, &QLineEdit::returnPressed, this, &CorrectionWindow::takePage);
     return top;
 }
 
@@ -113,14 +114,15 @@ QWidget* CorrectionWindow::makeMiddle() {
     entriesLB_->verticalHeader()->hide();
     entriesLB_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     entriesLB_->horizontalHeader()->setHighlightSections(false);
-    entriesLB_->horizontalHeader()->setStretchLastSection(true);
+    entriesLB_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    entriesLB_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(entriesLB_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& now) { pickEntry(now.row()); });
     pagesLB_ = new ListBox(middle);
     pagesLB_->setObjectName(QStringLiteral("PagesLB"));
     pagesLB_->setAccessibleName(QStringLiteral("Pages of the dictionary"));
     connect(pagesLB_, &ListBox::Change, this, [this] { pickPage(pagesLB_->ListIndex()); });
-    connect(pagesLB_, &QAbstractItemView::activated, this, &CorrectionWindow::correctPage);
+    connect(pagesLB_, &QAbstractItemView::activated, this, &CorrectionWindow::takePage);
     canvas_ = new SmartCanvas(host_, middle);
     canvas_->setObjectName(QStringLiteral("PageCanvas"));
     canvas_->setMode(kAdjustByWidth);
@@ -179,7 +181,7 @@ Result CorrectionWindow::open(const FolderItem& dictionary, std::string_view wor
         return opened;
     setWindowTitle(QStringLiteral("%1 – Velmarin Workshop").arg(toQ(corrector_.dictionary().Name())));
     pagesLB_->setRows(corrector_.pageList().captions);
-    entriesLB_->setColumnWidth(0, 150);
+    entriesLB_->setColumnWidth(1, fontMetrics().averageCharWidth() * kPageColumn);
     wordEF_->setText(toQ(word));
     due_ = corrector_.due();
     showCorrected();
@@ -207,7 +209,7 @@ void CorrectionWindow::lookUp() {
 
 void CorrectionWindow::showEntry(std::optional<std::size_t> line) {
     line_ = line;
-    const QSignalBlocker quiet(entriesLB_->selectionModel());
+    showing_ = true;
     if (line) {
         const QModelIndex index = entries_->index(static_cast<int>(*line), 0);
         entriesLB_->selectRow(index.row());
@@ -218,12 +220,12 @@ void CorrectionWindow::showEntry(std::optional<std::size_t> line) {
         entriesLB_->clearSelection();
         headwordEF_->clear();
     }
-    entriesLB_->viewport()->update();
+    showing_ = false;
     showChoices();
 }
 
 void CorrectionWindow::pickEntry(int line) {
-    if (line < 0)
+    if (line < 0 || showing_)
         return;
     wordEF_->setText(toQ(corrector_.text().headword(static_cast<std::size_t>(line))));
     foundST_->clear();
@@ -231,7 +233,9 @@ void CorrectionWindow::pickEntry(int line) {
 }
 
 void CorrectionWindow::showPage(const std::string& file) {
-    pagesLB_->setListIndex(corrector_.pages().has(file) ? corrector_.pages().value(file) : -1);
+    const int row = corrector_.pages().has(file) ? corrector_.pages().value(file) : -1;
+    pagesLB_->setListIndex(row);
+    pagesLB_->scrollTo(pagesLB_->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 void CorrectionWindow::pickPage(int row) {
@@ -255,17 +259,22 @@ void CorrectionWindow::showChoices() {
     pageBT_->setEnabled(entry && !page.empty() && corrector_.text().page(*line_) != page);
     addBT_->setText(QStringLiteral("&Add %1 on page %2").arg(inQuotes(word), caption));
     addBT_->setVisible(!word.empty() && !isThere);
-    addBT_->setEnabled(!page.empty());
+    addBT_->setEnabled(!page.empty() && !(entry && corrector_.text().page(*line_) == page));
     headwordEF_->setEnabled(entry);
     headwordBT_->setEnabled(entry && fromQ(headwordEF_->text()) != headword);
     const std::size_t unsaved = corrector_.unsaved().size();
-    stateST_->setText(unsaved > 0 ? QStringLiteral("%1 not saved").arg(countOf(unsaved))
-                      : due_.empty()
-                          ? QStringLiteral("%1 of yours in this dictionary").arg(countOf(corrector_.kept().size()))
-                          : QStringLiteral("An update has undone %1 of yours.").arg(countOf(due_.size())));
+    stateST_->setText(stateInWords());
     againBT_->setVisible(!due_.empty());
     undoBT_->setEnabled(unsaved > 0);
     saveBT_->setEnabled(unsaved > 0);
+}
+
+QString CorrectionWindow::stateInWords() const {
+    if (const std::size_t unsaved = corrector_.unsaved().size(); unsaved > 0)
+        return QStringLiteral("%1 not saved").arg(countOf(unsaved));
+    if (!due_.empty())
+        return QStringLiteral("An update has undone %1 of yours.").arg(countOf(due_.size()));
+    return QStringLiteral("Up and Down turn the pages. If another page is right, press Return while it is shown.");
 }
 
 void CorrectionWindow::fail(const Result& result) {
@@ -279,11 +288,17 @@ void CorrectionWindow::correct(const Correction& correction) {
 }
 
 void CorrectionWindow::showCorrected() {
-    {
-        const QSignalBlocker quiet(entriesLB_->selectionModel());
-        entries_->reread();
-    }
+    showing_ = true;
+    entries_->reread();
+    showing_ = false;
     lookUp();
+}
+
+void CorrectionWindow::takePage() {
+    if (addBT_->isVisible())
+        addHeadword();
+    else
+        correctPage();
 }
 
 void CorrectionWindow::correctPage() {
@@ -303,7 +318,8 @@ void CorrectionWindow::correctHeadword() {
 }
 
 void CorrectionWindow::addHeadword() {
-    correct({CorrectionKind::Missing, typedWord(), shownPage()});
+    if (addBT_->isEnabled())
+        correct({CorrectionKind::Missing, typedWord(), shownPage()});
 }
 
 void CorrectionWindow::correctAgain() {
@@ -336,6 +352,11 @@ void CorrectionWindow::save() {
     wordEF_->setFocus();
     if (const std::string message = failureMessage(result); !message.empty())
         host_.MsgBox(message);
+}
+
+void CorrectionWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    lookUp(); // scrolls the lists, which have their sizes now
 }
 
 void CorrectionWindow::closeEvent(QCloseEvent* event) {

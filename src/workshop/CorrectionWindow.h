@@ -36,6 +36,7 @@ class CorrectionWindow : public QMainWindow {
     const DictionaryCorrector& corrector() const { return corrector_; }
 
   protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -52,7 +53,10 @@ class CorrectionWindow : public QMainWindow {
     void showEntry(std::optional<std::size_t> line);
     void showPage(const std::string& file);
     void showChoices();
+    QString stateInWords() const;
 
+    /// Corrects the page of the word: of its entry, or by an entry of its own.
+    void takePage();
     void correctPage();
     void correctHeadword();
     void addHeadword();
@@ -71,6 +75,7 @@ class CorrectionWindow : public QMainWindow {
     DictionaryCorrector corrector_;
     std::vector<Correction> due_;
     std::optional<std::size_t> line_; ///< the current entry
+    bool showing_ = false;            ///< the rows are being set, not picked
     bool saving_ = false;
     EntryTable* entries_;
     QLineEdit *wordEF_, *headwordEF_;

@@ -38,7 +38,6 @@ Command installCommand();
 Command updateCommand();
 Command exportCommand();
 Command makeCommand();
-Command correctionsCommand(); ///< a part of "make"
 Command userDictionaryCommand();
 
 } // namespace velmarin

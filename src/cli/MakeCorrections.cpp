@@ -1,6 +1,6 @@
-#include "cli/Commands.h"
 #include "cli/FolderArgument.h"
 #include "cli/MaintenanceReport.h"
+#include "cli/MakeParts.h"
 #include "cli/Operands.h"
 #include "files/Leftovers.h"
 #include "store/UserPreferencesFolder.h"
@@ -79,7 +79,7 @@ Job define(CLI::App& command) {
 
 } // namespace
 
-Command correctionsCommand() {
+Command makeCorrectionsPart() {
     return {.name = "corrections",
             .summary = "List what was corrected in a dictionary, and correct it again",
             .help = kHelp,

@@ -4,6 +4,7 @@
 #include "text/LetterCase.h"
 #include "text/UnicodeForms.h"
 #include "workshop/DictionaryText.h"
+#include "workshop/GuideWords.h"
 
 #include <utility>
 
@@ -66,6 +67,15 @@ TriedWord TryIt::find(std::string_view word) const {
     tried.number = pages_[line.page].number;
     tried.exact = headwords_.contains(typed);
     return tried;
+}
+
+TryIt tryDraft(const Draft& draft, const KeyRule& rule, const IndexOrder& order) {
+    const std::vector<BookEntry> entries = entriesOf(draft, rule, order);
+    std::vector<BookPage> pages;
+    pages.reserve(draft.pages.size());
+    for (const DraftPage& page : draft.pages)
+        pages.push_back({page.page, page.number});
+    return {entries, planIndex(entries, rule, order), std::move(pages), order};
 }
 
 TriedWord tryIn(const DictionaryText& text, const PageList& list, const ImageDictionaryMap& pages,

@@ -3,6 +3,7 @@
 #include "store/HeadwordIndex.h"
 #include "text/SearchWord.h"
 #include "workshop/BookTable.h"
+#include "workshop/Draft.h"
 #include "workshop/IndexPlan.h"
 
 #include <string>
@@ -39,6 +40,9 @@ class TryIt {
     std::unordered_set<std::string> headwords_; ///< as they are searched for
     IndexOrder order_;
 };
+
+/// The dictionary that a draft would make.
+TryIt tryDraft(const Draft& draft, const KeyRule& rule, const IndexOrder& order);
 
 class DictionaryText;
 struct PageList;

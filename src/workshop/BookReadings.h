@@ -1,0 +1,42 @@
+#pragma once
+
+#include "workshop/BookFolder.h"
+#include "workshop/DraftMending.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace velmarin {
+
+/// What was read of a book until now, ready to be shown and mended. Made in the background: it takes a moment for a
+/// large book.
+class BookReadings {
+  public:
+    BookReadings() = default;
+    explicit BookReadings(const BookFolder& book);
+
+    /// nullptr for a page that the book does not have.
+    const ScannedPage* page(const std::string& name) const;
+    /// Empty if the page was not read.
+    PageBox headStrip(const std::string& name) const;
+    /// nullptr if the page was not read.
+    const PageGuess* guess(const std::string& name) const;
+
+    /// Rows for all pages that were read, with those of `draft` that a person has set. Rows of `draft` for pages that
+    /// were not read stay, if the book still has the page.
+    Draft mended(const Draft& draft) const;
+
+  private:
+    struct ReadPage {
+        ScannedPage scanned;
+        PageBox headStrip = {};
+    };
+    std::vector<ReadPage> pages_;
+    std::vector<PageGuess> guesses_;
+    KeyRule rule_;
+    IndexOrder order_;
+    std::unordered_map<std::string, std::size_t> pageAt_, guessAt_;
+};
+
+} // namespace velmarin

@@ -1,6 +1,5 @@
 #include "workshop/BookReadings.h"
 
-#include <iterator>
 #include <utility>
 
 namespace velmarin {
@@ -16,9 +15,7 @@ std::unordered_map<std::string, const DraftPage*> rowsByPage(const Draft& draft)
 
 } // namespace
 
-BookReadings::BookReadings(const BookFolder& book) : order_(book.settings().order) {
-    if (auto rule = KeyRule::parse(book.settings().ignore, book.settings().alike))
-        rule_ = std::move(*rule);
+BookReadings::BookReadings(const BookFolder& book) : BookReadings() {
     Readings readings = book.readings();
     std::vector<PageReading> read;
     for (ScannedPage& page : book.pages()) {
@@ -33,6 +30,9 @@ BookReadings::BookReadings(const BookFolder& book) : order_(book.settings().orde
     guesses_ = guessGuideWords(read);
     for (std::size_t i = 0; i < guesses_.size(); ++i)
         guessAt_.emplace(guesses_[i].page, i);
+    rule_ = KeyRule::parse(book.settings().ignore, book.settings().alike).value_or(KeyRule());
+    order_ = book.settings().order;
+    mender_ = DraftMender(guesses_, rule_, order_);
 }
 
 const ScannedPage* BookReadings::page(const std::string& name) const {
@@ -55,7 +55,7 @@ Draft BookReadings::mended(const Draft& draft) const {
     for (const DraftPage& row : draft.pages)
         if (row.state == PageState::Set)
             set.push_back(row);
-    const Draft read = mendedDraft(guesses_, set, rule_, order_);
+    const Draft read = mender_.mended(set);
     const auto mended = rowsByPage(read), before = rowsByPage(draft);
     Draft result;
     for (const ReadPage& page : pages_)

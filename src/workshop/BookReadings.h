@@ -13,7 +13,7 @@ namespace velmarin {
 /// large book.
 class BookReadings {
   public:
-    BookReadings() = default;
+    BookReadings() : mender_({}, {}, {}) {}
     explicit BookReadings(const BookFolder& book);
 
     /// nullptr for a page that the book does not have.
@@ -22,6 +22,9 @@ class BookReadings {
     PageBox headStrip(const std::string& name) const;
     /// nullptr if the page was not read.
     const PageGuess* guess(const std::string& name) const;
+
+    const KeyRule& keyRule() const { return rule_; }
+    const IndexOrder& indexOrder() const { return order_; }
 
     /// Rows for all pages that were read, with those of `draft` that a person has set. Rows of `draft` for pages that
     /// were not read stay, if the book still has the page.
@@ -36,6 +39,7 @@ class BookReadings {
     std::vector<PageGuess> guesses_;
     KeyRule rule_;
     IndexOrder order_;
+    DraftMender mender_;
     std::unordered_map<std::string, std::size_t> pageAt_, guessAt_;
 };
 

@@ -22,11 +22,7 @@ std::string ScannedBook::name() const {
 
 FolderItem ScannedBook::picture(const std::string& page) const {
     const ScannedPage* found = readings_->page(page);
-    return found != nullptr ? found->picture : folder_->pageFolder().Child(page);
-}
-
-KeyRule ScannedBook::keyRule() const {
-    return KeyRule::parse(folder_->settings().ignore, folder_->settings().alike).value_or(KeyRule());
+    return found != nullptr ? found->picture : FolderItem();
 }
 
 Result ScannedBook::save(const Draft& draft) {

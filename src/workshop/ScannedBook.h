@@ -15,6 +15,7 @@ class ScannedBook : public WorkshopBook {
     /// @param folder opened to be written to
     explicit ScannedBook(std::unique_ptr<BookFolder> folder);
 
+    /// While a run reads the book, its settings are the run's.
     BookFolder& folder() { return *folder_; }
     /// What was read, at first nothing; from then on the pages mend by it.
     void takeReadings(std::shared_ptr<const BookReadings> readings) { readings_ = std::move(readings); }
@@ -23,8 +24,8 @@ class ScannedBook : public WorkshopBook {
     FolderItem picture(const std::string& page) const override;
     PageBox headStrip(const std::string& page) const override { return readings_->headStrip(page); }
     const PageGuess* guess(const std::string& page) const override { return readings_->guess(page); }
-    KeyRule keyRule() const override;
-    IndexOrder indexOrder() const override { return folder_->settings().order; }
+    KeyRule keyRule() const override { return readings_->keyRule(); }
+    IndexOrder indexOrder() const override { return readings_->indexOrder(); }
     Draft mended(const Draft& draft) const override { return readings_->mended(draft); }
     Result save(const Draft& draft) override;
     std::optional<Draft> changedOutside() override;

@@ -1,5 +1,7 @@
 #include "workshop/BookReadings.h"
 
+#include "workshop/DraftMending.h"
+
 #include <utility>
 
 namespace velmarin {
@@ -15,7 +17,9 @@ std::unordered_map<std::string, const DraftPage*> rowsByPage(const Draft& draft)
 
 } // namespace
 
-BookReadings::BookReadings(const BookFolder& book) : BookReadings() {
+BookReadings::BookReadings() : mender_(std::make_shared<const DraftMender>(std::vector<PageGuess>(), rule_, order_)) {}
+
+BookReadings::BookReadings(const BookFolder& book) {
     Readings readings = book.readings();
     std::vector<PageReading> read;
     for (ScannedPage& page : book.pages()) {
@@ -32,7 +36,7 @@ BookReadings::BookReadings(const BookFolder& book) : BookReadings() {
         guessAt_.emplace(guesses_[i].page, i);
     rule_ = KeyRule::parse(book.settings().ignore, book.settings().alike).value_or(KeyRule());
     order_ = book.settings().order;
-    mender_ = DraftMender(guesses_, rule_, order_);
+    mender_ = std::make_shared<const DraftMender>(guesses_, rule_, order_);
 }
 
 const ScannedPage* BookReadings::page(const std::string& name) const {
@@ -55,7 +59,7 @@ Draft BookReadings::mended(const Draft& draft) const {
     for (const DraftPage& row : draft.pages)
         if (row.state == PageState::Set)
             set.push_back(row);
-    const Draft read = mender_.mended(set);
+    const Draft read = mender_->mended(set);
     const auto mended = rowsByPage(read), before = rowsByPage(draft);
     Draft result;
     for (const ReadPage& page : pages_)

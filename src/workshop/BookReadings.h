@@ -1,19 +1,23 @@
 #pragma once
 
+#include "reading/PageGuess.h"
 #include "workshop/BookFolder.h"
-#include "workshop/DraftMending.h"
+#include "workshop/KeyRule.h"
 
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
 namespace velmarin {
 
+class DraftMender;
+
 /// What was read of a book until now, ready to be shown and mended. Made in the background: it takes a moment for a
 /// large book.
 class BookReadings {
   public:
-    BookReadings() : mender_({}, {}, {}) {}
+    BookReadings();
     explicit BookReadings(const BookFolder& book);
 
     /// nullptr for a page that the book does not have.
@@ -39,7 +43,7 @@ class BookReadings {
     std::vector<PageGuess> guesses_;
     KeyRule rule_;
     IndexOrder order_;
-    DraftMender mender_;
+    std::shared_ptr<const DraftMender> mender_;
     std::unordered_map<std::string, std::size_t> pageAt_, guessAt_;
 };
 

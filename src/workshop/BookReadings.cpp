@@ -22,7 +22,7 @@ BookReadings::BookReadings() : mender_(std::make_shared<const DraftMender>(std::
 BookReadings::BookReadings(const BookFolder& book) {
     Readings readings = book.readings();
     std::vector<PageReading> read;
-    for (ScannedPage& page : book.pages()) {
+    for (BookPicture& page : book.pages()) {
         ReadPage each{.scanned = std::move(page)};
         if (const auto found = readings.find(each.scanned.name); found != readings.end()) {
             each.headStrip = found->second.reading.headStrip;
@@ -39,7 +39,7 @@ BookReadings::BookReadings(const BookFolder& book) {
     mender_ = std::make_shared<const DraftMender>(guesses_, rule_, order_);
 }
 
-const ScannedPage* BookReadings::page(const std::string& name) const {
+const BookPicture* BookReadings::page(const std::string& name) const {
     const auto found = pageAt_.find(name);
     return found == pageAt_.end() ? nullptr : &pages_[found->second].scanned;
 }

@@ -21,7 +21,7 @@ class BookReadings {
     explicit BookReadings(const BookFolder& book);
 
     /// nullptr for a page that the book does not have.
-    const ScannedPage* page(const std::string& name) const;
+    const BookPicture* page(const std::string& name) const;
     /// Empty if the page was not read.
     PageBox headStrip(const std::string& name) const;
     /// nullptr if the page was not read.
@@ -36,7 +36,7 @@ class BookReadings {
 
   private:
     struct ReadPage {
-        ScannedPage scanned;
+        BookPicture scanned;
         PageBox headStrip = {};
     };
     std::vector<ReadPage> pages_;

@@ -21,7 +21,7 @@ std::string ScannedBook::name() const {
 }
 
 FolderItem ScannedBook::picture(const std::string& page) const {
-    const ScannedPage* found = readings_->page(page);
+    const BookPicture* found = readings_->page(page);
     return found != nullptr ? found->picture : FolderItem();
 }
 

@@ -21,7 +21,6 @@ namespace {
 
 constexpr const char* kSettings = "book.json";
 constexpr const char* kSource = "source";
-constexpr const char* kDraft = "draft.tsv";
 
 /// Whether `inner` is `outer` or somewhere in it.
 bool isIn(const FolderItem& inner, const FolderItem& outer) {
@@ -174,7 +173,7 @@ std::vector<BookPicture> BookFolder::pages() const {
 }
 
 Result BookFolder::loadDraft(Draft& draft) const {
-    const FolderItem item = file(kDraft);
+    const FolderItem item = draftFile();
     draft = {};
     if (!item.occupied())
         return {};
@@ -187,7 +186,7 @@ Result BookFolder::loadDraft(Draft& draft) const {
 }
 
 Result BookFolder::saveDraft(const Draft& draft) const {
-    return velmarin::saveDraft(draft, file(kDraft).path());
+    return velmarin::saveDraft(draft, draftFile().path());
 }
 
 Readings BookFolder::readings() const {

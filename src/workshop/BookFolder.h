@@ -65,6 +65,7 @@ class BookFolder {
     /// The draft as it was last saved, without a row if there is none yet. Fails if the file is not a draft.
     Result loadDraft(Draft& draft) const;
     Result saveDraft(const Draft& draft) const;
+    FolderItem draftFile() const { return file("draft.tsv"); }
 
     /// What was read so far, by the name of the page; pages that are gone may be among them.
     Readings readings() const;

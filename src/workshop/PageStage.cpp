@@ -101,8 +101,9 @@ const DraftPage* PageStage::pageAt(int by) const {
 void PageStage::wantPictures() {
     std::vector<FolderItem> files;
     const auto want = [&](const DraftPage* page) {
-        if (page != nullptr)
-            files.push_back(model_.book().picture(page->page));
+        const FolderItem file = page == nullptr ? FolderItem() : model_.book().picture(page->page);
+        if (!file.isNil())
+            files.push_back(file);
     };
     for (const int by : {0, 1, -1})
         want(pageAt(by));

@@ -20,6 +20,7 @@ class WorkshopBook {
 
     /// For the title of the window.
     virtual std::string name() const = 0;
+    /// Nil while it is not known.
     virtual FolderItem picture(const std::string& page) const = 0;
     /// What a person must see of the picture to read the guide words; empty if unknown.
     virtual PageBox headStrip(const std::string& page) const = 0;

@@ -62,6 +62,8 @@ void WorkshopModel::takeRead(Draft draft) {
         const auto same = [&](const DraftPage& row) { return row == currentPage(); };
         return std::none_of(draft.pages.begin(), draft.pages.end(), same);
     }();
+    if (draft == draft_)
+        return;
     std::swap(draft_, draft);
     current_ = rowOf(page);
     if (!current_ && !draft_.pages.empty())
@@ -70,6 +72,7 @@ void WorkshopModel::takeRead(Draft draft) {
     if (currentChanged)
         display_->showCurrentPage();
     display_->showCounts();
+    save();
 }
 
 void WorkshopModel::select(std::size_t row) {

@@ -30,7 +30,7 @@ class WorkshopModel {
     void showIn(WorkshopDisplay& display) { display_ = &display; }
     /// Begins with this draft, at its first doubtful page.
     void open(Draft draft);
-    /// Takes the rows of pages that were read meanwhile. Those that a person has set stay.
+    /// Takes the rows of pages that were read meanwhile, and saves. Rows that a person has set stay.
     void takeRead(Draft draft);
 
     WorkshopBook& book() const { return book_; }

@@ -10,6 +10,7 @@
 namespace velmarin {
 
 class Host;
+class ReadingControl;
 class WorkshopDesk;
 class WorkshopMenus;
 
@@ -19,6 +20,7 @@ class WorkshopWindow : public QMainWindow {
     Q_OBJECT
   public:
     explicit WorkshopWindow(Host& host);
+    ~WorkshopWindow() override;
 
     /// Opens the working folder of a book, or the book of a scan, for which it asks where it is to be.
     void open(const std::filesystem::path& bookOrScan);
@@ -32,6 +34,8 @@ class WorkshopWindow : public QMainWindow {
 
     /// nullptr while no book is open.
     WorkshopDesk* desk() const { return desk_; }
+    /// nullptr unless the book of a scan is open.
+    ReadingControl* reading() const { return reading_.get(); }
     WorkshopMenus& menus() const { return *menus_; }
 
   protected:
@@ -39,10 +43,13 @@ class WorkshopWindow : public QMainWindow {
 
   private:
     void showWelcome();
+    /// Does nothing for an empty path.
+    void openChosen(const std::filesystem::path& chosen);
 
     Host& host_;
     WorkshopDesk* desk_ = nullptr;
     WorkshopMenus* menus_;
+    std::unique_ptr<ReadingControl> reading_; ///< only for the book of a scan
 };
 
 } // namespace velmarin

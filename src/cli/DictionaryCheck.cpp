@@ -8,8 +8,8 @@
 #include "files/Leftovers.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
-#include "search/DictionarySearch.h"
 #include "store/DictionaryItem.h"
+#include "store/TxtLine.h"
 
 #include <algorithm>
 #include <optional>

@@ -16,16 +16,20 @@
 #include "text/Utf8.h"
 
 #include <cerrno>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace velmarin {
 
 namespace fs = std::filesystem;
 
 namespace {
+
+using MayChange = std::function<Result(const FolderItem& copy)>;
 
 bool isRealFolder(const FolderItem& item) {
     return !item.Alias() && item.Directory();
@@ -34,8 +38,8 @@ bool isRealFolder(const FolderItem& item) {
 /// Updates the installed copies one by one.
 class Updater {
   public:
-    Updater(const FolderItem& dictionary, const FolderItem& backups, const Progress& progress)
-        : dictionary_(dictionary), backups_(backups), work_(progress) {}
+    Updater(const FolderItem& dictionary, const FolderItem& backups, const Progress& progress, MayChange mayChange)
+        : dictionary_(dictionary), backups_(backups), work_(progress), mayChange_(std::move(mayChange)) {}
 
     MaintenanceResult run(const std::vector<FolderItem>& copies) {
         if (liesIn(backups_.path(), dictionary_.path())) {
@@ -110,6 +114,10 @@ class Updater {
             if (!saveLeftover(leftover, copy, k))
                 return;
         }
+        if (const Result may = mayChange_ ? mayChange_(copy) : Result(); !may) {
+            result_.failures.push_back(may.failure());
+            return;
+        }
         const auto backup = makeBackup(copy, k);
         if (!backup)
             return;
@@ -150,6 +158,7 @@ class Updater {
     const FolderItem& dictionary_;
     const FolderItem& backups_;
     Work work_;
+    MayChange mayChange_;
     std::map<std::string, TreePlan> members_;
     std::vector<std::string> unreadable_;
     MaintenanceResult result_;
@@ -187,8 +196,9 @@ std::vector<FolderItem> installedCopies(const FolderItem& dictionaryFolder, std:
 }
 
 MaintenanceResult updateDictionary(const FolderItem& dictionary, const std::vector<FolderItem>& copies,
-                                   const FolderItem& backups, const Progress& progress) {
-    return Updater(dictionary, backups, progress).run(copies);
+                                   const FolderItem& backups, const Progress& progress,
+                                   const std::function<Result(const FolderItem& copy)>& mayChange) {
+    return Updater(dictionary, backups, progress, mayChange).run(copies);
 }
 
 } // namespace velmarin

@@ -3,6 +3,7 @@
 #include "files/Work.h"
 #include "maintenance/MaintenanceResult.h"
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -24,8 +25,10 @@ std::vector<FolderItem> installedCopies(const FolderItem& dictionaryFolder, std:
 /// replaced only together. A copy that ends with members of two versions is a failure. After a kill, each old member is
 /// in its place, in the backup or in a hidden folder of the copy, from which the next update restores it.
 ///
-/// Waits while another run has locked the folder that holds a copy's group (lockedFolderOf).
+/// Waits while another run has locked the folder that holds a copy's group (lockedFolderOf). `mayChange` is asked about
+/// each copy under that lock; one that it fails stays as it is.
 MaintenanceResult updateDictionary(const FolderItem& dictionary, const std::vector<FolderItem>& copies,
-                                   const FolderItem& backups, const Progress& progress = {});
+                                   const FolderItem& backups, const Progress& progress = {},
+                                   const std::function<Result(const FolderItem& copy)>& mayChange = {});
 
 } // namespace velmarin

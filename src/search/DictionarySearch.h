@@ -1,24 +1,14 @@
 #pragma once
 
 #include "store/DictionaryItem.h"
+#include "store/TxtLine.h"
 
 #include <cstddef>
-#include <string>
+#include <memory>
 #include <string_view>
 #include <vector>
 
 namespace velmarin {
-
-/// The markup of a txt line. All other text on the line is ignored.
-struct TxtLine {
-    /// The name in the first "<@_name_>"; empty if there is none.
-    std::string imageName;
-    /// The names in "<^_name_>". Each marker is removed before the next search, so removal can form a new one.
-    std::vector<std::string> errata;
-};
-
-/// Reads the markup of one line in linear time. A name is what "<@_(.+?)_>" or "<\^_(.+?)_>" captures.
-TxtLine parseTxtLine(std::string_view line);
 
 /// How a search of one dictionary ended.
 enum class SearchOutcome {

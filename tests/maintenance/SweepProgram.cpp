@@ -1,9 +1,10 @@
-// install, update, export and user-dictionary of velmarin-cli, and "keep SOURCE FOLDER BACKUPS": a user dictionary made
-// as the side window makes it.
+// install, update, export and user-dictionary of velmarin-cli; "keep SOURCE FOLDER BACKUPS": a user dictionary made as
+// the side window makes it; "correct DICTIONARY CORRECTIONS BACKUPS": "make corrections --apply" with these folders.
 
 #include "cli/Commands.h"
 #include "cli/Operands.h"
 #include "side/UserDictionary.h"
+#include "workshop/DictionaryCorrector.h"
 
 #include <unistd.h>
 
@@ -24,13 +25,36 @@ Job defineKeep(CLI::App& command) {
     };
 }
 
+Job defineCorrect(CLI::App& command) {
+    const CLI::Option* folders = addManyOperands(command, "FOLDER", "DICTIONARY CORRECTIONS BACKUPS");
+    return [=](Session& session) {
+        const auto paths = operands(folders);
+        DictionaryCorrector corrector;
+        if (const Result opened =
+                DictionaryCorrector::open(FolderItem(paths.at(0)), FolderItem(paths.at(1)), corrector);
+            !opened) {
+            session.couldNot(opened.failure());
+            return Status::CouldNot;
+        }
+        const std::vector<Correction> due = corrector.due();
+        for (const Correction& each : due)
+            if (const Result made = corrector.correct(each); !made)
+                session.couldNot(made.failure());
+        for (const Failure& each : corrector.save(FolderItem(paths.at(2))).failures)
+            session.couldNot(each);
+        return Status::Done;
+    };
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     CLI::App options;
     Job chosen;
     const Command keep{.name = "keep", .summary = "", .help = "", .define = defineKeep};
-    for (const Command& command : {installCommand(), updateCommand(), exportCommand(), userDictionaryCommand(), keep})
+    const Command correct{.name = "correct", .summary = "", .help = "", .define = defineCorrect};
+    for (const Command& command :
+         {installCommand(), updateCommand(), exportCommand(), userDictionaryCommand(), keep, correct})
         addCommand(options, command, chosen);
     options.parse(guardedArguments(argc, argv));
     Output out(STDOUT_FILENO);

@@ -337,6 +337,38 @@ TEST_P(MaintenanceSweep, UserDictionaryIsTheOldOneOrTheNewOne) {
     }
 }
 
+/// Corrections change a dictionary as an update does, for which all faults are tried.
+class CorrectionSweep : public MaintenanceSweep {};
+
+TEST_P(CorrectionSweep, CorrectedDictionaryIsTheOldOneOrTheNewOne) {
+    const std::string copy = "far/DictionaryFolder/Group/Birds/", end = "\U0010FFFD";
+    const std::map<std::string, std::string> oldPair{{"ind", "auk\nowl\n" + end},
+                                                     {"txt", "<@_a.tif_>\n<@_a.tif_>\n<@_b.tif_>\n"}};
+    const std::map<std::string, std::string> newPair{{"ind", "auk\nemu\nowl\n" + end},
+                                                     {"txt", "<@_a.tif_>\n<@_b.tif_>\n<@_b.tif_>\n<@_b.tif_>\n"}};
+    const auto is = [&](const auto& pair) {
+        return std::all_of(pair.begin(), pair.end(),
+                           [&](const auto& each) { return file(copy + each.first) == "file " + each.second; });
+    };
+    sweep({.command = {"correct", copy, "near/Corrections", "near/Desktop"},
+           .files = {{copy + "ind", oldPair.at("ind")},
+                     {copy + "txt", oldPair.at("txt")},
+                     {copy + "mImg/ImageIndex", "1\na.tif\nb.tif\n"},
+                     {"near/Desktop", "/"},
+                     {"near/Corrections/Group/Birds.tsv",
+                      "change\theadword\tpage\twas\npage\towl\tb.tif\ta.tif\nmissing\temu\tb.tif\t\n"}},
+           .nothingIsLost =
+               [&] {
+                   for (const auto& [name, bytes] : oldPair)
+                       ASSERT_TRUE(isSomewhere(copy, name, {{".", "file " + bytes}}) ||
+                                   isSomewhere("near/Desktop", name, {{".", "file " + bytes}}))
+                           << name;
+               },
+           .isDone = [&] { ASSERT_TRUE(is(newPair)); },
+           .isConsistent = [&] { ASSERT_TRUE(is(oldPair) || is(newPair)); }});
+}
+
+INSTANTIATE_TEST_SUITE_P(Killed, CorrectionSweep, ::testing::Values(std::tuple(Place::OtherFileSystem, Fault::Kill)));
 INSTANTIATE_TEST_SUITE_P(Everywhere, MaintenanceSweep,
                          ::testing::Combine(::testing::Values(Place::SameFileSystem, Place::OtherFileSystem),
                                             ::testing::Values(Fault::Kill, Fault::DiskFull, Fault::TwoErrors)));

@@ -1,0 +1,66 @@
+#include "workshop/BookCommands.h"
+
+#include "platform/Host.h"
+#include "platform/QtText.h"
+#include "workshop/MakeDialog.h"
+#include "workshop/ScannedBook.h"
+#include "workshop/TryItPane.h"
+#include "workshop/WorkshopDesk.h"
+#include "workshop/WorkshopMenus.h"
+#include "workshop/WorkshopWindow.h"
+
+#include <QKeySequence>
+#include <QProcess>
+
+namespace velmarin {
+
+namespace {
+
+ScannedBook* scannedBook(const WorkshopDesk& desk) {
+    return dynamic_cast<ScannedBook*>(&desk.model().book());
+}
+
+/// The pane of the book that is open; it ends with its desk.
+TryItPane& tryItPane(WorkshopDesk& desk, Host& host) {
+    if (auto* pane = desk.findChild<TryItPane*>())
+        return *pane;
+    auto* pane = new TryItPane(desk.model(), host, &desk);
+    QObject::connect(&desk, &WorkshopDesk::changed, pane, &TryItPane::takeDraft);
+    QObject::connect(pane, &TryItPane::pageWanted, &desk, [&desk](const std::string& page) {
+        const auto& pages = desk.model().draft().pages;
+        for (std::size_t row = 0; row < pages.size(); ++row)
+            if (pages[row].page == page)
+                desk.select(row);
+        desk.window()->activateWindow();
+    });
+    return *pane;
+}
+
+void makeDictionary(WorkshopDesk& desk, Host& host, const FolderItem& applicationFolder) {
+    auto* dialog =
+        new MakeDialog(scannedBook(desk)->folder(), applicationFolder.Child("DictionaryFolder"), host, &desk);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    const FolderItem program = applicationFolder.Child("velmarin");
+    QObject::connect(dialog, &MakeDialog::made, &desk,
+                     [&host, program](const std::string& group, const std::string& word) {
+                         if (!QProcess::startDetached(toQ(program.path().native()),
+                                                      {QStringLiteral("--group"), toQ(group), toQ(word)}))
+                             host.MsgBox("The dictionary is made. Velmarin could not be started: \"" +
+                                         program.path().native() + "\".");
+                     });
+    dialog->open();
+}
+
+} // namespace
+
+void addBookCommands(WorkshopWindow& window, Host& host, const FolderItem& applicationFolder) {
+    WorkshopMenus& menus = window.menus();
+    menus.addItem(menus.bookMenu(), QStringLiteral("&Try it…"), Qt::CTRL | Qt::Key_T,
+                  [&host](WorkshopDesk& desk) { tryItPane(desk, host).takeFocus(); });
+    menus.addItem(
+        menus.bookMenu(), QStringLiteral("&Make dictionary…"), Qt::CTRL | Qt::Key_M,
+        [&host, applicationFolder](WorkshopDesk& desk) { makeDictionary(desk, host, applicationFolder); },
+        [](WorkshopDesk& desk) { return scannedBook(desk) != nullptr; });
+}
+
+} // namespace velmarin

@@ -1,0 +1,131 @@
+#include "workshop/NewBookDialog.h"
+
+#include "controls/PushButton.h"
+#include "platform/Host.h"
+#include "platform/QtText.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QLocale>
+
+namespace velmarin {
+
+namespace {
+
+constexpr int kLanguageRows = 6;
+/// The width of the folder's field, in digits.
+constexpr int kFolderDigits = 56;
+
+/// "Latin (lat)" for "lat".
+QString languageName(const std::string& code) {
+    const QString shown = toQ(code);
+    const QLocale::Language language = QLocale::codeToLanguage(shown);
+    return language == QLocale::AnyLanguage ? shown
+                                            : QStringLiteral("%1 (%2)").arg(QLocale::languageToString(language), shown);
+}
+
+} // namespace
+
+FolderItem proposedBookFolder(const FolderItem& scan) {
+    // A path that ends in "/" has an empty file name.
+    const std::filesystem::path path = scan.path().has_filename() ? scan.path() : scan.path().parent_path();
+    const std::string name = scan.Directory() ? path.filename().native() : path.stem().native();
+    return FolderItem(path.parent_path() / (name + " book"));
+}
+
+NewBookDialog::NewBookDialog(const FolderItem& scan, const std::vector<std::string>& languages, Host& host,
+                             QWidget* parent)
+    : QDialog(parent), host_(host), folder_(new QLineEdit(pathToQ(proposedBookFolder(scan).path()), this)),
+      languages_(new QListWidget(this)), spread_(new QCheckBox(QStringLiteral("Each picture shows &two pages"), this)),
+      ok_(new PushButton(QStringLiteral("&Read the book"), this)) {
+    setObjectName(QStringLiteral("NewBookDialog"));
+    setWindowTitle(QStringLiteral("New book"));
+    folder_->setObjectName(QStringLiteral("FolderEF"));
+    languages_->setObjectName(QStringLiteral("LanguagesLB"));
+    ok_->setObjectName(QStringLiteral("ReadBT"));
+    fillLanguages(languages);
+    makeLayout(scan);
+    connect(folder_, &QLineEdit::textChanged, this, &NewBookDialog::refresh);
+    connect(languages_, &QListWidget::itemChanged, this, &NewBookDialog::refresh);
+    connect(ok_, &QPushButton::clicked, this, &QDialog::accept);
+    refresh();
+}
+
+void NewBookDialog::makeLayout(const FolderItem& scan) {
+    folder_->setMinimumWidth(kFolderDigits * folder_->fontMetrics().horizontalAdvance(u'0'));
+    auto* choose = new PushButton(QStringLiteral("&Choose…"), this);
+    choose->setAutoDefault(false);
+    connect(choose, &QPushButton::clicked, this, &NewBookDialog::chooseFolder);
+    auto* folderRow = new QHBoxLayout;
+    folderRow->addWidget(folder_, 1);
+    folderRow->addWidget(choose);
+
+    auto* scanName = new QLabel(pathToQ(scan.path()), this);
+    scanName->setTextFormat(Qt::PlainText);
+    scanName->setWordWrap(true);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+    buttons->addButton(ok_, QDialogButtonBox::AcceptRole);
+    ok_->setDefault(true);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* form = new QFormLayout(this);
+    form->setVerticalSpacing(12);
+    form->addRow(QStringLiteral("Scan"), scanName);
+    form->addRow(QStringLiteral("&Working folder"), folderRow);
+    form->addRow(QStringLiteral("&Languages"), languages_);
+    form->addRow(QString(), spread_);
+    form->addRow(buttons);
+    // A layout in a row is named by the label only if the label knows its field.
+    if (auto* label = qobject_cast<QLabel*>(form->labelForField(folderRow)))
+        label->setBuddy(folder_);
+}
+
+void NewBookDialog::fillLanguages(const std::vector<std::string>& languages) {
+    for (const std::string& code : languages) {
+        if (code == "osd" || code == "equ") // data that find out the script, not a language
+            continue;
+        auto* item = new QListWidgetItem(languageName(code), languages_);
+        item->setData(Qt::UserRole, toQ(code));
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        item->setCheckState(code == "eng" ? Qt::Checked : Qt::Unchecked);
+    }
+    if (languages_->count() == 1)
+        languages_->item(0)->setCheckState(Qt::Checked);
+    languages_->setAccessibleName(QStringLiteral("Languages of the headwords"));
+    languages_->setFixedHeight(kLanguageRows * (languages_->fontMetrics().lineSpacing() + 4) +
+                               2 * languages_->frameWidth());
+}
+
+FolderItem NewBookDialog::folder() const {
+    return FolderItem(pathFromQ(folder_->text().trimmed()));
+}
+
+std::vector<std::string> NewBookDialog::languages() const {
+    std::vector<std::string> codes;
+    for (int row = 0; row < languages_->count(); ++row)
+        if (languages_->item(row)->checkState() == Qt::Checked)
+            codes.push_back(fromQ(languages_->item(row)->data(Qt::UserRole).toString()));
+    return codes;
+}
+
+bool NewBookDialog::spread() const {
+    return spread_->isChecked();
+}
+
+void NewBookDialog::chooseFolder() {
+    const std::filesystem::path chosen = host_.SelectFolder(
+        "Where is the working folder of the book to be?", folder().path().parent_path(), Host::FolderChoice::MayBeNew);
+    if (!chosen.empty())
+        folder_->setText(pathToQ(chosen));
+}
+
+void NewBookDialog::refresh() {
+    // Without language data only the text that the scan itself has can be read.
+    ok_->setEnabled(folder_->text().trimmed().startsWith(u'/') && (languages_->count() == 0 || !languages().empty()));
+}
+
+} // namespace velmarin

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "files/FolderItem.h"
+
+#include <QDialog>
+
+#include <string>
+#include <vector>
+
+class QCheckBox;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+
+namespace velmarin {
+
+class Host;
+
+/// The working folder that is proposed for the book of a scan: beside it, by its name.
+FolderItem proposedBookFolder(const FolderItem& scan);
+
+/// Asks where the working folder of a scan's book is to be, and how the scan is to be read.
+class NewBookDialog : public QDialog {
+    Q_OBJECT
+  public:
+    /// @param languages those that can be read, as Tesseract calls them
+    NewBookDialog(const FolderItem& scan, const std::vector<std::string>& languages, Host& host, QWidget* parent);
+
+    FolderItem folder() const;
+    /// The main one first.
+    std::vector<std::string> languages() const;
+    bool spread() const;
+
+  private:
+    void makeLayout(const FolderItem& scan);
+    void fillLanguages(const std::vector<std::string>& languages);
+    void chooseFolder();
+    void refresh();
+
+    Host& host_;
+    QLineEdit* folder_;
+    QListWidget* languages_;
+    QCheckBox* spread_;
+    QPushButton* ok_;
+};
+
+} // namespace velmarin

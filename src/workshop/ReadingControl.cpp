@@ -1,0 +1,72 @@
+#include "workshop/ReadingControl.h"
+
+#include "platform/QtText.h"
+#include "text/NumberText.h"
+#include "workshop/NoticeBar.h"
+#include "workshop/ReadingBar.h"
+#include "workshop/ScannedBook.h"
+#include "workshop/WorkshopModel.h"
+
+#include <utility>
+
+namespace velmarin {
+
+ReadingControl::ReadingControl(ScannedBook& book, WorkshopModel& model, ReadingBar& bar, NoticeBar& notice)
+    : book_(book), model_(model), bar_(bar), notice_(notice), run_(book.folder(), this) {
+    connect(&run_, &ReadingRun::progressed, this, [this](const ReadingProgress& progress) {
+        if (progress.done < progress.of)
+            bar_.showRunning(progress);
+    });
+    connect(&run_, &ReadingRun::read, this, &ReadingControl::takeReadings);
+    connect(&run_, &ReadingRun::ended, this, &ReadingControl::end);
+    connect(&bar_, &ReadingBar::stopWanted, &run_, &ReadingRun::stop);
+    connect(&bar_, &ReadingBar::goOnWanted, this, &ReadingControl::start);
+}
+
+void ReadingControl::start() {
+    run_.start();
+}
+
+void ReadingControl::changeSettings(std::function<void(BookSettings&)> change) {
+    changes_.push_back(std::move(change));
+    if (run_.running())
+        run_.stop();
+    else if (applyChanges())
+        start();
+}
+
+bool ReadingControl::applyChanges() {
+    BookSettings settings = book_.folder().settings();
+    for (const auto& change : std::exchange(changes_, {}))
+        change(settings);
+    const Result saved = book_.folder().saveSettings(std::move(settings));
+    if (!saved)
+        notice_.tell(toQ(saved.failure().message()));
+    return static_cast<bool>(saved);
+}
+
+void ReadingControl::takeReadings(const std::shared_ptr<const BookReadings>& readings) {
+    book_.takeReadings(readings);
+    model_.takeRead(readings->mended(model_.draft()));
+    emit picturesChanged();
+}
+
+void ReadingControl::end(const BookReadingResult& result) {
+    if (!changes_.empty()) {
+        if (applyChanges())
+            start();
+        return;
+    }
+    if (result.result && !result.stopped)
+        bar_.showDone();
+    else
+        bar_.showStopped();
+    if (!result.result)
+        notice_.tell(QStringLiteral("The book cannot be read: ") + toQ(result.result.failure().message()));
+    else if (!result.failures.empty())
+        notice_.tell(QStringLiteral("%1 pages cannot be read, the first of them because: %2")
+                         .arg(toQ(Str(static_cast<std::int64_t>(result.failures.size()))),
+                              toQ(result.failures.front().message())));
+}
+
+} // namespace velmarin

@@ -1,0 +1,110 @@
+#include "workshop/WorkshopMenus.h"
+
+#include "workshop/PageListPane.h"
+#include "workshop/PageStage.h"
+#include "workshop/WorkshopDesk.h"
+#include "workshop/WorkshopWindow.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+constexpr double kZoomStep = 1.5;
+constexpr double kGreatestZoom = 4;
+
+void zoom(WorkshopDesk& desk, double by) {
+    StripView& strip = desk.stage().strip();
+    strip.setZoom(std::clamp(strip.zoom() * by, 1.0, kGreatestZoom));
+}
+
+bool hasPage(WorkshopDesk& desk) {
+    return desk.model().current().has_value();
+}
+
+} // namespace
+
+WorkshopMenus::WorkshopMenus(WorkshopWindow& window) : QObject(&window), window_(window) {
+    QMenuBar& bar = *window.menuBar();
+    fillFile(*bar.addMenu(QStringLiteral("&File")));
+    fillEdit(*bar.addMenu(QStringLiteral("&Edit")));
+    page_ = bar.addMenu(QStringLiteral("&Page"));
+    fillPage(*page_);
+    fillView(*bar.addMenu(QStringLiteral("&View")));
+    book_ = bar.addMenu(QStringLiteral("&Book"));
+    refresh();
+}
+
+QAction* WorkshopMenus::addItem(QMenu& menu, const QString& text, const QKeySequence& key,
+                                std::function<void(WorkshopDesk&)> action,
+                                std::function<bool(WorkshopDesk&)> possible) {
+    QAction* item = menu.addAction(text);
+    item->setShortcut(key);
+    connect(item, &QAction::triggered, this, [this, action = std::move(action)] {
+        if (window_.desk() != nullptr)
+            action(*window_.desk());
+    });
+    items_.push_back({item, possible ? std::move(possible) : hasPage});
+    return item;
+}
+
+void WorkshopMenus::refresh() {
+    WorkshopDesk* desk = window_.desk();
+    for (const Item& item : items_)
+        item.action->setEnabled(desk != nullptr && item.possible(*desk));
+    wholePage_->setChecked(desk != nullptr && desk->stage().wholePage());
+}
+
+void WorkshopMenus::fillFile(QMenu& menu) {
+    connect(menu.addAction(QStringLiteral("&Open a book…")), &QAction::triggered, &window_,
+            &WorkshopWindow::chooseBook);
+    connect(menu.addAction(QStringLiteral("Open a &scan…")), &QAction::triggered, &window_,
+            &WorkshopWindow::chooseScan);
+    connect(menu.addAction(QStringLiteral("Open a &folder of page images…")), &QAction::triggered, &window_,
+            &WorkshopWindow::chooseFolder);
+    menu.actions().front()->setShortcut(QKeySequence::Open);
+    menu.addSeparator();
+    QAction* quit = menu.addAction(QStringLiteral("&Quit"));
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(quit, &QAction::triggered, &window_, &QWidget::close);
+}
+
+void WorkshopMenus::fillEdit(QMenu& menu) {
+    addItem(
+        menu, QStringLiteral("&Undo"), QKeySequence::Undo, [](WorkshopDesk& desk) { desk.undo(); },
+        [](WorkshopDesk& desk) { return desk.model().canUndo(); });
+    addItem(
+        menu, QStringLiteral("&Redo"), QKeySequence::Redo, [](WorkshopDesk& desk) { desk.redo(); },
+        [](WorkshopDesk& desk) { return desk.model().canRedo(); });
+}
+
+void WorkshopMenus::fillPage(QMenu& menu) {
+    addItem(menu, QStringLiteral("&No headwords on this page"), Qt::Key_F8,
+            [](WorkshopDesk& desk) { desk.takeWithoutHeadwords(); });
+    menu.addSeparator();
+    addItem(menu, QStringLiteral("Next &doubtful page"), Qt::Key_F3, [](WorkshopDesk& desk) { desk.goToDoubtful(1); });
+    addItem(menu, QStringLiteral("&Previous doubtful page"), Qt::SHIFT | Qt::Key_F3,
+            [](WorkshopDesk& desk) { desk.goToDoubtful(-1); });
+}
+
+void WorkshopMenus::fillView(QMenu& menu) {
+    wholePage_ = addItem(menu, QStringLiteral("&Whole page"), Qt::Key_F4,
+                         [this](WorkshopDesk& desk) { desk.stage().setWholePage(wholePage_->isChecked()); });
+    wholePage_->setCheckable(true);
+    addItem(menu, QStringLiteral("&Doubtful pages only"), Qt::CTRL | Qt::Key_D,
+            [](WorkshopDesk& desk) { desk.list().doubtfulOnly()->toggle(); });
+    menu.addSeparator();
+    addItem(menu, QStringLiteral("&Larger strip"), QKeySequence::ZoomIn,
+            [](WorkshopDesk& desk) { zoom(desk, kZoomStep); });
+    addItem(menu, QStringLiteral("&Smaller strip"), QKeySequence::ZoomOut,
+            [](WorkshopDesk& desk) { zoom(desk, 1 / kZoomStep); });
+}
+
+} // namespace velmarin

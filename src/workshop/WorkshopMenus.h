@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+#include <vector>
+
+class QAction;
+class QKeySequence;
+class QMenu;
+class QString;
+
+namespace velmarin {
+
+class WorkshopDesk;
+class WorkshopWindow;
+
+/// The menus of a WorkshopWindow, and their keys.
+class WorkshopMenus : public QObject {
+    Q_OBJECT
+  public:
+    explicit WorkshopMenus(WorkshopWindow& window);
+
+    /// The menu of what is done with the book as a whole.
+    QMenu& bookMenu() const { return *book_; }
+    /// The menu of what is done with the current page.
+    QMenu& pageMenu() const { return *page_; }
+    /// Enables what can be done now.
+    void refresh();
+
+    /// Adds an item that runs `action` with the open book. It is enabled if `possible` says so; without it, if the book
+    /// has a page.
+    QAction* addItem(QMenu& menu, const QString& text, const QKeySequence& key,
+                     std::function<void(WorkshopDesk&)> action, std::function<bool(WorkshopDesk&)> possible = {});
+
+  private:
+    struct Item {
+        QAction* action;
+        std::function<bool(WorkshopDesk&)> possible;
+    };
+    void fillFile(QMenu& menu);
+    void fillEdit(QMenu& menu);
+    void fillPage(QMenu& menu);
+    void fillView(QMenu& menu);
+
+    WorkshopWindow& window_;
+    QMenu *page_ = nullptr, *book_ = nullptr;
+    QAction* wholePage_ = nullptr;
+    std::vector<Item> items_;
+};
+
+} // namespace velmarin

@@ -1,0 +1,95 @@
+#include "workshop/WorkshopWindow.h"
+
+#include "platform/Host.h"
+#include "platform/QtText.h"
+#include "workshop/BookOpener.h"
+#include "workshop/PageStage.h"
+#include "workshop/ReadingBar.h"
+#include "workshop/ReadingControl.h"
+#include "workshop/ScannedBook.h"
+#include "workshop/WelcomePane.h"
+#include "workshop/WorkshopDesk.h"
+#include "workshop/WorkshopMenus.h"
+
+#include <QCloseEvent>
+
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+constexpr QSize kFirstSize(1100, 760);
+constexpr QSize kLeastSize(720, 480);
+
+} // namespace
+
+WorkshopWindow::WorkshopWindow(Host& host) : host_(host), menus_(new WorkshopMenus(*this)) {
+    setObjectName(QStringLiteral("WorkshopWindow"));
+    setMinimumSize(kLeastSize);
+    resize(kFirstSize);
+    showWelcome();
+}
+
+void WorkshopWindow::showWelcome() {
+    setWindowTitle(QStringLiteral("Velmarin Workshop"));
+    auto* welcome = new WelcomePane(this);
+    connect(welcome, &WelcomePane::bookWanted, this, &WorkshopWindow::chooseBook);
+    connect(welcome, &WelcomePane::scanWanted, this, &WorkshopWindow::chooseScan);
+    connect(welcome, &WelcomePane::folderWanted, this, &WorkshopWindow::chooseFolder);
+    setCentralWidget(welcome);
+}
+
+WorkshopWindow::~WorkshopWindow() = default;
+
+void WorkshopWindow::open(const std::filesystem::path& bookOrScan) {
+    if (desk_ != nullptr && !desk_->mayClose())
+        return;
+    std::unique_ptr<BookFolder> folder = openBookOrScan(bookOrScan, host_, this);
+    Draft draft;
+    if (!folder)
+        return;
+    if (const Result loaded = folder->loadDraft(draft); !loaded)
+        return host_.MsgBox(loaded.failure().message());
+    auto book = std::make_unique<ScannedBook>(std::move(folder));
+    ScannedBook& scanned = *book;
+    openBook(std::move(book), std::move(draft));
+    auto* bar = new ReadingBar(desk_);
+    desk_->addToBar(bar);
+    reading_ = std::make_unique<ReadingControl>(scanned, desk_->model(), *bar, desk_->notice());
+    connect(reading_.get(), &ReadingControl::picturesChanged, &desk_->stage(), &PageStage::showCurrentPage);
+    reading_->start();
+}
+
+void WorkshopWindow::chooseBook() {
+    openChosen(host_.SelectFolder("Choose the working folder of a book."));
+}
+
+void WorkshopWindow::chooseScan() {
+    openChosen(
+        host_.GetOpenFile("Choose a scan: a PDF, a DjVu or a TIFF file.", {".pdf", ".djvu", ".djv", ".tif", ".tiff"}));
+}
+
+void WorkshopWindow::chooseFolder() {
+    openChosen(host_.SelectFolder("Choose a folder of page images."));
+}
+
+void WorkshopWindow::openChosen(const std::filesystem::path& chosen) {
+    if (!chosen.empty())
+        open(chosen);
+}
+
+void WorkshopWindow::openBook(std::unique_ptr<WorkshopBook> book, Draft draft) {
+    reading_.reset(); // it reads into the book that goes with the old desk
+    desk_ = new WorkshopDesk(std::move(book), host_, this);
+    setCentralWidget(desk_);
+    setWindowTitle(toQ(desk_->model().book().name()) + QStringLiteral(" – Velmarin Workshop"));
+    connect(desk_, &WorkshopDesk::changed, menus_, &WorkshopMenus::refresh);
+    desk_->model().open(std::move(draft));
+}
+
+void WorkshopWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(desk_ == nullptr || desk_->mayClose());
+}
+
+} // namespace velmarin

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "workshop/WorkshopBook.h"
+
+#include <QMainWindow>
+
+#include <filesystem>
+#include <memory>
+
+namespace velmarin {
+
+class Host;
+class ReadingControl;
+class WorkshopDesk;
+class WorkshopMenus;
+
+/// The window in which a scanned book becomes a dictionary. Shows a WorkshopDesk with the book that is open, or, if
+/// none is, what can be opened.
+class WorkshopWindow : public QMainWindow {
+    Q_OBJECT
+  public:
+    explicit WorkshopWindow(Host& host);
+    ~WorkshopWindow() override;
+
+    /// Opens the working folder of a book, or the book of a scan, for which it asks where it is to be.
+    void open(const std::filesystem::path& bookOrScan);
+    /// Shows a book in place of the one before. The draft is where the work begins.
+    void openBook(std::unique_ptr<WorkshopBook> book, Draft draft);
+    void chooseBook();
+    /// Asks for a file.
+    void chooseScan();
+    /// Asks for a scan that is a folder of pictures.
+    void chooseFolder();
+
+    /// nullptr while no book is open.
+    WorkshopDesk* desk() const { return desk_; }
+    /// nullptr unless the book of a scan is open.
+    ReadingControl* reading() const { return reading_.get(); }
+    WorkshopMenus& menus() const { return *menus_; }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void showWelcome();
+    /// Does nothing for an empty path.
+    void openChosen(const std::filesystem::path& chosen);
+
+    Host& host_;
+    WorkshopDesk* desk_ = nullptr;
+    WorkshopMenus* menus_;
+    std::unique_ptr<ReadingControl> reading_; ///< only for the book of a scan
+};
+
+} // namespace velmarin

@@ -2,11 +2,11 @@
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
 #include "files/ReadOnlyFile.h"
+#include "scan/PageOrder.h"
 #include "store/ImageIndex.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 #include "workshop/NewDictionary.h"
-#include "workshop/PageOrder.h"
 
 #include <filesystem>
 #include <optional>

@@ -1,0 +1,137 @@
+#include "reading/PageColumns.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+struct Interval {
+    int begin = 0, end = 0;
+    int size() const { return end - begin; }
+};
+
+// The stretches of a profile that are at least `least`; white of at most `gap` between them belongs to them.
+std::vector<Interval> stretchesOf(const std::vector<int>& profile, double least, int gap) {
+    std::vector<Interval> stretches;
+    for (int i = 0; i < static_cast<int>(profile.size()); ++i) {
+        if (profile[static_cast<std::size_t>(i)] < least)
+            continue;
+        if (!stretches.empty() && i - stretches.back().end <= gap)
+            stretches.back().end = i + 1;
+        else
+            stretches.push_back({i, i + 1});
+    }
+    return stretches;
+}
+
+// In how many rows of letters a column of pixels lies within a letter's box, widened to close the white between letters
+// and words. The top and the bottom of the page are left out: a page number there may lie over the white between
+// columns.
+std::vector<int> coverAcross(const std::vector<PageBox>& letters, int width, Interval rows, double xHeight) {
+    std::vector<int> steps(static_cast<std::size_t>(width) + 1);
+    const int wider = static_cast<int>(0.2 * xHeight);
+    for (const PageBox& box : letters) {
+        const int middle = box.y + box.height / 2;
+        if (middle < rows.begin || middle >= rows.end)
+            continue;
+        ++steps[static_cast<std::size_t>(std::clamp(box.x - wider, 0, width))];
+        --steps[static_cast<std::size_t>(std::clamp(box.right() + wider, 0, width))];
+    }
+    steps.pop_back();
+    int cover = 0;
+    for (int& step : steps)
+        cover = step += cover;
+    return steps;
+}
+
+Interval rowsOfText(const std::vector<PageBox>& letters) {
+    std::vector<int> middles;
+    for (const PageBox& box : letters)
+        middles.push_back(box.y + box.height / 2);
+    std::ranges::sort(middles);
+    const std::size_t few = middles.size() / 50;
+    return {middles[few], middles[middles.size() - 1 - few]};
+}
+
+double usualCover(const std::vector<int>& cover) {
+    std::vector<double> covered;
+    for (const int count : cover) {
+        if (count > 0)
+            covered.push_back(count);
+    }
+    return medianOf(std::move(covered));
+}
+
+// The stretches of text, without what is too narrow for a column: the edge of the facing page, dirt, a rule.
+std::vector<Interval> textStretches(const std::vector<int>& cover, double xHeight) {
+    const double least = std::max(1.0, 0.12 * usualCover(cover));
+    std::vector<Interval> stretches = stretchesOf(cover, least, static_cast<int>(0.5 * xHeight));
+    int widest = 0;
+    for (const Interval& stretch : stretches)
+        widest = std::max(widest, stretch.size());
+    std::erase_if(stretches,
+                  [&](const Interval& stretch) { return stretch.size() < std::max(0.2 * widest, 4 * xHeight); });
+    return stretches;
+}
+
+// The rows of a column in which there is ink.
+std::vector<LineBand> linesOf(const std::vector<PageBox>& letters, const TextColumn& column, int height,
+                              double xHeight) {
+    std::vector<int> profile(static_cast<std::size_t>(height));
+    std::vector<const PageBox*> inColumn;
+    for (const PageBox& box : letters) {
+        const int middle = box.x + box.width / 2;
+        if (middle < column.left || middle >= column.right)
+            continue;
+        inColumn.push_back(&box);
+        // The middle of a letter alone: what reaches up or down must not join lines.
+        const int shrink = box.height / 5;
+        for (int y = std::max(0, box.y + shrink); y < std::min(height, box.bottom() - shrink); ++y)
+            profile[static_cast<std::size_t>(y)] += box.width;
+    }
+    std::vector<LineBand> lines;
+    for (const Interval& rows : stretchesOf(profile, std::max(2.0, 0.5 * xHeight), 0)) {
+        if (rows.size() < 0.35 * xHeight)
+            continue;
+        LineBand line{rows.begin, rows.end, column.right, column.left};
+        for (const PageBox* box : inColumn) {
+            const int middle = box->y + box->height / 2;
+            if (middle < rows.begin || middle >= rows.end)
+                continue;
+            line.left = std::min(line.left, box->x);
+            line.right = std::max(line.right, box->right());
+        }
+        if (line.left < line.right)
+            lines.push_back(line);
+    }
+    return lines;
+}
+
+} // namespace
+
+std::vector<TextColumn> columnsOf(const StraightPage& page, const std::vector<PageBox>& letters) {
+    if (letters.empty())
+        return {};
+    const int width = pixGetWidth(page.ink.get()), height = pixGetHeight(page.ink.get());
+    const Interval rows = rowsOfText(letters);
+    const int margin = rows.size() / 12;
+    const std::vector<int> cover = coverAcross(letters, width, {rows.begin + margin, rows.end - margin}, page.xHeight);
+    std::vector<TextColumn> columns;
+    for (const Interval& stretch : textStretches(cover, page.xHeight))
+        columns.push_back({stretch.begin, stretch.end, {}});
+    for (std::size_t i = 0; i + 1 < columns.size(); ++i)
+        columns[i].right = columns[i + 1].left = (columns[i].right + columns[i + 1].left) / 2;
+    if (!columns.empty()) {
+        // Guide words and page numbers may reach a little beyond the text.
+        columns.front().left = std::max(0, columns.front().left - static_cast<int>(3 * page.xHeight));
+        columns.back().right = std::min(width, columns.back().right + static_cast<int>(3 * page.xHeight));
+    }
+    for (TextColumn& column : columns)
+        column.lines = linesOf(letters, column, height, page.xHeight);
+    return columns;
+}
+
+} // namespace velmarin

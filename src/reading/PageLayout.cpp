@@ -1,0 +1,258 @@
+#include "reading/PageLayout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+// Which part of the width of the text has a rule across it, somewhere between two heights.
+using RuleCover = std::function<double(int top, int bottom)>;
+
+std::vector<PageBox> lettersOf(const StraightPage& page) {
+    std::vector<PageBox> letters = componentsOf(page.ink.get());
+    std::erase_if(letters, [&](const PageBox& box) {
+        return box.height < 0.4 * page.xHeight || box.height > 4 * page.xHeight || box.width > 12 * page.xHeight;
+    });
+    return letters;
+}
+
+double pitchOf(const std::vector<TextColumn>& columns) {
+    std::vector<double> distances;
+    for (const TextColumn& column : columns) {
+        for (std::size_t i = 1; i < column.lines.size(); ++i)
+            distances.push_back(column.lines[i].middle() - column.lines[i - 1].middle());
+    }
+    return medianOf(std::move(distances));
+}
+
+// The lines at one end of the columns that are at one height.
+struct EdgeRow {
+    std::vector<std::size_t> columns; ///< those that have a line in it
+    PageBox box;
+    double filled = 0;  ///< the part of the text's width that has letters
+    double farther = 0; ///< the distance to the next line, in line pitches; the least of all columns
+    bool ruled = false; ///< there is a rule across the text between it and the next lines
+
+    // How much speaks for a head. A line of the text has at most 1.
+    int score() const {
+        return (ruled ? 3 : 0) + (farther >= 1.35) + (farther >= 1.15) + (filled < 0.7) + (filled < 0.4);
+    }
+};
+
+// Takes rows away from the top of the columns while they look like a head.
+class EdgeFinder {
+  public:
+    EdgeFinder(std::vector<TextColumn> columns, double pitch, double xHeight, RuleCover cover)
+        : columns_(std::move(columns)), pitch_(pitch), xHeight_(xHeight), cover_(std::move(cover)),
+          taken_(columns_.size()) {}
+
+    // Finds at most three rows whose score is at least `least`.
+    void find(int least) {
+        std::vector<std::size_t> taken = taken_;
+        std::vector<PageBox> rows;
+        for (int row = 0; row < 3; ++row) {
+            const std::optional<EdgeRow> edge = takeRow(taken);
+            if (!edge)
+                return;
+            rows.push_back(edge->box);
+            if (edge->score() >= least + (row > 0 ? 1 : 0)) {
+                taken_ = taken;
+                found_ = rows;
+            }
+        }
+    }
+
+    const std::vector<PageBox>& found() const { return found_; }
+    const std::vector<std::size_t>& taken() const { return taken_; }
+
+  private:
+    std::optional<EdgeRow> takeRow(std::vector<std::size_t>& taken) const {
+        const std::optional<double> first = nextMiddle(taken);
+        if (!first)
+            return std::nullopt;
+        EdgeRow row;
+        int left = columns_.back().right, right = 0, top = 0, bottom = 0;
+        double letters = 0;
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (taken[i] == columns_[i].lines.size())
+                continue;
+            const LineBand& line = columns_[i].lines[taken[i]];
+            if (line.middle() > *first + 1.2 * xHeight_)
+                continue;
+            top = row.columns.empty() ? line.top : std::min(top, line.top);
+            bottom = std::max(bottom, line.bottom);
+            left = std::min(left, line.left);
+            right = std::max(right, line.right);
+            letters += line.right - line.left;
+            row.columns.push_back(i);
+            ++taken[i];
+        }
+        row.box = {left, top, right - left, bottom - top};
+        row.filled = letters / textWidth();
+        describeSeparation(row, taken);
+        return row;
+    }
+
+    void describeSeparation(EdgeRow& row, const std::vector<std::size_t>& taken) const {
+        double least = 1e9;
+        int below = row.box.bottom() + static_cast<int>(4 * pitch_);
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (taken[i] == columns_[i].lines.size())
+                continue;
+            const LineBand& next = columns_[i].lines[taken[i]];
+            below = std::min(below, next.top);
+            const bool inRow = std::ranges::find(row.columns, i) != row.columns.end();
+            least = std::min(least, next.middle() - (inRow ? columns_[i].lines[taken[i] - 1].middle()
+                                                           : row.box.y + row.box.height / 2.0));
+        }
+        row.farther = pitch_ > 0 && least < 1e9 ? least / pitch_ : 0;
+        row.ruled = cover_(row.box.y + row.box.height / 2, std::max(below, row.box.bottom()) + 1) > 0.5;
+    }
+
+    std::optional<double> nextMiddle(const std::vector<std::size_t>& taken) const {
+        std::optional<double> first;
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (taken[i] < columns_[i].lines.size() && (!first || columns_[i].lines[taken[i]].middle() < *first))
+                first = columns_[i].lines[taken[i]].middle();
+        }
+        return first;
+    }
+
+    double textWidth() const { return std::max(1, columns_.back().right - columns_.front().left); }
+
+    std::vector<TextColumn> columns_;
+    double pitch_, xHeight_;
+    RuleCover cover_;
+    std::vector<std::size_t> taken_; // lines that belong to the head, by column
+    std::vector<PageBox> found_;
+};
+
+RuleCover ruleCoverOf(const StraightPage& page, int left, int right) {
+    return [&page, left, right](int top, int bottom) {
+        const int y = std::max(0, top), height = std::min(bottom, pixGetHeight(page.ink.get())) - y;
+        const PixPtr part =
+            page.rules && height > 0 ? cutOut(page.rules.get(), {left, y, right - left, height}) : nullptr;
+        if (!part)
+            return 0.0;
+        int covered = 0;
+        Numa* sums = pixCountPixelsByColumn(part.get());
+        for (int x = 0; x < numaGetCount(sums); ++x) {
+            l_int32 count = 0;
+            numaGetIValue(sums, x, &count);
+            covered += count > 0;
+        }
+        numaDestroy(&sums);
+        return static_cast<double>(covered) / (right - left);
+    };
+}
+
+// The columns upside down, so that the foot becomes the head.
+std::vector<TextColumn> upsideDown(std::vector<TextColumn> columns, int height) {
+    for (TextColumn& column : columns) {
+        std::ranges::reverse(column.lines);
+        for (LineBand& line : column.lines)
+            line = {height - line.bottom, height - line.top, line.left, line.right};
+    }
+    return columns;
+}
+
+void findHeadAndFoot(const StraightPage& page, PageLayout& layout) {
+    const int height = pixGetHeight(page.ink.get());
+    const RuleCover cover = ruleCoverOf(page, layout.columns.front().left, layout.columns.back().right);
+    EdgeFinder head(layout.columns, layout.linePitch, page.xHeight, cover);
+    head.find(2);
+    EdgeFinder foot(upsideDown(layout.columns, height), layout.linePitch, page.xHeight,
+                    [&](int top, int bottom) { return cover(height - bottom, height - top); });
+    foot.find(3);
+    if (!head.found().empty() && head.found().front().y < height / 3)
+        layout.headRows = head.found();
+    if (!foot.found().empty() && foot.found().front().y < height / 3) {
+        for (const PageBox& row : foot.found())
+            layout.footRows.insert(layout.footRows.begin(), {row.x, height - row.bottom(), row.width, row.height});
+    }
+    for (std::size_t i = 0; i < layout.columns.size(); ++i) {
+        auto& lines = layout.columns[i].lines;
+        if (!layout.footRows.empty())
+            lines.resize(lines.size() - std::min(lines.size(), foot.taken()[i]));
+        if (!layout.headRows.empty())
+            lines.erase(lines.begin(),
+                        lines.begin() + static_cast<std::ptrdiff_t>(std::min(lines.size(), head.taken()[i])));
+    }
+}
+
+// The part of the page that a picture covers: what is solid when the white within letters is filled, or has large
+// parts.
+double pictureShare(const StraightPage& page) {
+    const int gap = std::max(2, static_cast<int>(0.5 * page.xHeight)),
+              size = std::max(20, static_cast<int>(3 * page.xHeight));
+    const PixPtr closed(pixCloseSafeBrick(nullptr, page.ink.get(), gap, gap));
+    const PixPtr solid(closed ? pixOpenBrick(nullptr, closed.get(), size, size) : nullptr);
+    l_float32 share = 0;
+    if (solid)
+        pixForegroundFraction(solid.get(), &share);
+    const double area = static_cast<double>(pixGetWidth(page.ink.get())) * pixGetHeight(page.ink.get());
+    double large = 0;
+    for (const PageBox& box : componentsOf(page.ink.get())) {
+        if (box.height > 2 * size && box.width > 2 * size)
+            large += static_cast<double>(box.width) * box.height;
+    }
+    return std::max(static_cast<double>(share), large / area);
+}
+
+PageLook lookOf(const StraightPage& page, const std::vector<PageBox>& letters, const PageLayout& layout) {
+    std::size_t lines = 0;
+    for (const TextColumn& column : layout.columns) {
+        for (const LineBand& line : column.lines)
+            lines += line.right - line.left > (column.right - column.left) / 2;
+    }
+    if (lines >= 15)
+        return PageLook::Text;
+    if (pictureShare(page) > 0.12)
+        return PageLook::Plate;
+    return letters.size() < 12 ? PageLook::Blank : PageLook::Text;
+}
+
+} // namespace
+
+PageLayout layoutOf(const StraightPage& page) {
+    PageLayout layout;
+    if (!page.ink)
+        return layout;
+    const std::vector<PageBox> letters = lettersOf(page);
+    layout.columns = columnsOf(page, letters);
+    layout.linePitch = pitchOf(layout.columns);
+    layout.look = lookOf(page, letters, layout);
+    if (!layout.columns.empty() && layout.look != PageLook::Blank)
+        findHeadAndFoot(page, layout);
+    return layout;
+}
+
+PageBox topOf(const StraightPage& page, const PageLayout& layout) {
+    if (!page.ink)
+        return {};
+    const int width = pixGetWidth(page.ink.get()), height = pixGetHeight(page.ink.get());
+    if (layout.columns.empty())
+        return {0, 0, width, height / 8};
+    const int margin = static_cast<int>(1.2 * page.xHeight);
+    int top = height, bottom = 0;
+    if (!layout.headRows.empty()) {
+        top = layout.headRows.front().y;
+        bottom = layout.headRows.back().bottom();
+    } else {
+        for (const TextColumn& column : layout.columns) {
+            if (!column.lines.empty())
+                top = std::min(top, column.lines.front().top);
+        }
+        bottom = top + static_cast<int>(3 * layout.linePitch);
+    }
+    top = std::max(0, top - margin);
+    return {layout.columns.front().left, top, layout.columns.back().right - layout.columns.front().left,
+            std::min(height, bottom + margin) - top};
+}
+
+} // namespace velmarin

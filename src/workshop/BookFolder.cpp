@@ -139,11 +139,11 @@ std::vector<std::string> BookFolder::scanFiles() const {
     return names;
 }
 
-std::vector<ScannedPage> BookFolder::takenPages() const {
+std::vector<BookPicture> BookFolder::takenPages() const {
     const FolderItem folder = takenPagesFolder();
     std::vector<std::string> names = pictureNames(folder);
     sortPages(names);
-    std::vector<ScannedPage> pages;
+    std::vector<BookPicture> pages;
     if (!source_.Directory()) {
         for (const std::string& name : names)
             pages.push_back({name, pageOfPicture(name), FolderItem(folder.path() / name)});
@@ -162,14 +162,14 @@ std::vector<ScannedPage> BookFolder::takenPages() const {
     return pages;
 }
 
-std::vector<ScannedPage> BookFolder::pages() const {
-    std::vector<ScannedPage> pages;
+std::vector<BookPicture> BookFolder::pages() const {
+    std::vector<BookPicture> pages;
     if (takesPagesOut())
         pages = takenPages();
     else
         for (const std::string& name : scanFiles())
             pages.push_back({name, static_cast<int>(pages.size()) + 1, FolderItem(source_.path() / name)});
-    std::erase_if(pages, [this](const ScannedPage& page) { return settings_.leavesOut(page.scanPage); });
+    std::erase_if(pages, [this](const BookPicture& page) { return settings_.leavesOut(page.scanPage); });
     return pages;
 }
 

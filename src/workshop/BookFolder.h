@@ -13,7 +13,7 @@
 namespace velmarin {
 
 /// A page of a book in the making.
-struct ScannedPage {
+struct BookPicture {
     std::string name; ///< of its picture file, by which the book knows it
     int scanPage = 1; ///< the page of the scan that it is or is a half of, from 1
     FolderItem picture;
@@ -53,11 +53,11 @@ class BookFolder {
     bool takesPagesOut() const;
     /// The pages in the order of the book, without those that are left out. Those that have to be taken out are there
     /// after readBook (workshop/DraftRun.h) has done so.
-    std::vector<ScannedPage> pages() const;
+    std::vector<BookPicture> pages() const;
     /// The folder of their pictures.
     FolderItem pageFolder() const { return takesPagesOut() ? takenPagesFolder() : source_; }
     /// The pages that are in the folder of the book, those that are left out too.
-    std::vector<ScannedPage> takenPages() const;
+    std::vector<BookPicture> takenPages() const;
     FolderItem takenPagesFolder() const { return file("pages"); }
     /// The pictures of a scan that is a folder, in the order of its pages.
     std::vector<std::string> scanFiles() const;

@@ -2,6 +2,7 @@
 
 #include "text/SearchWord.h"
 #include "workshop/About.h"
+#include "workshop/PageSpan.h"
 
 #include <optional>
 #include <string>
@@ -9,33 +10,6 @@
 #include <vector>
 
 namespace velmarin {
-
-/// Pages of a scan, counted from 1 in the order of the scan, both ends included.
-struct PageSpan {
-    int first = 1, last = 1;
-
-    bool has(int page) const { return first <= page && page <= last; }
-    friend bool operator==(const PageSpan&, const PageSpan&) = default;
-};
-
-/// The end of a span that has none.
-inline constexpr int kLastPage = 1'000'000'000;
-
-/// Pages that are turned, clockwise.
-struct TurnedPages {
-    PageSpan pages = {};
-    int degrees = 0; ///< 90, 180 or 270
-
-    friend bool operator==(const TurnedPages&, const TurnedPages&) = default;
-};
-
-/// The printed number of a page; the pages after it count on (workshop/PrintedNumbers.h).
-struct GivenNumber {
-    int page = 1; ///< of the scan, from 1; the first one of two that are cut from it
-    std::string number = {};
-
-    friend bool operator==(const GivenNumber&, const GivenNumber&) = default;
-};
 
 /// What is to be done with a scan to get the pages of the book.
 struct PageSettings {

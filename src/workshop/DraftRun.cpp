@@ -1,8 +1,6 @@
 #include "workshop/DraftRun.h"
 
 #include "scan/ScanSource.h"
-#include "workshop/DraftMending.h"
-#include "workshop/PrintedNumbers.h"
 #include "workshop/ScanPageReader.h"
 #include "workshop/TakenPages.h"
 
@@ -99,11 +97,10 @@ class BookReader {
     }
 
   private:
-    bool isRead(const std::vector<ScannedPage>& pages) const {
-        return !pages.empty() && std::all_of(pages.begin(), pages.end(), [&](const ScannedPage& page) {
+    bool isRead(const std::vector<BookPicture>& pages) const {
+        return !pages.empty() && std::all_of(pages.begin(), pages.end(), [&](const BookPicture& page) {
             const auto found = readings_.find(page.name);
-            return found != readings_.end() &&
-                   isReadingOf(found->second, readingToBe(page.picture, book_.settings()));
+            return found != readings_.end() && isReadingOf(found->second, readingToBe(page.picture, book_.settings()));
         });
     }
 
@@ -158,8 +155,8 @@ class BookReader {
         constexpr std::size_t kEnoughToEstimate = 8;
         if (outcome_.read >= kEnoughToEstimate) {
             const auto passed = std::chrono::steady_clock::now() - began_;
-            progress_.left = std::chrono::ceil<std::chrono::seconds>(
-                passed * (progress_.of - progress_.done) / outcome_.read);
+            progress_.left =
+                std::chrono::ceil<std::chrono::seconds>(passed * (progress_.of - progress_.done) / outcome_.read);
         }
         if (report_)
             report_(progress_);

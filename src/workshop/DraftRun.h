@@ -20,9 +20,9 @@ struct ReadingProgress {
 
 /// What came of the reading of a book.
 struct BookReadingResult {
-    Result result = {};    ///< why it ended before its end
-    bool stopped = false;  ///< because it was asked to; `result` is ok
-    std::size_t read = 0;  ///< pages of the scan that were read in this run
+    Result result = {};     ///< why it ended before its end
+    bool stopped = false;   ///< because it was asked to; `result` is ok
+    std::size_t read = 0;   ///< pages of the scan that were read in this run
     Failures failures = {}; ///< pages of the scan that have no picture, because they could not be taken out
 };
 
@@ -35,8 +35,5 @@ struct BookReadingResult {
 /// @param report called from the calling thread, a few times a second
 BookReadingResult readBook(BookFolder& book, const std::atomic<bool>& stop,
                            const std::function<void(const ReadingProgress&)>& report = {});
-
-/// The draft of what was read so far. Rows of `before` that a person has set stay as they are.
-Draft draftOfReadings(const BookFolder& book, const Draft& before);
 
 } // namespace velmarin

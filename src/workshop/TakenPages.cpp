@@ -25,8 +25,7 @@ Failure notWritten(const fs::path& path) {
 /// Empty for a folder: its pages are compared one by one.
 std::string stampOf(const FolderItem& scan) {
     const auto opened = ReadOnlyFile::open(scan);
-    return opened ? Str(static_cast<std::int64_t>(opened->stamp().size)) + ":" +
-                        Str(opened->stamp().changedNanoseconds)
+    return opened ? Str(static_cast<std::int64_t>(opened->stamp().size)) + ":" + Str(opened->stamp().changedNanoseconds)
                   : std::string();
 }
 
@@ -64,9 +63,9 @@ Result dropStalePages(BookFolder& book) {
     const std::string stamp = stampOf(book.source());
     const bool otherScan = settings.takenFrom != stamp;
     const std::vector<std::string> files = book.source().Directory() ? book.scanFiles() : std::vector<std::string>();
-    for (const ScannedPage& page : book.takenPages()) {
-        const bool changed = !files.empty() && isNewer(book.source().path() / files[page.scanPage - 1U],
-                                                       page.picture.path());
+    for (const BookPicture& page : book.takenPages()) {
+        const bool changed =
+            !files.empty() && isNewer(book.source().path() / files[page.scanPage - 1U], page.picture.path());
         const bool sameWay = book.takesPagesOut() && sameOptions(pageOptions(settings.pages, page.scanPage),
                                                                  pageOptions(settings.takenAs, page.scanPage));
         if ((otherScan || changed || !sameWay) && ::unlink(page.picture.path().c_str()) != 0)
@@ -85,20 +84,20 @@ Result dropStalePages(BookFolder& book) {
 }
 
 PageTaker::PageTaker(const BookFolder& book, const ScanSource& scan) : book_(book), scan_(scan) {
-    for (ScannedPage& page : book.takesPagesOut() ? book.takenPages() : book.pages())
+    for (BookPicture& page : book.takesPagesOut() ? book.takenPages() : book.pages())
         found_[page.scanPage].push_back(std::move(page));
     if (book.source().Directory())
         scanFiles_ = book.scanFiles();
     // A second half without the first one is what a kill has left.
     std::erase_if(found_, [&](const auto& page) {
-        const ScannedPage& first = page.second.front();
+        const BookPicture& first = page.second.front();
         return book.settings().pages.spread && halfOf(first.picture.path()) == "b" &&
                ::unlink(first.picture.path().c_str()) == 0;
     });
 }
 
-const std::vector<ScannedPage>& PageTaker::found(int page) const {
-    static const std::vector<ScannedPage> none;
+const std::vector<BookPicture>& PageTaker::found(int page) const {
+    static const std::vector<BookPicture> none;
     const auto place = found_.find(page);
     return place == found_.end() ? none : place->second;
 }
@@ -122,7 +121,7 @@ PagePictures PageTaker::take(int page, const PageOptions& options) const {
 
 PagePictures PageTaker::takeOfFolder(int page, const PageOptions& options) const {
     PagePictures pictures;
-    for (const ScannedPage& each : found(page))
+    for (const BookPicture& each : found(page))
         pictures.files.push_back(each.picture.path());
     if (!pictures.files.empty())
         return pictures;

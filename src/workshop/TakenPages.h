@@ -23,7 +23,7 @@ class PageTaker {
     PageTaker(const BookFolder& book, const ScanSource& scan);
 
     /// The pictures of a page of the scan that are there already.
-    const std::vector<ScannedPage>& found(int page) const;
+    const std::vector<BookPicture>& found(int page) const;
     /// The pictures of a page of the scan, made if they are not there. May be called from several threads, with
     /// different pages.
     PagePictures take(int page, const PageOptions& options) const;
@@ -33,7 +33,7 @@ class PageTaker {
 
     const BookFolder& book_;
     const ScanSource& scan_;
-    std::map<int, std::vector<ScannedPage>> found_;
+    std::map<int, std::vector<BookPicture>> found_;
     std::vector<std::string> scanFiles_;
 };
 

@@ -3,15 +3,18 @@
 #include <cstddef>
 #include <memory>
 #include <stdexcept>
+#include <utility>
 
 #include <leptonica/allheaders.h>
 
 #include "make_samples/Book.h"
+#include "platform/ChildProgram.h"
 
 namespace velmarin {
 
 namespace {
 
+namespace fs = std::filesystem;
 using PixPointer = std::unique_ptr<Pix, void (*)(Pix*)>;
 
 PixPointer owned(Pix* pix) {
@@ -50,13 +53,55 @@ PixPointer pixOf(const Raster& scan, ScanTone tone) {
     return pix;
 }
 
+void require(bool ok, const fs::path& target) {
+    if (!ok)
+        throw std::runtime_error("cannot write " + target.string());
+}
+
+void bindPdf(const std::vector<fs::path>& pictures, const fs::path& target, int dpi) {
+    SARRAY* names = sarrayCreate(0);
+    for (const fs::path& picture : pictures)
+        sarrayAddString(names, picture.c_str(), L_COPY);
+    const bool ok = saConvertFilesToPdf(names, dpi, 1, L_DEFAULT_ENCODE, 0, nullptr, target.c_str()) == 0;
+    sarrayDestroy(&names);
+    require(ok, target);
+}
+
+void bindTiff(const std::vector<fs::path>& pictures, const fs::path& target) {
+    for (const fs::path& picture : pictures) {
+        const PixPointer pix = owned(pixRead(picture.c_str()));
+        const l_int32 coding = pix && pixGetDepth(pix.get()) == 1 ? IFF_TIFF_G4 : IFF_TIFF_JPEG;
+        const char* mode = &picture == &pictures.front() ? "w" : "a";
+        require(pix && pixWriteTiff(target.c_str(), pix.get(), coding, mode) == 0, target);
+    }
+}
+
+void runTool(const char* name, std::vector<std::string> arguments) {
+    const auto file = programOnPath(name, searchPathOfEnvironment());
+    if (!file || !runChild({.file = *file, .arguments = std::move(arguments)}).ok())
+        throw std::runtime_error(std::string(name) + " is missing or has failed");
+}
+
+/// Each page is coded by itself and removed when the book has it.
+void bindDjvu(const std::vector<fs::path>& pictures, const fs::path& target, int dpi) {
+    std::vector<std::string> bind{"-c", target.string()};
+    for (const fs::path& picture : pictures) {
+        bind.push_back(picture.string() + ".djvu");
+        runTool(picture.extension() == ".tif" ? "cjb2" : "c44",
+                {"-dpi", std::to_string(dpi), picture.string(), bind.back()});
+    }
+    runTool("djvm", bind);
+    for (auto page = bind.begin() + 2; page != bind.end(); ++page)
+        fs::remove(*page);
+}
+
 } // namespace
 
 std::string scanExtension(ScanTone tone) {
     return tone == ScanTone::Bilevel ? ".tif" : ".jpg";
 }
 
-void writeScan(const std::filesystem::path& path, const Raster& scan, ScanTone tone, int dpi, int quality) {
+void writeScan(const fs::path& path, const Raster& scan, ScanTone tone, int dpi, int quality) {
     const PixPointer pix = pixOf(scan, tone);
     pixSetResolution(pix.get(), dpi, dpi);
     const bool failed = tone == ScanTone::Bilevel ? pixWrite(path.c_str(), pix.get(), IFF_TIFF_G4) != 0
@@ -65,36 +110,26 @@ void writeScan(const std::filesystem::path& path, const Raster& scan, ScanTone t
         throw std::runtime_error("cannot write " + path.string());
 }
 
-void writeTruth(const std::filesystem::path& folder, const std::vector<PrintedPage>& pages,
+void writeTruth(const fs::path& folder, const std::vector<PrintedPage>& pages,
                 const std::vector<std::string>& pictures) {
     std::string truth = "page\tnumber\tfirst\tlast\n";
-    std::string headwords = "headword\tpage\n";
+    std::string headwords = "headword\trow\n";
     for (std::size_t i = 0; i < pages.size(); ++i) {
         truth += pictures[i] + "\t" + pages[i].number + "\t" + pages[i].first + "\t" + pages[i].last + "\n";
         for (const std::string& headword : pages[i].headwords)
-            headwords += headword + "\t" + pictures[i] + "\n";
+            headwords += headword + "\t" + std::to_string(i + 1) + "\n";
     }
     writeFile(folder / "truth.tsv", truth);
     writeFile(folder / "headwords.tsv", headwords);
 }
 
-void bindScans(const std::vector<std::filesystem::path>& pictures, const std::filesystem::path& target, int dpi) {
-    bool failed = false;
-    if (target.extension() == ".pdf") {
-        SARRAY* names = sarrayCreate(0);
-        for (const auto& picture : pictures)
-            sarrayAddString(names, picture.c_str(), L_COPY);
-        failed = saConvertFilesToPdf(names, dpi, 1, L_DEFAULT_ENCODE, 0, nullptr, target.c_str()) != 0;
-        sarrayDestroy(&names);
-    } else {
-        for (std::size_t i = 0; i < pictures.size() && !failed; ++i) {
-            const PixPointer pix = owned(pixRead(pictures[i].c_str()));
-            const l_int32 coding = pix && pixGetDepth(pix.get()) == 1 ? IFF_TIFF_G4 : IFF_TIFF_JPEG;
-            failed = !pix || pixWriteTiff(target.c_str(), pix.get(), coding, i == 0 ? "w" : "a") != 0;
-        }
-    }
-    if (failed)
-        throw std::runtime_error("cannot write " + target.string());
+void bindScans(const std::vector<fs::path>& pictures, const fs::path& target, int dpi) {
+    if (target.extension() == ".pdf")
+        bindPdf(pictures, target, dpi);
+    else if (target.extension() == ".djvu")
+        bindDjvu(pictures, target, dpi);
+    else
+        bindTiff(pictures, target);
 }
 
 } // namespace velmarin

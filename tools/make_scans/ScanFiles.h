@@ -17,13 +17,14 @@ std::string scanExtension(ScanTone tone);
 /// naming a file that cannot be written.
 void writeScan(const std::filesystem::path& path, const Raster& scan, ScanTone tone, int dpi, int quality);
 
-/// Writes `truth.tsv` (page, number, first, last: one row a page) and `headwords.tsv` (headword, page) of a scan whose
+/// Writes `truth.tsv` (page, number, first, last: one row a page) and `headwords.tsv` (headword, row: of
+/// its page in truth.tsv, from 1) of a scan whose
 /// pictures have the names `pictures`, one a page.
 void writeTruth(const std::filesystem::path& folder, const std::vector<PrintedPage>& pages,
                 const std::vector<std::string>& pictures);
 
-/// Binds the pictures of a folder into one multi-page TIFF or PDF, by the extension of `target`. Throws
-/// std::runtime_error.
+/// Binds pictures into one file, by the extension of `target`: ".pdf", which holds TIFF and JPEG data as they are,
+/// ".djvu", by the programs of djvulibre, or else a TIFF of many pages. Throws std::runtime_error.
 void bindScans(const std::vector<std::filesystem::path>& pictures, const std::filesystem::path& target, int dpi);
 
 } // namespace velmarin

@@ -137,7 +137,8 @@ int main(int argc, char** argv) {
     app.add_option("--pages", order.pages)->check(CLI::Range(2, 5000))->capture_default_str();
     app.add_option("--dpi", order.dpi)->check(CLI::Range(100, 1200))->capture_default_str();
     app.add_option("--seed", order.seed)->capture_default_str();
-    app.add_option("--bound", order.bound, "Also bind the pictures into this file in FOLDER: NAME.tif or NAME.pdf");
+    app.add_option("--bound", order.bound,
+                   "Also bind the pictures into this file in FOLDER: NAME.tif, NAME.pdf or NAME.djvu");
     app.add_option("--dict-dir", order.dictFolder, "The folder with the .index and .dict.dz files")
         ->capture_default_str();
     app.add_option("--threads", order.threads)->check(CLI::Range(1, 64));

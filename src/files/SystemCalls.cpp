@@ -1,5 +1,7 @@
 #include "files/SystemCalls.h"
 
+#include "files/TemporaryName.h"
+
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -58,6 +60,26 @@ bool setAttributes(int descriptor, mode_t permissions, const timespec& read, con
 
 bool makeFolder(const fs::path& folder) {
     return ::mkdir(folder.c_str(), 0777) == 0;
+}
+
+bool makeLinkTo(const fs::path& target, const fs::path& link) {
+    struct stat old {};
+    const bool replaces = ::lstat(link.c_str(), &old) == 0;
+    if (replaces && !S_ISLNK(old.st_mode)) {
+        errno = EEXIST;
+        return false;
+    }
+    if (!replaces)
+        return ::symlink(target.c_str(), link.c_str()) == 0;
+    const fs::path place = link.parent_path() / newTemporaryName();
+    if (::symlink(target.c_str(), place.c_str()) != 0)
+        return false;
+    if (::rename(place.c_str(), link.c_str()) == 0)
+        return true;
+    const int error = errno;
+    ::unlink(place.c_str());
+    errno = error;
+    return false;
 }
 
 Descriptor openFolder(const fs::path& folder) {

@@ -35,6 +35,9 @@ bool setAttributes(int descriptor, mode_t permissions, const timespec& read, con
 /// Makes a folder that was not there.
 bool makeFolder(const std::filesystem::path& folder);
 
+/// Makes a symbolic link to `target`, or makes an existing link lead there, in one step. Anything else is not replaced.
+bool makeLinkTo(const std::filesystem::path& target, const std::filesystem::path& link);
+
 /// A folder opened for flushing and locking; false if it cannot be opened.
 Descriptor openFolder(const std::filesystem::path& folder);
 

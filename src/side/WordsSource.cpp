@@ -26,14 +26,16 @@ std::string wordsScript(std::string_view word, std::string_view folder) {
     return script;
 }
 
-ScriptResult WordsSource::run(const std::string& word) {
+ChildResult WordsSource::run(const std::string& word) {
     const auto script = context_.preferencesFolder.path() / kScriptName;
     const Result written =
         writeFileAtomically(script, wordsScript(word, context_.wordsFolder), Durability::RenamedOnly);
     if (!written)
         throw NilObjectException("WORDS cannot be asked. " + written.failure().message());
     context_.lookUp.beginWait("WORDS");
-    ScriptResult result = runScript(script, [this] { return context_.lookUp.keepWaiting(); });
+    ChildResult result = runChild({.file = "/bin/sh", .arguments = {script.native()}, .mayContinue = [this] {
+                                       return context_.lookUp.keepWaiting();
+                                   }});
     context_.lookUp.endWait();
     if (result.ok()) {
         const int end = context_.text.textLength();
@@ -48,12 +50,12 @@ bool WordsSource::mLatinWORDS(const std::string& word) {
 }
 
 bool WordsSource::LatinCB_Action() {
-    ScriptResult result;
+    ChildResult result;
     {
         const Busy guard(context_.busy);
         result = run("");
     }
-    if (!result.ok() && result.end != ScriptResult::End::Stopped && !context_.lookUp.shut())
+    if (!result.ok() && result.end != ChildResult::End::Stopped && !context_.lookUp.shut())
         context_.host.askYesNo(kQuestion);
     return result.ok();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/ChildProgram.h"
 #include "side/LookUpSource.h"
-#include "side/ScriptRun.h"
 #include "side/SourceContext.h"
 
 #include <string>
@@ -32,7 +32,7 @@ class WordsSource : public LookUpSource {
     bool LatinCB_Action();
 
   private:
-    ScriptResult run(const std::string& word);
+    ChildResult run(const std::string& word);
 
     SourceContext context_;
 };

@@ -72,7 +72,11 @@ DecodedPicture decodePicture(const FolderItem& file) {
     const std::optional<std::string> bytes = readPictureFile(file, reason);
     if (!bytes)
         return {Picture(), reason};
-    return asPicture(decodeAs(pictureFormat(*bytes, mFiMod_GetExtensionFromFileName(file.Name())), *bytes));
+    return decodePictureBytes(*bytes, mFiMod_GetExtensionFromFileName(file.Name()));
+}
+
+DecodedPicture decodePictureBytes(std::string_view bytes, std::string_view extension) {
+    return asPicture(decodeAs(pictureFormat(bytes, extension), bytes));
 }
 
 DecodedPicture decodeTiffFile(const FolderItem& file) {

@@ -30,6 +30,9 @@ struct DecodedPicture {
 /// and a reason; any other format gives the whole picture or nil. Writes nothing to standard error.
 DecodedPicture decodePicture(const FolderItem& file);
 
+/// Reads a picture from the bytes of a file with this extension, likewise.
+DecodedPicture decodePictureBytes(std::string_view bytes, std::string_view extension);
+
 /// Reads a file as TIFF, whatever its extension.
 DecodedPicture decodeTiffFile(const FolderItem& file);
 

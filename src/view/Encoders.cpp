@@ -54,9 +54,8 @@ PixPtr bilevel(const Picture& picture) {
     return grey ? PixPtr(pixThresholdToBinary(grey.get(), thresholdOf(grey.get()))) : nullptr;
 }
 
-using Writer = l_ok (*)(l_uint8** data, std::size_t* size, Pix* pix);
-
-std::optional<std::string> encodedBy(Pix* pix, Writer write) {
+/// `write` is an `l_ok (l_uint8** data, std::size_t* size, Pix* pix)`.
+template <typename Writer> std::optional<std::string> encodedBy(Pix* pix, Writer write) {
     l_uint8* data = nullptr;
     std::size_t size = 0;
     std::optional<std::string> bytes;
@@ -73,7 +72,7 @@ int otsuThreshold(const Picture& picture) {
     return grey ? thresholdOf(grey.get()) : 128;
 }
 
-std::optional<std::string> encodePicture(const Picture& picture, std::string_view extension) {
+std::optional<std::string> encodePicture(const Picture& picture, std::string_view extension, int jpegQuality) {
     if (picture.isNil())
         return std::nullopt;
     silenceLeptonica();
@@ -91,8 +90,8 @@ std::optional<std::string> encodePicture(const Picture& picture, std::string_vie
         const PixPtr deep(picture.depth() == 1 ? pixConvertTo8(picture.pix(), 0) : pixClone(picture.pix()));
         if (deep)
             pixSetChromaSampling(deep.get(), 0);
-        return encodedBy(deep.get(), [](l_uint8** data, std::size_t* size, Pix* pix) {
-            return pixWriteMemJpeg(data, size, pix, 100, 0);
+        return encodedBy(deep.get(), [jpegQuality](l_uint8** data, std::size_t* size, Pix* pix) {
+            return pixWriteMemJpeg(data, size, pix, jpegQuality, 0);
         });
     }
     if (is("bmp"))

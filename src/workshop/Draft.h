@@ -2,7 +2,6 @@
 
 #include "files/Result.h"
 
-#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -18,6 +17,9 @@ enum class PageState {
     Doubtful, ///< a person has to look at it
     Set,      ///< a person has decided
 };
+
+/// "certain", "mended", "doubtful" or "set".
+std::string_view nameOf(PageState state);
 
 /// One page of a book in the making.
 struct DraftPage {
@@ -42,7 +44,8 @@ struct Draft {
 /// A draft as a table (workshop/SeparatedValues.h) with the columns page, number, first, last, confidence and state.
 std::string formatDraft(const Draft& draft);
 /// Reads what formatDraft writes, and what a spreadsheet makes of it: columns by name in any order, of which only
-/// `page` is needed. A row whose state is missing or unknown counts as Doubtful. nullopt if `page` is missing.
+/// `page` is needed. A row whose state is missing or unknown counts as Doubtful, and one that names no page is left
+/// out. nullopt if there is no column `page`.
 std::optional<Draft> parseDraft(std::string_view text);
 
 /// Writes draft.tsv atomically.

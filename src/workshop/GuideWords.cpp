@@ -23,4 +23,11 @@ std::vector<BookEntry> entriesOf(const std::vector<GuideWords>& guides, const Ke
     return entries;
 }
 
+std::vector<BookEntry> entriesOf(const Draft& draft, const KeyRule& rule, const IndexOrder& order) {
+    std::vector<GuideWords> guides;
+    for (std::size_t i = 0; i < draft.pages.size(); ++i)
+        guides.push_back({.page = i, .first = draft.pages[i].first, .last = draft.pages[i].last});
+    return entriesOf(guides, rule, order);
+}
+
 } // namespace velmarin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "workshop/Draft.h"
 #include "workshop/IndexPlan.h"
 
 #include <cstddef>
@@ -24,5 +25,7 @@ struct GuideWords {
 /// A first word that repeats the last or the only word of the page before names an entry that began there, so that the
 /// page begins with what comes after it; if its last word is the same too, no entry begins on the page.
 std::vector<BookEntry> entriesOf(const std::vector<GuideWords>& guides, const KeyRule& rule, const IndexOrder& order);
+/// The same of a draft, whose rows are the pages.
+std::vector<BookEntry> entriesOf(const Draft& draft, const KeyRule& rule, const IndexOrder& order);
 
 } // namespace velmarin

@@ -68,16 +68,24 @@ class Writer {
         if (const Result possible = check(); !possible)
             return possible;
         const FolderLock lock(lockedFolderOf(group_), FolderLock::Kind::Alone, work_);
-        clearLeftovers(group_.path(), work_);
-        if (group_.Child(name_).occupied())
+        // A new group is staged with the dictionary in it.
+        const bool newGroup = !group_.occupied();
+        const FolderItem home = newGroup ? FolderItem(group_.path().parent_path()) : group_;
+        const std::string member = newGroup ? group_.Name() : name_;
+        clearLeftovers(home.path(), work_);
+        if (!newGroup && group_.Child(name_).occupied())
             return Failure{target_, "an item of that name is already there"};
-        auto staged = StagedMembers::in(group_.path());
+        auto staged = StagedMembers::in(home.path());
         if (!staged)
-            return Failure{group_, "nothing can be written there: " + errorInWords(errno)};
-        top_ = staged->placeOf(name_);
+            return Failure{home, "nothing can be written there: " + errorInWords(errno)};
+        const fs::path place = staged->placeOf(member);
+        top_ = newGroup ? place / name_ : place;
+        if (newGroup && !makeFolder(place))
+            return notWritten({});
         if (const Result written = writeAll(); !written)
             return written;
-        if (!staged->moveTo(name_, target_.path()) || !flushFolder(group_.path()))
+        if ((newGroup && !flushFolder(place)) || !staged->moveTo(member, home.path() / member) ||
+            !flushFolder(home.path()))
             return notWritten({});
         return {};
     }
@@ -142,6 +150,8 @@ class Writer {
             members.emplace_back("Spanish", "");
         if (book_.order.IJUVMode)
             members.emplace_back("IJUV", "");
+        if (const std::string about = aboutText(book_.about); !about.empty())
+            members.emplace_back("About", about);
         for (const auto& [member, text] : members)
             if (const Result written = writeFile(member, text); !written)
                 return written;

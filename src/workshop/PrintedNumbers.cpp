@@ -27,26 +27,6 @@ constexpr std::array<RomanDigit, 13> kRomanDigits{{{1000, "m"},
                                                    {1, "i"}}};
 constexpr int kLargestRoman = 3999;
 
-std::string romanNumber(int value) {
-    std::string text;
-    for (const RomanDigit& digit : kRomanDigits)
-        for (; value >= digit.value; value -= digit.value)
-            text += digit.text;
-    return text;
-}
-
-/// The value of a Roman number in small letters; 0 for what is none.
-int romanValue(std::string_view text) {
-    int value = 0;
-    std::string_view rest = text;
-    for (const RomanDigit& digit : kRomanDigits)
-        while (rest.starts_with(digit.text) && value <= kLargestRoman) {
-            value += digit.value;
-            rest.remove_prefix(digit.text.size());
-        }
-    return value <= kLargestRoman && romanNumber(value) == text ? value : 0;
-}
-
 std::string withCase(std::string text, char lowest, int shift) {
     std::transform(text.begin(), text.end(), text.begin(), [lowest, shift](char c) {
         return c >= lowest && c < lowest + 26 ? static_cast<char>(c + shift) : c;
@@ -75,6 +55,25 @@ std::string nextDecimal(std::string digits) {
 }
 
 } // namespace
+
+std::string romanNumber(int value) {
+    std::string text;
+    for (const RomanDigit& digit : kRomanDigits)
+        for (; value >= digit.value; value -= digit.value)
+            text += digit.text;
+    return text;
+}
+
+int romanValue(std::string_view text) {
+    int value = 0;
+    std::string_view rest = text;
+    for (const RomanDigit& digit : kRomanDigits)
+        while (rest.starts_with(digit.text) && value <= kLargestRoman) {
+            value += digit.value;
+            rest.remove_prefix(digit.text.size());
+        }
+    return value <= kLargestRoman && romanNumber(value) == text ? value : 0;
+}
 
 std::optional<std::string> nextPrintedNumber(std::string_view number) {
     const std::size_t lastOther = number.find_last_not_of("0123456789");

@@ -11,6 +11,10 @@ namespace velmarin {
 /// does not end in a number.
 std::optional<std::string> nextPrintedNumber(std::string_view number);
 
+/// The text of a Roman number of 1 to 3999 in small letters, and the value of such a text; 0 for what is not one.
+std::string romanNumber(int value);
+int romanValue(std::string_view text);
+
 /// Marks a page without a printed number in a list of them, and ends a run.
 inline constexpr std::string_view kNoPrintedNumber = "-";
 

@@ -1,14 +1,10 @@
 #include "SideFixture.h"
-#include "side/ScriptRun.h"
 
 #include "text/NilObjectException.h"
 
 #include <filesystem>
 
 #include <gtest/gtest.h>
-
-#include <poll.h>
-#include <unistd.h>
 
 namespace velmarin {
 namespace {
@@ -251,55 +247,6 @@ TEST(HangingLatin, IsStoppedSilently) {
             fixture.runPosted();
             EXPECT_EQ(closed, by == By::EndOfTheRun);
         }
-}
-
-TEST(ScriptRun, EndsAsTheShellDoes) {
-    using End = ScriptResult::End;
-    const struct {
-        const char* script;
-        End end;
-        int exitStatus;
-        std::string output;
-        std::size_t mostOutput = kMostScriptOutput;
-    } cases[] = {{"printf 'a\\000\\377\\r\\n'", End::Exited, 0, std::string("a\0\xFF\r\n", 5)},
-                 {"echo lost; exit 3", End::Exited, 3, "lost\n"},
-                 {"/no/such/program", End::Exited, 127, ""},
-                 {"cat; echo end", End::Exited, 0, "end\n"},
-                 {"echo x >&2; echo y", End::Exited, 0, "y\n"},
-                 {"echo x; exec >&-; exit 4", End::Exited, 4, "x\n"},
-                 {"kill -TERM $$", End::Killed, -1, ""},
-                 {"yes", End::TooMuch, -1, ""},
-                 {"printf 12345", End::Exited, 0, "12345", 5},
-                 {"printf 123456", End::TooMuch, -1, "", 5}};
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.script);
-        const test::TempFolder folder;
-        const auto mayContinue = [] { return true; };
-        const ScriptResult result = runScript(folder.write("s.sh", each.script), mayContinue, each.mostOutput);
-        EXPECT_EQ(result.end, each.end);
-        EXPECT_EQ(result.exitStatus, each.exitStatus);
-        EXPECT_EQ(result.output, each.output);
-        EXPECT_EQ(result.ok(), each.end == End::Exited && each.exitStatus == 0);
-    }
-}
-
-TEST(ScriptRunEnd, KillsWhatItHasStarted) {
-    for (const bool stopped : {false, true}) {
-        const test::TempFolder folder;
-        const fs::path started = folder.at("started");
-        int held[2]; // every process of the script inherits the write end
-        ASSERT_EQ(::pipe(held), 0);
-        const auto script =
-            folder.write("s.sh", stopped ? "trap '' TERM; sleep 1000 & > '" + started.string() + "'; wait"
-                                         : "sleep 1000 & echo done");
-        const ScriptResult result = runScript(script, [&] { return !stopped || !fs::exists(started); });
-        EXPECT_EQ(result.end, stopped ? ScriptResult::End::Stopped : ScriptResult::End::Exited);
-        EXPECT_EQ(result.output, stopped ? "" : "done\n");
-        ::close(held[1]);
-        pollfd closed{.fd = held[0], .events = POLLIN, .revents = 0};
-        EXPECT_EQ(::poll(&closed, 1, 5000), 1) << "one of them still runs";
-        ::close(held[0]);
-    }
 }
 
 } // namespace

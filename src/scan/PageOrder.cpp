@@ -1,4 +1,4 @@
-#include "workshop/PageOrder.h"
+#include "scan/PageOrder.h"
 
 #include "text/LetterCase.h"
 

@@ -1,0 +1,126 @@
+#include "cli/FolderArgument.h"
+#include "cli/MakeOptions.h"
+#include "cli/MakeParts.h"
+#include "cli/Operands.h"
+#include "files/ReadOnlyFile.h"
+#include "scan/PageOrder.h"
+#include "store/ImageIndex.h"
+#include "text/NumberText.h"
+#include "text/Utf8.h"
+#include "workshop/BookDraft.h"
+#include "workshop/BookTable.h"
+
+#include <optional>
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+constexpr const char* kHelp = R"help(Columns:
+  1  "made", "misplaced" or "unused"
+  2  the dictionary; of a misplaced headword, its page; of an unused row, its
+     number
+  3  the number of lines of ind; the headword; what is wrong with the row
+  4  of a misplaced headword, the headword before it that keeps the order
+  5  the headword after it that does
+
+TABLE is a file of tab- or comma-separated values as spreadsheets save it, in
+UTF-8, with a header row. Its columns, in any order:
+  page      the file name of a page or the number printed on it
+  number    the number printed on the page; later pages count on from it, and
+            "-" ends the run
+  first     the first headword of the page, as in its guide words
+  last      the last headword of the page
+  headword  an entry of the page; one row for each entry
+  errata    files of further pages of the entry, separated by ";"
+One of first and headword is needed. Guide words are enough to find every word.
+
+SOURCE is the folder of the pages, whose names sort in page order (p2 before p10).
+The dictionary is the new folder GROUP/NAME; nothing is replaced. A new group is made.
+
+Headwords that break the order are listed. Each opens its own page, and the words
+around it are found as if it were not there.
+
+Exit status: 0 success, 1 made, but some rows are unused, 2 not made.
+
+Example:
+  velmarin-cli make table --ignore "-' " --alike "ä=ae, ø=o" words.tsv scans \
+      DictionaryFolder/English/Birds)help";
+
+struct Request {
+    std::string table = {}, source = {}, target = {}, extraPages = {};
+    BookSettings settings = {};
+};
+
+std::optional<SeparatedValues> readTable(const std::string& path, Session& session) {
+    const auto text = readWholeFile(FolderItem(path));
+    if (!text || !isValidUtf8(*text)) {
+        session.couldNot(path + (text ? ": it is not UTF-8" : ": it could not be read"));
+        return std::nullopt;
+    }
+    SeparatedValues table = SeparatedValues::parse(*text);
+    if (table.hasColumn("page") && (table.hasColumn("first") || table.hasColumn("headword")))
+        return table;
+    session.couldNot(path + ": its first row needs the columns \"page\" and \"first\" or \"headword\"");
+    return std::nullopt;
+}
+
+std::vector<BookPage> pagesOf(const FolderItem& source) {
+    std::vector<std::string> names = pictureNames(source);
+    sortPages(names);
+    std::vector<BookPage> pages;
+    pages.reserve(names.size());
+    for (std::string& name : names)
+        pages.push_back({std::move(name)});
+    return pages;
+}
+
+Status make(const Request& request, Session& session) {
+    const auto table = readTable(request.table, session);
+    const auto source = folderArgument(request.source, session);
+    const auto place = newPlace(request.target, session);
+    if (!table || !source || !place)
+        return Status::CouldNot;
+
+    NewDictionary book{.pageFolder = *source,
+                       .order = request.settings.order,
+                       .independent = request.settings.independent,
+                       .about = request.settings.about};
+    if (!request.extraPages.empty())
+        book.extraPageFolder = FolderItem(request.extraPages);
+    const KeyRule rule = keyRuleOf(request.settings);
+    BookTable read = readBookTable(*table, pagesOf(*source), rule, book.order);
+    IndexPlan plan = planIndex(read.entries, rule, book.order);
+    book.pages = read.pages;
+    book.lines = std::move(plan.lines);
+    if (!writeDictionary(book, *place, session))
+        return Status::CouldNot;
+    for (const TableProblem& each : read.problems)
+        session.out().record({"unused", Str(static_cast<std::int64_t>(each.row)), each.what});
+    reportMisplaced(read.entries, read.pages, plan.misplaced, session);
+    reportMade(book, request.target, session);
+    return read.problems.empty() ? Status::Done : Status::NothingFound;
+}
+
+Job define(CLI::App& command) {
+    const SettingsChange order = addOrderOptions(command), dictionary = addDictionaryOptions(command);
+    const CLI::Option* extra = addOption(command, "--extra-pages", "FOLDER", "The folder of the errata");
+    const CLI::Option* table = addOperand(command, "TABLE", "The table of the pages");
+    const CLI::Option* source = addOperand(command, "SOURCE", "The folder of the pages");
+    const CLI::Option* target = addOperand(command, "GROUP/NAME", "The new dictionary");
+    return [=](Session& session) {
+        Request request{.table = operand(table), .source = operand(source), .target = operand(target)};
+        request.extraPages = operand(extra);
+        return order(request.settings, session) && dictionary(request.settings, session) ? make(request, session)
+                                                                                         : Status::CouldNot;
+    };
+}
+
+} // namespace
+
+Command makeTablePart() {
+    return {.name = "table", .summary = "Make a dictionary from a table of its pages", .help = kHelp, .define = define};
+}
+
+} // namespace velmarin

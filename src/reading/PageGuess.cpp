@@ -1,0 +1,132 @@
+#include "reading/PageGuess.h"
+
+#include "reading/GuideLayout.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace velmarin {
+
+namespace {
+
+/// What remains of the doubt in a guide word that is also read at the beginning of an entry.
+constexpr double kDoubtOfTwice = 0.02;
+/// An entry's beginning that is almost the guide word, as another reading of it.
+constexpr double kAlmostSame = 0.4;
+constexpr std::size_t kMostReadings = 6;
+
+/// The headword at the beginning of an entry: the bold words, or those before the first mark that ends a headword.
+Guess headwordOf(const TextLine& line) {
+    Guess found{.text = {}, .confidence = 1};
+    const bool bold = !line.words.empty() && line.words.front().bold;
+    for (std::size_t i = 0; i < line.words.size() && i < 4; ++i) {
+        const TextWord& word = line.words[i];
+        if ((bold && !word.bold) || word.text.starts_with('(') || word.text.starts_with('['))
+            break;
+        found.text += (i == 0 ? "" : " ") + word.text;
+        found.confidence = std::min(found.confidence, word.confidence);
+        if (word.text.find_first_of(",;:.([") != std::string::npos)
+            break;
+        if (!bold && i == 3) // no end was found
+            found.text = line.words.front().text;
+    }
+    found.text = trimmedHeadword(found.text.substr(0, found.text.find_first_of(",;:([")));
+    return found;
+}
+
+std::vector<Guess> entriesOn(const PageReading& reading) {
+    std::vector<Guess> entries;
+    for (const auto& column : reading.entryStarts)
+        for (const TextLine& line : column)
+            if (Guess entry = headwordOf(line); !entry.text.empty())
+                entries.push_back(std::move(entry));
+    return entries;
+}
+
+/// Whether one text becomes the other by changing, adding or leaving out one letter of several.
+bool almostSame(const std::string& one, const std::string& other) {
+    if (std::min(one.size(), other.size()) < 4 || one == other)
+        return false;
+    const auto [a, b] = std::mismatch(one.begin(), one.end(), other.begin(), other.end());
+    const auto endsAlike = [&](std::ptrdiff_t skipA, std::ptrdiff_t skipB) {
+        return one.end() - a >= skipA && other.end() - b >= skipB &&
+               std::equal(a + skipA, one.end(), b + skipB, other.end());
+    };
+    return endsAlike(1, 1) || endsAlike(1, 0) || endsAlike(0, 1) || endsAlike(2, 1) || endsAlike(1, 2);
+}
+
+/// Compares the readings of a guide word with the entries of its page.
+void testByEntries(std::vector<Guess>& readings, const std::vector<Guess>& entries) {
+    if (readings.empty())
+        return;
+    const std::string best = lettersOf(readings.front().text);
+    for (const Guess& entry : entries) {
+        const std::string letters = lettersOf(entry.text);
+        const auto same = std::find_if(readings.begin(), readings.end(),
+                                       [&](const Guess& each) { return lettersOf(each.text) == letters; });
+        if (same != readings.end())
+            same->confidence =
+                std::max(same->confidence, 1 - kDoubtOfTwice * (1 - same->confidence * entry.confidence));
+        else if (almostSame(letters, best))
+            readings.push_back({entry.text, std::min(kAlmostSame, entry.confidence)});
+    }
+    std::stable_sort(readings.begin(), readings.end(),
+                     [](const Guess& a, const Guess& b) { return a.confidence > b.confidence; });
+    readings.resize(std::min(readings.size(), kMostReadings));
+}
+
+/// Whether the only word in a head is the first entry (+1) or the last (-1) that is known of its page.
+int entryInHead(const std::vector<HeadPart>& parts, const std::vector<Guess>& entries) {
+    for (const HeadPart& part : parts) {
+        if (part.number || entries.size() < 2)
+            continue;
+        const std::string letters = lettersOf(part.readings.front().text);
+        if (letters == lettersOf(entries.front().text))
+            return 1;
+        if (letters == lettersOf(entries.back().text))
+            return -1;
+    }
+    return 0;
+}
+
+std::vector<Guess> readingsOf(const std::optional<HeadPart>& part) {
+    return part ? part->readings : std::vector<Guess>();
+}
+
+} // namespace
+
+std::vector<PageGuess> guessGuideWords(const std::vector<PageReading>& readings) {
+    const GuideJoint joint = guideJointOf(readings);
+    std::vector<std::vector<HeadPart>> parts;
+    std::vector<std::vector<Guess>> entries;
+    for (const PageReading& reading : readings) {
+        const bool text = reading.look == PageLook::Text;
+        parts.push_back(text ? headPartsOf(reading, joint) : std::vector<HeadPart>());
+        entries.push_back(text ? entriesOn(reading) : std::vector<Guess>());
+    }
+    removeRunningTitles(parts);
+    std::vector<int> firstIsEntry;
+    for (std::size_t i = 0; i < readings.size(); ++i)
+        firstIsEntry.push_back(entryInHead(parts[i], entries[i]));
+    const GuideLayout layout = guideLayoutOf(parts, firstIsEntry);
+
+    std::vector<PageGuess> guesses;
+    for (std::size_t i = 0; i < readings.size(); ++i) {
+        const PlacedParts placed = placedParts(parts[i], layout);
+        PageGuess guess{.page = readings[i].page,
+                        .look = readings[i].look,
+                        .first = readingsOf(placed.first),
+                        .last = readingsOf(placed.last),
+                        .number = readingsOf(placed.number)};
+        testByEntries(guess.first, entries[i]);
+        testByEntries(guess.last, entries[i]);
+        if (guess.first.empty() && guess.last.empty() && !entries[i].empty()) {
+            guess.first = {entries[i].front()};
+            guess.unheaded = layout.kind != GuideLayout::Kind::None;
+        }
+        guesses.push_back(std::move(guess));
+    }
+    return guesses;
+}
+
+} // namespace velmarin

@@ -1,0 +1,63 @@
+#include "scan/FolderScan.h"
+
+#include "files/ReadOnlyFile.h"
+#include "scan/PageOrder.h"
+#include "scan/ScannedPage.h"
+#include "scan/XmlText.h"
+#include "store/FileNames.h"
+#include "store/ImageIndex.h"
+#include "text/LetterCase.h"
+#include "view/Decoders.h"
+
+namespace velmarin {
+
+namespace {
+
+constexpr std::uint64_t kMostTextBytes = std::uint64_t{64} << 20;
+
+class FolderScan : public ScanSource {
+  public:
+    FolderScan(const FolderItem& folder, std::vector<std::string> names)
+        : ScanSource(folder, names.size()), names_(std::move(names)) {}
+
+  private:
+    std::filesystem::path ownFile(std::size_t page) const override { return item().path() / names_[page]; }
+
+    ScannedPage scanned(std::size_t page, const PageOptions&, const std::filesystem::path&) const override {
+        const std::string extension = mFiMod_GetExtensionFromFileName(names_[page]);
+        const bool jpeg = equalStrings(extension, "jpg") || equalStrings(extension, "jpeg");
+        DecodedPicture decoded = decodePicture(FolderItem(ownFile(page)));
+        if (decoded.picture.isNil())
+            return ScannedPage::failed(decoded.reason);
+        return {.picture = std::move(decoded.picture),
+                .encoding = jpeg ? PageEncoding::Photograph : PageEncoding::Lossless};
+    }
+
+    std::optional<PageText> text(std::size_t page, const PageOptions&) const override {
+        for (const char* extension : {".hocr", ".html", ".htm", ".xml"}) {
+            std::filesystem::path beside = ownFile(page);
+            beside.replace_extension(extension);
+            const auto bytes = readWholeFile(FolderItem(beside), kMostTextBytes);
+            if (!bytes)
+                continue;
+            auto read = std::string_view(extension) == ".xml" ? readAlto(*bytes) : readHocr(*bytes);
+            if (read)
+                return read;
+        }
+        return std::nullopt;
+    }
+
+    std::vector<std::string> names_;
+};
+
+} // namespace
+
+OpenedScan openFolderScan(const FolderItem& folder) {
+    std::vector<std::string> names = pictureNames(folder);
+    if (names.empty())
+        return {.result = Failure{folder, "it holds no pictures"}};
+    sortPages(names);
+    return {.scan = std::make_unique<FolderScan>(folder, std::move(names))};
+}
+
+} // namespace velmarin

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "files/FolderItem.h"
+#include "files/Result.h"
+#include "platform/ChildProgram.h"
+#include "scan/PageText.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace velmarin {
+
+/// Whether a picture of a scan shows two pages side by side, and which of them comes first.
+enum class Spread { None, LeftFirst, RightFirst };
+
+/// How a page of a scan becomes page pictures.
+struct PageOptions {
+    int dpi = 300;                ///< of pages that have to be rendered
+    int turn = 0;                 ///< degrees clockwise: 0, 90, 180 or 270
+    Spread spread = Spread::None; ///< pictures that are higher than wide are not cut
+    /// Called about fifty times a second while a child program works; if it returns false, the page is given up. Empty:
+    /// never.
+    std::function<bool()> mayContinue = {};
+};
+
+/// The pictures of a page of a scan.
+struct PagePictures {
+    /// One; two for a spread that was cut, in reading order. Empty on failure.
+    std::vector<std::filesystem::path> files = {};
+    Result result = {};
+    bool stopped = false; ///< mayContinue has ended it; `result` says so too
+};
+
+/// The programs that read PDF and DjVu, and what they may use for a page.
+struct ScanTools {
+    std::string searchPath = searchPathOfEnvironment();
+    ChildLimits limits = {.wall = std::chrono::minutes(3),
+                          .processor = std::chrono::minutes(2),
+                          .memory = std::uint64_t{4} << 30,
+                          .fileSize = std::uint64_t{1} << 30,
+                          .output = std::size_t{1} << 30};
+};
+
+struct ScannedPage;
+
+/// A scanned book: a folder of pictures, a TIFF of many pages, a PDF or a DjVu file. It is never written to. Pages
+/// count from 0. The functions may be called from several threads at a time.
+class ScanSource {
+  public:
+    ScanSource(const ScanSource&) = delete;
+    ScanSource& operator=(const ScanSource&) = delete;
+    virtual ~ScanSource() = default;
+
+    std::size_t pageCount() const { return pageCount_; }
+
+    /// The page as finished picture files. If the scan holds it as a file of its own that needs no turning or cutting,
+    /// that file, and nothing is written. Otherwise files in `folder`, which is made if missing, named after the number
+    /// of the page in the scan: "p0001.tif"; "p0001a.tif" and "p0001b.tif" for a spread (only the first if the picture
+    /// was not cut). Each appears whole and flushed. Files that are there already are taken as they are: remove them
+    /// after a change of options.
+    ///
+    /// 1-bit pictures become TIFF in CCITT G4, and JPEG stays as it is, both without loss; other embedded pictures keep
+    /// their pixels as PNG, or become JPEG if they were coded with loss before. What does not consist of one picture
+    /// that covers the page is rendered. Turning and cutting a JPEG codes it once more.
+    PagePictures takeOut(std::size_t page, const PageOptions& options, const std::filesystem::path& folder) const;
+
+    /// The text that the scan itself has for the page, or that a file beside its picture has (hOCR: .hocr, .html; ALTO:
+    /// .xml). One for each of `pictures`, as takeOut gave them with the same options, in pixels of that picture;
+    /// nullopt if there is none.
+    std::vector<std::optional<PageText>> textOf(std::size_t page, const PageOptions& options,
+                                                const std::vector<std::filesystem::path>& pictures) const;
+
+  protected:
+    ScanSource(FolderItem item, std::size_t pageCount) : item_(std::move(item)), pageCount_(pageCount) {}
+    const FolderItem& item() const { return item_; }
+
+  private:
+    /// The file in the scan that is the picture of the page; empty if there is none.
+    virtual std::filesystem::path ownFile(std::size_t page) const;
+    /// The page before it is turned and cut. What has to be written for it goes into a hidden folder inside `folder`.
+    virtual ScannedPage scanned(std::size_t page, const PageOptions& options,
+                                const std::filesystem::path& folder) const = 0;
+    /// Its text, likewise, in a unit of its own.
+    virtual std::optional<PageText> text(std::size_t page, const PageOptions& options) const;
+
+    FolderItem item_;
+    std::size_t pageCount_;
+};
+
+/// A scan, or why it cannot be used.
+struct OpenedScan {
+    std::unique_ptr<ScanSource> scan = {}; ///< null on failure
+    Result result = {};
+};
+
+/// Opens a scan. Its content decides what it is, not its name. Fails, naming program and package, if a program that it
+/// needs is missing.
+OpenedScan openScan(const FolderItem& item, const ScanTools& tools = {});
+
+} // namespace velmarin

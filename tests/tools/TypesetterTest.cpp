@@ -13,7 +13,7 @@
 namespace velmarin {
 namespace {
 
-/// A book of `count` articles of three lines, "a000" and so on, the last half of them in b.
+/// A book of `count` articles of a line or two, "a000" and so on, the last half of them in b.
 ScanBook smallBook(int count, const ScanLayout& layout) {
     ScanBook made;
     made.layout = layout;
@@ -28,8 +28,7 @@ ScanBook smallBook(int count, const ScanLayout& layout) {
                         .gutter = 20};
     for (int i = 0; i < count; ++i) {
         const std::string word = (i < count / 2 ? "a" : "b") + std::to_string(100 + i);
-        made.book.articles.push_back(
-            {word, word, "", {{.markup = bold(word) + " means a word that fills some lines of a column"}}});
+        made.book.articles.push_back({word, word, "", {{.markup = bold(word) + " means a word"}}});
     }
     return made;
 }
@@ -60,7 +59,7 @@ TEST(Typesetter, TruthNamesWhatBeginsOnEachPage) {
 }
 
 TEST(Typesetter, HeadsFollowTheLayout) {
-    const auto heads = [](const ScanLayout& layout) { return headsOf(Typesetter(smallBook(12, layout), 300)); };
+    const auto heads = [](const ScanLayout& layout) { return headsOf(Typesetter(smallBook(8, layout), 300)); };
     EXPECT_EQ(heads({.head = HeadStyle::None}).find_first_not_of("- "), std::string::npos);
     EXPECT_EQ(heads({.head = HeadStyle::First, .capitals = true}).substr(0, 6), "A100- ");
     EXPECT_EQ(heads({.letterPages = true}), "- - ") << "pages on which a letter begins have no head";
@@ -100,7 +99,7 @@ TEST(ScanFiles, PicturesDecodeAndTruthIsATable) {
     writeTruth(pages, {{.number = "1", .first = "a", .last = "c", .headwords = {"a", "b"}}, {.plate = true}},
                {"1.tif", "2.tif"});
     EXPECT_EQ(test::filesOf(pages), "headwords.tsv=headword\trow\na\t1\nb\t1\n "
-                                    "truth.tsv=page\tnumber\tfirst\tlast\n1.tif\t1\ta\tc\n2.tif\t\t\t\n ");
+                                    "truth.tsv=page\tnumber\tfirst\tlast\n1.tif\t1\ta\tc\n2.tif\t\t\t\n");
 }
 
 } // namespace

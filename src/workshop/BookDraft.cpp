@@ -13,7 +13,21 @@ namespace velmarin {
 
 namespace {
 
-/// Numbers the pages from the first number that the settings give. Rows that a person has set keep theirs.
+/// The names that are in `names` and not in `others`.
+std::vector<std::string> onlyIn(const std::vector<std::string>& names, const std::vector<std::string>& others) {
+    const std::unordered_set<std::string> known(others.begin(), others.end());
+    std::vector<std::string> found;
+    std::copy_if(names.begin(), names.end(), std::back_inserter(found),
+                 [&](const std::string& name) { return !known.contains(name); });
+    return found;
+}
+
+} // namespace
+
+KeyRule keyRuleOf(const BookSettings& settings) {
+    return KeyRule::parse(settings.ignore, settings.alike).value_or(KeyRule());
+}
+
 void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft) {
     std::vector<std::string> numbers;
     std::unordered_set<int> seen;
@@ -32,21 +46,6 @@ void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings&
     numbers = filledPrintedNumbers(std::move(numbers));
     for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
         draft.pages[i].number = numbers[next];
-}
-
-/// The names that are in `names` and not in `others`.
-std::vector<std::string> onlyIn(const std::vector<std::string>& names, const std::vector<std::string>& others) {
-    const std::unordered_set<std::string> known(others.begin(), others.end());
-    std::vector<std::string> found;
-    std::copy_if(names.begin(), names.end(), std::back_inserter(found),
-                 [&](const std::string& name) { return !known.contains(name); });
-    return found;
-}
-
-} // namespace
-
-KeyRule keyRuleOf(const BookSettings& settings) {
-    return KeyRule::parse(settings.ignore, settings.alike).value_or(KeyRule());
 }
 
 Draft draftOfReadings(const BookFolder& book, const Draft& before) {

@@ -15,27 +15,6 @@ namespace velmarin {
 
 namespace {
 
-/// Numbers the pages from the first number that the settings give. Rows that a person has set keep theirs.
-void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft) {
-    std::vector<std::string> numbers;
-    std::unordered_set<int> seen;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        const bool firstOfPage = seen.insert(pages[i].scanPage).second;
-        const auto given = std::find_if(settings.numbers.begin(), settings.numbers.end(), [&](const GivenNumber& each) {
-            return firstOfPage && each.page == pages[i].scanPage;
-        });
-        if (given == settings.numbers.end() && numbers.empty())
-            continue;
-        const DraftPage& row = draft.pages[i];
-        numbers.push_back(row.state == PageState::Set       ? row.number
-                          : given == settings.numbers.end() ? std::string()
-                                                            : given->number);
-    }
-    numbers = filledPrintedNumbers(std::move(numbers));
-    for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
-        draft.pages[i].number = numbers[next];
-}
-
 /// The rows that a person has set. A page whose picture has another extension now, because it was turned, is the same.
 std::vector<DraftPage> setRows(const Draft& draft, const std::vector<BookPicture>& pages) {
     std::unordered_map<std::string, std::string> byStem;
@@ -69,6 +48,26 @@ std::vector<std::string> onlyIn(const std::vector<std::string>& names, const std
 
 KeyRule keyRuleOf(const BookSettings& settings) {
     return KeyRule::parse(settings.ignore, settings.alike).value_or(KeyRule());
+}
+
+void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft) {
+    std::vector<std::string> numbers;
+    std::unordered_set<int> seen;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const bool firstOfPage = seen.insert(pages[i].scanPage).second;
+        const auto given = std::find_if(settings.numbers.begin(), settings.numbers.end(), [&](const GivenNumber& each) {
+            return firstOfPage && each.page == pages[i].scanPage;
+        });
+        if (given == settings.numbers.end() && numbers.empty())
+            continue;
+        const DraftPage& row = draft.pages[i];
+        numbers.push_back(row.state == PageState::Set       ? row.number
+                          : given == settings.numbers.end() ? std::string()
+                                                            : given->number);
+    }
+    numbers = filledPrintedNumbers(std::move(numbers));
+    for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
+        draft.pages[i].number = numbers[next];
 }
 
 Draft draftOfReadings(const BookFolder& book, const Draft& before) {

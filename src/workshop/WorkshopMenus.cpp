@@ -82,11 +82,12 @@ void WorkshopMenus::fillFile(QMenu& menu) {
 
 void WorkshopMenus::fillEdit(QMenu& menu) {
     addItem(
-        menu, QStringLiteral("&Undo"), QKeySequence::Undo, [](WorkshopDesk& desk) { desk.undo(); },
+        menu, QStringLiteral("&Undo"), Qt::CTRL | Qt::Key_Z, [](WorkshopDesk& desk) { desk.undo(); },
         [](WorkshopDesk& desk) { return desk.model().canUndo(); });
-    addItem(
-        menu, QStringLiteral("&Redo"), QKeySequence::Redo, [](WorkshopDesk& desk) { desk.redo(); },
+    QAction* redo = addItem(
+        menu, QStringLiteral("&Redo"), {}, [](WorkshopDesk& desk) { desk.redo(); },
         [](WorkshopDesk& desk) { return desk.model().canRedo(); });
+    redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
 }
 
 void WorkshopMenus::fillPage(QMenu& menu) {

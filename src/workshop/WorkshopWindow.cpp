@@ -57,7 +57,9 @@ void WorkshopWindow::open(const std::filesystem::path& bookOrScan) {
     auto* bar = new ReadingBar(desk_);
     desk_->addToBar(bar);
     reading_ = std::make_unique<ReadingControl>(scanned, desk_->model(), *bar, desk_->notice());
-    connect(reading_.get(), &ReadingControl::picturesChanged, &desk_->stage(), &PageStage::showCurrentPage);
+    connect(reading_.get(), &ReadingControl::taken, &desk_->stage(), &PageStage::showCurrentPage);
+    connect(reading_.get(), &ReadingControl::picturesChanged, &desk_->stage(), &PageStage::dropPictures);
+    menus_->refresh();
     reading_->start();
 }
 

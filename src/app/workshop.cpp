@@ -2,8 +2,10 @@
 #include "platform/Desktop.h"
 #include "platform/EndSignals.h"
 #include "platform/QtHost.h"
+#include "platform/QtText.h"
 #include "shell/Application.h"
 #include "store/UserPreferencesFolder.h"
+#include "workshop/BookCommands.h"
 #include "workshop/CorrectionWindow.h"
 #include "workshop/WorkshopWindow.h"
 
@@ -16,6 +18,10 @@
 #include <string>
 
 namespace {
+
+velmarin::FolderItem applicationFolder() {
+    return velmarin::FolderItem(velmarin::fromQ(QCoreApplication::applicationDirPath()));
+}
 
 int correctDictionary(velmarin::Host& host, const std::filesystem::path& folder, const std::string& word) {
     velmarin::mFiMod_OpenThisModule();
@@ -61,6 +67,7 @@ int main(int argc, char** argv) {
     if (!dictionary.empty())
         return correctDictionary(host, dictionary, bookOrScan.native());
     velmarin::WorkshopWindow window(host);
+    velmarin::addBookCommands(window, host, applicationFolder());
     const velmarin::EndSignals endSignals([&window] { window.close(); });
     window.show();
     QTimer::singleShot(0, &window, [&window, &bookOrScan] {

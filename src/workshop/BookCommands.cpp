@@ -16,7 +16,7 @@ namespace velmarin {
 
 namespace {
 
-ScannedBook* scannedBook(const WorkshopDesk& desk) {
+ScannedBook* scannedBook(WorkshopDesk& desk) {
     return dynamic_cast<ScannedBook*>(&desk.model().book());
 }
 

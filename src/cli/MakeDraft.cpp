@@ -138,10 +138,13 @@ bool report(const Result& result, Session& session) {
 Status draft(const Request& request, Session& session) {
     BookFolder book;
     Draft before;
+    BookSettings settings;
+    if (!request.change(settings, session)) // before a folder is made
+        return Status::CouldNot;
     if (!report(book.openFor(FolderItem(request.source), FolderItem(request.book)), session) ||
         !report(book.loadDraft(before), session))
         return Status::CouldNot;
-    BookSettings settings = book.settings();
+    settings = book.settings();
     if (!request.change(settings, session))
         return Status::CouldNot;
     const bool changed = formatBookSettings(settings) != formatBookSettings(book.settings());
@@ -158,8 +161,11 @@ Status draft(const Request& request, Session& session) {
     report(read.result, session);
     for (const Failure& each : read.failures)
         session.couldNot(each);
+    const BookChange change = read.stopped || !read.result ? BookChange::Unfinished
+                              : changed || read.read > 0   ? BookChange::Readings
+                                                           : BookChange::None;
     DraftUpdate update;
-    if (!report(updateDraft(book, before, changed || read.read > 0, update), session) || !read.result)
+    if (!report(updateDraft(book, before, change, update), session) || !read.result)
         return Status::CouldNot;
     if (read.stopped) {
         session.out().record({"stopped", request.book, Str(static_cast<std::int64_t>(progress.done)),

@@ -9,7 +9,9 @@ namespace velmarin {
 
 namespace {
 
-constexpr int kLeastWidth = 900;   // letters of a page of three columns are then about 7 to 10 pixels high
+constexpr int kLeastWidth = 900; // letters of a page of three columns are then about 7 to 10 pixels high
+constexpr int kWindow = 24;      // about the height of a line there
+constexpr int kMostParts = 25'000;
 constexpr double kNoTurn = 0.0005; // radians: a pixel in the width of a strip
 constexpr double kMaxSkew = 5;     // degrees
 constexpr double kSureSkew = 2;    // Leptonica's ratio of the best score to the worst, below which it found no lines
@@ -61,17 +63,35 @@ PixPtr greyOf(Pix* pix) {
     }
 }
 
+PixPtr smoothed(PixPtr grey) {
+    return grey ? PixPtr(pixBlockconvGray(grey.get(), nullptr, 1, 1)) : nullptr;
+}
+
 PixPtr reducedInk(Pix* pix, int reduction) {
     if (pixGetDepth(pix) == 1) {
-        PixPtr ink(pixClone(pix));
+        PixPtr ink(pixCopy(nullptr, pix));
         for (int factor = reduction; ink && factor > 1; factor /= 2)
             ink.reset(pixReduceRankBinary2(ink.get(), factor == reduction ? 2 : 1, nullptr));
         return ink;
     }
     const auto scale = static_cast<float>(1.0 / reduction);
     const PixPtr reduced(reduction == 1 ? pixClone(pix) : pixScaleAreaMap(pix, scale, scale));
-    const PixPtr grey = reduced ? greyOf(reduced.get()) : nullptr;
-    return grey ? inkOf(grey.get(), 24) : nullptr;
+    PixPtr grey = reduced ? greyOf(reduced.get()) : nullptr;
+    if (reduction == 1)
+        grey = smoothed(std::move(grey));
+    return grey ? inkOf(grey.get(), kWindow) : nullptr;
+}
+
+// A page of noise: more parts than any page has letters and points. It is smoothed until letters are left.
+PixPtr withoutNoise(PixPtr ink) {
+    for (int pass = 0; ink && pass < 3; ++pass) {
+        l_int32 parts = 0;
+        if (pixCountConnComp(ink.get(), 8, &parts) != 0 || parts < kMostParts)
+            break;
+        const PixPtr grey = smoothed(PixPtr(pixConvert1To8(nullptr, ink.get(), 255, 0)));
+        ink.reset(grey ? pixThresholdToBinary(grey.get(), 110) : nullptr);
+    }
+    return ink;
 }
 
 // The height that most ink has: specks weigh little, and pictures are few.
@@ -209,9 +229,7 @@ StraightPage straightenPage(const Picture& picture) {
         return page;
     silenceLeptonica();
     const int reduction = reductionFor(std::min(picture.Width(), picture.Height()));
-    PixPtr ink = reducedInk(picture.pix(), reduction);
-    if (ink && ink.get() == picture.pix())
-        ink.reset(pixCopy(nullptr, ink.get()));
+    const PixPtr ink = withoutNoise(reducedInk(picture.pix(), reduction));
     if (!ink)
         return page;
     page.xHeight = letterHeight(componentsOf(ink.get()), pixGetHeight(ink.get()));

@@ -9,6 +9,8 @@ namespace velmarin {
 
 namespace {
 
+constexpr std::size_t kMostLetters = 60;
+
 // What is printed at one place of the row: the parts of a letter, with its accents.
 struct Glyph {
     PageBox box;
@@ -92,6 +94,11 @@ double slopeOf(const Glyphs& group, double capitalHeight) {
         if (glyph.box.height > 0.6 * capitalHeight && glyph.box.height < 1.25 * capitalHeight)
             letters.push_back(&glyph.box);
     }
+    while (letters.size() > kMostLetters) { // every other one: the pairs grow with the square
+        for (std::size_t i = 0; 2 * i < letters.size(); ++i)
+            letters[i] = letters[2 * i];
+        letters.resize((letters.size() + 1) / 2);
+    }
     std::vector<double> slopes;
     for (std::size_t i = 0; i < letters.size(); ++i) {
         for (std::size_t j = i + 1; j < letters.size(); ++j) {
@@ -115,9 +122,8 @@ double shiftOf(const Glyphs& group, double capitalHeight) {
 // The letters of a group on white paper, without what is between and around them.
 PixPtr drawn(const Strip& strip, const Glyphs& group, const PageBox& box, int margin, double shift) {
     const int shrunk = static_cast<int>(shift * static_cast<double>(group.size() - 1));
-    PixPtr mask(pixCreate(box.width - shrunk + 2 * margin, box.height + 2 * margin, 1));
     PixPtr grey(pixCreate(box.width - shrunk + 2 * margin, box.height + 2 * margin, 8));
-    if (!mask || !grey)
+    if (!grey)
         return nullptr;
     pixSetAll(grey.get());
     const int halo = std::max(2, margin / 6);

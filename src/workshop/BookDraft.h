@@ -21,8 +21,15 @@ struct DraftUpdate {
     std::vector<std::string> added = {}, removed = {}; ///< empty for a first draft
 };
 
-/// Makes the draft again and saves it, if `changed` (readings or settings) or other pages ask for it; otherwise it
-/// stays as it is, whoever has edited it.
-Result updateDraft(const BookFolder& book, const Draft& before, bool changed, DraftUpdate& update);
+/// What has happened to a book since its draft was made.
+enum class BookChange {
+    None,
+    Readings,   ///< or settings
+    Unfinished, ///< readings, and pages may still have to be taken out of the scan: set rows without a page stay
+};
+
+/// Makes the draft again and saves it, if the change or other pages ask for it; otherwise it stays as it is, whoever
+/// has edited it.
+Result updateDraft(const BookFolder& book, const Draft& before, BookChange change, DraftUpdate& update);
 
 } // namespace velmarin

@@ -5,6 +5,7 @@
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 #include "scan/PageOrder.h"
+#include "scan/ScanSource.h"
 #include "store/FileNames.h"
 #include "store/ImageIndex.h"
 
@@ -69,11 +70,14 @@ Result BookFolder::openFor(const FolderItem& source, const FolderItem& folder) {
     if (isIn(source, folder) || (source.Directory() && isIn(folder, source)))
         return Failure{folder, "the book and its scan must not be in one another"};
     folder_ = folder;
+    const bool isNew = !file(kSettings).occupied();
+    if (const Result usable = isNew ? openScan(source).result : Result(); !usable)
+        return usable;
     if (!folder.occupied() && !makeFolder(folder.path()))
         return Failure{folder, "it could not be made: " + errorInWords(errno)};
     if (const Result locked = lock(); !locked)
         return locked;
-    if (const Result made = file(kSettings).occupied() ? readSettings() : make(); !made)
+    if (const Result made = isNew ? make() : readSettings(); !made)
         return made;
     if (const Result linked = linkTo(source); !linked)
         return linked;

@@ -19,7 +19,7 @@ struct PageLikeness {
 /// pictures up to a pixel off.
 std::optional<PageLikeness> likenessOf(const Picture& embedded, const Picture& rendered);
 
-/// The side, in pixels, of the longer edge of a page that is rendered for likenessOf.
+/// The longer side, in pixels, of a page that is rendered for likenessOf: no more than the picture has.
 inline constexpr int kLikenessSide = 1000;
 
 } // namespace velmarin

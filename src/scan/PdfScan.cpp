@@ -115,7 +115,8 @@ class PdfPageReader {
         ScannedPage taken = extracted(image, folder);
         if (!taken.problem.empty())
             return taken;
-        const ToolAnswer small = render(kLikenessSide * kPointsPerInch / std::max(page.width, page.height), {"-gray"});
+        const int side = std::min(kLikenessSide, std::max(taken.picture.Width(), taken.picture.Height()));
+        const ToolAnswer small = render(side * kPointsPerInch / std::max(page.width, page.height), {"-gray"});
         if (!small.ok())
             return failed(small);
         const Picture shown = readRawPnm(small.output);

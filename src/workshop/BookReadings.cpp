@@ -1,74 +1,52 @@
 #include "workshop/BookReadings.h"
 
+#include "workshop/BookDraft.h"
 #include "workshop/DraftMending.h"
 
 #include <utility>
 
 namespace velmarin {
 
-namespace {
+BookReadings::BookReadings()
+    : mender_(std::make_shared<const DraftMender>(std::vector<PageGuess>(), rule_, IndexOrder())) {}
 
-std::unordered_map<std::string, const DraftPage*> rowsByPage(const Draft& draft) {
-    std::unordered_map<std::string, const DraftPage*> rows;
-    for (const DraftPage& row : draft.pages)
-        rows.emplace(row.page, &row);
-    return rows;
-}
-
-} // namespace
-
-BookReadings::BookReadings() : mender_(std::make_shared<const DraftMender>(std::vector<PageGuess>(), rule_, order_)) {}
-
-BookReadings::BookReadings(const BookFolder& book) {
-    Readings readings = book.readings();
-    std::vector<PageReading> read;
-    for (BookPicture& page : book.pages()) {
-        ReadPage each{.scanned = std::move(page)};
-        if (const auto found = readings.find(each.scanned.name); found != readings.end()) {
-            each.headStrip = found->second.reading.headStrip;
-            read.push_back(std::move(found->second.reading));
+BookReadings::BookReadings(const BookFolder& book)
+    : pages_(book.pages()), settings_(book.settings()), rule_(keyRuleOf(settings_)) {
+    Readings logged = book.readings();
+    std::vector<PageReading> readings;
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        const std::string& name = pages_[i].name;
+        places_.emplace(name, i);
+        readings.push_back({.page = name});
+        if (const auto found = logged.find(name); found != logged.end()) {
+            headStrips_.emplace(name, found->second.reading.headStrip);
+            readings.back() = std::move(found->second.reading);
+            readings.back().page = name;
         }
-        pageAt_.emplace(each.scanned.name, pages_.size());
-        pages_.push_back(std::move(each));
     }
-    guesses_ = guessGuideWords(read);
-    for (std::size_t i = 0; i < guesses_.size(); ++i)
-        guessAt_.emplace(guesses_[i].page, i);
-    rule_ = KeyRule::parse(book.settings().ignore, book.settings().alike).value_or(KeyRule());
-    order_ = book.settings().order;
-    mender_ = std::make_shared<const DraftMender>(guesses_, rule_, order_);
+    guesses_ = guessGuideWords(readings);
+    mender_ = std::make_shared<const DraftMender>(guesses_, rule_, settings_.order);
 }
 
 const BookPicture* BookReadings::page(const std::string& name) const {
-    const auto found = pageAt_.find(name);
-    return found == pageAt_.end() ? nullptr : &pages_[found->second].scanned;
+    const auto found = places_.find(name);
+    return found == places_.end() ? nullptr : &pages_[found->second];
 }
 
 PageBox BookReadings::headStrip(const std::string& name) const {
-    const auto found = pageAt_.find(name);
-    return found == pageAt_.end() ? PageBox{} : pages_[found->second].headStrip;
+    const auto found = headStrips_.find(name);
+    return found == headStrips_.end() ? PageBox{} : found->second;
 }
 
 const PageGuess* BookReadings::guess(const std::string& name) const {
-    const auto found = guessAt_.find(name);
-    return found == guessAt_.end() ? nullptr : &guesses_[found->second];
+    return headStrips_.contains(name) ? &guesses_[places_.at(name)] : nullptr;
 }
 
-Draft BookReadings::mended(const Draft& draft) const {
-    std::vector<DraftPage> set;
-    for (const DraftPage& row : draft.pages)
-        if (row.state == PageState::Set)
-            set.push_back(row);
-    const Draft read = mender_->mended(set);
-    const auto mended = rowsByPage(read), before = rowsByPage(draft);
-    Draft result;
-    for (const ReadPage& page : pages_)
-        for (const auto* rows : {&mended, &before})
-            if (const auto found = rows->find(page.scanned.name); found != rows->end()) {
-                result.pages.push_back(*found->second);
-                break;
-            }
-    return result;
+Draft BookReadings::draft(const std::vector<DraftPage>& set) const {
+    Draft draft = mender_->mended(set);
+    takeGivenNumbers(pages_, settings_, draft);
+    std::erase_if(draft.pages, [this](const DraftPage& row) { return !headStrips_.contains(row.page); });
+    return draft;
 }
 
 } // namespace velmarin

@@ -28,23 +28,19 @@ class BookReadings {
     const PageGuess* guess(const std::string& name) const;
 
     const KeyRule& keyRule() const { return rule_; }
-    const IndexOrder& indexOrder() const { return order_; }
+    const IndexOrder& indexOrder() const { return settings_.order; }
 
-    /// Rows for all pages that were read, with those of `draft` that a person has set. Rows of `draft` for pages that
-    /// were not read stay, if the book still has the page.
-    Draft mended(const Draft& draft) const;
+    /// The rows of all pages that were read, given those that a person has set.
+    Draft draft(const std::vector<DraftPage>& set) const;
 
   private:
-    struct ReadPage {
-        BookPicture scanned;
-        PageBox headStrip = {};
-    };
-    std::vector<ReadPage> pages_;
-    std::vector<PageGuess> guesses_;
+    std::vector<BookPicture> pages_;
+    BookSettings settings_;
+    std::unordered_map<std::string, std::size_t> places_; ///< of pages in pages_ and guesses_
+    std::unordered_map<std::string, PageBox> headStrips_; ///< of pages that were read
+    std::vector<PageGuess> guesses_;                      ///< one for each page
     KeyRule rule_;
-    IndexOrder order_;
     std::shared_ptr<const DraftMender> mender_;
-    std::unordered_map<std::string, std::size_t> pageAt_, guessAt_;
 };
 
 } // namespace velmarin

@@ -47,7 +47,7 @@ bool ReadingControl::applyChanges() {
 
 void ReadingControl::takeReadings(const std::shared_ptr<const BookReadings>& readings) {
     book_.takeReadings(readings);
-    model_.takeRead(readings->mended(model_.draft()));
+    model_.takeRead(book_.mended(model_.draft()));
     emit picturesChanged();
 }
 

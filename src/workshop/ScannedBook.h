@@ -17,7 +17,7 @@ class ScannedBook : public WorkshopBook {
 
     /// While a run reads the book, its settings are the run's.
     BookFolder& folder() { return *folder_; }
-    /// What was read, at first nothing; from then on the pages mend by it.
+    /// What was read, at first nothing. From then on `mended` gives a row for each page that was read.
     void takeReadings(std::shared_ptr<const BookReadings> readings) { readings_ = std::move(readings); }
 
     std::string name() const override;
@@ -26,7 +26,7 @@ class ScannedBook : public WorkshopBook {
     const PageGuess* guess(const std::string& page) const override { return readings_->guess(page); }
     KeyRule keyRule() const override { return readings_->keyRule(); }
     IndexOrder indexOrder() const override { return readings_->indexOrder(); }
-    Draft mended(const Draft& draft) const override { return readings_->mended(draft); }
+    Draft mended(const Draft& draft) override;
     Result save(const Draft& draft) override;
     std::optional<Draft> changedOutside() override;
 
@@ -41,6 +41,7 @@ class ScannedBook : public WorkshopBook {
 
     std::unique_ptr<BookFolder> folder_;
     std::shared_ptr<const BookReadings> readings_ = std::make_shared<BookReadings>();
+    Draft mended_;    ///< what the readings last gave
     FileState known_; ///< when the draft was last saved or read
 };
 

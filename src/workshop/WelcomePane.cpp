@@ -56,7 +56,11 @@ WelcomePane::WelcomePane(QWidget* parent) : QWidget(parent) {
         &WelcomePane::bookWanted);
     auto* outer = new QVBoxLayout(this);
     outer->addStretch(1);
-    outer->addWidget(inner, 0, Qt::AlignHCenter);
+    auto* middle = new QHBoxLayout;
+    middle->addStretch(1);
+    middle->addWidget(inner);
+    middle->addStretch(1);
+    outer->addLayout(middle);
     outer->addStretch(2);
 }
 

@@ -30,7 +30,7 @@ class WorkshopBook {
     virtual IndexOrder indexOrder() const = 0;
 
     /// The draft with other readings for the rows that no person has set, where the rows that are set ask for them.
-    virtual Draft mended(const Draft& draft) const = 0;
+    virtual Draft mended(const Draft& draft) = 0;
     /// Keeps the draft. Called at each change.
     virtual Result save(const Draft& draft) = 0;
     /// The draft as another program has written it since it was last saved or asked for; nullopt if none has.

@@ -1,17 +1,62 @@
 #include "workshop/BookDraft.h"
 
 #include "reading/PageGuess.h"
+#include "store/FileNames.h"
 #include "workshop/DraftMending.h"
 #include "workshop/PrintedNumbers.h"
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
 namespace velmarin {
 
 namespace {
+
+/// Numbers the pages from the first number that the settings give. Rows that a person has set keep theirs.
+void takeGivenNumbers(const std::vector<BookPicture>& pages, const std::vector<DraftPage>& set,
+                      const BookSettings& settings, Draft& draft) {
+    std::unordered_map<std::string, std::string> setNumbers;
+    for (const DraftPage& row : set)
+        setNumbers.emplace(row.page, row.number);
+    std::vector<std::string> numbers;
+    std::unordered_set<int> seen;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const bool firstOfPage = seen.insert(pages[i].scanPage).second;
+        const auto given = std::find_if(settings.numbers.begin(), settings.numbers.end(), [&](const GivenNumber& each) {
+            return firstOfPage && each.page == pages[i].scanPage;
+        });
+        if (given == settings.numbers.end() && numbers.empty())
+            continue;
+        const std::string& setNumber = setNumbers[pages[i].name];
+        numbers.push_back(setNumber.empty() && given != settings.numbers.end() ? given->number : setNumber);
+    }
+    numbers = filledPrintedNumbers(std::move(numbers));
+    for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
+        draft.pages[i].number = numbers[next];
+}
+
+/// The rows that a person has set. A page whose picture has another extension now, because it was turned, is the same.
+std::vector<DraftPage> setRows(const Draft& draft, const std::vector<BookPicture>& pages) {
+    std::unordered_map<std::string, std::string> byStem;
+    std::unordered_set<std::string> names;
+    for (const BookPicture& page : pages) {
+        names.insert(page.name);
+        byStem.emplace(mFiMod_RemoveExtesionFromFileName(page.name), page.name);
+    }
+    std::vector<DraftPage> rows;
+    for (DraftPage row : draft.pages) {
+        if (row.state != PageState::Set)
+            continue;
+        const auto renamed = byStem.find(mFiMod_RemoveExtesionFromFileName(row.page));
+        if (!names.contains(row.page) && renamed != byStem.end())
+            row.page = renamed->second;
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
 
 /// The names that are in `names` and not in `others`.
 std::vector<std::string> onlyIn(const std::vector<std::string>& names, const std::vector<std::string>& others) {
@@ -28,26 +73,6 @@ KeyRule keyRuleOf(const BookSettings& settings) {
     return KeyRule::parse(settings.ignore, settings.alike).value_or(KeyRule());
 }
 
-void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft) {
-    std::vector<std::string> numbers;
-    std::unordered_set<int> seen;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        const bool firstOfPage = seen.insert(pages[i].scanPage).second;
-        const auto given = std::find_if(settings.numbers.begin(), settings.numbers.end(), [&](const GivenNumber& each) {
-            return firstOfPage && each.page == pages[i].scanPage;
-        });
-        if (given == settings.numbers.end() && numbers.empty())
-            continue;
-        const DraftPage& row = draft.pages[i];
-        numbers.push_back(row.state == PageState::Set       ? row.number
-                          : given == settings.numbers.end() ? std::string()
-                                                            : given->number);
-    }
-    numbers = filledPrintedNumbers(std::move(numbers));
-    for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
-        draft.pages[i].number = numbers[next];
-}
-
 Draft draftOfReadings(const BookFolder& book, const Draft& before) {
     const std::vector<BookPicture> pages = book.pages();
     Readings logged = book.readings();
@@ -57,15 +82,13 @@ Draft draftOfReadings(const BookFolder& book, const Draft& before) {
         reading.page = page.name;
         readings.push_back(std::move(reading));
     }
-    std::vector<DraftPage> set;
-    std::copy_if(before.pages.begin(), before.pages.end(), std::back_inserter(set),
-                 [](const DraftPage& page) { return page.state == PageState::Set; });
+    const std::vector<DraftPage> set = setRows(before, pages);
     Draft draft = mendedDraft(guessGuideWords(readings), set, keyRuleOf(book.settings()), book.settings().order);
-    takeGivenNumbers(pages, book.settings(), draft);
+    takeGivenNumbers(pages, set, book.settings(), draft);
     return draft;
 }
 
-Result updateDraft(const BookFolder& book, const Draft& before, bool changed, DraftUpdate& update) {
+Result updateDraft(const BookFolder& book, const Draft& before, BookChange change, DraftUpdate& update) {
     std::vector<std::string> pages, rows;
     for (BookPicture& page : book.pages())
         pages.push_back(std::move(page.name));
@@ -73,8 +96,14 @@ Result updateDraft(const BookFolder& book, const Draft& before, bool changed, Dr
         rows.push_back(row.page);
     if (!rows.empty())
         update = {.added = onlyIn(pages, rows), .removed = onlyIn(rows, pages)};
-    const bool isCurrent = !changed && !rows.empty() && update.added.empty() && update.removed.empty();
+    const bool isCurrent =
+        change == BookChange::None && !rows.empty() && update.added.empty() && update.removed.empty();
     update.draft = isCurrent ? before : draftOfReadings(book, before);
+    if (change == BookChange::Unfinished) {
+        const std::unordered_set<std::string> gone(update.removed.begin(), update.removed.end());
+        std::copy_if(before.pages.begin(), before.pages.end(), std::back_inserter(update.draft.pages),
+                     [&](const DraftPage& row) { return row.state == PageState::Set && gone.contains(row.page); });
+    }
     return update.draft == before ? Result() : book.saveDraft(update.draft);
 }
 

@@ -15,29 +15,6 @@ namespace velmarin {
 
 namespace {
 
-/// Numbers the pages from the first number that the settings give. Rows that a person has set keep theirs.
-void takeGivenNumbers(const std::vector<BookPicture>& pages, const std::vector<DraftPage>& set,
-                      const BookSettings& settings, Draft& draft) {
-    std::unordered_map<std::string, std::string> setNumbers;
-    for (const DraftPage& row : set)
-        setNumbers.emplace(row.page, row.number);
-    std::vector<std::string> numbers;
-    std::unordered_set<int> seen;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        const bool firstOfPage = seen.insert(pages[i].scanPage).second;
-        const auto given = std::find_if(settings.numbers.begin(), settings.numbers.end(), [&](const GivenNumber& each) {
-            return firstOfPage && each.page == pages[i].scanPage;
-        });
-        if (given == settings.numbers.end() && numbers.empty())
-            continue;
-        const std::string& setNumber = setNumbers[pages[i].name];
-        numbers.push_back(setNumber.empty() && given != settings.numbers.end() ? given->number : setNumber);
-    }
-    numbers = filledPrintedNumbers(std::move(numbers));
-    for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
-        draft.pages[i].number = numbers[next];
-}
-
 /// The rows that a person has set. A page whose picture has another extension now, because it was turned, is the same.
 std::vector<DraftPage> setRows(const Draft& draft, const std::vector<BookPicture>& pages) {
     std::unordered_map<std::string, std::string> byStem;
@@ -73,6 +50,25 @@ KeyRule keyRuleOf(const BookSettings& settings) {
     return KeyRule::parse(settings.ignore, settings.alike).value_or(KeyRule());
 }
 
+void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft) {
+    std::vector<std::string> numbers;
+    std::unordered_set<int> seen;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const bool firstOfPage = seen.insert(pages[i].scanPage).second;
+        const auto given = std::find_if(settings.numbers.begin(), settings.numbers.end(), [&](const GivenNumber& each) {
+            return firstOfPage && each.page == pages[i].scanPage;
+        });
+        if (given == settings.numbers.end() && numbers.empty())
+            continue;
+        const DraftPage& row = draft.pages[i];
+        const std::string setNumber = row.state == PageState::Set ? row.number : std::string();
+        numbers.push_back(setNumber.empty() && given != settings.numbers.end() ? given->number : setNumber);
+    }
+    numbers = filledPrintedNumbers(std::move(numbers));
+    for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
+        draft.pages[i].number = numbers[next];
+}
+
 Draft draftOfReadings(const BookFolder& book, const Draft& before) {
     const std::vector<BookPicture> pages = book.pages();
     Readings logged = book.readings();
@@ -84,7 +80,7 @@ Draft draftOfReadings(const BookFolder& book, const Draft& before) {
     }
     const std::vector<DraftPage> set = setRows(before, pages);
     Draft draft = mendedDraft(guessGuideWords(readings), set, keyRuleOf(book.settings()), book.settings().order);
-    takeGivenNumbers(pages, set, book.settings(), draft);
+    takeGivenNumbers(pages, book.settings(), draft);
     return draft;
 }
 

@@ -2,26 +2,83 @@
 #include "platform/Desktop.h"
 #include "platform/EndSignals.h"
 #include "platform/QtHost.h"
+#include "platform/QtText.h"
 #include "shell/Application.h"
 #include "store/UserPreferencesFolder.h"
+#include "workshop/BookCommands.h"
 #include "workshop/CorrectionWindow.h"
 #include "workshop/WorkshopWindow.h"
 
 #include <CLI/CLI.hpp>
 
+#include <QImage>
 #include <QTimer>
+#include <QWidget>
 
+#include <chrono>
 #include <filesystem>
 #include <iostream>
 #include <string>
 
 namespace {
 
-int correctDictionary(velmarin::Host& host, const std::filesystem::path& folder, const std::string& word) {
+struct Request {
+    std::filesystem::path bookOrScan{}, dictionary{};
+    std::string word{}; ///< of "Try it"
+    bool make = false;
+    std::string picture{};
+};
+
+velmarin::FolderItem applicationFolder() {
+    return velmarin::FolderItem(velmarin::fromQ(QCoreApplication::applicationDirPath()));
+}
+
+/// The window in front: a dialog or pane, or else the main one.
+QWidget* frontWindow() {
+    QWidget* front = nullptr;
+    for (QWidget* each : QApplication::topLevelWidgets())
+        if (each->isVisible() && (front == nullptr || each->parentWidget() != nullptr))
+            front = each;
+    return front;
+}
+
+/// Saves a picture of the window in front once it no longer changes, and ends the program. Pages are decoded in the
+/// background.
+void savePicture(const std::string& file, const QImage& before = {}) {
+    constexpr std::chrono::milliseconds kBetweenLooks{400};
+    QTimer::singleShot(kBetweenLooks, qApp, [file, before] {
+        QWidget* window = frontWindow();
+        const QImage now = window != nullptr ? window->grab().toImage() : QImage();
+        if (now.isNull() || now != before)
+            return savePicture(file, now);
+        const bool saved = now.save(velmarin::toQ(file));
+        if (!saved)
+            std::cerr << "velmarin-workshop: the picture could not be written: " << file << '\n';
+        QCoreApplication::exit(saved ? 0 : 2);
+    });
+}
+
+void addOptions(CLI::App& options, Request& request) {
+    options
+        .add_option("BOOK", request.bookOrScan,
+                    "The working folder of a book, or a scan: a folder of page images, a TIFF, PDF or DjVu file")
+        ->option_text("[BOOK|SCAN]");
+    options
+        .add_option("--dictionary", request.dictionary, "Correct the dictionary in FOLDER, which is opened at a word")
+        ->option_text("FOLDER [WORD]");
+    options.add_option("--try", request.word, "Open \"Try it\" with this word")->option_text("WORD");
+    options.add_flag("--make", request.make, "Open \"Make dictionary\"");
+    options.add_option("--picture", request.picture, "Save a picture of the window to this file and exit")
+        ->option_text("FILE");
+    options.set_version_flag("--version", "velmarin-workshop " VELMARIN_VERSION);
+}
+
+int correctDictionary(velmarin::Host& host, const Request& request) {
     velmarin::mFiMod_OpenThisModule();
     velmarin::CorrectionWindow window(host, velmarin::correctionsFolder(),
                                       velmarin::FolderItem(velmarin::desktopFolder()));
-    if (const velmarin::Result opened = window.open(velmarin::FolderItem(folder), word); !opened) {
+    const velmarin::Result opened = window.open(velmarin::FolderItem(request.dictionary), request.bookOrScan.native());
+    if (!opened) {
         host.MsgBox(opened.failure().message() + ".");
         return 2;
     }
@@ -30,18 +87,28 @@ int correctDictionary(velmarin::Host& host, const std::filesystem::path& folder,
     return velmarin::Application::exec();
 }
 
+int makeBook(velmarin::Host& host, const Request& request) {
+    velmarin::WorkshopWindow window(host);
+    velmarin::addBookCommands(window, host, applicationFolder());
+    const velmarin::EndSignals endSignals([&window] { window.close(); });
+    window.show();
+    QTimer::singleShot(0, &window, [&] {
+        if (!request.bookOrScan.empty())
+            window.open(request.bookOrScan);
+        if (window.desk() != nullptr && !request.word.empty())
+            velmarin::tryWord(*window.desk(), host, request.word);
+        if (window.desk() != nullptr && request.make)
+            velmarin::makeDictionary(*window.desk(), host, applicationFolder());
+    });
+    return velmarin::Application::exec();
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    std::filesystem::path bookOrScan, dictionary;
+    Request request;
     CLI::App options("Velmarin Workshop makes a dictionary of a scanned book.", "velmarin-workshop");
-    options
-        .add_option("BOOK", bookOrScan,
-                    "The working folder of a book, or a scan: a folder of page images, a TIFF, PDF or DjVu file")
-        ->option_text("[BOOK|SCAN]");
-    options.add_option("--dictionary", dictionary, "Correct the dictionary in FOLDER, which is opened at a word")
-        ->option_text("FOLDER [WORD]");
-    options.set_version_flag("--version", "velmarin-workshop " VELMARIN_VERSION);
+    addOptions(options, request);
     try {
         options.parse(argc, argv);
     } catch (const CLI::ParseError& failure) {
@@ -58,14 +125,9 @@ int main(int argc, char** argv) {
     velmarin::Application::setWindowIcon(velmarin::programIcon());
     velmarin::QtHost host;
     qt.setHost(&host);
-    if (!dictionary.empty())
-        return correctDictionary(host, dictionary, bookOrScan.native());
-    velmarin::WorkshopWindow window(host);
-    const velmarin::EndSignals endSignals([&window] { window.close(); });
-    window.show();
-    QTimer::singleShot(0, &window, [&window, &bookOrScan] {
-        if (!bookOrScan.empty())
-            window.open(bookOrScan);
-    });
-    return velmarin::Application::exec();
+    if (!request.picture.empty()) {
+        velmarin::Application::setCursorFlashTime(0);
+        savePicture(request.picture);
+    }
+    return request.dictionary.empty() ? makeBook(host, request) : correctDictionary(host, request);
 }

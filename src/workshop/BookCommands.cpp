@@ -16,7 +16,7 @@ namespace velmarin {
 
 namespace {
 
-ScannedBook* scannedBook(const WorkshopDesk& desk) {
+ScannedBook* scannedBook(WorkshopDesk& desk) {
     return dynamic_cast<ScannedBook*>(&desk.model().book());
 }
 
@@ -36,7 +36,17 @@ TryItPane& tryItPane(WorkshopDesk& desk, Host& host) {
     return *pane;
 }
 
+} // namespace
+
+void tryWord(WorkshopDesk& desk, Host& host, const std::string& word) {
+    TryItPane& pane = tryItPane(desk, host);
+    pane.takeFocus();
+    pane.setWord(word);
+}
+
 void makeDictionary(WorkshopDesk& desk, Host& host, const FolderItem& applicationFolder) {
+    if (scannedBook(desk) == nullptr)
+        return;
     auto* dialog =
         new MakeDialog(scannedBook(desk)->folder(), applicationFolder.Child("DictionaryFolder"), host, &desk);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -50,8 +60,6 @@ void makeDictionary(WorkshopDesk& desk, Host& host, const FolderItem& applicatio
                      });
     dialog->open();
 }
-
-} // namespace
 
 void addBookCommands(WorkshopWindow& window, Host& host, const FolderItem& applicationFolder) {
     WorkshopMenus& menus = window.menus();

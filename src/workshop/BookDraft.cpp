@@ -61,9 +61,8 @@ void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings&
         if (given == settings.numbers.end() && numbers.empty())
             continue;
         const DraftPage& row = draft.pages[i];
-        numbers.push_back(row.state == PageState::Set       ? row.number
-                          : given == settings.numbers.end() ? std::string()
-                                                            : given->number);
+        const std::string setNumber = row.state == PageState::Set ? row.number : std::string();
+        numbers.push_back(setNumber.empty() && given != settings.numbers.end() ? given->number : setNumber);
     }
     numbers = filledPrintedNumbers(std::move(numbers));
     for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)

@@ -69,6 +69,11 @@ void TryItPane::takeFocus() {
     wordEF_->selectAll();
 }
 
+void TryItPane::setWord(const std::string& word) {
+    wordEF_->setText(toQ(word));
+    lookUp();
+}
+
 void TryItPane::lookUp() {
     const std::string word = fromQ(wordEF_->text().trimmed());
     if (word.empty())

@@ -26,6 +26,7 @@ class TryItPane : public QWidget {
     /// To be called when the draft may have changed.
     void takeDraft();
     void takeFocus();
+    void setWord(const std::string& word);
 
   signals:
     /// The user wants to see a page in the list.

@@ -16,7 +16,11 @@ namespace velmarin {
 namespace {
 
 /// Numbers the pages from the first number that the settings give. Rows that a person has set keep theirs.
-void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft) {
+void takeGivenNumbers(const std::vector<BookPicture>& pages, const std::vector<DraftPage>& set,
+                      const BookSettings& settings, Draft& draft) {
+    std::unordered_map<std::string, std::string> setNumbers;
+    for (const DraftPage& row : set)
+        setNumbers.emplace(row.page, row.number);
     std::vector<std::string> numbers;
     std::unordered_set<int> seen;
     for (std::size_t i = 0; i < pages.size(); ++i) {
@@ -26,10 +30,8 @@ void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings&
         });
         if (given == settings.numbers.end() && numbers.empty())
             continue;
-        const DraftPage& row = draft.pages[i];
-        numbers.push_back(row.state == PageState::Set       ? row.number
-                          : given == settings.numbers.end() ? std::string()
-                                                            : given->number);
+        const std::string& setNumber = setNumbers[pages[i].name];
+        numbers.push_back(setNumber.empty() && given != settings.numbers.end() ? given->number : setNumber);
     }
     numbers = filledPrintedNumbers(std::move(numbers));
     for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
@@ -82,7 +84,7 @@ Draft draftOfReadings(const BookFolder& book, const Draft& before) {
     }
     const std::vector<DraftPage> set = setRows(before, pages);
     Draft draft = mendedDraft(guessGuideWords(readings), set, keyRuleOf(book.settings()), book.settings().order);
-    takeGivenNumbers(pages, book.settings(), draft);
+    takeGivenNumbers(pages, set, book.settings(), draft);
     return draft;
 }
 

@@ -1,9 +1,10 @@
-// install, update, export and user-dictionary of velmarin-cli, and "keep SOURCE FOLDER BACKUPS": a user dictionary made
-// as the side window makes it.
+// install, update, export and user-dictionary of velmarin-cli, "keep SOURCE FOLDER BACKUPS": a user dictionary made as
+// the side window makes it, and "make PAGES GROUP NAME": a dictionary of two pages, unless it is there.
 
 #include "cli/Commands.h"
 #include "cli/Operands.h"
 #include "side/UserDictionary.h"
+#include "workshop/NewDictionary.h"
 
 #include <unistd.h>
 
@@ -24,13 +25,33 @@ Job defineKeep(CLI::App& command) {
     };
 }
 
+Job defineMake(CLI::App& command) {
+    const CLI::Option* words = addManyOperands(command, "WORD", "PAGES GROUP NAME");
+    return [=](Session& session) {
+        const auto paths = operands(words);
+        const FolderItem group(paths.at(1));
+        NewDictionary book{.pages = {{"p1.tif"}, {"p2.tif", "1"}},
+                           .pageFolder = FolderItem(paths.at(0)),
+                           .extraPageFolder = FolderItem(paths.at(0)),
+                           .lines = {{"aa", "", 0}, {"bb", "", 1, {"e.tif"}}},
+                           .about = {.title = "Two pages"}};
+        const bool isThere = group.Child(paths.at(2)).Exists();
+        const Result made = writeNewDictionary(book, group, paths.at(2));
+        if (!made && !isThere)
+            session.couldNot(made.failure());
+        return Status::Done;
+    };
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     CLI::App options;
     Job chosen;
     const Command keep{.name = "keep", .summary = "", .help = "", .define = defineKeep};
-    for (const Command& command : {installCommand(), updateCommand(), exportCommand(), userDictionaryCommand(), keep})
+    const Command make{.name = "make", .summary = "", .help = "", .define = defineMake};
+    for (const Command& command :
+         {installCommand(), updateCommand(), exportCommand(), userDictionaryCommand(), keep, make})
         addCommand(options, command, chosen);
     options.parse(guardedArguments(argc, argv));
     Output out(STDOUT_FILENO);

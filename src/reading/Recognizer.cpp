@@ -139,18 +139,19 @@ Result Recognizer::open(const std::vector<std::string>& languages) {
     return {};
 }
 
-std::vector<TextWord> Recognizer::readLine(Pix* line) {
+std::vector<TextWord> Recognizer::readLine(Pix* line, Alphabet alphabet) {
     if (!opened_)
         return {};
     // The caller reads one page in each thread; more threads for one line would wait for each other.
     omp_set_max_active_levels(0);
+    engine_->api.SetVariable("tessedit_char_whitelist", alphabet == Alphabet::Digits ? "0123456789" : "");
     engine_->api.SetImage(line);
     engine_->api.SetSourceResolution(300);
     if (engine_->api.Recognize(nullptr) != 0)
         return {};
     const std::unique_ptr<tesseract::ResultIterator> place(engine_->api.GetIterator());
     std::vector<TextWord> words;
-    if (!place)
+    if (!place || place->Empty(tesseract::RIL_SYMBOL))
         return words;
     std::vector<Letter> letters;
     const auto finishWord = [&] {

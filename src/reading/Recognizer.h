@@ -11,6 +11,9 @@ struct Pix;
 
 namespace velmarin {
 
+/// What the letters of a line can be.
+enum class Alphabet { Any, Digits };
+
 /// Tesseract's neural reader, for pictures of one line. Quiet, and in the thread that calls it alone. One is used by
 /// one thread at a time.
 class Recognizer {
@@ -30,7 +33,7 @@ class Recognizer {
     /// Reads a line in 8 bits, black on white, whose capitals are about 30 pixels high. The words' boxes are in pixels
     /// of the picture, their confidence is Tesseract's own, and their other readings differ in one letter. Empty if
     /// nothing was read or no language is open.
-    std::vector<TextWord> readLine(Pix* line);
+    std::vector<TextWord> readLine(Pix* line, Alphabet alphabet = Alphabet::Any);
 
   private:
     struct Engine;

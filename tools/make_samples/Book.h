@@ -54,7 +54,8 @@ struct Design {
     int headBaseline = 210; ///< of guide words and page number
     int textTop = 265;
     int textBottom = 2830;
-    int gutter = 64;
+    int columns = 2;
+    int gutter = 64; ///< between columns
     double body = 33;
     double bodyLeading = 37;
     double small = 29;
@@ -65,7 +66,7 @@ struct Design {
     double boldSpacing = 0; ///< between bold letters, in ems: for a typeface without a bold face
 
     int textWidth() const { return pageWidth - 2 * sideMargin; }
-    int columnWidth() const { return (textWidth() - gutter) / 2; }
+    int columnWidth() const { return (textWidth() - (columns - 1) * gutter) / columns; }
 };
 
 /// What the title page says.

@@ -42,41 +42,48 @@ void placeColumn(Page& page, const std::vector<FlowLine>& flow, std::size_t from
     }
 }
 
-/// The least height at which two columns hold the rest.
-double evenHeight(const std::vector<FlowLine>& flow, std::size_t from, double height) {
+/// The ends of columns that begin with `from`.
+std::vector<std::size_t> columnEnds(const std::vector<FlowLine>& flow, std::size_t from, double height, int columns) {
+    std::vector<std::size_t> ends;
+    for (int column = 0; column < columns; ++column)
+        ends.push_back(from = columnEnd(flow, from, height));
+    return ends;
+}
+
+/// The ends of the columns of the least height that hold the rest.
+std::vector<std::size_t> evenColumns(const std::vector<FlowLine>& flow, std::size_t from, double height, int columns) {
+    const auto partsWhatBelongs = [&](std::size_t end) { return end < flow.size() && flow[end - 1].keepWithNext; };
     for (double trial = 0; trial < height; trial += 4) {
-        const std::size_t middle = columnEnd(flow, from, trial);
-        const bool partsWhatBelongs = middle < flow.size() && flow[middle - 1].keepWithNext;
-        if (!partsWhatBelongs && columnEnd(flow, middle, trial) == flow.size())
-            return trial;
+        auto ends = columnEnds(flow, from, trial, columns);
+        if (ends.back() == flow.size() && std::ranges::none_of(ends, partsWhatBelongs))
+            return ends;
     }
-    return height;
+    return columnEnds(flow, from, height, columns);
 }
 
 } // namespace
 
-std::vector<Page> paginate(const std::vector<FlowLine>& flow, double height) {
+std::vector<Page> paginate(const std::vector<FlowLine>& flow, double height, int columns) {
     std::vector<Page> pages;
     std::size_t at = 0;
     while (at < flow.size()) {
         Page page;
-        std::size_t middle = columnEnd(flow, at, height);
-        std::size_t end = columnEnd(flow, middle, height);
-        const bool isLast = end == flow.size();
-        if (isLast) {
-            const double even = evenHeight(flow, at, height);
-            middle = columnEnd(flow, at, even);
-            end = columnEnd(flow, middle, even);
+        auto ends = columnEnds(flow, at, height, columns);
+        const bool isLast = ends.back() == flow.size();
+        if (isLast)
+            ends = evenColumns(flow, at, height, columns);
+        std::size_t from = at;
+        for (int column = 0; column < columns; ++column) {
+            const std::size_t end = ends[static_cast<std::size_t>(column)];
+            placeColumn(page, flow, from, end, column, isLast ? 0 : height);
+            from = end;
         }
-        const double level = isLast ? 0 : height;
-        placeColumn(page, flow, at, middle, 0, level);
-        placeColumn(page, flow, middle, end, 1, level);
-        const std::span<const FlowLine> lines(&flow[at], end - at);
+        const std::span<const FlowLine> lines(&flow[at], ends.back() - at);
         const auto opening = std::ranges::find_if(lines, &FlowLine::opensArticle);
         page.firstArticle = opening != lines.end() ? opening->article : flow[at].article;
-        page.lastArticle = flow[end - 1].article;
+        page.lastArticle = flow[ends.back() - 1].article;
         pages.push_back(std::move(page));
-        at = end;
+        at = ends.back();
     }
     return pages;
 }

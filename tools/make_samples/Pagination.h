@@ -33,8 +33,8 @@ struct Page {
     std::size_t lastArticle = 0;
 };
 
-/// Fills pages of two columns of `height`. Columns end level where a little more space between articles can make them
-/// so; the last page is divided evenly. A line that is to be kept with the next is carried over with it.
-std::vector<Page> paginate(const std::vector<FlowLine>& flow, double height);
+/// Fills pages of `columns` columns of `height`. Columns end level where a little more space between articles can make
+/// them so; the last page is divided evenly. A line that is to be kept with the next is carried over with it.
+std::vector<Page> paginate(const std::vector<FlowLine>& flow, double height, int columns = 2);
 
 } // namespace velmarin

@@ -353,7 +353,10 @@ void Press::printPage(const fs::path& path, const Page& page, const std::vector<
             pango_cairo_show_layout_line(sheet.context(), line.line.get());
         foot = std::max(foot, set.baseline);
     }
-    sheet.fill(design_.pageWidth / 2 - 1, design_.textTop + 6, 2, foot + design_.bodyLeading * 0.2 - 6);
+    for (int column = 1; column < design_.columns; ++column) {
+        const int left = design_.sideMargin + column * (design_.columnWidth() + design_.gutter);
+        sheet.fill(left - design_.gutter / 2 - 1, design_.textTop + 6, 2, foot + design_.bodyLeading * 0.2 - 6);
+    }
     sheet.write(path);
 }
 

@@ -22,6 +22,8 @@ TEST(Painting, FollowsTheMode) {
         int w, h, sx, sy; ///< of the destination, and of the source
     } cases[] = {{"whole page, too high", 0, 1000, 2000, 0.35, 350, 700, 0, 0},
                  {"whole page, too wide", 0, 2000, 1000, 0.4, 800, 400, 0, 0},
+                 {"whole page, too high though narrow", 0, 100, 1400, 0.5, 50, 700, 0, 0},
+                 {"whole page, too wide though low", 0, 2000, 350, 0.4, 800, 140, 0, 0},
                  {"whole page, smaller", 0, 799, 699, 1.0, 799, 699, 0, 0},
                  {"whole page, as wide as the control", 0, 800, 350, 1.0, 800, 350, 0, 0},
                  {"whole page, as high as the control", 0, 100, 700, 1.0, 100, 700, 0, 0},

@@ -77,6 +77,24 @@ std::vector<Interval> textStretches(const std::vector<int>& cover, double xHeigh
     return stretches;
 }
 
+// The outer edges of the text, where short lines do not reach, but some do.
+void widen(std::vector<Interval>& stretches, const std::vector<int>& cover, double xHeight) {
+    if (stretches.empty())
+        return;
+    const int gap = static_cast<int>(1.5 * xHeight);
+    const auto covered = [&](int x) {
+        return x >= 0 && x < static_cast<int>(cover.size()) && cover[static_cast<std::size_t>(x)] > 0;
+    };
+    for (int x = stretches.front().begin - 1; x >= stretches.front().begin - gap; --x) {
+        if (covered(x))
+            stretches.front().begin = x;
+    }
+    for (int x = stretches.back().end; x < stretches.back().end + gap; ++x) {
+        if (covered(x))
+            stretches.back().end = x + 1;
+    }
+}
+
 // The rows of a column in which there is ink.
 std::vector<LineBand> linesOf(const std::vector<PageBox>& letters, const TextColumn& column, int height,
                               double xHeight) {
@@ -120,7 +138,9 @@ std::vector<TextColumn> columnsOf(const StraightPage& page, const std::vector<Pa
     const int margin = rows.size() / 12;
     const std::vector<int> cover = coverAcross(letters, width, {rows.begin + margin, rows.end - margin}, page.xHeight);
     std::vector<TextColumn> columns;
-    for (const Interval& stretch : textStretches(cover, page.xHeight))
+    std::vector<Interval> stretches = textStretches(cover, page.xHeight);
+    widen(stretches, cover, page.xHeight);
+    for (const Interval& stretch : stretches)
         columns.push_back({stretch.begin, stretch.end, {}});
     for (std::size_t i = 0; i + 1 < columns.size(); ++i)
         columns[i].right = columns[i + 1].left = (columns[i].right + columns[i + 1].left) / 2;

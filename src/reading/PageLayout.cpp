@@ -16,7 +16,9 @@ using RuleCover = std::function<double(int top, int bottom)>;
 std::vector<PageBox> lettersOf(const StraightPage& page) {
     std::vector<PageBox> letters = componentsOf(page.ink.get());
     std::erase_if(letters, [&](const PageBox& box) {
-        return box.height < 0.4 * page.xHeight || box.height > 4 * page.xHeight || box.width > 12 * page.xHeight;
+        const bool dash = box.height < 0.7 * page.xHeight && box.width > 3 * box.height;
+        return dash || box.height < 0.4 * page.xHeight || box.height > 4 * page.xHeight ||
+               box.width > 12 * page.xHeight;
     });
     return letters;
 }
@@ -38,8 +40,11 @@ struct EdgeRow {
     double farther = 0; ///< the distance to the next line, in line pitches; the least of all columns
     bool ruled = false; ///< there is a rule across the text between it and the next lines
 
-    // How much speaks for a head. A line of the text has at most 1.
+    // How much speaks for a head. A line of the text has at most 1. A short one that nothing parts from the next may be
+    // the end of an entry, at the top of the only column that reaches so high.
     int score() const {
+        if (!ruled && farther < 1.15 && columns.size() < 2)
+            return 0;
         return (ruled ? 3 : 0) + (farther >= 1.35) + (farther >= 1.15) + (filled < 0.7) + (filled < 0.4);
     }
 };

@@ -78,7 +78,8 @@ class Writer {
         const bool newGroup = !group_.occupied();
         const FolderItem home = newGroup ? FolderItem(group_.path().parent_path()) : group_;
         const std::string member = newGroup ? group_.Name() : name_;
-        clearLeftovers(home.path(), work_);
+        for (const fs::path& folder : {group_.path(), group_.path().parent_path()})
+            clearLeftovers(folder, work_);
         if (!newGroup && group_.Child(name_).occupied())
             return Failure{target_, "an item of that name is already there"};
         auto staged = StagedMembers::in(home.path());

@@ -1,10 +1,12 @@
 // install, update, export and user-dictionary of velmarin-cli; "keep SOURCE FOLDER BACKUPS": a user dictionary made as
-// the side window makes it; "correct DICTIONARY CORRECTIONS BACKUPS": "make corrections --apply" with these folders.
+// the side window makes it; "correct DICTIONARY CORRECTIONS BACKUPS": "make corrections --apply" with these folders;
+// "make PAGES GROUP NAME": a dictionary of two pages, unless it is there.
 
 #include "cli/Commands.h"
 #include "cli/Operands.h"
 #include "side/UserDictionary.h"
 #include "workshop/DictionaryCorrector.h"
+#include "workshop/NewDictionary.h"
 
 #include <unistd.h>
 
@@ -46,6 +48,24 @@ Job defineCorrect(CLI::App& command) {
     };
 }
 
+Job defineMake(CLI::App& command) {
+    const CLI::Option* words = addManyOperands(command, "WORD", "PAGES GROUP NAME");
+    return [=](Session& session) {
+        const auto paths = operands(words);
+        const FolderItem group(paths.at(1));
+        NewDictionary book{.pages = {{"p1.tif"}, {"p2.tif", "1"}},
+                           .pageFolder = FolderItem(paths.at(0)),
+                           .extraPageFolder = FolderItem(paths.at(0)),
+                           .lines = {{"aa", "", 0}, {"bb", "", 1, {"e.tif"}}},
+                           .about = {.title = "Two pages"}};
+        const bool isThere = group.Child(paths.at(2)).Exists();
+        const Result made = writeNewDictionary(book, group, paths.at(2));
+        if (!made && !isThere)
+            session.couldNot(made.failure());
+        return Status::Done;
+    };
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -53,8 +73,9 @@ int main(int argc, char** argv) {
     Job chosen;
     const Command keep{.name = "keep", .summary = "", .help = "", .define = defineKeep};
     const Command correct{.name = "correct", .summary = "", .help = "", .define = defineCorrect};
+    const Command make{.name = "make", .summary = "", .help = "", .define = defineMake};
     for (const Command& command :
-         {installCommand(), updateCommand(), exportCommand(), userDictionaryCommand(), keep, correct})
+         {installCommand(), updateCommand(), exportCommand(), userDictionaryCommand(), keep, correct, make})
         addCommand(options, command, chosen);
     options.parse(guardedArguments(argc, argv));
     Output out(STDOUT_FILENO);

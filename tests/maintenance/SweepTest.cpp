@@ -369,6 +369,28 @@ TEST_P(CorrectionSweep, CorrectedDictionaryIsTheOldOneOrTheNewOne) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Killed, CorrectionSweep, ::testing::Values(std::tuple(Place::OtherFileSystem, Fault::Kill)));
+TEST_P(MaintenanceSweep, NewDictionaryIsWholeOrNotThereAndSoIsItsGroup) {
+    const bool newGroup = std::get<Place>(GetParam()) == Place::OtherFileSystem;
+    const std::string top = newGroup ? "far/New" : "far/Group/Birds";
+    Tree whole;
+    Scene scene{.command = {"make", "near/scan", newGroup ? "far/New" : "far/Group", "Birds"},
+                .files = {{"near/scan/p1.tif", std::string(9000, 'p')},
+                          {"near/scan/p2.tif", "a page"},
+                          {"near/scan/e.tif", "errata"},
+                          {"far/Group/other", "mine"}},
+                .nothingIsLost =
+                    [&] {
+                        ASSERT_TRUE(tree(top).empty() || tree(top) == whole);
+                        ASSERT_EQ(file("far/Group/other"), "file mine");
+                    },
+                .isDone = [&] { ASSERT_EQ(tree(top), whole); }};
+    setUp(scene);
+    ASSERT_EQ(start(scene.command).status, 0);
+    whole = tree(top);
+    ASSERT_EQ(whole[newGroup ? "Birds/About" : "About"], "file Title: Two pages\n");
+    sweep(scene);
+}
+
 INSTANTIATE_TEST_SUITE_P(Everywhere, MaintenanceSweep,
                          ::testing::Combine(::testing::Values(Place::SameFileSystem, Place::OtherFileSystem),
                                             ::testing::Values(Fault::Kill, Fault::DiskFull, Fault::TwoErrors)));

@@ -9,11 +9,17 @@
 #include "text/LetterCase.h"
 #include "view/Decoders.h"
 
+#include <utility>
+
 namespace velmarin {
 
 namespace {
 
 constexpr std::uint64_t kMostTextBytes = std::uint64_t{64} << 20;
+
+/// Formats whose files are copied as they are if they need no change, and how their extension is spelled then.
+constexpr std::pair<const char*, const char*> kKeptFormats[] = {
+    {"tif", "tif"}, {"tiff", "tif"}, {"jpg", "jpg"}, {"jpeg", "jpg"}, {"png", "png"}};
 
 class FolderScan : public ScanSource {
   public:
@@ -24,13 +30,21 @@ class FolderScan : public ScanSource {
     std::filesystem::path ownFile(std::size_t page) const override { return item().path() / names_[page]; }
 
     ScannedPage scanned(std::size_t page, const PageOptions&, const std::filesystem::path&) const override {
+        auto bytes = readWholeFile(FolderItem(ownFile(page)));
+        if (!bytes)
+            return ScannedPage::failed("it could not be read");
         const std::string extension = mFiMod_GetExtensionFromFileName(names_[page]);
-        const bool jpeg = equalStrings(extension, "jpg") || equalStrings(extension, "jpeg");
-        DecodedPicture decoded = decodePicture(FolderItem(ownFile(page)));
+        DecodedPicture decoded = decodePictureBytes(*bytes, extension);
         if (decoded.picture.isNil())
             return ScannedPage::failed(decoded.reason);
-        return {.picture = std::move(decoded.picture),
-                .encoding = jpeg ? PageEncoding::Photograph : PageEncoding::Lossless};
+        ScannedPage result{.picture = std::move(decoded.picture)};
+        for (const auto& [spelling, kept] : kKeptFormats) {
+            if (equalStrings(extension, spelling))
+                result.file = {std::move(*bytes), kept};
+        }
+        if (result.file.extension == "jpg")
+            result.encoding = PageEncoding::Photograph;
+        return result;
     }
 
     std::optional<PageText> text(std::size_t page, const PageOptions&) const override {

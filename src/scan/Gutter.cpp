@@ -14,7 +14,7 @@ namespace {
 constexpr int kReducedWidth = 1200;
 constexpr double kMiddleFrom = 0.38, kMiddleTo = 0.62;
 constexpr double kFoldInk = 0.6;    ///< of the rows of a fold, at least, are ink
-constexpr double kWhiteInk = 0.012; ///< of the rows of a white column, at most, are ink
+constexpr double kWhiteInk = 0.012; ///< the share of ink that white columns may have beyond the whitest one
 constexpr double kMaxLean = 0.035;  ///< tangent of two degrees
 constexpr int kLeans = 15;
 
@@ -46,7 +46,7 @@ std::vector<double> inkAlong(const Reduced& page, int from, int to, double lean)
     const int width = page.grey.Width(), height = page.grey.Height();
     for (int y = 0; y < height; ++y) {
         const std::uint32_t* row = page.grey.row(y);
-        const int shift = static_cast<int>(std::lround((y - height / 2) * lean));
+        const int shift = static_cast<int>(std::lround((y - height / 2.0) * lean));
         for (int x = from; x < to; ++x) {
             const int at = std::clamp(x + shift, 0, width - 1);
             count[static_cast<std::size_t>(x - from)] += static_cast<int>(GET_DATA_BYTE(row, at)) < page.threshold;
@@ -96,9 +96,12 @@ Candidate candidateAmong(const std::vector<double>& share) {
         consider(band, 1e6 * nearness(band) *
                            *std::max_element(share.begin() + static_cast<std::ptrdiff_t>(band.from),
                                              share.begin() + static_cast<std::ptrdiff_t>(band.to)));
-    if (best.value < 0)
-        for (const Band& band : bandsOf(share, [](double ink) { return ink <= kWhiteInk; }))
-            consider(band, static_cast<double>(band.width()) * nearness(band));
+    if (best.value >= 0)
+        return best;
+    // Not free of ink: a dark background shows above and below the pages.
+    const double least = *std::min_element(share.begin(), share.end());
+    for (const Band& band : bandsOf(share, [&](double ink) { return ink <= least + kWhiteInk; }))
+        consider(band, static_cast<double>(band.width()) * nearness(band) * (1 - least));
     return best;
 }
 
@@ -116,20 +119,14 @@ int gutterColumn(const Picture& picture) {
     const int from = static_cast<int>(page.grey.Width() * kMiddleFrom);
     const int to = std::max(from + 1, static_cast<int>(page.grey.Width() * kMiddleTo));
     Candidate best;
-    double least = 2, leastColumn = (to - from) / 2.0;
     for (int i = 0; i < kLeans; ++i) {
         const std::vector<double> share = inkAlong(page, from, to, kMaxLean * (2.0 * i / (kLeans - 1) - 1));
         const Candidate candidate = candidateAmong(share);
         if (candidate.value > best.value)
             best = candidate;
-        const auto lightest = std::min_element(share.begin(), share.end());
-        if (*lightest < least) {
-            least = *lightest;
-            leastColumn = static_cast<double>(lightest - share.begin());
-        }
     }
-    const double column = from + (best.value < 0 ? leastColumn : best.column);
-    return std::clamp(static_cast<int>(std::lround(column / page.scale)), 1, std::max(1, picture.Width() - 1));
+    return std::clamp(static_cast<int>(std::lround((from + best.column) / page.scale)), 1,
+                      std::max(1, picture.Width() - 1));
 }
 
 } // namespace velmarin

@@ -32,7 +32,7 @@ PixPtr readRows(std::string_view bytes, char kind, int width, int height) {
     const int depth = kind == '4' ? 1 : kind == '5' ? 8 : 32;
     const std::size_t rowSize =
         depth == 1 ? (static_cast<std::size_t>(width) + 7) / 8 : static_cast<std::size_t>(width) * (depth == 8 ? 1 : 3);
-    if (bytes.size() / rowSize < static_cast<std::size_t>(height))
+    if (rowSize == 0 || bytes.size() / rowSize < static_cast<std::size_t>(height))
         return nullptr;
     PixPtr pix = newPix(width, height, depth);
     if (!pix)

@@ -141,7 +141,7 @@ TEST(ScanSource, TurnsAndCuts) {
         const TempFolder folder;
         const Picture spread = Picture::adopt(both);
         folder.write("scan/p2.tif", *encodePicture(turned(spread, 3), "tif"));
-        folder.write("scan/p10.tif", *encodePicture(left, "tif"));
+        folder.write("scan/p10.JPEG", *encodePicture(left, "jpg"));
         folder.write("scan/p2.hocr",
                      "<html><body><div class='ocr_page' title='bbox 0 0 450 600'><span class='ocr_line'>"
                      "<span class='ocrx_word' title='bbox 50 500 60 580'>a</span>"
@@ -165,8 +165,10 @@ TEST(ScanSource, TurnsAndCuts) {
         EXPECT_EQ(box.y, 100);
         EXPECT_EQ(box.width, 160);
 
-        EXPECT_EQ(scan->takeOut(1, {.spread = Spread::LeftFirst}, folder.at("pages")).files.size(), 1U) << "one page";
-        EXPECT_EQ(scan->takeOut(1, {}, folder.at("pages")).files, std::vector{folder.at("scan/p10.tif")});
+        EXPECT_EQ(scan->takeOut(1, {.spread = Spread::LeftFirst}, folder.at("pages")).files,
+                  std::vector{folder.at("pages/p0002a.jpg")});
+        EXPECT_EQ(folder.read("pages/p0002a.jpg"), folder.read("scan/p10.JPEG")) << "one page";
+        EXPECT_EQ(scan->takeOut(1, {}, folder.at("pages")).files, std::vector{folder.at("scan/p10.JPEG")});
     }
 }
 
@@ -174,7 +176,8 @@ TEST(ScanSource, ReadsTheTextOfPdfAndDjvu) {
     const Picture ink = printedPage(kWide, kHigh, 1, 8);
     const std::string words = drawWords({{20, "Abacus"}, {200, "Abb\\351"}}), image = pdfImage(ink, "");
     const TempFolder folder;
-    const auto djvu = test::djvuOf({ink, turned(ink, 1), ink}, folder.path());
+    const auto djvu = folder.at("-a\n#%41?\"'.djvu");
+    fs::rename(test::djvuOf({ink, turned(ink, 1), ink}, folder.path()), djvu);
     folder.write("text", "select 1; set-txt\n(page 0 0 600 800 (line 50 700 550 750 (word 50 700 200 750 \"Abacus\") "
                          "(word 400 700 550 750 \"Abb\\303\\251\")))\n.\n"
                          "select 2; set-txt\n(page 0 0 800 600 (line 700 400 750 550 \"x Abb\\303\\251\"))\n.\n"

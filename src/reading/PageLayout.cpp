@@ -193,7 +193,7 @@ void findHeadAndFoot(const StraightPage& page, PageLayout& layout) {
 // The part of the page that a picture covers: what is solid when the white within letters is filled, or has large
 // parts.
 double pictureShare(const StraightPage& page) {
-    const int gap = std::max(2, static_cast<int>(0.5 * page.xHeight)),
+    const int gap = std::max(4, static_cast<int>(0.5 * page.xHeight)),
               size = std::max(20, static_cast<int>(3 * page.xHeight));
     // Strokes of a drawing, and rows of a halftone's dots, may have been taken for rules.
     const PixPtr all(page.rules ? pixOr(nullptr, page.ink.get(), page.rules.get()) : pixClone(page.ink.get()));

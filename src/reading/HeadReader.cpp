@@ -34,7 +34,7 @@ class PageInWork {
         readRows(layout_.headRows, reading_.head);
         if (!hasSureWord(reading_.head) || !hasNumber(reading_.head))
             readRows(layout_.footRows, reading_.foot);
-        if (reading_.head.lines.empty() && !hasNumber(reading_.foot) && !reading_.foot.lines.empty())
+        if (reading_.head.lines.empty() && hasSureWord(reading_.foot))
             reading_.headStrip = reading_.foot.lines.front().box;
         if (entries == EntryWords::Always || (entries == EntryWords::IfNeeded && !hasSureWord(reading_.head)))
             readEntries();

@@ -95,6 +95,20 @@ void widen(std::vector<Interval>& stretches, const std::vector<int>& cover, doub
     }
 }
 
+// The rows of a profile without those that have much less ink than the rows near them: where lines are set so tightly
+// that letters reach into the next line, no row between them is white.
+std::vector<int> withoutValleys(const std::vector<int>& profile, double xHeight) {
+    std::vector<int> peaks = profile;
+    const int size = static_cast<int>(profile.size()), around = std::max(2, static_cast<int>(1.1 * xHeight));
+    for (int y = 0; y < size; ++y) {
+        const auto first = profile.begin() + std::max(0, y - around),
+                   last = profile.begin() + std::min(size, y + around + 1);
+        if (profile[static_cast<std::size_t>(y)] < 0.3 * *std::max_element(first, last))
+            peaks[static_cast<std::size_t>(y)] = 0;
+    }
+    return peaks;
+}
+
 // The rows of a column in which there is ink.
 std::vector<LineBand> linesOf(const std::vector<PageBox>& letters, const TextColumn& column, int height,
                               double xHeight) {
@@ -111,7 +125,7 @@ std::vector<LineBand> linesOf(const std::vector<PageBox>& letters, const TextCol
             profile[static_cast<std::size_t>(y)] += box.width;
     }
     std::vector<LineBand> lines;
-    for (const Interval& rows : stretchesOf(profile, std::max(2.0, 0.5 * xHeight), 0)) {
+    for (const Interval& rows : stretchesOf(withoutValleys(profile, xHeight), std::max(2.0, 0.5 * xHeight), 0)) {
         if (rows.size() < 0.35 * xHeight)
             continue;
         LineBand line{rows.begin, rows.end, column.right, column.left};

@@ -193,9 +193,11 @@ void findHeadAndFoot(const StraightPage& page, PageLayout& layout) {
 // The part of the page that a picture covers: what is solid when the white within letters is filled, or has large
 // parts.
 double pictureShare(const StraightPage& page) {
-    const int gap = std::max(2, static_cast<int>(0.5 * page.xHeight)),
+    const int gap = std::max(4, static_cast<int>(0.5 * page.xHeight)),
               size = std::max(20, static_cast<int>(3 * page.xHeight));
-    const PixPtr closed(pixCloseSafeBrick(nullptr, page.ink.get(), gap, gap));
+    // Strokes of a drawing, and rows of a halftone's dots, may have been taken for rules.
+    const PixPtr all(page.rules ? pixOr(nullptr, page.ink.get(), page.rules.get()) : pixClone(page.ink.get()));
+    const PixPtr closed(all ? pixCloseSafeBrick(nullptr, all.get(), gap, gap) : nullptr);
     const PixPtr solid(closed ? pixOpenBrick(nullptr, closed.get(), size, size) : nullptr);
     l_float32 share = 0;
     if (solid)
@@ -215,7 +217,8 @@ PageLook lookOf(const StraightPage& page, const std::vector<PageBox>& letters, c
         for (const LineBand& line : column.lines)
             lines += line.right - line.left > (column.right - column.left) / 2;
     }
-    if (lines >= 15)
+    // The dots of a halftone are closer to each other than lines of letters.
+    if (lines >= 15 && layout.linePitch > 1.5 * page.xHeight)
         return PageLook::Text;
     if (pictureShare(page) > 0.12)
         return PageLook::Plate;

@@ -10,7 +10,7 @@ namespace velmarin {
 namespace {
 
 constexpr int kLeastWidth = 900; // letters of a page of three columns are then about 7 to 10 pixels high
-constexpr double kLeastLetter = 6;
+constexpr double kLeastLetter = 7;
 constexpr int kWindow = 24; // about the height of a line there
 constexpr int kMostParts = 25'000;
 constexpr double kNoTurn = 0.0005; // radians: a pixel in the width of a strip

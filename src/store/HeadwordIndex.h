@@ -21,7 +21,6 @@ class HeadwordIndex {
 
     std::size_t size() const;
     std::string_view operator[](std::size_t i) const;
-    bool sorted() const;
 
     /// The first i with word < (*this)[i]; size() if there is none. `word` is an upper-case form.
     std::size_t firstGreater(std::string_view word) const;

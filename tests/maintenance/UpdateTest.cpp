@@ -59,8 +59,8 @@ TEST_F(Update, ReplacesMembersAndSavesTheOldOnes) {
     folder_.link("DF/A/Webster/txt", "ind");
     WorkDone last;
     EXPECT_EQ(failureMessage(update("new/Webster", [&](const WorkDone& done) { last = done; })), "");
-    EXPECT_EQ(last.bytes, last.of);
-    EXPECT_EQ(last.of, 33U);
+    EXPECT_EQ(last.bytes, last.expectedBytes);
+    EXPECT_EQ(last.expectedBytes, 33U);
     EXPECT_EQ(filesOf(folder_.at("DF/A/Webster")), ".invisible=old BW=added FW=new ind=new index mImg/p1.tif=new page "
                                                    "mPimg/e1.tif=old extra page txt=new text");
     EXPECT_EQ(filesOf(folder_.at("Desktop/Webster-Oldversion-0")),
@@ -131,7 +131,7 @@ TEST_F(Update, LinkToAHiddenMemberLeadsToTheNewVersion) {
 
 TEST_F(Update, MemberThatDisappearsDuringTheCopyStaysOldWithThoseLinkedToIt) {
     const MaintenanceResult result = update("new/Webster", [&](const WorkDone& done) {
-        if (done.of > 0)
+        if (done.expectedBytes > 0)
             fs::remove(folder_.at("new/Webster/ind"));
     });
     EXPECT_EQ(failed(result), (Paths{"new/Webster/ind", "DF/A/Webster/mImg", "DF/A/Webster"}));

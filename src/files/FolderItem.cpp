@@ -1,5 +1,6 @@
 #include "files/FolderItem.h"
 
+#include "files/SystemCalls.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
 #include "text/UnicodeForms.h"
@@ -230,7 +231,7 @@ bool FolderItem::isSameItem(const FolderItem& other) const {
 }
 
 bool FolderItem::CreateAsFolder() const {
-    if (::mkdir(path().c_str(), 0777) == 0)
+    if (makeFolder(path()))
         return true;
     const int error = errno;
     const bool isThere = Directory();

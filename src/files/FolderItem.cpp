@@ -120,17 +120,6 @@ std::optional<std::vector<std::string>> listNames(const fs::path& folder) {
     return sortedByListingOrder(std::move(names));
 }
 
-std::optional<std::vector<fs::path>> membersIn(const fs::path& folder) {
-    const auto names = listNames(folder);
-    if (!names)
-        return std::nullopt;
-    std::vector<fs::path> members;
-    members.reserve(names->size());
-    for (const std::string& name : *names)
-        members.push_back(folder / name);
-    return members;
-}
-
 FolderItem::FolderItem(fs::path path) : path_(std::move(path)) {
     if (path_.empty())
         return;

@@ -183,7 +183,7 @@ bool StagedMembers::forgetOld() {
 
 std::optional<std::vector<fs::path>> StagedMembers::keepOld() {
     // Listed first: a failure to list them later would look as if there were none.
-    auto old = membersIn(hidden_ / kOldMembers);
+    auto old = oldMembersIn(hidden_);
     if (!old || !becomes(TemporaryKind::Replaced))
         return std::nullopt;
     for (fs::path& each : *old)

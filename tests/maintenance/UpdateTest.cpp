@@ -37,12 +37,12 @@ class Update : public ::testing::Test {
     MaintenanceResult update(const fs::path& newVersion = "new/Webster", const Progress& progress = {},
                              const fs::path& backups = "Desktop", const fs::path& dictionaryFolder = "DF") const {
         const FolderItem dictionary(folder_.at(newVersion));
-        const auto copies = installedCopies(FolderItem(folder_.at(dictionaryFolder)), dictionary.Name());
+        const auto copies = installedCopies(FolderItem(folder_.at(dictionaryFolder)), dictionary.Name()).copies;
         return updateDictionary(dictionary, copies, FolderItem(folder_.at(backups)), progress);
     }
     Paths copyPaths() const {
         Paths paths;
-        for (const FolderItem& copy : installedCopies(FolderItem(folder_.at("DF")), "Webster"))
+        for (const FolderItem& copy : installedCopies(FolderItem(folder_.at("DF")), "Webster").copies)
             paths.push_back(copy.path().lexically_relative(folder_.at("DF")));
         return paths;
     }

@@ -15,6 +15,7 @@
 #include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <map>
 #include <memory>
@@ -84,7 +85,8 @@ class Updater {
         const auto names = listNames(dictionary_.path());
         if (!names)
             return result_.fail(dictionary_, "it cannot be listed: " + errorInWords(errno));
-        for (const std::string& name : *names) {
+        names_ = *names;
+        for (const std::string& name : names_) {
             const FolderItem item(dictionary_.path() / name);
             if (!item.Visible())
                 continue;
@@ -114,10 +116,22 @@ class Updater {
         if (!backup)
             return;
         const std::size_t before = result_.items.size();
-        CopyUpdate(copy, *backup, work_, result_).run(members_, unreadable_);
+        CopyUpdate(copy, *backup, work_, result_).run(members_, unreadable_, [this] { return failIfMembersCame(); });
         std::error_code notEmpty;
         if (result_.items.size() == before)
             fs::remove(*backup, notEmpty);
+    }
+
+    /// Members that came while others were copied may belong to a later version.
+    bool failIfMembersCame() {
+        bool came = false;
+        for (const FolderItem& item : dictionary_.items()) {
+            if (!item.Visible() || std::find(names_.begin(), names_.end(), item.Name()) != names_.end())
+                continue;
+            result_.fail(item, "it came while the dictionary was copied. Run the update again");
+            came = true;
+        }
+        return came;
     }
 
     std::optional<fs::path> makeBackup(const FolderItem& copy, std::size_t k) {
@@ -150,6 +164,7 @@ class Updater {
     const FolderItem& dictionary_;
     const FolderItem& backups_;
     Work work_;
+    std::vector<std::string> names_; ///< of the items of the new version when it was planned
     std::map<std::string, TreePlan> members_;
     std::vector<std::string> unreadable_;
     MaintenanceResult result_;

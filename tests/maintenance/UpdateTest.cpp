@@ -140,6 +140,15 @@ TEST_F(Update, MemberThatDisappearsDuringTheCopyStaysOldWithThoseLinkedToIt) {
     EXPECT_EQ(folder_.read("DF/A/Webster/FW"), "new");
 }
 
+TEST_F(Update, MemberThatComesDuringTheCopyStopsTheUpdate) {
+    const MaintenanceResult result = update("new/Webster", [&](const WorkDone& done) {
+        if (done.bytes > 0)
+            folder_.write("new/Webster/txt", "of a later version");
+    });
+    EXPECT_EQ(failed(result), Paths{"new/Webster/txt"});
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "old index");
+}
+
 TEST_F(Update, WriteProtectedFoldersAreReplacedAndKeepTheirPermissions) {
     for (const char* folder : {"DF/A/Webster/mImg", "DF/A/Webster"})
         fs::permissions(folder_.at(folder), fs::perms(0555));

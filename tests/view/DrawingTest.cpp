@@ -95,7 +95,7 @@ TEST(Reduction, IsTheMeanOfTheAreaAtAnyRatioAndOverrun) {
 TEST(Reduction, HoldsAtTheEdgesOfPackedWords) {
     for (const Shape& s : {Shape{0, 0, 330, 3, 10, 1}, Shape{0, 0, 320, 3, 10, 3}, Shape{0, 0, 330, 3, 1, 2},
                            Shape{31, 0, 64, 3, 2, 2}, Shape{32, 1, 33, 2, 1, 1}, Shape{1, 0, 255, 3, 255, 2},
-                           Shape{0, 0, 330, 3, 400, 2}, Shape{63, 0, 267, 3, 8, 1}})
+                           Shape{0, 0, 330, 3, 400, 2}, Shape{63, 0, 267, 3, 8, 1}, Shape{0, 0, 330, 3, 10, 7}})
         expectLiteralMean(noise(330, 3, 1, 3), s);
 }
 

@@ -53,13 +53,14 @@ TEST(SeparatedValues, ReadsWhatSpreadsheetsSave) {
 }
 
 TEST(BookTable, FindsPagesAndTakesWhatIsKnownOfThem) {
-    const SeparatedValues table = SeparatedValues::parse("page,number,first,last,headword,errata\n"
-                                                         "B,7,bb,bd,,e1.tif; e2.tif\n" // a name without extension
-                                                         "b.tif,,,,bc,e3.tif\n"
-                                                         "a.tif,,aa,bb,,\n"
-                                                         "8,,bd,bd,,\n" // a printed number: an entry runs on
-                                                         "d.tif,,bd,be,,\n"
-                                                         "x,,bz,,,\n");
+    const SeparatedValues table =
+        SeparatedValues::parse("page,number,first,last,headword,errata\n"
+                               "B,7,bb,bd,,e1.tif; e2.tif ;e4.tif\n" // a name without extension
+                               "b.tif,,,,bc,e3.tif\n"
+                               "a.tif,,aa,bb,,\n"
+                               "8,,bd,bd,,\n" // a printed number: an entry runs on
+                               "d.tif,,bd,be,,\n"
+                               "x,,bz,,,\n");
     const BookTable book = readBookTable(table, {{"a.tif"}, {"b.tif"}, {"c.tif"}, {"d.tif"}}, {}, {});
     std::string text;
     for (const BookEntry& each : book.entries) {
@@ -68,7 +69,7 @@ TEST(BookTable, FindsPagesAndTakesWhatIsKnownOfThem) {
             text += " " + file;
         text += "\n";
     }
-    EXPECT_EQ(text, "aa/0\nbb/0\nbb+/1 e1.tif e2.tif\nbc/1 e3.tif\nbd/1\nbd+/3\nbe/3\n");
+    EXPECT_EQ(text, "aa/0\nbb/0\nbb+/1 e1.tif e2.tif e4.tif\nbc/1 e3.tif\nbd/1\nbd+/3\nbe/3\n");
     EXPECT_EQ(book.pages[2].number, "8");
     EXPECT_EQ(book.pages[3].number, "9");
     ASSERT_EQ(book.problems.size(), 1U);

@@ -1,5 +1,6 @@
 #include "cli/DictionaryCheck.h"
 
+#include "cli/FolderArgument.h"
 #include "cli/IndexCheck.h"
 #include "cli/LineCheck.h"
 #include "cli/PageListCheck.h"
@@ -81,7 +82,7 @@ class DictionaryChecker {
 
     std::vector<Finding> run(Images images) {
         if (holdsInterruptedSwap(members_.folder().path()))
-            findings_.push_back({members_.folder().path(), 0, "an update was interrupted: run the update again"});
+            findings_.push_back({members_.folder().path(), 0, kInterruptedUpdate});
         if (!members_.has("FW"))
             findings_.push_back({members_.folder().path() / "FW", 0, "is missing: groups do not show the dictionary"});
         checkFormat();

@@ -1,6 +1,7 @@
 #include "cli/FolderArgument.h"
 
 #include "files/FolderListing.h"
+#include "files/Leftovers.h"
 #include "maintenance/MaintenanceResult.h"
 #include "side/UserDictionary.h"
 #include "store/DictionaryMembers.h"
@@ -47,6 +48,12 @@ void reportUnreadable(const FolderItem& folder, const Group& group, Session& ses
         if (!read.contains(unreadable.item.AbsolutePath()))
             session.couldNot(unreadable);
     }
+}
+
+void noteInterruptedUpdates(const FolderItem& group) {
+    for (const FolderItem& item : group.items())
+        if (item.Visible() && holdsInterruptedSwap(item.path()))
+            complain(item.path().native() + ": " + kInterruptedUpdate);
 }
 
 } // namespace
@@ -131,6 +138,7 @@ std::optional<Group> groupArgument(const std::string& argument, Session& session
         return std::nullopt;
     }
     reportUnreadable(*folder, group, session);
+    noteInterruptedUpdates(*folder);
     return group;
 }
 

@@ -12,6 +12,7 @@
 namespace velmarin {
 
 inline constexpr const char* kEmptyFolderName = "an empty name is not a folder";
+inline constexpr const char* kInterruptedUpdate = "an update was interrupted: run the update again";
 
 /// The folder that an argument names. Returns nullopt, with a failure of the session, if it is missing, is not a
 /// folder, or cannot be listed or entered.
@@ -45,7 +46,8 @@ GroupFolders foldersIn(const FolderItem& group);
 /// "mImg", and it holds a dictionary, it is a group with folders of these names.
 bool isDictionary(const FolderItem& folder);
 
-/// The group that an argument names, read as a window reads it. A dictionary that cannot be opened, and a folder that
+/// The group that an argument names, read as a window reads it. A note says which of its dictionaries an interrupted
+/// update has left with members of two versions, or without some. A dictionary that cannot be opened, and a folder that
 /// may be one but cannot be entered, is a failure of the session, and the others are read. Returns nullopt, with a
 /// failure, if it is not a folder or is a dictionary, a common slip. Raises NilObjectException if its
 /// preferences cannot be read.

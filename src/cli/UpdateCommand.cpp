@@ -36,8 +36,7 @@ Status update(const std::string& dictionary, const std::string& dictionaryFolder
     const auto groups = newVersion ? folderArgument(dictionaryFolder, session) : std::nullopt;
     if (!groups)
         return Status::CouldNot;
-    Failures unreadable;
-    const auto copies = installedCopies(*groups, newVersion->Name(), {}, &unreadable);
+    const auto [copies, unreadable] = installedCopies(*groups, newVersion->Name());
     for (const Failure& each : unreadable)
         session.couldNot(each);
     if (copies.empty())

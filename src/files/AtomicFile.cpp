@@ -49,7 +49,7 @@ class TemporaryFile {
     ~TemporaryFile() {
         const int error = errno;
         if (!path_.empty())
-            ::unlink(path_.c_str());
+            removeFile(path_);
         errno = error;
     }
 
@@ -69,19 +69,14 @@ class TemporaryFile {
         return false;
     }
 
-    /// The owner and permissions of the file that is to be replaced; what cannot be kept there is dropped.
-    bool keepMode(const struct stat& old) {
-        const int descriptor = file_->descriptor().number();
-        [[maybe_unused]] const int ignored = ::fchown(descriptor, old.st_uid, old.st_gid);
-        return ::fchmod(descriptor, old.st_mode & 07777) == 0 || errno == EPERM || errno == ENOTSUP;
-    }
+    bool keepMode(const struct stat& old) { return keepOwnerAndMode(file_->descriptor().number(), old); }
 
     bool write(std::string_view bytes, Durability durability) {
         return file_->write(bytes) && (durability == Durability::Flushed ? file_->flush() : file_->check());
     }
 
     bool moveTo(const fs::path& path) {
-        if (::rename(path_.c_str(), path.c_str()) != 0)
+        if (!renameOver(path_, path))
             return false;
         path_.clear();
         return true;

@@ -10,10 +10,10 @@ namespace velmarin {
 /// Whether a file must survive a loss of power, or only be whole (the window placement, rewritten at every move).
 enum class Durability { Flushed, RenamedOnly };
 
-/// The one writer of every file that the program rewrites: a temporary file beside it, every byte checked, flushed,
-/// renamed over the old one, the folder flushed. At any moment the file holds its old bytes or its new ones. A link is
-/// followed and stays a link; the permissions of an existing file are kept. On failure the temporary file is gone. A
-/// flushed write first clears the leftovers of killed runs from the folder.
+/// Writes every file that the program rewrites: it writes a temporary file beside it, checks its size, flushes it,
+/// renames it over the old one and flushes the folder, so that the file always holds its old bytes or its new ones. A
+/// link is followed and stays a link; an existing file keeps its permissions. On failure the temporary file is removed.
+/// A flushed write first clears the leftovers of killed runs from the folder.
 Result writeFileAtomically(const std::filesystem::path& path, std::string_view bytes,
                            Durability durability = Durability::Flushed);
 

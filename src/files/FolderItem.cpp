@@ -1,5 +1,6 @@
 #include "files/FolderItem.h"
 
+#include "files/SystemCalls.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
 #include "text/UnicodeForms.h"
@@ -119,17 +120,6 @@ std::optional<std::vector<std::string>> listNames(const fs::path& folder) {
     return sortedByListingOrder(std::move(names));
 }
 
-std::optional<std::vector<fs::path>> membersIn(const fs::path& folder) {
-    const auto names = listNames(folder);
-    if (!names)
-        return std::nullopt;
-    std::vector<fs::path> members;
-    members.reserve(names->size());
-    for (const std::string& name : *names)
-        members.push_back(folder / name);
-    return members;
-}
-
 FolderItem::FolderItem(fs::path path) : path_(std::move(path)) {
     if (path_.empty())
         return;
@@ -230,7 +220,7 @@ bool FolderItem::isSameItem(const FolderItem& other) const {
 }
 
 bool FolderItem::CreateAsFolder() const {
-    if (::mkdir(path().c_str(), 0777) == 0)
+    if (makeFolder(path()))
         return true;
     const int error = errno;
     const bool isThere = Directory();

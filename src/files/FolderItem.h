@@ -9,8 +9,8 @@
 
 namespace velmarin {
 
-/// A reference to a file or folder, which may not exist. Default-made it is nil: using a nil one raises
-/// NilObjectException. Symbolic links are the system's aliases.
+/// A reference to a file or folder, which need not exist. A default-constructed one is nil; using it raises
+/// NilObjectException. An alias is a symbolic link.
 class FolderItem {
   public:
     FolderItem() = default;
@@ -23,15 +23,15 @@ class FolderItem {
     std::string AbsolutePath() const;
 
     std::string Name() const;
-    /// Something is there, links followed: a link to nothing does not exist.
+    /// Whether the item exists, links followed: a broken link does not.
     bool Exists() const;
     bool Directory() const;
     bool regularFile() const;
-    /// The item itself is a link.
+    /// Whether the item itself is a link.
     bool Alias() const;
-    /// Its name is taken, even if only by a link to nothing.
+    /// Whether its name is taken, even by a broken link.
     bool occupied() const;
-    /// Its name does not begin with a point.
+    /// Whether its name does not begin with a dot.
     bool Visible() const;
     FolderItem Parent() const;
 
@@ -41,11 +41,11 @@ class FolderItem {
     /// cannot be made.
     FolderItem Child(std::string_view name) const;
 
-    /// All items of the folder in ListingOrder, links unresolved. Empty if it cannot be listed.
+    /// The items that listNames names, links unresolved. Empty if the folder cannot be listed.
     std::vector<FolderItem> items() const;
-    /// This item with a link followed; a link to nothing stays as it is.
+    /// What this item leads to if it is a link; a broken link itself.
     FolderItem resolved() const;
-    /// Whether both lead to one item on the disk, by device and inode. False if one does not exist.
+    /// Whether both lead to one item on the disk, by device and inode. False if either does not exist.
     bool isSameItem(const FolderItem& other) const;
 
     /// Makes the folder. Returns false with errno if it is not there afterwards.
@@ -60,13 +60,10 @@ class FolderItem {
 /// Whether a name is one path component that a folder can hold: not empty, not "." or "..", no "/" and no NUL.
 bool isMemberName(std::string_view name);
 
-/// What ListingOrder would make of them, with the capitals of each name worked out once.
+/// Sorts names as ListingOrder does, but converts each to capitals only once.
 std::vector<std::string> sortedByListingOrder(std::vector<std::string> names);
 
 /// The names in a folder in ListingOrder; nullopt with errno if it cannot be listed.
 std::optional<std::vector<std::string>> listNames(const std::filesystem::path& folder);
-
-/// The items of a folder, whatever their names; nullopt with errno if it cannot be listed.
-std::optional<std::vector<std::filesystem::path>> membersIn(const std::filesystem::path& folder);
 
 } // namespace velmarin

@@ -10,8 +10,8 @@
 
 namespace velmarin {
 
-/// A folder listed once, for callers that ask for many members of it, most of which are usually absent: each question
-/// answers as FolderItem::Child would have at the moment of listing, without touching the disk.
+/// A folder that is listed once, for callers that look for many members, most of which are usually absent. It finds
+/// them as FolderItem::Child would have at the time of the listing, without reading the disk again.
 class FolderListing {
   public:
     explicit FolderListing(FolderItem folder);
@@ -24,7 +24,7 @@ class FolderListing {
 
     /// As FolderItem::Child. A folder that may be entered but not listed is asked member by member.
     FolderItem Child(std::string_view name) const;
-    /// Whether there is such a member, a link to nothing not counting.
+    /// Whether there is such a member, not counting a broken link.
     bool has(std::string_view name) const { return Child(name).Exists(); }
 
   private:

@@ -7,8 +7,9 @@
 
 namespace velmarin {
 
-/// A lock on a folder among runs of the program, on the folder's own descriptor: it ends with the object, and with the
-/// process however that ends. Only who takes it is affected; reading and writing need no lock.
+/// A lock on a folder that runs of the program take before they change it. The system holds it on an open descriptor of
+/// the folder, so that it ends with the object or with the process, even after a crash. It is advisory: a process that
+/// takes no lock can read and write.
 class FolderLock {
   public:
     enum class Kind {

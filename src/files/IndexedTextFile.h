@@ -10,8 +10,8 @@
 
 namespace velmarin {
 
-/// A text file whose lines are asked for by number. The places of its lines are noted as far as a question needs and
-/// kept; a file whose size, identity or time of change differs is read again. Nothing of its text is kept.
+/// A text file whose lines are read by number. It remembers where lines begin, as far as it had to scan the file, and
+/// scans again if the size, identity or time of change of the file differs. It keeps none of the text.
 class IndexedTextFile {
   public:
     IndexedTextFile() = default;
@@ -28,7 +28,7 @@ class IndexedTextFile {
     Line line(std::uint64_t number);
 
   private:
-    /// Of how many lines one place is noted.
+    /// The interval, in lines, at which places are noted.
     static constexpr std::uint64_t kStep = 64;
 
     void forgetPlacesUnlessSame(const FileStamp& stamp);

@@ -52,7 +52,7 @@ void clearLeftovers(const fs::path& folder, Work& work) {
             continue;
         const fs::path path = folder / name;
         if (FolderItem(path).Alias()) { // a link cannot be locked
-            ::unlink(path.c_str());
+            removeFile(path);
             continue;
         }
         const Descriptor opened = openLeftover(path);

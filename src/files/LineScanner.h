@@ -8,15 +8,15 @@
 
 namespace velmarin {
 
-/// The lines of a file one after the other, as views into a window: no line is copied, and a file of any length takes
-/// little memory. Lines end as for LineReader; a byte-order mark at the start of the file belongs to none.
+/// Reads a file line by line through a window, so that no line is copied and a file of any length takes little memory.
+/// Lines end as in LineReader; a byte-order mark at the start of the file belongs to no line.
 class LineScanner {
   public:
     /// `file` must outlive the scanner; `offset` is where a line begins.
     explicit LineScanner(const ReadOnlyFile& file, std::uint64_t offset = 0);
 
-    /// False at the end of the file. The line lasts until the next call; what goes beyond kLongestLine bytes is left
-    /// out.
+    /// False at the end of the file. The view is valid until the next call. Bytes of a line after the first
+    /// kLongestLine are left out.
     bool next(std::string_view& line);
     /// Where the next line begins, in bytes.
     std::uint64_t position() const { return readTo_ - (filled_ - at_); }
@@ -35,8 +35,8 @@ class LineScanner {
     std::size_t at_ = 0;
     std::size_t filled_ = 0;
     bool ended_ = false;
-    // No LF and no CR lies between `at_` and these, so that a file of one kind is not searched for the other at each
-    // line.
+    // The next LF and the next CR at or after `at_` are not before these positions. Without them, a file with LF ends
+    // would be searched for a CR to the end of the window at each line.
     std::size_t nextLf_ = 0;
     std::size_t nextCr_ = 0;
 };

@@ -28,6 +28,16 @@ std::string replacedBy(const std::string& oldName, const std::vector<std::string
     return alike == names.end() ? std::string() : *alike;
 }
 
+std::optional<std::vector<fs::path>> oldMembersIn(const fs::path& hidden) {
+    const auto names = listNames(hidden / kOldMembers);
+    if (!names)
+        return std::nullopt;
+    std::vector<fs::path> members;
+    for (const std::string& name : *names)
+        members.push_back(hidden / kOldMembers / name);
+    return members;
+}
+
 bool undoSwap(const fs::path& hidden, const fs::path& folder, const std::vector<std::string>& names, Work& work) {
     for (const std::string& name : names) {
         const fs::path waiting = hidden / kNewMembers / name;

@@ -4,16 +4,11 @@
 
 #include <cerrno>
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmarin {
 
-NewFile::NewFile(const std::filesystem::path& path) {
-    do
-        descriptor_ = Descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
-    while (!descriptor_ && errno == EINTR);
+NewFile::NewFile(const std::filesystem::path& path) : descriptor_(makeFile(path, 0666)) {
     noteError(static_cast<bool>(descriptor_));
 }
 
@@ -42,10 +37,7 @@ bool NewFile::flush() {
 }
 
 bool NewFile::check() {
-    if (!noteError(error_ == 0 && hasAllBytes()))
-        return false;
-    const int second = ::fcntl(descriptor_.number(), F_DUPFD_CLOEXEC, 0);
-    return noteError(second >= 0 && (::close(second) == 0 || errno == EINTR));
+    return noteError(error_ == 0 && hasAllBytes() && closeDuplicate(descriptor_.number()));
 }
 
 } // namespace velmarin

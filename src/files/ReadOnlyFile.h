@@ -35,11 +35,11 @@ class ReadOnlyFile {
     Descriptor descriptor_;
 };
 
-/// The whole of a regular file, or nothing (missing, not a regular file, unreadable, or longer than `limit` bytes).
+/// The bytes of a regular file; nullopt if it is missing, not a regular file, unreadable or longer than `limit` bytes.
 std::optional<std::string> readWholeFile(const FolderItem& item, std::uint64_t limit = std::uint64_t{1} << 31);
 
-/// Whether a file's last change lies so far back that a further one would show in its stamp. The time of a change is
-/// coarse: a file rewritten in place within the same tick, at the same length, keeps its stamp.
+/// Whether a file's last change lies so far back that a further one would show in its stamp. File systems count time in
+/// ticks: a file that is rewritten in place within one tick, at the same length, keeps its stamp.
 bool settled(const FileStamp& stamp);
 
 /// The first bytes of a file, at most `most`.

@@ -1,12 +1,12 @@
 #include "files/RemoveTree.h"
 
 #include "files/FolderItem.h"
+#include "files/SystemCalls.h"
 
 #include <cerrno>
 #include <string>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace velmarin {
 
@@ -18,9 +18,9 @@ bool removeTree(const fs::path& item, Work& work) {
     if (::lstat(item.c_str(), &found) != 0)
         return errno == ENOENT;
     if (!S_ISDIR(found.st_mode))
-        return ::unlink(item.c_str()) == 0;
+        return removeFile(item);
     if ((found.st_mode & S_IRWXU) != S_IRWXU)
-        ::chmod(item.c_str(), 0700);
+        openToOwner(item);
     int firstError = 0;
     const auto names = listNames(item);
     if (!names)
@@ -30,7 +30,7 @@ bool removeTree(const fs::path& item, Work& work) {
             if (!removeTree(item / name, work) && firstError == 0)
                 firstError = errno;
         }
-    if (::rmdir(item.c_str()) == 0)
+    if (removeEmptyFolder(item))
         return true;
     errno = firstError != 0 ? firstError : errno;
     return false;

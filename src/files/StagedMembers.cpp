@@ -14,8 +14,6 @@
 #include <cstdio>
 #include <utility>
 
-#include <unistd.h>
-
 namespace velmarin {
 
 namespace fs = std::filesystem;
@@ -39,7 +37,7 @@ std::optional<StagedMembers> StagedMembers::in(const fs::path& folder) {
         Descriptor lock = openFolder(hidden);
         if (!lock && errno != ENOENT) {
             const int error = errno;
-            ::rmdir(hidden.c_str());
+            removeEmptyFolder(hidden);
             errno = error;
             return std::nullopt;
         }
@@ -85,8 +83,7 @@ bool StagedMembers::moveTo(std::string_view name, const fs::path& target) {
     if (renameToFreeName(placeOf(name), target))
         return true;
     // The system lets a folder take the place of an empty one, and of nothing else.
-    return errno == EEXIST && FolderItem(placeOf(name)).Directory() &&
-           ::rename(placeOf(name).c_str(), target.c_str()) == 0;
+    return errno == EEXIST && FolderItem(placeOf(name)).Directory() && renameOver(placeOf(name), target);
 }
 
 bool StagedMembers::exchange(std::string_view name) {
@@ -186,7 +183,7 @@ bool StagedMembers::forgetOld() {
 
 std::optional<std::vector<fs::path>> StagedMembers::keepOld() {
     // Listed first: a failure to list them later would look as if there were none.
-    auto old = membersIn(hidden_ / kOldMembers);
+    auto old = oldMembersIn(hidden_);
     if (!old || !becomes(TemporaryKind::Replaced))
         return std::nullopt;
     for (fs::path& each : *old)

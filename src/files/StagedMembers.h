@@ -17,9 +17,9 @@ namespace velmarin {
 ///
 ///     copy or placeOf, listed by add, for each member; beginSwap; swap, once or more; keepOld or forgetOld
 ///
-/// A run that is killed before keepOld or forgetOld is taken back by clearLeftovers, which the lock that the object
-/// holds keeps off meanwhile. The object takes back on its own what was not finished, and removes what is hidden,
-/// except replaced members that are still to be moved away.
+/// If the process is killed before keepOld or forgetOld, clearLeftovers undoes its swaps in a later run. The object
+/// locks the hidden folder, so that clearLeftovers leaves it alone while the process lives. The destructor undoes an
+/// unfinished swap and removes the hidden folder, unless replaced members still have to be moved out of it.
 class StagedMembers {
   public:
     /// nullopt with errno if the hidden folder cannot be made.
@@ -36,17 +36,17 @@ class StagedMembers {
     /// Copies what was planned as a member of that name, and adds it if it is whole.
     CopyOutcome copy(const TreePlan& plan, const std::string& name, Work& work, Failures& failures);
 
-    /// Moves a member to a name that is free, or that of an empty folder if the member is a folder; anywhere on the
-    /// same file system. False with errno.
+    /// Moves a member to `target`, on the same file system. The name must be free; a folder may also replace an empty
+    /// folder. False with errno.
     bool moveTo(std::string_view name, const std::filesystem::path& target);
-    /// Gives a member its name and takes what has it, in one step. False with errno if the file system cannot.
+    /// Swaps a new member with the old one of its name, in one step. False with errno if the file system cannot.
     bool exchange(std::string_view name);
 
     /// Writes down which members are to be swapped. False with errno.
     bool beginSwap();
-    /// Moves the old members of these names aside (also those whose names differ only in case or composition), then the
-    /// new ones into their places: the first name goes first and comes last. False with one failure more, and these
-    /// members as they were; with two if that failed too, and then the object is abandoned.
+    /// Moves the old members of these names aside (also those whose names differ only in case or composition), in the
+    /// order given, then the new ones into their places, in reverse order. If that fails, it adds a failure, puts these
+    /// members back and returns false. If they cannot be put back, it adds a second failure and abandons the object.
     bool swap(const std::vector<std::string>& names, Work& work, Failures& failures);
     /// Takes all swaps back. Otherwise returns false with a failure, and the object is abandoned.
     bool undo(Work& work, Failures& failures);

@@ -58,8 +58,57 @@ bool setAttributes(int descriptor, mode_t permissions, const timespec& read, con
            (::futimens(descriptor, times.data()) == 0 || !isDiskError(errno));
 }
 
-bool makeFolder(const fs::path& folder) {
-    return ::mkdir(folder.c_str(), 0777) == 0;
+bool makeFolder(const fs::path& folder, mode_t permissions) {
+    return ::mkdir(folder.c_str(), permissions) == 0;
+}
+
+Descriptor makeFile(const fs::path& file, mode_t permissions) {
+    int opened = -1;
+    do
+        opened = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, permissions);
+    while (opened < 0 && errno == EINTR);
+    return Descriptor(opened);
+}
+
+bool makeLink(const std::string& target, const fs::path& link) {
+    return ::symlink(target.c_str(), link.c_str()) == 0;
+}
+
+bool removeFile(const fs::path& file) {
+    return ::unlink(file.c_str()) == 0;
+}
+
+bool removeEmptyFolder(const fs::path& folder) {
+    return ::rmdir(folder.c_str()) == 0;
+}
+
+bool openToOwner(const fs::path& folder) {
+    return ::chmod(folder.c_str(), 0700) == 0;
+}
+
+ssize_t copyByKernel(int from, int to, std::size_t most) {
+    ssize_t done = 0;
+    do
+        done = ::copy_file_range(from, nullptr, to, nullptr, most, 0);
+    while (done < 0 && errno == EINTR);
+    return done;
+}
+
+bool writeOut(int descriptor, std::uint64_t from, std::uint64_t end, WriteOut how) {
+    constexpr unsigned wait = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
+    const unsigned flags = how == WriteOut::Wait ? wait : SYNC_FILE_RANGE_WRITE;
+    return ::sync_file_range(descriptor, static_cast<off64_t>(from), static_cast<off64_t>(end - from), flags) == 0 ||
+           !isDiskError(errno);
+}
+
+bool closeDuplicate(int descriptor) {
+    const int second = ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+    return second >= 0 && (::close(second) == 0 || errno == EINTR);
+}
+
+bool keepOwnerAndMode(int descriptor, const struct stat& old) {
+    [[maybe_unused]] const int ignored = ::fchown(descriptor, old.st_uid, old.st_gid);
+    return ::fchmod(descriptor, old.st_mode & 07777) == 0 || errno == EPERM || errno == ENOTSUP;
 }
 
 bool makeLinkTo(const fs::path& target, const fs::path& link) {
@@ -95,6 +144,10 @@ bool lockFresh(const Descriptor& made) {
     return (lockAlone(made) || errno != EWOULDBLOCK) && ::fstat(made.number(), &found) == 0 && found.st_nlink > 0;
 }
 
+bool renameOver(const fs::path& from, const fs::path& to) {
+    return ::rename(from.c_str(), to.c_str()) == 0;
+}
+
 bool renameToFreeName(const fs::path& from, const fs::path& to) {
     if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0)
         return true;
@@ -106,7 +159,7 @@ bool renameToFreeName(const fs::path& from, const fs::path& to) {
         errno = EEXIST;
         return false;
     }
-    return ::rename(from.c_str(), to.c_str()) == 0;
+    return renameOver(from, to);
 }
 
 bool renameItem(const fs::path& from, const fs::path& to) {

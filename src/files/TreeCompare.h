@@ -4,8 +4,8 @@
 
 namespace velmarin {
 
-/// Whether what was planned and what is at `other` (its links as they are) are the same, byte for byte: names, kinds
-/// and contents. `other` is read from the disk, where the system drops what it has cached of it.
+/// Whether the planned items and those at `other` have the same names, kinds and contents, byte for byte; links are
+/// compared by their targets. Cached pages of `other` are dropped first, so that it is read from the disk.
 bool sameContents(const TreePlan& plan, const std::filesystem::path& other, Work& work);
 
 } // namespace velmarin

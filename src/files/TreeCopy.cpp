@@ -9,7 +9,6 @@
 #include <optional>
 #include <utility>
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -27,19 +26,10 @@ constexpr std::uint64_t kOnItsWay = std::uint64_t{64} << 20;
 constexpr std::size_t kMostOpen = 200;
 constexpr const char* kChanged = "it changed while it was copied";
 
-/// Starts to write fresh bytes to the disk and waits for older ones. Only errors of the disk itself count: some file
-/// systems cannot do it.
+/// Starts to write fresh bytes to the disk and waits for older ones.
 bool pace(int descriptor, std::uint64_t from, std::uint64_t to) {
-    const auto range = [&](std::uint64_t at, std::uint64_t end, unsigned flags) {
-        return ::sync_file_range(descriptor, static_cast<off64_t>(at), static_cast<off64_t>(end - at), flags) == 0 ||
-               !isDiskError(errno);
-    };
-    if (!range(from, to, SYNC_FILE_RANGE_WRITE))
-        return false;
-    if (from < kOnItsWay)
-        return true;
-    constexpr unsigned kArrived = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
-    return range(from - kOnItsWay, to - kOnItsWay, kArrived);
+    return writeOut(descriptor, from, to, WriteOut::Start) &&
+           (from < kOnItsWay || writeOut(descriptor, from - kOnItsWay, to - kOnItsWay, WriteOut::Wait));
 }
 
 /// Copies bytes between two descriptors a piece at a time, by the kernel if it can.
@@ -52,12 +42,10 @@ class BytePump {
 
     /// How many were copied, at most `most`: 0 at the end, nullopt with errno on failure.
     std::optional<std::size_t> copy(std::size_t most) {
-        while (byKernel_) {
-            const ssize_t done = ::copy_file_range(from_, nullptr, to_, nullptr, most, 0);
+        if (byKernel_) {
+            const ssize_t done = copyByKernel(from_, to_, most);
             if (done > 0)
                 return static_cast<std::size_t>(done);
-            if (done < 0 && errno == EINTR)
-                continue;
             if (done < 0 && isDiskError(errno) && errno != EIO)
                 return std::nullopt;
             // Not all file systems can do it between each other, some end it early, and which side has failed shows
@@ -125,20 +113,20 @@ class TreeCopier {
         const fs::path target = targetOf(item);
         switch (item.kind) {
         case PlannedItem::Kind::File:
-            return makeFile(item);
+            return copyFile(item);
         case PlannedItem::Kind::Link:
-            return ::symlink(item.leadsTo.c_str(), target.c_str()) == 0 || targetFailed(item);
+            return makeLink(item.leadsTo, target) || targetFailed(item);
         case PlannedItem::Kind::Folder:
-            return ::mkdir(target.c_str(), 0700) == 0 || targetFailed(item);
+            return makeFolder(target, 0700) || targetFailed(item);
         }
         return false;
     }
 
-    bool makeFile(const PlannedItem& item) {
+    bool copyFile(const PlannedItem& item) {
         const auto from = ReadOnlyFile::open(FolderItem(plan_.pathOf(item)));
         if (!from)
             return sourceFailed(item, "it cannot be read: " + errorInWords(errno));
-        Descriptor to(::open(targetOf(item).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600));
+        Descriptor to = makeFile(targetOf(item), 0600);
         if (!to)
             return targetFailed(item);
         const FileStamp before = from->stamp();

@@ -12,9 +12,9 @@ enum class CopyOutcome {
     TargetFailed, ///< something could not be written
 };
 
-/// Copies what was planned to `place`, which must be free, and flushes it. The owner may write to all of the copy.
-/// Where it is not whole, the one failure that ended it is added to `failures`, with an item of the source or of the
-/// target, and what there is of the copy is the caller's to remove. Messages call it `shownAs`, the name it is to get.
+/// Copies what was planned to `place`, which must be free, and flushes it. The owner may write to all folders and files
+/// of the copy. If it does not become whole, the failure that ended it is added to `failures`, and the caller has to
+/// remove what was written. Messages name items of the copy by their places below `shownAs`, the path it is to get.
 CopyOutcome copyTree(const TreePlan& plan, const std::filesystem::path& place, const std::filesystem::path& shownAs,
                      Work& work, Failures& failures);
 

@@ -13,8 +13,7 @@
 
 namespace velmarin {
 
-/// What becomes of symbolic links inside what is copied: they stay links, or what they lead to takes their place and
-/// name.
+/// Whether symbolic links are copied as links, or replaced by copies of what they lead to.
 enum class Links { Kept, Followed };
 
 struct PlannedItem {
@@ -28,8 +27,8 @@ struct PlannedItem {
     timespec read{}, changed{};
 };
 
-/// What a copy will consist of, found out before the first byte of it is written: obstacles are known at
-/// once, and the amount of work too.
+/// Everything that a copy will consist of. It is planned before the first byte is written, so that obstacles and the
+/// amount of work are known.
 struct TreePlan {
     std::filesystem::path source;
     /// The top first, every folder before what is in it. Empty if nothing can be copied.
@@ -49,12 +48,13 @@ struct TreePlan {
     bool whole() const { return !items.empty() && unreadable.empty(); }
 };
 
-/// In how many ways a folder may be reached by links: those that branch could otherwise make a small folder endless.
+/// How many paths, through followed links, may lead to one folder. Without a limit, a few folders that link to each
+/// other could give a plan without end.
 inline constexpr int kMostWays = 64;
 
-/// A copy is without the hidden leftovers of earlier runs (files/TemporaryName.h), and its relative links are made to
-/// lead where the original's do: those to a place outside are rewritten, those that lead nowhere count as unreadable.
-/// What is moved takes everything as it is.
+/// A copy leaves out the hidden leftovers of earlier runs (files/TemporaryName.h). Its relative links lead to the same
+/// targets as the original's: links to a place outside are rewritten, and broken ones count as unreadable. A move takes
+/// everything as it is.
 enum class Purpose { Copy, Move };
 
 /// Plans the copy of `source` into the folder `destination`. With Links::Followed the source itself is followed too.

@@ -7,9 +7,9 @@
 
 namespace velmarin {
 
-/// Copies `item` to `place`, flushed and known to be equal to it, as a move between file systems needs it: links stay
-/// as they are, and what no copy can hold is a failure. It is first made at `hidden`, in the file system of `place`.
-/// False with the failures; what is at `hidden` then is the caller's to remove.
+/// Copies `item` to `place` for a move between file systems: the copy is made at `hidden`, in the file system of
+/// `place`, flushed, compared with `item` and then renamed. Links stay as they are; an item that no copy can hold is a
+/// failure. If it fails, it returns false with the failures, and the caller has to remove what is at `hidden`.
 bool copyVerified(const std::filesystem::path& item, const std::filesystem::path& place,
                   const std::filesystem::path& hidden, Work& work, Failures& failures);
 

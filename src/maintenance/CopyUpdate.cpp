@@ -34,12 +34,13 @@ std::string quotedList(const std::vector<std::string>& names) {
 
 } // namespace
 
-void CopyUpdate::run(const std::map<std::string, TreePlan>& members, std::vector<std::string> unreadable) {
+void CopyUpdate::run(const std::map<std::string, TreePlan>& members, std::vector<std::string> unreadable,
+                     const std::function<bool()>& sourceChanged) {
     kept_ = std::move(unreadable);
     auto staged = StagedMembers::in(copy_.path());
     if (!staged)
         return result_.fail(copy_, "nothing can be written there: " + errorInWords(errno));
-    if (!stage(*staged, members))
+    if (!stage(*staged, members) || sourceChanged())
         return;
     if (!staged->beginSwap())
         return result_.fail(copy_, "nothing can be written there: " + errorInWords(errno));

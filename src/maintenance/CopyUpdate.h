@@ -6,6 +6,7 @@
 #include "maintenance/MaintenanceResult.h"
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -19,8 +20,10 @@ class CopyUpdate {
     CopyUpdate(const FolderItem& copy, std::filesystem::path backup, Work& work, MaintenanceResult& result)
         : copy_(copy), backup_(std::move(backup)), work_(work), result_(result) {}
 
-    /// `members` are the new members by name; `unreadable` names those that cannot be copied.
-    void run(const std::map<std::string, TreePlan>& members, std::vector<std::string> unreadable);
+    /// `members` are the new members by name; `unreadable` names those that cannot be copied. Nothing is replaced if
+    /// `sourceChanged`, which is called when all are staged, returns true.
+    void run(const std::map<std::string, TreePlan>& members, std::vector<std::string> unreadable,
+             const std::function<bool()>& sourceChanged);
 
   private:
     /// Returns false if something could not be written. Then the whole copy stays as it is.

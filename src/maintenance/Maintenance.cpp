@@ -53,8 +53,7 @@ void Maintenance::mUpDateDictionary() {
             wait.showWhatIsWaitedFor(done.waitsFor);
             host_.Yield();
         };
-        Failures unreadable;
-        const auto copies = installedCopies(windows_.pDictionaryFolder(), dictionary.Name(), yield, &unreadable);
+        const auto [copies, unreadable] = installedCopies(windows_.pDictionaryFolder(), dictionary.Name(), yield);
         result = copies.empty() ? mInstallDictionary(dictionary, yield)
                                 : updateDictionary(dictionary, copies, desktop_, yield);
         result.failures.insert(result.failures.end(), unreadable.begin(), unreadable.end());

@@ -15,6 +15,7 @@
 #include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <functional>
 #include <map>
@@ -85,11 +86,12 @@ class Updater {
     }
 
     void planMembers(std::size_t copies) {
-        const auto items = membersIn(dictionary_.path());
-        if (!items)
+        const auto names = listNames(dictionary_.path());
+        if (!names)
             return result_.fail(dictionary_, "it cannot be listed: " + errorInWords(errno));
-        for (const fs::path& path : *items) {
-            const FolderItem item(path);
+        names_ = *names;
+        for (const std::string& name : names_) {
+            const FolderItem item(dictionary_.path() / name);
             if (!item.Visible())
                 continue;
             TreePlan plan = planTree(item.path(), {}, Links::Kept, Purpose::Copy, work_, dictionary_.path());
@@ -122,10 +124,22 @@ class Updater {
         if (!backup)
             return;
         const std::size_t before = result_.items.size();
-        CopyUpdate(copy, *backup, work_, result_).run(members_, unreadable_);
+        CopyUpdate(copy, *backup, work_, result_).run(members_, unreadable_, [this] { return failIfMembersCame(); });
         std::error_code notEmpty;
         if (result_.items.size() == before)
             fs::remove(*backup, notEmpty);
+    }
+
+    /// Members that came while others were copied may belong to a later version.
+    bool failIfMembersCame() {
+        bool came = false;
+        for (const FolderItem& item : dictionary_.items()) {
+            if (!item.Visible() || std::find(names_.begin(), names_.end(), item.Name()) != names_.end())
+                continue;
+            result_.fail(item, "it came while the dictionary was copied. Run the update again");
+            came = true;
+        }
+        return came;
     }
 
     std::optional<fs::path> makeBackup(const FolderItem& copy, std::size_t k) {
@@ -138,7 +152,7 @@ class Updater {
 
     /// Moves what a killed run has replaced in the copy to a backup of its own.
     bool saveLeftover(const fs::path& leftover, const FolderItem& copy, std::size_t k) {
-        const auto members = membersIn(leftover / kOldMembers);
+        const auto members = oldMembersIn(leftover);
         if (!members)
             result_.fail(FolderItem(leftover), "it cannot be listed: " + errorInWords(errno));
         const auto backup = members ? makeBackup(copy, k) : std::nullopt;
@@ -159,6 +173,7 @@ class Updater {
     const FolderItem& backups_;
     Work work_;
     MayChange mayChange_;
+    std::vector<std::string> names_; ///< of the items of the new version when it was planned
     std::map<std::string, TreePlan> members_;
     std::vector<std::string> unreadable_;
     MaintenanceResult result_;
@@ -166,33 +181,31 @@ class Updater {
 
 } // namespace
 
-std::vector<FolderItem> installedCopies(const FolderItem& dictionaryFolder, std::string_view name,
-                                        const Progress& progress, Failures* unreadable) {
+InstalledCopies installedCopies(const FolderItem& dictionaryFolder, std::string_view name, const Progress& progress) {
     const Work work(progress);
     const std::string folded = foldedFileName(name);
-    std::vector<FolderItem> copies;
+    InstalledCopies found;
     const auto itemsIn = [&](const FolderItem& folder) {
-        const auto members = membersIn(folder.path());
-        if (!members && unreadable != nullptr)
-            unreadable->push_back({folder, "it cannot be listed: " + errorInWords(errno)});
-        return members.value_or(std::vector<fs::path>());
+        std::vector<FolderItem> items = folder.items();
+        if (items.empty() && !listNames(folder.path()))
+            found.unreadable.push_back({folder, "it cannot be listed: " + errorInWords(errno)});
+        return items;
     };
-    for (const fs::path& groupPath : itemsIn(dictionaryFolder)) {
+    for (const FolderItem& group : itemsIn(dictionaryFolder)) {
         work.pass();
-        if (!isRealFolder(FolderItem(groupPath)))
+        if (!isRealFolder(group))
             continue;
-        for (const fs::path& path : itemsIn(FolderItem(groupPath))) {
+        for (const FolderItem& item : itemsIn(group)) {
             work.pass();
-            const FolderItem item(path);
             if (foldedFileName(item.Name()) != folded || !isRealFolder(item))
                 continue;
-            if (mSub_DicOrNot(item) || holdsLeftovers(path))
-                copies.push_back(item);
+            if (mSub_DicOrNot(item) || holdsLeftovers(item.path()))
+                found.copies.push_back(item);
             else
                 itemsIn(item); // only to report that it is unreadable
         }
     }
-    return copies;
+    return found;
 }
 
 MaintenanceResult updateDictionary(const FolderItem& dictionary, const std::vector<FolderItem>& copies,

@@ -9,11 +9,15 @@
 
 namespace velmarin {
 
+struct InstalledCopies {
+    std::vector<FolderItem> copies;
+    Failures unreadable; ///< folders that cannot be listed and may hold or be a copy
+};
+
 /// The dictionaries called `name`, ignoring case and Unicode composition, in all groups of a `DictionaryFolder`. Links
 /// are not followed. A copy that a killed update left without any member of a dictionary is included.
-/// Folders that cannot be listed, in which there may be one, are added to `unreadable`.
-std::vector<FolderItem> installedCopies(const FolderItem& dictionaryFolder, std::string_view name,
-                                        const Progress& progress = {}, Failures* unreadable = nullptr);
+InstalledCopies installedCopies(const FolderItem& dictionaryFolder, std::string_view name,
+                                const Progress& progress = {});
 
 /// Copies the visible members of `dictionary` into each of the installed copies. For each copy, the replaced members
 /// are moved to a new folder in `backups`, which is named after the dictionary, "-Oldversion-" and the position of the

@@ -37,7 +37,7 @@ std::string PageTab::titleOf(const DictionaryItem& item, const std::string& name
         return name;
     const auto row = static_cast<std::size_t>(item.ImageDictionary.value(name));
     const std::string caption = row < captions_.size() ? captions_[row] : std::string();
-    return caption == name ? name : caption + ", " + name;
+    return caption.empty() || caption == name ? name : caption + ", " + name;
 }
 
 void PageTab::setJumpRows(std::vector<std::string> captions) {

@@ -267,7 +267,7 @@ class Build {
     void saveLeftovers(const FolderItem& backups) {
         Failures ignored;
         for (const fs::path& leftover : unsavedMembers(folder_.path())) {
-            const auto old = membersIn(leftover / kOldMembers);
+            const auto old = oldMembersIn(leftover);
             if (old && save(*old, backups, ignored) == Saving::Done)
                 removeSaved(leftover, work_);
         }

@@ -9,8 +9,8 @@
 
 namespace velmarin {
 
-/// A free name in `backups` for what is replaced in a dictionary: the dictionary's name, cut where a folder could not
-/// have it, "-Oldversion-" and `number`, made unique by mFiMod_GetUniqueFileName.
+/// A free name in `backups` for a folder of replaced members: the dictionary's name, shortened if the result would be
+/// too long for a folder, "-Oldversion-" and `number`, made unique by mFiMod_GetUniqueFileName.
 std::string backupFolderName(const std::string& dictionary, std::size_t number, const FolderItem& backups);
 
 /// Makes a folder of that name, also if another run takes the first name meanwhile. Returns nullopt with errno if that

@@ -6,18 +6,18 @@
 
 namespace velmarin {
 
-// The copies: nothing is replaced, an existing folder is filled up, and items that cannot be copied are left out
-// without a message. The result is the item of that name in `destFolder`, which does not exist if nothing was
+// A copy replaces nothing, adds to a folder that exists already, and leaves out items that cannot be copied, without a
+// message. It returns the item of that name in `destFolder`, which does not exist if nothing was
 // copied.
 
-/// Links are copied as links that lead to the same; by _Complete, what they lead to is copied in their place.
+/// Links are copied as links with the same target; _Complete copies the targets instead.
 FolderItem mFiMod_CopyFileOrFolderTo(const FolderItem& source, const FolderItem& destFolder);
 FolderItem mFiMod_CopyFileOrFolderTo_Complete(const FolderItem& source, const FolderItem& destFolder);
-/// Of a link, what it leads to. Whether the name of `source` is taken in `destFolder` plays no part; a `newName` that
-/// is taken stays as it is.
+/// Copies the target of a link. It does not matter whether `destFolder` has the name of `source`, but an item called
+/// `newName` is not replaced.
 FolderItem mFiMod_CopyFiToFolderWIthNewName(const FolderItem& source, const FolderItem& destFolder,
                                             std::string_view newName);
-/// The moved item. Nil, and nothing moved, if the name is taken (after a message) or the move fails.
+/// Returns the moved item; nil if the name is taken, after a message, or if the move fails.
 FolderItem mFiMod_MoveFileOrFolderTo(const FolderItem& source, const FolderItem& destFolder);
 
 } // namespace velmarin

@@ -10,8 +10,8 @@ namespace velmarin {
 inline constexpr std::array kDictionaryMembers = {"FW",   "BW",    "ind",  "KW",   "KWTB", "format",
                                                   "mImg", "mPimg", "mHtm", "mMov", "mSnd"};
 
-/// Whether install, update and export take a folder for a dictionary: not an alias, a directory, and any one of
-/// kDictionaryMembers in it.
+/// Whether install, update and export treat an item as a dictionary: a directory, not an alias, that has any one of
+/// kDictionaryMembers.
 bool mSub_DicOrNot(const FolderItem& item);
 
 } // namespace velmarin

@@ -7,12 +7,12 @@
 
 namespace velmarin {
 
-/// What follows the last point; empty if there is none.
+/// The part after the last dot; empty if there is none.
 std::string mFiMod_GetExtensionFromFileName(std::string_view name);
-/// The name up to its last point.
+/// The name up to its last dot.
 std::string mFiMod_RemoveExtesionFromFileName(std::string_view name);
 /// `name` if it is free in `folder`; otherwise cut to 31 bytes and numbered "_1", "_2" before the extension. The cut
-/// before a number counts bytes, and can go through a character.
+/// before a number counts bytes, and can split a character.
 std::string mFiMod_GetUniqueFileName(std::string_view name, const FolderItem& folder);
 
 } // namespace velmarin

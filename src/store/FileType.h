@@ -8,7 +8,7 @@ namespace velmarin {
 /// A kind of file, as dialogs filter on it.
 struct FileType {
     std::string name;
-    /// With their full stops.
+    /// With their dots.
     std::vector<std::string> extensions;
 };
 

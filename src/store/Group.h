@@ -19,8 +19,8 @@ struct Group {
     /// In display order: those of the preferences file (kept even if they fail to load), then the others by name
     /// (kept only if they load, with "Adjust by width").
     DictionaryList dictionaries;
-    /// What MakeDictionaryItem raised, a line each: such a dictionary stays in the list, empty, where the preferences
-    /// name it, so that it keeps its place; the others are read all the same.
+    /// The messages of exceptions that MakeDictionaryItem raised. A dictionary that the preferences name stays in the
+    /// list, empty, so that it keeps its place; the other dictionaries are read as usual.
     std::vector<std::string> failures;
 };
 

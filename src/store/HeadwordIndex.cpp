@@ -63,10 +63,6 @@ std::string_view HeadwordIndex::operator[](std::size_t i) const {
     return std::string_view(text_).substr(begin, ends_[i] - begin);
 }
 
-bool HeadwordIndex::sorted() const {
-    return sorted_;
-}
-
 std::size_t HeadwordIndex::firstGreater(std::string_view word) const {
     if (sorted_)
         return firstWhere(size(), [&](std::size_t i) { return word < (*this)[i]; });

@@ -9,19 +9,18 @@ namespace velmarin {
 
 /// The search words of one dictionary in file order (`IND`): one buffer of text with 32-bit offsets.
 ///
-/// firstGreater answers for any list what the plain loop from the front would, the first entry greater than the word:
-/// it bisects over the running maximum, which is kept only for a list that turns out not to be sorted.
+/// firstGreater finds the first entry greater than the word, as a loop from the front would, in any list. It bisects
+/// over the running maximum of the entries, which is stored only if the list is not sorted.
 class HeadwordIndex {
   public:
     void reserve(std::size_t entries, std::size_t bytes);
-    /// Words are upper-case forms already; their order is that of their bytes. False if the 4 GiB are full.
+    /// `word` is an upper-case form; words are compared by bytes. False if the buffer would exceed 4 GiB.
     bool append(std::string_view word);
     /// To be called once after the last append.
     void finish();
 
     std::size_t size() const;
     std::string_view operator[](std::size_t i) const;
-    bool sorted() const;
 
     /// The first i with word < (*this)[i]; size() if there is none. `word` is an upper-case form.
     std::size_t firstGreater(std::string_view word) const;

@@ -12,8 +12,8 @@ namespace velmarin {
 /// (other systems leave "._page1.tif" beside "page1.tif"), what is not a file, and names that would break a line.
 std::vector<std::string> pictureNames(const FolderItem& folder);
 
-/// Writes `ImageIndex` in `folder` from its pictures. A nil folder is asked for through `askForFolder`. False, and
-/// nothing written, without a folder or a picture, or if it cannot be written.
+/// Writes `ImageIndex` in `folder` from its pictures. For a nil folder, `askForFolder` asks the user. False if there is
+/// no folder or no picture, or if the file cannot be written.
 bool mFiMod_MakeImageIndex(FolderItem folder, const std::function<FolderItem()>& askForFolder = {});
 
 } // namespace velmarin

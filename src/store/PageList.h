@@ -16,7 +16,7 @@ struct PageList {
 };
 
 /// Image file name to its position in the page list. Names are equal when case and Unicode composition are ignored; of
-/// equal names the later position holds.
+/// equal names the later position counts.
 class ImageDictionaryMap {
   public:
     void clear() { positions_.clear(); }

@@ -12,7 +12,7 @@ namespace velmarin {
 /// compile without it.
 enum class PictureFormat { Jpeg, Png, Tiff, Bmp, Jpeg2000, Gif, WebP, Pnm, Pict, Pcx, Tga };
 
-/// The extensions of the files that a new `ImageIndex` lists, in small letters without the point.
+/// The extensions of the files that a new `ImageIndex` lists, in small letters without the dot.
 extern const std::set<std::string> pPictureExtensions;
 
 /// The format of a picture file with these bytes and this extension (in any case). The extension alone decides for

@@ -80,6 +80,9 @@ TEST_F(ListCommands, DictionariesHaveColumnsAndAnOrder) {
     for (const std::string& path :
          {std::string("./G//"), std::string("G/Zulu/.."), folder_.at("G").string(), std::string("link")})
         expectRun({{"dictionaries", path}, rows});
+    folder_.write("G/Both/.velmarin-1-0.swap/names", "ind");
+    expectRun({{"dictionaries", "G"}, rows, "G/Both: an update was interrupted: run the update again"});
+    fs::remove_all(folder_.at("G/Both/.velmarin-1-0.swap"));
     fs::create_directory(folder_.at("G/Broken/ind"));
     expectRun({{"dictionaries", "G"}, rows, "The index \"G/Broken/ind\" could not be opened.", 2});
 }

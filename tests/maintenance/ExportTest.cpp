@@ -45,7 +45,7 @@ TEST_F(Export, CopyHasNoLinks) {
     EXPECT_EQ(failureMessage(result), "");
     EXPECT_EQ(filesOf(folder_.at("Out/Webster")), ".hidden=x FW= deep/txt=index ind=index mImg/p1.tif=page");
     EXPECT_EQ(last.bytes, 15U);
-    EXPECT_EQ(last.of, 15U);
+    EXPECT_EQ(last.expectedBytes, 15U);
     EXPECT_TRUE(isExported("Out/Webster"));
     folder_.write("elsewhere/pages/p1.tif", "pige");
     EXPECT_FALSE(isExported("Out/Webster"));
@@ -81,7 +81,7 @@ TEST_F(Export, HalfSwappedDictionaryIsRestoredOrRefused) {
 TEST_F(Export, SourceThatChangesMeanwhileIsAFailure) {
     for (const char* changed : {"DF/A/Webster/ind", "DF/A/Webster/added"}) {
         const MaintenanceResult result = exportTo("Out", false, "DF/A/Webster", [&](const WorkDone& done) {
-            if (done.of > 0)
+            if (done.expectedBytes > 0)
                 folder_.write(changed, "another length");
         });
         EXPECT_EQ(result.failures.size(), 1U) << changed;

@@ -37,12 +37,12 @@ class Update : public ::testing::Test {
     MaintenanceResult update(const fs::path& newVersion = "new/Webster", const Progress& progress = {},
                              const fs::path& backups = "Desktop", const fs::path& dictionaryFolder = "DF") const {
         const FolderItem dictionary(folder_.at(newVersion));
-        const auto copies = installedCopies(FolderItem(folder_.at(dictionaryFolder)), dictionary.Name());
+        const auto copies = installedCopies(FolderItem(folder_.at(dictionaryFolder)), dictionary.Name()).copies;
         return updateDictionary(dictionary, copies, FolderItem(folder_.at(backups)), progress);
     }
     Paths copyPaths() const {
         Paths paths;
-        for (const FolderItem& copy : installedCopies(FolderItem(folder_.at("DF")), "Webster"))
+        for (const FolderItem& copy : installedCopies(FolderItem(folder_.at("DF")), "Webster").copies)
             paths.push_back(copy.path().lexically_relative(folder_.at("DF")));
         return paths;
     }
@@ -59,8 +59,8 @@ TEST_F(Update, ReplacesMembersAndSavesTheOldOnes) {
     folder_.link("DF/A/Webster/txt", "ind");
     WorkDone last;
     EXPECT_EQ(failureMessage(update("new/Webster", [&](const WorkDone& done) { last = done; })), "");
-    EXPECT_EQ(last.bytes, last.of);
-    EXPECT_EQ(last.of, 33U);
+    EXPECT_EQ(last.bytes, last.expectedBytes);
+    EXPECT_EQ(last.expectedBytes, 33U);
     EXPECT_EQ(filesOf(folder_.at("DF/A/Webster")), ".invisible=old BW=added FW=new ind=new index mImg/p1.tif=new page "
                                                    "mPimg/e1.tif=old extra page txt=new text");
     EXPECT_EQ(filesOf(folder_.at("Desktop/Webster-Oldversion-0")),
@@ -131,13 +131,22 @@ TEST_F(Update, LinkToAHiddenMemberLeadsToTheNewVersion) {
 
 TEST_F(Update, MemberThatDisappearsDuringTheCopyStaysOldWithThoseLinkedToIt) {
     const MaintenanceResult result = update("new/Webster", [&](const WorkDone& done) {
-        if (done.of > 0)
+        if (done.expectedBytes > 0)
             fs::remove(folder_.at("new/Webster/ind"));
     });
     EXPECT_EQ(failed(result), (Paths{"new/Webster/ind", "DF/A/Webster/mImg", "DF/A/Webster"}));
     EXPECT_NE(failureMessage(result).find("not replaced were \"ind\", \"mImg\""), std::string::npos);
     EXPECT_EQ(folder_.read("DF/A/Webster/mImg/p1.tif"), "old page");
     EXPECT_EQ(folder_.read("DF/A/Webster/FW"), "new");
+}
+
+TEST_F(Update, MemberThatComesDuringTheCopyStopsTheUpdate) {
+    const MaintenanceResult result = update("new/Webster", [&](const WorkDone& done) {
+        if (done.bytes > 0)
+            folder_.write("new/Webster/txt", "of a later version");
+    });
+    EXPECT_EQ(failed(result), Paths{"new/Webster/txt"});
+    EXPECT_EQ(folder_.read("DF/A/Webster/ind"), "old index");
 }
 
 TEST_F(Update, WriteProtectedFoldersAreReplacedAndKeepTheirPermissions) {

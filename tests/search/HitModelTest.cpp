@@ -74,7 +74,7 @@ TEST(ListMode, StaysForLaterGroupsWithTheRows) {
     window.walk({{"front 0", "E/1 1 0 2:1 E/only, 1", "no hit is chosen yet"}, {"search cherry", "E/3 1 2 2:1"}});
     EXPECT_EQ(Join(window.rows, " "), "E F");
     window.model.search.searchAll("banana");
-    window.walk({{"right", "E/2 2 0 3:12 E/, 2 tab F off", "every tab shows the hit's dictionary"}});
+    window.walk({{"right", "E/2 2 0 3:12 tab F off", "every tab shows the hit's dictionary"}});
     window.open(fruits("Many", 22));
     EXPECT_EQ(window.rows.size(), 24U) << "the new rows follow the old";
 }

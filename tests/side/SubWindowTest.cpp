@@ -10,6 +10,7 @@
 #include "side/TextArea.h"
 #include "side/WaitNotice.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDockWidget>
@@ -107,6 +108,10 @@ TEST_F(SideWindow, KeepsItsSettingsForTheNextOpening) {
     for (const char* name : {"LatinCB", "SyncronizeCB", "DontClearCB", "UserDicCB", "DicAppCB"})
         EXPECT_EQ(control<QCheckBox>(name).isChecked(), name != std::string("DicAppCB")) << name;
     EXPECT_EQ(control<PopupMenu>("UserDicPU").List(control<PopupMenu>("UserDicPU").ListIndex()), "B");
+    QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&control<PopupMenu>("UserDicPU"));
+    const auto labels = heard->relations(QAccessible::Label);
+    ASSERT_EQ(labels.size(), 1);
+    EXPECT_EQ(labels[0].first->text(QAccessible::Name), "User Dic.");
     EXPECT_EQ(EF().font().pointSizeF(), 20);
     for (const bool on : {false, true, false}) {
         control<QCheckBox>("UserDicCB").click();

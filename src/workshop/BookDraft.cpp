@@ -80,7 +80,7 @@ Draft draftOfReadings(const BookFolder& book, const Draft& before) {
     }
     const std::vector<DraftPage> set = setRows(before, pages);
     Draft draft = mendedDraft(guessGuideWords(readings), set, keyRuleOf(book.settings()), book.settings().order);
-    takeGivenNumbers(pages, set, book.settings(), draft);
+    takeGivenNumbers(pages, book.settings(), draft);
     return draft;
 }
 

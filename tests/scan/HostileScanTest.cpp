@@ -84,7 +84,7 @@ TEST(HostileScan, IsRefusedWithAReason) {
     std::size_t last = number(4), link = 4;
     for (std::size_t next = last; next != 0; next = number(link)) {
         last = next;
-        link = last + 2 + 12U * (byteAt(last) | byteAt(last + 1) << 8U);
+        link = last + 2 + std::size_t{12} * (byteAt(last) | byteAt(last + 1) << 8U);
     }
     std::string loop = tiff;
     loop.replace(link, 4, tiff.substr(4, 4));
@@ -117,7 +117,7 @@ TEST(HostileScan, LosesOnlyItsBadPages) {
     djvu.resize(djvu.size() * 3 / 4);
     const std::string tiff = test::tiffOf({ink, ink}, COMPRESSION_CCITTFAX4);
     ScanTools tools;
-    tools.limits.wall = 1s;
+    tools.limits.processor = 1s;
     const struct {
         fs::path file;
         std::vector<std::string> problems; ///< of each page; empty if it is taken out

@@ -1,7 +1,7 @@
 #include "scan/DjvuText.h"
 #include "scan/XmlText.h"
 
-#include <functional>
+#include <cmath>
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ std::string asText(const std::optional<PageText>& text) {
             all += " " + word.text + "@" + std::to_string(word.box.x) + "," + std::to_string(word.box.y) + "," +
                    std::to_string(word.box.width) + "," + std::to_string(word.box.height);
             if (word.confidence < 1)
-                all += "/" + std::to_string(static_cast<int>(word.confidence * 100 + 0.5));
+                all += "/" + std::to_string(std::lround(word.confidence * 100));
             all += word.bold ? "*" : "";
             for (const std::string& other : word.others)
                 all += "|" + other;

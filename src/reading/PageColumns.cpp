@@ -49,6 +49,7 @@ std::vector<int> coverAcross(const std::vector<PageBox>& letters, int width, Int
 
 Interval rowsOfText(const std::vector<PageBox>& letters) {
     std::vector<int> middles;
+    middles.reserve(letters.size());
     for (const PageBox& box : letters)
         middles.push_back(box.y + box.height / 2);
     std::ranges::sort(middles);
@@ -154,6 +155,7 @@ std::vector<TextColumn> columnsOf(const StraightPage& page, const std::vector<Pa
     std::vector<TextColumn> columns;
     std::vector<Interval> stretches = textStretches(cover, page.xHeight);
     widen(stretches, cover, page.xHeight);
+    columns.reserve(stretches.size());
     for (const Interval& stretch : stretches)
         columns.push_back({stretch.begin, stretch.end, {}});
     for (std::size_t i = 0; i + 1 < columns.size(); ++i)

@@ -181,8 +181,7 @@ std::vector<WordGroup> wordGroupsOf(const Picture& picture, const StraightPage& 
         groups.push_back(
             {{cut.x + onStraight(box.x), cut.y + onStraight(box.y), onStraight(box.width), onStraight(box.height)},
              std::move(grey),
-             strip.capitalHeight,
-             shift});
+             strip.capitalHeight});
     }
     return groups;
 }

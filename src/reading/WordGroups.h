@@ -11,7 +11,6 @@ struct WordGroup {
     PageBox box;              ///< on the straight page
     PixPtr grey;              ///< the group alone on white paper, its base line horizontal
     double capitalHeight = 0; ///< in pixels of `grey`
-    double shift = 0;         ///< by how much the letters were moved together, as a part of their distances
 };
 
 /// The groups of a row of text, from left to right. They are parted by wide white. Letters that are spaced out are

@@ -55,6 +55,14 @@ bool almostSame(const std::string& one, const std::string& other) {
     return endsAlike(1, 1) || endsAlike(1, 0) || endsAlike(0, 1) || endsAlike(2, 1) || endsAlike(1, 2);
 }
 
+/// Raises the confidence of a reading, and leaves the others what remains.
+void confirm(std::vector<Guess>& readings, Guess& right, double byConfidence) {
+    right.confidence = std::max(right.confidence, 1 - kDoubtOfTwice * (1 - right.confidence * byConfidence));
+    for (Guess& other : readings)
+        if (&other != &right)
+            other.confidence = std::min(other.confidence, 1 - right.confidence);
+}
+
 /// Compares the readings of a guide word with the entries of its page.
 void testByEntries(std::vector<Guess>& readings, const std::vector<Guess>& entries) {
     if (readings.empty())
@@ -65,8 +73,7 @@ void testByEntries(std::vector<Guess>& readings, const std::vector<Guess>& entri
         const auto same = std::find_if(readings.begin(), readings.end(),
                                        [&](const Guess& each) { return lettersOf(each.text) == letters; });
         if (same != readings.end())
-            same->confidence =
-                std::max(same->confidence, 1 - kDoubtOfTwice * (1 - same->confidence * entry.confidence));
+            confirm(readings, *same, entry.confidence);
         else if (almostSame(letters, best))
             readings.push_back({entry.text, std::min(kAlmostSame, entry.confidence)});
     }

@@ -47,10 +47,10 @@ std::vector<Guess> entriesOn(const PageReading& reading) {
 bool almostSame(const std::string& one, const std::string& other) {
     if (std::min(one.size(), other.size()) < 4 || one == other)
         return false;
-    const auto [a, b] = std::mismatch(one.begin(), one.end(), other.begin(), other.end());
-    const auto endsAlike = [&](std::ptrdiff_t skipA, std::ptrdiff_t skipB) {
-        return one.end() - a >= skipA && other.end() - b >= skipB &&
-               std::equal(a + skipA, one.end(), b + skipB, other.end());
+    const auto differ = std::mismatch(one.begin(), one.end(), other.begin(), other.end());
+    const auto endsAlike = [&](std::ptrdiff_t skipOne, std::ptrdiff_t skipOther) {
+        return one.end() - differ.first >= skipOne && other.end() - differ.second >= skipOther &&
+               std::equal(differ.first + skipOne, one.end(), differ.second + skipOther, other.end());
     };
     return endsAlike(1, 1) || endsAlike(1, 0) || endsAlike(0, 1) || endsAlike(2, 1) || endsAlike(1, 2);
 }

@@ -131,6 +131,7 @@ std::vector<Piece> piecesOf(const TextLine& line, const GuideJoint& joint) {
 
 double heightOf(const std::vector<Piece>& pieces) {
     std::vector<int> heights;
+    heights.reserve(pieces.size());
     for (const Piece& each : pieces)
         heights.push_back(std::max(each.word.box.height, 1));
     std::sort(heights.begin(), heights.end());

@@ -113,6 +113,7 @@ std::vector<PageGuess> guessGuideWords(const std::vector<PageReading>& readings)
     }
     removeRunningTitles(parts);
     std::vector<int> firstIsEntry;
+    firstIsEntry.reserve(readings.size());
     for (std::size_t i = 0; i < readings.size(); ++i)
         firstIsEntry.push_back(entryInHead(parts[i], entries[i]));
     const GuideLayout layout = guideLayoutOf(parts, firstIsEntry);

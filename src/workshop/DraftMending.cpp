@@ -25,6 +25,7 @@ std::vector<const DraftPage*> rowsByPage(const std::vector<PageGuess>& guesses, 
     for (const DraftPage& row : set)
         byName[row.page] = &row;
     std::vector<const DraftPage*> rows;
+    rows.reserve(guesses.size());
     for (const PageGuess& guess : guesses) {
         const auto found = byName.find(guess.page);
         rows.push_back(found == byName.end() ? nullptr : found->second);

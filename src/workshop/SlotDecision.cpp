@@ -55,6 +55,7 @@ class Decider {
         orderHolds_ = static_cast<double>(inOrder) >= kLeastInOrder * static_cast<double>(all.size());
         decideAll();
         std::vector<bool> trusted;
+        trusted.reserve(slots_.size());
         for (const SlotDecision& each : decisions_)
             trusted.push_back(each.trust >= kTrustOfBound);
         bounds_ = boundsOf(run_, slots_, trusted);
@@ -80,6 +81,7 @@ class Decider {
 
     void decideAll() {
         decisions_.clear();
+        decisions_.reserve(slots_.size());
         for (std::size_t slot = 0; slot < slots_.size(); ++slot)
             decisions_.push_back(decided(slot));
     }

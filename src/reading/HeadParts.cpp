@@ -131,6 +131,7 @@ std::vector<Piece> piecesOf(const TextLine& line, const GuideJoint& joint) {
 
 double heightOf(const std::vector<Piece>& pieces) {
     std::vector<int> heights;
+    heights.reserve(pieces.size());
     for (const Piece& each : pieces)
         heights.push_back(std::max(each.word.box.height, 1));
     std::sort(heights.begin(), heights.end());
@@ -266,11 +267,7 @@ std::string trimmedHeadword(std::string_view text) {
         }
         at += unit.length;
     }
-    if (begin >= end)
-        return {};
-    // A prefix keeps its hyphen.
-    const bool prefix = text.substr(end) == "-" && end - begin > 1;
-    return std::string(text.substr(begin, end - begin + (prefix ? 1 : 0)));
+    return begin < end ? std::string(text.substr(begin, end - begin)) : std::string();
 }
 
 std::string lettersOf(std::string_view text) {

@@ -31,6 +31,7 @@ class Surroundings {
                     if (!headword->empty())
                         near.push_back({i, *headword, wordOf(*headword)});
         std::vector<std::string> words;
+        words.reserve(near.size());
         for (const NearWord& each : near)
             words.push_back(each.word);
         // A page that is out of place itself contradicts nothing.

@@ -141,6 +141,7 @@ class NumberVote {
 std::vector<std::string> mendedNumbers(const std::vector<NumberGuess>& guesses) {
     const NumberVote vote(guesses);
     std::vector<std::string> numbers;
+    numbers.reserve(guesses.size());
     for (std::size_t i = 0; i < guesses.size(); ++i)
         numbers.push_back(guesses[i].set && !guesses[i].readings.empty()
                               ? guesses[i].readings[0].text

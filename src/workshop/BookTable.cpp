@@ -18,16 +18,6 @@ std::string withoutExtension(const std::string& file) {
     return file.substr(0, file.rfind('.'));
 }
 
-std::vector<std::string> errataOf(std::string_view field) {
-    std::vector<std::string> files;
-    for (const std::string& part : Split(field, ";")) {
-        const std::size_t begin = part.find_first_not_of(' ');
-        if (begin != std::string::npos)
-            files.push_back(part.substr(begin, part.find_last_not_of(' ') - begin + 1));
-    }
-    return files;
-}
-
 /// Finds pages by what a table calls them.
 class PageFinder {
   public:
@@ -93,6 +83,16 @@ void takeRow(const SeparatedValues& table, std::size_t row, std::size_t page, Gu
 }
 
 } // namespace
+
+std::vector<std::string> errataOf(std::string_view field) {
+    std::vector<std::string> files;
+    for (const std::string& part : Split(field, ";")) {
+        const std::size_t begin = part.find_first_not_of(' ');
+        if (begin != std::string::npos)
+            files.push_back(part.substr(begin, part.find_last_not_of(' ') - begin + 1));
+    }
+    return files;
+}
 
 BookTable readBookTable(const SeparatedValues& table, std::vector<BookPage> pages, const KeyRule& rule,
                         const IndexOrder& order) {

@@ -45,7 +45,7 @@ void takeErrata(BookPlan& plan) {
 
 Result planBook(const BookFolder& book, const BookSettings& settings, BookPlan& plan) {
     Draft draft;
-    if (const Result loaded = book.loadDraft(draft); !loaded)
+    if (Result loaded = book.loadDraft(draft); !loaded)
         return loaded;
     if (draft.pages.empty())
         return Failure{book.folder(), "it has no draft yet"};

@@ -60,6 +60,7 @@ void takeNumbers(const SeparatedValues& table, std::vector<BookPage>& pages) {
             pages[*page].number = number;
     }
     std::vector<std::string> numbers;
+    numbers.reserve(pages.size());
     for (const BookPage& page : pages)
         numbers.push_back(page.number);
     numbers = filledPrintedNumbers(std::move(numbers));
@@ -108,6 +109,7 @@ BookTable readBookTable(const SeparatedValues& table, std::vector<BookPage> page
             book.problems.push_back({table.numberOf(row), name.empty() ? "names no page" : "no page \"" + name + '"'});
     }
     std::vector<GuideWords> guides;
+    guides.reserve(byPage.size());
     for (auto& [page, words] : byPage)
         guides.push_back(std::move(words));
     book.entries = entriesOf(guides, rule, order);

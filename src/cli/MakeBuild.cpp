@@ -33,7 +33,8 @@ Example:
       DictionaryFolder/English/Birds)help";
 
 struct Request {
-    std::string book = {}, target = {}, extraPages = {};
+    std::string book = {}, target = {};
+    FolderItem extraPages = {};
     std::function<bool(BookSettings&, Session&)> change = {};
 };
 
@@ -52,6 +53,7 @@ Status build(const Request& request, Session& session) {
         session.couldNot(planned.failure());
         return Status::CouldNot;
     }
+    plan.dictionary.extraPageFolder = request.extraPages;
     if (!writeDictionary(plan.dictionary, *place, session))
         return Status::CouldNot;
     const KeyRule rule = keyRuleOf(settings);
@@ -67,11 +69,14 @@ Status build(const Request& request, Session& session) {
 
 Job define(CLI::App& command) {
     const SettingsChange order = addOrderOptions(command), dictionary = addDictionaryOptions(command);
+    const CLI::Option* extra =
+        addOption(command, "--extra-pages", "FOLDER", "The folder of the files in a column errata of the draft");
     const CLI::Option* book = addOperand(command, "BOOK", "The working folder");
     const CLI::Option* target = addOperand(command, "GROUP/NAME", "The new dictionary");
     return [=](Session& session) {
         return build({.book = operand(book),
                       .target = operand(target),
+                      .extraPages = extra->count() > 0 ? FolderItem(operand(extra)) : FolderItem(),
                       .change = [=](BookSettings& settings,
                                     Session& in) { return order(settings, in) && dictionary(settings, in); }},
                      session);

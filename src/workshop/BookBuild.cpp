@@ -3,6 +3,7 @@
 #include "workshop/BookDraft.h"
 #include "workshop/GuideWords.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
@@ -29,11 +30,22 @@ void takePages(const std::vector<BookPicture>& pages, const Draft& draft, BookPl
             plan.removed.push_back(row.page);
 }
 
+/// Gives the errata of a page to the first of its entries.
+void takeErrata(BookPlan& plan) {
+    for (std::size_t page = 0; page < plan.draft.pages.size(); ++page) {
+        std::vector<std::string> files = errataOf(plan.draft.pages[page].errata);
+        const auto entry = std::find_if(plan.entries.begin(), plan.entries.end(),
+                                        [page](const BookEntry& each) { return each.page == page; });
+        if (entry != plan.entries.end() && !files.empty())
+            entry->errata = std::move(files);
+    }
+}
+
 } // namespace
 
 Result planBook(const BookFolder& book, const BookSettings& settings, BookPlan& plan) {
     Draft draft;
-    if (const Result loaded = book.loadDraft(draft); !loaded)
+    if (Result loaded = book.loadDraft(draft); !loaded)
         return loaded;
     if (draft.pages.empty())
         return Failure{book.folder(), "it has no draft yet"};
@@ -41,6 +53,7 @@ Result planBook(const BookFolder& book, const BookSettings& settings, BookPlan& 
     takePages(book.pages(), draft, plan);
     const KeyRule rule = keyRuleOf(settings);
     plan.entries = entriesOf(plan.draft, rule, settings.order);
+    takeErrata(plan);
     IndexPlan index = planIndex(plan.entries, rule, settings.order);
     plan.misplaced = std::move(index.misplaced);
     plan.dictionary.lines = std::move(index.lines);

@@ -32,8 +32,7 @@ enum class BookChange {
     Unfinished, ///< readings, and pages may still have to be taken out of the scan: set rows without a page stay
 };
 
-/// Makes the draft again and saves it, if the change or other pages ask for it; otherwise it stays as it is, whoever
-/// has edited it.
+/// Makes the draft again and saves it, if the change or other pages ask for it. Otherwise it stays as it was edited.
 Result updateDraft(const BookFolder& book, const Draft& before, BookChange change, DraftUpdate& update);
 
 } // namespace velmarin

@@ -57,9 +57,9 @@ Result BookFolder::open(const FolderItem& folder, BookAccess access) {
     if (!folder.Directory())
         return Failure{folder, "there is no such folder"};
     if (access == BookAccess::Write)
-        if (const Result locked = lock(); !locked)
+        if (Result locked = lock(); !locked)
             return locked;
-    if (const Result read = readSettings(); !read)
+    if (Result read = readSettings(); !read)
         return read;
     return findSource();
 }
@@ -71,15 +71,15 @@ Result BookFolder::openFor(const FolderItem& source, const FolderItem& folder) {
         return Failure{folder, "the book and its scan must not be in one another"};
     folder_ = folder;
     const bool isNew = !file(kSettings).occupied();
-    if (const Result usable = isNew ? openScan(source).result : Result(); !usable)
+    if (Result usable = isNew ? openScan(source).result : Result(); !usable)
         return usable;
     if (!folder.occupied() && !makeFolder(folder.path()))
         return Failure{folder, "it could not be made: " + errorInWords(errno)};
-    if (const Result locked = lock(); !locked)
+    if (Result locked = lock(); !locked)
         return locked;
-    if (const Result made = isNew ? make() : readSettings(); !made)
+    if (Result made = isNew ? make() : readSettings(); !made)
         return made;
-    if (const Result linked = linkTo(source); !linked)
+    if (Result linked = linkTo(source); !linked)
         return linked;
     return findSource();
 }
@@ -126,7 +126,7 @@ Result BookFolder::findSource() {
 }
 
 Result BookFolder::saveSettings(BookSettings settings) {
-    if (const Result written = writeFileAtomically(file(kSettings).path(), formatBookSettings(settings)); !written)
+    if (Result written = writeFileAtomically(file(kSettings).path(), formatBookSettings(settings)); !written)
         return written;
     settings_ = std::move(settings);
     return {};

@@ -18,16 +18,6 @@ std::string withoutExtension(const std::string& file) {
     return file.substr(0, file.rfind('.'));
 }
 
-std::vector<std::string> errataOf(std::string_view field) {
-    std::vector<std::string> files;
-    for (const std::string& part : Split(field, ";")) {
-        const std::size_t begin = part.find_first_not_of(' ');
-        if (begin != std::string::npos)
-            files.push_back(part.substr(begin, part.find_last_not_of(' ') - begin + 1));
-    }
-    return files;
-}
-
 /// Finds pages by what a table calls them.
 class PageFinder {
   public:
@@ -70,6 +60,7 @@ void takeNumbers(const SeparatedValues& table, std::vector<BookPage>& pages) {
             pages[*page].number = number;
     }
     std::vector<std::string> numbers;
+    numbers.reserve(pages.size());
     for (const BookPage& page : pages)
         numbers.push_back(page.number);
     numbers = filledPrintedNumbers(std::move(numbers));
@@ -94,6 +85,16 @@ void takeRow(const SeparatedValues& table, std::size_t row, std::size_t page, Gu
 
 } // namespace
 
+std::vector<std::string> errataOf(std::string_view field) {
+    std::vector<std::string> files;
+    for (const std::string& part : Split(field, ";")) {
+        const std::size_t begin = part.find_first_not_of(' ');
+        if (begin != std::string::npos)
+            files.push_back(part.substr(begin, part.find_last_not_of(' ') - begin + 1));
+    }
+    return files;
+}
+
 BookTable readBookTable(const SeparatedValues& table, std::vector<BookPage> pages, const KeyRule& rule,
                         const IndexOrder& order) {
     takeNumbers(table, pages);
@@ -108,6 +109,7 @@ BookTable readBookTable(const SeparatedValues& table, std::vector<BookPage> page
             book.problems.push_back({table.numberOf(row), name.empty() ? "names no page" : "no page \"" + name + '"'});
     }
     std::vector<GuideWords> guides;
+    guides.reserve(byPage.size());
     for (auto& [page, words] : byPage)
         guides.push_back(std::move(words));
     book.entries = entriesOf(guides, rule, order);

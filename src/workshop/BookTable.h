@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace velmarin {
@@ -28,6 +29,9 @@ struct BookTable {
     std::vector<BookEntry> entries;
     std::vector<TableProblem> problems;
 };
+
+/// The files in a field `errata`.
+std::vector<std::string> errataOf(std::string_view field);
 
 /// Reads a table of a book. Columns by name, of which `page` and one of `first` and `headword` are needed:
 ///

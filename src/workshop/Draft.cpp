@@ -38,13 +38,15 @@ std::string_view nameOf(PageState state) {
 }
 
 std::string formatDraft(const Draft& draft) {
-    std::string text = "page\tnumber\tfirst\tlast\tconfidence\tstate\n";
+    const bool errata =
+        std::any_of(draft.pages.begin(), draft.pages.end(), [](const DraftPage& page) { return !page.errata.empty(); });
+    std::string text = std::string("page\tnumber\tfirst\tlast\tconfidence\tstate") + (errata ? "\terrata\n" : "\n");
     for (const DraftPage& page : draft.pages) {
         for (const std::string& field : {page.page, page.number, page.first, page.last})
             text += tabSeparatedField(field) + '\t';
         text += Str(page.confidence) + '\t';
         text += nameOf(page.state);
-        text += '\n';
+        text += (errata ? '\t' + tabSeparatedField(page.errata) : "") + '\n';
     }
     return text;
 }
@@ -63,7 +65,8 @@ std::optional<Draft> parseDraft(std::string_view text) {
                                .first = field("first"),
                                .last = field("last"),
                                .confidence = confidenceOf(field("confidence")),
-                               .state = stateOf(field("state"))});
+                               .state = stateOf(field("state")),
+                               .errata = field("errata")});
     }
     return draft;
 }

@@ -30,6 +30,7 @@ struct DraftPage {
     std::string first = {}, last = {};
     int confidence = 0; ///< 0 to 100
     PageState state = PageState::Doubtful;
+    std::string errata = {}; ///< files of further pages of its first entry, separated by ";"
 
     friend bool operator==(const DraftPage&, const DraftPage&) = default;
 };
@@ -41,7 +42,8 @@ struct Draft {
     friend bool operator==(const Draft&, const Draft&) = default;
 };
 
-/// A draft as a table (workshop/SeparatedValues.h) with the columns page, number, first, last, confidence and state.
+/// A draft as a table (workshop/SeparatedValues.h) with the columns page, number, first, last, confidence and state,
+/// and errata if a row has any.
 std::string formatDraft(const Draft& draft);
 /// Reads what formatDraft writes, and what a spreadsheet makes of it: columns by name in any order, of which only
 /// `page` is needed. A row whose state is missing or unknown counts as Doubtful, and one that names no page is left

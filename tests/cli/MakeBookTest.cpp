@@ -209,7 +209,7 @@ TEST_F(MakeBookTest, BuildsWhateverTheDraftSays) {
         {"p2.png\ta__DLM__b\t<@_x_>\tset\np4.png\t\"b\tc\"\t—\tdoubtful\np9.png\td\t\tset\n",
          "doubtful\tp1.png\tno guide word was read\ndoubtful\tp3.png\tno guide word was read\n"
          "doubtful\tp4.png\tread with a confidence of 0 in a hundred\nremoved\tp9.png\n"
-         "misplaced\tp2.png\ta__DLM__b\t\t<@_x_>\nmade\tG/D\t4\n",
+         "misplaced\tp2.png\ta__DLM__b\t\t<@_x_>\nmade\tG/D\t7\n",
          1},
     };
     for (const auto& c : cases) {
@@ -221,6 +221,18 @@ TEST_F(MakeBookTest, BuildsWhateverTheDraftSays) {
         expectRun({"check G/D", "No problems in 1 dictionary.\n"});
         fs::remove_all(folder_.at("G/D"));
     }
+}
+
+TEST_F(MakeBookTest, KeepsErrataOfTheDraft) {
+    layeredScan();
+    folder_.write("extra/e.png", printedPage("", "", "", 0.1F));
+    run("make draft scan B");
+    folder_.write("B/draft.tsv", "page,first,state,errata\np2.png,acid,set,e.png\n");
+    run("make draft scan B");
+    const Arguments build{"make", "build", "--extra-pages", "extra", "B", "G/D"};
+    EXPECT_EQ(lastLine(run(build).out), "made\tG/D\t8\n");
+    EXPECT_EQ(run("search G acid").out, "acid\tD\thit\tp2.png\te.png\n");
+    expectRun({"check G/D", "No problems in 1 dictionary.\n"});
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "platform/EndSignals.h"
 #include "platform/QtHost.h"
 #include "shell/Application.h"
+#include "store/UserPreferencesFolder.h"
 #include "workshop/WorkshopWindow.h"
 
 #include <CLI/CLI.hpp>
@@ -35,7 +36,10 @@ int main(int argc, char** argv) {
     velmarin::Application::setWindowIcon(velmarin::programIcon());
     velmarin::QtHost host;
     qt.setHost(&host);
+    velmarin::mFiMod_OpenThisModule();
     velmarin::WorkshopWindow window(host);
+    if (!velmarin::pFiMod_UserPrefContainer.isNil())
+        window.rememberPlacement(velmarin::pFiMod_UserPrefContainer);
     const velmarin::EndSignals endSignals([&window] { window.close(); });
     window.show();
     QTimer::singleShot(0, &window, [&window, &bookOrScan] {

@@ -7,6 +7,7 @@
 #include "store/UserPreferencesFolder.h"
 #include "workshop/BookCommands.h"
 #include "workshop/CorrectionWindow.h"
+#include "workshop/ReadingControl.h"
 #include "workshop/WorkshopWindow.h"
 
 #include <CLI/CLI.hpp>
@@ -74,7 +75,6 @@ void addOptions(CLI::App& options, Request& request) {
 }
 
 int correctDictionary(velmarin::Host& host, const Request& request) {
-    velmarin::mFiMod_OpenThisModule();
     velmarin::CorrectionWindow window(host, velmarin::correctionsFolder(),
                                       velmarin::FolderItem(velmarin::desktopFolder()));
     const velmarin::Result opened = window.open(velmarin::FolderItem(request.dictionary), request.bookOrScan.native());
@@ -87,8 +87,18 @@ int correctDictionary(velmarin::Host& host, const Request& request) {
     return velmarin::Application::exec();
 }
 
+/// Opens "Make dictionary" when the reading of the book, which begins as it is opened, has ended.
+void makeWhenRead(velmarin::WorkshopWindow& window, velmarin::Host& host) {
+    constexpr std::chrono::milliseconds kBetweenLooks{50};
+    if (window.reading() != nullptr && window.reading()->running())
+        return QTimer::singleShot(kBetweenLooks, &window, [&] { makeWhenRead(window, host); });
+    velmarin::makeDictionary(*window.desk(), host, applicationFolder());
+}
+
 int makeBook(velmarin::Host& host, const Request& request) {
     velmarin::WorkshopWindow window(host);
+    if (!velmarin::pFiMod_UserPrefContainer.isNil())
+        window.rememberPlacement(velmarin::pFiMod_UserPrefContainer);
     velmarin::addBookCommands(window, host, applicationFolder());
     const velmarin::EndSignals endSignals([&window] { window.close(); });
     window.show();
@@ -98,7 +108,7 @@ int makeBook(velmarin::Host& host, const Request& request) {
         if (window.desk() != nullptr && !request.word.empty())
             velmarin::tryWord(*window.desk(), host, request.word);
         if (window.desk() != nullptr && request.make)
-            velmarin::makeDictionary(*window.desk(), host, applicationFolder());
+            makeWhenRead(window, host);
     });
     return velmarin::Application::exec();
 }
@@ -125,6 +135,7 @@ int main(int argc, char** argv) {
     velmarin::Application::setWindowIcon(velmarin::programIcon());
     velmarin::QtHost host;
     qt.setHost(&host);
+    velmarin::mFiMod_OpenThisModule();
     if (!request.picture.empty()) {
         velmarin::Application::setCursorFlashTime(0);
         savePicture(request.picture);

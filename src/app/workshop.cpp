@@ -7,6 +7,7 @@
 #include "store/UserPreferencesFolder.h"
 #include "workshop/BookCommands.h"
 #include "workshop/CorrectionWindow.h"
+#include "workshop/ReadingControl.h"
 #include "workshop/WorkshopWindow.h"
 
 #include <CLI/CLI.hpp>
@@ -51,7 +52,8 @@ void savePicture(const std::string& file, const QImage& before = {}) {
         const QImage now = window != nullptr ? window->grab().toImage() : QImage();
         if (now.isNull() || now != before)
             return savePicture(file, now);
-        const bool saved = now.save(velmarin::toQ(file));
+        // 256 colors, for small files
+        const bool saved = now.convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither).save(velmarin::toQ(file));
         if (!saved)
             std::cerr << "velmarin-workshop: the picture could not be written: " << file << '\n';
         QCoreApplication::exit(saved ? 0 : 2);
@@ -87,6 +89,14 @@ int correctDictionary(velmarin::Host& host, const Request& request) {
     return velmarin::Application::exec();
 }
 
+/// Opens "Make dictionary" when the reading of the book, which begins as it is opened, has ended.
+void makeWhenRead(velmarin::WorkshopWindow& window, velmarin::Host& host) {
+    constexpr std::chrono::milliseconds kBetweenLooks{50};
+    if (window.reading() != nullptr && window.reading()->running())
+        return QTimer::singleShot(kBetweenLooks, &window, [&] { makeWhenRead(window, host); });
+    velmarin::makeDictionary(*window.desk(), host, applicationFolder());
+}
+
 int makeBook(velmarin::Host& host, const Request& request) {
     velmarin::WorkshopWindow window(host);
     velmarin::addBookCommands(window, host, applicationFolder());
@@ -98,7 +108,7 @@ int makeBook(velmarin::Host& host, const Request& request) {
         if (window.desk() != nullptr && !request.word.empty())
             velmarin::tryWord(*window.desk(), host, request.word);
         if (window.desk() != nullptr && request.make)
-            velmarin::makeDictionary(*window.desk(), host, applicationFolder());
+            makeWhenRead(window, host);
     });
     return velmarin::Application::exec();
 }

@@ -52,8 +52,7 @@ void savePicture(const std::string& file, const QImage& before = {}) {
         const QImage now = window != nullptr ? window->grab().toImage() : QImage();
         if (now.isNull() || now != before)
             return savePicture(file, now);
-        // 256 colors, for small files
-        const bool saved = now.convertToFormat(QImage::Format_Indexed8, Qt::AvoidDither).save(velmarin::toQ(file));
+        const bool saved = now.save(velmarin::toQ(file));
         if (!saved)
             std::cerr << "velmarin-workshop: the picture could not be written: " << file << '\n';
         QCoreApplication::exit(saved ? 0 : 2);

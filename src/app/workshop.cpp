@@ -75,7 +75,6 @@ void addOptions(CLI::App& options, Request& request) {
 }
 
 int correctDictionary(velmarin::Host& host, const Request& request) {
-    velmarin::mFiMod_OpenThisModule();
     velmarin::CorrectionWindow window(host, velmarin::correctionsFolder(),
                                       velmarin::FolderItem(velmarin::desktopFolder()));
     const velmarin::Result opened = window.open(velmarin::FolderItem(request.dictionary), request.bookOrScan.native());
@@ -98,6 +97,8 @@ void makeWhenRead(velmarin::WorkshopWindow& window, velmarin::Host& host) {
 
 int makeBook(velmarin::Host& host, const Request& request) {
     velmarin::WorkshopWindow window(host);
+    if (!velmarin::pFiMod_UserPrefContainer.isNil())
+        window.rememberPlacement(velmarin::pFiMod_UserPrefContainer);
     velmarin::addBookCommands(window, host, applicationFolder());
     const velmarin::EndSignals endSignals([&window] { window.close(); });
     window.show();
@@ -134,6 +135,7 @@ int main(int argc, char** argv) {
     velmarin::Application::setWindowIcon(velmarin::programIcon());
     velmarin::QtHost host;
     qt.setHost(&host);
+    velmarin::mFiMod_OpenThisModule();
     if (!request.picture.empty()) {
         velmarin::Application::setCursorFlashTime(0);
         savePicture(request.picture);

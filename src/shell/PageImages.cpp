@@ -2,7 +2,7 @@
 
 #include "shell/ApplicationShortcuts.h"
 #include "shell/PreferenceWriter.h"
-#include "shell/ScreenFit.h"
+#include "controls/ScreenFit.h"
 #include "view/PageImageWindow.h"
 
 namespace velmarin {

@@ -18,8 +18,8 @@ constexpr std::uint64_t kLargestPlacement = std::uint64_t{1} << 16;
 
 } // namespace
 
-std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder) {
-    const auto text = readWholeFile(preferencesFolder.Child("MainWindow"), kLargestPlacement);
+std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder, const char* file) {
+    const auto text = readWholeFile(preferencesFolder.Child(file), kLargestPlacement);
     if (!text)
         return std::nullopt;
     const std::string_view line = LineReader(*text).ReadLine();
@@ -27,11 +27,11 @@ std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferences
     return WindowPlacement{.left = number(1), .top = number(2), .width = number(3), .height = number(4)};
 }
 
-Result writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement) {
+Result writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement, const char* file) {
     std::string line;
     for (const int number : {placement.left, placement.top, placement.width, placement.height})
         line += Str(number) + "\t";
-    return writeFileAtomically(preferencesFolder.Child("MainWindow").path(), line + "\n", Durability::RenamedOnly);
+    return writeFileAtomically(preferencesFolder.Child(file).path(), line + "\n", Durability::RenamedOnly);
 }
 
 } // namespace velmarin

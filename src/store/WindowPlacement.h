@@ -7,13 +7,18 @@
 
 namespace velmarin {
 
-/// The line of the file `MainWindow`: Left, Top, Width, Height, a TAB after each.
+/// The file of the first main window.
+inline constexpr const char* kMainWindowPlacement = "MainWindow";
+
+/// The line of a placement's file: Left, Top, Width, Height, a TAB after each.
 struct WindowPlacement {
     int left = 0, top = 0, width = 0, height = 0;
     friend bool operator==(const WindowPlacement&, const WindowPlacement&) = default;
 };
 /// Missing numbers are 0; nothing for a file that is missing or unreadable.
-std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder);
-Result writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement);
+std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder,
+                                                   const char* file = kMainWindowPlacement);
+Result writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement,
+                            const char* file = kMainWindowPlacement);
 
 } // namespace velmarin

@@ -40,7 +40,7 @@ TryItPane& tryItPane(WorkshopDesk& desk, Host& host) {
         desk.window()->activateWindow();
     });
     if (const ReadingControl* reading = readingOf(desk))
-        QObject::connect(reading, &ReadingControl::picturesChanged, pane, &TryItPane::takeDraft);
+        QObject::connect(reading, &ReadingControl::taken, pane, &TryItPane::takeDraft);
     return *pane;
 }
 

@@ -84,6 +84,8 @@ void GuideForm::dropTyped() {
     showProblems();
     if (another)
         takeFocus();
+    else if (auto* edit = qobject_cast<QLineEdit*>(focusWidget()); edit != nullptr && edit->hasFocus())
+        edit->selectAll();
 }
 
 void GuideForm::takeFocus() {

@@ -30,6 +30,8 @@ class GuideForm : public QWidget {
     bool typed() const { return words() != wordsShown_; }
     /// Shows the words of the row in place of what was typed.
     void dropTyped();
+    /// What the field of the page number has.
+    std::string number() const { return words().number; }
     /// Takes the words and goes to the next doubtful page.
     void take();
     /// The same without the headwords.

@@ -42,8 +42,12 @@ GuidePlace likelierWrong(const Draft& draft, std::size_t row, const WorkshopBook
     const DraftPage& page = draft.pages[row];
     if (page.first.empty())
         return GuidePlace::First;
+    // Against the other pages alone: if the two words contradict each other, that says nothing of which is wrong.
+    Draft others = draft;
+    others.pages[row].first.clear();
+    others.pages[row].last.clear();
     const auto breaksOrder = [&](GuidePlace place, const std::string& word) {
-        return !orderProblem(draft, row, place, word, book.keyRule(), book.indexOrder()).empty();
+        return !orderProblem(others, row, place, word, book.keyRule(), book.indexOrder()).empty();
     };
     if (breaksOrder(GuidePlace::First, page.first))
         return GuidePlace::First;

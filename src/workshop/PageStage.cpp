@@ -177,8 +177,8 @@ void PageStage::setWholePage(bool whole) {
     showWholePage();
 }
 
-void PageStage::pictureChanged(const std::string& page) {
-    shelf_.forget(model_.book().picture(page));
+void PageStage::dropPictures() {
+    shelf_.clear();
     onCanvas_.clear();
     showCurrentPage();
 }

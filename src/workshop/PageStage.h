@@ -25,8 +25,8 @@ class PageStage : public QWidget {
     void showCurrentPage();
     /// Shows the words and states of the pages, which have changed.
     void showWords();
-    /// Decodes the picture of this page again.
-    void pictureChanged(const std::string& page);
+    /// Decodes the pictures again, which have changed.
+    void dropPictures();
 
     void setWholePage(bool whole);
     bool wholePage() const { return whole_; }

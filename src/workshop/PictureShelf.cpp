@@ -58,10 +58,6 @@ void PictureShelf::want(const std::vector<FolderItem>& files) {
     wake_.notify_one();
 }
 
-void PictureShelf::forget(const FolderItem& file) {
-    shelved_.remove_if([&](const Shelved& s) { return s.file == file; });
-}
-
 void PictureShelf::work() {
     for (;;) {
         Shelved next;
@@ -80,8 +76,8 @@ void PictureShelf::work() {
 }
 
 void PictureShelf::shelve(Shelved shelved) {
-    forget(shelved.file);
     const FolderItem file = shelved.file;
+    shelved_.remove_if([&file](const Shelved& each) { return each.file == file; });
     shelved_.push_front(std::move(shelved));
     std::int64_t bytes = 0;
     std::size_t count = 0;

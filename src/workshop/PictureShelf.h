@@ -25,8 +25,8 @@ class PictureShelf : public QObject {
     const DecodedPicture* find(const FolderItem& file);
     /// The files to be decoded, the most urgent first. What was wanted before and is not begun is given up.
     void want(const std::vector<FolderItem>& files);
-    /// Drops a picture whose file has changed.
-    void forget(const FolderItem& file);
+    /// Drops all pictures.
+    void clear() { shelved_.clear(); }
 
   signals:
     void ready(const velmarin::FolderItem& file);

@@ -35,7 +35,9 @@ QString leftInWords(std::chrono::seconds left) {
 } // namespace
 
 QString textOf(const ReadingProgress& progress) {
-    const QString pages = QStringLiteral("%1 of %2 pages read").arg(grouped(static_cast<std::int64_t>(progress.done)), grouped(static_cast<std::int64_t>(progress.of)));
+    const QString pages =
+        QStringLiteral("%1 of %2 pages read")
+            .arg(grouped(static_cast<std::int64_t>(progress.done)), grouped(static_cast<std::int64_t>(progress.of)));
     return progress.left ? pages + QStringLiteral(", ") + leftInWords(*progress.left) : pages;
 }
 
@@ -52,10 +54,12 @@ ReadingBar::ReadingBar(QWidget* parent)
     row->addWidget(text_);
     row->addWidget(bar_);
     row->addWidget(button_);
-    connect(button_, &QPushButton::clicked, this, [this] { if (running_)
+    connect(button_, &QPushButton::clicked, this, [this] {
+        if (running_)
             emit stopWanted();
         else
-            emit goOnWanted(); });
+            emit goOnWanted();
+    });
     hide();
 }
 

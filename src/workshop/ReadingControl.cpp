@@ -35,6 +35,11 @@ void ReadingControl::changeSettings(std::function<void(BookSettings&)> change) {
         start();
 }
 
+void ReadingControl::changePage(std::function<void(BookSettings&, int)> change) {
+    if (const auto page = book_.scanPage(model_.currentPage().page))
+        changeSettings([change = std::move(change), page = *page](BookSettings& settings) { change(settings, page); });
+}
+
 bool ReadingControl::applyChanges() {
     BookSettings settings = book_.folder().settings();
     for (const auto& change : std::exchange(changes_, {}))
@@ -42,13 +47,14 @@ bool ReadingControl::applyChanges() {
     const Result saved = book_.folder().saveSettings(std::move(settings));
     if (!saved)
         notice_.tell(toQ(saved.failure().message()));
+    picturesChange_ = true;
     return static_cast<bool>(saved);
 }
 
 void ReadingControl::takeReadings(const std::shared_ptr<const BookReadings>& readings) {
     book_.takeReadings(readings);
     model_.takeRead(book_.mended(model_.draft()));
-    emit picturesChanged();
+    emit taken();
 }
 
 void ReadingControl::end(const BookReadingResult& result) {
@@ -57,6 +63,8 @@ void ReadingControl::end(const BookReadingResult& result) {
             start();
         return;
     }
+    if (std::exchange(picturesChange_, false))
+        emit picturesChanged();
     if (result.result && !result.stopped)
         bar_.showDone();
     else

@@ -21,11 +21,15 @@ class ReadingControl : public QObject {
     /// Goes on where the last run was stopped.
     void start();
     bool running() const { return run_.running(); }
-    /// Changes the settings of the book, and reads again what they ask for.
+    /// Changes the settings of the book, and reads again what they ask for. A running reading is stopped first.
     void changeSettings(std::function<void(BookSettings&)> change);
+    /// The same for the current page. `change` gets the page of the scan, from 1.
+    void changePage(std::function<void(BookSettings&, int scanPage)> change);
 
   signals:
-    /// The picture of a page may have changed.
+    /// More pages have been read.
+    void taken();
+    /// Pictures of pages may have changed.
     void picturesChanged();
 
   private:
@@ -38,6 +42,7 @@ class ReadingControl : public QObject {
     ReadingBar& bar_;
     NoticeBar& notice_;
     std::vector<std::function<void(BookSettings&)>> changes_; ///< to be made when no run goes on
+    bool picturesChange_ = false;                             ///< since the last readings the settings have changed
     ReadingRun run_;
 };
 

@@ -49,7 +49,8 @@ void ReadingRun::work() {
 }
 
 void ReadingRun::report(const ReadingProgress& progress) {
-    QMetaObject::invokeMethod(this, [this, progress] { emit progressed(progress); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, progress] { emit progressed(progress); }, Qt::QueuedConnection);
     if (Clock::now() >= nextReadings_)
         handOverReadings();
 }
@@ -57,7 +58,8 @@ void ReadingRun::report(const ReadingProgress& progress) {
 void ReadingRun::handOverReadings() {
     const Clock::time_point began = Clock::now();
     auto readings = std::make_shared<const BookReadings>(book_);
-    QMetaObject::invokeMethod(this, [this, readings] { emit read(readings); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, readings] { emit read(readings); }, Qt::QueuedConnection);
     const Clock::duration cost = Clock::now() - began;
     nextReadings_ = Clock::now() + std::max<Clock::duration>(kBetweenReadings, kShareOfReadings * cost);
 }

@@ -39,6 +39,11 @@ std::string ScannedBook::name() const {
     return folder_->folder().Name();
 }
 
+std::optional<int> ScannedBook::scanPage(const std::string& page) const {
+    const BookPicture* found = readings_->page(page);
+    return found == nullptr ? std::nullopt : std::optional(found->scanPage);
+}
+
 FolderItem ScannedBook::picture(const std::string& page) const {
     const BookPicture* found = readings_->page(page);
     return found != nullptr ? found->picture : FolderItem();

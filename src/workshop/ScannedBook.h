@@ -20,6 +20,9 @@ class ScannedBook : public WorkshopBook {
     /// What was read, at first nothing. From then on `mended` gives a row for each page that was read.
     void takeReadings(std::shared_ptr<const BookReadings> readings) { readings_ = std::move(readings); }
 
+    /// The page of the scan, from 1, that a page is or is a half of; nullopt while it is not known.
+    std::optional<int> scanPage(const std::string& page) const;
+
     std::string name() const override;
     FolderItem picture(const std::string& page) const override;
     PageBox headStrip(const std::string& page) const override { return readings_->headStrip(page); }

@@ -1,7 +1,10 @@
 #include "workshop/WorkshopMenus.h"
 
+#include "workshop/GuideForm.h"
+#include "workshop/PageChanges.h"
 #include "workshop/PageListPane.h"
 #include "workshop/PageStage.h"
+#include "workshop/ReadingControl.h"
 #include "workshop/WorkshopDesk.h"
 #include "workshop/WorkshopWindow.h"
 
@@ -37,6 +40,7 @@ WorkshopMenus::WorkshopMenus(WorkshopWindow& window) : QObject(&window), window_
     fillEdit(*bar.addMenu(QStringLiteral("&Edit")));
     page_ = bar.addMenu(QStringLiteral("&Page"));
     fillPage(*page_);
+    fillScan(*page_);
     fillView(*bar.addMenu(QStringLiteral("&View")));
     book_ = bar.addMenu(QStringLiteral("&Book"));
     refresh();
@@ -78,11 +82,12 @@ void WorkshopMenus::fillFile(QMenu& menu) {
 
 void WorkshopMenus::fillEdit(QMenu& menu) {
     addItem(
-        menu, QStringLiteral("&Undo"), QKeySequence::Undo, [](WorkshopDesk& desk) { desk.undo(); },
+        menu, QStringLiteral("&Undo"), Qt::CTRL | Qt::Key_Z, [](WorkshopDesk& desk) { desk.undo(); },
         [](WorkshopDesk& desk) { return desk.model().canUndo(); });
-    addItem(
-        menu, QStringLiteral("&Redo"), QKeySequence::Redo, [](WorkshopDesk& desk) { desk.redo(); },
+    QAction* redo = addItem(
+        menu, QStringLiteral("&Redo"), {}, [](WorkshopDesk& desk) { desk.redo(); },
         [](WorkshopDesk& desk) { return desk.model().canRedo(); });
+    redo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
 }
 
 void WorkshopMenus::fillPage(QMenu& menu) {
@@ -92,6 +97,35 @@ void WorkshopMenus::fillPage(QMenu& menu) {
     addItem(menu, QStringLiteral("Next &doubtful page"), Qt::Key_F3, [](WorkshopDesk& desk) { desk.goToDoubtful(1); });
     addItem(menu, QStringLiteral("&Previous doubtful page"), Qt::SHIFT | Qt::Key_F3,
             [](WorkshopDesk& desk) { desk.goToDoubtful(-1); });
+}
+
+void WorkshopMenus::fillScan(QMenu& menu) {
+    const auto possible = [this](WorkshopDesk& desk) { return window_.reading() != nullptr && hasPage(desk); };
+    const auto add = [&](const char* text, std::function<void(BookSettings&, int)> change) {
+        addItem(
+            menu, QString::fromUtf8(text), {},
+            [this, change = std::move(change)](WorkshopDesk&) { window_.reading()->changePage(change); }, possible);
+    };
+    menu.addSeparator();
+    add("Turn &left", [](BookSettings& settings, int page) { turnPage(settings, page, -90); });
+    add("Turn &right", [](BookSettings& settings, int page) { turnPage(settings, page, 90); });
+    add("Turn &upside down", [](BookSettings& settings, int page) { turnPage(settings, page, 180); });
+    menu.addSeparator();
+    add("Leave page &out", leaveOutPage);
+    addItem(
+        menu, QStringLiteral("&Bring back pages left out"), {},
+        [this](WorkshopDesk&) {
+            window_.reading()->changeSettings([](BookSettings& settings) { settings.leftOut.clear(); });
+        },
+        possible);
+    addItem(
+        menu, QStringLiteral("&Count page numbers from here"), {},
+        [this](WorkshopDesk& desk) {
+            window_.reading()->changePage([number = desk.form().number()](BookSettings& settings, int page) {
+                numberPagesFrom(settings, page, number);
+            });
+        },
+        possible);
 }
 
 void WorkshopMenus::fillView(QMenu& menu) {

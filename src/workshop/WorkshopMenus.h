@@ -41,6 +41,7 @@ class WorkshopMenus : public QObject {
     void fillFile(QMenu& menu);
     void fillEdit(QMenu& menu);
     void fillPage(QMenu& menu);
+    void fillScan(QMenu& menu);
     void fillView(QMenu& menu);
 
     WorkshopWindow& window_;

@@ -65,9 +65,10 @@ void WorkshopModel::takeRead(Draft draft) {
     if (draft == draft_)
         return;
     std::swap(draft_, draft);
+    const std::size_t place = current_.value_or(0);
     current_ = rowOf(page);
     if (!current_ && !draft_.pages.empty())
-        current_ = 0;
+        current_ = std::min(place, draft_.pages.size() - 1);
     findVisibleRows();
     if (currentChanged)
         display_->showCurrentPage();

@@ -1,8 +1,11 @@
 #include "workshop/WorkshopWindow.h"
 
+#include "controls/ScreenFit.h"
 #include "platform/Host.h"
 #include "platform/QtText.h"
+#include "store/WindowPlacement.h"
 #include "workshop/BookOpener.h"
+#include "workshop/GuideForm.h"
 #include "workshop/PageStage.h"
 #include "workshop/ReadingBar.h"
 #include "workshop/ReadingControl.h"
@@ -12,7 +15,9 @@
 #include "workshop/WorkshopMenus.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmarin {
@@ -21,6 +26,9 @@ namespace {
 
 constexpr QSize kFirstSize(1100, 760);
 constexpr QSize kLeastSize(720, 480);
+/// No display system makes larger windows.
+constexpr int kWidest = 32000;
+constexpr const char* kPlacementFile = "WorkshopWindow";
 
 } // namespace
 
@@ -57,7 +65,9 @@ void WorkshopWindow::open(const std::filesystem::path& bookOrScan) {
     auto* bar = new ReadingBar(desk_);
     desk_->addToBar(bar);
     reading_ = std::make_unique<ReadingControl>(scanned, desk_->model(), *bar, desk_->notice());
-    connect(reading_.get(), &ReadingControl::picturesChanged, &desk_->stage(), &PageStage::showCurrentPage);
+    connect(reading_.get(), &ReadingControl::taken, &desk_->stage(), &PageStage::showCurrentPage);
+    connect(reading_.get(), &ReadingControl::picturesChanged, &desk_->stage(), &PageStage::dropPictures);
+    menus_->refresh();
     reading_->start();
 }
 
@@ -86,10 +96,28 @@ void WorkshopWindow::openBook(std::unique_ptr<WorkshopBook> book, Draft draft) {
     setWindowTitle(toQ(desk_->model().book().name()) + QStringLiteral(" – Velmarin Workshop"));
     connect(desk_, &WorkshopDesk::changed, menus_, &WorkshopMenus::refresh);
     desk_->model().open(std::move(draft));
+    // Not before the desk is shown.
+    QMetaObject::invokeMethod(&desk_->form(), &GuideForm::takeFocus, Qt::QueuedConnection);
+}
+
+void WorkshopWindow::rememberPlacement(const FolderItem& preferencesFolder) {
+    preferencesFolder_ = preferencesFolder;
+    WindowPlace place = firstPlace(kFirstSize, 0, screen()->availableGeometry());
+    if (const auto saved = readWindowPlacement(preferencesFolder, kPlacementFile))
+        place = withinReach({saved->left, saved->top, std::clamp(saved->width, kLeastSize.width(), kWidest),
+                             std::clamp(saved->height, kLeastSize.height(), kWidest)},
+                            screenAreas());
+    move(place.topLeft());
+    resize(place.size());
 }
 
 void WorkshopWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(desk_ == nullptr || desk_->mayClose());
+    if (!event->isAccepted() || preferencesFolder_.isNil() || isMaximized())
+        return;
+    const WindowPlacement here{.left = x(), .top = y(), .width = width(), .height = height()};
+    // A placement that is not kept is no reason for a message.
+    [[maybe_unused]] const Result ignored = writeWindowPlacement(preferencesFolder_, here, kPlacementFile);
 }
 
 } // namespace velmarin

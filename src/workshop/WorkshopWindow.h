@@ -22,6 +22,9 @@ class WorkshopWindow : public QMainWindow {
     explicit WorkshopWindow(Host& host);
     ~WorkshopWindow() override;
 
+    /// Takes the place that the window had when it was last closed, and keeps the next one in this folder.
+    void rememberPlacement(const FolderItem& preferencesFolder);
+
     /// Opens the working folder of a book, or the book of a scan, for which it asks where it is to be.
     void open(const std::filesystem::path& bookOrScan);
     /// Shows a book in place of the one before. The draft is where the work begins.
@@ -47,6 +50,7 @@ class WorkshopWindow : public QMainWindow {
     void openChosen(const std::filesystem::path& chosen);
 
     Host& host_;
+    FolderItem preferencesFolder_; ///< nil: the placement is not kept
     WorkshopDesk* desk_ = nullptr;
     WorkshopMenus* menus_;
     std::unique_ptr<ReadingControl> reading_; ///< only for the book of a scan

@@ -1,6 +1,6 @@
 #include "shell/PlacementKeeper.h"
 #include "shell/PreferenceWriter.h"
-#include "shell/ScreenFit.h"
+#include "controls/ScreenFit.h"
 #include "support/TempFolder.h"
 
 #include <QMainWindow>

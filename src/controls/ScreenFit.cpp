@@ -1,4 +1,4 @@
-#include "shell/ScreenFit.h"
+#include "controls/ScreenFit.h"
 
 #include <QGuiApplication>
 #include <QScreen>

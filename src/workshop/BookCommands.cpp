@@ -3,6 +3,7 @@
 #include "platform/Host.h"
 #include "platform/QtText.h"
 #include "workshop/MakeDialog.h"
+#include "workshop/ReadingControl.h"
 #include "workshop/ScannedBook.h"
 #include "workshop/TryItPane.h"
 #include "workshop/WorkshopDesk.h"
@@ -20,6 +21,11 @@ ScannedBook* scannedBook(WorkshopDesk& desk) {
     return dynamic_cast<ScannedBook*>(&desk.model().book());
 }
 
+const ReadingControl* readingOf(const WorkshopDesk& desk) {
+    const auto* window = qobject_cast<WorkshopWindow*>(desk.window());
+    return window != nullptr ? window->reading() : nullptr;
+}
+
 /// The pane of the book that is open; it ends with its desk.
 TryItPane& tryItPane(WorkshopDesk& desk, Host& host) {
     if (auto* pane = desk.findChild<TryItPane*>())
@@ -33,6 +39,8 @@ TryItPane& tryItPane(WorkshopDesk& desk, Host& host) {
                 desk.select(row);
         desk.window()->activateWindow();
     });
+    if (const ReadingControl* reading = readingOf(desk))
+        QObject::connect(reading, &ReadingControl::taken, pane, &TryItPane::takeDraft);
     return *pane;
 }
 
@@ -40,13 +48,15 @@ TryItPane& tryItPane(WorkshopDesk& desk, Host& host) {
 
 void tryWord(WorkshopDesk& desk, Host& host, const std::string& word) {
     TryItPane& pane = tryItPane(desk, host);
-    pane.takeFocus();
     pane.setWord(word);
+    pane.takeFocus();
 }
 
 void makeDictionary(WorkshopDesk& desk, Host& host, const FolderItem& applicationFolder) {
     if (scannedBook(desk) == nullptr)
         return;
+    if (const ReadingControl* reading = readingOf(desk); reading != nullptr && reading->running())
+        return host.MsgBox("The book is being read. Stop the reading, or wait until it ends.");
     auto* dialog =
         new MakeDialog(scannedBook(desk)->folder(), applicationFolder.Child("DictionaryFolder"), host, &desk);
     dialog->setAttribute(Qt::WA_DeleteOnClose);

@@ -203,9 +203,9 @@ void MakeDialog::showName() {
     const std::string groupName = fromQ(groupCB_->currentText().trimmed());
     const std::string why =
         isMemberName(groupName) ? whyNotMade(group(), name()) : "Choose a group, or name a new one.";
-    noticeST_->setText(why.empty() && planned_
-                           ? QStringLiteral("It will be made in %1").arg(toQ((group().path() / name()).native()))
-                           : toQ(why));
+    const auto place = std::filesystem::path(dictionaryFolder_.Name()) / groupName / name();
+    noticeST_->setText(why.empty() && planned_ ? QStringLiteral("It will be made as %1.").arg(toQ(place.native()))
+                                               : toQ(why));
     makeBT_->setEnabled(why.empty() && planned_ && !working_);
 }
 

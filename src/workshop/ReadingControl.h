@@ -20,6 +20,7 @@ class ReadingControl : public QObject {
 
     /// Goes on where the last run was stopped.
     void start();
+    bool running() const { return run_.running(); }
     /// Changes the settings of the book, and reads again what they ask for. A running reading is stopped first.
     void changeSettings(std::function<void(BookSettings&)> change);
     /// The same for the current page. `change` gets the page of the scan, from 1.

@@ -55,7 +55,7 @@ TryItPane::TryItPane(const WorkshopModel& model, Host& host, QWidget* parent)
 
 void TryItPane::takeDraft() {
     if (draft_ == model_.draft() && !draft_.pages.empty())
-        return;
+        return shown_.empty() ? lookUp() : void();
     draft_ = model_.draft();
     dictionary_ = tryDraft(draft_, model_.book().keyRule(), model_.book().indexOrder());
     lookUp();
@@ -86,12 +86,14 @@ void TryItPane::lookUp() {
 void TryItPane::showPage(const std::string& page) {
     if (page == shown_)
         return;
-    shown_ = page;
+    // A book that was opened a moment ago may not know its pictures yet.
+    const FolderItem picture = page.empty() ? FolderItem() : model_.book().picture(page);
+    shown_ = picture.isNil() ? std::string() : page;
     canvas_->setMode(kAdjustByWidth);
-    if (page.empty())
+    if (picture.isNil())
         canvas_->dropImage();
     else
-        canvas_->SetPicture(model_.book().picture(page));
+        canvas_->SetPicture(picture);
     canvas_->describePage({}, page, page.empty() ? std::string() : canvas_->loadProblem());
     canvas_->Refresh();
 }

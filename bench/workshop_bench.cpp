@@ -296,7 +296,7 @@ std::vector<PageReading> readPages(const Options& options) {
     }
     const Readings known = book.readings();
     std::vector<PageReading> readings;
-    for (const ScannedPage& page : book.pages()) {
+    for (const auto& page : book.pages()) {
         const auto found = known.find(page.name);
         readings.push_back(found == known.end() ? PageReading{.page = page.name} : found->second.reading);
     }
@@ -310,9 +310,10 @@ void printDetails(const Measured& book, const std::vector<PageGuess>& guesses, c
         const bool doubtful = draft.pages[i].state == PageState::Doubtful;
         if (verdict.right() && !doubtful)
             continue;
-        std::printf("  %s %s%s %3d: printed \"%s\" \"%s\", draft \"%s\" \"%s\"; guesses", truth.page.c_str(),
+        std::printf("  %s %s%s %3d: %s \"%s\" \"%s\", draft \"%s\" \"%s\"; guesses", truth.page.c_str(),
                     std::string(nameOf(draft.pages[i].state)).c_str(), verdict.right() ? "" : " WRONG",
-                    draft.pages[i].confidence, truth.first.c_str(), truth.last.c_str(), draft.pages[i].first.c_str(),
+                    draft.pages[i].confidence, truth.first.empty() ? "not printed" : "printed",
+                    truth.asSet().first.c_str(), truth.last.c_str(), draft.pages[i].first.c_str(),
                     draft.pages[i].last.c_str());
         for (const auto& list : {guesses[i].first, guesses[i].last}) {
             for (std::size_t k = 0; k < std::min<std::size_t>(3, list.size()); ++k)

@@ -12,7 +12,7 @@ namespace velmarin {
 namespace {
 
 /// What a row must have to need no person.
-constexpr double kTrustOfCertain = 0.98, kTrustOfMended = 0.97;
+constexpr double kTrustOfCertain = 0.985, kTrustOfMended = 0.95;
 constexpr int kConfidenceOfPlate = 95, kConfidenceOfFrontMatter = 90;
 /// If more pages lack a word than this part, the book has none at that place.
 constexpr double kLeastWithWord = 0.6;
@@ -91,13 +91,12 @@ class Rows {
         return mended ? PageState::Mended : PageState::Certain;
     }
 
-    /// A page before or after the alphabet. Its words are titles; what order asks for is none.
+    /// A page before or after the alphabet. Its words are titles, unless it is the next one.
     DraftPage outsideRow(std::size_t page, DraftPage row) const {
         const bool words = !guesses_[page].first.empty() || !guesses_[page].last.empty();
-        const std::size_t length = page < run_.begin ? run_.begin : guesses_.size() - run_.end;
         row.confidence = kConfidenceOfFrontMatter;
         row.state = words ? PageState::Mended : PageState::Certain;
-        if (length == 1 && words) { // it may as well be the first or the last page of the alphabet
+        if (words && (page + 1 == run_.begin || page == run_.end)) {
             row.first = decisions_[2 * page].text;
             row.last = decisions_[2 * page + 1].text;
             row.confidence = 0;

@@ -1,6 +1,9 @@
 #include "workshop/GuideSlots.h"
 
 #include <algorithm>
+#include <functional>
+#include <string_view>
+#include <unordered_set>
 
 namespace velmarin {
 
@@ -16,6 +19,65 @@ GuideSlot slotOf(const std::vector<Guess>& guesses, const KeyRule& rule, const I
         if (!guess.text.empty())
             slot.readings.push_back(readingOf(guess.text, std::clamp(guess.confidence, 0.0, 1.0), rule, order));
     return slot;
+}
+
+/// From so many words on, three letters tell more than two.
+constexpr std::size_t kManyWords = 2000;
+
+/// Counts the sequences of letters in the words of a book, the ends of the words included.
+class LetterSequences {
+  public:
+    explicit LetterSequences(std::size_t length) : length_(length) {}
+
+    void add(std::string_view word) {
+        forEach(word, [this](std::size_t place) { ++counts_[place]; });
+    }
+
+    /// Whether a word has a sequence that occurs in it alone.
+    /// @param own how often the word has been added
+    bool strange(std::string_view word, unsigned own) const {
+        bool found = false;
+        forEach(word, [&](std::size_t place) { found = found || counts_[place] <= own; });
+        return found;
+    }
+
+  private:
+    /// Different sequences may share a counter, which makes a few strange words look usual.
+    static constexpr std::size_t kCounters = 1 << 16;
+
+    template <typename Use> void forEach(std::string_view word, Use use) const {
+        const std::string whole = "^" + std::string(word) + "$";
+        for (std::size_t i = 0; i + length_ <= whole.size(); ++i)
+            use(std::hash<std::string_view>()(std::string_view(whole).substr(i, length_)) % kCounters);
+    }
+
+    std::size_t length_;
+    std::vector<unsigned> counts_ = std::vector<unsigned>(kCounters);
+};
+
+void findStrangeWords(std::vector<GuideSlot>& slots) {
+    std::unordered_set<std::string_view> words;
+    for (const GuideSlot& slot : slots)
+        if (!slot.readings.empty())
+            words.insert(slot.readings.front().word);
+    LetterSequences sequences(words.size() < kManyWords ? 2 : 3);
+    for (const std::string_view word : words)
+        sequences.add(word);
+    for (GuideSlot& slot : slots)
+        for (SlotReading& reading : slot.readings)
+            reading.strange = sequences.strange(reading.word, words.contains(reading.word) ? 1 : 0);
+}
+
+/// An entry that runs on ends one page and begins the next: the same word read twice is hardly wrong.
+void confirmRepeated(std::vector<GuideSlot>& slots) {
+    constexpr double kDoubtOfTwice = 0.1;
+    for (std::size_t i = 2; i < slots.size(); i += 2) {
+        std::vector<SlotReading>&last = slots[i - 1].readings, &first = slots[i].readings;
+        if (last.empty() || first.empty() || last.front().word != first.front().word)
+            continue;
+        const double doubt = kDoubtOfTwice * (1 - last.front().confidence) * (1 - first.front().confidence);
+        last.front().confidence = first.front().confidence = 1 - doubt;
+    }
 }
 
 GuideSlot slotSetTo(const std::string& text, const KeyRule& rule, const IndexOrder& order) {
@@ -35,6 +97,8 @@ std::vector<GuideSlot> guideSlotsOf(const std::vector<PageGuess>& guesses, const
         slots.push_back(slotOf(guess.first, rule, order));
         slots.push_back(slotOf(guess.last, rule, order));
     }
+    confirmRepeated(slots);
+    findStrangeWords(slots);
     return slots;
 }
 

@@ -17,6 +17,8 @@ struct SlotReading {
     std::string word; ///< its search word
     double confidence = 0;
     std::size_t rank = 0; ///< among the words of all slots
+    /// Has letters in a sequence that no other word of the book has.
+    bool strange = false;
 };
 
 /// The readings of the first or last word of a page, best first. The first word of page i is slot 2 i, its last word

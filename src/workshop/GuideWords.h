@@ -18,14 +18,19 @@ struct GuideWords {
     std::vector<std::string> errata = {};
     /// Entries between the two, in the order of the page.
     std::vector<BookEntry> between = {};
+    /// The words may be wrong. If there are none, the page has entries all the same.
+    bool doubtful = false;
 };
 
-/// The entries of a book by its guide words. `guides` is in the order of the pages; pages may be missing.
+/// The entries of a book by its guide words. `guides` is in the order of the alphabet; pages may be missing.
 ///
 /// A first word that repeats the last or the only word of the page before names an entry that began there, so that the
-/// page begins with what comes after it; if its last word is the same too, no entry begins on the page.
+/// page begins with what comes after it; if its last word is the same too, no entry begins on the page. A page whose
+/// first word is missing or doubtful begins after the last word of the page before.
 std::vector<BookEntry> entriesOf(const std::vector<GuideWords>& guides, const KeyRule& rule, const IndexOrder& order);
-/// The same of a draft, whose rows are the pages.
+
+/// The same of a draft, whose rows are the pages. Words of doubtful rows that break the order do not count. Pages that
+/// are bound at a wrong place are put where their words belong, and a page that was scanned twice counts once.
 std::vector<BookEntry> entriesOf(const Draft& draft, const KeyRule& rule, const IndexOrder& order);
 
 } // namespace velmarin

@@ -101,8 +101,9 @@ class NumberVote {
             return {};
         const Support& support = best->second;
         // A page without a reading has a number only if the pages on both sides agree on it.
-        const bool known = guesses_[static_cast<std::size_t>(page)].readings.empty() ? support.before && support.after
-                                                                                     : support.pages > 1 || support.own;
+        const bool known = guesses_[static_cast<std::size_t>(page)].readings.empty()
+                               ? support.before && support.after
+                               : support.pages > 1 || support.own || support.set;
         return known ? textOf(best->first, step_, page) : std::string();
     }
 
@@ -112,7 +113,7 @@ class NumberVote {
     struct Support {
         double weight = 0;
         std::size_t pages = 0;
-        bool before = false, own = false, after = false;
+        bool before = false, own = false, after = false, set = false;
     };
 
     void add(std::map<Counting, Support>& votes, std::ptrdiff_t page, double weight, Side side) const {
@@ -125,6 +126,7 @@ class NumberVote {
             support.weight += weight * (guess.set ? kWeightOfSet : std::max(guess.readings[i].confidence, 0.05));
             ++support.pages;
             support.before = support.before || side == Side::Before;
+            support.set = support.set || guess.set;
             support.own = support.own || side == Side::Own;
             support.after = support.after || side == Side::After;
         }

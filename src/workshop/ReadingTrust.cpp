@@ -16,7 +16,11 @@ struct Assumption {
 };
 constexpr std::array<Assumption, 9> kAssumptions{
     {{1.0, 0.004}, {0.95, 0.01}, {0.9, 0.03}, {0.8, 0.1}, {0.7, 0.2}, {0.5, 0.4}, {0.3, 0.6}, {0.1, 0.8}, {0.0, 0.9}}};
-constexpr double kWeightOfAssumption = 4;
+constexpr double kWeightOfAssumption = 12;
+/// The assumed share of strange words among right and wrong ones, and how many samples it counts as.
+constexpr double kStrangeIfRight = 0.06, kStrangeIfWrong = 0.4, kWeightOfStrange = 20;
+/// From here on the words in order count as right.
+constexpr double kSureConfidence = 0.9;
 /// Neither is ever certain.
 constexpr double kLeastErrors = 0.0002, kMostErrors = 0.97;
 
@@ -44,10 +48,20 @@ double chanceToFit(std::string_view word, std::string_view before, std::string_v
     return std::max(1 - outside / static_cast<double>(word.size()), 0.02);
 }
 
-ReadingTrust::ReadingTrust(std::vector<TrustSample> samples) {
+ReadingTrust::ReadingTrust(const std::vector<TrustSample>& samples) {
+    double right = kWeightOfStrange, wrong = kWeightOfStrange;
+    strangeIfRight_ = kStrangeIfRight * right;
+    strangeIfWrong_ = kStrangeIfWrong * wrong;
     std::vector<Step> all;
-    for (const TrustSample& sample : samples)
+    for (const TrustSample& sample : samples) {
+        if (!sample.inOrder || sample.confidence >= kSureConfidence) {
+            (sample.inOrder ? right : wrong) += 1;
+            (sample.inOrder ? strangeIfRight_ : strangeIfWrong_) += sample.strange ? 1 : 0;
+        }
         all.push_back({sample.confidence, sample.inOrder ? 0 : 1 / (1 - std::min(sample.chanceToFit, 0.8)), 1});
+    }
+    strangeIfRight_ /= right;
+    strangeIfWrong_ = std::max(strangeIfWrong_ / wrong, strangeIfRight_);
     for (const Assumption& each : kAssumptions)
         all.push_back({each.confidence, each.errors * kWeightOfAssumption, kWeightOfAssumption});
     std::stable_sort(all.begin(), all.end(),
@@ -66,11 +80,14 @@ ReadingTrust::ReadingTrust(std::vector<TrustSample> samples) {
     }
 }
 
-double ReadingTrust::operator()(double confidence) const {
+double ReadingTrust::operator()(double confidence, bool strange) const {
     const auto step =
         std::find_if(steps_.begin(), steps_.end(), [&](const Step& each) { return each.confidence <= confidence; });
     const Step& found = step == steps_.end() ? steps_.back() : *step;
-    return 1 - std::clamp(found.errors / found.count, kLeastErrors, kMostErrors);
+    const double errors = std::clamp(found.errors / found.count, kLeastErrors, kMostErrors);
+    const double wrong = errors * (strange ? strangeIfWrong_ : 1 - strangeIfWrong_);
+    const double right = (1 - errors) * (strange ? strangeIfRight_ : 1 - strangeIfRight_);
+    return right / (right + wrong);
 }
 
 } // namespace velmarin

@@ -16,17 +16,19 @@ struct TrustSample {
     double confidence = 0; ///< as the recognizer has it, 0 to 1
     bool inOrder = true;
     double chanceToFit = 0;
+    bool strange = false; ///< has letters in a sequence that no other word of the book has
 };
 
 /// How likely a reading of a given confidence is right, learned from the book itself: of the wrong readings a known
 /// part breaks the order, so that those that do tell how many there are. Never falls as the confidence rises (isotonic
-/// regression: Ayer et al., "An empirical distribution function for sampling with incomplete information", 1955). A few
-/// assumed samples steady it where a book has too few.
+/// regression: Ayer et al., "An empirical distribution function for sampling with incomplete information", 1955). How
+/// much less a strange word can be trusted is learned likewise: by how many more of the words that break the order are
+/// strange. A few assumed samples steady both where a book has too few.
 class ReadingTrust {
   public:
-    explicit ReadingTrust(std::vector<TrustSample> samples);
+    explicit ReadingTrust(const std::vector<TrustSample>& samples);
 
-    double operator()(double confidence) const;
+    double operator()(double confidence, bool strange) const;
 
   private:
     struct Step {
@@ -34,6 +36,7 @@ class ReadingTrust {
         double errors, count;
     };
     std::vector<Step> steps_; ///< from the highest confidence to the lowest
+    double strangeIfRight_, strangeIfWrong_;
 };
 
 } // namespace velmarin

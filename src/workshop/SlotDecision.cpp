@@ -10,8 +10,8 @@ namespace velmarin {
 
 namespace {
 
-/// If the best reading is wrong, how likely one of the others is right.
-constexpr double kOthersRight = 0.6;
+/// If the best reading is wrong, one of the others is right at most this likely.
+constexpr double kOthersRight = 0.9;
 constexpr double kTrustOfConfused = 0.3;
 /// Words of the run below this do not bound others.
 constexpr double kTrustOfBound = 0.5;
@@ -64,7 +64,8 @@ class Decider {
             if (slots_[slot].set || slots_[slot].readings.empty() || run_.moved[slot / 2])
                 continue;
             const SlotReading& best = slots_[slot].readings.front();
-            samples.push_back({best.confidence, bounds_[slot].admit(best.word), chanceIn(bounds_[slot], best.word)});
+            samples.push_back(
+                {best.confidence, bounds_[slot].admit(best.word), chanceIn(bounds_[slot], best.word), best.strange});
         }
         return samples;
     }
@@ -81,11 +82,12 @@ class Decider {
             return {};
         if (slots_[slot].set)
             return {readings.front().text, 1, false};
-        const double best = trust_(readings.front().confidence);
+        const double best = trust_(readings.front().confidence, readings.front().strange);
         double others = 0;
         for (std::size_t i = 1; i < readings.size(); ++i)
             others += readings[i].confidence;
-        const double left = (1 - best) * (readings.size() > 1 ? kOthersRight : 0);
+        const double share = others / std::max(1 - readings.front().confidence, 1e-9);
+        const double left = (1 - best) * std::min(share, kOthersRight);
         double all = 1 - best - left, highest = 0; // at first that none is right
         std::size_t taken = readings.size();
         for (std::size_t i = 0; i < readings.size(); ++i) {
@@ -134,7 +136,7 @@ class Decider {
                 against.push_back(other);
         if (against.size() > kMostContested)
             return;
-        double together = -logit(slots_[slot].set ? 1 : trust_(best.confidence));
+        double together = -logit(slots_[slot].set ? 1 : trust_(best.confidence, best.strange));
         for (const std::size_t other : against)
             together += logit(decisions_[other].trust);
         for (const std::size_t other : against)

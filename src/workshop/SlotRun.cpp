@@ -32,17 +32,26 @@ std::vector<std::size_t> slotsInRun(const SlotRun& run) {
     return in;
 }
 
-/// Drops words at the ends of the run that are alone there.
+/// Drops words at the ends of the run that are alone there, or that are titles: on pages with one word where the book
+/// has two.
 void trimEnds(SlotRun& run, const std::vector<GuideSlot>& slots) {
     std::vector<std::size_t> in = slotsInRun(run);
-    const auto lonely = [&](std::size_t slot, std::size_t next) {
-        return !slots[slot].set && (next > slot ? next - slot : slot - next) > 2 * kLonely;
+    std::size_t inPairs = 0;
+    const auto paired = [&](std::size_t slot) {
+        return run.taken[slot].has_value() && run.taken[slot ^ 1].has_value();
     };
-    while (in.size() > 3 && lonely(in[0], in[1])) {
+    for (const std::size_t slot : in)
+        inPairs += paired(slot) ? 1 : 0;
+    const bool pairs = inPairs * 4 > in.size() * 3;
+    const auto outside = [&](std::size_t slot, std::size_t next) {
+        return !slots[slot].set &&
+               ((pairs && !paired(slot)) || (next > slot ? next - slot : slot - next) > 2 * kLonely);
+    };
+    while (in.size() > 3 && outside(in[0], in[1])) {
         run.taken[in[0]].reset();
         in.erase(in.begin());
     }
-    while (in.size() > 3 && lonely(in.back(), in[in.size() - 2])) {
+    while (in.size() > 3 && outside(in.back(), in[in.size() - 2])) {
         run.taken[in.back()].reset();
         in.pop_back();
     }
@@ -128,8 +137,17 @@ SlotRun heaviestRun(const RankedSlots& ranked) {
             words.push_back({reading.rank, worthOf(reading, slot.set)});
     }
     SlotRun run{.taken = heaviestChoice(places, ranked.ranks)};
-    run.moved.resize(ranked.slots.size() / 2);
     trimEnds(run, ranked.slots);
+    // Titles may have kept out words at the ends of the alphabet.
+    for (std::size_t slot = 0; slot < places.size(); ++slot)
+        if (slot / 2 + 1 < run.begin || slot / 2 > run.end)
+            places[slot].clear();
+    const std::size_t begin = run.begin, end = run.end;
+    run.taken = heaviestChoice(places, ranked.ranks);
+    const std::vector<std::size_t> in = slotsInRun(run);
+    run.begin = in.empty() ? begin : in.front() / 2;
+    run.end = in.empty() ? end : in.back() / 2 + 1;
+    run.moved.resize(ranked.slots.size() / 2);
     MovedPages(run, ranked.slots).mark();
     return run;
 }

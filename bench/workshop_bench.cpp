@@ -251,9 +251,11 @@ void printOpened(const char* what, const Measured& book, const Draft& draft, boo
         const auto wrong = [&](std::size_t i) {
             return i < draft.pages.size() && !verdictOf(book, book.pages[i], draft.pages[i]).right();
         };
-        const char* cause = ideal.pageOf(headword) != page ? "the true guide words lead elsewhere too"
-                            : wrong(page) || wrong(found)  ? "a wrong row: of its page or of the one that opens"
-                                                           : "a wrong row elsewhere";
+        const char* cause = finder.pageOf(book.rule.keyOf(headword)) == page
+                                ? "typed as printed; opens when typed as the book sorts it"
+                            : ideal.pageOf(headword) != page ? "the true guide words lead elsewhere too"
+                            : wrong(page) || wrong(found)    ? "a wrong row: of its page or of the one that opens"
+                                                             : "a wrong row elsewhere";
         ++causes[cause];
         if (details)
             std::printf("    %s: opens %s, is on %s (%s)\n", headword.c_str(), book.pages[found].page.c_str(),

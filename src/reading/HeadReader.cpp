@@ -34,7 +34,7 @@ class PageInWork {
         readRows(layout_.headRows, reading_.head);
         if (!hasSureWord(reading_.head) || !hasNumber(reading_.head))
             readRows(layout_.footRows, reading_.foot);
-        if (reading_.head.lines.empty() && !hasNumber(reading_.foot) && !reading_.foot.lines.empty())
+        if (reading_.head.lines.empty() && hasSureWord(reading_.foot))
             reading_.headStrip = reading_.foot.lines.front().box;
         if (entries == EntryWords::Always || (entries == EntryWords::IfNeeded && !hasSureWord(reading_.head)))
             readEntries();
@@ -45,7 +45,7 @@ class PageInWork {
     PageText emptyText() const { return {picture_.Width(), picture_.Height(), {}}; }
 
     // From the layer; what it lacks is recognized.
-    TextLine lineAt(const PageBox& row) {
+    TextLine lineAt(const PageBox& row, Effort effort = Effort::Full) {
         if (layer_ != nullptr) {
             TextLine line = layerWordsIn(*layer_, page_.straightening, row);
             if (!line.words.empty()) {
@@ -53,7 +53,7 @@ class PageInWork {
                 return line;
             }
         }
-        return readRow(recognizer_, picture_, page_, row);
+        return readRow(recognizer_, picture_, page_, row, effort);
     }
 
     void readRows(const std::vector<PageBox>& rows, PageText& text) {
@@ -78,8 +78,8 @@ class PageInWork {
     }
 
     TextLine startOf(const EntryLine& entry) {
-        const int width = std::min(entry.box.width, static_cast<int>(16 * page_.xHeight));
-        TextLine line = lineAt({entry.box.x, entry.box.y, width, entry.box.height});
+        const int width = std::min(entry.box.width, static_cast<int>(12 * page_.xHeight));
+        TextLine line = lineAt({entry.box.x, entry.box.y, width, entry.box.height}, Effort::Quick);
         if (width < entry.box.width && line.words.size() > 1)
             line.words.pop_back(); // it is cut
         if (!line.words.empty())
@@ -87,13 +87,15 @@ class PageInWork {
         return line;
     }
 
+    // Whether no guide word needs a proof by the entries. Short unsure words are mostly dirt.
     static bool hasSureWord(const PageText& text) {
         bool found = false;
         for (const TextLine& line : text.lines) {
             for (const TextWord& word : line.words) {
-                if (isNumber(word.text))
+                const bool sure = word.confidence >= kSure;
+                if (isNumber(word.text) || (!sure && word.text.size() < 4))
                     continue;
-                if (word.confidence < kSure)
+                if (!sure)
                     return false;
                 found = true;
             }

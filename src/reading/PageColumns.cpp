@@ -77,6 +77,38 @@ std::vector<Interval> textStretches(const std::vector<int>& cover, double xHeigh
     return stretches;
 }
 
+// The outer edges of the text, where short lines do not reach, but some do.
+void widen(std::vector<Interval>& stretches, const std::vector<int>& cover, double xHeight) {
+    if (stretches.empty())
+        return;
+    const int gap = static_cast<int>(1.5 * xHeight);
+    const auto covered = [&](int x) {
+        return x >= 0 && x < static_cast<int>(cover.size()) && cover[static_cast<std::size_t>(x)] > 0;
+    };
+    for (int x = stretches.front().begin - 1; x >= stretches.front().begin - gap; --x) {
+        if (covered(x))
+            stretches.front().begin = x;
+    }
+    for (int x = stretches.back().end; x < stretches.back().end + gap; ++x) {
+        if (covered(x))
+            stretches.back().end = x + 1;
+    }
+}
+
+// The rows of a profile without those that have much less ink than the rows near them: where lines are set so tightly
+// that letters reach into the next line, no row between them is white.
+std::vector<int> withoutValleys(const std::vector<int>& profile, double xHeight) {
+    std::vector<int> peaks = profile;
+    const int size = static_cast<int>(profile.size()), around = std::max(2, static_cast<int>(1.1 * xHeight));
+    for (int y = 0; y < size; ++y) {
+        const auto first = profile.begin() + std::max(0, y - around),
+                   last = profile.begin() + std::min(size, y + around + 1);
+        if (profile[static_cast<std::size_t>(y)] < 0.3 * *std::max_element(first, last))
+            peaks[static_cast<std::size_t>(y)] = 0;
+    }
+    return peaks;
+}
+
 // The rows of a column in which there is ink.
 std::vector<LineBand> linesOf(const std::vector<PageBox>& letters, const TextColumn& column, int height,
                               double xHeight) {
@@ -93,7 +125,7 @@ std::vector<LineBand> linesOf(const std::vector<PageBox>& letters, const TextCol
             profile[static_cast<std::size_t>(y)] += box.width;
     }
     std::vector<LineBand> lines;
-    for (const Interval& rows : stretchesOf(profile, std::max(2.0, 0.5 * xHeight), 0)) {
+    for (const Interval& rows : stretchesOf(withoutValleys(profile, xHeight), std::max(2.0, 0.5 * xHeight), 0)) {
         if (rows.size() < 0.35 * xHeight)
             continue;
         LineBand line{rows.begin, rows.end, column.right, column.left};
@@ -120,7 +152,9 @@ std::vector<TextColumn> columnsOf(const StraightPage& page, const std::vector<Pa
     const int margin = rows.size() / 12;
     const std::vector<int> cover = coverAcross(letters, width, {rows.begin + margin, rows.end - margin}, page.xHeight);
     std::vector<TextColumn> columns;
-    for (const Interval& stretch : textStretches(cover, page.xHeight))
+    std::vector<Interval> stretches = textStretches(cover, page.xHeight);
+    widen(stretches, cover, page.xHeight);
+    for (const Interval& stretch : stretches)
         columns.push_back({stretch.begin, stretch.end, {}});
     for (std::size_t i = 0; i + 1 < columns.size(); ++i)
         columns[i].right = columns[i + 1].left = (columns[i].right + columns[i + 1].left) / 2;

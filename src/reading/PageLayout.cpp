@@ -16,7 +16,9 @@ using RuleCover = std::function<double(int top, int bottom)>;
 std::vector<PageBox> lettersOf(const StraightPage& page) {
     std::vector<PageBox> letters = componentsOf(page.ink.get());
     std::erase_if(letters, [&](const PageBox& box) {
-        return box.height < 0.4 * page.xHeight || box.height > 4 * page.xHeight || box.width > 12 * page.xHeight;
+        const bool dash = box.height < 0.7 * page.xHeight && box.width > 3 * box.height;
+        return dash || box.height < 0.4 * page.xHeight || box.height > 4 * page.xHeight ||
+               box.width > 12 * page.xHeight;
     });
     return letters;
 }
@@ -38,8 +40,11 @@ struct EdgeRow {
     double farther = 0; ///< the distance to the next line, in line pitches; the least of all columns
     bool ruled = false; ///< there is a rule across the text between it and the next lines
 
-    // How much speaks for a head. A line of the text has at most 1.
+    // How much speaks for a head. A line of the text has at most 1. A short one that nothing parts from the next may be
+    // the end of an entry, at the top of the only column that reaches so high.
     int score() const {
+        if (!ruled && farther < 1.15 && columns.size() < 2)
+            return 0;
         return (ruled ? 3 : 0) + (farther >= 1.35) + (farther >= 1.15) + (filled < 0.7) + (filled < 0.4);
     }
 };
@@ -188,9 +193,11 @@ void findHeadAndFoot(const StraightPage& page, PageLayout& layout) {
 // The part of the page that a picture covers: what is solid when the white within letters is filled, or has large
 // parts.
 double pictureShare(const StraightPage& page) {
-    const int gap = std::max(2, static_cast<int>(0.5 * page.xHeight)),
+    const int gap = std::max(4, static_cast<int>(0.5 * page.xHeight)),
               size = std::max(20, static_cast<int>(3 * page.xHeight));
-    const PixPtr closed(pixCloseSafeBrick(nullptr, page.ink.get(), gap, gap));
+    // Strokes of a drawing, and rows of a halftone's dots, may have been taken for rules.
+    const PixPtr all(page.rules ? pixOr(nullptr, page.ink.get(), page.rules.get()) : pixClone(page.ink.get()));
+    const PixPtr closed(all ? pixCloseSafeBrick(nullptr, all.get(), gap, gap) : nullptr);
     const PixPtr solid(closed ? pixOpenBrick(nullptr, closed.get(), size, size) : nullptr);
     l_float32 share = 0;
     if (solid)
@@ -210,7 +217,8 @@ PageLook lookOf(const StraightPage& page, const std::vector<PageBox>& letters, c
         for (const LineBand& line : column.lines)
             lines += line.right - line.left > (column.right - column.left) / 2;
     }
-    if (lines >= 15)
+    // The dots of a halftone are closer to each other than lines of letters.
+    if (lines >= 15 && layout.linePitch > 1.5 * page.xHeight)
         return PageLook::Text;
     if (pictureShare(page) > 0.12)
         return PageLook::Plate;

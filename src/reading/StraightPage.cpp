@@ -10,7 +10,8 @@ namespace velmarin {
 namespace {
 
 constexpr int kLeastWidth = 900; // letters of a page of three columns are then about 7 to 10 pixels high
-constexpr int kWindow = 24;      // about the height of a line there
+constexpr double kLeastLetter = 7;
+constexpr int kWindow = 24; // about the height of a line there
 constexpr int kMostParts = 25'000;
 constexpr double kNoTurn = 0.0005; // radians: a pixel in the width of a strip
 constexpr double kMaxSkew = 5;     // degrees
@@ -125,24 +126,29 @@ void removeSpecks(Pix* ink, double xHeight) {
         pixCopy(ink, kept.get());
 }
 
-// Lines much longer than any stroke of a letter, with small breaks closed.
-PixPtr rulesOf(Pix* ink, double xHeight) {
-    const int length = std::max(20, static_cast<int>(6 * xHeight));
-    const int gap = std::max(3, static_cast<int>(0.6 * xHeight));
-    const auto linesOf = [&](int across, int down) {
-        const PixPtr closed(pixCloseSafeBrick(nullptr, ink, across > 1 ? gap : 1, down > 1 ? gap : 1));
-        const PixPtr open(closed ? pixOpenBrick(nullptr, closed.get(), across, down) : nullptr);
-        // What is thick is not a rule.
-        const int thick = std::max(4, static_cast<int>(0.7 * xHeight));
-        const PixPtr solid(open ? pixOpenBrick(nullptr, open.get(), across > 1 ? 1 : thick, down > 1 ? 1 : thick)
-                                : nullptr);
-        return PixPtr(solid ? pixSubtract(nullptr, open.get(), solid.get()) : nullptr);
+// Lines much longer than any stroke of a letter, and thin, with small breaks closed. The white within letters is not:
+// their serifs would make a line.
+PixPtr rulesAlong(Pix* ink, double xHeight, bool upright) {
+    const auto brick = [&](const auto& operation, Pix* pix, int along) {
+        return PixPtr(operation(nullptr, pix, upright ? 1 : along, upright ? along : 1));
     };
-    PixPtr flat = linesOf(length, 1);
-    const PixPtr upright = linesOf(1, length);
-    if (flat && upright)
-        pixOr(flat.get(), flat.get(), upright.get());
-    return flat;
+    const int length = std::max(24, static_cast<int>(8 * xHeight)), gap = std::max(2, static_cast<int>(0.25 * xHeight));
+    const PixPtr closed = brick(pixCloseSafeBrick, ink, gap);
+    const PixPtr lines = closed ? brick(pixOpenBrick, closed.get(), length) : nullptr;
+    if (!lines)
+        return nullptr;
+    const int thick = std::max(4, static_cast<int>(0.5 * xHeight));
+    const PixPtr seed(pixOpenBrick(nullptr, lines.get(), upright ? thick : 1, upright ? 1 : thick));
+    const PixPtr solid(seed ? pixSeedfillBinary(nullptr, seed.get(), lines.get(), 8) : nullptr);
+    return PixPtr(solid ? pixSubtract(nullptr, lines.get(), solid.get()) : nullptr);
+}
+
+PixPtr rulesOf(Pix* ink, double xHeight) {
+    PixPtr rules = rulesAlong(ink, xHeight, false);
+    const PixPtr upright = rulesAlong(ink, xHeight, true);
+    if (upright)
+        pixOr(rules.get(), rules.get(), upright.get());
+    return rules;
 }
 
 void removeRules(Pix* ink, Pix* rules) {
@@ -228,11 +234,18 @@ StraightPage straightenPage(const Picture& picture) {
     if (picture.isNil())
         return page;
     silenceLeptonica();
-    const int reduction = reductionFor(std::min(picture.Width(), picture.Height()));
-    const PixPtr ink = withoutNoise(reducedInk(picture.pix(), reduction));
+    int reduction = reductionFor(std::min(picture.Width(), picture.Height()));
+    PixPtr ink = withoutNoise(reducedInk(picture.pix(), reduction));
     if (!ink)
         return page;
     page.xHeight = letterHeight(componentsOf(ink.get()), pixGetHeight(ink.get()));
+    for (; page.xHeight >= 2 * kLeastLetter; page.xHeight /= 2) {
+        PixPtr half(pixReduceRankBinary2(ink.get(), 2, nullptr));
+        if (!half)
+            break;
+        ink = std::move(half);
+        reduction *= 2;
+    }
     removeBorders(ink.get(), page.xHeight);
     removeSpecks(ink.get(), page.xHeight);
     page.straightening = {.angle = skewOf(ink.get()),

@@ -179,15 +179,17 @@ void considerNumber(Recognizer& recognizer, const WordGroup& group, Words& words
     }
 }
 
-Words readGroup(Recognizer& recognizer, const WordGroup& group) {
+Words readGroup(Recognizer& recognizer, const WordGroup& group, Effort effort) {
     std::vector<Ballot> ballots;
     const auto read = [&](Rendering rendering) {
         const PixPtr picture = pictureOf(group, rendering);
         ballots.push_back(ballotOf(picture ? recognizer.readLine(picture.get()) : Words{}));
     };
-    for (const Rendering rendering : kFirst)
-        read(rendering);
-    if (countOf(ballots, ballots.front().text) < ballots.size()) {
+    for (const Rendering rendering : kFirst) {
+        if (effort == Effort::Full || ballots.size() < 2)
+            read(rendering);
+    }
+    if (effort == Effort::Full && countOf(ballots, ballots.front().text) < ballots.size()) {
         for (const Rendering rendering : kOnDoubt)
             read(rendering);
     }
@@ -200,7 +202,8 @@ Words readGroup(Recognizer& recognizer, const WordGroup& group) {
         word.box = {group.box.x + static_cast<int>(group.box.width * left), group.box.y,
                     static_cast<int>(group.box.width * (right - left)), group.box.height};
     }
-    considerNumber(recognizer, group, words);
+    if (effort == Effort::Full)
+        considerNumber(recognizer, group, words);
     if (words.size() == 1)
         words.front().box = group.box;
     return words;
@@ -212,10 +215,11 @@ bool isNumber(const std::string& text) {
     return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
 }
 
-TextLine readRow(Recognizer& recognizer, const Picture& picture, const StraightPage& page, const PageBox& row) {
+TextLine readRow(Recognizer& recognizer, const Picture& picture, const StraightPage& page, const PageBox& row,
+                 Effort effort) {
     TextLine line{{}, page.straightening.onPage(row)};
     for (const WordGroup& group : wordGroupsOf(picture, page, row)) {
-        for (TextWord& word : readGroup(recognizer, group)) {
+        for (TextWord& word : readGroup(recognizer, group, effort)) {
             word.box = page.straightening.onPage(word.box);
             line.words.push_back(std::move(word));
         }

@@ -1,6 +1,7 @@
 #include "reading/HeadReader.h"
 
 #include "reading/EntryLines.h"
+#include "reading/EntryProof.h"
 #include "reading/LayerWords.h"
 #include "reading/PageLayout.h"
 #include "reading/Recognizer.h"
@@ -14,7 +15,7 @@ namespace velmarin {
 
 namespace {
 
-constexpr double kSure = 0.9;
+constexpr double kSure = 0.965;
 constexpr std::size_t kEntries = 3; // that are read at the top of the first column, and at the foot of the last
 
 // One page while it is read.
@@ -38,6 +39,7 @@ class PageInWork {
             reading_.headStrip = reading_.foot.lines.front().box;
         if (entries == EntryWords::Always || (entries == EntryWords::IfNeeded && !hasSureWord(reading_.head)))
             readEntries();
+        proveByEntries(reading_);
         return std::move(reading_);
     }
 

@@ -10,6 +10,8 @@ namespace velmarin {
 
 namespace {
 
+constexpr int kMostRows = 6; // at an edge of the page that may belong to its head, with dirt above it
+
 // Which part of the width of the text has a rule across it, somewhere between two heights.
 using RuleCover = std::function<double(int top, int bottom)>;
 
@@ -56,20 +58,25 @@ class EdgeFinder {
         : columns_(std::move(columns)), pitch_(pitch), xHeight_(xHeight), cover_(std::move(cover)),
           taken_(columns_.size()) {}
 
-    // Finds at most three rows whose score is at least `least`.
+    // Finds the last of the first rows whose score is at least `least`, and up to two rows near above it. What is
+    // farther above is dirt at the edge of the page.
     void find(int least) {
         std::vector<std::size_t> taken = taken_;
         std::vector<PageBox> rows;
-        for (int row = 0; row < 3; ++row) {
+        for (int row = 0; row < kMostRows; ++row) {
             const std::optional<EdgeRow> edge = takeRow(taken);
             if (!edge)
-                return;
+                break;
             rows.push_back(edge->box);
             if (edge->score() >= least + (row > 0 ? 1 : 0)) {
                 taken_ = taken;
                 found_ = rows;
             }
+            if (edge->ruled)
+                break;
         }
+        while (found_.size() > 3 || (found_.size() > 1 && found_[1].y - found_[0].y > 3.5 * pitch_))
+            found_.erase(found_.begin());
     }
 
     const std::vector<PageBox>& found() const { return found_; }

@@ -99,6 +99,15 @@ std::vector<std::string> othersOf(const std::vector<Letter>& letters) {
     return others;
 }
 
+double likeliestOther(const std::vector<Letter>& letters) {
+    double most = 0;
+    for (const Letter& letter : letters) {
+        for (const auto& [likely, choice] : letter.choices)
+            most = std::max(most, likely);
+    }
+    return most;
+}
+
 } // namespace
 
 Recognizer::Recognizer() : engine_(std::make_unique<Engine>()) {}
@@ -155,8 +164,10 @@ std::vector<TextWord> Recognizer::readLine(Pix* line, Alphabet alphabet) {
         return words;
     std::vector<Letter> letters;
     const auto finishWord = [&] {
-        if (!words.empty())
+        if (!words.empty()) {
             words.back().others = othersOf(letters);
+            words.back().confidence *= 1 - likeliestOther(letters);
+        }
         letters.clear();
     };
     do {

@@ -31,7 +31,8 @@ class Recognizer {
     bool isOpen() const { return opened_; }
 
     /// Reads a line in 8 bits, black on white, whose capitals are about 30 pixels high. The words' boxes are in pixels
-    /// of the picture, their confidence is Tesseract's own, and their other readings differ in one letter. Empty if
+    /// of the picture, their confidence is Tesseract's own,
+    /// less where another letter is likely too, and their other readings differ in one letter. Empty if
     /// nothing was read or no language is open.
     std::vector<TextWord> readLine(Pix* line, Alphabet alphabet = Alphabet::Any);
 

@@ -112,7 +112,7 @@ std::size_t countOf(const std::vector<Ballot>& ballots, const std::string& text)
 // in all of them.
 double sureness(std::size_t agreeing, std::size_t readings, double confidence) {
     if (readings == agreeing)
-        return 0.85 + 0.14 * std::min(1.0, confidence / 0.8);
+        return 0.8 + 0.17 * std::min(1.0, confidence / 0.75);
     const double share = static_cast<double>(agreeing) / static_cast<double>(readings);
     return std::min(0.9, share * share + 0.15 * confidence);
 }

@@ -266,11 +266,7 @@ std::string trimmedHeadword(std::string_view text) {
         }
         at += unit.length;
     }
-    if (begin >= end)
-        return {};
-    // A prefix keeps its hyphen.
-    const bool prefix = text.substr(end) == "-" && end - begin > 1;
-    return std::string(text.substr(begin, end - begin + (prefix ? 1 : 0)));
+    return begin < end ? std::string(text.substr(begin, end - begin)) : std::string();
 }
 
 std::string lettersOf(std::string_view text) {

@@ -47,12 +47,20 @@ std::vector<Guess> entriesOn(const PageReading& reading) {
 bool almostSame(const std::string& one, const std::string& other) {
     if (std::min(one.size(), other.size()) < 4 || one == other)
         return false;
-    const auto [a, b] = std::mismatch(one.begin(), one.end(), other.begin(), other.end());
-    const auto endsAlike = [&](std::ptrdiff_t skipA, std::ptrdiff_t skipB) {
-        return one.end() - a >= skipA && other.end() - b >= skipB &&
-               std::equal(a + skipA, one.end(), b + skipB, other.end());
+    const auto differ = std::mismatch(one.begin(), one.end(), other.begin(), other.end());
+    const auto endsAlike = [&](std::ptrdiff_t skipOne, std::ptrdiff_t skipOther) {
+        return one.end() - differ.first >= skipOne && other.end() - differ.second >= skipOther &&
+               std::equal(differ.first + skipOne, one.end(), differ.second + skipOther, other.end());
     };
     return endsAlike(1, 1) || endsAlike(1, 0) || endsAlike(0, 1) || endsAlike(2, 1) || endsAlike(1, 2);
+}
+
+/// Raises the confidence of a reading, and leaves the others what remains.
+void confirm(std::vector<Guess>& readings, Guess& right, double byConfidence) {
+    right.confidence = std::max(right.confidence, 1 - kDoubtOfTwice * (1 - right.confidence * byConfidence));
+    for (Guess& other : readings)
+        if (&other != &right)
+            other.confidence = std::min(other.confidence, 1 - right.confidence);
 }
 
 /// Compares the readings of a guide word with the entries of its page.
@@ -65,8 +73,7 @@ void testByEntries(std::vector<Guess>& readings, const std::vector<Guess>& entri
         const auto same = std::find_if(readings.begin(), readings.end(),
                                        [&](const Guess& each) { return lettersOf(each.text) == letters; });
         if (same != readings.end())
-            same->confidence =
-                std::max(same->confidence, 1 - kDoubtOfTwice * (1 - same->confidence * entry.confidence));
+            confirm(readings, *same, entry.confidence);
         else if (almostSame(letters, best))
             readings.push_back({entry.text, std::min(kAlmostSame, entry.confidence)});
     }

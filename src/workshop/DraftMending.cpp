@@ -14,6 +14,8 @@ namespace {
 /// What a row must have to need no person.
 constexpr double kTrustOfCertain = 0.985, kTrustOfMended = 0.95;
 constexpr int kConfidenceOfPlate = 95, kConfidenceOfFrontMatter = 90;
+/// At most one page in so many is front matter or appendix.
+constexpr std::size_t kMostOutside = 3;
 /// If more pages lack a word than this part, the book has none at that place.
 constexpr double kLeastWithWord = 0.6;
 
@@ -91,14 +93,17 @@ class Rows {
         return mended ? PageState::Mended : PageState::Certain;
     }
 
-    /// A page before or after the alphabet. Its words are titles, unless it is the next one.
+    /// A page before or after the alphabet. Its words are titles, unless it is the next one, or so many pages are
+    /// outside that the order is not that of the book.
     DraftPage outsideRow(std::size_t page, DraftPage row) const {
-        const bool words = !guesses_[page].first.empty() || !guesses_[page].last.empty();
+        const std::vector<Guess>&first = guesses_[page].first, &last = guesses_[page].last;
+        const bool words = !first.empty() || !last.empty();
+        const std::size_t outside = guesses_.size() - (run_.end - run_.begin);
         row.confidence = kConfidenceOfFrontMatter;
         row.state = words ? PageState::Mended : PageState::Certain;
-        if (words && (page + 1 == run_.begin || page == run_.end)) {
-            row.first = decisions_[2 * page].text;
-            row.last = decisions_[2 * page + 1].text;
+        if (words && (page + 1 == run_.begin || page == run_.end || outside * kMostOutside > guesses_.size())) {
+            row.first = first.empty() ? "" : first.front().text;
+            row.last = last.empty() ? "" : last.front().text;
             row.confidence = 0;
             row.state = PageState::Doubtful;
         }

@@ -18,6 +18,12 @@ GuideSlot slotOf(const std::vector<Guess>& guesses, const KeyRule& rule, const I
     for (const Guess& guess : guesses)
         if (!guess.text.empty())
             slot.readings.push_back(readingOf(guess.text, std::clamp(guess.confidence, 0.0, 1.0), rule, order));
+    double sum = 0;
+    for (const SlotReading& reading : slot.readings)
+        sum += reading.confidence;
+    // Readings exclude each other.
+    for (SlotReading& reading : slot.readings)
+        reading.confidence /= std::max(sum, 1.0);
     return slot;
 }
 
@@ -95,6 +101,7 @@ std::vector<GuideSlot> guideSlotsOf(const std::vector<PageGuess>& guesses, const
     slots.reserve(guesses.size() * 2);
     for (const PageGuess& guess : guesses) {
         slots.push_back(slotOf(guess.first, rule, order));
+        slots.back().entry = guess.unheaded;
         slots.push_back(slotOf(guess.last, rule, order));
     }
     confirmRepeated(slots);

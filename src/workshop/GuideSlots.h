@@ -25,7 +25,8 @@ struct SlotReading {
 /// slot 2 i + 1, so that the words of a book that is in order never descend from slot to slot.
 struct GuideSlot {
     std::vector<SlotReading> readings = {};
-    bool set = false; ///< by a person; one reading or none
+    bool set = false;   ///< by a person; one reading or none
+    bool entry = false; ///< read from the beginning of an entry, as the page has no guide words
 };
 
 std::vector<GuideSlot> guideSlotsOf(const std::vector<PageGuess>& guesses, const KeyRule& rule,

@@ -21,6 +21,8 @@ constexpr double kWeightOfAssumption = 12;
 constexpr double kStrangeIfRight = 0.06, kStrangeIfWrong = 0.4, kWeightOfStrange = 20;
 /// From here on the words in order count as right.
 constexpr double kSureConfidence = 0.9;
+/// One reading that breaks the order is not taken for more wrong ones than this lets it.
+constexpr double kMostChance = 0.75;
 /// Neither is ever certain.
 constexpr double kLeastErrors = 0.0002, kMostErrors = 0.97;
 
@@ -58,7 +60,7 @@ ReadingTrust::ReadingTrust(const std::vector<TrustSample>& samples) {
             (sample.inOrder ? right : wrong) += 1;
             (sample.inOrder ? strangeIfRight_ : strangeIfWrong_) += sample.strange ? 1 : 0;
         }
-        all.push_back({sample.confidence, sample.inOrder ? 0 : 1 / (1 - std::min(sample.chanceToFit, 0.8)), 1});
+        all.push_back({sample.confidence, sample.inOrder ? 0 : 1 / (1 - std::min(sample.chanceToFit, kMostChance)), 1});
     }
     strangeIfRight_ /= right;
     strangeIfWrong_ = std::max(strangeIfWrong_ / wrong, strangeIfRight_);

@@ -13,6 +13,10 @@ namespace {
 /// If the best reading is wrong, one of the others is right at most this likely.
 constexpr double kOthersRight = 0.9;
 constexpr double kTrustOfConfused = 0.3;
+/// Where an entry begins is less sure than where a guide word is.
+constexpr double kTrustOfEntry = 0.97;
+/// If fewer readings than this keep the order, it is not the order of the book, and nothing follows from it.
+constexpr double kLeastInOrder = 0.6;
 /// Words of the run below this do not bound others.
 constexpr double kTrustOfBound = 0.5;
 /// A reading that breaks the order with so many words of the run is wrong without a doubt.
@@ -45,6 +49,10 @@ class Decider {
           trust_(ReadingTrust(samples())) {}
 
     std::vector<SlotDecision> run() {
+        const std::vector<TrustSample> all = samples();
+        const auto inOrder =
+            std::count_if(all.begin(), all.end(), [](const TrustSample& each) { return each.inOrder; });
+        orderHolds_ = static_cast<double>(inOrder) >= kLeastInOrder * static_cast<double>(all.size());
         decideAll();
         std::vector<bool> trusted;
         for (const SlotDecision& each : decisions_)
@@ -61,7 +69,7 @@ class Decider {
     std::vector<TrustSample> samples() const {
         std::vector<TrustSample> samples;
         for (std::size_t slot = 2 * run_.begin; slot < 2 * run_.end; ++slot) {
-            if (slots_[slot].set || slots_[slot].readings.empty() || run_.moved[slot / 2])
+            if (slots_[slot].set || slots_[slot].entry || slots_[slot].readings.empty() || run_.moved[slot / 2])
                 continue;
             const SlotReading& best = slots_[slot].readings.front();
             samples.push_back(
@@ -82,6 +90,8 @@ class Decider {
             return {};
         if (slots_[slot].set)
             return {readings.front().text, 1, false};
+        if (!orderHolds_)
+            return {readings.front().text, readings.front().confidence / 2, false};
         const double best = trust_(readings.front().confidence, readings.front().strange);
         double others = 0;
         for (std::size_t i = 1; i < readings.size(); ++i)
@@ -103,7 +113,7 @@ class Decider {
         }
         if (taken == readings.size())
             return proposed(slot);
-        return {readings[taken].text, highest / all, taken > 0};
+        return {readings[taken].text, highest / all * (slots_[slot].entry ? kTrustOfEntry : 1), taken > 0};
     }
 
     /// For a slot of which no reading fits.
@@ -148,6 +158,7 @@ class Decider {
     const SlotRun& run_;
     std::vector<SlotBounds> bounds_;
     ReadingTrust trust_;
+    bool orderHolds_ = true;
     std::vector<SlotDecision> decisions_ = {};
 };
 

@@ -251,9 +251,11 @@ void printOpened(const char* what, const Measured& book, const Draft& draft, boo
         const auto wrong = [&](std::size_t i) {
             return i < draft.pages.size() && !verdictOf(book, book.pages[i], draft.pages[i]).right();
         };
-        const char* cause = ideal.pageOf(headword) != page ? "the true guide words lead elsewhere too"
-                            : wrong(page) || wrong(found)  ? "a wrong row: of its page or of the one that opens"
-                                                           : "a wrong row elsewhere";
+        const char* cause = finder.pageOf(book.rule.keyOf(headword)) == page
+                                ? "typed as printed; opens when typed as the book sorts it"
+                            : ideal.pageOf(headword) != page ? "the true guide words lead elsewhere too"
+                            : wrong(page) || wrong(found)    ? "a wrong row: of its page or of the one that opens"
+                                                             : "a wrong row elsewhere";
         ++causes[cause];
         if (details)
             std::printf("    %s: opens %s, is on %s (%s)\n", headword.c_str(), book.pages[found].page.c_str(),
@@ -296,7 +298,7 @@ std::vector<PageReading> readPages(const Options& options) {
     }
     const Readings known = book.readings();
     std::vector<PageReading> readings;
-    for (const ScannedPage& page : book.pages()) {
+    for (const auto& page : book.pages()) {
         const auto found = known.find(page.name);
         readings.push_back(found == known.end() ? PageReading{.page = page.name} : found->second.reading);
     }
@@ -310,9 +312,10 @@ void printDetails(const Measured& book, const std::vector<PageGuess>& guesses, c
         const bool doubtful = draft.pages[i].state == PageState::Doubtful;
         if (verdict.right() && !doubtful)
             continue;
-        std::printf("  %s %s%s %3d: printed \"%s\" \"%s\", draft \"%s\" \"%s\"; guesses", truth.page.c_str(),
+        std::printf("  %s %s%s %3d: %s \"%s\" \"%s\", draft \"%s\" \"%s\"; guesses", truth.page.c_str(),
                     std::string(nameOf(draft.pages[i].state)).c_str(), verdict.right() ? "" : " WRONG",
-                    draft.pages[i].confidence, truth.first.c_str(), truth.last.c_str(), draft.pages[i].first.c_str(),
+                    draft.pages[i].confidence, truth.first.empty() ? "not printed" : "printed",
+                    truth.asSet().first.c_str(), truth.last.c_str(), draft.pages[i].first.c_str(),
                     draft.pages[i].last.c_str());
         for (const auto& list : {guesses[i].first, guesses[i].last}) {
             for (std::size_t k = 0; k < std::min<std::size_t>(3, list.size()); ++k)

@@ -173,6 +173,23 @@ std::vector<TextColumn> upsideDown(std::vector<TextColumn> columns, int height) 
     return columns;
 }
 
+/// Rows that touch are parts of one line that is not quite straight. Specks make no row.
+std::vector<PageBox> joinedRows(const std::vector<PageBox>& rows, double xHeight) {
+    std::vector<PageBox> joined;
+    for (const PageBox& row : rows) {
+        const bool speck = row.height < 0.6 * xHeight && row.width < 2 * xHeight;
+        if (joined.empty() || joined.back().bottom() + 0.2 * xHeight < row.y) {
+            if (!speck)
+                joined.push_back(row);
+            continue;
+        }
+        PageBox& last = joined.back();
+        const int left = std::min(last.x, row.x), top = std::min(last.y, row.y);
+        last = {left, top, std::max(last.right(), row.right()) - left, std::max(last.bottom(), row.bottom()) - top};
+    }
+    return joined;
+}
+
 void findHeadAndFoot(const StraightPage& page, PageLayout& layout) {
     const int height = pixGetHeight(page.ink.get());
     const RuleCover cover = ruleCoverOf(page, layout.columns.front().left, layout.columns.back().right);
@@ -182,7 +199,7 @@ void findHeadAndFoot(const StraightPage& page, PageLayout& layout) {
                     [&](int top, int bottom) { return cover(height - bottom, height - top); });
     foot.find(3);
     if (!head.found().empty() && head.found().front().y < height / 3)
-        layout.headRows = head.found();
+        layout.headRows = joinedRows(head.found(), page.xHeight);
     if (!foot.found().empty() && foot.found().front().y < height / 3) {
         for (const PageBox& row : foot.found())
             layout.footRows.insert(layout.footRows.begin(), {row.x, height - row.bottom(), row.width, row.height});

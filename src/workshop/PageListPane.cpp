@@ -88,4 +88,9 @@ void PageListPane::showCurrentRow() {
         view_->setCurrentIndex(table_->indexOf(*row));
 }
 
+void PageListPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    view_->scrollTo(view_->currentIndex());
+}
+
 } // namespace velmarin

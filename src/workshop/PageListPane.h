@@ -26,6 +26,9 @@ class PageListPane : public QWidget {
     /// A row was clicked, or Return pressed in the list: the user goes on in the fields.
     void entered();
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
     void makeView();
 

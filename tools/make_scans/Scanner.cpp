@@ -226,7 +226,8 @@ void makeBilevel(Raster& scan, const Wear& wear, const Paper& paper, double scal
     const double level = 0.60 + wear.threshold * chance.between(-0.25, 0.22);
     for (int y = 0; y < scan.height; ++y)
         for (int x = 0; x < scan.width; ++x) {
-            const double white = follow * light.row(y / step)[x / step] + (1 - follow) * paper.tone();
+            const int brightest = light.row(y / step)[x / step];
+            const double white = follow * brightest + (1 - follow) * paper.tone();
             scan.row(y)[x] = scan.row(y)[x] > white * level ? 255 : 0;
         }
     const auto flips = static_cast<int>(share(chance, wear.salt) * 9e-5 * scan.width * scan.height);

@@ -21,17 +21,17 @@
 
 #include <CLI/CLI.hpp>
 
+#include "book/BookFolder.h"
+#include "book/DraftRun.h"
+#include "draft/DraftEntries.h"
+#include "draft/DraftMending.h"
+#include "making/IndexPlan.h"
+#include "making/SeparatedValues.h"
 #include "reading/PageGuess.h"
 #include "store/HeadwordIndex.h"
 #include "text/LetterCase.h"
 #include "text/StringFields.h"
 #include "text/Utf8.h"
-#include "workshop/BookFolder.h"
-#include "workshop/DraftMending.h"
-#include "workshop/DraftRun.h"
-#include "workshop/GuideWords.h"
-#include "workshop/IndexPlan.h"
-#include "workshop/SeparatedValues.h"
 
 namespace {
 

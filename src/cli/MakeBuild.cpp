@@ -1,9 +1,9 @@
+#include "book/BookBuild.h"
+#include "book/BookDraft.h"
 #include "cli/MakeOptions.h"
 #include "cli/MakeParts.h"
 #include "cli/Operands.h"
-#include "workshop/BookBuild.h"
-#include "workshop/BookDraft.h"
-#include "workshop/DraftOrder.h"
+#include "draft/DraftOrder.h"
 
 namespace velmarin {
 

@@ -1,13 +1,13 @@
+#include "book/BookDraft.h"
+#include "book/DraftRun.h"
 #include "cli/MakeOptions.h"
 #include "cli/MakeParts.h"
 #include "cli/Operands.h"
 #include "cli/ReadingReport.h"
 #include "cli/StopSignals.h"
+#include "draft/DraftOrder.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
-#include "workshop/BookDraft.h"
-#include "workshop/DraftOrder.h"
-#include "workshop/DraftRun.h"
 
 #include <algorithm>
 #include <optional>

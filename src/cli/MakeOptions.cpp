@@ -3,8 +3,8 @@
 #include "cli/FolderArgument.h"
 #include "cli/MaintenanceReport.h"
 #include "cli/Operands.h"
+#include "making/KeyRule.h"
 #include "text/NumberText.h"
-#include "workshop/KeyRule.h"
 
 #include <filesystem>
 #include <utility>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "book/BookSettings.h"
 #include "cli/Session.h"
 #include "files/FolderItem.h"
-#include "workshop/BookSettings.h"
-#include "workshop/IndexPlan.h"
-#include "workshop/NewDictionary.h"
+#include "making/IndexPlan.h"
+#include "making/NewDictionary.h"
 
 #include <functional>
 #include <optional>

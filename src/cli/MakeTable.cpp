@@ -1,14 +1,14 @@
+#include "book/BookDraft.h"
 #include "cli/FolderArgument.h"
 #include "cli/MakeOptions.h"
 #include "cli/MakeParts.h"
 #include "cli/Operands.h"
 #include "files/ReadOnlyFile.h"
+#include "making/BookTable.h"
 #include "scan/PageOrder.h"
 #include "store/ImageIndex.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
-#include "workshop/BookDraft.h"
-#include "workshop/BookTable.h"
 
 #include <optional>
 #include <utility>

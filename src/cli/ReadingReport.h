@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workshop/DraftRun.h"
+#include "book/DraftRun.h"
 
 #include <chrono>
 #include <string>

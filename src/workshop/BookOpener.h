@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workshop/BookFolder.h"
+#include "book/BookFolder.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "workshop/Corrections.h"
 
+#include "making/SeparatedValues.h"
 #include "store/UserPreferencesFolder.h"
-#include "workshop/SeparatedValues.h"
 
 #include <algorithm>
 #include <array>

@@ -27,7 +27,7 @@ struct Correction {
     friend bool operator==(const Correction&, const Correction&) = default;
 };
 
-/// A table (workshop/SeparatedValues.h) with the columns change (nameOf), headword, page and
+/// A table (making/SeparatedValues.h) with the columns change (nameOf), headword, page and
 /// was, one row a correction in the order in which they were made.
 std::string formatCorrections(const std::vector<Correction>& corrections);
 /// Rows that are not corrections are left out.
@@ -52,7 +52,7 @@ bool isDone(const Correction& correction, const DictionaryText& text);
 /// it: the entry is not there, opens another page than the wrong one, or its headword cannot be written.
 ///
 /// A missing headword that opens a page out of order gets a line after it that returns to the page before, as in a new
-/// dictionary (workshop/IndexPlan.h), so that no other word is led astray.
+/// dictionary (making/IndexPlan.h), so that no other word is led astray.
 Result makeCorrection(const Correction& correction, const ImageDictionaryMap& pages, DictionaryText& text);
 
 } // namespace velmarin

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workshop/Draft.h"
+#include "draft/Draft.h"
 
 #include <cstddef>
 #include <optional>

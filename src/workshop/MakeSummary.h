@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workshop/BookBuild.h"
+#include "book/BookBuild.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workshop/DraftOrder.h"
+#include "draft/DraftOrder.h"
 #include "workshop/WorkshopBook.h"
 
 #include <cstddef>

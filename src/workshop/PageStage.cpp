@@ -1,9 +1,9 @@
 #include "workshop/PageStage.h"
 
+#include "draft/DraftOrder.h"
 #include "platform/QtText.h"
 #include "text/NumberText.h"
 #include "view/SmartCanvas.h"
-#include "workshop/DraftOrder.h"
 #include "workshop/PageTable.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "workshop/BookReadings.h"
-#include "workshop/DraftRun.h"
+#include "book/BookReadings.h"
+#include "book/DraftRun.h"
 
 #include <QObject>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workshop/BookReadings.h"
+#include "book/BookReadings.h"
 #include "workshop/WorkshopBook.h"
 
 #include <cstdint>

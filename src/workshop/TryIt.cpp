@@ -1,10 +1,10 @@
 #include "workshop/TryIt.h"
 
+#include "draft/DraftEntries.h"
 #include "store/PageList.h"
 #include "text/LetterCase.h"
 #include "text/UnicodeForms.h"
 #include "workshop/DictionaryText.h"
-#include "workshop/GuideWords.h"
 
 #include <utility>
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "draft/Draft.h"
+#include "making/BookTable.h"
+#include "making/IndexPlan.h"
 #include "store/HeadwordIndex.h"
 #include "text/SearchWord.h"
-#include "workshop/BookTable.h"
-#include "workshop/Draft.h"
-#include "workshop/IndexPlan.h"
 
 #include <string>
 #include <string_view>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "draft/Draft.h"
 #include "files/FolderItem.h"
 #include "files/Result.h"
+#include "making/KeyRule.h"
 #include "reading/PageGuess.h"
 #include "text/SearchWord.h"
-#include "workshop/Draft.h"
-#include "workshop/KeyRule.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "workshop/WorkshopMenus.h"
 
+#include "book/PageChanges.h"
 #include "workshop/GuideForm.h"
-#include "workshop/PageChanges.h"
 #include "workshop/PageListPane.h"
 #include "workshop/PageStage.h"
 #include "workshop/ReadingControl.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workshop/DraftCounts.h"
+#include "draft/DraftCounts.h"
 #include "workshop/DraftHistory.h"
 #include "workshop/WorkshopBook.h"
 #include "workshop/WorkshopDisplay.h"

@@ -4,9 +4,9 @@
 
 #include "cli/Commands.h"
 #include "cli/Operands.h"
+#include "making/NewDictionary.h"
 #include "side/UserDictionary.h"
 #include "workshop/DictionaryCorrector.h"
-#include "workshop/NewDictionary.h"
 
 #include <unistd.h>
 

@@ -1,7 +1,7 @@
 #include "workshop/WorkshopModel.h"
 #include "ScriptedBook.h"
+#include "book/PageChanges.h"
 #include "workshop/OtherReadings.h"
-#include "workshop/PageChanges.h"
 #include "workshop/StripPlan.h"
 
 #include <gtest/gtest.h>

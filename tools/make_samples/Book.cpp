@@ -9,9 +9,9 @@
 
 #include "make_samples/Pagination.h"
 #include "make_samples/Press.h"
+#include "making/NewDictionary.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
-#include "workshop/NewDictionary.h"
 
 namespace velmarin {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "making/IndexPlan.h"
 #include "text/SearchWord.h"
-#include "workshop/IndexPlan.h"
 
 namespace velmarin {
 

@@ -6,9 +6,9 @@
 #include "make_samples/Parsers.h"
 #include "make_samples/Text.h"
 #include "make_samples/Webster.h"
+#include "making/KeyRule.h"
 #include "text/FindReplace.h"
 #include "text/Utf8.h"
-#include "workshop/KeyRule.h"
 
 namespace velmarin {
 

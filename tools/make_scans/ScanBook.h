@@ -43,7 +43,7 @@ struct ScanBook {
     Book book;
     ScanLayout layout;
     std::string languages;  ///< for the recognizer, such as "eng"
-    std::string alike = {}; ///< how the book sorts, as workshop/KeyRule reads it
+    std::string alike = {}; ///< how the book sorts, as making/KeyRule reads it
 };
 
 /// The names of the books that scanBook makes.

@@ -1,5 +1,7 @@
 #include "make_scans/ScanFiles.h"
 
+#include "files/AtomicFile.h"
+
 #include <cstddef>
 #include <memory>
 #include <stdexcept>
@@ -119,8 +121,9 @@ void writeTruth(const fs::path& folder, const std::vector<PrintedPage>& pages,
         for (const std::string& headword : pages[i].headwords)
             headwords += headword + "\t" + std::to_string(i + 1) + "\n";
     }
-    writeFile(folder / "truth.tsv", truth);
-    writeFile(folder / "headwords.tsv", headwords);
+    for (const auto& [name, text] : {std::pair("truth.tsv", truth), {"headwords.tsv", headwords}})
+        if (const Result written = writeFileAtomically(folder / name, text); !written)
+            throw std::runtime_error(written.failure().message());
 }
 
 void bindScans(const std::vector<fs::path>& pictures, const fs::path& target, int dpi) {

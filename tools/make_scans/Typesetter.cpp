@@ -9,9 +9,9 @@
 #include <pango/pangocairo.h>
 
 #include "make_samples/Text.h"
+#include "making/KeyRule.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
-#include "workshop/KeyRule.h"
 
 namespace velmarin {
 

@@ -1,0 +1,52 @@
+#include "book/BookReadings.h"
+
+#include "book/BookDraft.h"
+#include "draft/DraftMending.h"
+
+#include <utility>
+
+namespace velmarin {
+
+BookReadings::BookReadings()
+    : mender_(std::make_shared<const DraftMender>(std::vector<PageGuess>(), rule_, IndexOrder())) {}
+
+BookReadings::BookReadings(const BookFolder& book)
+    : pages_(book.pages()), settings_(book.settings()), rule_(keyRuleOf(settings_)) {
+    Readings logged = book.readings();
+    std::vector<PageReading> readings;
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        const std::string& name = pages_[i].name;
+        places_.emplace(name, i);
+        readings.push_back({.page = name});
+        if (const auto found = logged.find(name); found != logged.end()) {
+            headStrips_.emplace(name, found->second.reading.headStrip);
+            readings.back() = std::move(found->second.reading);
+            readings.back().page = name;
+        }
+    }
+    guesses_ = guessGuideWords(readings);
+    mender_ = std::make_shared<const DraftMender>(guesses_, rule_, settings_.order);
+}
+
+const BookPicture* BookReadings::page(const std::string& name) const {
+    const auto found = places_.find(name);
+    return found == places_.end() ? nullptr : &pages_[found->second];
+}
+
+PageBox BookReadings::headStrip(const std::string& name) const {
+    const auto found = headStrips_.find(name);
+    return found == headStrips_.end() ? PageBox{} : found->second;
+}
+
+const PageGuess* BookReadings::guess(const std::string& name) const {
+    return headStrips_.contains(name) ? &guesses_[places_.at(name)] : nullptr;
+}
+
+Draft BookReadings::draft(const std::vector<DraftPage>& set) const {
+    Draft draft = mender_->mended(set);
+    takeGivenNumbers(pages_, settings_, draft);
+    std::erase_if(draft.pages, [this](const DraftPage& row) { return !headStrips_.contains(row.page); });
+    return draft;
+}
+
+} // namespace velmarin

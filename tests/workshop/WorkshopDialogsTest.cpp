@@ -42,7 +42,7 @@ TEST(MakeDialogTest, MakesTheDictionaryThatItSays) {
     BookFolder book;
     ASSERT_TRUE(book.openFor(FolderItem(files.at("scan")), FolderItem(files.at("book"))));
     ASSERT_TRUE(book.saveDraft({{{"p1.bmp", "1", "a-b", "ac", 90, PageState::Certain},
-                                 {"p2.bmp", "2", "xx", "ad", 20, PageState::Doubtful},
+                                 {"p2.bmp", "2", "xx", "ad", 90, PageState::Certain},
                                  {"p3.bmp", "3", "z", "b", 90, PageState::Set}}}));
     ScriptedHost host;
     MakeDialog dialog(book, FolderItem(files.at("DictionaryFolder")), host, nullptr);

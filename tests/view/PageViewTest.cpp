@@ -186,6 +186,7 @@ TEST_F(ExtraText, WhenAppliedIsPartOfEveryPaintAndFollowsTheMouse) {
     canvas.paint();
     ASSERT_EQ(canvas.painted.size(), 4u);
     EXPECT_EQ(std::get<RectFilled>(canvas.painted[1]).x, 70);
+    EXPECT_EQ(std::get<RectFilled>(canvas.painted[1]).y, 80);
     EXPECT_TRUE(view.drawnOver().empty());
     view.Event_MouseDown(5, 6);
     view.Event_MouseUp(15, 16);
@@ -263,7 +264,7 @@ TEST(SavePicture, LeavesAGoodFileWhereTheFormatCannotHoldThePicture) {
 }
 
 TEST(Otsu, PartsTheTwoSorts) {
-    for (const auto& [dark, light] : {Point{30, 220}, {120, 160}, {5, 60}}) {
+    for (const auto& [dark, light] : {Point{30, 220}, {120, 160}, {1, 60}}) {
         const Picture p = test::drawn(60, 60, 8, [dark = dark, light = light](int x, int y) {
             return static_cast<std::uint32_t>((x * y) % 7 == 0 ? dark + x % 3 - 1 : light + y % 3 - 1);
         });

@@ -264,7 +264,7 @@ TEST(SavePicture, LeavesAGoodFileWhereTheFormatCannotHoldThePicture) {
 }
 
 TEST(Otsu, PartsTheTwoSorts) {
-    for (const auto& [dark, light] : {Point{30, 220}, {120, 160}, {1, 60}}) {
+    for (const auto& [dark, light] : {Point{30, 220}, {120, 160}, {5, 60}}) {
         const Picture p = test::drawn(60, 60, 8, [dark = dark, light = light](int x, int y) {
             return static_cast<std::uint32_t>((x * y) % 7 == 0 ? dark + x % 3 - 1 : light + y % 3 - 1);
         });
@@ -272,7 +272,7 @@ TEST(Otsu, PartsTheTwoSorts) {
         EXPECT_LE(otsuThreshold(p), light);
     }
     EXPECT_EQ(otsuThreshold(Picture::make(5, 5, 8)), 128) << "all of one sort";
-    EXPECT_EQ(otsuThreshold(test::drawn(9, 9, 1, [](int x, int) { return unsigned(x % 2); })), 128) << "the middle";
+    EXPECT_EQ(otsuThreshold(test::drawn(9, 9, 8, [](int x, int) { return x % 2 * 100U; })), 50) << "the middle";
 }
 
 } // namespace

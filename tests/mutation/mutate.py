@@ -287,7 +287,8 @@ def main():
             survived[mutant.library.name] += 1
             print(f"survives: {shown(mutant)}", flush=True)
     print(summary(killed, survived))
-    print(f"{len(mutants)} mutants are possible")
+    if not arguments.again:
+        print(f"{len(mutants)} mutants are possible")
 
 
 if __name__ == "__main__":

@@ -1,5 +1,7 @@
 #include "files/AtomicFile.h"
+#include "files/Descriptor.h"
 #include "files/FolderItem.h"
+#include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
 #include "support/TempFolder.h"
 #include "support/Tree.h"
@@ -127,6 +129,12 @@ TEST(WriteFileAtomically, ClearsWhatKilledRunsLeftButNotWhatIsBeingWritten) {
     ::close(writer);
     EXPECT_TRUE(writeFileAtomically(folder.path() / "f", "new"));
     EXPECT_EQ(*listNames(folder.path()), (std::vector<std::string>{".velmarin-notes", ".velmarin-x-2.tmp", "f"}));
+}
+
+TEST(FlushOpen, IsContentWithWhatCannotBeFlushed) {
+    const Descriptor null(::open("/dev/null", O_WRONLY | O_CLOEXEC));
+    EXPECT_TRUE(flushOpen(null.number()));
+    EXPECT_FALSE(flushOpen(-1));
 }
 
 TEST(TemporaryName, IsNewAndTellsItsKind) {

@@ -67,6 +67,7 @@ TEST(FolderItem, IsNamedHoweverItsPathEnds) {
     for (const char* path : {"a/b", "a/b/", "a/b//", "a/b/.", "a/b/missing/.."})
         EXPECT_EQ(FolderItem(folder.path() / path).path(), folder.path() / "a/b") << path;
     EXPECT_EQ(FolderItem("/").path(), "/");
+    EXPECT_TRUE(FolderItem("/.a/b.c").Visible() && !FolderItem("/a/.b").Visible());
     EXPECT_EQ(FolderItem("a").Parent().AbsolutePath(), fs::current_path());
 }
 

@@ -78,6 +78,9 @@ TEST_F(Update, FindsAllCopiesAndMakesABackupFolderForEach) {
     folder_.write("DF/H/Webster", "a file");
     folder_.write("DF/Webster/ind", "a group of that name");
     EXPECT_EQ(copyPaths(), (Paths{"A/Webster", "B/WEBSTER", "C/webster", "E/Webster"}));
+    int calls = 0;
+    installedCopies(FolderItem(folder_.at("DF")), "Webster", [&](const WorkDone&) { ++calls; });
+    EXPECT_GE(calls, 15) << "once an item, so that the window stays alive";
     EXPECT_EQ(failureMessage(update()), "");
     for (const char* copy : {"DF/A/Webster", "DF/B/WEBSTER", "DF/C/webster", "DF/E/Webster"})
         EXPECT_EQ(folder_.read(fs::path(copy) / "ind"), "new index") << copy;

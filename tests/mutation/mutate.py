@@ -5,6 +5,9 @@
     tests/mutation/mutate.py --sample 20 text search  20 mutants of two folders
     tests/mutation/mutate.py --jobs 2                 two at a time
     tests/mutation/mutate.py --list 3 view            shows three mutants and runs nothing
+    tests/mutation/mutate.py --again FILE             the survivors that FILE lists, the output of an earlier run
+
+After you have added tests, --again tells which survivors they kill; it needs the sources of the earlier run.
 
 A mutant is killed if a test fails, crashes or hangs; it survives if all pass. One that does not compile is not counted.
 The work is done on copies in build/mutation, so the checkout stays as it is. A mutant of the file code could delete what
@@ -134,6 +137,15 @@ def all_mutants(libraries):
                 yield from mutants_of_line(library, path, number, line)
 
 
+def listed_in(output, mutants):
+    """Those that the output of an earlier run lists as survivors."""
+    found = [mutant for mutant in mutants if f"survives: {shown(mutant)}\n" in output]
+    missing = output.count("survives: ") - len(found)
+    if missing > 0:
+        print(f"{missing} of the listed survivors are not mutants of these sources", file=sys.stderr)
+    return found
+
+
 def run(command, seconds=None):
     """The exit status, or None if the command did not end in time."""
     try:
@@ -248,12 +260,16 @@ def main():
     parser.add_argument("--seed", type=int, default=1, help="chooses the sample (default 1)")
     parser.add_argument("--jobs", type=int, default=1, choices=range(1, 65), metavar="N",
                         help="mutants tried at a time, each in a build of its own (default 1)")
+    parser.add_argument("--again", type=Path, metavar="FILE", help="try only the survivors in the output of an earlier run")
     parser.add_argument("--list", type=int, metavar="N", help="show N mutants and run nothing")
     arguments = parser.parse_args()
 
     libraries = [one for one in core_libraries() if not arguments.folders or one.folder in arguments.folders]
     mutants = list(all_mutants(libraries))
     random.Random(arguments.seed).shuffle(mutants)
+    if arguments.again:
+        mutants = listed_in(arguments.again.read_text(), mutants)
+        arguments.sample = len(mutants)
     if arguments.list is not None:
         print("\n".join(shown(mutant) for mutant in mutants[: arguments.list]))
         return
@@ -271,7 +287,8 @@ def main():
             survived[mutant.library.name] += 1
             print(f"survives: {shown(mutant)}", flush=True)
     print(summary(killed, survived))
-    print(f"{len(mutants)} mutants are possible")
+    if not arguments.again:
+        print(f"{len(mutants)} mutants are possible")
 
 
 if __name__ == "__main__":

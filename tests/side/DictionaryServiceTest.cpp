@@ -97,6 +97,7 @@ DictdFixture latin() {
         .entry("00databaseutf8", "\n")
         .entry("amo", "amo\n   aimer")
         .entry("dun coup ", "d'un coup\n   subito")
+        .entry("malus", "malus\n   b\xF6se")
         .entry("naïve", "naïve\n   simplex")
         .entry("été", "été\n   aestas")
         .entry("ねこ", "ねこ\n   feles");
@@ -124,6 +125,7 @@ TEST(ServiceAnswer, IsOfAllDictionariesThatKnowTheWord) {
                  {"\xFF\xC3", ""},
                  {"poem", "The Webster\n\n"s + kVerse},
                  {"THEÉ", "The Webster\n\ntheé vert"},
+                 {"malus", "Latin - Français\n\nmalus\n   b\uFFFDse"},
                  {"ねこ été amo", "Latin - Français\n\nété\n   aestas", 3, 3},
                  {"amo", "", 5, 3},
                  {"amo", "", 0, 0}};

@@ -1,4 +1,5 @@
 #include "SideFixture.h"
+#include "side/FindInText.h"
 #include "side/SubwindowFile.h"
 
 #include <filesystem>
@@ -28,7 +29,9 @@ TEST_F(Model, FindsFromHitToHit) {
         text.text = step.text;
         text.color = {};
         if (step.typed != nullptr) {
+            display.word = "shown";
             *step.typed == '\0' ? model->FindClBV_Action() : model->FindEF_TextChange(step.typed);
+            EXPECT_EQ(display.word, *step.typed == '\0' ? "" : "shown");
             EXPECT_FALSE(display.missed && step.start != 4) << "another word is no miss yet";
         }
         EXPECT_EQ(model->pFindStartPosition(), step.start);
@@ -40,6 +43,16 @@ TEST_F(Model, FindsFromHitToHit) {
         EXPECT_EQ(text.color, (TextColor{1, 2, 3}));
         EXPECT_EQ(text.scrolledTo.back(), step.hit) << "the line of the second character";
     }
+}
+
+TEST(FindIgnoringCase, ComparesCharacters) {
+    const struct {
+        int start;
+        std::u16string_view text, find;
+        int position;
+    } cases[] = {{1, u"aaab", u"aab", 2}, {1, u"l'éTÉ", u"Été", 3}, {1, u"λόγοσ", u"ΟΣ", 4}, {1, u"aba", u"", 0}};
+    for (const auto& each : cases)
+        EXPECT_EQ(findIgnoringCase(each.start, each.text, each.find), each.position);
 }
 
 TEST_F(Model, ListsTheVisibleFoldersAndLinksToFolders) {

@@ -31,6 +31,7 @@ TEST_F(GrepTest, SearchReturnsThePositionOfAMatchFromOne) {
         {"the point stops at an end", 0, "a\rb", "a.b", 0},
         {"word characters are ASCII", 0, "aé", "[^\\w]", 2},
         {"NUL is a character", 0, std::string("a\0b", 3), "a.b", 1},
+        {"no stray byte is that character", 0, "\xE9", "\\x{3042}", 0},
     };
     for (const auto& row : rows)
         EXPECT_EQ(mStrMod_GrepMBS_Search(row.start, row.text, row.pattern), row.position) << row.reason;

@@ -65,6 +65,7 @@ TEST(FileNames, AreEqualIfAFoldingFileSystemTreatsThemSo) {
                 {"A\xE9z\xFF", "a\xE9Z\xFF", true}, {"a\xE9", "a\xE8", false}};
     for (const auto& row : rows)
         EXPECT_EQ(foldedFileName(row.a) == foldedFileName(row.b), row.one) << row.a << " " << row.b;
+    EXPECT_EQ(composedForm("a\xFFzCAFE\u0301"), "a\xFFzCAF\u00C9");
     for (const char32_t c : {U'É', U'ß', U'ſ', U'\u1E9E'})
         EXPECT_EQ(foldedFileName(utf8(c)), foldedFileName(Uppercase(utf8(c)))) << static_cast<std::uint32_t>(c);
 }

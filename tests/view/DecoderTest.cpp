@@ -141,7 +141,8 @@ TEST(TiffDecoding, ReadsStripsTilesAndPlanes) {
           Case{"ink in tiles", 1, {.photometric = 0, .tile = 16}},
           Case{"fax in tiles", 1, {.photometric = 0, .compression = 4, .tile = 32}}, Case{"grey", 8, {}},
           Case{"grey, white is 0", 8, {.photometric = 0}}, Case{"grey in tiles", 8, {.tile = 16}},
-          Case{"color", 32, {.photometric = 2}}, Case{"color in tiles", 32, {.photometric = 2, .tile = 16}},
+          Case{"grey in planes", 8, {.planes = true}}, Case{"color", 32, {.photometric = 2}},
+          Case{"color in tiles", 32, {.photometric = 2, .tile = 16}},
           Case{"color in planes", 32, {.photometric = 2, .compression = 5, .planes = true}}}) {
         SCOPED_TRACE(c.name);
         const Picture written = noise(67, 45, c.depth, 5);
@@ -231,6 +232,7 @@ TEST(PictDecoding, ReadsMapsInEveryLayout) {
         {"planes", {0x9a, 4, 32, "06 fdff fd00 fd00 0d 0b ff000000 ff00ff00 ff0000ff", ""}, 32, "RRRR/f0GB"},
         {"alpha", {0x9b, 2, 32, "08 ff55 ffff ff00 ff00 09 07 5555 ff00 ff00 ff00", "", 4, 4}, 32, "RR/f0"},
         {"32, plain", {0x9a, 2, 32, "55ff0000 5500ff00 55ffffff 550000ff", "", 1}, 32, "RG/fB"},
+        {"32, narrow", {0x9a, 1, 32, "55ff0000 5500ff00", "", 4}, 32, "R/G"},
         {"32, three bytes", {0x9a, 2, 32, "ff0000 00ff00 ffffff 0000ff", "", 2}, 32, "RG/fB"},
     };
     for (const Case& c : cases)
@@ -313,7 +315,7 @@ TEST_F(DamagedFiles, WithBytesChangedEndInAPictureOrAReason) {
     }
 }
 
-TEST(HugeHeaders, AreRefused) {
+TEST(FilesThatCannotBeShown, AreRefused) {
     const Picture small = noise(40, 40, 8, 1);
     const std::string bmp = encoded(small.pix(), IFF_BMP), jpeg = encoded(small.pix(), IFF_JFIF_JPEG),
                       gif = encoded(small.pix(), IFF_GIF), tif = test::tiff(small.pix(), {});
@@ -333,11 +335,14 @@ TEST(HugeHeaders, AreRefused) {
     } cases[] = {
         {"a.bmp", with(bmp, 18, "\x60\xea\0\0\x60\xea\0\0"s), "60000 x 60000"},
         {"b.bmp", with(bmp, 18, "\0\0\0\x80\0\0\0\x80"s), "-2147483648"},
+        {"c.bmp", with(bmp, 22, "\0\0\0\0"s), "40 x 0"},
         {"a.png", png, "60000 x 60000"},
         {"a.jpg", with(jpeg, frame + 5, "\xea\x60\xea\x60"), "60000 x 60000"},
         {"a.tif", with(with(tif, tag + 8, "\x60\xea"), high + 8, "\x60\xea"), "60000 x 60000"},
         {"b.tif", with(tif, tag + 2, "\4\0\1\0\0\0\xff\xff\xff\xff"s), "4294967295 x 40"},
         {"c.tif", with(tif, tag + 8, "\0\0"s), ""},
+        {"float.tif", test::tiff(small.pix(), {.sampleFormat = 3}), "floating-point"},
+        {"damaged.tif", with(encoded(small.pix(), IFF_TIFF_ZIP), 8, "damaged"), ""},
         {"a.pict", with(test::smallPict(), 514, "\x80\0\x80\0\x7f\xff\x7f\xff"s), "65535 x 65535"},
         {"a.gif", with(gif, block + 5, "\x60\xea\x60\xea"), ""},
         {"a.ppm", "P6\n60000 60000\n255\nxxx", ""},

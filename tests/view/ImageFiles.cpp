@@ -86,6 +86,7 @@ std::string tiff(Pix* pix, const TiffLayout& l) {
                                         {TIFFTAG_COMPRESSION, l.compression},
                                         {TIFFTAG_ORIENTATION, l.orientation},
                                         {TIFFTAG_PLANARCONFIG, l.planes ? 2 : 1},
+                                        {TIFFTAG_SAMPLEFORMAT, l.sampleFormat},
                                         {l.tile > 0 ? TIFFTAG_TILEWIDTH : TIFFTAG_ROWSPERSTRIP, high},
                                         {l.tile > 0 ? TIFFTAG_TILELENGTH : TIFFTAG_ROWSPERSTRIP, high}};
     for (const auto& [tag, value] : tags)
@@ -94,7 +95,7 @@ std::string tiff(Pix* pix, const TiffLayout& l) {
     if (l.samples == 4)
         TIFFSetField(out, TIFFTAG_EXTRASAMPLES, 1, &alpha);
     std::uint32_t number = 0;
-    for (int plane = 0; plane < (l.planes ? 3 : 1); ++plane)
+    for (int plane = 0; plane < (l.planes && depth == 32 ? 3 : 1); ++plane)
         for (int top = 0; top < height; top += high)
             for (int left = 0; left < width; left += wide) {
                 const int rows = l.tile > 0 ? high : std::min(high, height - top);

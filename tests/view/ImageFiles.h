@@ -39,6 +39,7 @@ struct TiffLayout {
     int orientation = 1;
     int samples = 3; ///< of a color picture; the fourth is alpha
     bool planes = false;
+    int sampleFormat = 1; ///< 3: floating-point
 };
 /// A TIFF with the samples of `pix` (1, 8 or 32 bits) as they are.
 std::string tiff(Pix* pix, const TiffLayout& layout);

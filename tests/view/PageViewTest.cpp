@@ -186,6 +186,7 @@ TEST_F(ExtraText, WhenAppliedIsPartOfEveryPaintAndFollowsTheMouse) {
     canvas.paint();
     ASSERT_EQ(canvas.painted.size(), 4u);
     EXPECT_EQ(std::get<RectFilled>(canvas.painted[1]).x, 70);
+    EXPECT_EQ(std::get<RectFilled>(canvas.painted[1]).y, 80);
     EXPECT_TRUE(view.drawnOver().empty());
     view.Event_MouseDown(5, 6);
     view.Event_MouseUp(15, 16);
@@ -271,7 +272,7 @@ TEST(Otsu, PartsTheTwoSorts) {
         EXPECT_LE(otsuThreshold(p), light);
     }
     EXPECT_EQ(otsuThreshold(Picture::make(5, 5, 8)), 128) << "all of one sort";
-    EXPECT_EQ(otsuThreshold(test::drawn(9, 9, 1, [](int x, int) { return unsigned(x % 2); })), 128) << "the middle";
+    EXPECT_EQ(otsuThreshold(test::drawn(9, 9, 8, [](int x, int) { return x % 2 * 100U; })), 50) << "the middle";
 }
 
 } // namespace

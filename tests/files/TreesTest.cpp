@@ -1,8 +1,12 @@
+#include "files/RemoveTree.h"
+#include "files/StagedMembers.h"
 #include "files/TreeCompare.h"
 #include "support/TempFolder.h"
+#include "support/Tree.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <map>
 
 namespace velmarin {
@@ -47,6 +51,34 @@ TEST(TreeCompare, TakesNoTwoTreesForTheSame) {
         const TreePlan plan = planTree(one.path(), {}, Links::Kept, Purpose::Move, work);
         EXPECT_EQ(sameContents(plan, other.path(), work), c.same) << c.what;
     }
+}
+
+TEST(StagedMembers, GiveACopyItsNameAndLeaveNothingBeside) {
+    const TempFolder folder;
+    // The link usually leads to another file system, where the kernel does not copy.
+    make(folder, {{"from/a/text", "bytes"}, {"from/empty", ""}, {"from/passwd", "->/etc/passwd"}, {"to/taken", ""}});
+    Work work;
+    Failures failures;
+    const TreePlan plan = planTree(folder.at("from"), folder.at("to"), Links::Followed, Purpose::Copy, work);
+    auto staged = StagedMembers::in(folder.at("to"));
+    ASSERT_TRUE(staged);
+    EXPECT_EQ(staged->copy(plan, "new", work, failures), CopyOutcome::Whole);
+    EXPECT_FALSE(staged->moveTo("new", folder.at("to/taken")));
+    EXPECT_TRUE(staged->moveTo("new", folder.at("to/new")));
+    EXPECT_TRUE(staged->drop(work));
+    auto wanted = test::treeOf(folder.at("from"));
+    wanted["passwd"] = "file " + test::readFile("/etc/passwd");
+    EXPECT_EQ(test::treeOf(folder.at("to/new")), wanted);
+    EXPECT_EQ(*listNames(folder.at("to")), (std::vector<std::string>{"new", "taken"}));
+}
+
+TEST(RemoveTree, SaysWhyTheFolderItselfStays) {
+    const TempFolder folder;
+    folder.write("top/a/file", "");
+    Work work;
+    EXPECT_FALSE(removeTree(folder.at("top/."), work));
+    EXPECT_EQ(errno, EINVAL);
+    EXPECT_TRUE(listNames(folder.at("top"))->empty());
 }
 
 } // namespace

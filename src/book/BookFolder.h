@@ -63,8 +63,8 @@ class BookFolder {
     /// The pictures of a scan that is a folder, in the order of its pages.
     std::vector<std::string> scanFiles() const;
 
-    /// The draft as it was last saved, without a row if there is none yet. Rows that were edited since by another program
-    /// count as set. Fails if the file is not a draft.
+    /// The draft as it was last saved, without a row if there is none yet. Rows that were edited since by another
+    /// program count as set. Fails if the file is not a draft.
     Result loadDraft(Draft& draft) const;
     Result saveDraft(const Draft& draft) const;
     FolderItem draftFile() const { return file("draft.tsv"); }

@@ -61,8 +61,8 @@ void setEditedRows(Draft& draft, const FolderItem& draftFile, const FolderItem& 
     if (error || std::filesystem::last_write_time(draftFile.path(), error) < kept)
         return;
     const auto rows = keptRows(file);
-    const bool hasLast = std::any_of(draft.pages.begin(), draft.pages.end(),
-                                     [](const DraftPage& row) { return !row.last.empty(); });
+    const bool hasLast =
+        std::any_of(draft.pages.begin(), draft.pages.end(), [](const DraftPage& row) { return !row.last.empty(); });
     for (DraftPage& row : draft.pages) {
         const auto found = rows.find(row.page);
         if (found == rows.end() || !isUnset(row) || !isEdited(row, found->second, hasLast))

@@ -41,8 +41,9 @@ std::string extraPagesLine(const BookPlan& plan) {
     if (extra == 0)
         return {};
     const FolderItem& folder = plan.dictionary.extraPageFolder;
-    return counted(extra, "extra page", "extra pages") +
-           (folder.isNil() ? ": choose the folder that has them\n" : " from " + inQuotes(folder.path().native()) + "\n");
+    return counted(extra, "extra page", "extra pages") + (folder.isNil()
+                                                              ? ": choose the folder that has them\n"
+                                                              : " from " + inQuotes(folder.path().native()) + "\n");
 }
 
 /// The names of pages in one line.

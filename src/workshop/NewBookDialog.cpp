@@ -21,8 +21,9 @@ constexpr int kFolderDigits = 56;
 
 /// Data that QLocale has no name for.
 const std::pair<const char*, const char*> kOtherData[] = {
-    {"frk", "German in black letter"}, {"deu_latf", "German in black letter"}, {"Fraktur", "Black letter"},
-    {"enm", "Middle English"},         {"frm", "Middle French"},               {"ita_old", "Old Italian"},
+    {"frk", "German in black letter"}, {"deu_latf", "German in black letter"},
+    {"Fraktur", "Black letter"},       {"enm", "Middle English"},
+    {"frm", "Middle French"},          {"ita_old", "Old Italian"},
     {"spa_old", "Old Spanish"}};
 
 /// "Latin (lat)" for "lat".

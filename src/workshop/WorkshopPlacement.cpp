@@ -24,9 +24,8 @@ std::optional<WorkshopPlacement> readWorkshopPlacement(const FolderItem& prefere
         return std::nullopt;
     const std::string_view line = LineReader(*text).ReadLine();
     const auto number = [&](std::size_t n) { return toInt32(CDbl(NthField(line, "\t", n))); };
-    return WorkshopPlacement{.window = {number(1), number(2), number(3), number(4)},
-                             .listWidth = number(5),
-                             .maximized = number(6) != 0};
+    return WorkshopPlacement{
+        .window = {number(1), number(2), number(3), number(4)}, .listWidth = number(5), .maximized = number(6) != 0};
 }
 
 Result writeWorkshopPlacement(const FolderItem& preferencesFolder, const WorkshopPlacement& placement) {

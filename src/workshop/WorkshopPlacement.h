@@ -7,8 +7,9 @@
 
 namespace velmarin {
 
-/// Where a WorkshopWindow was when it was last closed: the file "WorkshopWindow", a line of six numbers with a TAB after
-/// each: Left, Top, Width, Height as in WindowPlacement, the width of the list, and 1 if the window was maximized.
+/// Where a WorkshopWindow was when it was last closed: the file "WorkshopWindow", a line of six numbers with a TAB
+/// after each: Left, Top, Width, Height as in WindowPlacement, the width of the list, and 1 if the window was
+/// maximized.
 struct WorkshopPlacement {
     WindowPlacement window = {}; ///< while it is not maximized
     int listWidth = 0;           ///< 0: not known

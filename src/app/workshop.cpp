@@ -82,7 +82,7 @@ int correctDictionary(velmarin::Host& host, const Request& request) {
         host.MsgBox(opened.failure().message() + ".");
         return 2;
     }
-    const velmarin::EndSignals endSignals([&window] { window.close(); });
+    const velmarin::EndSignals endSignals([&window] { window.endNow(); });
     window.show();
     return velmarin::Application::exec();
 }
@@ -100,7 +100,7 @@ int makeBook(velmarin::Host& host, const Request& request) {
     if (!velmarin::pFiMod_UserPrefContainer.isNil())
         window.rememberPlacement(velmarin::pFiMod_UserPrefContainer);
     velmarin::addBookCommands(window, host, applicationFolder());
-    const velmarin::EndSignals endSignals([&window] { window.close(); });
+    const velmarin::EndSignals endSignals([&window] { window.endNow(); });
     window.show();
     QTimer::singleShot(0, &window, [&] {
         if (!request.bookOrScan.empty())

@@ -58,6 +58,8 @@ Result planBook(const BookFolder& book, const BookSettings& settings, BookPlan& 
     plan.misplaced = std::move(index.misplaced);
     plan.dictionary.lines = std::move(index.lines);
     plan.dictionary.pageFolder = book.pageFolder();
+    if (!settings.extraPages.empty())
+        plan.dictionary.extraPageFolder = FolderItem(settings.extraPages);
     plan.dictionary.order = settings.order;
     plan.dictionary.independent = settings.independent;
     plan.dictionary.about = settings.about;

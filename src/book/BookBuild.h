@@ -22,8 +22,6 @@ struct BookPlan {
 /// Plans the dictionary of a book from its pages and its draft. All pages are in the dictionary, those without
 /// headwords too. Fails if there is no draft, or no headword in it.
 ///
-/// The folder of the errata is for the caller to add.
-///
 /// @param settings those of the book, or with changes for this dictionary
 Result planBook(const BookFolder& book, const BookSettings& settings, BookPlan& plan);
 

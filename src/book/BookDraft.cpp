@@ -101,7 +101,7 @@ Result updateDraft(const BookFolder& book, const Draft& before, BookChange chang
         std::copy_if(before.pages.begin(), before.pages.end(), std::back_inserter(update.draft.pages),
                      [&](const DraftPage& row) { return row.state == PageState::Set && gone.contains(row.page); });
     }
-    return update.draft == before ? Result() : book.saveDraft(update.draft);
+    return isCurrent ? Result() : book.saveDraft(update.draft);
 }
 
 } // namespace velmarin

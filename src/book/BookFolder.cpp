@@ -1,5 +1,6 @@
 #include "book/BookFolder.h"
 
+#include "book/MendedRows.h"
 #include "files/AtomicFile.h"
 #include "files/ReadOnlyFile.h"
 #include "files/SystemCalls.h"
@@ -186,10 +187,13 @@ Result BookFolder::loadDraft(Draft& draft) const {
     if (!read)
         return Failure{item, text ? "it is not a draft: its first row has no column \"page\"" : "it could not be read"};
     draft = std::move(*read);
+    setEditedRows(draft, item, mendedFile());
     return {};
 }
 
 Result BookFolder::saveDraft(const Draft& draft) const {
+    if (Result kept = keepMendedRows(draft, mendedFile()); !kept)
+        return kept;
     return velmarin::saveDraft(draft, draftFile().path());
 }
 

@@ -29,6 +29,7 @@ enum class BookAccess {
 ///     book.json       its settings
 ///     source          a link to the scan
 ///     draft.tsv       the draft
+///     mended.tsv      its rows as they were last mended (MendedRows)
 ///     readings.jsonl  what was read of its pages (ReadingLog)
 ///     pages/          the pictures, if they had to be taken out of the scan, cut or turned: those of a folder by its
 ///                     names, with "a" and "b" for two that were cut; "p0001.tif" and so on for those of a file
@@ -62,7 +63,8 @@ class BookFolder {
     /// The pictures of a scan that is a folder, in the order of its pages.
     std::vector<std::string> scanFiles() const;
 
-    /// The draft as it was last saved, without a row if there is none yet. Fails if the file is not a draft.
+    /// The draft as it was last saved, without a row if there is none yet. Rows that were edited since by another
+    /// program count as set. Fails if the file is not a draft.
     Result loadDraft(Draft& draft) const;
     Result saveDraft(const Draft& draft) const;
     FolderItem draftFile() const { return file("draft.tsv"); }
@@ -79,6 +81,8 @@ class BookFolder {
     Result findSource();
     Result linkTo(const FolderItem& source);
     FolderItem file(const char* name) const { return FolderItem(folder_.path() / name); }
+
+    FolderItem mendedFile() const { return file("mended.tsv"); }
 
     FolderItem folder_, source_;
     BookSettings settings_;

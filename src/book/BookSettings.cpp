@@ -38,6 +38,7 @@ std::string formatBookSettings(const BookSettings& settings) {
                     {"ijuv", settings.order.IJUVMode},
                     {"format", settings.order.FormatFom},
                     {"independent", settings.independent},
+                    {"extraPages", settings.extraPages},
                     {"about", settings.about},
                     {"takenFrom", settings.takenFrom},
                     {"takenAs", settings.takenAs}};
@@ -62,6 +63,7 @@ std::optional<BookSettings> parseBookSettings(std::string_view text) {
         settings.order.IJUVMode = json.value("ijuv", false);
         settings.order.FormatFom = json.value("format", "");
         settings.independent = json.value("independent", false);
+        settings.extraPages = json.value("extraPages", "");
         settings.about = json.value("about", settings.about);
         settings.takenFrom = json.value("takenFrom", "");
         settings.takenAs = json.value("takenAs", settings.takenAs);

@@ -32,6 +32,7 @@ struct BookSettings {
     std::string ignore = {}, alike = {}; ///< KeyRule::parse
     IndexOrder order = {};
     bool independent = false;
+    std::string extraPages = {}; ///< the folder of the errata of the draft; empty for none
     About about = {};
 
     /// What the pictures in the folder of the book were taken out of, and how: if one of the two is another now, they

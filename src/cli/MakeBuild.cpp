@@ -34,7 +34,6 @@ Example:
 
 struct Request {
     std::string book = {}, target = {};
-    FolderItem extraPages = {};
     std::function<bool(BookSettings&, Session&)> change = {};
 };
 
@@ -53,7 +52,6 @@ Status build(const Request& request, Session& session) {
         session.couldNot(planned.failure());
         return Status::CouldNot;
     }
-    plan.dictionary.extraPageFolder = request.extraPages;
     if (!writeDictionary(plan.dictionary, *place, session))
         return Status::CouldNot;
     const KeyRule rule = keyRuleOf(settings);
@@ -76,9 +74,12 @@ Job define(CLI::App& command) {
     return [=](Session& session) {
         return build({.book = operand(book),
                       .target = operand(target),
-                      .extraPages = extra->count() > 0 ? FolderItem(operand(extra)) : FolderItem(),
-                      .change = [=](BookSettings& settings,
-                                    Session& in) { return order(settings, in) && dictionary(settings, in); }},
+                      .change =
+                          [=](BookSettings& settings, Session& in) {
+                              if (extra->count() > 0)
+                                  settings.extraPages = operand(extra);
+                              return order(settings, in) && dictionary(settings, in);
+                          }},
                      session);
     };
 }

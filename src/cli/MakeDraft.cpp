@@ -32,7 +32,7 @@ Reads the guide words of a scanned book. SOURCE is a folder of page images, a TI
 of several pages, a PDF or a DjVu file; nothing is written to it. BOOK is a new or
 empty folder, or one that the command has made before: then it reads the pages that
 are not read yet, and with another --lang or --turn those that it changes. Options
-are kept in BOOK. Pages are counted from 1 in the order of SOURCE.
+are kept in BOOK; "--no-spread" and the like take them back. Pages are counted from 1 in the order of SOURCE.
 
 The result is BOOK/draft.tsv, a table with the columns page, number, first, last,
 confidence and state (certain, mended, doubtful, set). Any spreadsheet edits it.
@@ -89,8 +89,8 @@ std::optional<int> parseDpi(const std::string& text) {
 
 SettingsChange addScanOptions(CLI::App& command) {
     const CLI::Option* languages = addOption(command, "--lang", "LANGUAGES", "What is printed, such as lat+eng");
-    const CLI::Option* spread = addFlag(command, "--spread", "Each picture has two pages, side by side");
-    const CLI::Option* rightToLeft = addFlag(command, "--right-to-left", "Of the two, the right one comes first");
+    const CLI::Option* spread = addSwitch(command, "spread", "Each picture has two pages, side by side");
+    const CLI::Option* rightToLeft = addSwitch(command, "right-to-left", "Of the two, the right one comes first");
     const CLI::Option* dpi = addOption(command, "--dpi", "NUMBER", "The resolution of rendered pages (300)");
     const CLI::Option* turn = addOption(command, "--turn", "DEGREES", "Turn clockwise: 90, or 5-9:180 for some pages");
     const CLI::Option* leaveOut = addOption(command, "--leave-out", "PAGES", "Pages that are no part of it: 1-8,1690-");
@@ -100,8 +100,8 @@ SettingsChange addScanOptions(CLI::App& command) {
     return [=](BookSettings& settings, Session& session) {
         if (languages->count() > 0)
             settings.languages = Split(operand(languages), "+");
-        settings.pages.spread = settings.pages.spread || spread->count() > 0;
-        settings.pages.rightToLeft = settings.pages.rightToLeft || rightToLeft->count() > 0;
+        takeSwitch(spread, settings.pages.spread);
+        takeSwitch(rightToLeft, settings.pages.rightToLeft);
         return takePages(dpi, parseDpi, "it is a number from 50 to 1200", settings.pages.dpi, session) &&
                takePages(turn, parseTurnedPages, "it is 90, 180 or 270, or PAGES:DEGREES", settings.pages.turned,
                          session) &&

@@ -20,17 +20,27 @@ void take(const CLI::Option* option, std::string& value) {
 
 } // namespace
 
+CLI::Option* addSwitch(CLI::App& command, const std::string& name, const std::string& description) {
+    return addFlag(command, "--" + name + ",!--no-" + name, description)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+}
+
+void takeSwitch(const CLI::Option* option, bool& value) {
+    if (option->count() > 0)
+        value = option->as<bool>();
+}
+
 SettingsChange addOrderOptions(CLI::App& command) {
     const CLI::Option* ignore =
         addOption(command, "--ignore", "CHARACTERS", "Characters that the book's order ignores");
     const CLI::Option* alike = addOption(command, "--alike", "PAIRS", "Letters that the book sorts as others");
-    const CLI::Option* spanish = addFlag(command, "--spanish", "\"ch\" and \"ll\" are letters of their own");
-    const CLI::Option* ijuv = addFlag(command, "--ijuv", "i and j are one letter, and so are u and v");
+    const CLI::Option* spanish = addSwitch(command, "spanish", "\"ch\" and \"ll\" are letters of their own");
+    const CLI::Option* ijuv = addSwitch(command, "ijuv", "i and j are one letter, and so are u and v");
     return [=](BookSettings& settings, Session& session) {
         take(ignore, settings.ignore);
         take(alike, settings.alike);
-        settings.order.SpanishMode = settings.order.SpanishMode || spanish->count() > 0;
-        settings.order.IJUVMode = settings.order.IJUVMode || ijuv->count() > 0;
+        takeSwitch(spanish, settings.order.SpanishMode);
+        takeSwitch(ijuv, settings.order.IJUVMode);
         if (KeyRule::parse(settings.ignore, settings.alike))
             return true;
         session.couldNot("--alike: each pair is LETTERS=LETTERS");
@@ -40,7 +50,7 @@ SettingsChange addOrderOptions(CLI::App& command) {
 
 SettingsChange addDictionaryOptions(CLI::App& command) {
     const CLI::Option* format = addOption(command, "--format", "PICTURE", "How entry numbers are written, such as 000");
-    const CLI::Option* independent = addFlag(command, "--independent", "The dictionary is searched on its own");
+    const CLI::Option* independent = addSwitch(command, "independent", "The dictionary is searched on its own");
     const std::pair<const CLI::Option*, std::string About::*> parts[] = {
         {addOption(command, "--title", "TEXT", "About: the title of the book"), &About::title},
         {addOption(command, "--edition", "TEXT", "About: its edition"), &About::edition},
@@ -50,7 +60,7 @@ SettingsChange addDictionaryOptions(CLI::App& command) {
         {addOption(command, "--rights", "TEXT", "About: who has rights in it"), &About::rights}};
     return [=](BookSettings& settings, Session&) {
         take(format, settings.order.FormatFom);
-        settings.independent = settings.independent || independent->count() > 0;
+        takeSwitch(independent, settings.independent);
         for (const auto& [option, part] : parts)
             take(option, settings.about.*part);
         return true;

@@ -13,13 +13,19 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace velmarin {
 
 /// Puts what the command line says into the settings of a book, which otherwise stay. False, with a failure of the
 /// session, if an option cannot be understood.
 using SettingsChange = std::function<bool(BookSettings&, Session&)>;
+
+/// Adds --NAME and --no-NAME. Of several the last one counts.
+CLI::Option* addSwitch(CLI::App& command, const std::string& name, const std::string& description);
+/// Sets the value as the switch says; without it, the value stays.
+void takeSwitch(const CLI::Option* option, bool& value);
 
 /// Adds --ignore, --alike, --spanish and --ijuv.
 SettingsChange addOrderOptions(CLI::App& command);

@@ -12,6 +12,7 @@
 #include "workshop/TryIt.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -22,6 +23,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <cstdlib>
+#include <iostream>
 #include <utility>
 
 namespace velmarin {
@@ -273,7 +276,7 @@ QString CorrectionWindow::stateInWords() const {
     if (const std::size_t unsaved = corrector_.unsaved().size(); unsaved > 0)
         return QStringLiteral("%1 not saved").arg(countOf(unsaved));
     if (!due_.empty())
-        return QStringLiteral("An update has undone %1 of yours.").arg(countOf(due_.size()));
+        return QStringLiteral("The dictionary lacks %1 of yours.").arg(countOf(due_.size()));
     return QStringLiteral("Up and Down turn the pages. If another page is right, press Return while it is shown.");
 }
 
@@ -363,6 +366,15 @@ void CorrectionWindow::closeEvent(QCloseEvent* event) {
     const std::size_t unsaved = corrector_.unsaved().size();
     event->setAccepted(!saving_ && (unsaved == 0 || host_.askYesNo("You have not saved " + fromQ(countOf(unsaved)) +
                                                                    ". Close without saving?") == Host::Answer::Yes));
+}
+
+void CorrectionWindow::endNow() {
+    if (saving_)
+        std::_Exit(EXIT_SUCCESS); // the corrections are kept, and the next start undoes a save that was interrupted
+    if (!corrector_.unsaved().empty())
+        if (const Result kept = corrector_.keep(); !kept)
+            std::cerr << "velmarin-workshop: " << kept.failure().message() << '\n';
+    QCoreApplication::quit();
 }
 
 bool CorrectionWindow::eventFilter(QObject* watched, QEvent* event) {

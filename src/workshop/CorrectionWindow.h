@@ -33,6 +33,10 @@ class CorrectionWindow : public QMainWindow {
     /// Reads a dictionary and looks a word up in it.
     Result open(const FolderItem& dictionary, std::string_view word);
 
+    /// Ends the program without a question. Corrections that are not saved are offered again when the dictionary is
+    /// opened the next time.
+    void endNow();
+
     const DictionaryCorrector& corrector() const { return corrector_; }
 
   protected:

@@ -101,7 +101,7 @@ Result DictionaryCorrector::checkWritable() const {
     return {};
 }
 
-Result DictionaryCorrector::keep() {
+Result DictionaryCorrector::keep() const {
     std::vector<Correction> all = kept_;
     for (const Correction& each : unsaved_)
         if (std::find(all.begin(), all.end(), each) == all.end())

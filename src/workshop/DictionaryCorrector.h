@@ -35,6 +35,9 @@ class DictionaryCorrector {
     /// Takes the last correction that is not saved back.
     void undo();
 
+    /// Adds the corrections that are not saved to the file of corrections, so that they are due when the dictionary is
+    /// opened again.
+    Result keep() const;
     /// Writes `ind` and `txt`, which change together as in an update (maintenance/Update.h): what they replace goes to
     /// a new folder in `backups`. The corrections are kept first, so that they are due if the dictionary cannot be
     /// written. Fails if a file of the dictionary is write-protected or was changed meanwhile.
@@ -42,7 +45,6 @@ class DictionaryCorrector {
 
   private:
     Result checkWritable() const;
-    Result keep();
     MaintenanceResult replace(const FolderItem& backups, const Progress& progress) const;
 
     FolderItem dictionary_, file_;

@@ -162,6 +162,7 @@ QWidget* MakeDialog::makeForm() {
     formatEF_ = addLine(*form, "FormatEF", QStringLiteral("Num&ber format"), kept.order.FormatFom);
     formatEF_->setToolTip(QStringLiteral("For a book whose headwords are numbers: 000 writes 7 as 007"));
     connect(formatEF_, &QLineEdit::textEdited, &summaryLater_, qOverload<>(&QTimer::start));
+    addExtraPages(*form);
     spanishCB_ = addCheckBox(*form, "SpanishCB", QStringLiteral("&Spanish: ch and ll are letters of their own"),
                              kept.order.SpanishMode);
     ijuvCB_ = addCheckBox(*form, "IjuvCB", QStringLiteral("I&JUV: i and j are one letter, and so are u and v"),
@@ -174,6 +175,27 @@ QWidget* MakeDialog::makeForm() {
     return area;
 }
 
+void MakeDialog::addExtraPages(QFormLayout& form) {
+    auto* row = new QHBoxLayout;
+    extraEF_ = new QLineEdit(toQ(book_.settings().extraPages), form_);
+    extraEF_->setObjectName(QStringLiteral("ExtraPagesEF"));
+    extraEF_->setToolTip(QStringLiteral("The folder of the files in a column “errata” of the draft"));
+    auto* choose = new PushButton(QStringLiteral("C&hoose…"), form_);
+    choose->setAutoDefault(false);
+    choose->setAccessibleName(QStringLiteral("Choose the folder of the extra pages"));
+    row->addWidget(extraEF_, 1);
+    row->addWidget(choose);
+    auto* label = new QLabel(QStringLiteral("E&xtra pages"), form_);
+    label->setBuddy(extraEF_);
+    form.addRow(label, row);
+    connect(extraEF_, &QLineEdit::textChanged, &summaryLater_, qOverload<>(&QTimer::start));
+    connect(choose, &QPushButton::clicked, this, [this] {
+        const auto chosen = host_.SelectFolder("Which folder has the extra pages?", pathFromQ(extraEF_->text()));
+        if (!chosen.empty())
+            extraEF_->setText(pathToQ(chosen));
+    });
+}
+
 BookSettings MakeDialog::settings() const {
     BookSettings now = book_.settings();
     for (const auto& [line, field] : about_)
@@ -183,6 +205,7 @@ BookSettings MakeDialog::settings() const {
     now.order = {.SpanishMode = spanishCB_->isChecked(),
                  .IJUVMode = ijuvCB_->isChecked(),
                  .FormatFom = fromQ(formatEF_->text().trimmed())};
+    now.extraPages = fromQ(extraEF_->text().trimmed());
     now.independent = independentCB_->isChecked();
     return now;
 }

@@ -44,6 +44,7 @@ class MakeDialog : public QDialog {
     QLineEdit* addLine(QFormLayout& form, const char* name, const QString& label, const std::string& text);
     QCheckBox* addCheckBox(QFormLayout& form, const char* name, const QString& text, bool checked);
 
+    void addExtraPages(QFormLayout& form);
     BookSettings settings() const;
     FolderItem group() const;
     std::string name() const;
@@ -59,7 +60,7 @@ class MakeDialog : public QDialog {
     bool planned_ = false, working_ = false;
     QTimer summaryLater_;
 
-    QLineEdit *nameEF_ = nullptr, *formatEF_ = nullptr;
+    QLineEdit *nameEF_ = nullptr, *formatEF_ = nullptr, *extraEF_ = nullptr;
     QComboBox* groupCB_ = nullptr;
     std::vector<std::pair<QLineEdit*, std::string About::*>> about_;
     std::vector<std::pair<QLineEdit*, std::string BookSettings::*>> fields_;

@@ -34,6 +34,18 @@ std::string misplacedLine(const BookPlan& plan, const Misplaced& misplaced) {
     return line;
 }
 
+std::string extraPagesLine(const BookPlan& plan) {
+    std::size_t extra = 0;
+    for (const BookEntry& entry : plan.entries)
+        extra += entry.errata.size();
+    if (extra == 0)
+        return {};
+    const FolderItem& folder = plan.dictionary.extraPageFolder;
+    return counted(extra, "extra page", "extra pages") + (folder.isNil()
+                                                              ? ": choose the folder that has them\n"
+                                                              : " from " + inQuotes(folder.path().native()) + "\n");
+}
+
 /// The names of pages in one line.
 template <typename Rows, typename NameOf> std::string listed(const Rows& rows, NameOf nameOf) {
     std::string text = "    ";
@@ -52,6 +64,7 @@ std::string summaryOf(const BookPlan& plan) {
                        Format(static_cast<double>(numbered), "#,##0") + " with a printed number\n" +
                        counted(plan.entries.size(), "headword of the guide words, ", "headwords of the guide words, ") +
                        counted(made.lines.size() + 1, "line", "lines") + " in the index\n";
+    text += extraPagesLine(plan);
     if (!plan.doubtful.empty())
         text += counted(plan.doubtful.size(), "page is", "pages are") + " doubtful and will be used as read:\n" +
                 listed(plan.doubtful, [&](std::size_t row) { return pageName(made.pages[row]); });

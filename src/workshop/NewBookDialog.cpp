@@ -5,7 +5,6 @@
 #include "platform/QtText.h"
 
 #include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -20,9 +19,19 @@ constexpr int kLanguageRows = 6;
 /// The width of the folder's field, in digits.
 constexpr int kFolderDigits = 56;
 
+/// Data that QLocale has no name for.
+const std::pair<const char*, const char*> kOtherData[] = {
+    {"frk", "German in black letter"}, {"deu_latf", "German in black letter"},
+    {"Fraktur", "Black letter"},       {"enm", "Middle English"},
+    {"frm", "Middle French"},          {"ita_old", "Old Italian"},
+    {"spa_old", "Old Spanish"}};
+
 /// "Latin (lat)" for "lat".
 QString languageName(const std::string& code) {
     const QString shown = toQ(code);
+    for (const auto& [data, name] : kOtherData)
+        if (code == data || code == std::string("script/") + data)
+            return QStringLiteral("%1 (%2)").arg(QLatin1String(name), shown);
     const QLocale::Language language = QLocale::codeToLanguage(shown);
     return language == QLocale::AnyLanguage ? shown
                                             : QStringLiteral("%1 (%2)").arg(QLocale::languageToString(language), shown);
@@ -67,16 +76,36 @@ void NewBookDialog::makeLayout(const FolderItem& scan) {
     auto* scanName = new QLabel(pathToQ(scan.path()), this);
     scanName->setTextFormat(Qt::PlainText);
     scanName->setWordWrap(true);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
-    buttons->addButton(ok_, QDialogButtonBox::AcceptRole);
+    auto* cancel = new PushButton(QStringLiteral("Cancel"), this);
+    cancel->setObjectName(QStringLiteral("CancelBT"));
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(ok_);
     ok_->setDefault(true);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
     auto* form = new QFormLayout(this);
     form->setVerticalSpacing(12);
     form->addRow(QStringLiteral("Scan"), scanName);
     form->addRow(QStringLiteral("&Working folder"), folderRow);
     form->addRow(QStringLiteral("&Languages"), languages_);
+    if (languages_->count() == 0) {
+        languages_->hide();
+        form->labelForField(languages_)->hide();
+        auto* missing = new QLabel(
+            QStringLiteral("No language is installed, so that only text that the scan itself has can be read. To read "
+                           "page images, install the package of the book’s language, such as tesseract-ocr-eng or "
+                           "tesseract-ocr-lat, and start the workshop again."),
+            this);
+        missing->setObjectName(QStringLiteral("NoLanguageST"));
+        missing->setWordWrap(true);
+        form->addRow(QString(), missing);
+    } else {
+        auto* more = new QLabel(QStringLiteral("More languages are in packages such as tesseract-ocr-lat."), this);
+        more->setForegroundRole(QPalette::PlaceholderText);
+        form->addRow(QString(), more);
+    }
     form->addRow(QString(), spread_);
     form->addRow(buttons);
     // A layout in a row is named by the label only if the label knows its field.
@@ -93,9 +122,13 @@ void NewBookDialog::fillLanguages(const std::vector<std::string>& languages) {
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(code == "eng" ? Qt::Checked : Qt::Unchecked);
     }
+    languages_->sortItems();
     if (languages_->count() == 1)
         languages_->item(0)->setCheckState(Qt::Checked);
     languages_->setAccessibleName(QStringLiteral("Languages of the headwords"));
+    for (int row = 0; row < languages_->count(); ++row)
+        if (languages_->item(row)->checkState() == Qt::Checked)
+            languages_->setCurrentRow(row);
     languages_->setFixedHeight(kLanguageRows * (languages_->fontMetrics().lineSpacing() + 4) +
                                2 * languages_->frameWidth());
 }

@@ -69,6 +69,9 @@ void PageListPane::makeView() {
     });
     connect(view_, &QTreeView::clicked, this, &PageListPane::entered);
     connect(view_, &QTreeView::activated, this, &PageListPane::entered);
+    view_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(view_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& place) { emit menuWanted(view_->viewport()->mapToGlobal(place)); });
 }
 
 void PageListPane::showRows() {

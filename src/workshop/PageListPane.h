@@ -25,6 +25,8 @@ class PageListPane : public QWidget {
     void picked(std::size_t row);
     /// A row was clicked, or Return pressed in the list: the user goes on in the fields.
     void entered();
+    /// The menu of the current page is asked for, at this place of the screen.
+    void menuWanted(const QPoint& place);
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -121,7 +121,7 @@ void PageStage::showWords() {
         const DraftPage* page = pageAt(neighbor.by);
         neighbor.caption->setText(page == nullptr ? QString() : captionOf(*page));
     }
-    heading_->setText(model_.current() ? heading() : QString());
+    heading_->setText(model_.current() ? heading() : QStringLiteral("Each page appears here once it is read."));
 }
 
 QString PageStage::heading() const {

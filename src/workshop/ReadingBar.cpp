@@ -77,7 +77,7 @@ void ReadingBar::showStopped() {
     running_ = false;
     bar_->hide();
     text_->setText(QStringLiteral("Not all pages are read."));
-    button_->setText(QStringLiteral("Go on &reading"));
+    button_->setText(QStringLiteral("&Go on reading"));
     show();
 }
 

@@ -24,7 +24,8 @@ bool isEmpty(const DraftPage& row) {
 
 } // namespace
 
-ScannedBook::ScannedBook(std::unique_ptr<BookFolder> folder) : folder_(std::move(folder)), known_(stateOfFile()) {}
+ScannedBook::ScannedBook(std::unique_ptr<BookFolder> folder)
+    : folder_(std::move(folder)), pageFolder_(folder_->pageFolder()), known_(stateOfFile()) {}
 
 ScannedBook::FileState ScannedBook::stateOfFile() const {
     const std::filesystem::path file = folder_->draftFile().path();
@@ -46,7 +47,11 @@ std::optional<int> ScannedBook::scanPage(const std::string& page) const {
 
 FolderItem ScannedBook::picture(const std::string& page) const {
     const BookPicture* found = readings_->page(page);
-    return found != nullptr ? found->picture : FolderItem();
+    if (found != nullptr)
+        return found->picture;
+    // Of a large book the readings take a while to load.
+    const FolderItem picture = isMemberName(page) ? pageFolder_.Child(page) : FolderItem();
+    return picture.Exists() ? picture : FolderItem();
 }
 
 Draft ScannedBook::mended(const Draft& draft) {
@@ -61,6 +66,8 @@ Draft ScannedBook::mended(const Draft& draft) {
         const bool keep = before != rowsBefore.end() && !isEmpty(*before->second) &&
                           (last == givenBefore.end() || *last->second == row);
         result.pages.push_back(keep ? *before->second : row);
+        if (before != rowsBefore.end())
+            result.pages.back().errata = before->second->errata;
     }
     keepAddedColumns(draft, result);
     mended_ = std::move(given);

@@ -43,6 +43,7 @@ class ScannedBook : public WorkshopBook {
     FileState stateOfFile() const;
 
     std::unique_ptr<BookFolder> folder_;
+    FolderItem pageFolder_; ///< where the pages were when the book was opened
     std::shared_ptr<const BookReadings> readings_ = std::make_shared<BookReadings>();
     Draft mended_;    ///< what the readings last gave
     FileState known_; ///< when the draft was last saved or read

@@ -50,9 +50,9 @@ WelcomePane::WelcomePane(QWidget* parent) : QWidget(parent) {
     };
     add("OpenScanBT", QStringLiteral("Open a &scan…"), QStringLiteral("A PDF, a DjVu or a TIFF file"),
         &WelcomePane::scanWanted);
-    add("OpenFolderBT", QStringLiteral("Open a &folder of page images…"), QStringLiteral("One picture a page"),
+    add("OpenFolderBT", QStringLiteral("Open a folder of page &images…"), QStringLiteral("One picture a page"),
         &WelcomePane::folderWanted);
-    add("OpenBookBT", QStringLiteral("Open a &book…"), QStringLiteral("Go on with a book that you have begun"),
+    add("OpenBookBT", QStringLiteral("Open a b&ook…"), QStringLiteral("Go on with a book that you have begun"),
         &WelcomePane::bookWanted);
     auto* outer = new QVBoxLayout(this);
     outer->addStretch(1);

@@ -41,7 +41,7 @@ WorkshopDesk::WorkshopDesk(std::unique_ptr<WorkshopBook> book, Host& host, QWidg
     splitter_->setStretchFactor(1, 1);
     splitter_->setChildrenCollapsible(false);
     splitter_->setHandleWidth(kMargin);
-    splitter_->setSizes({kListWidth, kListWidth});
+    setListWidth(kListWidth);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(kMargin, kMargin, kMargin, kMargin / 2);
     column->addWidget(notice_);
@@ -79,6 +79,7 @@ QWidget* WorkshopDesk::makeButtons() {
         button->setFocusPolicy(Qt::TabFocus);
         button->setAutoDefault(true);
         connect(button, &QPushButton::clicked, this, action);
+        button->setMinimumWidth(button->sizeHint().width() + 2 * kMargin);
         row->addWidget(button);
     };
     add("TakeBT", QStringLiteral("&Take, go on   (Return)"), &WorkshopDesk::take);
@@ -100,6 +101,14 @@ QWidget* WorkshopDesk::makeBar() {
     bar_->addWidget(share_);
     bar_->addStretch(1);
     return bar;
+}
+
+int WorkshopDesk::listWidth() const {
+    return splitter_->sizes().front();
+}
+
+void WorkshopDesk::setListWidth(int width) {
+    splitter_->setSizes({width, width}); // the page takes the rest
 }
 
 void WorkshopDesk::addToBar(QWidget* widget) {
@@ -140,9 +149,13 @@ void WorkshopDesk::redo() {
     model_.redo();
 }
 
-bool WorkshopDesk::mayClose() {
+void WorkshopDesk::keepChanges() {
     form_->keepTyped();
     model_.saveAgain();
+}
+
+bool WorkshopDesk::mayClose() {
+    keepChanges();
     return model_.saved() || host_.askYesNo("Your last changes could not be saved. Do you want to close the book "
                                             "without them?") == Host::Answer::Yes;
 }
@@ -165,8 +178,9 @@ void WorkshopDesk::showCurrentPage() {
 
 void WorkshopDesk::showCounts() {
     const DraftCounts counts = model_.counts();
-    counts_->setText(toQ(counts.text()));
     const int all = static_cast<int>(model_.draft().pages.size());
+    counts_->setText(all == 0 ? QString() : toQ(counts.text()));
+    share_->setVisible(all > 0);
     share_->setMaximum(std::max(1, all));
     share_->setValue(all - static_cast<int>(counts.toLookAt()));
     emit changed();

@@ -33,7 +33,9 @@ class WorkshopDesk : public QWidget, public WorkshopDisplay {
     PageStage& stage() const { return *stage_; }
     PageListPane& list() const { return *list_; }
     NoticeBar& notice() const { return *notice_; }
-    QSplitter& splitter() const { return *splitter_; }
+    /// In logical pixels.
+    int listWidth() const;
+    void setListWidth(int width);
     /// A widget at the right of the bar that counts.
     void addToBar(QWidget* widget);
 
@@ -45,7 +47,9 @@ class WorkshopDesk : public QWidget, public WorkshopDisplay {
     /// Takes back what was typed into the fields, or else the last change.
     void undo();
     void redo();
-    /// Keeps what was typed. False if the draft could not be saved and the user does not want to lose it.
+    /// Keeps what was typed, and saves what could not be saved.
+    void keepChanges();
+    /// The same. False if the draft could not be saved and the user does not want to lose it.
     bool mayClose();
 
     void showRows() override;

@@ -116,20 +116,29 @@ void WorkshopModel::setDoubtfulOnly(bool only) {
     findVisibleRows();
 }
 
-void WorkshopModel::set(const PageWords& words) {
+bool WorkshopModel::changeCurrent(const PageWords& words) {
     if (!current_)
-        return;
+        return false;
     Draft to = draft_;
     setByPerson(to.pages[*current_], words);
-    if (to != draft_)
-        change(currentPage().page, book_.mended(to));
+    if (to == draft_)
+        return false;
+    change(currentPage().page, book_.mended(to));
+    return true;
+}
+
+void WorkshopModel::set(const PageWords& words) {
+    if (changeCurrent(words))
+        save();
 }
 
 void WorkshopModel::take(const PageWords& words) {
     if (!current_)
         return;
-    set(words);
-    goToDoubtful();
+    const bool changed = changeCurrent(words);
+    goToDoubtful(); // before the draft is saved, which waits for the disk
+    if (changed)
+        save();
 }
 
 void WorkshopModel::undo() {
@@ -169,6 +178,7 @@ void WorkshopModel::lookOutside() {
     if (taken.empty())
         return;
     change(draft_.pages[taken.front()].page, book_.mended(to));
+    save();
     display_->showTakenOver(taken.size());
 }
 
@@ -179,7 +189,6 @@ void WorkshopModel::change(const std::string& page, Draft to) {
     history_.add(std::move(step));
     std::swap(draft_, to);
     showChanges(to);
-    save();
 }
 
 void WorkshopModel::changeBack(const std::optional<std::string>& page, const Draft& before) {

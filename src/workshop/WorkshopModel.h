@@ -75,7 +75,9 @@ class WorkshopModel {
     void lookOutside();
 
   private:
-    /// Makes these the rows of the draft, notes the change of `page` and saves.
+    /// Gives the current page these words. False if it has them already.
+    bool changeCurrent(const PageWords& words);
+    /// Makes these the rows of the draft, and notes the change of `page`.
     void change(const std::string& page, Draft to);
     void changeBack(const std::optional<std::string>& page, const Draft& before);
     /// Tells the display which rows differ from those before.

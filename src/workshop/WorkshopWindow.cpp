@@ -3,9 +3,9 @@
 #include "controls/ScreenFit.h"
 #include "platform/Host.h"
 #include "platform/QtText.h"
-#include "store/WindowPlacement.h"
 #include "workshop/BookOpener.h"
 #include "workshop/GuideForm.h"
+#include "workshop/PageListPane.h"
 #include "workshop/PageStage.h"
 #include "workshop/ReadingBar.h"
 #include "workshop/ReadingControl.h"
@@ -15,6 +15,8 @@
 #include "workshop/WorkshopMenus.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QMenu>
 #include <QScreen>
 
 #include <algorithm>
@@ -28,7 +30,6 @@ constexpr QSize kFirstSize(1100, 760);
 constexpr QSize kLeastSize(720, 480);
 /// No display system makes larger windows.
 constexpr int kWidest = 32000;
-constexpr const char* kPlacementFile = "WorkshopWindow";
 
 } // namespace
 
@@ -91,10 +92,16 @@ void WorkshopWindow::openChosen(const std::filesystem::path& chosen) {
 
 void WorkshopWindow::openBook(std::unique_ptr<WorkshopBook> book, Draft draft) {
     reading_.reset(); // it reads into the book that goes with the old desk
+    if (desk_ != nullptr)
+        placement_.listWidth = desk_->listWidth();
     desk_ = new WorkshopDesk(std::move(book), host_, this);
+    if (placement_.listWidth > 0)
+        desk_->setListWidth(placement_.listWidth);
     setCentralWidget(desk_);
     setWindowTitle(toQ(desk_->model().book().name()) + QStringLiteral(" – Velmarin Workshop"));
     connect(desk_, &WorkshopDesk::changed, menus_, &WorkshopMenus::refresh);
+    connect(&desk_->list(), &PageListPane::menuWanted, &menus_->pageMenu(),
+            [this](const QPoint& place) { menus_->pageMenu().popup(place); });
     desk_->model().open(std::move(draft));
     // Not before the desk is shown.
     QMetaObject::invokeMethod(&desk_->form(), &GuideForm::takeFocus, Qt::QueuedConnection);
@@ -102,22 +109,41 @@ void WorkshopWindow::openBook(std::unique_ptr<WorkshopBook> book, Draft draft) {
 
 void WorkshopWindow::rememberPlacement(const FolderItem& preferencesFolder) {
     preferencesFolder_ = preferencesFolder;
+    placement_ = readWorkshopPlacement(preferencesFolder).value_or(WorkshopPlacement());
     WindowPlace place = firstPlace(kFirstSize, 0, screen()->availableGeometry());
-    if (const auto saved = readWindowPlacement(preferencesFolder, kPlacementFile))
-        place = withinReach({saved->left, saved->top, std::clamp(saved->width, kLeastSize.width(), kWidest),
-                             std::clamp(saved->height, kLeastSize.height(), kWidest)},
+    if (const WindowPlacement& saved = placement_.window; saved.width > 0)
+        place = withinReach({saved.left, saved.top, std::clamp(saved.width, kLeastSize.width(), kWidest),
+                             std::clamp(saved.height, kLeastSize.height(), kWidest)},
                             screenAreas());
     move(place.topLeft());
     resize(place.size());
+    if (placement_.maximized)
+        setWindowState(windowState() | Qt::WindowMaximized);
+}
+
+void WorkshopWindow::keepPlacement() {
+    if (preferencesFolder_.isNil())
+        return;
+    placement_.maximized = isMaximized();
+    if (!placement_.maximized)
+        placement_.window = {.left = x(), .top = y(), .width = width(), .height = height()};
+    if (desk_ != nullptr)
+        placement_.listWidth = desk_->listWidth();
+    // A placement that is not kept is no reason for a message.
+    [[maybe_unused]] const Result ignored = writeWorkshopPlacement(preferencesFolder_, placement_);
+}
+
+void WorkshopWindow::endNow() {
+    if (desk_ != nullptr)
+        desk_->keepChanges();
+    keepPlacement();
+    QCoreApplication::quit();
 }
 
 void WorkshopWindow::closeEvent(QCloseEvent* event) {
     event->setAccepted(desk_ == nullptr || desk_->mayClose());
-    if (!event->isAccepted() || preferencesFolder_.isNil() || isMaximized())
-        return;
-    const WindowPlacement here{.left = x(), .top = y(), .width = width(), .height = height()};
-    // A placement that is not kept is no reason for a message.
-    [[maybe_unused]] const Result ignored = writeWindowPlacement(preferencesFolder_, here, kPlacementFile);
+    if (event->isAccepted())
+        keepPlacement();
 }
 
 } // namespace velmarin

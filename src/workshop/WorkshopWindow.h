@@ -1,6 +1,7 @@
 #pragma once
 
 #include "workshop/WorkshopBook.h"
+#include "workshop/WorkshopPlacement.h"
 
 #include <QMainWindow>
 
@@ -29,6 +30,8 @@ class WorkshopWindow : public QMainWindow {
     void open(const std::filesystem::path& bookOrScan);
     /// Shows a book in place of the one before. The draft is where the work begins.
     void openBook(std::unique_ptr<WorkshopBook> book, Draft draft);
+    /// Ends the program without a question. What was typed is kept if the draft can be saved.
+    void endNow();
     void chooseBook();
     /// Asks for a file.
     void chooseScan();
@@ -46,11 +49,13 @@ class WorkshopWindow : public QMainWindow {
 
   private:
     void showWelcome();
+    void keepPlacement();
     /// Does nothing for an empty path.
     void openChosen(const std::filesystem::path& chosen);
 
     Host& host_;
     FolderItem preferencesFolder_; ///< nil: the placement is not kept
+    WorkshopPlacement placement_;
     WorkshopDesk* desk_ = nullptr;
     WorkshopMenus* menus_;
     std::unique_ptr<ReadingControl> reading_; ///< only for the book of a scan

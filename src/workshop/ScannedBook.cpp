@@ -75,7 +75,7 @@ Draft ScannedBook::mended(const Draft& draft) {
 }
 
 Result ScannedBook::save(const Draft& draft) {
-    const Result saved = folder_->saveDraft(draft);
+    Result saved = folder_->saveDraft(draft);
     known_ = stateOfFile();
     return saved;
 }

@@ -29,6 +29,8 @@ GuideSlot slotOf(const std::vector<Guess>& guesses, const KeyRule& rule, const I
 
 /// From so many words on, three letters tell more than two.
 constexpr std::size_t kManyWords = 2000;
+/// Of fewer words than this most have a sequence of their own.
+constexpr std::size_t kFewWords = 100;
 
 /// Counts the sequences of letters in the words of a book, the ends of the words included.
 class LetterSequences {
@@ -66,6 +68,8 @@ void findStrangeWords(std::vector<GuideSlot>& slots) {
     for (const GuideSlot& slot : slots)
         if (!slot.readings.empty())
             words.insert(slot.readings.front().word);
+    if (words.size() < kFewWords)
+        return;
     LetterSequences sequences(words.size() < kManyWords ? 2 : 3);
     for (const std::string_view word : words)
         sequences.add(word);

@@ -14,9 +14,16 @@ constexpr double kOutsideAfterCommon = 0.7, kOutsideBesideOne = 0.5;
 struct Assumption {
     double confidence, errors;
 };
-constexpr std::array<Assumption, 9> kAssumptions{
-    {{1.0, 0.004}, {0.95, 0.01}, {0.9, 0.03}, {0.8, 0.1}, {0.7, 0.2}, {0.5, 0.4}, {0.3, 0.6}, {0.1, 0.8}, {0.0, 0.9}}};
-constexpr double kWeightOfAssumption = 12;
+constexpr std::array<Assumption, 9> kAssumptions{{{0.99, 0.001},
+                                                  {0.96, 0.003},
+                                                  {0.93, 0.03},
+                                                  {0.9, 0.06},
+                                                  {0.8, 0.2},
+                                                  {0.5, 0.4},
+                                                  {0.3, 0.6},
+                                                  {0.1, 0.8},
+                                                  {0.0, 0.9}}};
+constexpr double kWeightOfAssumption = 40;
 /// The assumed share of strange words among right and wrong ones, and how many samples it counts as.
 constexpr double kStrangeIfRight = 0.06, kStrangeIfWrong = 0.4, kWeightOfStrange = 20;
 /// From here on the words in order count as right.

@@ -13,7 +13,17 @@ namespace velmarin {
 namespace {
 
 constexpr std::size_t kLeastLetters = 4; // bytes; a shorter word is found by chance
-constexpr double kProved = 0.99, kReplaced = 0.93;
+constexpr double kProved = 0.997;
+// What remains of the doubt in an unknown word.
+constexpr double kDoubtOfUnknown = 0.5;
+// Of two readings, the one that an entry begins with: known, or as unknown as the other.
+constexpr double kReplacedByKnown = 0.97, kReplaced = 0.85;
+
+// What ends a headword may be close to it, as in "Hob'bly,a.".
+std::string upToMark(const std::string& text) {
+    const std::size_t end = text.find_first_of(".,;:([");
+    return text.substr(0, end == 0 ? text.size() : end);
+}
 
 // The first words of the entries, as they were read best: among the other readings are the same mistakes.
 std::set<std::string> beginningsOf(const PageReading& reading) {
@@ -21,37 +31,41 @@ std::set<std::string> beginningsOf(const PageReading& reading) {
     for (const auto& column : reading.entryStarts) {
         for (const TextLine& line : column) {
             if (!line.words.empty())
-                beginnings.insert(lettersOf(line.words.front().text));
+                beginnings.insert(lettersOf(upToMark(line.words.front().text)));
         }
     }
     return beginnings;
 }
 
-void prove(TextWord& word, const std::set<std::string>& beginnings) {
+void prove(TextWord& word, const std::set<std::string>& beginnings, const KnownWord& known) {
     const auto begins = [&](const std::string& text) {
         const std::string letters = lettersOf(text);
         return letters.size() >= kLeastLetters && beginnings.contains(letters);
     };
+    const bool isKnown = known(word.text);
     if (begins(word.text)) {
-        word.confidence = std::max(word.confidence, kProved);
+        word.confidence = isKnown ? std::max(word.confidence, kProved) : 1 - kDoubtOfUnknown * (1 - word.confidence);
         return;
     }
     const auto other = std::ranges::find_if(word.others, begins);
     if (other == word.others.end())
         return;
+    const bool otherIsKnown = known(*other);
+    if (isKnown && !otherIsKnown)
+        return;
     std::string text = std::move(*other);
     word.others.erase(other);
     word.others.insert(word.others.begin(), std::exchange(word.text, std::move(text)));
-    word.confidence = kReplaced;
+    word.confidence = otherIsKnown && !isKnown ? kReplacedByKnown : kReplaced;
 }
 
 } // namespace
 
-void proveByEntries(PageReading& reading) {
+void proveByEntries(PageReading& reading, const KnownWord& known) {
     const std::set<std::string> beginnings = beginningsOf(reading);
     for (TextLine& line : reading.head.lines) {
         for (TextWord& word : line.words)
-            prove(word, beginnings);
+            prove(word, beginnings, known);
     }
 }
 

@@ -39,7 +39,7 @@ class PageInWork {
             reading_.headStrip = reading_.foot.lines.front().box;
         if (entries == EntryWords::Always || (entries == EntryWords::IfNeeded && !hasSureWord(reading_.head)))
             readEntries();
-        proveByEntries(reading_);
+        proveByEntries(reading_, [this](const std::string& word) { return recognizer_.knows(word); });
         return std::move(reading_);
     }
 

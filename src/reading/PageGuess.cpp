@@ -9,8 +9,9 @@ namespace velmarin {
 
 namespace {
 
-/// What remains of the doubt in a guide word that is also read at the beginning of an entry.
-constexpr double kDoubtOfTwice = 0.02;
+/// What remains of the doubt in a guide word that is also read at the beginning of an entry: its broken type may be
+/// misread alike there.
+constexpr double kDoubtOfTwice = 0.4;
 /// An entry's beginning that is almost the guide word, as another reading of it.
 constexpr double kAlmostSame = 0.4;
 constexpr std::size_t kMostReadings = 6;
@@ -55,12 +56,12 @@ bool almostSame(const std::string& one, const std::string& other) {
     return endsAlike(1, 1) || endsAlike(1, 0) || endsAlike(0, 1) || endsAlike(2, 1) || endsAlike(1, 2);
 }
 
-/// Raises the confidence of a reading, and leaves the others what remains.
-void confirm(std::vector<Guess>& readings, Guess& right, double byConfidence) {
-    right.confidence = std::max(right.confidence, 1 - kDoubtOfTwice * (1 - right.confidence * byConfidence));
-    for (Guess& other : readings)
-        if (&other != &right)
-            other.confidence = std::min(other.confidence, 1 - right.confidence);
+/// Raises the confidence of the best reading, and leaves the others what remains.
+void confirmBest(std::vector<Guess>& readings) {
+    double& best = readings.front().confidence;
+    best = 1 - kDoubtOfTwice * (1 - best);
+    for (std::size_t i = 1; i < readings.size(); ++i)
+        readings[i].confidence = std::min(readings[i].confidence, 1 - best);
 }
 
 /// Compares the readings of a guide word with the entries of its page.
@@ -72,8 +73,12 @@ void testByEntries(std::vector<Guess>& readings, const std::vector<Guess>& entri
         const std::string letters = lettersOf(entry.text);
         const auto same = std::find_if(readings.begin(), readings.end(),
                                        [&](const Guess& each) { return lettersOf(each.text) == letters; });
+        if (same == readings.begin()) {
+            confirmBest(readings);
+            break;
+        }
         if (same != readings.end())
-            confirm(readings, *same, entry.confidence);
+            same->confidence = std::max(same->confidence, std::min(kAlmostSame, entry.confidence));
         else if (almostSame(letters, best))
             readings.push_back({entry.text, std::min(kAlmostSame, entry.confidence)});
     }

@@ -183,4 +183,8 @@ std::vector<TextWord> Recognizer::readLine(Pix* line, Alphabet alphabet) {
     return words;
 }
 
+bool Recognizer::knows(const std::string& word) const {
+    return opened_ && !word.empty() && engine_->api.IsValidWord(word.c_str()) != 0;
+}
+
 } // namespace velmarin

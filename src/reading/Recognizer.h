@@ -36,6 +36,9 @@ class Recognizer {
     /// nothing was read or no language is open.
     std::vector<TextWord> readLine(Pix* line, Alphabet alphabet = Alphabet::Any);
 
+    /// Whether the word list of the main language has a word. Case does not count.
+    bool knows(const std::string& word) const;
+
   private:
     struct Engine;
     std::unique_ptr<Engine> engine_;

@@ -60,6 +60,18 @@ PixPtr pictureOf(const WordGroup& group, Rendering rendering) {
     return scaled(group, kCapitals);
 }
 
+constexpr std::array<std::string_view, 4> kDashes{"-", "–", "—", "―"};
+
+// The dust after two joined words is often taken for a dash.
+bool endsInSecondDash(const std::string& text) {
+    return std::ranges::any_of(kDashes, [&](std::string_view dash) {
+        return text.ends_with(dash) && std::ranges::any_of(kDashes, [&](std::string_view other) {
+                   const std::size_t at = text.find(other);
+                   return at != 0 && at != std::string::npos && at + other.size() < text.size();
+               });
+    });
+}
+
 // Points and marks around a word: most are dirt, and none orders words.
 void stripMarks(std::string& text) {
     constexpr std::array<std::string_view, 26> kMarks{".",  ",", ";", ":",  "|", "_", "~", "*", "°",
@@ -73,6 +85,9 @@ void stripMarks(std::string& text) {
             else if (text.starts_with(mark))
                 text.erase(0, mark.size()), again = true;
         }
+        for (const std::string_view dash : kDashes)
+            if (text.ends_with(dash) && endsInSecondDash(text))
+                text.erase(text.size() - dash.size()), again = true;
     }
 }
 
@@ -80,10 +95,30 @@ struct Ballot {
     Words words;
     std::string text;      // of all words
     double confidence = 0; // of the least sure one
+    bool known = false;    // all are in the word list of the language
 };
 
-Ballot ballotOf(Words words) {
+// A word of fewer letters is in the list by chance.
+constexpr std::size_t kLeastKnown = 4; // bytes
+
+// Words that are joined are known if all of them are.
+bool isKnown(const Recognizer& recognizer, const std::string& text) {
+    std::size_t at = 0;
+    while (at < text.size()) {
+        std::size_t end = text.size(), next = end;
+        for (const std::string_view dash : kDashes)
+            if (const std::size_t found = text.find(dash, at); found < end)
+                end = found, next = found + dash.size();
+        if (end - at < kLeastKnown || !recognizer.knows(text.substr(at, end - at)))
+            return false;
+        at = next;
+    }
+    return !text.empty();
+}
+
+Ballot ballotOf(const Recognizer& recognizer, Words words) {
     Ballot ballot;
+    ballot.known = true;
     for (TextWord& word : words) {
         stripMarks(word.text);
         for (std::string& other : word.others)
@@ -92,29 +127,39 @@ Ballot ballotOf(Words words) {
             continue;
         ballot.confidence = ballot.words.empty() ? word.confidence : std::min(ballot.confidence, word.confidence);
         ballot.text += (ballot.words.empty() ? "" : " ") + word.text;
+        ballot.known = ballot.known && isKnown(recognizer, word.text);
         ballot.words.push_back(std::move(word));
     }
     return ballot;
 }
 
+// A known word is read for an unknown one less often than the other way round.
+constexpr double kVotesOfKnown = 3, kWeightOfUnknown = 0.3;
+constexpr double kConfidenceIfSure = 0.75; // of Tesseract
+// A known word that differs from the readings in a letter that Tesseract thinks possible.
+constexpr double kTrustOfKnownChoice = 0.65;
+
 double votesFor(const std::vector<Ballot>& ballots, const std::string& text) {
     double votes = 0;
     for (const Ballot& ballot : ballots)
-        votes += ballot.text == text && !text.empty() ? 0.1 + ballot.confidence : 0;
+        if (ballot.text == text && !text.empty())
+            votes += (0.1 + ballot.confidence) * (ballot.known ? kVotesOfKnown : 1);
     return votes;
 }
 
-std::size_t countOf(const std::vector<Ballot>& ballots, const std::string& text) {
-    return static_cast<std::size_t>(std::ranges::count(ballots, text, &Ballot::text));
-}
-
 // How often words are right of which so many readings agree, as measured on degraded pages; less if Tesseract is unsure
-// in all of them.
-double sureness(std::size_t agreeing, std::size_t readings, double confidence) {
-    if (readings == agreeing)
-        return 0.8 + 0.17 * std::min(1.0, confidence / 0.75);
-    const double share = static_cast<double>(agreeing) / static_cast<double>(readings);
-    return std::min(0.9, share * share + 0.15 * confidence);
+// in all of them, and if the word list lacks the word. A reading that it lacks says little against one that it has.
+double sureness(const std::vector<Ballot>& ballots, const Ballot& winner) {
+    double agreeing = 0, others = 0, most = 0;
+    for (const Ballot& ballot : ballots) {
+        (ballot.text == winner.text ? agreeing : others) += winner.known && !ballot.known ? kWeightOfUnknown : 1;
+        most = std::max(most, ballot.text == winner.text ? ballot.confidence : 0);
+    }
+    const double sure = std::min(1.0, most / kConfidenceIfSure);
+    if (others == 0)
+        return winner.known ? 0.93 + 0.06 * sure : 0.8 + 0.17 * sure;
+    const double share = agreeing / (agreeing + others);
+    return std::min(winner.known ? 0.95 : 0.9, share * share + 0.15 * sure);
 }
 
 void addOther(TextWord& word, const std::string& other) {
@@ -123,8 +168,20 @@ void addOther(TextWord& word, const std::string& other) {
         word.others.push_back(other);
 }
 
+void preferKnown(const Recognizer& recognizer, TextWord& word) {
+    if (isKnown(recognizer, word.text))
+        return;
+    const auto known =
+        std::ranges::find_if(word.others, [&](const std::string& other) { return isKnown(recognizer, other); });
+    if (known == word.others.end())
+        return;
+    std::swap(word.text, *known);
+    std::rotate(word.others.begin(), known, known + 1);
+    word.confidence = std::min(word.confidence, kTrustOfKnownChoice);
+}
+
 // The winner's words, with what the others read in their places.
-Words elected(const std::vector<Ballot>& ballots) {
+Words elected(const Recognizer& recognizer, const std::vector<Ballot>& ballots) {
     const auto winner = std::ranges::max_element(ballots, [&](const Ballot& a, const Ballot& b) {
         return std::pair(votesFor(ballots, a.text), a.confidence) < std::pair(votesFor(ballots, b.text), b.confidence);
     });
@@ -133,12 +190,13 @@ Words elected(const std::vector<Ballot>& ballots) {
         std::vector<Ballot> alone;
         for (const Ballot& ballot : ballots) {
             if (ballot.words.size() == words.size())
-                alone.push_back({{}, ballot.words[i].text, ballot.words[i].confidence});
+                alone.push_back(
+                    {{}, ballot.words[i].text, ballot.words[i].confidence, isKnown(recognizer, ballot.words[i].text)});
             else
                 alone.emplace_back();
         }
-        const std::size_t agreeing = countOf(alone, words[i].text);
-        words[i].confidence = sureness(agreeing, ballots.size(), words[i].confidence);
+        const Ballot one{{}, words[i].text, words[i].confidence, isKnown(recognizer, words[i].text)};
+        words[i].confidence = sureness(alone, one);
         const std::vector<std::string> choices = std::exchange(words[i].others, {});
         std::ranges::stable_sort(alone, std::greater(),
                                  [&](const Ballot& ballot) { return votesFor(alone, ballot.text); });
@@ -150,6 +208,7 @@ Words elected(const std::vector<Ballot>& ballots) {
         }
         for (const std::string& choice : choices)
             addOther(words[i], choice);
+        preferKnown(recognizer, words[i]);
     }
     return words;
 }
@@ -162,7 +221,8 @@ void considerNumber(Recognizer& recognizer, const WordGroup& group, Words& words
     std::string number;
     for (const Rendering rendering : {Rendering::Plain, Rendering::Ink}) {
         const PixPtr picture = pictureOf(group, rendering);
-        const Ballot ballot = ballotOf(picture ? recognizer.readLine(picture.get(), Alphabet::Digits) : Words{});
+        const Ballot ballot =
+            ballotOf(recognizer, picture ? recognizer.readLine(picture.get(), Alphabet::Digits) : Words{});
         if (!isNumber(ballot.text) || (!number.empty() && ballot.text != number))
             return;
         number = ballot.text;
@@ -183,17 +243,18 @@ Words readGroup(Recognizer& recognizer, const WordGroup& group, Effort effort) {
     std::vector<Ballot> ballots;
     const auto read = [&](Rendering rendering) {
         const PixPtr picture = pictureOf(group, rendering);
-        ballots.push_back(ballotOf(picture ? recognizer.readLine(picture.get()) : Words{}));
+        ballots.push_back(ballotOf(recognizer, picture ? recognizer.readLine(picture.get()) : Words{}));
     };
     for (const Rendering rendering : kFirst) {
         if (effort == Effort::Full || ballots.size() < 2)
             read(rendering);
     }
-    if (effort == Effort::Full && countOf(ballots, ballots.front().text) < ballots.size()) {
+    const auto agrees = [&](const Ballot& ballot) { return ballot.text == ballots.front().text; };
+    if (effort == Effort::Full && !std::ranges::all_of(ballots, agrees)) {
         for (const Rendering rendering : kOnDoubt)
             read(rendering);
     }
-    Words words = elected(ballots);
+    Words words = elected(recognizer, ballots);
     const double width = group.grey ? pixGetWidth(group.grey.get()) * kCapitals / group.capitalHeight : 0;
     for (TextWord& word : words) {
         // Tesseract's boxes are in pixels of one of the pictures; the group's is exact.

@@ -203,10 +203,7 @@ void printTrust(const Trust& trust) {
 class Finder {
   public:
     Finder(const Measured& book, const Draft& draft) : book_(book) {
-        std::vector<GuideWords> guides;
-        for (std::size_t i = 0; i < draft.pages.size(); ++i)
-            guides.push_back({.page = i, .first = draft.pages[i].first, .last = draft.pages[i].last});
-        plan_ = planIndex(entriesOf(guides, book.rule, book.order), book.rule, book.order);
+        plan_ = planIndex(entriesOf(draft, book.rule, book.order), book.rule, book.order);
         for (const IndexLine& line : plan_.lines)
             index_.append(Uppercase(indexSearchWord(line.key, book.order)));
         index_.finish();

@@ -14,6 +14,8 @@ namespace {
 /// Distances between words, as parts of the height of their line.
 constexpr double kPartGap = 1.3;
 constexpr double kTornGap = 0.2;
+/// Pages with two words in alphabetical order around a hyphen that show that guide words are joined by it.
+constexpr std::size_t kLeastPairs = 3;
 
 constexpr std::array<std::string_view, 5> kLongDashes{"–", "—", "―", "−", "‒"};
 constexpr std::array<std::string_view, 4> kJointWords{"bis", "to", "à", "until"};
@@ -204,6 +206,16 @@ std::vector<std::vector<TextWord>> groupsOf(const std::vector<Piece>& pieces, do
     return groups;
 }
 
+/// Whether a hyphen joins two words with the same initial that are in the order of the alphabet, as guide words are and
+/// compounds are only by chance.
+bool isPair(const std::string& text) {
+    const std::size_t at = innerDash(text, {.hyphen = true}).first;
+    if (at == std::string::npos)
+        return false;
+    const std::string one = lettersOf(text.substr(0, at)), other = lettersOf(text.substr(at + 1));
+    return !one.empty() && !other.empty() && one < other && decodeUtf8(one, 0).value == decodeUtf8(other, 0).value;
+}
+
 void appendParts(const PageText& text, bool foot, const GuideJoint& joint, std::vector<HeadPart>& parts) {
     double width = text.width;
     for (const TextLine& line : text.lines)
@@ -232,22 +244,25 @@ void appendParts(const PageText& text, bool foot, const GuideJoint& joint, std::
 } // namespace
 
 GuideJoint guideJointOf(const std::vector<PageReading>& readings) {
-    std::size_t pages = 0, hyphens = 0, words = 0;
+    std::size_t pages = 0, hyphens = 0, pairs = 0, words = 0;
     for (const PageReading& reading : readings) {
-        bool hyphen = false, word = false, any = false;
+        bool hyphen = false, pair = false, word = false, any = false;
         for (const PageText* text : {&reading.head, &reading.foot})
             for (const TextLine& line : text->lines)
                 for (const TextWord& each : line.words) {
                     any = true;
                     hyphen = hyphen || innerDash(each.text, {.hyphen = true}).first != std::string::npos;
+                    pair = pair || isPair(each.text);
                     word = word || (&each != &line.words.front() && &each != &line.words.back() &&
                                     std::find(kJointWords.begin(), kJointWords.end(), each.text) != kJointWords.end());
                 }
         pages += any ? 1 : 0;
         hyphens += hyphen ? 1 : 0;
+        pairs += pair ? 1 : 0;
         words += word ? 1 : 0;
     }
-    return {.hyphen = hyphens * 2 > pages, .word = words * 2 > pages};
+    const bool manyPairs = pairs >= kLeastPairs && pairs * 2 > hyphens;
+    return {.hyphen = manyPairs || hyphens * 2 > pages, .word = words * 2 > pages};
 }
 
 std::vector<HeadPart> headPartsOf(const PageReading& reading, const GuideJoint& joint) {

@@ -22,6 +22,22 @@ constexpr std::array<std::string_view, 4> kJointWords{"bis", "to", "à", "until"
 /// What recognizers take digits for, and the digits.
 constexpr std::string_view kDigitLike = "OoQlIi|!SsBZzgqA";
 constexpr std::string_view kDigitsMeant = "0001111155822994";
+/// What else old-style figures are taken for, and which they may be.
+constexpr std::array<std::pair<char, std::string_view>, 12> kOldFigures{{{'a', "12"},
+                                                                         {'d', "1"},
+                                                                         {'e', "6"},
+                                                                         {'j', "1"},
+                                                                         {'n', "1"},
+                                                                         {'r', "1"},
+                                                                         {'s', "58"},
+                                                                         {'S', "58"},
+                                                                         {'t', "1"},
+                                                                         {'u', "1"},
+                                                                         {'z', "2"},
+                                                                         {'$', "58"}}};
+constexpr std::size_t kMostFigures = 4;
+/// How likely a short part is the number that it looks like.
+constexpr double kFigures = 0.3, kLikeFigures = 0.1;
 
 bool isDigit(char32_t c) {
     return c >= '0' && c <= '9';
@@ -56,6 +72,32 @@ std::string digitsMeant(std::string_view text) {
         }
     }
     return real ? digits : std::string();
+}
+
+/// Each figure that a letter may be.
+std::string figuresLike(char c) {
+    if (isDigit(static_cast<unsigned char>(c)))
+        return {c};
+    for (const auto& [letter, figures] : kOldFigures)
+        if (letter == c)
+            return std::string(figures);
+    const std::size_t like = kDigitLike.find(c);
+    return like == std::string_view::npos ? std::string() : std::string{kDigitsMeant[like]};
+}
+
+/// The numbers that a word of old-style figures may be: "ao" is "10" or "20". Empty if it has a letter that no figure
+/// looks like.
+std::vector<std::string> oldNumbersMeant(std::string_view text) {
+    std::vector<std::string> numbers{""};
+    for (const char c : text) {
+        std::vector<std::string> longer;
+        for (const std::string& number : numbers)
+            for (const char figure : figuresLike(c))
+                longer.push_back(number + figure);
+        numbers = std::move(longer);
+    }
+    std::erase_if(numbers, [](const std::string& number) { return number.empty() || number.starts_with('0'); });
+    return numbers;
 }
 
 bool hasLetter(std::string_view text) {
@@ -188,6 +230,21 @@ std::vector<Guess> readingsOf(const std::vector<TextWord>& words, double height,
     return readings;
 }
 
+/// What a word may mean as a number, if it is as short as one.
+std::vector<Guess> figuresOf(const TextWord& word) {
+    std::vector<Guess> figures;
+    if (word.text.size() > kMostFigures)
+        return figures;
+    std::vector<std::string> texts{word.text};
+    texts.insert(texts.end(), word.others.begin(), word.others.end());
+    for (const std::string& text : texts)
+        addReading(figures, digitsMeant(text), kFigures);
+    for (const std::string& text : texts)
+        for (std::string& number : text.size() > kMostFigures ? std::vector<std::string>() : oldNumbersMeant(text))
+            addReading(figures, std::move(number), kLikeFigures);
+    return figures;
+}
+
 /// Which words of a line belong together.
 std::vector<std::vector<TextWord>> groupsOf(const std::vector<Piece>& pieces, double height) {
     std::vector<std::vector<TextWord>> groups;
@@ -235,6 +292,10 @@ void appendParts(const PageText& text, bool foot, const GuideJoint& joint, std::
                           .line = i,
                           .number = number,
                           .readings = readingsOf(group, height, number)};
+            if (group.size() == 1)
+                part.figures = figuresOf(group.front());
+            for (const Guess& figure : number ? part.figures : std::vector<Guess>())
+                addReading(part.readings, figure.text, kLikeFigures / 2);
             if (!part.readings.empty())
                 parts.push_back(std::move(part));
         }

@@ -111,6 +111,7 @@ std::vector<PageGuess> guessGuideWords(const std::vector<PageReading>& readings)
         parts.push_back(text ? headPartsOf(reading, joint) : std::vector<HeadPart>());
         entries.push_back(text ? entriesOn(reading) : std::vector<Guess>());
     }
+    claimNumbers(parts);
     removeRunningTitles(parts);
     std::vector<int> firstIsEntry;
     firstIsEntry.reserve(readings.size());

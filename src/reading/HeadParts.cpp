@@ -37,7 +37,7 @@ constexpr std::array<std::pair<char, std::string_view>, 12> kOldFigures{{{'a', "
                                                                          {'$', "58"}}};
 constexpr std::size_t kMostFigures = 4;
 /// How likely a short part is the number that it looks like.
-constexpr double kFigures = 0.3, kLikeFigures = 0.1;
+constexpr double kFigures = 0.4, kLikeFigures = 0.3;
 
 bool isDigit(char32_t c) {
     return c >= '0' && c <= '9';
@@ -295,7 +295,7 @@ void appendParts(const PageText& text, bool foot, const GuideJoint& joint, std::
             if (group.size() == 1)
                 part.figures = figuresOf(group.front());
             for (const Guess& figure : number ? part.figures : std::vector<Guess>())
-                addReading(part.readings, figure.text, kLikeFigures / 2);
+                addReading(part.readings, figure.text, kLikeFigures);
             if (!part.readings.empty())
                 parts.push_back(std::move(part));
         }

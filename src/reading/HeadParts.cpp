@@ -1,5 +1,6 @@
 #include "reading/HeadParts.h"
 
+#include "reading/GreekLetters.h"
 #include "text/SearchWord.h"
 #include "text/StringFields.h"
 #include "text/Utf8.h"
@@ -47,7 +48,7 @@ bool isLetter(char32_t c) {
     if (c < 0x80)
         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
     const bool mark = c < 0xC0 || c == 0xD7 || c == 0xF7 || (c >= 0x2000 && c < 0x2C00) || (c >= 0x3000 && c < 0x3005);
-    return !mark && c < kInvalidByteUnit;
+    return !mark && !isGreekMark(c) && c < kInvalidByteUnit;
 }
 
 bool isLongDash(std::string_view text) {
@@ -333,7 +334,8 @@ std::vector<HeadPart> headPartsOf(const PageReading& reading, const GuideJoint& 
     return parts;
 }
 
-std::string trimmedHeadword(std::string_view text) {
+std::string trimmedHeadword(std::string_view read) {
+    const std::string text = plainGreek(read);
     std::size_t begin = text.size(), end = 0;
     for (std::size_t at = 0; at < text.size();) {
         const Utf8Unit unit = decodeUtf8(text, at);
@@ -343,12 +345,12 @@ std::string trimmedHeadword(std::string_view text) {
         }
         at += unit.length;
     }
-    return begin < end ? std::string(text.substr(begin, end - begin)) : std::string();
+    return begin < end ? text.substr(begin, end - begin) : std::string();
 }
 
 std::string lettersOf(std::string_view text) {
     std::string letters;
-    const std::string word = mSub_MakeSearchWord(text);
+    const std::string word = mSub_MakeSearchWord(plainGreek(text));
     for (std::size_t at = 0; at < word.size();) {
         const Utf8Unit unit = decodeUtf8(word, at);
         if (isLetter(unit.value))

@@ -23,6 +23,8 @@ constexpr double kWeightOfSet = 100;
 constexpr double kWeightOfOwn = 1.5;
 /// A page without any number weakens what is said across it: it may count or not.
 constexpr double kAcrossGap = 0.5;
+/// Pages that read a number of one counting, so that it is sure.
+constexpr std::size_t kSureSupport = 3;
 
 enum class Digits { Decimal, SmallRoman, CapitalRoman };
 
@@ -144,23 +146,35 @@ class NumberVote {
     std::ptrdiff_t step_;
 };
 
-/// Pages between two whose numbers are read and count on from one to the other count too, whatever was read on them.
-void countOnBetween(const std::vector<NumberGuess>& guesses, std::vector<std::string>& numbers, std::ptrdiff_t step) {
-    std::optional<std::size_t> before;
-    std::optional<Counting> counting;
+/// The counting that each page's number belongs to, if the number is read on the page itself.
+std::vector<std::optional<Counting>> countingsRead(const std::vector<NumberGuess>& guesses,
+                                                   const std::vector<std::string>& numbers, std::ptrdiff_t step) {
+    std::vector<std::optional<Counting>> countings(numbers.size());
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         const std::vector<Guess>& readings = guesses[i].readings;
         const std::optional<Value> value = valueOf(numbers[i]);
-        const bool read = !readings.empty() && readings.front().text == numbers[i];
-        if (!value || !read)
+        if (value && !readings.empty() && readings.front().text == numbers[i])
+            countings[i] = Counting{value->digits, value->value - step * static_cast<std::ptrdiff_t>(i)};
+    }
+    return countings;
+}
+
+/// Pages between two whose numbers are read and count on from one to the other count too, whatever was read on them.
+void countOnBetween(const std::vector<NumberGuess>& guesses, std::vector<std::string>& numbers, std::ptrdiff_t step) {
+    const std::vector<std::optional<Counting>> countings = countingsRead(guesses, numbers, step);
+    std::map<Counting, std::size_t> support;
+    for (const auto& counting : countings)
+        if (counting)
+            ++support[*counting];
+    std::optional<std::size_t> before;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        if (!countings[i] || support[*countings[i]] < kSureSupport)
             continue;
-        const Counting here{value->digits, value->value - step * static_cast<std::ptrdiff_t>(i)};
-        const bool same = counting && !(*counting < here) && !(here < *counting);
+        const bool same = before && !(*countings[*before] < *countings[i]) && !(*countings[i] < *countings[*before]);
         for (std::size_t k = same ? *before + 1 : i; k < i; ++k)
             if (!guesses[k].set)
-                numbers[k] = textOf(here, step, static_cast<std::ptrdiff_t>(k));
+                numbers[k] = textOf(*countings[i], step, static_cast<std::ptrdiff_t>(k));
         before = i;
-        counting = here;
     }
 }
 

@@ -80,11 +80,7 @@ Draft draftOfReadings(const BookFolder& book, const Draft& before) {
     }
     const std::vector<DraftPage> set = setRows(before, pages);
     Draft draft = mendedDraft(guessGuideWords(readings), set, keyRuleOf(book.settings()), book.settings().order);
-    std::unordered_map<std::string, std::string> errata;
-    for (const DraftPage& row : before.pages)
-        errata.emplace(row.page, row.errata);
-    for (DraftPage& row : draft.pages)
-        row.errata = errata[row.page];
+    keepAddedColumns(before, draft);
     takeGivenNumbers(pages, book.settings(), draft);
     return draft;
 }

@@ -4,8 +4,8 @@
 #include "files/ReadOnlyFile.h"
 #include "files/SystemCalls.h"
 #include "files/TemporaryName.h"
+#include "scan/OpenScan.h"
 #include "scan/PageOrder.h"
-#include "scan/ScanSource.h"
 #include "store/FileNames.h"
 #include "store/ImageIndex.h"
 

@@ -2,7 +2,7 @@
 
 #include "book/ScanPageReader.h"
 #include "book/TakenPages.h"
-#include "scan/ScanSource.h"
+#include "scan/OpenScan.h"
 
 #include <algorithm>
 #include <condition_variable>

@@ -19,7 +19,6 @@ struct ReadScanPage {
 /// Reads pages of a scan. One is used by one thread at a time.
 class ScanPageReader {
   public:
-    /// @param languages as Tesseract calls them
     ScanPageReader(const BookFolder& book, const ScanSource& scan, const PageTaker& taker);
 
     ReadScanPage read(int page, const PageOptions& options);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
 #include <utility>
 
 namespace velmarin {
@@ -69,6 +70,15 @@ std::optional<Draft> parseDraft(std::string_view text) {
                                .errata = field("errata")});
     }
     return draft;
+}
+
+void keepAddedColumns(const Draft& before, Draft& draft) {
+    std::unordered_map<std::string_view, const DraftPage*> rows;
+    for (const DraftPage& row : before.pages)
+        rows.emplace(row.page, &row);
+    for (DraftPage& row : draft.pages)
+        if (const auto found = rows.find(row.page); found != rows.end())
+            row.errata = found->second->errata;
 }
 
 Result saveDraft(const Draft& draft, const std::filesystem::path& file) {

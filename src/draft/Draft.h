@@ -50,6 +50,9 @@ std::string formatDraft(const Draft& draft);
 /// out. nullopt if there is no column `page`.
 std::optional<Draft> parseDraft(std::string_view text);
 
+/// Copies to the rows of `draft` what people add and no reading gives (errata), from the rows of `before` by page.
+void keepAddedColumns(const Draft& before, Draft& draft);
+
 /// Writes draft.tsv atomically.
 Result saveDraft(const Draft& draft, const std::filesystem::path& file);
 

@@ -2,7 +2,7 @@
 
 #include "files/Result.h"
 #include "scan/PageEncoding.h"
-#include "scan/ScanSource.h"
+#include "scan/PageOptions.h"
 
 #include <cstddef>
 #include <filesystem>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "scan/ScanSource.h"
+#include "scan/ScanTool.h"
 
 namespace velmarin {
 

@@ -1,20 +1,15 @@
 #include "scan/ScanSource.h"
 
-#include "files/ReadOnlyFile.h"
-#include "scan/DjvuScan.h"
-#include "scan/FolderScan.h"
 #include "scan/Gutter.h"
 #include "scan/PageFiles.h"
-#include "scan/PdfScan.h"
 #include "scan/PictureExtent.h"
 #include "scan/ScannedPage.h"
 #include "scan/TextGeometry.h"
-#include "scan/TiffScan.h"
-#include "store/PictureFormats.h"
 #include "text/NumberText.h"
 #include "view/Decoders.h"
 
-#include <string_view>
+#include <string>
+#include <utility>
 
 namespace velmarin {
 
@@ -106,23 +101,6 @@ std::vector<std::optional<PageText>> ScanSource::textOf(std::size_t page, const 
         texts[i] = textInColumns(shown, left, left + extents[i].width);
     }
     return texts;
-}
-
-OpenedScan openScan(const FolderItem& item, const ScanTools& tools) {
-    if (item.Directory())
-        return openFolderScan(item);
-    const auto file = ReadOnlyFile::open(item);
-    if (!file)
-        return {.result = Failure{item, "it could not be read"}};
-    constexpr std::size_t kStart = 1024; // a PDF may have other bytes before its header
-    const std::string start = readFileStart(*file, kStart);
-    if (pictureFormat(start, "") == PictureFormat::Tiff)
-        return openTiffScan(item);
-    if (start.find("%PDF-") != std::string::npos)
-        return openPdfScan(item, tools);
-    if (isDjvu(start))
-        return openDjvuScan(item, tools);
-    return {.result = Failure{item, "it is not a folder of pictures, a TIFF, a PDF or a DjVu file"}};
 }
 
 } // namespace velmarin

@@ -2,50 +2,17 @@
 
 #include "files/FolderItem.h"
 #include "files/Result.h"
-#include "platform/ChildProgram.h"
+#include "scan/PageOptions.h"
 #include "scan/PageText.h"
 
 #include <cstddef>
 #include <filesystem>
-#include <functional>
 #include <memory>
 #include <optional>
-#include <string>
 #include <utility>
 #include <vector>
 
 namespace velmarin {
-
-/// Whether a picture of a scan shows two pages side by side, and which of them comes first.
-enum class Spread { None, LeftFirst, RightFirst };
-
-/// How a page of a scan becomes page pictures.
-struct PageOptions {
-    int dpi = 300;                ///< of pages that have to be rendered
-    int turn = 0;                 ///< degrees clockwise: 0, 90, 180 or 270
-    Spread spread = Spread::None; ///< pictures that are higher than wide are not cut
-    /// Called about fifty times a second while a child program works; if it returns false, the page is given up. Empty:
-    /// never.
-    std::function<bool()> mayContinue = {};
-};
-
-/// The pictures of a page of a scan.
-struct PagePictures {
-    /// One; two for a spread that was cut, in reading order. Empty on failure.
-    std::vector<std::filesystem::path> files = {};
-    Result result = {};
-    bool stopped = false; ///< mayContinue has ended it; `result` says so too
-};
-
-/// The programs that read PDF and DjVu, and what they may use for a page.
-struct ScanTools {
-    std::string searchPath = searchPathOfEnvironment();
-    ChildLimits limits = {.wall = std::chrono::minutes(3),
-                          .processor = std::chrono::minutes(2),
-                          .memory = std::uint64_t{4} << 30,
-                          .fileSize = std::uint64_t{1} << 30,
-                          .output = std::size_t{1} << 30};
-};
 
 struct ScannedPage;
 
@@ -98,9 +65,5 @@ struct OpenedScan {
     std::unique_ptr<ScanSource> scan = {}; ///< null on failure
     Result result = {};
 };
-
-/// Opens a scan. Its content decides what it is, not its name. Fails, naming program and package, if a program that it
-/// needs is missing.
-OpenedScan openScan(const FolderItem& item, const ScanTools& tools = {});
 
 } // namespace velmarin

@@ -1,6 +1,5 @@
 #include "scan/ScanTool.h"
 
-#include "scan/ScanSource.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 

@@ -2,6 +2,9 @@
 
 #include "platform/ChildProgram.h"
 
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <initializer_list>
@@ -12,7 +15,15 @@
 
 namespace velmarin {
 
-struct ScanTools;
+/// The programs that read PDF and DjVu, and what they may use for a page.
+struct ScanTools {
+    std::string searchPath = searchPathOfEnvironment();
+    ChildLimits limits = {.wall = std::chrono::minutes(3),
+                          .processor = std::chrono::minutes(2),
+                          .memory = std::uint64_t{4} << 30,
+                          .fileSize = std::uint64_t{1} << 30,
+                          .output = std::size_t{1} << 30};
+};
 
 /// What a program has told of a scan.
 struct ToolAnswer {

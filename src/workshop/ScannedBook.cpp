@@ -62,6 +62,7 @@ Draft ScannedBook::mended(const Draft& draft) {
                           (last == givenBefore.end() || *last->second == row);
         result.pages.push_back(keep ? *before->second : row);
     }
+    keepAddedColumns(draft, result);
     mended_ = std::move(given);
     return result;
 }

@@ -163,6 +163,7 @@ void WorkshopModel::lookOutside() {
             setByPerson(row, wordsOf(*found->second));
         else
             row.state = found->second->state;
+        row.errata = found->second->errata;
     }
     const std::vector<std::size_t> taken = differingRows(to, draft_);
     if (taken.empty())

@@ -28,5 +28,12 @@ TEST(Draft, ReadsWhatASpreadsheetMakesOfIt) {
     EXPECT_FALSE(parseDraft("first\tlast\na\tb\n"));
 }
 
+TEST(Draft, KeepsWhatPeopleAddWhenRowsAreMadeAgain) {
+    Draft draft{{{.page = "p2.tif", .first = "b"}, {.page = "p3.tif", .first = "c"}}};
+    keepAddedColumns({{{.page = "p1.tif", .errata = "e.tif"}, {.page = "p2.tif", .first = "x", .errata = "f.tif"}}},
+                     draft);
+    EXPECT_EQ(draft, (Draft{{{.page = "p2.tif", .first = "b", .errata = "f.tif"}, {.page = "p3.tif", .first = "c"}}}));
+}
+
 } // namespace
 } // namespace velmarin

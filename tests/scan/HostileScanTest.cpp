@@ -1,5 +1,5 @@
 #include "ScanFiles.h"
-#include "scan/ScanSource.h"
+#include "scan/OpenScan.h"
 #include "support/TempFolder.h"
 #include "support/Tree.h"
 #include "view/Encoders.h"

@@ -1,5 +1,5 @@
-#include "scan/ScanSource.h"
 #include "ScanFiles.h"
+#include "scan/OpenScan.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 #include "support/Tree.h"

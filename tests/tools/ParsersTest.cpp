@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "make_samples/Parsers.h"
-#include "make_samples/Text.h"
 #include "make_samples/Webster.h"
+#include "press/Text.h"
 #include "support/TempFolder.h"
 #include "text/FindReplace.h"
 #include "text/StringFields.h"

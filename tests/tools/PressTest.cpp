@@ -1,4 +1,4 @@
-#include "make_samples/Press.h"
+#include "press/Press.h"
 
 #include <random>
 #include <string>
@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "make_samples/Hyphenator.h"
-#include "make_samples/Pagination.h"
+#include "press/Hyphenator.h"
+#include "press/Pagination.h"
 #include "text/FindReplace.h"
 
 /// fontconfig keeps a list of its own until the end.

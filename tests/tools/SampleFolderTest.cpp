@@ -11,7 +11,7 @@
 
 #include "files/FolderItem.h"
 #include "make_samples/Parsers.h"
-#include "make_samples/Text.h"
+#include "press/Text.h"
 #include "support/TempFolder.h"
 #include "support/Tree.h"
 

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "make_samples/Text.h"
 #include "make_scans/ScanFiles.h"
+#include "press/Text.h"
 #include "support/TempFolder.h"
 #include "support/Tree.h"
 #include "view/Decoders.h"

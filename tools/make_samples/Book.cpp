@@ -7,9 +7,9 @@
 #include <map>
 #include <stdexcept>
 
-#include "make_samples/Pagination.h"
-#include "make_samples/Press.h"
 #include "making/NewDictionary.h"
+#include "press/Pagination.h"
+#include "press/Press.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "make_samples/Text.h"
+#include "press/Text.h"
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
 #include "text/FindReplace.h"

@@ -8,7 +8,7 @@
 #include <set>
 #include <utility>
 
-#include "make_samples/Text.h"
+#include "press/Text.h"
 #include "text/FindReplace.h"
 #include "text/UnicodeForms.h"
 #include "text/Utf8.h"

@@ -4,9 +4,9 @@
 #include <array>
 
 #include "make_samples/Parsers.h"
-#include "make_samples/Text.h"
 #include "make_samples/Webster.h"
 #include "making/KeyRule.h"
+#include "press/Text.h"
 #include "text/FindReplace.h"
 #include "text/Utf8.h"
 

@@ -8,8 +8,8 @@
 
 #include <pango/pangocairo.h>
 
-#include "make_samples/Text.h"
 #include "making/KeyRule.h"
+#include "press/Text.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
 

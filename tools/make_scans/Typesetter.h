@@ -8,10 +8,10 @@
 
 #include <cairo.h>
 
-#include "make_samples/Pagination.h"
-#include "make_samples/Press.h"
 #include "make_scans/Raster.h"
 #include "make_scans/ScanBook.h"
+#include "press/Pagination.h"
+#include "press/Press.h"
 
 namespace velmarin {
 

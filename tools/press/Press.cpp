@@ -1,4 +1,4 @@
-#include "make_samples/Press.h"
+#include "press/Press.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +13,7 @@
 #include <pango/pangocairo.h>
 #include <pango/pangofc-fontmap.h>
 
-#include "make_samples/Text.h"
+#include "press/Text.h"
 #include "text/FindReplace.h"
 #include "text/LetterCase.h"
 

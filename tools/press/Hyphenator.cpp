@@ -1,4 +1,4 @@
-#include "make_samples/Hyphenator.h"
+#include "press/Hyphenator.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "make_samples/Text.h"
+#include "press/Text.h"
 
 #include <algorithm>
 #include <utility>

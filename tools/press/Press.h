@@ -8,9 +8,9 @@
 
 #include <pango/pango.h>
 
-#include "make_samples/Book.h"
-#include "make_samples/Hyphenator.h"
-#include "make_samples/Pagination.h"
+#include "press/Design.h"
+#include "press/Hyphenator.h"
+#include "press/Pagination.h"
 
 namespace velmarin {
 

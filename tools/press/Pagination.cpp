@@ -1,4 +1,4 @@
-#include "make_samples/Pagination.h"
+#include "press/Pagination.h"
 
 #include <algorithm>
 #include <span>

@@ -307,7 +307,7 @@ void printDetails(const Measured& book, const std::vector<PageGuess>& guesses, c
         const TruePage& truth = book.pages[i];
         const Verdict verdict = verdictOf(book, truth, draft.pages[i]);
         const bool doubtful = draft.pages[i].state == PageState::Doubtful;
-        if (verdict.right() && !doubtful)
+        if (verdict.right() && !doubtful && truth.number == draft.pages[i].number)
             continue;
         std::printf("  %s %s%s %3d: %s \"%s\" \"%s\", draft \"%s\" \"%s\"; guesses", truth.page.c_str(),
                     std::string(nameOf(draft.pages[i].state)).c_str(), verdict.right() ? "" : " WRONG",
@@ -319,7 +319,8 @@ void printDetails(const Measured& book, const std::vector<PageGuess>& guesses, c
                 std::printf(" %s %.2f", list[k].text.c_str(), list[k].confidence);
             std::printf(" /");
         }
-        std::printf("%s\n", guesses[i].unheaded ? " unheaded" : "");
+        std::printf("%s; number \"%s\", draft \"%s\"\n", guesses[i].unheaded ? " unheaded" : "", truth.number.c_str(),
+                    draft.pages[i].number.c_str());
     }
 }
 

@@ -23,6 +23,8 @@ constexpr double kWeightOfSet = 100;
 constexpr double kWeightOfOwn = 1.5;
 /// A page without any number weakens what is said across it: it may count or not.
 constexpr double kAcrossGap = 0.5;
+/// Pages that read a number of one counting, so that it is sure.
+constexpr std::size_t kSureSupport = 3;
 
 enum class Digits { Decimal, SmallRoman, CapitalRoman };
 
@@ -54,16 +56,22 @@ std::optional<Value> valueOf(const std::string& text) {
     return std::nullopt;
 }
 
+bool countsOn(const NumberGuess& before, const NumberGuess& after, std::ptrdiff_t step) {
+    return std::any_of(before.readings.begin(), before.readings.end(), [&](const Guess& one) {
+        const std::optional<Value> value = valueOf(one.text);
+        return value && std::any_of(after.readings.begin(), after.readings.end(), [&](const Guess& other) {
+                   const std::optional<Value> next = valueOf(other.text);
+                   return next && next->digits == value->digits && next->value - value->value == step;
+               });
+    });
+}
+
 /// 2 if most pages count on by two, else 1.
 std::ptrdiff_t stepOf(const std::vector<NumberGuess>& guesses) {
     std::array<std::size_t, 3> steps{};
-    for (std::size_t i = 1; i < guesses.size(); ++i) {
-        if (guesses[i].readings.empty() || guesses[i - 1].readings.empty())
-            continue;
-        const auto before = valueOf(guesses[i - 1].readings[0].text), here = valueOf(guesses[i].readings[0].text);
-        if (before && here && (here->value - before->value == 1 || here->value - before->value == 2))
-            ++steps[static_cast<std::size_t>(here->value - before->value)];
-    }
+    for (std::size_t i = 1; i < guesses.size(); ++i)
+        for (const std::size_t step : {1U, 2U})
+            steps[step] += countsOn(guesses[i - 1], guesses[i], static_cast<std::ptrdiff_t>(step)) ? 1 : 0;
     return steps[2] > steps[1] ? 2 : 1;
 }
 
@@ -80,6 +88,8 @@ std::string textOf(const Counting& counting, std::ptrdiff_t step, std::ptrdiff_t
 class NumberVote {
   public:
     explicit NumberVote(const std::vector<NumberGuess>& guesses) : guesses_(guesses), step_(stepOf(guesses)) {}
+
+    std::ptrdiff_t step() const { return step_; }
 
     std::string numberOf(std::ptrdiff_t page) const {
         std::map<Counting, Support> votes;
@@ -136,6 +146,38 @@ class NumberVote {
     std::ptrdiff_t step_;
 };
 
+/// The counting that each page's number belongs to, if the number is read on the page itself.
+std::vector<std::optional<Counting>> countingsRead(const std::vector<NumberGuess>& guesses,
+                                                   const std::vector<std::string>& numbers, std::ptrdiff_t step) {
+    std::vector<std::optional<Counting>> countings(numbers.size());
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const std::vector<Guess>& readings = guesses[i].readings;
+        const std::optional<Value> value = valueOf(numbers[i]);
+        if (value && !readings.empty() && readings.front().text == numbers[i])
+            countings[i] = Counting{value->digits, value->value - step * static_cast<std::ptrdiff_t>(i)};
+    }
+    return countings;
+}
+
+/// Pages between two whose numbers are read and count on from one to the other count too, whatever was read on them.
+void countOnBetween(const std::vector<NumberGuess>& guesses, std::vector<std::string>& numbers, std::ptrdiff_t step) {
+    const std::vector<std::optional<Counting>> countings = countingsRead(guesses, numbers, step);
+    std::map<Counting, std::size_t> support;
+    for (const auto& counting : countings)
+        if (counting)
+            ++support[*counting];
+    std::optional<std::size_t> before;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        if (!countings[i] || support[*countings[i]] < kSureSupport)
+            continue;
+        const bool same = before && !(*countings[*before] < *countings[i]) && !(*countings[i] < *countings[*before]);
+        for (std::size_t k = same ? *before + 1 : i; k < i; ++k)
+            if (!guesses[k].set)
+                numbers[k] = textOf(*countings[i], step, static_cast<std::ptrdiff_t>(k));
+        before = i;
+    }
+}
+
 } // namespace
 
 std::vector<std::string> mendedNumbers(const std::vector<NumberGuess>& guesses) {
@@ -146,6 +188,7 @@ std::vector<std::string> mendedNumbers(const std::vector<NumberGuess>& guesses) 
         numbers.push_back(guesses[i].set && !guesses[i].readings.empty()
                               ? guesses[i].readings[0].text
                               : vote.numberOf(static_cast<std::ptrdiff_t>(i)));
+    countOnBetween(guesses, numbers, vote.step());
     return numbers;
 }
 

@@ -12,6 +12,10 @@ namespace {
 constexpr std::size_t kMostParts = 9;
 /// How far, of the page's height, a line may be from where the guide words of the book are.
 constexpr double kLineReach = 0.06;
+/// How far, of the page's width, a number may be from where numbers are.
+constexpr double kNumberReach = 0.06;
+constexpr std::size_t kLeastNumbers = 3; // that show a place
+constexpr std::size_t kLeastLetters = 4; // of a word that is not a misread number
 
 double median(std::vector<double> values, double otherwise) {
     if (values.empty())
@@ -87,13 +91,45 @@ std::optional<double> placeOfNumbers(const std::vector<std::vector<HeadPart>>& p
                 middles.push_back(part.middle());
     const double place = median(middles, -1);
     const auto near =
-        std::count_if(middles.begin(), middles.end(), [&](double x) { return std::abs(x - place) < 0.06; });
+        std::count_if(middles.begin(), middles.end(), [&](double x) { return std::abs(x - place) < kNumberReach; });
     return !middles.empty() && near * 10 > static_cast<std::ptrdiff_t>(middles.size()) * 7 ? std::optional(place)
                                                                                            : std::nullopt;
 }
 
+/// A place of page numbers, in the head or in the foot.
+struct NumberPlace {
+    bool foot = false;
+    double middle = 0, y = 0;
+
+    bool has(const HeadPart& part) const {
+        return part.foot == foot && std::abs(part.middle() - middle) < kNumberReach &&
+               std::abs(part.y - y) < kLineReach;
+    }
+};
+
+/// The places where most numbers of the left, the middle and the right third are.
+std::vector<NumberPlace> placesOfNumbers(const std::vector<std::vector<HeadPart>>& pages) {
+    std::vector<NumberPlace> places;
+    for (const bool foot : {false, true})
+        for (const int third : {0, 1, 2}) {
+            std::vector<double> middles, heights;
+            for (const auto& parts : pages)
+                for (const HeadPart& part : parts)
+                    if (part.number && part.foot == foot && static_cast<int>(part.middle() * 3) == third) {
+                        middles.push_back(part.middle());
+                        heights.push_back(part.y);
+                    }
+            const NumberPlace place{foot, median(middles, 0), median(heights, 0)};
+            const auto near = static_cast<std::size_t>(std::count_if(
+                middles.begin(), middles.end(), [&](double x) { return std::abs(x - place.middle) < kNumberReach; }));
+            if (near >= kLeastNumbers && near * 20 >= pages.size() && near * 10 > middles.size() * 6)
+                places.push_back(place);
+        }
+    return places;
+}
+
 bool atNumber(const HeadPart& part, const GuideLayout& layout) {
-    return layout.number && std::abs(part.middle() - *layout.number) < 0.06;
+    return layout.number && std::abs(part.middle() - *layout.number) < kNumberReach;
 }
 
 GuideLayout::Kind kindOfSingles(const std::vector<double>& middles, const std::vector<int>& firstIsEntry) {
@@ -109,6 +145,23 @@ GuideLayout::Kind kindOfSingles(const std::vector<double>& middles, const std::v
 }
 
 } // namespace
+
+void claimNumbers(std::vector<std::vector<HeadPart>>& pages) {
+    const std::vector<NumberPlace> places = placesOfNumbers(pages);
+    for (auto& parts : pages) {
+        if (std::any_of(parts.begin(), parts.end(), [](const HeadPart& part) { return part.number; }))
+            continue;
+        for (HeadPart& part : parts) {
+            const bool here =
+                std::any_of(places.begin(), places.end(), [&](const NumberPlace& place) { return place.has(part); });
+            if (!here || lettersOf(part.readings.front().text).size() >= kLeastLetters)
+                continue;
+            part.number = true;
+            part.readings = part.figures;
+            break;
+        }
+    }
+}
 
 void removeRunningTitles(std::vector<std::vector<HeadPart>>& pages) {
     std::map<std::string, Occurrence> found;

@@ -29,6 +29,9 @@ struct PlacedParts {
     std::optional<HeadPart> first = {}, last = {}, number = {};
 };
 
+/// Finds the places of the page numbers, one or the two outer corners, and takes short misread parts there for numbers.
+void claimNumbers(std::vector<std::vector<HeadPart>>& pages);
+
 /// Takes out of `pages` what repeats throughout the book: running titles and headings of letters.
 void removeRunningTitles(std::vector<std::vector<HeadPart>>& pages);
 

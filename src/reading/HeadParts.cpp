@@ -1,5 +1,6 @@
 #include "reading/HeadParts.h"
 
+#include "reading/GreekLetters.h"
 #include "text/SearchWord.h"
 #include "text/StringFields.h"
 #include "text/Utf8.h"
@@ -14,12 +15,30 @@ namespace {
 /// Distances between words, as parts of the height of their line.
 constexpr double kPartGap = 1.3;
 constexpr double kTornGap = 0.2;
+/// Pages with two words in alphabetical order around a hyphen that show that guide words are joined by it.
+constexpr std::size_t kLeastPairs = 3;
 
 constexpr std::array<std::string_view, 5> kLongDashes{"–", "—", "―", "−", "‒"};
 constexpr std::array<std::string_view, 4> kJointWords{"bis", "to", "à", "until"};
 /// What recognizers take digits for, and the digits.
 constexpr std::string_view kDigitLike = "OoQlIi|!SsBZzgqA";
 constexpr std::string_view kDigitsMeant = "0001111155822994";
+/// What else old-style figures are taken for, and which they may be.
+constexpr std::array<std::pair<char, std::string_view>, 12> kOldFigures{{{'a', "12"},
+                                                                         {'d', "1"},
+                                                                         {'e', "6"},
+                                                                         {'j', "1"},
+                                                                         {'n', "1"},
+                                                                         {'r', "1"},
+                                                                         {'s', "58"},
+                                                                         {'S', "58"},
+                                                                         {'t', "1"},
+                                                                         {'u', "1"},
+                                                                         {'z', "2"},
+                                                                         {'$', "58"}}};
+constexpr std::size_t kMostFigures = 4;
+/// How likely a short part is the number that it looks like.
+constexpr double kFigures = 0.4, kLikeFigures = 0.3;
 
 bool isDigit(char32_t c) {
     return c >= '0' && c <= '9';
@@ -29,7 +48,7 @@ bool isLetter(char32_t c) {
     if (c < 0x80)
         return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
     const bool mark = c < 0xC0 || c == 0xD7 || c == 0xF7 || (c >= 0x2000 && c < 0x2C00) || (c >= 0x3000 && c < 0x3005);
-    return !mark && c < kInvalidByteUnit;
+    return !mark && !isGreekMark(c) && c < kInvalidByteUnit;
 }
 
 bool isLongDash(std::string_view text) {
@@ -54,6 +73,32 @@ std::string digitsMeant(std::string_view text) {
         }
     }
     return real ? digits : std::string();
+}
+
+/// Each figure that a letter may be.
+std::string figuresLike(char c) {
+    if (isDigit(static_cast<unsigned char>(c)))
+        return {c};
+    for (const auto& [letter, figures] : kOldFigures)
+        if (letter == c)
+            return std::string(figures);
+    const std::size_t like = kDigitLike.find(c);
+    return like == std::string_view::npos ? std::string() : std::string{kDigitsMeant[like]};
+}
+
+/// The numbers that a word of old-style figures may be: "ao" is "10" or "20". Empty if it has a letter that no figure
+/// looks like.
+std::vector<std::string> oldNumbersMeant(std::string_view text) {
+    std::vector<std::string> numbers{""};
+    for (const char c : text) {
+        std::vector<std::string> longer;
+        for (const std::string& number : numbers)
+            for (const char figure : figuresLike(c))
+                longer.push_back(number + figure);
+        numbers = std::move(longer);
+    }
+    std::erase_if(numbers, [](const std::string& number) { return number.empty() || number.starts_with('0'); });
+    return numbers;
 }
 
 bool hasLetter(std::string_view text) {
@@ -186,6 +231,21 @@ std::vector<Guess> readingsOf(const std::vector<TextWord>& words, double height,
     return readings;
 }
 
+/// What a word may mean as a number, if it is as short as one.
+std::vector<Guess> figuresOf(const TextWord& word) {
+    std::vector<Guess> figures;
+    if (word.text.size() > kMostFigures)
+        return figures;
+    std::vector<std::string> texts{word.text};
+    texts.insert(texts.end(), word.others.begin(), word.others.end());
+    for (const std::string& text : texts)
+        addReading(figures, digitsMeant(text), kFigures);
+    for (const std::string& text : texts)
+        for (std::string& number : text.size() > kMostFigures ? std::vector<std::string>() : oldNumbersMeant(text))
+            addReading(figures, std::move(number), kLikeFigures);
+    return figures;
+}
+
 /// Which words of a line belong together.
 std::vector<std::vector<TextWord>> groupsOf(const std::vector<Piece>& pieces, double height) {
     std::vector<std::vector<TextWord>> groups;
@@ -202,6 +262,16 @@ std::vector<std::vector<TextWord>> groupsOf(const std::vector<Piece>& pieces, do
         afterNumber = number;
     }
     return groups;
+}
+
+/// Whether a hyphen joins two words with the same initial that are in the order of the alphabet, as guide words are and
+/// compounds are only by chance.
+bool isPair(const std::string& text) {
+    const std::size_t at = innerDash(text, {.hyphen = true}).first;
+    if (at == std::string::npos)
+        return false;
+    const std::string one = lettersOf(text.substr(0, at)), other = lettersOf(text.substr(at + 1));
+    return !one.empty() && !other.empty() && one < other && decodeUtf8(one, 0).value == decodeUtf8(other, 0).value;
 }
 
 void appendParts(const PageText& text, bool foot, const GuideJoint& joint, std::vector<HeadPart>& parts) {
@@ -223,6 +293,10 @@ void appendParts(const PageText& text, bool foot, const GuideJoint& joint, std::
                           .line = i,
                           .number = number,
                           .readings = readingsOf(group, height, number)};
+            if (group.size() == 1)
+                part.figures = figuresOf(group.front());
+            for (const Guess& figure : number ? part.figures : std::vector<Guess>())
+                addReading(part.readings, figure.text, kLikeFigures);
             if (!part.readings.empty())
                 parts.push_back(std::move(part));
         }
@@ -232,22 +306,25 @@ void appendParts(const PageText& text, bool foot, const GuideJoint& joint, std::
 } // namespace
 
 GuideJoint guideJointOf(const std::vector<PageReading>& readings) {
-    std::size_t pages = 0, hyphens = 0, words = 0;
+    std::size_t pages = 0, hyphens = 0, pairs = 0, words = 0;
     for (const PageReading& reading : readings) {
-        bool hyphen = false, word = false, any = false;
+        bool hyphen = false, pair = false, word = false, any = false;
         for (const PageText* text : {&reading.head, &reading.foot})
             for (const TextLine& line : text->lines)
                 for (const TextWord& each : line.words) {
                     any = true;
                     hyphen = hyphen || innerDash(each.text, {.hyphen = true}).first != std::string::npos;
+                    pair = pair || isPair(each.text);
                     word = word || (&each != &line.words.front() && &each != &line.words.back() &&
                                     std::find(kJointWords.begin(), kJointWords.end(), each.text) != kJointWords.end());
                 }
         pages += any ? 1 : 0;
         hyphens += hyphen ? 1 : 0;
+        pairs += pair ? 1 : 0;
         words += word ? 1 : 0;
     }
-    return {.hyphen = hyphens * 2 > pages, .word = words * 2 > pages};
+    const bool manyPairs = pairs >= kLeastPairs && pairs * 2 > hyphens;
+    return {.hyphen = manyPairs || hyphens * 2 > pages, .word = words * 2 > pages};
 }
 
 std::vector<HeadPart> headPartsOf(const PageReading& reading, const GuideJoint& joint) {
@@ -257,7 +334,8 @@ std::vector<HeadPart> headPartsOf(const PageReading& reading, const GuideJoint& 
     return parts;
 }
 
-std::string trimmedHeadword(std::string_view text) {
+std::string trimmedHeadword(std::string_view read) {
+    const std::string text = plainGreek(read);
     std::size_t begin = text.size(), end = 0;
     for (std::size_t at = 0; at < text.size();) {
         const Utf8Unit unit = decodeUtf8(text, at);
@@ -267,12 +345,12 @@ std::string trimmedHeadword(std::string_view text) {
         }
         at += unit.length;
     }
-    return begin < end ? std::string(text.substr(begin, end - begin)) : std::string();
+    return begin < end ? text.substr(begin, end - begin) : std::string();
 }
 
 std::string lettersOf(std::string_view text) {
     std::string letters;
-    const std::string word = mSub_MakeSearchWord(text);
+    const std::string word = mSub_MakeSearchWord(plainGreek(text));
     for (std::size_t at = 0; at < word.size();) {
         const Utf8Unit unit = decodeUtf8(word, at);
         if (isLetter(unit.value))

@@ -16,6 +16,7 @@ struct HeadPart {
     std::size_t line = 0; ///< of the head or foot
     bool number = false;  ///< has digits, or what is taken for them, and no other letters
     std::vector<Guess> readings = {};
+    std::vector<Guess> figures = {}; ///< of a short part: the numbers that it may be, misread
 
     double middle() const { return (left + right) / 2; }
 };

@@ -26,7 +26,8 @@ class PageInWork {
           layout_(layoutOf(page_)) {}
 
     PageReading read(EntryWords entries) {
-        reading_.look = layout_.look;
+        const bool layerWords = layer_ != nullptr && !layer_->lines.empty();
+        reading_.look = layout_.look == PageLook::Blank && layerWords ? PageLook::Text : layout_.look;
         reading_.head = emptyText();
         reading_.foot = emptyText();
         reading_.headStrip = page_.straightening.onPage(topOf(page_, layout_));

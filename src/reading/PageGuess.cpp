@@ -15,6 +15,9 @@ constexpr double kDoubtOfTwice = 0.4;
 /// An entry's beginning that is almost the guide word, as another reading of it.
 constexpr double kAlmostSame = 0.4;
 constexpr std::size_t kMostReadings = 6;
+/// The most that the first entry is worth in a book without guide words: an entry above it may have been missed, and
+/// its end is not sure.
+constexpr double kEntryAlone = 0.6;
 
 /// The headword at the beginning of an entry: the bold words, or those before the first mark that ends a headword.
 Guess headwordOf(const TextLine& line) {
@@ -116,6 +119,7 @@ std::vector<PageGuess> guessGuideWords(const std::vector<PageReading>& readings)
         parts.push_back(text ? headPartsOf(reading, joint) : std::vector<HeadPart>());
         entries.push_back(text ? entriesOn(reading) : std::vector<Guess>());
     }
+    claimNumbers(parts);
     removeRunningTitles(parts);
     std::vector<int> firstIsEntry;
     firstIsEntry.reserve(readings.size());
@@ -136,6 +140,8 @@ std::vector<PageGuess> guessGuideWords(const std::vector<PageReading>& readings)
         if (guess.first.empty() && guess.last.empty() && !entries[i].empty()) {
             guess.first = {entries[i].front()};
             guess.unheaded = layout.kind != GuideLayout::Kind::None;
+            if (!guess.unheaded)
+                guess.first.front().confidence = std::min(guess.first.front().confidence, kEntryAlone);
         }
         guesses.push_back(std::move(guess));
     }

@@ -38,14 +38,15 @@ double pitchOf(const std::vector<TextColumn>& columns) {
 struct EdgeRow {
     std::vector<std::size_t> columns; ///< those that have a line in it
     PageBox box;
-    double filled = 0;  ///< the part of the text's width that has letters
-    double farther = 0; ///< the distance to the next line, in line pitches; the least of all columns
-    bool ruled = false; ///< there is a rule across the text between it and the next lines
+    double filled = 0;   ///< the part of the text's width that has letters
+    double farther = 0;  ///< the distance to the next line, in line pitches; the least of all columns
+    bool ruled = false;  ///< there is a rule across the text between it and the next lines
+    bool asText = false; ///< each of its lines begins where the next lines of its column do
 
     // How much speaks for a head. A line of the text has at most 1. A short one that nothing parts from the next may be
-    // the end of an entry, at the top of the only column that reaches so high.
+    // an entry, or the end of one at the top of the only column that reaches so high.
     int score() const {
-        if (!ruled && farther < 1.15 && columns.size() < 2)
+        if (!ruled && farther < 1.15 && (columns.size() < 2 || asText))
             return 0;
         return (ruled ? 3 : 0) + (farther >= 1.35) + (farther >= 1.15) + (filled < 0.7) + (filled < 0.4);
     }
@@ -107,7 +108,21 @@ class EdgeFinder {
         row.box = {left, top, right - left, bottom - top};
         row.filled = letters / textWidth();
         describeSeparation(row, taken);
+        row.asText = std::ranges::all_of(row.columns, [&](std::size_t i) { return beginsAsText(i, taken[i]); });
         return row;
+    }
+
+    // Whether the line of a column before its `next` one begins within the left edges of the lines after it.
+    bool beginsAsText(std::size_t column, std::size_t next) const {
+        constexpr std::size_t kLines = 8;
+        const std::vector<LineBand>& lines = columns_[column].lines;
+        const auto after = [&](std::size_t i) { return lines.begin() + static_cast<std::ptrdiff_t>(i); };
+        if (next + 2 > lines.size())
+            return false;
+        const auto [least, most] = std::ranges::minmax(
+            std::ranges::subrange(after(next), after(std::min(lines.size(), next + kLines))), {}, &LineBand::left);
+        const double slack = 0.6 * xHeight_;
+        return lines[next - 1].left > least.left - slack && lines[next - 1].left < most.left + slack;
     }
 
     void describeSeparation(EdgeRow& row, const std::vector<std::size_t>& taken) const {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 namespace velmarin {
@@ -113,6 +114,37 @@ TEST(PageGuess, FindsTheGuideWordsInAnyArrangement) {
             EXPECT_EQ(best(guesses[i].number), !has('n') ? "" : letters ? "1" + std::to_string(i) : number(i));
         }
     }
+}
+
+TEST(PageGuess, SeesAHyphenThatFewPagesHave) {
+    std::vector<PageReading> pages = book([](auto i, auto f, auto l) {
+        return i < 3 ? page(f + "-" + l + "@400") : page(i % 2 ? "a@80 kind@400 of@700" : "");
+    });
+    const std::vector<PageGuess> guesses = guessGuideWords(pages);
+    EXPECT_EQ(best(guesses[1].first), "abbess");
+    EXPECT_EQ(best(guesses[1].last), "abbot");
+}
+
+TEST(PageGuess, TakesMisreadFiguresAtTheOuterCornerForTheNumber) {
+    const char* const numbers[] = {"11", "12", "13", "14", "15", "16", "LJ", "ao"};
+    const std::vector<PageGuess> guesses = guessGuideWords(book([&](auto i, auto f, auto l) {
+        const std::string words = f + "–" + l + "@350";
+        return page(i % 2 ? std::string(numbers[i]) + "@50 " + words : words + " " + numbers[i] + "@900");
+    }));
+    const auto mayBe = [](const PageGuess& guess, const std::string& number) {
+        return std::ranges::any_of(guess.number, [&](const Guess& each) { return each.text == number; });
+    };
+    EXPECT_TRUE(mayBe(guesses[7], "20"));
+    for (std::size_t i = 0; i < guesses.size(); ++i) {
+        EXPECT_EQ(best(guesses[i].first), kWords[2 * i]);
+        EXPECT_EQ(best(guesses[i].last), kWords[2 * i + 1]);
+    }
+}
+
+TEST(PageGuess, WritesGreekWithTheLettersOfPrint) {
+    const std::vector<PageGuess> guesses = guessGuideWords({page("᾿αλωνίζω@80 ϑερμόo@800")});
+    EXPECT_EQ(best(guesses[0].first), "αλωνίζω");
+    EXPECT_EQ(best(guesses[0].last), "θερμόο");
 }
 
 TEST(PageGuess, TellsTheFirstWordOfALeftPageFromTheLastOfARightOne) {

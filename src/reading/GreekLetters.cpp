@@ -1,0 +1,52 @@
+#include "reading/GreekLetters.h"
+
+#include "text/UnicodeForms.h"
+#include "text/Utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace velmarin {
+
+namespace {
+
+/// Latin letters and variants of Greek ones, and the letters that they are taken for.
+constexpr std::array<std::pair<char32_t, std::string_view>, 35> kMeant{
+    {{U'ϑ', "θ"}, {U'ϐ', "β"}, {U'ϕ', "φ"}, {U'ϖ', "π"}, {U'ϰ', "κ"}, {U'ϱ', "ρ"}, {U'ϲ', "σ"},
+     {U'ϒ', "Υ"}, {U'µ', "μ"}, {U'a', "α"}, {U'o', "ο"}, {U'v', "ν"}, {U'i', "ι"}, {U'k', "κ"},
+     {U'p', "ρ"}, {U'u', "υ"}, {U'x', "χ"}, {U'y', "γ"}, {U'w', "ω"}, {U'n', "η"}, {U't', "τ"},
+     {U'A', "Α"}, {U'B', "Β"}, {U'E', "Ε"}, {U'Z', "Ζ"}, {U'H', "Η"}, {U'I', "Ι"}, {U'K', "Κ"},
+     {U'M', "Μ"}, {U'N', "Ν"}, {U'O', "Ο"}, {U'P', "Ρ"}, {U'T', "Τ"}, {U'Y', "Υ"}, {U'X', "Χ"}}};
+
+bool isGreekLetter(char32_t c) {
+    return !isGreekMark(c) && ((c >= 0x370 && c < 0x400) || (c >= 0x1F00 && c < 0x2000));
+}
+
+} // namespace
+
+bool isGreekMark(char32_t c) {
+    constexpr std::array<char32_t, 8> kMarks{0x374, 0x375, 0x37A, 0x37E, 0x384, 0x385, 0x387, 0x1FBD};
+    return std::find(kMarks.begin(), kMarks.end(), c) != kMarks.end() || (c >= 0x1FBF && c <= 0x1FC1) ||
+           (c >= 0x1FCD && c <= 0x1FCF) || (c >= 0x1FDD && c <= 0x1FDF) || (c >= 0x1FED && c <= 0x1FEF) ||
+           (c >= 0x1FFD && c <= 0x1FFE);
+}
+
+std::string plainGreek(std::string_view text) {
+    std::string plain;
+    bool greek = false;
+    for (std::size_t at = 0; at < text.size();) {
+        const Utf8Unit unit = decodeUtf8(text, at);
+        const auto meant =
+            std::find_if(kMeant.begin(), kMeant.end(), [&](const auto& each) { return each.first == unit.value; });
+        greek = greek || isGreekLetter(unit.value);
+        if (meant != kMeant.end())
+            plain += meant->second;
+        else if (!isGreekMark(unit.value))
+            plain += text.substr(at, unit.length);
+        at += unit.length;
+    }
+    return greek ? composedForm(plain) : std::string(text);
+}
+
+} // namespace velmarin

@@ -1,7 +1,8 @@
 #include "draft/GuideSlots.h"
 
+#include "draft/LetterModel.h"
+
 #include <algorithm>
-#include <functional>
 #include <string_view>
 #include <unordered_set>
 
@@ -27,41 +28,15 @@ GuideSlot slotOf(const std::vector<Guess>& guesses, const KeyRule& rule, const I
     return slot;
 }
 
-/// From so many words on, three letters tell more than two.
-constexpr std::size_t kManyWords = 2000;
-/// Of fewer words than this most have a sequence of their own.
+/// Fewer words than this do not tell which letters are usual.
 constexpr std::size_t kFewWords = 100;
+/// A word is strange if another reading of it is likelier by its letters than this; the logarithm of the odds.
+constexpr double kStrangeOdds = 2;
 
-/// Counts the sequences of letters in the words of a book, the ends of the words included.
-class LetterSequences {
-  public:
-    explicit LetterSequences(std::size_t length) : length_(length) {}
-
-    void add(std::string_view word) {
-        forEach(word, [this](std::size_t place) { ++counts_[place]; });
-    }
-
-    /// Whether a word has a sequence that occurs in it alone.
-    /// @param own how often the word has been added
-    bool strange(std::string_view word, unsigned own) const {
-        bool found = false;
-        forEach(word, [&](std::size_t place) { found = found || counts_[place] <= own; });
-        return found;
-    }
-
-  private:
-    /// Different sequences may share a counter, which makes a few strange words look usual.
-    static constexpr std::size_t kCounters = 1 << 16;
-
-    template <typename Use> void forEach(std::string_view word, Use use) const {
-        const std::string whole = "^" + std::string(word) + "$";
-        for (std::size_t i = 0; i + length_ <= whole.size(); ++i)
-            use(std::hash<std::string_view>()(std::string_view(whole).substr(i, length_)) % kCounters);
-    }
-
-    std::size_t length_;
-    std::vector<unsigned> counts_ = std::vector<unsigned>(kCounters);
-};
+/// Whether two words are readings of the same letters, and not of more or fewer words.
+bool sameLength(const std::string& one, const std::string& other) {
+    return one.size() <= other.size() + 1 && other.size() <= one.size() + 1;
+}
 
 void findStrangeWords(std::vector<GuideSlot>& slots) {
     std::unordered_set<std::string_view> words;
@@ -70,12 +45,16 @@ void findStrangeWords(std::vector<GuideSlot>& slots) {
             words.insert(slot.readings.front().word);
     if (words.size() < kFewWords)
         return;
-    LetterSequences sequences(words.size() < kManyWords ? 2 : 3);
+    LetterModel letters;
     for (const std::string_view word : words)
-        sequences.add(word);
+        letters.add(word);
     for (GuideSlot& slot : slots)
         for (SlotReading& reading : slot.readings)
-            reading.strange = sequences.strange(reading.word, words.contains(reading.word) ? 1 : 0);
+            for (const SlotReading& other : slot.readings)
+                if (other.word != reading.word && sameLength(other.word, reading.word))
+                    reading.strange =
+                        reading.strange.value_or(false) ||
+                        letters.logOdds(other.word, reading.word, slot.readings.front().word) > kStrangeOdds;
 }
 
 /// An entry that runs on ends one page and begins the next: the same word read twice is hardly wrong.

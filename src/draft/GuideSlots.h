@@ -6,6 +6,7 @@
 #include "text/SearchWord.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,8 +18,9 @@ struct SlotReading {
     std::string word; ///< its search word
     double confidence = 0;
     std::size_t rank = 0; ///< among the words of all slots
-    /// Has letters in a sequence that no other word of the book has.
-    bool strange = false;
+    /// Whether by the letters that are usual in the book another reading is likelier; nullopt if there is none, or if
+    /// the book has too few words.
+    std::optional<bool> strange = {};
 };
 
 /// The readings of the first or last word of a page, best first. The first word of page i is slot 2 i, its last word

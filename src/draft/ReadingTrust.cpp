@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace velmarin {
 
@@ -14,18 +15,19 @@ constexpr double kOutsideAfterCommon = 0.7, kOutsideBesideOne = 0.5;
 struct Assumption {
     double confidence, errors;
 };
-constexpr std::array<Assumption, 9> kAssumptions{{{0.99, 0.001},
-                                                  {0.96, 0.003},
-                                                  {0.93, 0.03},
-                                                  {0.9, 0.06},
-                                                  {0.8, 0.2},
-                                                  {0.5, 0.4},
-                                                  {0.3, 0.6},
-                                                  {0.1, 0.8},
-                                                  {0.0, 0.9}}};
-constexpr double kWeightOfAssumption = 40;
+constexpr std::array<Assumption, 10> kAssumptions{{{1.0, 0.001},
+                                                   {0.96, 0.003},
+                                                   {0.93, 0.03},
+                                                   {0.9, 0.06},
+                                                   {0.85, 0.15},
+                                                   {0.8, 0.25},
+                                                   {0.5, 0.4},
+                                                   {0.3, 0.6},
+                                                   {0.1, 0.8},
+                                                   {0.0, 0.9}}};
+constexpr double kWeightOfAssumption = 20;
 /// The assumed share of strange words among right and wrong ones, and how many samples it counts as.
-constexpr double kStrangeIfRight = 0.06, kStrangeIfWrong = 0.4, kWeightOfStrange = 20;
+constexpr double kStrangeIfRight = 0.2, kStrangeIfWrong = 0.6, kWeightOfStrange = 20;
 /// From here on the words in order count as right.
 constexpr double kSureConfidence = 0.9;
 /// One reading that breaks the order is not taken for more wrong ones than this lets it.
@@ -36,6 +38,14 @@ constexpr double kLeastErrors = 0.0002, kMostErrors = 0.97;
 std::size_t common(std::string_view one, std::string_view other) {
     return static_cast<std::size_t>(std::mismatch(one.begin(), one.end(), other.begin(), other.end()).first -
                                     one.begin());
+}
+
+double assumedErrors(double confidence) {
+    for (std::size_t i = 1; i < kAssumptions.size(); ++i)
+        if (const Assumption& above = kAssumptions[i - 1], &below = kAssumptions[i]; below.confidence <= confidence)
+            return std::lerp(below.errors, above.errors,
+                             std::min(1.0, (confidence - below.confidence) / (above.confidence - below.confidence)));
+    return kAssumptions.back().errors;
 }
 
 } // namespace
@@ -63,11 +73,13 @@ ReadingTrust::ReadingTrust(const std::vector<TrustSample>& samples) {
     strangeIfWrong_ = kStrangeIfWrong * wrong;
     std::vector<Step> all;
     for (const TrustSample& sample : samples) {
-        if (!sample.inOrder || sample.confidence >= kSureConfidence) {
+        if (sample.strange && (!sample.inOrder || sample.confidence >= kSureConfidence)) {
             (sample.inOrder ? right : wrong) += 1;
-            (sample.inOrder ? strangeIfRight_ : strangeIfWrong_) += sample.strange ? 1 : 0;
+            (sample.inOrder ? strangeIfRight_ : strangeIfWrong_) += *sample.strange ? 1 : 0;
         }
         all.push_back({sample.confidence, sample.inOrder ? 0 : 1 / (1 - std::min(sample.chanceToFit, kMostChance)), 1});
+        // Wrong letters in the tails of words hardly ever show, so that half of what is assumed is not unlearned.
+        all.push_back({sample.confidence, assumedErrors(sample.confidence), 1});
     }
     strangeIfRight_ /= right;
     strangeIfWrong_ = std::max(strangeIfWrong_ / wrong, strangeIfRight_);
@@ -89,13 +101,15 @@ ReadingTrust::ReadingTrust(const std::vector<TrustSample>& samples) {
     }
 }
 
-double ReadingTrust::operator()(double confidence, bool strange) const {
+double ReadingTrust::operator()(double confidence, std::optional<bool> strange) const {
     const auto step =
         std::find_if(steps_.begin(), steps_.end(), [&](const Step& each) { return each.confidence <= confidence; });
     const Step& found = step == steps_.end() ? steps_.back() : *step;
     const double errors = std::clamp(found.errors / found.count, kLeastErrors, kMostErrors);
-    const double wrong = errors * (strange ? strangeIfWrong_ : 1 - strangeIfWrong_);
-    const double right = (1 - errors) * (strange ? strangeIfRight_ : 1 - strangeIfRight_);
+    if (!strange)
+        return 1 - errors;
+    const double wrong = errors * (*strange ? strangeIfWrong_ : 1 - strangeIfWrong_);
+    const double right = (1 - errors) * (*strange ? strangeIfRight_ : 1 - strangeIfRight_);
     return right / (right + wrong);
 }
 

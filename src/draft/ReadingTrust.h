@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -16,7 +17,7 @@ struct TrustSample {
     double confidence = 0; ///< as the recognizer has it, 0 to 1
     bool inOrder = true;
     double chanceToFit = 0;
-    bool strange = false; ///< has letters in a sequence that no other word of the book has
+    std::optional<bool> strange = {}; ///< as SlotReading::strange
 };
 
 /// How likely a reading of a given confidence is right, learned from the book itself: of the wrong readings a known
@@ -28,7 +29,7 @@ class ReadingTrust {
   public:
     explicit ReadingTrust(const std::vector<TrustSample>& samples);
 
-    double operator()(double confidence, bool strange) const;
+    double operator()(double confidence, std::optional<bool> strange) const;
 
   private:
     struct Step {

@@ -10,8 +10,8 @@ namespace velmarin {
 
 namespace {
 
-/// If the best reading is wrong, one of the others is right at most this likely.
-constexpr double kOthersRight = 0.9;
+/// If the best reading is wrong, one of the others is right at most this likely: if it breaks the order, and if not.
+constexpr double kOthersRight = 0.9, kOthersRightInOrder = 0.5;
 constexpr double kTrustOfConfused = 0.3;
 /// Where an entry begins is less sure than where a guide word is.
 constexpr double kTrustOfEntry = 0.97;
@@ -99,7 +99,8 @@ class Decider {
         for (std::size_t i = 1; i < readings.size(); ++i)
             others += readings[i].confidence;
         const double share = others / std::max(1 - readings.front().confidence, 1e-9);
-        const double left = (1 - best) * std::min(share, kOthersRight);
+        const bool inOrder = bounds_[slot].admit(readings.front().word);
+        const double left = (1 - best) * std::min(share, inOrder ? kOthersRightInOrder : kOthersRight);
         double all = 1 - best - left, highest = 0; // at first that none is right
         std::size_t taken = readings.size();
         for (std::size_t i = 0; i < readings.size(); ++i) {

@@ -13,11 +13,10 @@ namespace velmarin {
 namespace {
 
 constexpr std::size_t kLeastLetters = 4; // bytes; a shorter word is found by chance
-constexpr double kProved = 0.997;
-// What remains of the doubt in an unknown word.
-constexpr double kDoubtOfUnknown = 0.5;
+// What remains of the doubt in a known word, and in one that is unknown or may be misread in both places.
+constexpr double kDoubtOfKnown = 0.1, kDoubtOfUnknown = 0.5, kLeastConfidence = 0.5;
 // Of two readings, the one that an entry begins with: known, or as unknown as the other.
-constexpr double kReplacedByKnown = 0.97, kReplaced = 0.85;
+constexpr double kReplacedByKnown = 0.97, kReplaced = 0.6;
 
 // What ends a headword may be close to it, as in "Hob'bly,a.".
 std::string upToMark(const std::string& text) {
@@ -44,7 +43,8 @@ void prove(TextWord& word, const std::set<std::string>& beginnings, const KnownW
     };
     const bool isKnown = known(word.text);
     if (begins(word.text)) {
-        word.confidence = isKnown ? std::max(word.confidence, kProved) : 1 - kDoubtOfUnknown * (1 - word.confidence);
+        const bool sure = isKnown && word.confidence >= kLeastConfidence;
+        word.confidence = 1 - (sure ? kDoubtOfKnown : kDoubtOfUnknown) * (1 - word.confidence);
         return;
     }
     const auto other = std::ranges::find_if(word.others, begins);

@@ -119,10 +119,11 @@ class EdgeFinder {
         const auto after = [&](std::size_t i) { return lines.begin() + static_cast<std::ptrdiff_t>(i); };
         if (next + 2 > lines.size())
             return false;
-        const auto [least, most] = std::ranges::minmax(
-            std::ranges::subrange(after(next), after(std::min(lines.size(), next + kLines))), {}, &LineBand::left);
+        const auto [least, most] =
+            std::minmax_element(after(next), after(std::min(lines.size(), next + kLines)),
+                                [](const LineBand& one, const LineBand& other) { return one.left < other.left; });
         const double slack = 0.6 * xHeight_;
-        return lines[next - 1].left > least.left - slack && lines[next - 1].left < most.left + slack;
+        return lines[next - 1].left > least->left - slack && lines[next - 1].left < most->left + slack;
     }
 
     void describeSeparation(EdgeRow& row, const std::vector<std::size_t>& taken) const {

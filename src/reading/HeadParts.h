@@ -1,6 +1,7 @@
 #pragma once
 
-#include "reading/PageGuess.h"
+#include "reading/Guess.h"
+#include "reading/PageReading.h"
 
 #include <string>
 #include <string_view>

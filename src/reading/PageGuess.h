@@ -1,17 +1,12 @@
 #pragma once
 
+#include "reading/Guess.h"
 #include "reading/PageReading.h"
 
 #include <string>
 #include <vector>
 
 namespace velmarin {
-
-/// A possible reading of a word.
-struct Guess {
-    std::string text;
-    double confidence = 0; ///< 0 to 1: how likely it is right
-};
 
 /// What the guide words of a page may be. Each list is best first, and empty if the page has no such word.
 struct PageGuess {

@@ -374,7 +374,7 @@ void CorrectionWindow::endNow() {
     if (!corrector_.unsaved().empty())
         if (const Result kept = corrector_.keep(); !kept)
             std::cerr << "velmarin-workshop: " << kept.failure().message() << '\n';
-    QCoreApplication::quit();
+    QCoreApplication::exit(EXIT_SUCCESS); // quit() would close the windows first, which may ask
 }
 
 bool CorrectionWindow::eventFilter(QObject* watched, QEvent* event) {

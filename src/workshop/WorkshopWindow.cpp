@@ -20,6 +20,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace velmarin {
@@ -137,7 +138,7 @@ void WorkshopWindow::endNow() {
     if (desk_ != nullptr)
         desk_->keepChanges();
     keepPlacement();
-    QCoreApplication::quit();
+    QCoreApplication::exit(EXIT_SUCCESS); // quit() would close the windows first, which may ask
 }
 
 void WorkshopWindow::closeEvent(QCloseEvent* event) {

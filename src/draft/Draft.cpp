@@ -2,6 +2,7 @@
 
 #include "files/AtomicFile.h"
 #include "making/SeparatedValues.h"
+#include "store/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/NumberText.h"
 
@@ -73,12 +74,20 @@ std::optional<Draft> parseDraft(std::string_view text) {
 }
 
 void keepAddedColumns(const Draft& before, Draft& draft) {
-    std::unordered_map<std::string_view, const DraftPage*> rows;
-    for (const DraftPage& row : before.pages)
-        rows.emplace(row.page, &row);
-    for (DraftPage& row : draft.pages)
-        if (const auto found = rows.find(row.page); found != rows.end())
-            row.errata = found->second->errata;
+    std::unordered_map<std::string, const DraftPage*> byName, byStem;
+    for (const DraftPage& row : before.pages) {
+        byName.emplace(row.page, &row);
+        byStem.emplace(mFiMod_RemoveExtesionFromFileName(row.page), &row);
+    }
+    for (DraftPage& row : draft.pages) {
+        auto found = byName.find(row.page);
+        if (found == byName.end()) {
+            found = byStem.find(mFiMod_RemoveExtesionFromFileName(row.page));
+            if (found == byStem.end())
+                continue;
+        }
+        row.errata = found->second->errata;
+    }
 }
 
 Result saveDraft(const Draft& draft, const std::filesystem::path& file) {

@@ -66,8 +66,6 @@ Draft ScannedBook::mended(const Draft& draft) {
         const bool keep = before != rowsBefore.end() && !isEmpty(*before->second) &&
                           (last == givenBefore.end() || *last->second == row);
         result.pages.push_back(keep ? *before->second : row);
-        if (before != rowsBefore.end())
-            result.pages.back().errata = before->second->errata;
     }
     keepAddedColumns(draft, result);
     mended_ = std::move(given);

@@ -172,8 +172,8 @@ void WorkshopModel::lookOutside() {
             setByPerson(row, wordsOf(*found->second));
         else
             row.state = found->second->state;
-        row.errata = found->second->errata;
     }
+    keepAddedColumns(*outside, to);
     const std::vector<std::size_t> taken = differingRows(to, draft_);
     if (taken.empty())
         return;

@@ -29,10 +29,14 @@ TEST(Draft, ReadsWhatASpreadsheetMakesOfIt) {
 }
 
 TEST(Draft, KeepsWhatPeopleAddWhenRowsAreMadeAgain) {
-    Draft draft{{{.page = "p2.tif", .first = "b"}, {.page = "p3.tif", .first = "c"}}};
-    keepAddedColumns({{{.page = "p1.tif", .errata = "e.tif"}, {.page = "p2.tif", .first = "x", .errata = "f.tif"}}},
+    Draft draft{{{.page = "p2.tif", .first = "b"}, {.page = "p3.tif", .first = "c"}, {.page = "p4.tif"}}};
+    keepAddedColumns({{{.page = "p1.tif", .errata = "e.tif"},
+                       {.page = "p2.tif", .first = "x", .errata = "f.tif"},
+                       {.page = "p4.jpg", .errata = "g.tif"}}},
                      draft);
-    EXPECT_EQ(draft, (Draft{{{.page = "p2.tif", .first = "b", .errata = "f.tif"}, {.page = "p3.tif", .first = "c"}}}));
+    EXPECT_EQ(draft, (Draft{{{.page = "p2.tif", .first = "b", .errata = "f.tif"},
+                             {.page = "p3.tif", .first = "c"},
+                             {.page = "p4.tif", .errata = "g.tif"}}}));
 }
 
 } // namespace

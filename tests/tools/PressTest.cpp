@@ -10,12 +10,6 @@
 #include "press/Pagination.h"
 #include "text/FindReplace.h"
 
-/// fontconfig keeps a list of its own until the end.
-extern "C" const char* __lsan_default_suppressions();
-extern "C" const char* __lsan_default_suppressions() {
-    return "leak:libfontconfig";
-}
-
 namespace velmarin {
 namespace {
 

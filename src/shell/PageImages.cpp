@@ -1,8 +1,8 @@
 #include "shell/PageImages.h"
 
+#include "controls/ScreenFit.h"
 #include "shell/ApplicationShortcuts.h"
 #include "shell/PreferenceWriter.h"
-#include "controls/ScreenFit.h"
 #include "view/PageImageWindow.h"
 
 namespace velmarin {

@@ -1,7 +1,7 @@
 #include "shell/PlacementKeeper.h"
 
-#include "shell/PreferenceWriter.h"
 #include "controls/ScreenFit.h"
+#include "shell/PreferenceWriter.h"
 
 #include <QMainWindow>
 #include <QMenuBar>

@@ -1,6 +1,6 @@
+#include "controls/ScreenFit.h"
 #include "shell/PlacementKeeper.h"
 #include "shell/PreferenceWriter.h"
-#include "controls/ScreenFit.h"
 #include "support/TempFolder.h"
 
 #include <QMainWindow>

@@ -1,5 +1,5 @@
-#include "workshop/MakeDialog.h"
 #include "workshop/CorrectionWindow.h"
+#include "workshop/MakeDialog.h"
 
 #include "platform/QtText.h"
 #include "platform/ScriptedHost.h"
@@ -94,7 +94,8 @@ TEST(CorrectionWindowTest, CorrectsThePageOfAWordByKeys) {
     QTest::mouseClick(&control<QPushButton>(window, "UndoBT"), Qt::LeftButton);
     EXPECT_EQ(window.corrector().unsaved().size(), 2U);
     QTest::mouseClick(&control<QPushButton>(window, "SaveBT"), Qt::LeftButton);
-    EXPECT_EQ(files.read("DictionaryFolder/English/Birds/ind"), "auk\nhen\nibis\nibis __DLM__after ibis\nowl\n\U0010FFFD\n");
+    EXPECT_EQ(files.read("DictionaryFolder/English/Birds/ind"),
+              "auk\nhen\nibis\nibis __DLM__after ibis\nowl\n\U0010FFFD\n");
     EXPECT_EQ(host.messages, std::vector<std::string>());
     EXPECT_TRUE(window.close());
 }

@@ -19,7 +19,7 @@ using namespace std::string_view_literals;
 constexpr std::size_t kMostPages = 100'000;
 constexpr std::int64_t kMostPixels = 300'000'000; ///< a page of 1 m by 1.5 m at 300 dpi
 
-/// The number after `name` in what djvused tells of a page; 0 if it is not there.
+/// The number after `name` in djvused's output for a page; 0 if it is missing.
 int numberAfter(std::string_view told, std::string_view name) {
     const std::size_t at = told.find(name);
     int number = 0;

@@ -12,7 +12,7 @@ namespace velmarin {
 /// The number of pages, of `pdfinfo`; 0 if it is missing.
 std::size_t pdfPageCount(std::string_view told);
 
-/// A page as `pdfinfo -box` tells of it: its visible part in points, before it is turned, and the turn in degrees
+/// A page in the output of `pdfinfo -box`: its visible part in points, before it is turned, and the turn in degrees
 /// clockwise.
 struct PdfPage {
     double width = 0, height = 0;

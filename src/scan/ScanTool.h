@@ -25,7 +25,7 @@ struct ScanTools {
                           .output = std::size_t{1} << 30};
 };
 
-/// What a program has told of a scan.
+/// The output of a program that read a scan.
 struct ToolAnswer {
     std::string output = {};
     std::string errors = {};  ///< its error output, which can hold warnings even if it succeeded

@@ -10,7 +10,7 @@ namespace velmarin {
 // The text layers that are written as XML. What is damaged is read as far as it goes; nullopt if there is no page in
 // it. A box that is missing or absurd counts as empty.
 
-/// The first page of hOCR (hOCR specification 1.2: `ocr_page`, lines, `ocrx_word`), in its own pixels. HTML that leaves
+/// The first page of hOCR (hOCR 1.2: `ocr_page`, lines, `ocrx_word`), in its own pixels. HTML that leaves
 /// tags open which have no content is read, too.
 std::optional<PageText> readHocr(std::string_view html);
 

@@ -92,7 +92,7 @@ void WorkshopWindow::openChosen(const std::filesystem::path& chosen) {
 }
 
 void WorkshopWindow::openBook(std::unique_ptr<WorkshopBook> book, Draft draft) {
-    reading_.reset(); // it reads into the book that goes with the old desk
+    reading_.reset(); // it reads into the book of the old desk, which is closed next
     if (desk_ != nullptr)
         placement_.listWidth = desk_->listWidth();
     desk_ = new WorkshopDesk(std::move(book), host_, this);

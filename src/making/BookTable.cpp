@@ -1,6 +1,7 @@
 #include "making/BookTable.h"
 
 #include "making/PrintedNumbers.h"
+#include "store/FileNames.h"
 #include "text/StringFields.h"
 #include "text/UnicodeForms.h"
 
@@ -14,17 +15,13 @@ namespace {
 
 using Places = std::unordered_map<std::string, std::size_t>;
 
-std::string withoutExtension(const std::string& file) {
-    return file.substr(0, file.rfind('.'));
-}
-
 /// Finds pages by what a table calls them.
 class PageFinder {
   public:
     explicit PageFinder(const std::vector<BookPage>& pages) {
         for (std::size_t i = 0; i < pages.size(); ++i) {
             byFile_.try_emplace(foldedFileName(pages[i].file), i);
-            byStem_.try_emplace(foldedFileName(withoutExtension(pages[i].file)), i);
+            byStem_.try_emplace(foldedFileName(mFiMod_RemoveExtesionFromFileName(pages[i].file)), i);
             if (!pages[i].number.empty())
                 byNumber_.try_emplace(pages[i].number, i);
         }

@@ -54,7 +54,7 @@ std::vector<BookEntry> entriesOf(const Draft& draft, const KeyRule& rule, const 
     const SlotRun run = heaviestRun(ranked);
     std::vector<GuideWords> guides;
     const DraftPage* before = nullptr;
-    for (const std::size_t i : pagesInOrder(run, ranked.slots)) {
+    for (const std::size_t i : pagesInOrder(run, ranked.guideSlots)) {
         const DraftPage& page = draft.pages[i];
         GuideWords guide{.page = i, .doubtful = page.state == PageState::Doubtful};
         const auto counts = [&](std::size_t slot) { return !guide.doubtful || run.moved[i] || run.taken[slot]; };

@@ -137,7 +137,7 @@ Draft DraftMender::mended(const std::vector<DraftPage>& set) const {
     const std::vector<const DraftPage*> rows = rowsByPage(guesses_, set);
     const RankedSlots ranked = rankedSlots(slots_, rows, rule_, order_);
     const SlotRun run = heaviestRun(ranked);
-    const Rows made(guesses_, ranked.slots, run);
+    const Rows made(guesses_, ranked.guideSlots, run);
     const std::vector<std::string> numbers = numbersOf(guesses_, rows);
     Draft draft;
     for (std::size_t i = 0; i < guesses_.size(); ++i) {

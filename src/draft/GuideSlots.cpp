@@ -109,7 +109,7 @@ RankedSlots rankedSlots(std::vector<GuideSlot> slots, const std::vector<const Dr
         const bool same = i > 0 && all[i]->word == all[i - 1]->word;
         all[i]->rank = i == 0 ? 0 : all[i - 1]->rank + (same ? 0 : 1);
     }
-    return {.slots = std::move(slots), .ranks = all.empty() ? 0 : all.back()->rank + 1};
+    return {.guideSlots = std::move(slots), .ranks = all.empty() ? 0 : all.back()->rank + 1};
 }
 
 } // namespace velmarin

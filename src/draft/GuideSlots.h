@@ -37,7 +37,7 @@ std::vector<GuideSlot> guideSlotsOf(const std::vector<PageGuess>& guesses, const
 /// The slots with the words of rows that a person has set, and the ranks of all. `pages` has a row or nullptr for each
 /// page.
 struct RankedSlots {
-    std::vector<GuideSlot> slots = {};
+    std::vector<GuideSlot> guideSlots = {};
     std::size_t ranks = 0; ///< above all ranks
 };
 RankedSlots rankedSlots(std::vector<GuideSlot> slots, const std::vector<const DraftPage*>& pages, const KeyRule& rule,

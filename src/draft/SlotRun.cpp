@@ -130,14 +130,14 @@ SlotBounds boundsElsewhere(std::string_view word, const std::vector<std::string_
 
 SlotRun heaviestRun(const RankedSlots& ranked) {
     std::vector<std::vector<RankedWord>> places;
-    places.reserve(ranked.slots.size());
-    for (const GuideSlot& slot : ranked.slots) {
+    places.reserve(ranked.guideSlots.size());
+    for (const GuideSlot& slot : ranked.guideSlots) {
         std::vector<RankedWord>& words = places.emplace_back();
         for (const SlotReading& reading : slot.readings)
             words.push_back({reading.rank, worthOf(reading, slot.set)});
     }
     SlotRun run{.taken = heaviestChoice(places, ranked.ranks)};
-    trimEnds(run, ranked.slots);
+    trimEnds(run, ranked.guideSlots);
     // Titles may have kept out words at the ends of the alphabet.
     for (std::size_t slot = 0; slot < places.size(); ++slot)
         if (slot / 2 + 1 < run.begin || slot / 2 > run.end)
@@ -147,8 +147,8 @@ SlotRun heaviestRun(const RankedSlots& ranked) {
     const std::vector<std::size_t> in = slotsInRun(run);
     run.begin = in.empty() ? begin : in.front() / 2;
     run.end = in.empty() ? end : in.back() / 2 + 1;
-    run.moved.resize(ranked.slots.size() / 2);
-    MovedPages(run, ranked.slots).mark();
+    run.moved.resize(ranked.guideSlots.size() / 2);
+    MovedPages(run, ranked.guideSlots).mark();
     return run;
 }
 

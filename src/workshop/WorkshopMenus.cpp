@@ -6,7 +6,6 @@
 #include "workshop/PageStage.h"
 #include "workshop/ReadingControl.h"
 #include "workshop/WorkshopDesk.h"
-#include "workshop/WorkshopWindow.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -34,8 +33,7 @@ bool hasPage(WorkshopDesk& desk) {
 
 } // namespace
 
-WorkshopMenus::WorkshopMenus(WorkshopWindow& window) : QObject(&window), window_(window) {
-    QMenuBar& bar = *window.menuBar();
+WorkshopMenus::WorkshopMenus(WorkshopMenusPort& window, QMenuBar& bar) : QObject(&bar), window_(window) {
     fillFile(*bar.addMenu(QStringLiteral("&File")));
     fillEdit(*bar.addMenu(QStringLiteral("&Edit")));
     page_ = bar.addMenu(QStringLiteral("&Page"));
@@ -67,17 +65,16 @@ void WorkshopMenus::refresh() {
 }
 
 void WorkshopMenus::fillFile(QMenu& menu) {
-    connect(menu.addAction(QStringLiteral("&Open a book…")), &QAction::triggered, &window_,
-            &WorkshopWindow::chooseBook);
-    connect(menu.addAction(QStringLiteral("Open a &scan…")), &QAction::triggered, &window_,
-            &WorkshopWindow::chooseScan);
-    connect(menu.addAction(QStringLiteral("Open a &folder of page images…")), &QAction::triggered, &window_,
-            &WorkshopWindow::chooseFolder);
-    menu.actions().front()->setShortcut(QKeySequence::Open);
+    const auto add = [&](const char* text, const QKeySequence& key, void (WorkshopMenusPort::*command)()) {
+        QAction* item = menu.addAction(QString::fromUtf8(text));
+        item->setShortcut(key);
+        connect(item, &QAction::triggered, this, [this, command] { (window_.*command)(); });
+    };
+    add("&Open a book…", QKeySequence::Open, &WorkshopMenusPort::chooseBook);
+    add("Open a &scan…", {}, &WorkshopMenusPort::chooseScan);
+    add("Open a &folder of page images…", {}, &WorkshopMenusPort::chooseFolder);
     menu.addSeparator();
-    QAction* quit = menu.addAction(QStringLiteral("&Quit"));
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    connect(quit, &QAction::triggered, &window_, &QWidget::close);
+    add("&Quit", Qt::CTRL | Qt::Key_Q, &WorkshopMenusPort::closeWindow);
 }
 
 void WorkshopMenus::fillEdit(QMenu& menu) {

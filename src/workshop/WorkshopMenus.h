@@ -8,18 +8,36 @@
 class QAction;
 class QKeySequence;
 class QMenu;
+class QMenuBar;
 class QString;
 
 namespace velmarin {
 
+class ReadingControl;
 class WorkshopDesk;
-class WorkshopWindow;
+
+/// What the menus ask of their window.
+class WorkshopMenusPort {
+  public:
+    virtual ~WorkshopMenusPort() = default;
+
+    /// nullptr while no book is open.
+    virtual WorkshopDesk* desk() const = 0;
+    /// nullptr unless the book of a scan is open.
+    virtual ReadingControl* reading() const = 0;
+    virtual void chooseBook() = 0;
+    /// Asks for a file.
+    virtual void chooseScan() = 0;
+    /// Asks for a scan that is a folder of pictures.
+    virtual void chooseFolder() = 0;
+    virtual void closeWindow() = 0;
+};
 
 /// The menus of a WorkshopWindow, and their keys.
 class WorkshopMenus : public QObject {
     Q_OBJECT
   public:
-    explicit WorkshopMenus(WorkshopWindow& window);
+    WorkshopMenus(WorkshopMenusPort& window, QMenuBar& bar);
 
     /// The menu of what is done with the book as a whole.
     QMenu& bookMenu() const { return *book_; }
@@ -44,7 +62,7 @@ class WorkshopMenus : public QObject {
     void fillScan(QMenu& menu);
     void fillView(QMenu& menu);
 
-    WorkshopWindow& window_;
+    WorkshopMenusPort& window_;
     QMenu *page_ = nullptr, *book_ = nullptr;
     QAction* wholePage_ = nullptr;
     std::vector<Item> items_;

@@ -12,11 +12,11 @@
 #include "workshop/ScannedBook.h"
 #include "workshop/WelcomePane.h"
 #include "workshop/WorkshopDesk.h"
-#include "workshop/WorkshopMenus.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 
 #include <algorithm>
@@ -34,7 +34,7 @@ constexpr int kWidest = 32000;
 
 } // namespace
 
-WorkshopWindow::WorkshopWindow(Host& host) : host_(host), menus_(new WorkshopMenus(*this)) {
+WorkshopWindow::WorkshopWindow(Host& host) : host_(host), menus_(new WorkshopMenus(*this, *menuBar())) {
     setObjectName(QStringLiteral("WorkshopWindow"));
     setMinimumSize(kLeastSize);
     resize(kFirstSize);

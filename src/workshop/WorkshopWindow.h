@@ -1,6 +1,7 @@
 #pragma once
 
 #include "workshop/WorkshopBook.h"
+#include "workshop/WorkshopMenus.h"
 #include "workshop/WorkshopPlacement.h"
 
 #include <QMainWindow>
@@ -11,13 +12,10 @@
 namespace velmarin {
 
 class Host;
-class ReadingControl;
-class WorkshopDesk;
-class WorkshopMenus;
 
 /// The window in which a scanned book becomes a dictionary. Shows a WorkshopDesk with the book that is open, or, if
 /// none is, what can be opened.
-class WorkshopWindow : public QMainWindow {
+class WorkshopWindow : public QMainWindow, private WorkshopMenusPort {
     Q_OBJECT
   public:
     explicit WorkshopWindow(Host& host);
@@ -32,22 +30,21 @@ class WorkshopWindow : public QMainWindow {
     void openBook(std::unique_ptr<WorkshopBook> book, Draft draft);
     /// Ends the program without a question. What was typed is kept if the draft can be saved.
     void endNow();
-    void chooseBook();
-    /// Asks for a file.
-    void chooseScan();
-    /// Asks for a scan that is a folder of pictures.
-    void chooseFolder();
 
-    /// nullptr while no book is open.
-    WorkshopDesk* desk() const { return desk_; }
-    /// nullptr unless the book of a scan is open.
-    ReadingControl* reading() const { return reading_.get(); }
+    // Of WorkshopMenusPort.
+    WorkshopDesk* desk() const override { return desk_; }
+    ReadingControl* reading() const override { return reading_.get(); }
+    void chooseBook() override;
+    void chooseScan() override;
+    void chooseFolder() override;
+
     WorkshopMenus& menus() const { return *menus_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void closeWindow() override { close(); }
     void showWelcome();
     void keepPlacement();
     /// Does nothing for an empty path.

@@ -84,11 +84,9 @@ void takeRow(const SeparatedValues& table, std::size_t row, std::size_t page, Gu
 
 std::vector<std::string> errataOf(std::string_view field) {
     std::vector<std::string> files;
-    for (const std::string& part : Split(field, ";")) {
-        const std::size_t begin = part.find_first_not_of(' ');
-        if (begin != std::string::npos)
-            files.push_back(part.substr(begin, part.find_last_not_of(' ') - begin + 1));
-    }
+    for (const std::string& part : Split(field, ";"))
+        if (const std::string_view file = trimmed(part); !file.empty())
+            files.emplace_back(file);
     return files;
 }
 

@@ -3,6 +3,7 @@
 #include "files/LineReader.h"
 #include "text/FindReplace.h"
 #include "text/LetterCase.h"
+#include "text/StringFields.h"
 
 #include <algorithm>
 #include <new>
@@ -13,21 +14,12 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-
 char separatorOf(std::string_view text) {
     const std::string_view header = text.substr(0, text.find_first_of("\r\n"));
     for (const char separator : {'\t', ';'})
         if (header.find(separator) != std::string_view::npos)
             return separator;
     return ',';
-}
-
-std::string trimmed(std::string_view field) {
-    const std::size_t begin = field.find_first_not_of(kBlanks);
-    if (begin == std::string_view::npos)
-        return {};
-    return std::string(field.substr(begin, field.find_last_not_of(kBlanks) - begin + 1));
 }
 
 struct Row {
@@ -43,7 +35,7 @@ struct Collector {
     int endedBy = 0;
 
     static void field(void* text, std::size_t length, void* self) {
-        static_cast<Collector*>(self)->fields.push_back(trimmed({static_cast<const char*>(text), length}));
+        static_cast<Collector*>(self)->fields.emplace_back(trimmed({static_cast<const char*>(text), length}));
     }
     static void rowEnd(int character, void* self) { static_cast<Collector*>(self)->endRow(character); }
 

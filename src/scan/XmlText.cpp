@@ -2,6 +2,7 @@
 
 #include "scan/TextGeometry.h"
 #include "text/NumberText.h"
+#include "text/StringFields.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
@@ -62,9 +63,7 @@ std::string textIn(const pugi::xml_node& top) {
     std::string text;
     for (pugi::xml_node node = top; node; node = following(node, top))
         text += node.value();
-    constexpr const char* kBlanks = " \t\r\n";
-    const std::size_t from = text.find_first_not_of(kBlanks);
-    return from == std::string::npos ? "" : toValidUtf8(text.substr(from, text.find_last_not_of(kBlanks) - from + 1));
+    return toValidUtf8(trimmed(text));
 }
 
 int coordinate(double value) {

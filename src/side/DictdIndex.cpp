@@ -2,6 +2,7 @@
 
 #include "text/CharacterFolding.h"
 #include "text/FindReplace.h"
+#include "text/LetterCase.h"
 #include "text/StringFields.h"
 #include "text/Utf8.h"
 
@@ -58,18 +59,6 @@ std::string_view withoutEndBlanks(std::string_view text) {
 
 bool describesDictionary(std::string_view word) {
     return word.starts_with("00-database") || word.starts_with("00database");
-}
-
-std::string smallLetters(std::string_view text) {
-    std::string small;
-    for (std::size_t pos = 0; pos < text.size();) {
-        const Utf8Unit unit = decodeUtf8(text, pos);
-        appendUtf8(small, unit.value < kInvalidByteUnit
-                              ? static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(unit.value)))
-                              : unit.value);
-        pos += unit.length;
-    }
-    return small;
 }
 
 /// Only letters with their marks, digits and blanks are kept.

@@ -3,6 +3,7 @@
 #include "files/LineReader.h"
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
+#include "text/StringFields.h"
 #include "text/Utf8.h"
 
 #include <vector>
@@ -24,22 +25,11 @@ std::string_view characters(std::string_view text, int start, int length) {
     return text.substr(begin, after(begin, length) - begin);
 }
 
-std::string_view trimmed(std::string_view text) {
-    const std::size_t begin = text.find_first_not_of(kBlanks);
-    return begin == std::string_view::npos ? std::string_view()
-                                           : text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
-
 /// Dictionaries without the flag "utf8" are in ASCII or ISO 8859-1.
 std::string asUtf8(std::string text, bool declaredUtf8) {
     if (isValidUtf8(text))
         return text;
-    if (declaredUtf8)
-        return toValidUtf8(text);
-    std::string converted;
-    for (const char c : text)
-        appendUtf8(converted, static_cast<unsigned char>(c));
-    return converted;
+    return declaredUtf8 ? toValidUtf8(text) : utf8OfLatin1(text);
 }
 
 /// The name in the entry "00-database-short", which may begin with its own headword.

@@ -74,6 +74,18 @@ std::string Uppercase(std::string_view text) {
     return result;
 }
 
+std::string smallLetters(std::string_view text) {
+    std::string small;
+    for (std::size_t pos = 0; pos < text.size();) {
+        const Utf8Unit unit = decodeUtf8(text, pos);
+        appendUtf8(small, unit.value < kInvalidByteUnit
+                              ? static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(unit.value)))
+                              : unit.value);
+        pos += unit.length;
+    }
+    return small;
+}
+
 int compareStrings(std::string_view a, std::string_view b) {
     const std::size_t common = std::min(a.size(), b.size());
     for (std::size_t i = 0; i < common; ++i) {

@@ -1,6 +1,14 @@
 #include "text/StringFields.h"
 
+#include <algorithm>
+
 namespace velmarin {
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r\n";
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(blanks) + 1);
+}
 
 std::string_view NthField(std::string_view text, std::string_view separator, std::size_t n) {
     if (n == 0)

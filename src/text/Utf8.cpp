@@ -35,6 +35,13 @@ bool isValidUtf8(std::string_view text) {
     return wellFormedEnd(text, 0) == text.size();
 }
 
+std::string utf8OfLatin1(std::string_view text) {
+    std::string result;
+    for (const char c : text)
+        appendUtf8(result, static_cast<unsigned char>(c));
+    return result;
+}
+
 std::string toValidUtf8(std::string_view text) {
     std::string result;
     result.reserve(text.size());

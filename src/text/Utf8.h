@@ -83,6 +83,9 @@ std::size_t wellFormedEnd(std::string_view text, std::size_t from);
 /// Whether `text` is well-formed UTF-8.
 bool isValidUtf8(std::string_view text);
 
+/// The UTF-8 form of a text in ISO 8859-1.
+std::string utf8OfLatin1(std::string_view text);
+
 /// `text` with each byte outside a well-formed sequence replaced by U+FFFD.
 std::string toValidUtf8(std::string_view text);
 

@@ -39,7 +39,7 @@ TEST(Press, JustifiedLinesEndAtTheMargin) {
             text += words[random() % words.size()] + " ";
         const auto lines = press.set({{Setting::Hanging, false, false, text}}, 0, "");
         for (std::size_t i = 0; i < lines.size(); ++i) {
-            EXPECT_NEAR(lines[i].x, i == 0 ? 0 : design().body, 0.1) << "hanging indent";
+            EXPECT_NEAR(lines[i].x, i == 0 ? 0 : design().body.em, 0.1) << "hanging indent";
             EXPECT_LE(right(lines[i]), design().columnWidth() + 0.1) << text;
             EXPECT_TRUE(i + 1 == lines.size() || right(lines[i]) >= design().columnWidth() - 0.1) << text;
         }

@@ -40,7 +40,7 @@ void writeTinySource(const TempFolder& folder) {
 }
 
 Sample tinySample(const std::string& name, PageKind kind) {
-    return {"Group", name, "tiny", [kind](const fs::path& folder) {
+    return {"Group", name, [kind](const fs::path& folder) {
                 Book book;
                 book.design.typeface = "Linux Libertine O";
                 book.design.hyphenation = "/usr/share/hyphen/hyph_en_US.dic";
@@ -62,7 +62,7 @@ class SampleFolder : public ::testing::Test {
     SampleFolder() { writeTinySource(sources_); }
 
     bool make(const std::vector<Sample>& samples) {
-        return makeSampleFolder(place_.at("Samples"), sources_.path(), samples, 2, [](const std::string&) {});
+        return makeSampleFolder(place_.at("Samples"), sources_.path(), samples);
     }
     std::vector<std::string> names() const { return *listNames(place_.path()); }
 
@@ -121,7 +121,7 @@ TEST_F(SampleFolder, WithContentIsLeftAlone) {
 }
 
 TEST_F(SampleFolder, FailedRunLeavesNothing) {
-    const Sample broken{"Group", "Broken", "tiny", [](const fs::path&) -> Book { throw std::runtime_error("torn"); }};
+    const Sample broken{"Group", "Broken", [](const fs::path&) -> Book { throw std::runtime_error("torn"); }};
     EXPECT_THROW(make({tinySample("Tiny", PageKind::BilevelTiff), broken}), std::runtime_error);
     EXPECT_EQ(names(), std::vector<std::string>{});
     EXPECT_TRUE(make({tinySample("Other", PageKind::BilevelTiff)}));

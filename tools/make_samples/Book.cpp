@@ -10,6 +10,7 @@
 #include "making/NewDictionary.h"
 #include "press/Pagination.h"
 #include "press/Press.h"
+#include "press/Text.h"
 #include "text/NumberText.h"
 #include "text/Utf8.h"
 
@@ -21,31 +22,23 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kMostSupplementPages = 3;
 
-std::string extensionOf(PageKind kind) {
-    return kind == PageKind::BilevelTiff ? ".tif" : kind == PageKind::ColorPng ? ".png" : ".jpg";
-}
-
 /// The name of a page: "webster-0269.tif" in the folder "Webster 1913". The first part keeps the pages of two
 /// dictionaries apart where only the name of a page is compared.
 std::string pageName(const fs::path& folder, const std::string& series, std::size_t number, PageKind kind) {
-    std::string name;
-    for (const unsigned char c : folder.filename().string()) {
-        if (std::isalpha(c) == 0 && c != '-')
-            break;
-        name += static_cast<char>(std::tolower(c));
-    }
-    return name + "-" + series + Format(static_cast<double>(number), "0000") + extensionOf(kind);
+    static const Pattern others("[^A-Za-z-].*");
+    std::string name = others.removedFrom(folder.filename().native());
+    std::ranges::transform(name, name.begin(), [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    const char* extension = kind == PageKind::BilevelTiff ? ".tif" : kind == PageKind::ColorPng ? ".png" : ".jpg";
+    return name + "-" + series + Format(static_cast<double>(number), "0000") + extension;
 }
 
-/// The first kana of the row of `c`, which the voiced and small ones share.
+/// The first kana of the row of `c`, which the voiced and small ones share; empty for other characters.
 std::string kanaRow(char32_t c) {
-    static constexpr std::u32string_view heads = U"あかさたなはまやらわ";
-    static constexpr std::u32string_view firsts = U"ぁかさたなはまゃらゎ";
-    const auto row = static_cast<std::size_t>(std::ranges::upper_bound(firsts, c) - firsts.begin());
-    std::string head;
-    if (c == U'セ' || (row > 0 && c <= U'ゖ')) // the one katakana of search words
-        appendUtf8(head, c == U'セ' ? U'さ' : heads[row - 1]);
-    return head;
+    static const std::map<char32_t, std::string> heads{
+        {U'ぁ', "あ"}, {U'か', "か"}, {U'さ', "さ"}, {U'た', "た"},   {U'な', "な"}, {U'は', "は"},  {U'ま', "ま"},
+        {U'ゃ', "や"}, {U'ら', "ら"}, {U'ゎ', "わ"}, {U'ゖ' + 1, ""}, {U'セ', "さ"}, {U'セ' + 1, ""}};
+    const auto after = heads.upper_bound(c);
+    return after == heads.begin() ? "" : std::prev(after)->second;
 }
 
 /// The letter under which a search word is listed; empty if it does not begin with a letter.
@@ -63,14 +56,11 @@ std::vector<FlowLine> flowOf(const Book& book, const Press& press) {
     std::vector<FlowLine> flow;
     std::string last;
     for (std::size_t i = 0; i < book.articles.size(); ++i) {
-        std::string initial;
-        if (book.design.letterHeads)
-            initial = initialOf(indexSearchWord(book.articles[i].key, book.order));
-        const bool opensPart = !initial.empty() && initial != last;
-        std::ranges::move(press.set(book.articles[i].paragraphs, i, opensPart ? initial : ""),
-                          std::back_inserter(flow));
-        if (opensPart)
-            last = initial;
+        std::string initial = initialOf(indexSearchWord(book.articles[i].key, book.order));
+        if (initial == last || !book.design.letterHeads)
+            initial.clear();
+        std::ranges::move(press.set(book.articles[i].paragraphs, i, initial), std::back_inserter(flow));
+        last = initial.empty() ? last : initial;
     }
     return flow;
 }

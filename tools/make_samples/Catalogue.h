@@ -13,7 +13,6 @@ namespace velmarin {
 struct Sample {
     std::string group;
     std::string name;
-    std::string source; ///< the dictd dictionary; its package is called "dict-" and this name
     std::function<Book(const std::filesystem::path& dictFolder)> make;
 };
 

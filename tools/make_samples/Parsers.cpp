@@ -20,27 +20,16 @@ namespace {
 
 constexpr auto kNone = std::string_view::npos;
 
-/// Some articles are in ISO 8859-1 instead.
-std::string inUtf8(std::string_view text) {
-    std::string out;
-    if (isValidUtf8(text))
-        out = text;
-    else
-        for (const char c : text)
-            appendUtf8(out, static_cast<unsigned char>(c));
-    return out;
-}
-
 /// Whether letters were lost before: U+FFFD, or UTF-8 read as ISO 8859-1, which shows as "Ã" or "Â" before a character
 /// from U+0080 to U+00BF.
 bool isDamaged(std::string_view text) {
     return text.find("\uFFFD") != kNone || text.find("Ã\xC2") != kNone || text.find("Â\xC2") != kNone;
 }
 
-/// Whether the article holds a word of abuse of a people. The slow search that ignores case is for the few texts that
-/// may hold the word at all.
+/// Whether the article holds a word of abuse of a people.
 bool isAbusive(std::string_view text) {
-    return (text.find("igger") != kNone || text.find("IGGER") != kNone) && InStr(1, text, "nigger") != 0;
+    static Pattern word("(?i)nigger");
+    return word.finds(text);
 }
 
 // Columns in the text of the Devil's Dictionary.
@@ -56,34 +45,31 @@ bool endsInHyphen(std::string_view text) {
     return text.ends_with("-") && !text.ends_with("--");
 }
 
-bool isProse(const std::vector<std::string_view>& block) {
-    const auto wide = std::ranges::count_if(block, [](auto line) { return line.size() >= kProseWidth; });
+bool isProse(const std::vector<std::string>& block) {
+    const auto wide = std::ranges::count_if(block, [](const auto& line) { return line.size() >= kProseWidth; });
     return indentOf(block.front()) < kVerseIndent || static_cast<std::size_t>(wide) * 2 > block.size();
 }
 
-void addDevilBlock(std::vector<Paragraph>& paragraphs, const std::vector<std::string_view>& block) {
+/// What a line of verse is indented by, as blanks that do not break.
+std::string verseBlanks(std::size_t indent) {
+    return ReplaceAllB(std::string(std::max(indent, kVerseIndent) - kVerseIndent, ' '), " ", "\u00A0");
+}
+
+void addDevilBlock(std::vector<Paragraph>& paragraphs, const std::vector<std::string>& block) {
     const bool prose = isProse(block);
     bool open = false;
-    for (const std::string_view line : block) {
+    for (const std::string& line : block) {
         const std::size_t indent = indentOf(line);
         const std::string text = singleSpaced(line);
-        if (indent >= kSignatureIndent) {
+        if (indent >= kSignatureIndent)
             paragraphs.push_back({Setting::Right, true, false, smallCapitals(printedMarks(text))});
-            open = false;
-        } else if (prose) {
-            // Only the first line of a paragraph is indented.
-            if (!open || indent >= kVerseIndent * 2)
-                paragraphs.push_back({Setting::Indented, indent >= kVerseIndent, false, {}});
-            else if (!endsInHyphen(paragraphs.back().markup))
-                paragraphs.back().markup += ' ';
-            open = true;
-            paragraphs.back().markup += richText(text);
-        } else {
-            paragraphs.push_back({Setting::Verse, true, line.data() == block.front().data(), {}});
-            for (std::size_t i = kVerseIndent; i < indent; ++i)
-                paragraphs.back().markup += "\u00A0";
-            paragraphs.back().markup += richText(text);
-        }
+        else if (!prose)
+            paragraphs.push_back({Setting::Verse, true, &line == &block.front(), verseBlanks(indent) + richText(text)});
+        else if (!open || indent >= kVerseIndent * 2) // only the first line of a paragraph is indented
+            paragraphs.push_back({Setting::Indented, indent >= kVerseIndent, false, richText(text)});
+        else
+            paragraphs.back().markup += (endsInHyphen(paragraphs.back().markup) ? "" : " ") + richText(text);
+        open = prose && indent < kSignatureIndent;
     }
 }
 
@@ -128,7 +114,7 @@ std::string japaneseClass(std::string_view text) {
 }
 
 /// The senses of a Japanese article, the word class first.
-std::string japaneseSenses(const std::vector<std::string_view>& lines) {
+std::string japaneseSenses(const std::vector<std::string>& lines) {
     static const Pattern notes(R"(\{[^}]*\})");
     static Pattern classed(R"(^([\d. ]*)(\((?:[^()]|\([^()]*\))*\)) *(.*)$)");
     std::string wordClass;
@@ -159,9 +145,8 @@ std::vector<std::string> sourceArticles(const std::filesystem::path& folder, con
         throw std::runtime_error("cannot read " + (folder / name).string() +
                                  ".index and .dict.dz of the package dict-" + name);
     const std::vector<DictdPlace> places = index->places();
-    std::uint64_t size = 0;
-    for (const DictdPlace& place : places)
-        size = std::max(size, place.offset + place.size);
+    const auto endOf = [](const DictdPlace& place) { return place.offset + place.size; };
+    const std::uint64_t size = places.empty() ? 0 : endOf(std::ranges::max(places, {}, endOf));
     // In large pieces: reading single articles would unpack each chunk of the file many times.
     std::string text;
     while (text.size() < size) {
@@ -172,7 +157,9 @@ std::vector<std::string> sourceArticles(const std::filesystem::path& folder, con
     }
     std::vector<std::string> articles;
     for (const DictdPlace& place : places) {
-        std::string article = inUtf8(std::string_view(text).substr(place.offset, place.size));
+        std::string article = text.substr(place.offset, place.size);
+        if (!isValidUtf8(article)) // some are in ISO 8859-1
+            article = utf8OfLatin1(article);
         if (!isDamaged(article) && !isAbusive(article))
             articles.push_back(std::move(article));
     }
@@ -193,40 +180,36 @@ Article parseDevilArticle(std::string_view text) {
     std::string markup = inRed(bold(key)) + comma + (wordClass.empty() ? "" : " " + italic(wordClass)) + " ";
     const auto blocks = blocksOf(linesOf(text.substr(heading.Substring(0).size())));
     std::string first;
-    for (const std::string_view line : blocks.front())
+    for (const std::string& line : blocks.front())
         (first += endsInHyphen(first) ? "" : " ") += line;
-    Article article{key, key, wordClass, {{Setting::Hanging, false, false, markup + richText(singleSpaced(first))}}};
+    Article article{key, key, wordClass, {{.markup = markup + richText(singleSpaced(first))}}};
     for (std::size_t i = 1; i < blocks.size(); ++i)
         addDevilBlock(article.paragraphs, blocks[i]);
     return article;
 }
 
 Article parseElement(std::string_view text) {
-    static Pattern labelled("^(Atomic number|Symbol|Atomic weight): *(.*)$");
-    std::map<std::string, std::string> values;
-    std::string name;
-    std::string body;
-    for (const std::string_view line : linesOf(text)) {
-        if (labelled.finds(trimmed(line)))
-            values[labelled.Substring(1)] = labelled.Substring(2);
-        else if (name.empty())
-            name = trimmed(line);
-        else
-            body += " " + std::string(line);
-    }
-    const std::string number = values["Atomic number"];
+    static const Pattern labelled("(?m)^[ \t]*(Atomic number|Symbol|Atomic weight):.*\n?");
+    const auto value = [&](const std::string& label) {
+        Pattern line("(?m)^[ \t]*" + label + ": *(.*?)\\s*$");
+        line.finds(text);
+        return line.Substring(1);
+    };
+    const std::string number = value("Atomic number"), symbol = value("Symbol"), weight = value("Atomic weight");
+    const std::string rest(trimmed(labelled.removedFrom(text)));
+    std::string name(trimmed(rest.substr(0, rest.find('\n'))));
     if (number.empty() || number.size() > 3 || name.empty())
         return {};
     name[0] = asciiCapital(name[0]);
     std::string opening = inRed(bold(number + ".")) + bold(" " + name);
-    if (!values["Symbol"].empty())
-        opening += ", " + inRed(bold(values["Symbol"]));
-    if (!values["Atomic weight"].empty())
-        opening += ". " + italic("Atomic\u00A0weight") + "\u00A0" + escaped(values["Atomic weight"]) + ".";
+    if (!symbol.empty())
+        opening += ", " + inRed(bold(symbol));
+    if (!weight.empty())
+        opening += ". " + italic("Atomic\u00A0weight") + "\u00A0" + escaped(weight) + ".";
     const std::string key = std::string(3 - number.size(), '0') + number;
-    Article article{key, number + " " + name, name, {{Setting::Hanging, false, false, opening}}, {}, name};
-    if (body = singleSpaced(body); !body.empty())
-        article.paragraphs.push_back({Setting::Indented, false, false, richText(body)});
+    Article article{key, number + " " + name, name, {{.markup = opening}}, {}, name};
+    if (const std::string body = singleSpaced(rest.substr(name.size())); !body.empty())
+        article.paragraphs.push_back({.setting = Setting::Indented, .markup = richText(body)});
     return article;
 }
 
@@ -234,7 +217,7 @@ Article parseFreedictArticle(std::string_view text) {
     static const Pattern pronunciation(" /[^/]*/");
     static Pattern sense(R"(^(\d+\.)? *(.*?)( \d+\.)?$)"); // some end with the number of the sense on the next line
     std::vector<std::string> lines;
-    for (const std::string_view line : linesOf(text))
+    for (const std::string& line : linesOf(text))
         lines.push_back(singleSpaced(pronunciation.removedFrom(line)));
     const std::string heading = lines.empty() ? "" : lines[0];
     const std::size_t end = std::min({heading.find(" <"), heading.find(" ("), heading.size()});
@@ -262,7 +245,7 @@ Article parseFreedictArticle(std::string_view text) {
         return {};
     if (last.find_last_of(".?!") != last.size() - 1 && !markup.ends_with(".</i>"))
         markup += '.';
-    return {key, key, "", {{Setting::Hanging, false, false, markup}}};
+    return {key, key, "", {{.markup = markup}}};
 }
 
 Article parseJapaneseArticle(std::string_view text) {
@@ -285,10 +268,16 @@ Article parseJapaneseArticle(std::string_view text) {
     if (key.empty())
         return {};
     const std::string brackets = spellings.empty() ? "" : "【" + escaped(Join(spellings, "・")) + "】";
-    return {key,
-            key,
-            spellings.empty() ? "" : spellings[0],
-            {{Setting::Hanging, false, false, bold(key) + brackets + japaneseSenses(lines)}}};
+    const std::string note = spellings.empty() ? "" : spellings[0];
+    return {key, key, note, {{.markup = bold(key) + brackets + japaneseSenses(lines)}}};
+}
+
+void thinOut(std::vector<Article>& articles, std::size_t most) {
+    if (articles.size() <= most)
+        return;
+    for (std::size_t i = 0; i < most; ++i)
+        articles[i] = articles[i * articles.size() / most];
+    articles.resize(most);
 }
 
 std::vector<Article> articlesOf(const std::vector<std::string>& source, Article (*parse)(std::string_view),
@@ -299,13 +288,10 @@ std::vector<Article> articlesOf(const std::vector<std::string>& source, Article 
         if (seen.insert(text).second)
             if (Article article = parse(text); !article.key.empty())
                 all.push_back(std::move(article));
-    if (all.size() <= most)
-        return all;
-    std::ranges::stable_sort(all, {}, &Article::key);
-    std::vector<Article> chosen;
-    for (std::size_t i = 0; i < most; ++i)
-        chosen.push_back(std::move(all[i * all.size() / most]));
-    return chosen;
+    if (all.size() > most)
+        std::ranges::stable_sort(all, {}, &Article::key);
+    thinOut(all, most);
+    return all;
 }
 
 } // namespace velmarin

@@ -30,8 +30,10 @@ Article parseFreedictArticle(std::string_view text);
 /// brackets. No key unless the word is marked as common and has a reading.
 Article parseJapaneseArticle(std::string_view text);
 
-/// Parses the articles of a source. Equal ones count once; of more than `most`, that many are chosen evenly.
+/// Chooses `most` of the articles evenly, if there are more.
+void thinOut(std::vector<Article>& articles, std::size_t most);
+/// Parses the articles of a source. Equal ones count once; of more than `most`, that many are chosen from A to Z.
 std::vector<Article> articlesOf(const std::vector<std::string>& source, Article (*parse)(std::string_view),
-                                std::size_t most);
+                                std::size_t most = std::string::npos);
 
 } // namespace velmarin

@@ -1,10 +1,12 @@
 #include "make_samples/SampleFolder.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <exception>
 #include <map>
 #include <stdexcept>
+#include <thread>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -20,39 +22,38 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Runs each job in a process of its own, at most `atOnce` at a time. Threads will not do: cairo 1.16 shares fonts
-/// between them and fails when one of them drops a font that another is using. Throws std::runtime_error if a job
-/// throws, after printing what it threw.
-void runInProcesses(const std::vector<std::function<void()>>& jobs, std::size_t atOnce) {
-    bool failed = false;
-    std::size_t running = 0;
-    const auto waitForOne = [&] {
-        int status = 0;
-        while (wait(&status) < 0 && errno == EINTR)
-            continue;
-        failed = failed || status != 0;
-        --running;
-    };
-    for (const auto& job : jobs) {
-        if (running == atOnce)
-            waitForOne();
-        if (failed)
-            break;
-        const pid_t child = fork();
-        if (child == 0) {
-            try {
-                job();
-                _exit(0);
-            } catch (const std::exception& failure) {
-                std::fprintf(stderr, "%s\n", failure.what());
-                _exit(1);
-            }
-        }
-        failed = child < 0;
-        running += failed ? 0 : 1;
+using Job = std::function<void(const Sample&)>;
+
+[[noreturn]] void runAndExit(const Job& job, const Sample& sample) {
+    try {
+        job(sample);
+        _exit(0);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        _exit(1);
     }
-    while (running > 0)
-        waitForOne();
+}
+
+/// Runs the job of each sample in a process of its own, at most one a core at a time. Threads will not do: cairo 1.16
+/// shares fonts between them and fails when one of them drops a font that another is using. Throws std::runtime_error
+/// if a job throws, after printing what it threw.
+void runInProcesses(const std::vector<Sample>& samples, const Job& job) {
+    const std::size_t atOnce = std::max(std::thread::hardware_concurrency(), 1U);
+    bool failed = false;
+    std::size_t next = 0;
+    for (std::size_t running = 0; running > 0 || (next < samples.size() && !failed);) {
+        if (next < samples.size() && !failed && running < atOnce) {
+            const pid_t child = fork();
+            if (child == 0)
+                runAndExit(job, samples[next]);
+            failed = child < 0;
+            running += failed ? 0 : 1;
+            ++next;
+        } else if (int status = 0; wait(&status) > 0) {
+            failed = failed || status != 0;
+            --running;
+        }
+    }
     if (failed)
         throw std::runtime_error("the samples could not be made");
 }
@@ -71,11 +72,8 @@ void writePreferences(const fs::path& folder, const std::vector<Sample>& samples
 
 } // namespace
 
-bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const std::vector<Sample>& samples,
-                      std::size_t atOnce, const std::function<void(const std::string&)>& tell) {
-    fs::path whole = fs::absolute(target).lexically_normal();
-    if (!whole.has_filename())
-        whole = whole.parent_path();
+bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const std::vector<Sample>& samples) {
+    const fs::path whole = (fs::absolute(target) / "").lexically_normal().parent_path();
     if (fs::exists(whole) && !(fs::is_directory(whole) && fs::is_empty(whole)))
         return false;
     fs::create_directories(whole.parent_path());
@@ -85,14 +83,12 @@ bool makeSampleFolder(const fs::path& target, const fs::path& dictFolder, const 
     if (!staged)
         throw std::runtime_error("cannot write to " + whole.parent_path().string());
     const std::string name = whole.filename().string();
-    std::vector<std::function<void()>> jobs;
-    jobs.reserve(samples.size());
-    for (const Sample& sample : samples)
-        jobs.emplace_back([&, folder = fs::path(sample.group) / sample.name] {
-            makeBook(sample.make(dictFolder), staged->placeOf(name) / folder);
-            tell(folder.string());
-        });
-    runInProcesses(jobs, atOnce);
+    runInProcesses(samples, [&](const Sample& sample) {
+        const fs::path folder = fs::path(sample.group) / sample.name;
+        makeBook(sample.make(dictFolder), staged->placeOf(name) / folder);
+        std::printf("%s\n", folder.c_str());
+        std::fflush(stdout);
+    });
     writePreferences(staged->placeOf(name), samples);
     syncfs(openFolder(whole.parent_path()).number());
     if (!staged->moveTo(name, whole))

@@ -10,6 +10,7 @@
 
 #include "press/Text.h"
 #include "text/FindReplace.h"
+#include "text/StringFields.h"
 #include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 
@@ -73,7 +74,7 @@ std::string withoutCredits(const std::string& text) {
 
 /// How many lines the heading takes. The source is filled to 65 columns, so that a line that would have had room for
 /// the first word of the next ends its paragraph.
-std::size_t headingLines(const std::vector<std::string_view>& lines) {
+std::size_t headingLines(const std::vector<std::string>& lines) {
     constexpr std::size_t columns = 65;
     constexpr std::size_t mostLines = 14;
     long open = 0;
@@ -99,31 +100,20 @@ std::string dividedWord(std::string word) {
 /// "n.; pl. {Mice} (mīs)." keeps the word forms alone.
 std::string withoutPronunciations(std::string_view text) {
     static const Pattern pronunciation(R"(\([^)]*\)|[{}])");
-    std::string out = singleSpaced(pronunciation.removedFrom(text));
-    for (const std::string mark : {";", ",", "."})
-        out = ReplaceAllB(out, " " + mark, mark);
-    out.resize(out.find_last_not_of(',') + 1);
-    return out == "." ? "" : out;
+    static const Pattern between("^ ?[.]$|[, ]+$| (?=[;,.])");
+    return between.removedFrom(singleSpaced(pronunciation.removedFrom(text)));
 }
 
 /// headword \divided word\ (pronunciation), further spellings, word class [etymology]
 void parseHeading(GcideArticle& article, const std::string& text) {
-    static Pattern parts(R"(^(.*?) \\(.+?)\\(.*)$)");
-    static Pattern spoken(R"(^\((.*?)\)(.*)$)");
-    static Pattern tail(R"(^(?:[^\[]*\\)?[, ]*([^\[]*)(.*)$)");
-    if (!parts.finds(text))
+    static Pattern parts(R"(^(.*?) \\(.+?)\\ *(?:\((.*?)\))?(?:[^\[]*\\)?[, ]*([^\[]*)(.*)$)");
+    if (!parts.finds(gcideLetters(text)))
         return;
-    article.headword = gcideLetters(trimmed(parts.Substring(1)));
-    article.divided = dividedWord(gcideLetters(parts.Substring(2)));
-    std::string rest = gcideLetters(trimmed(parts.Substring(3)));
-    if (spoken.finds(rest)) {
-        article.pronunciation = dividedWord(spoken.Substring(1));
-        rest = spoken.Substring(2);
-    }
-    if (tail.finds(rest)) {
-        article.wordClass = withoutPronunciations(tail.Substring(1));
-        article.etymology = trimmed(tail.Substring(2));
-    }
+    article.headword = trimmed(parts.Substring(1));
+    article.divided = dividedWord(parts.Substring(2));
+    article.pronunciation = dividedWord(parts.Substring(3));
+    article.wordClass = withoutPronunciations(parts.Substring(4));
+    article.etymology = trimmed(parts.Substring(5));
 }
 
 Kind kindOf(std::string_view text, std::size_t indent) {
@@ -160,7 +150,7 @@ std::string sense(std::string_view text) {
 }
 
 Paragraph paragraphOf(Kind kind, std::string_view text) {
-    Paragraph paragraph{Setting::Indented, kind != Kind::Sense && kind != Kind::Phrase, false, {}};
+    Paragraph paragraph{Setting::Indented, kind != Kind::Sense && kind != Kind::Phrase};
     if (kind == Kind::Sense) {
         paragraph.markup = sense(text);
     } else if (kind == Kind::Quotation) {
@@ -178,7 +168,7 @@ Paragraph paragraphOf(Kind kind, std::string_view text) {
 }
 
 std::vector<Paragraph> paragraphsOf(const GcideArticle& article, bool inFull) {
-    std::vector<Paragraph> paragraphs{{Setting::Hanging, false, false, heading(article, inFull)}};
+    std::vector<Paragraph> paragraphs{{.markup = heading(article, inFull)}};
     std::map<Kind, std::size_t> taken;
     for (const auto& [kind, text] : article.blocks) {
         const bool isFirst = kind == Kind::Sense && taken[kind] == 0;
@@ -216,16 +206,10 @@ GcideArticle parseGcideArticle(std::string_view text) {
     const auto lines = linesOf(text.substr(std::min(text.find_first_not_of('\n'), text.size())));
     if (lines.empty())
         return article;
-    const auto joined = [](const auto& parts) {
-        std::string out;
-        for (const std::string_view part : parts)
-            (out += part) += ' ';
-        return singleSpaced(out);
-    };
     const auto body = lines.begin() + static_cast<std::ptrdiff_t>(headingLines(lines));
-    parseHeading(article, joined(std::vector(lines.begin(), body)));
+    parseHeading(article, singleSpaced(Join({lines.begin(), body}, " ")));
     for (const auto& block : blocksOf({body, lines.end()})) {
-        const std::string whole = joined(block);
+        const std::string whole = singleSpaced(Join(block, " "));
         const std::string clean = isModern(whole) ? "" : singleSpaced(withoutCredits(whole));
         if (!clean.empty())
             article.blocks.push_back({kindOf(clean, indentOf(block.front())), gcideLetters(clean)});

@@ -1,9 +1,6 @@
-#include <algorithm>
-#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <string>
-#include <thread>
 
 #include <CLI/CLI.hpp>
 
@@ -16,17 +13,11 @@ int main(int argc, char** argv) {
         "data of the Debian packages dict-*.");
     std::string folder;
     std::string dictFolder = "/usr/share/dictd";
-    std::size_t processes = std::max(std::thread::hardware_concurrency(), 1U);
     app.add_option("FOLDER", folder, "The folder to make. Nothing is done if it exists and is not empty")->required();
     app.add_option("--dict-dir", dictFolder, "The folder with the .index and .dict.dz files")->capture_default_str();
-    app.add_option("--processes", processes, "How many dictionaries to make at a time")->check(CLI::Range(1, 64));
     CLI11_PARSE(app, argc, argv);
     try {
-        const bool made = velmarin::makeSampleFolder(folder, dictFolder, velmarin::allSamples(), processes,
-                                                     [](const std::string& line) {
-                                                         std::printf("%s\n", line.c_str());
-                                                         std::fflush(stdout);
-                                                     });
+        const bool made = velmarin::makeSampleFolder(folder, dictFolder, velmarin::allSamples());
         std::printf("%s %s\n", folder.c_str(), made ? "is made" : "exists already");
         return 0;
     } catch (const std::exception& failure) {

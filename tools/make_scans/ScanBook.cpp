@@ -8,6 +8,7 @@
 #include "making/KeyRule.h"
 #include "press/Text.h"
 #include "text/FindReplace.h"
+#include "text/StringFields.h"
 #include "text/Utf8.h"
 
 namespace velmarin {
@@ -16,23 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kModernFace = "Old Standard TT, Linux Libertine O, EB Garamond 12, IPAexMincho";
-constexpr const char* kOldFace = "EB Garamond 12, Linux Libertine O, IPAexMincho";
-constexpr const char* kPlainFace = "Linux Libertine O, EB Garamond 12, IPAexMincho";
-
-constexpr const char* kEnglish = "/usr/share/hyphen/hyph_en_US.dic";
-constexpr const char* kGerman = "/usr/share/hyphen/hyph_de_DE.dic";
-
 constexpr std::size_t kAllBytes = 200'000'000;
-
-/// Every so manieth article, so that `most` are left.
-void thinOut(std::vector<Article>& articles, std::size_t most) {
-    if (articles.size() <= most)
-        return;
-    for (std::size_t i = 0; i < most; ++i)
-        articles[i] = articles[i * articles.size() / most];
-    articles.resize(most);
-}
 
 /// Sorts as the book does; of articles with equal search words the first stays.
 void sortArticles(ScanBook& book) {
@@ -54,36 +39,36 @@ ScanBook english(const fs::path& folder) {
     for (Article& article : made.book.articles)
         article.supplement.clear();
     Design& design = made.book.design;
-    design = {.typeface = kModernFace, .hyphenation = kEnglish, .columns = 3, .gutter = 40};
-    design.body = 25;
-    design.bodyLeading = 27;
-    design.small = 22;
-    design.smallLeading = 24;
+    design = {.typeface = kModernFace, .hyphenation = kEnglishPatterns, .columns = 3, .gutter = 40};
+    design.body = {25, 27};
+    design.small = {22, 24};
     design.head = 36;
     made.layout = {.head = HeadStyle::Split, .columnRules = true, .plateEvery = 45};
     return made;
+}
+
+/// The page of the two small books.
+Design smallPage(const char* typeface, const char* hyphenation) {
+    return {.typeface = typeface,
+            .hyphenation = hyphenation,
+            .pageWidth = 1500,
+            .pageHeight = 2200,
+            .sideMargin = 130,
+            .headBaseline = 170,
+            .textTop = 215,
+            .textBottom = 2060,
+            .gutter = 50,
+            .head = 34};
 }
 
 /// Latin and German: two columns, "FIRST–LAST" in the middle, no rule, the number at the outer corner.
 ScanBook latin(const fs::path& folder) {
     ScanBook made;
     made.languages = "lat";
-    made.book.articles = articlesOf(sourceArticles(folder, "freedict-lat-deu"), parseFreedictArticle, kAllBytes);
+    made.book.articles = articlesOf(sourceArticles(folder, "freedict-lat-deu"), parseFreedictArticle);
     made.book.order.IJUVMode = true;
-    Design& design = made.book.design;
-    design = {.typeface = kOldFace,
-              .hyphenation = kGerman,
-              .pageWidth = 1500,
-              .pageHeight = 2200,
-              .sideMargin = 130,
-              .headBaseline = 170,
-              .textTop = 215,
-              .textBottom = 2060,
-              .gutter = 50,
-              .head = 34};
-    design.body = 33;
-    design.bodyLeading = 37;
-    design.boldSpacing = 0.03;
+    made.book.design = smallPage(kOldFace, kGermanPatterns);
+    made.book.design.boldSpacing = 0.03;
     made.layout = {.head = HeadStyle::Joined,
                    .capitals = true,
                    .outerNumber = true,
@@ -130,13 +115,12 @@ ScanBook greek(const fs::path& folder) {
         addGreekArticles(made.book.articles, text);
     Design& design = made.book.design;
     design = {.typeface = kModernFace,
-              .hyphenation = kGerman,
+              .hyphenation = kGermanPatterns,
               .pageWidth = 1700,
               .pageHeight = 2500,
               .sideMargin = 140,
               .textBottom = 2380};
-    design.body = 32;
-    design.bodyLeading = 37;
+    design.body = {32, 37};
     made.layout = {.head = HeadStyle::Split, .bold = false, .running = true};
     return made;
 }
@@ -145,20 +129,14 @@ ScanBook greek(const fs::path& folder) {
 ScanBook french(const fs::path& folder) {
     ScanBook made;
     made.languages = "fra";
-    made.book.articles = articlesOf(sourceArticles(folder, "freedict-fra-eng"), parseFreedictArticle, kAllBytes);
+    made.book.articles = articlesOf(sourceArticles(folder, "freedict-fra-eng"), parseFreedictArticle);
     Design& design = made.book.design;
-    design = {.typeface = kPlainFace,
-              .hyphenation = kEnglish,
-              .pageWidth = 1500,
-              .pageHeight = 2200,
-              .sideMargin = 130,
-              .headBaseline = 2140,
-              .textTop = 150,
-              .textBottom = 2080,
-              .gutter = 50,
-              .head = 30};
-    design.body = 31;
-    design.bodyLeading = 35;
+    design = smallPage(kPlainFace, kEnglishPatterns);
+    design.headBaseline = 2140;
+    design.textTop = 150;
+    design.textBottom = 2080;
+    design.head = 30;
+    design.body = {31, 35};
     made.layout = {.head = HeadStyle::None, .numberAtFoot = true, .rule = false, .columnRules = true};
     return made;
 }
@@ -167,11 +145,10 @@ ScanBook french(const fs::path& folder) {
 ScanBook japanese(const fs::path& folder) {
     ScanBook made;
     made.languages = "jpn";
-    made.book.articles = articlesOf(sourceArticles(folder, "freedict-jpn-fra"), parseJapaneseArticle, kAllBytes);
+    made.book.articles = articlesOf(sourceArticles(folder, "freedict-jpn-fra"), parseJapaneseArticle);
     Design& design = made.book.design;
     design = {.typeface = kPlainFace, .columns = 2};
-    design.body = 37;
-    design.bodyLeading = 45;
+    design.body = {37, 45};
     made.layout = {.head = HeadStyle::First};
     return made;
 }

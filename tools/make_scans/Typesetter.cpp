@@ -23,8 +23,8 @@ Design scaled(Design design, double by) {
     for (int* length : {&design.pageWidth, &design.pageHeight, &design.sideMargin, &design.headBaseline,
                         &design.textTop, &design.textBottom, &design.gutter})
         *length = static_cast<int>(std::lround(*length * by));
-    for (double* length :
-         {&design.body, &design.bodyLeading, &design.small, &design.smallLeading, &design.head, &design.initial})
+    for (double* length : {&design.body.em, &design.body.leading, &design.small.em, &design.small.leading, &design.head,
+                           &design.initial})
         *length *= by;
     design.dpi = static_cast<int>(std::lround(design.dpi * by));
     return design;
@@ -38,7 +38,7 @@ ScanBook scaled(ScanBook book, int dpi) {
 /// For texts of one line in the size of the head.
 Design ofHead(Design design) {
     design.columns = 1;
-    design.body = design.head;
+    design.body.em = design.head;
     design.hyphenation.clear();
     return design;
 }

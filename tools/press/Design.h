@@ -6,6 +6,17 @@
 
 namespace velmarin {
 
+// Families that books are set in, from the font packages in tools/packages.txt. The later ones of each supply letters
+// and ornaments that the first lacks; the last has kana and Chinese characters.
+inline constexpr const char* kModernFace = "Old Standard TT, Linux Libertine O, EB Garamond 12, IPAexMincho";
+inline constexpr const char* kOldFace = "EB Garamond 12, Linux Libertine O, IPAexMincho";
+inline constexpr const char* kPlainFace = "Linux Libertine O, EB Garamond 12, IPAexMincho";
+
+// Files of hyphenation patterns.
+inline constexpr const char* kEnglishPatterns = "/usr/share/hyphen/hyph_en_US.dic";
+inline constexpr const char* kGermanPatterns = "/usr/share/hyphen/hyph_de_DE.dic";
+inline constexpr const char* kFrenchPatterns = "/usr/share/hyphen/hyph_fr.dic";
+
 enum class Setting : std::uint8_t {
     Hanging,  ///< justified, the first line at the margin: the opening of an article
     Indented, ///< justified, the first line indented: a further paragraph of the article
@@ -16,14 +27,19 @@ enum class Setting : std::uint8_t {
 struct Paragraph {
     Setting setting = Setting::Hanging;
     bool small = false;
-    bool gapBefore = false; ///< opens a stanza
-    std::string markup;     ///< Pango markup
+    bool gapBefore = false;  ///< opens a stanza
+    std::string markup = {}; ///< Pango markup
 };
 
 enum class PageKind : std::uint8_t {
     BilevelTiff, ///< 1 bit per pixel, Group 4
     ColorPng,    ///< black and red ink
     ColorJpeg,   ///< the same on toned paper
+};
+
+struct TypeSize {
+    double em = 0;
+    double leading = 0; ///< from one baseline to the next
 };
 
 /// How the pages of a book look. Lengths in pixels.
@@ -40,10 +56,8 @@ struct Design {
     int textBottom = 2830;
     int columns = 2;
     int gutter = 64; ///< between columns
-    double body = 33;
-    double bodyLeading = 37;
-    double small = 29;
-    double smallLeading = 32;
+    TypeSize body{33, 37};
+    TypeSize small{29, 32};
     double head = 38;
     double initial = 96; ///< the letter that opens its part of the alphabet
     bool letterHeads = true;

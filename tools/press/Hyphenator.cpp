@@ -10,6 +10,7 @@
 #include <glib.h>
 #include <hyphen.h>
 
+#include "text/LetterCase.h"
 #include "text/Utf8.h"
 
 namespace velmarin {
@@ -54,9 +55,7 @@ const std::string& Hyphenator::divided(const std::string& word) const {
     std::string& out = known->second;
     if (!isNew || word.size() < kFewestBytes || word.size() > kMostBytes)
         return out;
-    std::string small;
-    for (std::size_t at = 0; at < word.size(); at += decodeUtf8(word, at).length)
-        appendUtf8(small, g_unichar_tolower(decodeUtf8(word, at).value));
+    std::string small = smallLetters(word);
     std::array<char, kMostBytes * 2> digits{}; // after each letter; odd if the word may be divided there
     char** replacements = nullptr;             // for divisions that change the spelling; these languages have none
     int* positions = nullptr;

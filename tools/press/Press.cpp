@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstring>
 #include <iterator>
 #include <stdexcept>
 #include <utility>
@@ -155,17 +154,6 @@ void shade(cairo_t* context, double width, double height) {
     cairo_pattern_destroy(gradient);
 }
 
-/// Up to 32 pixels as bits, the first in the most significant. Most are blank.
-l_uint32 packed(const unsigned char* ink, int count) {
-    static constexpr std::array<unsigned char, 32> blank{};
-    l_uint32 bits = 0;
-    if (std::memcmp(ink, blank.data(), static_cast<std::size_t>(count)) == 0)
-        return bits;
-    for (int i = 0; i < count; ++i)
-        bits |= l_uint32{ink[i] >= kBlackFrom} << (31 - i);
-    return bits;
-}
-
 /// The paper of one page and the ink on it. Draws in pixels from the top left.
 class Sheet {
   public:
@@ -226,14 +214,16 @@ void Sheet::write(const fs::path& path) const {
         pixCreate(design_.pageWidth, design_.pageHeight, bilevel_ ? 1 : 32), destroy);
     if (!pix)
         throw std::runtime_error("not enough memory for a page");
-    l_uint32* word = pixGetData(pix.get());
-    const unsigned char* row = cairo_image_surface_get_data(surface_.get());
-    const int words = pixGetWpl(pix.get());
-    for (int y = 0; y < design_.pageHeight; ++y, row += cairo_image_surface_get_stride(surface_.get()))
-        for (int x = 0; x < words; ++x)
-            // cairo keeps a color in the low 24 bits of a word, Leptonica in the high ones.
-            *word++ = bilevel_ ? packed(row + std::ptrdiff_t{x} * 32, std::min(32, design_.pageWidth - x * 32))
-                               : reinterpret_cast<const l_uint32*>(row)[x] << 8;
+    l_uint32* line = pixGetData(pix.get());
+    const unsigned char* ink = cairo_image_surface_get_data(surface_.get());
+    for (int y = 0; y < design_.pageHeight; ++y, line += pixGetWpl(pix.get())) {
+        for (int x = 0; x < design_.pageWidth; ++x)
+            if (!bilevel_) // cairo keeps a color in the low 24 bits of a word, Leptonica in the high ones
+                line[x] = reinterpret_cast<const l_uint32*>(ink)[x] << 8;
+            else if (ink[x] >= kBlackFrom)
+                line[x / 32] |= 0x80000000U >> (x % 32);
+        ink += cairo_image_surface_get_stride(surface_.get());
+    }
     pixSetResolution(pix.get(), design_.dpi, design_.dpi);
     const bool failed = design_.kind == PageKind::ColorJpeg
                             ? pixWriteJpeg(path.c_str(), pix.get(), kJpegQuality, 0) != 0
@@ -253,8 +243,7 @@ Layout Press::layout(std::string markup, double size, double width) const {
         markup = ReplaceAllB(markup, "</b>", "</span>");
     }
     Layout made(pango_layout_new(context_.get()), g_object_unref);
-    PangoFontDescription* font = pango_font_description_new();
-    pango_font_description_set_family(font, design_.typeface.c_str());
+    PangoFontDescription* font = pango_font_description_from_string((design_.typeface + ",").c_str());
     pango_font_description_set_absolute_size(font, size * PANGO_SCALE);
     pango_layout_set_font_description(made.get(), font);
     pango_font_description_free(font);
@@ -265,7 +254,7 @@ Layout Press::layout(std::string markup, double size, double width) const {
 }
 
 std::vector<FlowLine> Press::linesOf(const Paragraph& paragraph) const {
-    const double em = paragraph.small ? design_.small : design_.body;
+    const auto [em, leading] = paragraph.small ? design_.small : design_.body;
     const bool justified = paragraph.setting == Setting::Hanging || paragraph.setting == Setting::Indented;
     const auto [first, rest] = kIndents.at(static_cast<std::size_t>(paragraph.setting));
     const double left = std::min(first, rest) * em;
@@ -291,14 +280,13 @@ std::vector<FlowLine> Press::linesOf(const Paragraph& paragraph) const {
         if (justified)
             for (PangoGlyphInfo* blank : loose.blanks)
                 blank->geometry.width += loose.missing / static_cast<int>(loose.blanks.size());
-        lines.push_back(
-            {Line(best, loose.line), left + loose.x, paragraph.small ? design_.smallLeading : design_.bodyLeading});
+        lines.push_back({Line(best, loose.line), left + loose.x, leading});
     }
     // Keeps a paragraph's first line from the foot of a column, and its last from the head of one.
     if (lines.size() >= 2)
         lines.front().keepWithNext = lines[lines.size() - 2].keepWithNext = true;
     if (paragraph.gapBefore)
-        lines.front().spaceBefore = kStanzaSpace * design_.bodyLeading;
+        lines.front().spaceBefore = kStanzaSpace * design_.body.leading;
     return lines;
 }
 
@@ -308,7 +296,7 @@ std::vector<FlowLine> Press::linesOf(const std::string& letter) const {
     lines[0].line = Line(made, pango_layout_get_line(made.get(), 0));
     lines[0].x = (design_.columnWidth() - widthOf(made)) / 2;
     lines[0].leading = design_.initial * 1.02;
-    lines[0].spaceBefore = kInitialSpace * design_.bodyLeading;
+    lines[0].spaceBefore = kInitialSpace * design_.body.leading;
     lines[1].leading = design_.initial * 0.3;
     lines[0].keepWithNext = lines[1].keepWithNext = true;
     return lines;
@@ -326,7 +314,7 @@ std::vector<FlowLine> Press::set(const std::vector<Paragraph>& paragraphs, std::
         std::ranges::move(linesOf(paragraph), std::back_inserter(lines));
     }
     lines.at(opening).opensArticle = true;
-    lines[opening].spaceBefore = kArticleSpace * design_.bodyLeading;
+    lines[opening].spaceBefore = kArticleSpace * design_.body.leading;
     for (FlowLine& line : lines)
         line.article = article;
     return lines;
@@ -356,7 +344,7 @@ void Press::printPage(const fs::path& path, const Page& page, const std::vector<
     }
     for (int column = 1; column < design_.columns; ++column) {
         const int left = design_.sideMargin + column * (design_.columnWidth() + design_.gutter);
-        sheet.fill(left - design_.gutter / 2 - 1, design_.textTop + 6, 2, foot + design_.bodyLeading * 0.2 - 6);
+        sheet.fill(left - design_.gutter / 2 - 1, design_.textTop + 6, 2, foot + design_.body.leading * 0.2 - 6);
     }
     sheet.write(path);
 }

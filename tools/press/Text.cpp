@@ -5,13 +5,12 @@
 
 #include "files/LineReader.h"
 #include "text/FindReplace.h"
+#include "text/StringFields.h"
 #include "text/Utf8.h"
 
 namespace velmarin {
 
 namespace {
-
-constexpr std::string_view kBlanks = " \t\r\n";
 
 std::string span(const char* attribute, std::string_view markup) {
     return "<span " + std::string(attribute) + ">" + std::string(markup) + "</span>";
@@ -19,30 +18,21 @@ std::string span(const char* attribute, std::string_view markup) {
 
 } // namespace
 
-std::string_view trimmed(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
 std::string singleSpaced(std::string_view text) {
-    std::string out(trimmed(text));
-    std::ranges::replace_if(
-        out, [](char c) { return kBlanks.find(c) != std::string_view::npos; }, ' ');
-    const auto rest = std::ranges::unique(out, [](char a, char b) { return a == ' ' && b == ' '; });
-    out.erase(rest.begin(), rest.end());
-    return out;
+    static const Pattern blanks("[ \t\r\n]+");
+    return blanks.ReplaceAll(trimmed(text), " ");
 }
 
-std::vector<std::string_view> linesOf(std::string_view text) {
-    std::vector<std::string_view> lines;
+std::vector<std::string> linesOf(std::string_view text) {
+    std::vector<std::string> lines;
     for (LineReader reader(text); !reader.EOF_();)
-        lines.push_back(reader.ReadLine());
+        lines.emplace_back(reader.ReadLine());
     return lines;
 }
 
-std::vector<std::vector<std::string_view>> blocksOf(const std::vector<std::string_view>& lines) {
-    std::vector<std::vector<std::string_view>> blocks(1);
-    for (const std::string_view line : lines) {
+std::vector<std::vector<std::string>> blocksOf(const std::vector<std::string>& lines) {
+    std::vector<std::vector<std::string>> blocks(1);
+    for (const std::string& line : lines) {
         if (!trimmed(line).empty())
             blocks.back().push_back(line);
         else if (!blocks.back().empty() || blocks.size() == 1)

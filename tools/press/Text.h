@@ -16,14 +16,12 @@ class Pattern : public RegExMBS {
     std::string removedFrom(std::string_view text) const { return ReplaceAll(text, ""); }
 };
 
-/// Without blanks, tabs and line ends on either side.
-std::string_view trimmed(std::string_view text);
 /// Replaces every run of blanks, tabs and line ends by one blank and trims the result.
 std::string singleSpaced(std::string_view text);
 /// Lines without their ends, as LineReader takes them.
-std::vector<std::string_view> linesOf(std::string_view text);
+std::vector<std::string> linesOf(std::string_view text);
 /// Groups of lines that blank lines separate; the first is empty if the text begins with a blank line.
-std::vector<std::vector<std::string_view>> blocksOf(const std::vector<std::string_view>& lines);
+std::vector<std::vector<std::string>> blocksOf(const std::vector<std::string>& lines);
 std::size_t indentOf(std::string_view line);
 
 // Pango markup of plain text. Bytes that are not UTF-8 become U+FFFD.

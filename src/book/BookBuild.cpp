@@ -1,6 +1,5 @@
 #include "book/BookBuild.h"
 
-#include "book/BookDraft.h"
 #include "draft/DraftEntries.h"
 
 #include <algorithm>

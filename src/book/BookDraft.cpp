@@ -1,13 +1,10 @@
 #include "book/BookDraft.h"
 
-#include "draft/DraftMending.h"
-#include "making/PrintedNumbers.h"
-#include "reading/PageGuess.h"
-#include "store/FileNames.h"
+#include "book/BookReadings.h"
+#include "draft/PageNames.h"
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -15,22 +12,18 @@ namespace velmarin {
 
 namespace {
 
-/// The rows that a person has set. A page whose picture has another extension now, because it was turned, is the same.
+/// The rows that a person has set, with the names that their pages have now.
 std::vector<DraftPage> setRows(const Draft& draft, const std::vector<BookPicture>& pages) {
-    std::unordered_map<std::string, std::string> byStem;
-    std::unordered_set<std::string> names;
-    for (const BookPicture& page : pages) {
-        names.insert(page.name);
-        byStem.emplace(mFiMod_RemoveExtesionFromFileName(page.name), page.name);
-    }
+    PageNames names;
+    for (std::size_t i = 0; i < pages.size(); ++i)
+        names.add(pages[i].name, i);
     std::vector<DraftPage> rows;
-    for (DraftPage row : draft.pages) {
+    for (const DraftPage& row : draft.pages) {
         if (row.state != PageState::Set)
             continue;
-        const auto renamed = byStem.find(mFiMod_RemoveExtesionFromFileName(row.page));
-        if (!names.contains(row.page) && renamed != byStem.end())
-            row.page = renamed->second;
-        rows.push_back(std::move(row));
+        rows.push_back(row);
+        if (const auto place = names.placeOf(row.page))
+            rows.back().page = pages[*place].name;
     }
     return rows;
 }
@@ -46,42 +39,10 @@ std::vector<std::string> onlyIn(const std::vector<std::string>& names, const std
 
 } // namespace
 
-KeyRule keyRuleOf(const BookSettings& settings) {
-    return KeyRule::parse(settings.ignore, settings.alike).value_or(KeyRule());
-}
-
-void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft) {
-    std::vector<std::string> numbers;
-    std::unordered_set<int> seen;
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        const bool firstOfPage = seen.insert(pages[i].scanPage).second;
-        const auto given = std::find_if(settings.numbers.begin(), settings.numbers.end(), [&](const GivenNumber& each) {
-            return firstOfPage && each.page == pages[i].scanPage;
-        });
-        if (given == settings.numbers.end() && numbers.empty())
-            continue;
-        const DraftPage& row = draft.pages[i];
-        const std::string setNumber = row.state == PageState::Set ? row.number : std::string();
-        numbers.push_back(setNumber.empty() && given != settings.numbers.end() ? given->number : setNumber);
-    }
-    numbers = filledPrintedNumbers(std::move(numbers));
-    for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
-        draft.pages[i].number = numbers[next];
-}
-
 Draft draftOfReadings(const BookFolder& book, const Draft& before) {
-    const std::vector<BookPicture> pages = book.pages();
-    Readings logged = book.readings();
-    std::vector<PageReading> readings;
-    for (const BookPicture& page : pages) {
-        PageReading& reading = logged[page.name].reading;
-        reading.page = page.name;
-        readings.push_back(std::move(reading));
-    }
-    const std::vector<DraftPage> set = setRows(before, pages);
-    Draft draft = mendedDraft(guessGuideWords(readings), set, keyRuleOf(book.settings()), book.settings().order);
+    const BookReadings readings(book);
+    Draft draft = readings.wholeDraft(setRows(before, readings.pages()));
     keepAddedColumns(before, draft);
-    takeGivenNumbers(pages, book.settings(), draft);
     return draft;
 }
 

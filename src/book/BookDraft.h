@@ -1,19 +1,11 @@
 #pragma once
 
 #include "book/BookFolder.h"
-#include "making/KeyRule.h"
 
 #include <string>
 #include <vector>
 
 namespace velmarin {
-
-/// How the book sorts its headwords. Settings that cannot be parsed give the plain rule.
-KeyRule keyRuleOf(const BookSettings& settings);
-
-/// Numbers the rows of `draft`, one for each of `pages`, from the first number that the settings give. Rows that a
-/// person has set keep theirs.
-void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft);
 
 /// The draft of what was read of a book so far, with a row for each page. Rows of `before` that a person has set stay
 /// as they are. Printed numbers that the settings give go before those that were read.

@@ -1,11 +1,38 @@
 #include "book/BookReadings.h"
 
-#include "book/BookDraft.h"
 #include "draft/DraftMending.h"
+#include "making/PrintedNumbers.h"
 
+#include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace velmarin {
+
+namespace {
+
+/// Numbers the rows of `draft`, one for each of `pages`, from the first number that the settings give. Rows that a
+/// person has set keep theirs.
+void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings& settings, Draft& draft) {
+    std::vector<std::string> numbers;
+    std::unordered_set<int> seen;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const bool firstOfPage = seen.insert(pages[i].scanPage).second;
+        const auto given = std::find_if(settings.numbers.begin(), settings.numbers.end(), [&](const GivenNumber& each) {
+            return firstOfPage && each.page == pages[i].scanPage;
+        });
+        if (given == settings.numbers.end() && numbers.empty())
+            continue;
+        const DraftPage& row = draft.pages[i];
+        const std::string setNumber = row.state == PageState::Set ? row.number : std::string();
+        numbers.push_back(setNumber.empty() && given != settings.numbers.end() ? given->number : setNumber);
+    }
+    numbers = filledPrintedNumbers(std::move(numbers));
+    for (std::size_t i = pages.size() - numbers.size(), next = 0; i < pages.size(); ++i, ++next)
+        draft.pages[i].number = numbers[next];
+}
+
+} // namespace
 
 BookReadings::BookReadings()
     : mender_(std::make_shared<const DraftMender>(std::vector<PageGuess>(), rule_, IndexOrder())) {}
@@ -42,9 +69,14 @@ const PageGuess* BookReadings::guess(const std::string& name) const {
     return headStrips_.contains(name) ? &guesses_[places_.at(name)] : nullptr;
 }
 
-Draft BookReadings::draft(const std::vector<DraftPage>& set) const {
+Draft BookReadings::wholeDraft(const std::vector<DraftPage>& set) const {
     Draft draft = mender_->mended(set);
     takeGivenNumbers(pages_, settings_, draft);
+    return draft;
+}
+
+Draft BookReadings::draft(const std::vector<DraftPage>& set) const {
+    Draft draft = wholeDraft(set);
     std::erase_if(draft.pages, [this](const DraftPage& row) { return !headStrips_.contains(row.page); });
     return draft;
 }

@@ -30,6 +30,10 @@ class BookReadings {
     const KeyRule& keyRule() const { return rule_; }
     const IndexOrder& indexOrder() const { return settings_.order; }
 
+    const std::vector<BookPicture>& pages() const { return pages_; }
+    /// The rows of all pages, given those that a person has set. Numbers that the settings give go before those that
+    /// were read.
+    Draft wholeDraft(const std::vector<DraftPage>& set) const;
     /// The rows of all pages that were read, given those that a person has set.
     Draft draft(const std::vector<DraftPage>& set) const;
 

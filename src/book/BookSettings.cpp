@@ -26,6 +26,10 @@ bool BookSettings::leavesOut(int page) const {
     return std::any_of(leftOut.begin(), leftOut.end(), [page](const PageSpan& span) { return span.has(page); });
 }
 
+KeyRule keyRuleOf(const BookSettings& settings) {
+    return KeyRule::parse(settings.ignore, settings.alike).value_or(KeyRule());
+}
+
 std::string formatBookSettings(const BookSettings& settings) {
     const Json json{{kMark, kVersion},
                     {"languages", settings.languages},

@@ -2,6 +2,7 @@
 
 #include "book/PageSpan.h"
 #include "making/About.h"
+#include "making/KeyRule.h"
 #include "text/SearchWord.h"
 
 #include <optional>
@@ -40,6 +41,9 @@ struct BookSettings {
     std::string takenFrom = {};
     PageSettings takenAs = {};
 };
+
+/// How the book sorts its headwords. Settings that cannot be parsed give the plain rule.
+KeyRule keyRuleOf(const BookSettings& settings);
 
 /// The settings as JSON, and back. nullopt for what is not the settings of a book.
 std::string formatBookSettings(const BookSettings& settings);

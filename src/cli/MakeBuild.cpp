@@ -1,5 +1,4 @@
 #include "book/BookBuild.h"
-#include "book/BookDraft.h"
 #include "cli/MakeOptions.h"
 #include "cli/MakeParts.h"
 #include "cli/Operands.h"

@@ -1,4 +1,3 @@
-#include "book/BookDraft.h"
 #include "cli/FolderArgument.h"
 #include "cli/MakeOptions.h"
 #include "cli/MakeParts.h"

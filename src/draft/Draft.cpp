@@ -1,14 +1,13 @@
 #include "draft/Draft.h"
 
+#include "draft/PageNames.h"
 #include "files/AtomicFile.h"
 #include "making/SeparatedValues.h"
-#include "store/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/NumberText.h"
 
 #include <algorithm>
 #include <array>
-#include <unordered_map>
 #include <utility>
 
 namespace velmarin {
@@ -74,20 +73,12 @@ std::optional<Draft> parseDraft(std::string_view text) {
 }
 
 void keepAddedColumns(const Draft& before, Draft& draft) {
-    std::unordered_map<std::string, const DraftPage*> byName, byStem;
-    for (const DraftPage& row : before.pages) {
-        byName.emplace(row.page, &row);
-        byStem.emplace(mFiMod_RemoveExtesionFromFileName(row.page), &row);
-    }
-    for (DraftPage& row : draft.pages) {
-        auto found = byName.find(row.page);
-        if (found == byName.end()) {
-            found = byStem.find(mFiMod_RemoveExtesionFromFileName(row.page));
-            if (found == byStem.end())
-                continue;
-        }
-        row.errata = found->second->errata;
-    }
+    PageNames names;
+    for (std::size_t i = 0; i < before.pages.size(); ++i)
+        names.add(before.pages[i].page, i);
+    for (DraftPage& row : draft.pages)
+        if (const auto place = names.placeOf(row.page))
+            row.errata = before.pages[*place].errata;
 }
 
 Result saveDraft(const Draft& draft, const std::filesystem::path& file) {

@@ -50,8 +50,8 @@ std::string formatDraft(const Draft& draft);
 /// out. nullopt if there is no column `page`.
 std::optional<Draft> parseDraft(std::string_view text);
 
-/// Copies to the rows of `draft` what people add and no reading gives (errata), from the rows of `before` by page. A
-/// page whose picture has another extension now, because it was turned, is the same.
+/// Copies to the rows of `draft` what people add and no reading gives (errata), from the rows of `before` by page
+/// (PageNames).
 void keepAddedColumns(const Draft& before, Draft& draft);
 
 /// Writes draft.tsv atomically.

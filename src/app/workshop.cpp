@@ -3,6 +3,7 @@
 #include "platform/EndSignals.h"
 #include "platform/QtHost.h"
 #include "platform/QtText.h"
+#include "scan/OpenScan.h"
 #include "shell/Application.h"
 #include "store/UserPreferencesFolder.h"
 #include "workshop/BookCommands.h"
@@ -62,7 +63,7 @@ void savePicture(const std::string& file, const QImage& before = {}) {
 void addOptions(CLI::App& options, Request& request) {
     options
         .add_option("BOOK", request.bookOrScan,
-                    "The working folder of a book, or a scan: a folder of page images, a TIFF, PDF or DjVu file")
+                    "The working folder of a book, or a scan: a folder of page images, " + velmarin::kScanFileKinds)
         ->option_text("[BOOK|SCAN]");
     options
         .add_option("--dictionary", request.dictionary, "Correct the dictionary in FOLDER, which is opened at a word")

@@ -6,6 +6,7 @@
 #include "cli/ReadingReport.h"
 #include "cli/StopSignals.h"
 #include "draft/DraftOrder.h"
+#include "scan/OpenScan.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
 
@@ -28,11 +29,11 @@ constexpr const char* kHelp = R"help(Columns:
   If the command was stopped, columns 3 and 4 of its only record are the pages that
   are read and all pages.
 
-Reads the guide words of a scanned book. SOURCE is a folder of page images, a TIFF
-of several pages, a PDF or a DjVu file; nothing is written to it. BOOK is a new or
-empty folder, or one that the command has made before: then it reads the pages that
-are not read yet, and with another --lang or --turn those that it changes. Options
-are kept in BOOK; "--no-spread" and the like take them back. Pages are counted from 1 in the order of SOURCE.
+Reads the guide words of a scanned book. Nothing is written to SOURCE. BOOK is a
+new or empty folder, or one that the command has made before: then it reads the
+pages that are not read yet, and with another --lang or --turn those that it
+changes. Options are kept in BOOK; "--no-spread" and the like take them back. Pages
+are counted from 1 in the order of SOURCE.
 
 The result is BOOK/draft.tsv, a table with the columns page, number, first, last,
 confidence and state (certain, mended, doubtful, set). Any spreadsheet edits it.
@@ -185,7 +186,7 @@ Status draft(const Request& request, Session& session) {
 
 Job define(CLI::App& command) {
     const SettingsChange scan = addScanOptions(command), order = addOrderOptions(command);
-    const CLI::Option* source = addOperand(command, "SOURCE", "The scan");
+    const CLI::Option* source = addOperand(command, "SOURCE", "The scan: a folder of page images, " + kScanFileKinds);
     const CLI::Option* book = addOperand(command, "BOOK", "The working folder");
     return [=](Session& session) {
         return draft(

@@ -25,7 +25,7 @@ OpenedScan openScan(const FolderItem& item, const ScanTools& tools) {
         return openPdfScan(item, tools);
     if (isDjvu(start))
         return openDjvuScan(item, tools);
-    return {.result = Failure{item, "it is not a folder of pictures, a TIFF, a PDF or a DjVu file"}};
+    return {.result = Failure{item, "it is not a folder of pictures, " + kScanFileKinds}};
 }
 
 } // namespace velmarin

@@ -1,6 +1,8 @@
 #include "workshop/WelcomePane.h"
 
 #include "controls/PushButton.h"
+#include "platform/QtText.h"
+#include "scan/OpenScan.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -48,8 +50,9 @@ WelcomePane::WelcomePane(QWidget* parent) : QWidget(parent) {
         column->addWidget(label);
         column->addSpacing(6);
     };
-    add("OpenScanBT", QStringLiteral("Open a &scan…"), QStringLiteral("A PDF, a DjVu or a TIFF file"),
-        &WelcomePane::scanWanted);
+    QString kinds = toQ(kScanFileKinds);
+    kinds[0] = kinds[0].toUpper();
+    add("OpenScanBT", QStringLiteral("Open a &scan…"), kinds, &WelcomePane::scanWanted);
     add("OpenFolderBT", QStringLiteral("Open a folder of page &images…"), QStringLiteral("One picture a page"),
         &WelcomePane::folderWanted);
     add("OpenBookBT", QStringLiteral("Open a b&ook…"), QStringLiteral("Go on with a book that you have begun"),

@@ -3,6 +3,7 @@
 #include "controls/ScreenFit.h"
 #include "platform/Host.h"
 #include "platform/QtText.h"
+#include "scan/OpenScan.h"
 #include "workshop/BookOpener.h"
 #include "workshop/GuideForm.h"
 #include "workshop/PageListPane.h"
@@ -78,8 +79,7 @@ void WorkshopWindow::chooseBook() {
 }
 
 void WorkshopWindow::chooseScan() {
-    openChosen(
-        host_.GetOpenFile("Choose a scan: a PDF, a DjVu or a TIFF file.", {".pdf", ".djvu", ".djv", ".tif", ".tiff"}));
+    openChosen(host_.GetOpenFile("Choose a scan: " + kScanFileKinds + ".", kScanFileExtensions));
 }
 
 void WorkshopWindow::chooseFolder() {

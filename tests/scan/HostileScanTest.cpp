@@ -55,7 +55,7 @@ TEST(HostileScan, IsRefusedWithAReason) {
         {folder.at("gone"), "it could not be read"},
         {folder.at("fifo"), "it could not be read"},
         {folder.at("empty"), "it holds no pictures"},
-        {folder.write("text", "abc"), "it is not a folder of pictures, a TIFF, a PDF or a DjVu file"},
+        {folder.write("text", "abc"), "it is not a folder of pictures, a PDF, a DjVu or a TIFF file"},
         {folder.write("short.pdf", pdf.substr(0, 100)), "it could not be read: pdfinfo failed: Syntax Error"},
         {folder.write("many.pdf", replaced(pdf, "/Count 1", "/Count 1000000")),
          "it could not be read: pdfinfo failed: "},

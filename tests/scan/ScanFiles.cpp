@@ -5,8 +5,6 @@
 #include "view/Encoders.h"
 #include "view/PixTools.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <random>
 
 #include <tiffio.h>
@@ -29,18 +27,6 @@ Picture printedPage(int width, int height, int depth, unsigned seed, int margin)
         }
     }
     return Picture::adopt(pix);
-}
-
-int difference(const Picture& a, const Picture& b) {
-    if (a.Width() != b.Width() || a.Height() != b.Height())
-        return 256;
-    int most = 0;
-    for (int y = 0; y < a.Height(); ++y)
-        for (int x = 0; x < a.Width(); ++x) {
-            const Color c = a.pixel(x, y), d = b.pixel(x, y);
-            most = std::max({most, std::abs(c.red - d.red), std::abs(c.green - d.green), std::abs(c.blue - d.blue)});
-        }
-    return most;
 }
 
 namespace {

@@ -12,9 +12,6 @@ namespace velmarin::test {
 /// A page of lines of ink, the same for the same seed, in 1 or 8 bits. `margin` is white on all sides.
 Picture printedPage(int width, int height, int depth, unsigned seed, int margin = 40);
 
-/// The greatest difference of any channel, or 256 if the sizes differ.
-int difference(const Picture& a, const Picture& b);
-
 /// A page of a PDF that is made by hand.
 struct PdfPageText {
     std::string content;                  ///< drawing operators

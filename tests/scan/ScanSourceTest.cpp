@@ -1,5 +1,6 @@
 #include "ScanFiles.h"
 #include "scan/OpenScan.h"
+#include "support/PictureDifference.h"
 #include "support/RunProgram.h"
 #include "support/TempFolder.h"
 #include "support/Tree.h"

@@ -1,4 +1,5 @@
 #include "ImageFiles.h"
+#include "support/PictureDifference.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #include "ImageFiles.h"
+#include "support/PictureDifference.h"
 #include "view/PageRenderer.h"
 #include "view/PictureDrawing.h"
 

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <random>
 #include <stdexcept>
 
@@ -44,18 +43,6 @@ std::string asText(const Picture& picture) {
             text += letter(picture.pixel(x, y));
     }
     return text;
-}
-
-int difference(const Picture& a, const Picture& b) {
-    if (a.Width() != b.Width() || a.Height() != b.Height())
-        return 256;
-    int most = 0;
-    for (int y = 0; y < a.Height(); ++y)
-        for (int x = 0; x < a.Width(); ++x) {
-            const Color c = a.pixel(x, y), d = b.pixel(x, y);
-            most = std::max({most, std::abs(c.red - d.red), std::abs(c.green - d.green), std::abs(c.blue - d.blue)});
-        }
-    return most;
 }
 
 std::string encoded(Pix* pix, int format) {

@@ -22,9 +22,6 @@ Picture noise(int width, int height, int depth, unsigned seed);
 /// the pure colors, '?' for any other.
 std::string asText(const Picture& picture);
 
-/// The greatest difference of any channel, or 256 if the sizes differ.
-int difference(const Picture& a, const Picture& b);
-
 /// The bytes of a picture as Leptonica writes them in one of its formats (IFF_...).
 std::string encoded(Pix* pix, int format);
 

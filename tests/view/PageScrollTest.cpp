@@ -1,4 +1,5 @@
 #include "FakeCanvas.h"
+#include "support/PictureDifference.h"
 #include "text/NilObjectException.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #include "FakeCanvas.h"
+#include "support/PictureDifference.h"
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"
 #include "view/Encoders.h"

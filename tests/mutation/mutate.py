@@ -89,6 +89,10 @@ def cmake_calls(text, function):
         yield name, lists
 
 
+# Libraries that are tested through a program above them.
+TESTED_BY = {"velmarin_book": ["cli_tests"]}
+
+
 def core_libraries():
     """Every library without the toolkit, as CMake lists it, with the nearest test programs: those in the folder
     of the same name that link it, or else all that link it, or else all in that folder."""
@@ -104,6 +108,7 @@ def core_libraries():
             linking = [(place, program) for place, program, its in programs if name in its.get("LINKS", [])]
             nearest = [program for place, program in linking if place == folder] or [program for _, program in linking]
             nearest = nearest or [program for place, program, _ in programs if place == folder]
+            nearest = TESTED_BY.get(name, nearest)
             sources = [source for source in lists.get("SOURCES", []) if not source.startswith("Scripted")]
             if nearest:
                 found.append(Library(folder, name, tuple(sources), tuple(nearest)))

@@ -4,8 +4,8 @@
 #include <QSize>
 #include <QString>
 
+#include <span>
 #include <string_view>
-#include <vector>
 
 namespace velmarin {
 
@@ -24,7 +24,7 @@ struct MenuItemPlan {
 struct MenuPlan {
     std::string_view name;
     std::string_view caption;
-    std::vector<MenuItemPlan> items;
+    std::span<const MenuItemPlan> items;
 };
 
 /// The caption of the row of a window without a group.
@@ -38,6 +38,6 @@ inline QString windowShortcut(int row) {
 }
 
 /// The whole menu bar, `MenuBar1`, from left to right and top to bottom. The rows of `WinItem` grow at run time.
-const std::vector<MenuPlan>& menuTree();
+std::span<const MenuPlan> menuTree();
 
 } // namespace velmarin

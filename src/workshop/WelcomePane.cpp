@@ -15,13 +15,7 @@ namespace {
 constexpr int kTextWidth = 460;
 constexpr double kTitleSize = 1.6;
 
-} // namespace
-
-WelcomePane::WelcomePane(QWidget* parent) : QWidget(parent) {
-    auto* inner = new QWidget(this);
-    inner->setFixedWidth(kTextWidth);
-    auto* column = new QVBoxLayout(inner);
-    column->setSpacing(10);
+void addIntroduction(QWidget* inner, QVBoxLayout* column) {
     auto* title = new QLabel(QStringLiteral("Make a dictionary of a scanned book"), inner);
     QFont large = title->font();
     large.setPointSizeF(large.pointSizeF() * kTitleSize);
@@ -36,6 +30,16 @@ WelcomePane::WelcomePane(QWidget* parent) : QWidget(parent) {
     text->setWordWrap(true);
     column->addWidget(title);
     column->addWidget(text);
+}
+
+} // namespace
+
+WelcomePane::WelcomePane(QWidget* parent) : QWidget(parent) {
+    auto* inner = new QWidget(this);
+    inner->setFixedWidth(kTextWidth);
+    auto* column = new QVBoxLayout(inner);
+    column->setSpacing(10);
+    addIntroduction(inner, column);
     column->addSpacing(10);
     const auto add = [&](const char* name, const QString& caption, const QString& what, void (WelcomePane::*wanted)()) {
         auto* button = new PushButton(caption, inner);

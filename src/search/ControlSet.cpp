@@ -5,7 +5,7 @@
 #include "controls/PlainToolTip.h"
 #include "controls/TabPanel.h"
 #include "platform/QtText.h"
-#include "search/WindowLayout.h"
+#include "search/TabPanelPlace.h"
 #include "view/SmartCanvas.h"
 
 namespace velmarin {

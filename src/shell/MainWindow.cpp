@@ -5,7 +5,7 @@
 #include "platform/Host.h"
 #include "platform/QtText.h"
 #include "search/QueryBar.h"
-#include "search/WindowLayout.h"
+#include "search/TabPanelPlace.h"
 #include "shell/MenuBar.h"
 #include "shell/MenuTree.h"
 #include "shell/NoGroupNotice.h"

@@ -7,7 +7,7 @@
 #include "search/HitList.h"
 #include "search/PageDeck.h"
 #include "search/QueryBar.h"
-#include "search/WindowLayout.h"
+#include "search/TabPanelPlace.h"
 #include "shell/AboutPanel.h"
 #include "shell/GroupPicker.h"
 #include "shell/NoGroupNotice.h"

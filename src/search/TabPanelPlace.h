@@ -1,6 +1,6 @@
 #pragma once
 
-/// Places of a main window at its design size, in pixels from its top left.
+/// The size of a main window as it is designed, and the place of the tab panel in it, in pixels.
 namespace velmarin::design {
 
 inline constexpr int kWindowWidth = 838;

@@ -223,13 +223,13 @@ void DictdIndex::readFlags() {
 std::vector<std::string> DictdIndex::spellings(std::string_view word) const {
     std::vector<std::string> spellings{squeezed(word)};
     if (!utf8_) {
-        if (auto bytes = latin1(smallLetters(spellings.front())))
+        if (auto bytes = latin1(Lowercase(spellings.front())))
             spellings.push_back(std::move(*bytes));
         spellings.push_back(mStrMod_RemoveAccentFromLetters(spellings.front()));
         return spellings;
     }
     if (!caseSensitive_)
-        spellings.front() = smallLetters(spellings.front());
+        spellings.front() = Lowercase(spellings.front());
     // Programs that make indexes differ in whether they count marks beyond ASCII as letters.
     if (!allChars_)
         spellings.push_back(squeezed(lettersAndDigits(spellings.front())));

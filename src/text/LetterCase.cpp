@@ -74,7 +74,7 @@ std::string Uppercase(std::string_view text) {
     return result;
 }
 
-std::string smallLetters(std::string_view text) {
+std::string Lowercase(std::string_view text) {
     std::string small;
     for (std::size_t pos = 0; pos < text.size();) {
         const Utf8Unit unit = decodeUtf8(text, pos);

@@ -55,7 +55,7 @@ const std::string& Hyphenator::divided(const std::string& word) const {
     std::string& out = known->second;
     if (!isNew || word.size() < kFewestBytes || word.size() > kMostBytes)
         return out;
-    std::string small = smallLetters(word);
+    std::string small = Lowercase(word);
     std::array<char, kMostBytes * 2> digits{}; // after each letter; odd if the word may be divided there
     char** replacements = nullptr;             // for divisions that change the spelling; these languages have none
     int* positions = nullptr;

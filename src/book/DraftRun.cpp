@@ -23,7 +23,9 @@ class ReadingThreads {
   public:
     ReadingThreads(const BookFolder& book, const ScanSource& scan, const PageTaker& taker, std::vector<int> pages,
                    const std::atomic<bool>& stop)
-        : book_(book), scan_(scan), taker_(taker), pages_(std::move(pages)), stop_(stop) {
+        : book_(book), scan_(scan), taker_(taker), pages_(std::move(pages)), stop_(stop),
+          words_(std::make_shared<const WordList>(pages_.empty() ? WordList()
+                                                                 : WordList::ofLanguages(book.settings().languages))) {
         const std::size_t cores = std::max(std::thread::hardware_concurrency(), 1U);
         running_ = std::min(cores, pages_.size());
         for (std::size_t i = running_; i > 0; --i)
@@ -48,7 +50,7 @@ class ReadingThreads {
     bool mayContinue() const { return !stop_ && !ended_; }
 
     void work() {
-        ScanPageReader reader(book_, scan_, taker_);
+        ScanPageReader reader(book_, scan_, taker_, words_);
         for (std::size_t i = next_++; i < pages_.size() && mayContinue(); i = next_++) {
             PageOptions options = pageOptions(book_.settings().pages, pages_[i]);
             options.mayContinue = [this] { return mayContinue(); };
@@ -69,6 +71,7 @@ class ReadingThreads {
     const PageTaker& taker_;
     std::vector<int> pages_;
     const std::atomic<bool>& stop_;
+    std::shared_ptr<const WordList> words_;
     std::atomic<bool> ended_ = false;
     std::atomic<std::size_t> next_ = 0;
     std::mutex mutex_;

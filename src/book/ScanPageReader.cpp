@@ -5,6 +5,7 @@
 
 #include <exception>
 #include <new>
+#include <utility>
 
 namespace velmarin {
 
@@ -33,8 +34,9 @@ bool isReadingOf(const LoggedReading& reading, const LoggedReading& wanted) {
            (reading.languages == wanted.languages || reading.reading.fromTextLayer);
 }
 
-ScanPageReader::ScanPageReader(const BookFolder& book, const ScanSource& scan, const PageTaker& taker)
-    : book_(book), scan_(scan), taker_(taker), opened_(reader_.open(book.settings().languages)) {}
+ScanPageReader::ScanPageReader(const BookFolder& book, const ScanSource& scan, const PageTaker& taker,
+                               std::shared_ptr<const WordList> words)
+    : book_(book), scan_(scan), taker_(taker), opened_(reader_.open(book.settings().languages, std::move(words))) {}
 
 ReadScanPage ScanPageReader::read(int page, const PageOptions& options) {
     try {

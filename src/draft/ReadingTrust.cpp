@@ -15,16 +15,16 @@ constexpr double kOutsideAfterCommon = 0.7, kOutsideBesideOne = 0.5;
 struct Assumption {
     double confidence, errors;
 };
-constexpr std::array<Assumption, 10> kAssumptions{{{1.0, 0.001},
-                                                   {0.96, 0.003},
-                                                   {0.93, 0.03},
-                                                   {0.9, 0.06},
-                                                   {0.85, 0.15},
-                                                   {0.8, 0.25},
-                                                   {0.5, 0.4},
-                                                   {0.3, 0.6},
-                                                   {0.1, 0.8},
-                                                   {0.0, 0.9}}};
+constexpr std::array<Assumption, 10> kAssumptions{{{1.0, 0.0005},
+                                                   {0.96, 0.002},
+                                                   {0.93, 0.006},
+                                                   {0.9, 0.012},
+                                                   {0.85, 0.03},
+                                                   {0.8, 0.06},
+                                                   {0.65, 0.2},
+                                                   {0.4, 0.6},
+                                                   {0.1, 0.85},
+                                                   {0.0, 0.95}}};
 constexpr double kWeightOfAssumption = 20;
 /// The assumed share of strange words among right and wrong ones, and how many samples it counts as.
 constexpr double kStrangeIfRight = 0.2, kStrangeIfWrong = 0.6, kWeightOfStrange = 20;

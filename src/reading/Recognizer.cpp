@@ -5,6 +5,8 @@
 
 #include <omp.h>
 
+#include "text/LetterCase.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -187,7 +189,9 @@ std::vector<TextWord> Recognizer::readLine(Pix* line, Alphabet alphabet) {
 bool Recognizer::knows(const std::string& word) const {
     if (!opened_ || word.empty())
         return false;
-    return engine_->api.IsValidWord(word.c_str()) != 0 || (words_ && words_->has(word));
+    // Tesseract's list has most words in small letters alone.
+    return engine_->api.IsValidWord(word.c_str()) != 0 || engine_->api.IsValidWord(Lowercase(word).c_str()) != 0 ||
+           (words_ && words_->has(word));
 }
 
 } // namespace velmarin

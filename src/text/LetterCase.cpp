@@ -59,6 +59,22 @@ char32_t capitalOf(char32_t unit) {
     return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(unit)));
 }
 
+std::string Lowercase(std::string_view text) {
+    std::string small;
+    small.reserve(text.size());
+    char bytes[4];
+    for (std::size_t at = 0; at < text.size();) {
+        const Utf8Unit unit = decodeUtf8(text, at);
+        at += unit.length;
+        const char32_t letter =
+            unit.value >= kInvalidByteUnit
+                ? unit.value
+                : static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(unit.value)));
+        small.append(bytes, encodeUtf8(letter, bytes));
+    }
+    return small;
+}
+
 std::string Uppercase(std::string_view text) {
     std::string result;
     result.reserve(text.size());

@@ -12,6 +12,9 @@ char32_t capitalOf(char32_t unit);
 /// and keeps bytes that are not UTF-8. Uppercase(Uppercase(s)) == Uppercase(s) for every s.
 std::string Uppercase(std::string_view text);
 
+/// The lower-case form, letter by letter (Unicode, one to one). Keeps bytes that are not UTF-8.
+std::string Lowercase(std::string_view text);
+
 /// The program's order of strings: code-point order of the upper-case forms. Returns less than, equal to or greater
 /// than 0.
 int compareStrings(std::string_view a, std::string_view b);

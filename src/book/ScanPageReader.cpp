@@ -22,6 +22,8 @@ LoggedReading readingToBe(const FolderItem& picture, const BookSettings& setting
     reading.reading.page = picture.Name();
     for (const std::string& language : settings.languages)
         reading.languages += (reading.languages.empty() ? "" : "+") + language;
+    for (const std::string& list : settings.wordLists)
+        reading.languages += "+" + list;
     if (const auto file = ReadOnlyFile::open(picture)) {
         reading.size = file->stamp().size;
         reading.changed = file->stamp().changedNanoseconds;

@@ -19,9 +19,10 @@ class WordList {
     static WordList ofLanguages(const std::vector<std::string>& languages,
                                 const FolderItem& folder = FolderItem("/usr/share/dict"));
 
-    /// Adds the lines of a list. Of a line of a headword index only what is before "__DLM__" counts. What cannot be
-    /// read is left out.
-    void add(const FolderItem& file);
+    enum class Names { AreWords, AreLeftOut };
+    /// Adds the lines of a list. Of a line of a headword index only what is before "__DLM__" counts. Names begin with a
+    /// capital. What cannot be read is left out.
+    void add(const FolderItem& file, Names names = Names::AreWords);
 
     bool has(std::string_view word) const;
 

@@ -221,6 +221,16 @@ void doubtWornLetters(const Recognizer& recognizer, TextWord& word) {
         word.confidence = std::min(word.confidence, kTrustOfWorn);
 }
 
+// Of two known words that Tesseract cannot tell apart for sure, either may be printed.
+void doubtKnownPairs(const Recognizer& recognizer, TextWord& word) {
+    constexpr double kTrustOfPair = 0.9;
+    if (word.confidence > kTrustOfPair && isKnown(recognizer, word.text) &&
+        std::ranges::any_of(word.others, [&](const std::string& other) {
+            return other.size() == word.text.size() && isKnown(recognizer, other);
+        }))
+        word.confidence = kTrustOfPair;
+}
+
 // The winner's words, with what the others read in their places.
 Words elected(const Recognizer& recognizer, const std::vector<Ballot>& ballots) {
     const auto winner = std::ranges::max_element(ballots, [&](const Ballot& a, const Ballot& b) {
@@ -251,6 +261,7 @@ Words elected(const Recognizer& recognizer, const std::vector<Ballot>& ballots) 
             addOther(words[i], choice);
         preferKnown(recognizer, words[i]);
         doubtWornLetters(recognizer, words[i]);
+        doubtKnownPairs(recognizer, words[i]);
     }
     return words;
 }

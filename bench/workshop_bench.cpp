@@ -39,7 +39,7 @@ using namespace velmarin;
 namespace fs = std::filesystem;
 
 struct Options {
-    std::string scan, book, source = "scan", languages = "eng", ignore, alike;
+    std::string scan, book, source = "scan", languages = "eng", ignore, alike, words;
     bool ijuv = false, spread = false, details = false;
 };
 
@@ -302,6 +302,26 @@ std::vector<PageReading> readPages(const Options& options) {
     return readings;
 }
 
+/// Every guide word with its readings and what the draft has, for a look at what the confidences are worth.
+void writeWords(const std::string& file, const Measured& book, const std::vector<PageGuess>& guesses,
+                const Draft& draft) {
+    std::ofstream table(file);
+    table << "page\tplace\tprinted\tdraft\tright\tstate\treadings\n";
+    for (std::size_t i = 0; i < book.pages.size(); ++i) {
+        const DraftPage& row = draft.pages[i];
+        const auto write = [&](const char* place, const std::string& printed, const std::string& drafted,
+                               const std::vector<Guess>& readings) {
+            table << row.page << '\t' << place << '\t' << printed << '\t' << drafted << '\t'
+                  << (book.wordOf(printed) == book.wordOf(drafted)) << '\t' << nameOf(row.state) << '\t';
+            for (const Guess& reading : readings)
+                table << reading.text << ' ' << reading.confidence << "; ";
+            table << '\n';
+        };
+        write("first", book.pages[i].first, row.first, guesses[i].first);
+        write("last", book.pages[i].last, row.last, guesses[i].last);
+    }
+}
+
 void printDetails(const Measured& book, const std::vector<PageGuess>& guesses, const Draft& draft) {
     for (std::size_t i = 0; i < book.pages.size(); ++i) {
         const TruePage& truth = book.pages[i];
@@ -368,6 +388,8 @@ void measure(const Options& options) {
     const Draft after = corrected(book, guesses, draft, looks);
     std::printf("a person set %zu pages\n", looks);
     printOpened("with the doubtful set", book, after, options.details);
+    if (!options.words.empty())
+        writeWords(options.words, book, guesses, draft);
     if (options.details)
         printDetails(book, guesses, draft);
 }
@@ -385,6 +407,7 @@ int main(int argc, char** argv) {
     app.add_flag("--ijuv", options.ijuv);
     app.add_flag("--spread", options.spread, "Two pages a picture");
     app.add_option("--source", options.source, "What to read in SCAN: scan, or a file that was bound");
+    app.add_option("--words", options.words, "Write a table of all guide words with their readings to this file");
     app.add_flag("--details", options.details, "Also list the pages and headwords that are wrong or doubtful");
     CLI11_PARSE(app, argc, argv);
     try {

@@ -33,6 +33,7 @@ KeyRule keyRuleOf(const BookSettings& settings) {
 std::string formatBookSettings(const BookSettings& settings) {
     const Json json{{kMark, kVersion},
                     {"languages", settings.languages},
+                    {"wordLists", settings.wordLists},
                     {"pages", settings.pages},
                     {"leftOut", settings.leftOut},
                     {"numbers", settings.numbers},
@@ -58,6 +59,7 @@ std::optional<BookSettings> parseBookSettings(std::string_view text) {
             return std::nullopt;
         BookSettings settings;
         settings.languages = json.value("languages", settings.languages);
+        settings.wordLists = json.value("wordLists", settings.wordLists);
         settings.pages = json.value("pages", settings.pages);
         settings.leftOut = json.value("leftOut", settings.leftOut);
         settings.numbers = json.value("numbers", settings.numbers);

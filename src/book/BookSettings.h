@@ -27,6 +27,8 @@ struct BookSettings {
     bool leavesOut(int page) const;
 
     std::vector<std::string> languages = {"eng"}; ///< as Tesseract calls them
+    /// Files with words that the book may have (reading/WordList.h), beside the lists that the system has.
+    std::vector<std::string> wordLists = {};
     PageSettings pages = {};
     std::vector<PageSpan> leftOut = {};
     std::vector<GivenNumber> numbers = {};

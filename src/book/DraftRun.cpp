@@ -18,12 +18,20 @@ namespace {
 /// How soon a run sees that it is asked to stop, and how often it reports.
 constexpr std::chrono::milliseconds kBetweenLooks(200);
 
+std::shared_ptr<const WordList> wordsFor(const BookSettings& settings) {
+    auto words = std::make_shared<WordList>(WordList::ofLanguages(settings.languages));
+    for (const std::string& list : settings.wordLists)
+        words->add(FolderItem(list));
+    return words;
+}
+
 /// Reads pages of a scan in threads of its own. What they read is taken by one.
 class ReadingThreads {
   public:
     ReadingThreads(const BookFolder& book, const ScanSource& scan, const PageTaker& taker, std::vector<int> pages,
                    const std::atomic<bool>& stop)
-        : book_(book), scan_(scan), taker_(taker), pages_(std::move(pages)), stop_(stop) {
+        : book_(book), scan_(scan), taker_(taker), pages_(std::move(pages)), stop_(stop),
+          words_(pages_.empty() ? nullptr : wordsFor(book.settings())) {
         const std::size_t cores = std::max(std::thread::hardware_concurrency(), 1U);
         running_ = std::min(cores, pages_.size());
         for (std::size_t i = running_; i > 0; --i)
@@ -48,7 +56,7 @@ class ReadingThreads {
     bool mayContinue() const { return !stop_ && !ended_; }
 
     void work() {
-        ScanPageReader reader(book_, scan_, taker_);
+        ScanPageReader reader(book_, scan_, taker_, words_);
         for (std::size_t i = next_++; i < pages_.size() && mayContinue(); i = next_++) {
             PageOptions options = pageOptions(book_.settings().pages, pages_[i]);
             options.mayContinue = [this] { return mayContinue(); };
@@ -69,6 +77,7 @@ class ReadingThreads {
     const PageTaker& taker_;
     std::vector<int> pages_;
     const std::atomic<bool>& stop_;
+    std::shared_ptr<const WordList> words_;
     std::atomic<bool> ended_ = false;
     std::atomic<std::size_t> next_ = 0;
     std::mutex mutex_;

@@ -16,7 +16,7 @@ struct LoggedReading {
     PageReading reading = {};
     std::string failure = {}; ///< why it could not be read; empty if it was
     /// Of what it is a reading: if one of these is another now, the page has to be read again.
-    std::string languages = {}; ///< joined by "+"
+    std::string languages = {}; ///< and word lists of the reader, joined by "+"
     std::uint64_t size = 0;     ///< of the picture file
     std::int64_t changed = 0;   ///< when the picture file was, in nanoseconds
 };

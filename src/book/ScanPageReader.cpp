@@ -5,6 +5,7 @@
 
 #include <exception>
 #include <new>
+#include <utility>
 
 namespace velmarin {
 
@@ -21,6 +22,8 @@ LoggedReading readingToBe(const FolderItem& picture, const BookSettings& setting
     reading.reading.page = picture.Name();
     for (const std::string& language : settings.languages)
         reading.languages += (reading.languages.empty() ? "" : "+") + language;
+    for (const std::string& list : settings.wordLists)
+        reading.languages += "+" + list;
     if (const auto file = ReadOnlyFile::open(picture)) {
         reading.size = file->stamp().size;
         reading.changed = file->stamp().changedNanoseconds;
@@ -33,8 +36,9 @@ bool isReadingOf(const LoggedReading& reading, const LoggedReading& wanted) {
            (reading.languages == wanted.languages || reading.reading.fromTextLayer);
 }
 
-ScanPageReader::ScanPageReader(const BookFolder& book, const ScanSource& scan, const PageTaker& taker)
-    : book_(book), scan_(scan), taker_(taker), opened_(reader_.open(book.settings().languages)) {}
+ScanPageReader::ScanPageReader(const BookFolder& book, const ScanSource& scan, const PageTaker& taker,
+                               std::shared_ptr<const WordList> words)
+    : book_(book), scan_(scan), taker_(taker), opened_(reader_.open(book.settings().languages, std::move(words))) {}
 
 ReadScanPage ScanPageReader::read(int page, const PageOptions& options) {
     try {

@@ -4,6 +4,7 @@
 #include "book/TakenPages.h"
 #include "reading/HeadReader.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,8 @@ struct ReadScanPage {
 /// Reads pages of a scan. One is used by one thread at a time.
 class ScanPageReader {
   public:
-    ScanPageReader(const BookFolder& book, const ScanSource& scan, const PageTaker& taker);
+    ScanPageReader(const BookFolder& book, const ScanSource& scan, const PageTaker& taker,
+                   std::shared_ptr<const WordList> words);
 
     ReadScanPage read(int page, const PageOptions& options);
 

@@ -6,11 +6,13 @@
 #include "cli/ReadingReport.h"
 #include "cli/StopSignals.h"
 #include "draft/DraftOrder.h"
+#include "files/ReadOnlyFile.h"
 #include "scan/OpenScan.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
 
 namespace velmarin {
@@ -41,7 +43,9 @@ Rows with the state "set" stay when the command runs again. "make build" makes t
 dictionary.
 
 Text that the scan has itself is used first; the rest is read by Tesseract, whose
-languages are installed as packages such as tesseract-ocr-lat. An interrupt
+languages are installed as packages such as tesseract-ocr-lat. What is read is
+compared with the word lists of the system (packages such as wamerican-insane or
+wfrench) and those of --words, such as the file "ind" of another dictionary. An interrupt
 (Ctrl-C) stops the command; it goes on with the next call.
 
 Exit status: 0 all pages read, 1 stopped, 2 failure, at least in part.
@@ -82,6 +86,20 @@ bool takeNumbers(const CLI::Option* option, BookSettings& settings, Session& ses
     return true;
 }
 
+bool takeWordLists(const CLI::Option* option, BookSettings& settings, Session& session) {
+    std::vector<std::string> lists;
+    for (const std::string& each : operands(option)) {
+        if (!ReadOnlyFile::open(FolderItem(each))) {
+            session.couldNot("--words: " + each + " cannot be read");
+            return false;
+        }
+        lists.push_back(std::filesystem::absolute(each));
+    }
+    if (!lists.empty())
+        settings.wordLists = std::move(lists);
+    return true;
+}
+
 std::optional<int> parseDpi(const std::string& text) {
     constexpr int kLeast = 50, kMost = 1200;
     const int dpi = toInt32(CDbl(text));
@@ -90,6 +108,9 @@ std::optional<int> parseDpi(const std::string& text) {
 
 SettingsChange addScanOptions(CLI::App& command) {
     const CLI::Option* languages = addOption(command, "--lang", "LANGUAGES", "What is printed, such as lat+eng");
+    const CLI::Option* words =
+        addOption(command, "--words", "FILE", "A list of words that it may have, one a line, or an index file")
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     const CLI::Option* spread = addSwitch(command, "spread", "Each picture has two pages, side by side");
     const CLI::Option* rightToLeft = addSwitch(command, "right-to-left", "Of the two, the right one comes first");
     const CLI::Option* dpi = addOption(command, "--dpi", "NUMBER", "The resolution of rendered pages (300)");
@@ -101,6 +122,8 @@ SettingsChange addScanOptions(CLI::App& command) {
     return [=](BookSettings& settings, Session& session) {
         if (languages->count() > 0)
             settings.languages = Split(operand(languages), "+");
+        if (!takeWordLists(words, settings, session))
+            return false;
         takeSwitch(spread, settings.pages.spread);
         takeSwitch(rightToLeft, settings.pages.rightToLeft);
         return takePages(dpi, parseDpi, "it is a number from 50 to 1200", settings.pages.dpi, session) &&

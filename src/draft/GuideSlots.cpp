@@ -19,12 +19,13 @@ GuideSlot slotOf(const std::vector<Guess>& guesses, const KeyRule& rule, const I
     for (const Guess& guess : guesses)
         if (!guess.text.empty())
             slot.readings.push_back(readingOf(guess.text, std::clamp(guess.confidence, 0.0, 1.0), rule, order));
-    double sum = 0;
-    for (const SlotReading& reading : slot.readings)
-        sum += reading.confidence;
-    // Readings exclude each other.
-    for (SlotReading& reading : slot.readings)
-        reading.confidence /= std::max(sum, 1.0);
+    // Readings exclude each other: the others share what the best leaves.
+    double others = 0;
+    for (std::size_t i = 1; i < slot.readings.size(); ++i)
+        others += slot.readings[i].confidence;
+    const double left = slot.readings.empty() ? 0 : 1 - slot.readings.front().confidence;
+    for (std::size_t i = 1; i < slot.readings.size() && others > left; ++i)
+        slot.readings[i].confidence *= left / others;
     return slot;
 }
 

@@ -11,27 +11,28 @@ namespace {
 /// A wrong letter just after what the neighbours have in common, and later while the word is like one of them.
 constexpr double kOutsideAfterCommon = 0.7, kOutsideBesideOne = 0.5;
 
-/// The assumed share of errors at a confidence, and how many samples it counts as.
+/// The share of errors at a confidence, as measured on worn scans, and how many samples it counts as.
 struct Assumption {
-    double confidence, errors;
+    double confidence, errors, weight;
 };
-constexpr std::array<Assumption, 10> kAssumptions{{{1.0, 0.001},
-                                                   {0.96, 0.003},
-                                                   {0.93, 0.03},
-                                                   {0.9, 0.06},
-                                                   {0.85, 0.15},
-                                                   {0.8, 0.25},
-                                                   {0.5, 0.4},
-                                                   {0.3, 0.6},
-                                                   {0.1, 0.8},
-                                                   {0.0, 0.9}}};
-constexpr double kWeightOfAssumption = 20;
+constexpr std::array<Assumption, 10> kAssumptions{{{1.0, 0.0005, 100},
+                                                   {0.96, 0.002, 100},
+                                                   {0.93, 0.008, 40},
+                                                   {0.9, 0.02, 40},
+                                                   {0.85, 0.08, 40},
+                                                   {0.8, 0.12, 40},
+                                                   {0.65, 0.2, 20},
+                                                   {0.4, 0.6, 20},
+                                                   {0.1, 0.85, 20},
+                                                   {0.0, 0.95, 20}}};
 /// The assumed share of strange words among right and wrong ones, and how many samples it counts as.
 constexpr double kStrangeIfRight = 0.2, kStrangeIfWrong = 0.6, kWeightOfStrange = 20;
 /// From here on the words in order count as right.
 constexpr double kSureConfidence = 0.9;
+/// From here on a word is known and was read alike several times, so that strange letters say nothing more.
+constexpr double kKnownConfidence = 0.96;
 /// One reading that breaks the order is not taken for more wrong ones than this lets it.
-constexpr double kMostChance = 0.75;
+constexpr double kMostChance = 0.5;
 /// Neither is ever certain.
 constexpr double kLeastErrors = 0.0002, kMostErrors = 0.97;
 
@@ -84,7 +85,7 @@ ReadingTrust::ReadingTrust(const std::vector<TrustSample>& samples) {
     strangeIfRight_ /= right;
     strangeIfWrong_ = std::max(strangeIfWrong_ / wrong, strangeIfRight_);
     for (const Assumption& each : kAssumptions)
-        all.push_back({each.confidence, each.errors * kWeightOfAssumption, kWeightOfAssumption});
+        all.push_back({each.confidence, each.errors * each.weight, each.weight});
     std::stable_sort(all.begin(), all.end(),
                      [](const Step& one, const Step& other) { return one.confidence > other.confidence; });
     for (const Step& each : all) {
@@ -106,7 +107,7 @@ double ReadingTrust::operator()(double confidence, std::optional<bool> strange) 
         std::find_if(steps_.begin(), steps_.end(), [&](const Step& each) { return each.confidence <= confidence; });
     const Step& found = step == steps_.end() ? steps_.back() : *step;
     const double errors = std::clamp(found.errors / found.count, kLeastErrors, kMostErrors);
-    if (!strange)
+    if (!strange || confidence >= kKnownConfidence)
         return 1 - errors;
     const double wrong = errors * (*strange ? strangeIfWrong_ : 1 - strangeIfWrong_);
     const double right = (1 - errors) * (*strange ? strangeIfRight_ : 1 - strangeIfRight_);

@@ -13,8 +13,9 @@ namespace {
 /// If the best reading is wrong, one of the others is right at most this likely: if it breaks the order, and if not.
 constexpr double kOthersRight = 0.9, kOthersRightInOrder = 0.5;
 constexpr double kTrustOfConfused = 0.3;
-/// Where an entry begins is less sure than where a guide word is.
-constexpr double kTrustOfEntry = 0.97;
+/// Where an entry begins is less sure than where a guide word is, unless its initial is new: pages on which a letter
+/// begins often have no guide words.
+constexpr double kTrustOfEntry = 0.9, kTrustOfNewLetter = 0.99;
 /// If fewer readings than this keep the order, it is not the order of the book, and nothing follows from it.
 constexpr double kLeastInOrder = 0.6;
 /// Words of the run below this do not bound others.
@@ -101,13 +102,15 @@ class Decider {
         const double share = others / std::max(1 - readings.front().confidence, 1e-9);
         const bool inOrder = bounds_[slot].admit(readings.front().word);
         const double left = (1 - best) * std::min(share, inOrder ? kOthersRightInOrder : kOthersRight);
+        // Another word of the page fits as well as the best reading does, which proves nothing for it.
+        const double leastChance = inOrder ? chanceIn(bounds_[slot], readings.front().word) : 0;
         double all = 1 - best - left, highest = 0; // at first that none is right
         std::size_t taken = readings.size();
         for (std::size_t i = 0; i < readings.size(); ++i) {
             if (!bounds_[slot].admit(readings[i].word))
                 continue;
             const double before = i == 0 ? best : left * readings[i].confidence / std::max(others, 1e-9);
-            const double likely = before / chanceIn(bounds_[slot], readings[i].word);
+            const double likely = before / std::max(chanceIn(bounds_[slot], readings[i].word), leastChance);
             all += likely;
             if (likely > highest) {
                 highest = likely;
@@ -116,7 +119,13 @@ class Decider {
         }
         if (taken == readings.size())
             return proposed(slot);
-        return {readings[taken].text, highest / all * (slots_[slot].entry ? kTrustOfEntry : 1), taken > 0};
+        return {readings[taken].text,
+                highest / all * (slots_[slot].entry ? trustOfEntry(slot, readings[taken].word) : 1), taken > 0};
+    }
+
+    double trustOfEntry(std::size_t slot, const std::string& word) const {
+        const std::string_view before = bounds_[slot].before;
+        return before.empty() || !word.starts_with(before.front()) ? kTrustOfNewLetter : kTrustOfEntry;
     }
 
     /// For a slot of which no reading fits.

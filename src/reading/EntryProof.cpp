@@ -16,7 +16,7 @@ constexpr std::size_t kLeastLetters = 4; // bytes; a shorter word is found by ch
 // What remains of the doubt in a known word, and in one that is unknown or may be misread in both places.
 constexpr double kDoubtOfKnown = 0.1, kDoubtOfUnknown = 0.5, kLeastConfidence = 0.5;
 // Of two readings, the one that an entry begins with: known, or as unknown as the other.
-constexpr double kReplacedByKnown = 0.97, kReplaced = 0.6;
+constexpr double kReplacedByKnown = 0.97, kReplaced = 0.4;
 
 // What ends a headword may be close to it, as in "Hob'bly,a.".
 std::string upToMark(const std::string& text) {

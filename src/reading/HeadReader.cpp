@@ -135,8 +135,8 @@ std::vector<std::string> HeadReader::installedLanguages() {
     return Recognizer::installedLanguages();
 }
 
-Result HeadReader::open(const std::vector<std::string>& languages) {
-    return parts_->recognizer.open(languages);
+Result HeadReader::open(const std::vector<std::string>& languages, std::shared_ptr<const WordList> words) {
+    return parts_->recognizer.open(languages, std::move(words));
 }
 
 PageReading HeadReader::read(const std::string& page, const Picture& picture, const PageText* layer,

@@ -2,6 +2,7 @@
 
 #include "files/Result.h"
 #include "reading/PageReading.h"
+#include "reading/WordList.h"
 #include "view/Picture.h"
 
 #include <memory>
@@ -31,8 +32,9 @@ class HeadReader {
 
     /// Loads the data of the languages, the main one first. Fails if data are missing or damaged, or if no language is
     /// given; the reason names the package to install. The failure's item is the data folder. Until it succeeds, `read`
-    /// recognizes nothing: it finds the head and takes the words of a text layer.
-    Result open(const std::vector<std::string>& languages);
+    /// recognizes nothing: it finds the head and takes the words of a text layer. Readings that `words` has, or that
+    /// Tesseract's data have, are preferred; may be null.
+    Result open(const std::vector<std::string>& languages, std::shared_ptr<const WordList> words = nullptr);
 
     /// Reads a page. `layer` is the text that comes with the scan, or null. Never fails: what cannot be read is empty.
     PageReading read(const std::string& page, const Picture& picture, const PageText* layer,

@@ -5,6 +5,8 @@
 
 #include <omp.h>
 
+#include "text/LetterCase.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -127,8 +129,9 @@ std::vector<std::string> Recognizer::installedLanguages() {
     return languages;
 }
 
-Result Recognizer::open(const std::vector<std::string>& languages) {
+Result Recognizer::open(const std::vector<std::string>& languages, std::shared_ptr<const WordList> words) {
     opened_ = false;
+    words_ = std::move(words);
     const std::string folder = dataFolder();
     if (languages.empty())
         return Failure{FolderItem(folder), "no language is chosen"};
@@ -184,7 +187,11 @@ std::vector<TextWord> Recognizer::readLine(Pix* line, Alphabet alphabet) {
 }
 
 bool Recognizer::knows(const std::string& word) const {
-    return opened_ && !word.empty() && engine_->api.IsValidWord(word.c_str()) != 0;
+    if (!opened_ || word.empty())
+        return false;
+    // Tesseract's list has most words in small letters alone.
+    return engine_->api.IsValidWord(word.c_str()) != 0 || engine_->api.IsValidWord(Lowercase(word).c_str()) != 0 ||
+           (words_ && words_->has(word));
 }
 
 } // namespace velmarin

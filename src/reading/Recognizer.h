@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/Result.h"
+#include "reading/WordList.h"
 #include "scan/PageText.h"
 
 #include <memory>
@@ -27,7 +28,7 @@ class Recognizer {
     static std::vector<std::string> installedLanguages();
 
     /// As HeadReader::open.
-    Result open(const std::vector<std::string>& languages);
+    Result open(const std::vector<std::string>& languages, std::shared_ptr<const WordList> words);
     bool isOpen() const { return opened_; }
 
     /// Reads a line in 8 bits, black on white, whose capitals are about 30 pixels high. The words' boxes are in pixels
@@ -36,12 +37,13 @@ class Recognizer {
     /// nothing was read or no language is open.
     std::vector<TextWord> readLine(Pix* line, Alphabet alphabet = Alphabet::Any);
 
-    /// Whether the word list of the main language has a word. Case does not count.
+    /// Whether the word list of the main language, or one of `open`, has a word. Case does not count.
     bool knows(const std::string& word) const;
 
   private:
     struct Engine;
     std::unique_ptr<Engine> engine_;
+    std::shared_ptr<const WordList> words_;
     bool opened_ = false;
 };
 

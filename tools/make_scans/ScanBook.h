@@ -49,8 +49,10 @@ struct ScanBook {
 /// The names of the books that scanBook makes.
 std::vector<std::string_view> scanBookNames();
 
-/// One of the books, of about `pages` pages. Its articles come from the dictd dictionaries in `dictFolder`. nullopt for
-/// an unknown name.
-std::optional<ScanBook> scanBook(std::string_view name, const std::filesystem::path& dictFolder, std::size_t pages);
+/// One of the books, of about `pages` pages. Its articles come from the dictd dictionaries in `dictFolder`. They are
+/// taken evenly from the whole alphabet, or, with `partSeed`, follow each other from a place that depends on it.
+/// nullopt for an unknown name.
+std::optional<ScanBook> scanBook(std::string_view name, const std::filesystem::path& dictFolder, std::size_t pages,
+                                 std::optional<std::uint64_t> partSeed = std::nullopt);
 
 } // namespace velmarin

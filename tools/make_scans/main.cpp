@@ -26,7 +26,7 @@ struct Order {
     std::size_t pages = 100;
     int dpi = 300;
     std::uint64_t seed = 1;
-    bool spread = false;
+    bool spread = false, part = false;
     unsigned threads = std::max(std::thread::hardware_concurrency(), 1U);
 };
 
@@ -98,7 +98,8 @@ class ScanRun {
 };
 
 void make(const Order& order) {
-    auto book = scanBook(order.book, order.dictFolder, order.pages);
+    auto book =
+        scanBook(order.book, order.dictFolder, order.pages, order.part ? std::optional(order.seed) : std::nullopt);
     const auto wear = wearOf(order.level);
     if (!book || !wear)
         throw std::runtime_error("no book or level of that name");
@@ -143,6 +144,8 @@ int main(int argc, char** argv) {
         ->capture_default_str();
     app.add_option("--threads", order.threads)->check(CLI::Range(1, 64));
     app.add_flag("--spread", order.spread, "Two pages a picture");
+    app.add_flag("--part", order.part,
+                 "As a part of a large book: its articles follow each other, from a place by the seed");
     CLI11_PARSE(app, argc, argv);
     try {
         make(order);

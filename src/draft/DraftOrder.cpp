@@ -1,7 +1,6 @@
 #include "draft/DraftOrder.h"
 
 #include "making/LongestRun.h"
-#include "text/NumberText.h"
 
 #include <algorithm>
 #include <optional>
@@ -108,7 +107,9 @@ std::string doubtReason(const Draft& draft, std::size_t row, const KeyRule& rule
         return quoted(page.last) + " " + problem;
     if (surroundings.repeats())
         return "the page before has the same guide words";
-    return "read with a confidence of " + Str(page.confidence) + " in a hundred";
+    if (page.first.empty() || page.last.empty() || page.first == page.last)
+        return "compare " + quoted(page.first.empty() ? page.last : page.first) + " with the page: it may be misread";
+    return "compare " + quoted(page.first) + " and " + quoted(page.last) + " with the page: they may be misread";
 }
 
 } // namespace velmarin

@@ -2,6 +2,7 @@
 
 #include "controls/ListBox.h"
 #include "controls/PushButton.h"
+#include "controls/ScreenFit.h"
 #include "maintenance/LockedFolder.h"
 #include "platform/Host.h"
 #include "platform/QtText.h"
@@ -18,6 +19,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTableView>
@@ -58,7 +60,9 @@ CorrectionWindow::CorrectionWindow(Host& host, FolderItem corrections, FolderIte
       entries_(new EntryTable(corrector_, this)) {
     setObjectName(QStringLiteral("CorrectionWindow"));
     setMinimumSize(kLeastSize);
-    resize(kFirstSize);
+    const WindowPlace place = firstPlace(kFirstSize, 0, screen()->availableGeometry());
+    move(place.topLeft());
+    resize(place.size());
     makeControls();
     const std::pair<QKeySequence, void (CorrectionWindow::*)()> keys[] = {
         {QKeySequence::Save, &CorrectionWindow::save},

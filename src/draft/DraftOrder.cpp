@@ -107,9 +107,7 @@ std::string doubtReason(const Draft& draft, std::size_t row, const KeyRule& rule
         return quoted(page.last) + " " + problem;
     if (surroundings.repeats())
         return "the page before has the same guide words";
-    if (page.first.empty() || page.last.empty() || page.first == page.last)
-        return "compare " + quoted(page.first.empty() ? page.last : page.first) + " with the page: it may be misread";
-    return "compare " + quoted(page.first) + " and " + quoted(page.last) + " with the page: they may be misread";
+    return "compare the words with the page, letter by letter";
 }
 
 } // namespace velmarin

@@ -68,6 +68,8 @@ void makeDictionary(WorkshopDesk& desk, Host& host, const FolderItem& applicatio
                              host.MsgBox("The dictionary is made. Velmarin could not be started: \"" +
                                          program.path().native() + "\".");
                      });
+    if (auto* window = qobject_cast<WorkshopWindow*>(desk.window()))
+        QObject::connect(window, &WorkshopWindow::ending, dialog, &MakeDialog::reject);
     dialog->open();
 }
 

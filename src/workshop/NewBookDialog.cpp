@@ -43,7 +43,7 @@ FolderItem proposedBookFolder(const FolderItem& scan) {
     // A path that ends in "/" has an empty file name.
     const std::filesystem::path path = scan.path().has_filename() ? scan.path() : scan.path().parent_path();
     const std::string name = scan.Directory() ? path.filename().native() : path.stem().native();
-    return FolderItem(path.parent_path() / (name + " book"));
+    return FolderItem(path.parent_path() / (name + kBookEnding));
 }
 
 NewBookDialog::NewBookDialog(const FolderItem& scan, const std::vector<std::string>& languages, Host& host,

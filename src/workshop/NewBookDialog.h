@@ -16,6 +16,9 @@ namespace velmarin {
 
 class Host;
 
+/// At the end of the names of working folders that are proposed.
+inline constexpr const char* kBookEnding = " book";
+
 /// The working folder that is proposed for the book of a scan: beside it, by its name.
 FolderItem proposedBookFolder(const FolderItem& scan);
 

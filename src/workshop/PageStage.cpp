@@ -121,7 +121,9 @@ void PageStage::showWords() {
         const DraftPage* page = pageAt(neighbor.by);
         neighbor.caption->setText(page == nullptr ? QString() : captionOf(*page));
     }
-    heading_->setText(model_.current() ? heading() : QStringLiteral("Each page appears here once it is read."));
+    heading_->setText(
+        model_.current() ? heading() : QStringLiteral("The pages appear here as soon as the first of them are read."));
+    heading_->setToolTip(heading_->text().toHtmlEscaped());
 }
 
 QString PageStage::heading() const {

@@ -44,6 +44,10 @@ class WorkshopWindow : public QMainWindow {
     ReadingControl* reading() const { return reading_.get(); }
     WorkshopMenus& menus() const { return *menus_; }
 
+  signals:
+    /// The program is about to end by endNow.
+    void ending();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
 

@@ -36,7 +36,7 @@ TEST(DraftOrder, TellsWhyARowIsDoubtful) {
     const char* reasons[] = {"",
                              "",
                              "no guide word was read",
-                             "compare ‘abb’ and ‘abbot’ with the page: they may be misread",
+                             "compare the words with the page, letter by letter",
                              "",
                              "",
                              "‘aba’ comes before ‘abide’ on page 16",

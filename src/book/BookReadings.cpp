@@ -45,7 +45,9 @@ const PageGuess* BookReadings::guess(const std::string& name) const {
 Draft BookReadings::draft(const std::vector<DraftPage>& set) const {
     Draft draft = mender_->mended(set);
     takeGivenNumbers(pages_, settings_, draft);
-    std::erase_if(draft.pages, [this](const DraftPage& row) { return !headStrips_.contains(row.page); });
+    std::erase_if(draft.pages, [this](const DraftPage& row) {
+        return row.state != PageState::Set && !headStrips_.contains(row.page);
+    });
     return draft;
 }
 

@@ -30,7 +30,7 @@ class BookReadings {
     const KeyRule& keyRule() const { return rule_; }
     const IndexOrder& indexOrder() const { return settings_.order; }
 
-    /// The rows of all pages that were read, given those that a person has set.
+    /// The rows of all pages that were read or set, given those that a person has set.
     Draft draft(const std::vector<DraftPage>& set) const;
 
   private:

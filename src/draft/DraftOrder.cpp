@@ -107,7 +107,7 @@ std::string doubtReason(const Draft& draft, std::size_t row, const KeyRule& rule
         return quoted(page.last) + " " + problem;
     if (surroundings.repeats())
         return "the page before has the same guide words";
-    return "compare the words with the page, letter by letter";
+    return "compare with the page, letter by letter";
 }
 
 } // namespace velmarin

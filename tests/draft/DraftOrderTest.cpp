@@ -36,7 +36,7 @@ TEST(DraftOrder, TellsWhyARowIsDoubtful) {
     const char* reasons[] = {"",
                              "",
                              "no guide word was read",
-                             "compare the words with the page, letter by letter",
+                             "compare with the page, letter by letter",
                              "",
                              "",
                              "‘aba’ comes before ‘abide’ on page 16",

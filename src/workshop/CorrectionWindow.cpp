@@ -25,6 +25,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <utility>
@@ -45,6 +46,15 @@ QString inQuotes(const std::string& text) {
 
 QString countOf(std::size_t corrections) {
     return corrections == 1 ? QStringLiteral("1 correction") : QStringLiteral("%1 corrections").arg(corrections);
+}
+
+/// The first of them, in quotes.
+QString headwordsOf(const std::vector<Correction>& corrections) {
+    constexpr std::size_t kMost = 5;
+    QStringList words;
+    for (std::size_t i = 0; i < std::min(corrections.size(), kMost); ++i)
+        words.append(inQuotes(corrections[i].headword));
+    return words.join(QStringLiteral(", ")) + QStringLiteral("%1").arg(corrections.size() > kMost ? u'…' : u'.');
 }
 
 QHBoxLayout* rowOf(QWidget* widget) {
@@ -208,7 +218,8 @@ std::string CorrectionWindow::shownPage() const {
 void CorrectionWindow::lookUp() {
     const std::string word = typedWord();
     const TriedWord tried = tryIn(corrector_.text(), corrector_.pageList(), corrector_.pages(), word);
-    foundST_->setText(word.empty() ? QString() : toQ(sentenceOf(word, tried)));
+    foundST_->setText(word.empty() ? QStringLiteral("Type a word that opens a wrong page.")
+                                   : toQ(sentenceOf(word, tried)));
     const std::size_t place = corrector_.text().placeOf(word);
     const bool found = place > 0 && place < corrector_.text().size();
     showEntry(found ? std::optional(place - 1) : std::nullopt);
@@ -280,7 +291,10 @@ QString CorrectionWindow::stateInWords() const {
     if (const std::size_t unsaved = corrector_.unsaved().size(); unsaved > 0)
         return QStringLiteral("%1 not saved").arg(countOf(unsaved));
     if (!due_.empty())
-        return QStringLiteral("The dictionary lacks %1 of yours.").arg(countOf(due_.size()));
+        return QStringLiteral("An update has brought a fault back. The dictionary lacks %1 of yours: %2")
+            .arg(countOf(due_.size()), headwordsOf(due_));
+    if (!savedAs_.isEmpty())
+        return savedAs_;
     return QStringLiteral("Up and Down turn the pages. If another page is right, press Return while it is shown.");
 }
 
@@ -353,8 +367,10 @@ void CorrectionWindow::save() {
     });
     centralWidget()->setEnabled(true);
     saving_ = false;
-    if (result.failures.empty())
+    if (result.failures.empty()) {
         due_.clear();
+        savedAs_ = QStringLiteral("Saved. The files as they were are in %1.").arg(pathToQ(backups_.path()));
+    }
     showCorrected();
     wordEF_->setFocus();
     if (const std::string message = failureMessage(result); !message.empty())

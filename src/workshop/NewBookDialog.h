@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/FolderItem.h"
+#include "book/BookFolder.h"
 
 #include <QDialog>
 
@@ -29,6 +29,9 @@ class NewBookDialog : public QDialog {
     /// @param languages those that can be read, as Tesseract calls them
     NewBookDialog(const FolderItem& scan, const std::vector<std::string>& languages, Host& host, QWidget* parent);
 
+    /// Asks how the scan of a book that exists is to be read.
+    void showBook(const BookFolder& book);
+
     FolderItem folder() const;
     /// The main one first.
     std::vector<std::string> languages() const;
@@ -42,6 +45,7 @@ class NewBookDialog : public QDialog {
 
     Host& host_;
     QLineEdit* folder_;
+    QPushButton* choose_;
     QListWidget* languages_;
     QCheckBox* spread_;
     QPushButton* ok_;

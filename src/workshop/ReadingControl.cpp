@@ -86,7 +86,9 @@ void ReadingControl::end(const BookReadingResult& result) {
     if (result.result && !result.stopped && result.read > 0 && result.failures.empty())
         notice_.tell(textOfEnd(model_.counts().toLookAt()));
     else if (!result.result)
-        notice_.tell(QStringLiteral("The book cannot be read: ") + toQ(result.result.failure().message()));
+        notice_.tell(QStringLiteral("The book cannot be read: %1. “Languages and pages…” in the menu “Book” chooses "
+                                    "how it is read.")
+                         .arg(toQ(result.result.failure().message())));
     else if (!result.failures.empty())
         notice_.tell(QStringLiteral("%1 pages cannot be read, the first of them because: %2")
                          .arg(toQ(Str(static_cast<std::int64_t>(result.failures.size()))),

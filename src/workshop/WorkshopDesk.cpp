@@ -13,7 +13,9 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QSplitter>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -47,6 +49,8 @@ WorkshopDesk::WorkshopDesk(std::unique_ptr<WorkshopBook> book, Host& host, QWidg
     column->addWidget(notice_);
     column->addWidget(splitter_, 1);
     column->addWidget(makeBar());
+    for (QWidget* each : notice_->findChildren<QPushButton*>())
+        setTabOrder(&list_->view(), each); // what is told does not come between the fields
     connect(list_, &PageListPane::picked, this, &WorkshopDesk::select);
     connect(list_, &PageListPane::entered, form_, &GuideForm::takeFocus);
     connect(stage_, &PageStage::stepped, this, &WorkshopDesk::step);

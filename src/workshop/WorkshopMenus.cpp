@@ -75,6 +75,9 @@ void WorkshopMenus::fillFile(QMenu& menu) {
             &WorkshopWindow::chooseFolder);
     menu.actions().front()->setShortcut(QKeySequence::Open);
     menu.addSeparator();
+    connect(menu.addAction(QStringLiteral("Correct a &dictionary…")), &QAction::triggered, &window_,
+            &WorkshopWindow::dictionaryWanted);
+    menu.addSeparator();
     QAction* quit = menu.addAction(QStringLiteral("&Quit"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, &window_, &QWidget::close);
@@ -129,9 +132,16 @@ void WorkshopMenus::fillScan(QMenu& menu) {
 }
 
 void WorkshopMenus::fillView(QMenu& menu) {
-    wholePage_ = addItem(menu, QStringLiteral("&Whole page"), Qt::Key_F4,
-                         [this](WorkshopDesk& desk) { desk.stage().setWholePage(wholePage_->isChecked()); });
+    wholePage_ = addItem(menu, QStringLiteral("&Whole page"), Qt::Key_F4, [this](WorkshopDesk& desk) {
+        desk.stage().setWholePage(wholePage_->isChecked());
+        refresh();
+    });
     wholePage_->setCheckable(true);
+    for (const bool down : {false, true})
+        addItem(
+            menu, down ? QStringLiteral("Scroll d&own") : QStringLiteral("Scroll &up"),
+            Qt::CTRL | (down ? Qt::Key_Down : Qt::Key_Up), [down](WorkshopDesk& desk) { desk.stage().scroll(down); },
+            [](WorkshopDesk& desk) { return desk.stage().wholePage(); });
     addItem(menu, QStringLiteral("&Doubtful pages only"), Qt::CTRL | Qt::Key_D,
             [](WorkshopDesk& desk) { desk.list().doubtfulOnly()->toggle(); });
     menu.addSeparator();

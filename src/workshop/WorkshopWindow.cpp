@@ -53,6 +53,7 @@ void WorkshopWindow::showWelcome() {
     connect(welcome, &WelcomePane::bookWanted, this, &WorkshopWindow::chooseBook);
     connect(welcome, &WelcomePane::scanWanted, this, &WorkshopWindow::chooseScan);
     connect(welcome, &WelcomePane::folderWanted, this, &WorkshopWindow::chooseFolder);
+    connect(welcome, &WelcomePane::dictionaryWanted, this, &WorkshopWindow::dictionaryWanted);
     setCentralWidget(welcome);
 }
 

@@ -45,6 +45,8 @@ class WorkshopWindow : public QMainWindow {
     WorkshopMenus& menus() const { return *menus_; }
 
   signals:
+    /// A dictionary that exists is to be corrected.
+    void dictionaryWanted();
     /// The program is about to end by endNow.
     void ending();
 

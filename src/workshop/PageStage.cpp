@@ -147,7 +147,8 @@ void PageStage::showStrip(StripView& strip, const DraftPage* page) {
     else if (!decoded->picture)
         strip.showNotice(QStringLiteral("%1 cannot be shown: %2").arg(toQ(page->page), toQ(decoded->reason)));
     else
-        strip.showPage(decoded->picture, model_.book().headStrip(page->page));
+        strip.showPage(decoded->picture, model_.book().headStrip(page->page),
+                       &strip == strip_ ? model_.book().headWords(page->page) : std::vector<PageBox>());
     strip.setAccessibleName(QStringLiteral("Head of %1").arg(numberOf(*page)));
 }
 

@@ -25,7 +25,6 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <utility>
@@ -42,19 +41,6 @@ constexpr int kScreenfulDown = 1;
 
 QString inQuotes(const std::string& text) {
     return QStringLiteral("“%1”").arg(toQ(text));
-}
-
-QString countOf(std::size_t corrections) {
-    return corrections == 1 ? QStringLiteral("1 correction") : QStringLiteral("%1 corrections").arg(corrections);
-}
-
-/// The first of them, in quotes.
-QString headwordsOf(const std::vector<Correction>& corrections) {
-    constexpr std::size_t kMost = 5;
-    QStringList words;
-    for (std::size_t i = 0; i < std::min(corrections.size(), kMost); ++i)
-        words.append(inQuotes(corrections[i].headword));
-    return words.join(QStringLiteral(", ")) + QStringLiteral("%1").arg(corrections.size() > kMost ? u'…' : u'.');
 }
 
 QHBoxLayout* rowOf(QWidget* widget) {
@@ -289,10 +275,10 @@ void CorrectionWindow::showChoices() {
 
 QString CorrectionWindow::stateInWords() const {
     if (const std::size_t unsaved = corrector_.unsaved().size(); unsaved > 0)
-        return QStringLiteral("%1 not saved").arg(countOf(unsaved));
+        return QStringLiteral("%1 not saved").arg(toQ(countOf(unsaved)));
     if (!due_.empty())
         return QStringLiteral("An update has brought a fault back. The dictionary lacks %1 of yours: %2")
-            .arg(countOf(due_.size()), headwordsOf(due_));
+            .arg(toQ(countOf(due_.size())), toQ(headwordsOf(due_)));
     if (!savedAs_.isEmpty())
         return savedAs_;
     return QStringLiteral("Up and Down turn the pages. If another page is right, press Return while it is shown.");
@@ -384,7 +370,7 @@ void CorrectionWindow::showEvent(QShowEvent* event) {
 
 void CorrectionWindow::closeEvent(QCloseEvent* event) {
     const std::size_t unsaved = corrector_.unsaved().size();
-    event->setAccepted(!saving_ && (unsaved == 0 || host_.askYesNo("You have not saved " + fromQ(countOf(unsaved)) +
+    event->setAccepted(!saving_ && (unsaved == 0 || host_.askYesNo("You have not saved " + countOf(unsaved) +
                                                                    ". Close without saving?") == Host::Answer::Yes));
 }
 

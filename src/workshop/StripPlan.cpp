@@ -17,6 +17,8 @@ constexpr int kMarginShare = 100;
 constexpr int kWordsShare = 3;
 /// What is gained by less is not worth the room.
 constexpr double kLeastGain = 1.3;
+/// In pixels of the view.
+constexpr int kBetweenPieces = 8;
 
 PageBox clipped(const PageBox& box, int width, int height) {
     const int x = std::clamp(box.x, 0, width), y = std::clamp(box.y, 0, height);
@@ -55,12 +57,12 @@ void spread(std::vector<StripPiece>& pieces, int width) {
     int from = 0;
     for (StripPiece& piece : pieces) {
         piece.target.x = std::max(piece.target.x, from);
-        from = piece.target.right();
+        from = piece.target.right() + kBetweenPieces;
     }
     int to = width;
     for (auto piece = pieces.rbegin(); piece != pieces.rend(); ++piece) {
         piece->target.x = std::min(piece->target.x, to - piece->target.width);
-        to = piece->target.x;
+        to = piece->target.x - kBetweenPieces;
     }
 }
 
@@ -74,9 +76,10 @@ std::vector<StripPiece> planWords(const StripRequest& request, const std::vector
     int all = 0;
     for (const PageBox& box : joined)
         all += box.width;
-    if (all == 0 || strip.empty())
+    const int room = request.width - kBetweenPieces * static_cast<int>(joined.size());
+    if (all == 0 || strip.empty() || room <= 0)
         return {};
-    const double scale = std::min({static_cast<double>(request.width) / all,
+    const double scale = std::min({static_cast<double>(room) / all,
                                    static_cast<double>(request.height) / kWordsShare / strip.height, kSharpScale});
     if (scale < kLeastGain * request.width / request.pageWidth)
         return {};

@@ -8,7 +8,8 @@ namespace velmarin {
 namespace {
 
 constexpr double kGreatestScale = 2;
-constexpr double kSharpScale = 1;
+/// Of words: large, and reduced enough for the edges of 1-bit pages to be smooth.
+constexpr double kWordScale = 0.75;
 /// The share of a page that counts as its head if nothing is known of it.
 constexpr int kHeadShare = 8;
 /// The share of the page's width that is left around a strip.
@@ -80,7 +81,7 @@ std::vector<StripPiece> planWords(const StripRequest& request, const std::vector
     if (all == 0 || strip.empty() || room <= 0)
         return {};
     const double scale = std::min({static_cast<double>(room) / all,
-                                   static_cast<double>(request.height) / kWordsShare / strip.height, kSharpScale});
+                                   static_cast<double>(request.height) / kWordsShare / strip.height, kWordScale});
     if (scale < kLeastGain * request.width / request.pageWidth)
         return {};
     std::vector<StripPiece> pieces;

@@ -277,7 +277,7 @@ QString CorrectionWindow::stateInWords() const {
     if (const std::size_t unsaved = corrector_.unsaved().size(); unsaved > 0)
         return QStringLiteral("%1 not saved").arg(toQ(countOf(unsaved)));
     if (!due_.empty())
-        return QStringLiteral("An update has brought a fault back. The dictionary lacks %1 of yours: %2")
+        return QStringLiteral("The dictionary lacks %1 of yours: %2")
             .arg(toQ(countOf(due_.size())), toQ(headwordsOf(due_)));
     if (!savedAs_.isEmpty())
         return savedAs_;

@@ -154,6 +154,8 @@ void NewBookDialog::showBook(const BookFolder& book) {
         QListWidgetItem& item = *languages_->item(row);
         const bool isChosen = std::find(chosen.begin(), chosen.end(), codeOf(item)) != chosen.end();
         item.setCheckState(isChosen ? Qt::Checked : Qt::Unchecked);
+        if (isChosen)
+            languages_->setCurrentRow(row);
     }
     languages_->setFocus();
 }

@@ -166,6 +166,8 @@ QWidget* MakeDialog::makeForm() {
     groupCB_ = new QComboBox(form_);
     groupCB_->setObjectName(QStringLiteral("GroupCB"));
     groupCB_->setEditable(true);
+    for (QWidget* each : {static_cast<QWidget*>(groupCB_), static_cast<QWidget*>(groupCB_->lineEdit())})
+        each->setAccessibleName(QStringLiteral("Group")); // their own name would be the text
     for (const GroupRow& row : listGroups(dictionaryFolder_))
         groupCB_->addItem(toQ(row.name));
     if (groupCB_->count() == 0)

@@ -20,6 +20,7 @@
 #include <chrono>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <string>
 
 namespace {
@@ -75,17 +76,38 @@ void addOptions(CLI::App& options, Request& request) {
     options.set_version_flag("--version", "velmarin-workshop " VELMARIN_VERSION);
 }
 
-int correctDictionary(velmarin::Host& host, const Request& request) {
-    velmarin::CorrectionWindow window(host, velmarin::correctionsFolder(),
-                                      velmarin::FolderItem(velmarin::desktopFolder()));
-    const velmarin::Result opened = window.open(velmarin::FolderItem(request.dictionary), request.bookOrScan.native());
+/// Null, and told, if the dictionary cannot be opened.
+std::unique_ptr<velmarin::CorrectionWindow>
+openDictionary(velmarin::Host& host, const std::filesystem::path& dictionary, const std::string& word) {
+    auto window = std::make_unique<velmarin::CorrectionWindow>(host, velmarin::correctionsFolder(),
+                                                               velmarin::FolderItem(velmarin::desktopFolder()));
+    const velmarin::Result opened = window->open(velmarin::FolderItem(dictionary), word);
     if (!opened) {
         host.MsgBox(opened.failure().message() + ".");
-        return 2;
+        return nullptr;
     }
-    const velmarin::EndSignals endSignals([&window] { window.endNow(); });
-    window.show();
+    window->show();
+    return window;
+}
+
+int correctDictionary(velmarin::Host& host, const Request& request) {
+    const auto window = openDictionary(host, request.dictionary, request.bookOrScan.native());
+    if (window == nullptr)
+        return 2;
+    const velmarin::EndSignals endSignals([&window] { window->endNow(); });
     return velmarin::Application::exec();
+}
+
+/// Asks for a dictionary, and opens it in a window of its own.
+void chooseDictionary(velmarin::WorkshopWindow& workshop, velmarin::Host& host) {
+    const auto chosen = host.SelectFolder("Choose a dictionary: a folder in a group.",
+                                          applicationFolder().Child("DictionaryFolder").path());
+    if (chosen.empty())
+        return;
+    if (velmarin::CorrectionWindow* window = openDictionary(host, chosen, {}).release()) {
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        QObject::connect(&workshop, &velmarin::WorkshopWindow::ending, window, &velmarin::CorrectionWindow::endNow);
+    }
 }
 
 /// Opens "Make dictionary" when the reading of the book, which begins as it is opened, has ended.
@@ -101,6 +123,7 @@ int makeBook(velmarin::Host& host, const Request& request) {
     if (!velmarin::pFiMod_UserPrefContainer.isNil())
         window.rememberPlacement(velmarin::pFiMod_UserPrefContainer);
     velmarin::addBookCommands(window, host, applicationFolder());
+    QObject::connect(&window, &velmarin::WorkshopWindow::dictionaryWanted, [&] { chooseDictionary(window, host); });
     const velmarin::EndSignals endSignals([&window] { window.endNow(); });
     window.show();
     QTimer::singleShot(0, &window, [&] {

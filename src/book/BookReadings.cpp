@@ -32,6 +32,19 @@ void takeGivenNumbers(const std::vector<BookPicture>& pages, const BookSettings&
         draft.pages[i].number = numbers[next];
 }
 
+std::vector<PageBox> wordsInStrip(const PageReading& reading) {
+    const PageBox& strip = reading.headStrip;
+    std::vector<PageBox> words;
+    for (const PageText* text : {&reading.head, &reading.foot})
+        for (const TextLine& line : text->lines)
+            for (const TextWord& word : line.words)
+                if (const int middle = word.box.y + word.box.height / 2;
+                    middle >= strip.y && middle < strip.bottom() && !word.box.empty())
+                    words.push_back(word.box);
+    std::sort(words.begin(), words.end(), [](const PageBox& a, const PageBox& b) { return a.x < b.x; });
+    return words;
+}
+
 } // namespace
 
 BookReadings::BookReadings()
@@ -46,7 +59,8 @@ BookReadings::BookReadings(const BookFolder& book)
         places_.emplace(name, i);
         readings.push_back({.page = name});
         if (const auto found = logged.find(name); found != logged.end()) {
-            headStrips_.emplace(name, found->second.reading.headStrip);
+            const PageReading& reading = found->second.reading;
+            heads_.emplace(name, Head{reading.headStrip, wordsInStrip(reading)});
             readings.back() = std::move(found->second.reading);
             readings.back().page = name;
         }
@@ -61,12 +75,17 @@ const BookPicture* BookReadings::page(const std::string& name) const {
 }
 
 PageBox BookReadings::headStrip(const std::string& name) const {
-    const auto found = headStrips_.find(name);
-    return found == headStrips_.end() ? PageBox{} : found->second;
+    const auto found = heads_.find(name);
+    return found == heads_.end() ? PageBox{} : found->second.strip;
+}
+
+std::vector<PageBox> BookReadings::headWords(const std::string& name) const {
+    const auto found = heads_.find(name);
+    return found == heads_.end() ? std::vector<PageBox>() : found->second.words;
 }
 
 const PageGuess* BookReadings::guess(const std::string& name) const {
-    return headStrips_.contains(name) ? &guesses_[places_.at(name)] : nullptr;
+    return heads_.contains(name) ? &guesses_[places_.at(name)] : nullptr;
 }
 
 Draft BookReadings::wholeDraft(const std::vector<DraftPage>& set) const {
@@ -77,7 +96,8 @@ Draft BookReadings::wholeDraft(const std::vector<DraftPage>& set) const {
 
 Draft BookReadings::draft(const std::vector<DraftPage>& set) const {
     Draft draft = wholeDraft(set);
-    std::erase_if(draft.pages, [this](const DraftPage& row) { return !headStrips_.contains(row.page); });
+    std::erase_if(draft.pages,
+                  [this](const DraftPage& row) { return row.state != PageState::Set && !heads_.contains(row.page); });
     return draft;
 }
 

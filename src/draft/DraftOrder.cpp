@@ -1,7 +1,6 @@
 #include "draft/DraftOrder.h"
 
 #include "making/LongestRun.h"
-#include "text/NumberText.h"
 
 #include <algorithm>
 #include <optional>
@@ -108,7 +107,7 @@ std::string doubtReason(const Draft& draft, std::size_t row, const KeyRule& rule
         return quoted(page.last) + " " + problem;
     if (surroundings.repeats())
         return "the page before has the same guide words";
-    return "read with a confidence of " + Str(page.confidence) + " in a hundred";
+    return "compare with the page, letter by letter";
 }
 
 } // namespace velmarin

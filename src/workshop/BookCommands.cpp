@@ -2,7 +2,9 @@
 
 #include "platform/Host.h"
 #include "platform/QtText.h"
+#include "reading/HeadReader.h"
 #include "workshop/MakeDialog.h"
+#include "workshop/NewBookDialog.h"
 #include "workshop/ReadingControl.h"
 #include "workshop/ScannedBook.h"
 #include "workshop/TryItPane.h"
@@ -21,7 +23,7 @@ ScannedBook* scannedBook(WorkshopDesk& desk) {
     return dynamic_cast<ScannedBook*>(&desk.model().book());
 }
 
-const ReadingControl* readingOf(const WorkshopDesk& desk) {
+ReadingControl* readingOf(const WorkshopDesk& desk) {
     const auto* window = qobject_cast<WorkshopWindow*>(desk.window());
     return window != nullptr ? window->reading() : nullptr;
 }
@@ -42,6 +44,22 @@ TryItPane& tryItPane(WorkshopDesk& desk, Host& host) {
     if (const ReadingControl* reading = readingOf(desk))
         QObject::connect(reading, &ReadingControl::taken, pane, &TryItPane::takeDraft);
     return *pane;
+}
+
+/// Asks how the book is to be read, and reads it again.
+void changeReading(WorkshopDesk& desk, Host& host) {
+    ReadingControl* reading = readingOf(desk);
+    if (scannedBook(desk) == nullptr || reading == nullptr)
+        return;
+    const BookFolder& book = scannedBook(desk)->folder();
+    NewBookDialog dialog(book.source(), HeadReader::installedLanguages(), host, desk.window());
+    dialog.showBook(book);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    reading->changeSettings([languages = dialog.languages(), spread = dialog.spread()](BookSettings& settings) {
+        settings.languages = languages;
+        settings.pages.spread = spread;
+    });
 }
 
 } // namespace
@@ -68,6 +86,8 @@ void makeDictionary(WorkshopDesk& desk, Host& host, const FolderItem& applicatio
                              host.MsgBox("The dictionary is made. Velmarin could not be started: \"" +
                                          program.path().native() + "\".");
                      });
+    if (auto* window = qobject_cast<WorkshopWindow*>(desk.window()))
+        QObject::connect(window, &WorkshopWindow::ending, dialog, &MakeDialog::reject);
     dialog->open();
 }
 
@@ -75,6 +95,10 @@ void addBookCommands(WorkshopWindow& window, Host& host, const FolderItem& appli
     WorkshopMenus& menus = window.menus();
     menus.addItem(menus.bookMenu(), QStringLiteral("&Try it…"), Qt::CTRL | Qt::Key_T,
                   [&host](WorkshopDesk& desk) { tryItPane(desk, host).takeFocus(); });
+    menus.addItem(
+        menus.bookMenu(), QStringLiteral("&Languages and pages…"), {},
+        [&host](WorkshopDesk& desk) { changeReading(desk, host); },
+        [](WorkshopDesk& desk) { return scannedBook(desk) != nullptr; });
     menus.addItem(
         menus.bookMenu(), QStringLiteral("&Make dictionary…"), Qt::CTRL | Qt::Key_M,
         [&host, applicationFolder](WorkshopDesk& desk) { makeDictionary(desk, host, applicationFolder); },

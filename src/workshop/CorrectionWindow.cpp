@@ -2,6 +2,7 @@
 
 #include "controls/ListBox.h"
 #include "controls/PushButton.h"
+#include "controls/ScreenFit.h"
 #include "maintenance/LockedFolder.h"
 #include "platform/Host.h"
 #include "platform/QtText.h"
@@ -18,6 +19,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTableView>
@@ -41,10 +43,6 @@ QString inQuotes(const std::string& text) {
     return QStringLiteral("“%1”").arg(toQ(text));
 }
 
-QString countOf(std::size_t corrections) {
-    return corrections == 1 ? QStringLiteral("1 correction") : QStringLiteral("%1 corrections").arg(corrections);
-}
-
 QHBoxLayout* rowOf(QWidget* widget) {
     auto* row = new QHBoxLayout(widget);
     row->setContentsMargins(0, 0, 0, 0);
@@ -58,7 +56,9 @@ CorrectionWindow::CorrectionWindow(Host& host, FolderItem corrections, FolderIte
       entries_(new EntryTable(corrector_, this)) {
     setObjectName(QStringLiteral("CorrectionWindow"));
     setMinimumSize(kLeastSize);
-    resize(kFirstSize);
+    const WindowPlace place = firstPlace(kFirstSize, 0, screen()->availableGeometry());
+    move(place.topLeft());
+    resize(place.size());
     makeControls();
     const std::pair<QKeySequence, void (CorrectionWindow::*)()> keys[] = {
         {QKeySequence::Save, &CorrectionWindow::save},
@@ -204,7 +204,8 @@ std::string CorrectionWindow::shownPage() const {
 void CorrectionWindow::lookUp() {
     const std::string word = typedWord();
     const TriedWord tried = tryIn(corrector_.text(), corrector_.pageList(), corrector_.pages(), word);
-    foundST_->setText(word.empty() ? QString() : toQ(sentenceOf(word, tried)));
+    foundST_->setText(word.empty() ? QStringLiteral("Type a word that opens a wrong page.")
+                                   : toQ(sentenceOf(word, tried)));
     const std::size_t place = corrector_.text().placeOf(word);
     const bool found = place > 0 && place < corrector_.text().size();
     showEntry(found ? std::optional(place - 1) : std::nullopt);
@@ -274,9 +275,12 @@ void CorrectionWindow::showChoices() {
 
 QString CorrectionWindow::stateInWords() const {
     if (const std::size_t unsaved = corrector_.unsaved().size(); unsaved > 0)
-        return QStringLiteral("%1 not saved").arg(countOf(unsaved));
+        return QStringLiteral("%1 not saved").arg(toQ(countOf(unsaved)));
     if (!due_.empty())
-        return QStringLiteral("The dictionary lacks %1 of yours.").arg(countOf(due_.size()));
+        return QStringLiteral("The dictionary lacks %1 of yours: %2")
+            .arg(toQ(countOf(due_.size())), toQ(headwordsOf(due_)));
+    if (!savedAs_.isEmpty())
+        return savedAs_;
     return QStringLiteral("Up and Down turn the pages. If another page is right, press Return while it is shown.");
 }
 
@@ -349,8 +353,10 @@ void CorrectionWindow::save() {
     });
     centralWidget()->setEnabled(true);
     saving_ = false;
-    if (result.failures.empty())
+    if (result.failures.empty()) {
         due_.clear();
+        savedAs_ = QStringLiteral("Saved. The files as they were are in %1.").arg(pathToQ(backups_.path()));
+    }
     showCorrected();
     wordEF_->setFocus();
     if (const std::string message = failureMessage(result); !message.empty())
@@ -364,7 +370,7 @@ void CorrectionWindow::showEvent(QShowEvent* event) {
 
 void CorrectionWindow::closeEvent(QCloseEvent* event) {
     const std::size_t unsaved = corrector_.unsaved().size();
-    event->setAccepted(!saving_ && (unsaved == 0 || host_.askYesNo("You have not saved " + fromQ(countOf(unsaved)) +
+    event->setAccepted(!saving_ && (unsaved == 0 || host_.askYesNo("You have not saved " + countOf(unsaved) +
                                                                    ". Close without saving?") == Host::Answer::Yes));
 }
 

@@ -81,6 +81,7 @@ class CorrectionWindow : public QMainWindow {
     std::optional<std::size_t> line_; ///< the current entry
     bool showing_ = false;            ///< the rows are being set, not picked
     bool saving_ = false;
+    QString savedAs_; ///< what was last saved, in words
     EntryTable* entries_;
     QLineEdit *wordEF_, *headwordEF_;
     QLabel *foundST_, *stateST_;

@@ -86,6 +86,18 @@ bool joined(Correction& earlier, const Correction& later) {
 
 } // namespace
 
+std::string countOf(std::size_t corrections) {
+    return std::to_string(corrections) + (corrections == 1 ? " correction" : " corrections");
+}
+
+std::string headwordsOf(const std::vector<Correction>& corrections) {
+    constexpr std::size_t kMost = 5;
+    std::string words;
+    for (std::size_t i = 0; i < std::min(corrections.size(), kMost); ++i)
+        words += (i > 0 ? ", “" : "“") + corrections[i].headword + "”";
+    return words + (corrections.size() > kMost ? " …" : ".");
+}
+
 const char* nameOf(CorrectionKind kind) {
     return kKinds[static_cast<std::size_t>(kind)];
 }

@@ -5,6 +5,7 @@
 #include "store/PageList.h"
 #include "workshop/DictionaryText.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,11 @@ std::vector<Correction> parseCorrections(std::string_view table);
 
 /// Adds a correction to those made before. One of what an earlier one has made is joined with it.
 void addCorrection(std::vector<Correction>& corrections, const Correction& correction);
+
+/// "1 correction", "2 corrections".
+std::string countOf(std::size_t corrections);
+/// "“hen”, “owl”.", with at most five headwords.
+std::string headwordsOf(const std::vector<Correction>& corrections);
 
 /// "page", "headword" or "missing".
 const char* nameOf(CorrectionKind kind);

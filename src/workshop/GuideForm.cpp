@@ -26,6 +26,8 @@ GuideForm::GuideForm(WorkshopModel& model, QWidget* parent)
     first_->edit().setObjectName(QStringLiteral("FirstEF"));
     number_->setObjectName(QStringLiteral("NumberEF"));
     last_->edit().setObjectName(QStringLiteral("LastEF"));
+    first_->edit().setPlaceholderText(QStringLiteral("first headword on the page"));
+    last_->edit().setPlaceholderText(QStringLiteral("may stay empty"));
     makeLayout();
     connectFields();
 }

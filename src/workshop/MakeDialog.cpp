@@ -2,12 +2,14 @@
 
 #include "controls/ProgressBar.h"
 #include "controls/PushButton.h"
+#include "controls/ScreenFit.h"
 #include "maintenance/LockedFolder.h"
 #include "platform/Host.h"
 #include "platform/QtText.h"
 #include "store/GroupList.h"
 #include "text/UnicodeForms.h"
 #include "workshop/MakeSummary.h"
+#include "workshop/NewBookDialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -16,12 +18,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <exception>
 #include <filesystem>
 #include <system_error>
 #include <tuple>
@@ -51,6 +55,22 @@ QString toolTipOf(std::string BookSettings::*field) {
                : QStringLiteral("Letters that the book sorts as others, such as ä=ae, ø=o");
 }
 
+/// What an empty field shows.
+QString exampleFor(std::string BookSettings::*field) {
+    return field == &BookSettings::ignore ? QStringLiteral("such as -\'") : QStringLiteral("such as ä=ae, ø=o");
+}
+
+/// The working folder that the workshop proposes is called after its scan (proposedBookFolder).
+QString proposedName(const FolderItem& book) {
+    QString name = toQ(book.Name());
+    if (const QLatin1String ending(kBookEnding); name.endsWith(ending) && name.size() > ending.size())
+        name.chop(ending.size());
+    return name;
+}
+
+/// Ends the writing of a dictionary from within.
+struct WritingCancelled : std::exception {};
+
 std::uint64_t sizeOfPages(const NewDictionary& book) {
     std::uint64_t all = 0;
     std::error_code error;
@@ -67,8 +87,10 @@ MakeDialog::MakeDialog(BookFolder& book, FolderItem dictionaryFolder, Host& host
     setObjectName(QStringLiteral("MakeDialog"));
     setWindowTitle(QStringLiteral("Make dictionary"));
     setWindowModality(Qt::WindowModal);
-    resize(kFirstSize);
+    resize(firstPlace(kFirstSize, 0, screen()->availableGeometry()).size());
     makeControls();
+    nameEF_->setFocus();
+    nameEF_->selectAll();
     summaryLater_.setSingleShot(true);
     summaryLater_.setInterval(kPause);
     connect(&summaryLater_, &QTimer::timeout, this, &MakeDialog::showSummary);
@@ -135,14 +157,17 @@ QWidget* MakeDialog::makeForm() {
     auto* area = new QScrollArea(this);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     form_ = new QWidget(area);
     auto* form = new QFormLayout(form_);
     form->setRowWrapPolicy(QFormLayout::WrapLongRows);
-    nameEF_ = addLine(*form, "NameEF", QStringLiteral("&Name"), book_.folder().Name());
+    nameEF_ = addLine(*form, "NameEF", QStringLiteral("&Name"), fromQ(proposedName(book_.folder())));
     groupCB_ = new QComboBox(form_);
     groupCB_->setObjectName(QStringLiteral("GroupCB"));
     groupCB_->setEditable(true);
+    for (QWidget* each : {static_cast<QWidget*>(groupCB_), static_cast<QWidget*>(groupCB_->lineEdit())})
+        each->setAccessibleName(QStringLiteral("Group")); // their own name would be the text
     for (const GroupRow& row : listGroups(dictionaryFolder_))
         groupCB_->addItem(toQ(row.name));
     if (groupCB_->count() == 0)
@@ -156,11 +181,13 @@ QWidget* MakeDialog::makeForm() {
                                              std::tuple("AlikeEF", "Letters &alike", &BookSettings::alike)}) {
         QLineEdit* line = addLine(*form, name, QString::fromUtf8(label), kept.*field);
         line->setToolTip(toolTipOf(field));
+        line->setPlaceholderText(exampleFor(field));
         fields_.emplace_back(line, field);
         connect(line, &QLineEdit::textEdited, &summaryLater_, qOverload<>(&QTimer::start));
     }
     formatEF_ = addLine(*form, "FormatEF", QStringLiteral("Num&ber format"), kept.order.FormatFom);
     formatEF_->setToolTip(QStringLiteral("For a book whose headwords are numbers: 000 writes 7 as 007"));
+    formatEF_->setPlaceholderText(QStringLiteral("only if the headwords are numbers"));
     connect(formatEF_, &QLineEdit::textEdited, &summaryLater_, qOverload<>(&QTimer::start));
     addExtraPages(*form);
     spanishCB_ = addCheckBox(*form, "SpanishCB", QStringLiteral("&Spanish: ch and ll are letters of their own"),
@@ -180,6 +207,7 @@ void MakeDialog::addExtraPages(QFormLayout& form) {
     extraEF_ = new QLineEdit(toQ(book_.settings().extraPages), form_);
     extraEF_->setObjectName(QStringLiteral("ExtraPagesEF"));
     extraEF_->setToolTip(QStringLiteral("The folder of the files in a column “errata” of the draft"));
+    extraEF_->setPlaceholderText(QStringLiteral("only if the book has any"));
     auto* choose = new PushButton(QStringLiteral("C&hoose…"), form_);
     choose->setAutoDefault(false);
     choose->setAccessibleName(QStringLiteral("Choose the folder of the extra pages"));
@@ -253,14 +281,16 @@ void MakeDialog::make() {
     if (!makeBT_->isEnabled())
         return;
     working_ = true;
-    for (QWidget* each : {form_, static_cast<QWidget*>(makeBT_), static_cast<QWidget*>(cancelBT_)})
-        each->setEnabled(false);
+    cancelled_ = false;
+    form_->setEnabled(false);
+    makeBT_->setEnabled(false);
+    cancelBT_->setFocus();
+    noticeST_->setText(QStringLiteral("Writing the dictionary…"));
     progress_->show();
     const bool written = write();
     working_ = false;
     progress_->hide();
-    for (QWidget* each : {form_, static_cast<QWidget*>(cancelBT_)})
-        each->setEnabled(true);
+    form_->setEnabled(true);
     showName();
     if (!written)
         return;
@@ -269,7 +299,7 @@ void MakeDialog::make() {
     emit made(fromQ(groupCB_->currentText().trimmed()), word);
 }
 
-bool MakeDialog::write() {
+bool MakeDialog::write() try {
     Result result = book_.saveSettings(settings());
     if (result) {
         const std::uint64_t all = std::max<std::uint64_t>(sizeOfPages(plan_.dictionary), 1);
@@ -278,15 +308,21 @@ bool MakeDialog::write() {
             if (!done.waitsFor.empty())
                 noticeST_->setText(toQ(waitMessage(done.waitsFor)));
             host_.Yield();
+            if (cancelled_)
+                throw WritingCancelled();
         });
     }
     if (!result)
         host_.MsgBox(result.failure().message() + ".");
     return static_cast<bool>(result);
+} catch (const WritingCancelled&) {
+    return false; // nothing of the dictionary is left
 }
 
 void MakeDialog::reject() {
-    if (!working_)
+    if (working_)
+        cancelled_ = true;
+    else
         QDialog::reject();
 }
 

@@ -31,12 +31,12 @@ class MakeDialog : public QDialog {
     /// @param dictionaryFolder has the groups
     MakeDialog(BookFolder& book, FolderItem dictionaryFolder, Host& host, QWidget* parent);
 
+    /// While the dictionary is written: ends the writing, and the dialog stays.
+    void reject() override;
+
   signals:
     /// The dictionary is there. `word` is its first headword.
     void made(const std::string& group, const std::string& word);
-
-  protected:
-    void reject() override;
 
   private:
     void makeControls();
@@ -57,7 +57,7 @@ class MakeDialog : public QDialog {
     FolderItem dictionaryFolder_;
     Host& host_;
     BookPlan plan_;
-    bool planned_ = false, working_ = false;
+    bool planned_ = false, working_ = false, cancelled_ = false;
     QTimer summaryLater_;
 
     QLineEdit *nameEF_ = nullptr, *formatEF_ = nullptr, *extraEF_ = nullptr;

@@ -11,11 +11,14 @@
 #include <QListWidget>
 #include <QLocale>
 
+#include <algorithm>
+
 namespace velmarin {
 
 namespace {
 
-constexpr int kLanguageRows = 6;
+constexpr int kLanguageRows = 7;
+constexpr int kBetweenButtons = 6;
 /// The width of the folder's field, in digits.
 constexpr int kFolderDigits = 56;
 
@@ -37,19 +40,24 @@ QString languageName(const std::string& code) {
                                             : QStringLiteral("%1 (%2)").arg(QLocale::languageToString(language), shown);
 }
 
+std::string codeOf(const QListWidgetItem& language) {
+    return fromQ(language.data(Qt::UserRole).toString());
+}
+
 } // namespace
 
 FolderItem proposedBookFolder(const FolderItem& scan) {
     // A path that ends in "/" has an empty file name.
     const std::filesystem::path path = scan.path().has_filename() ? scan.path() : scan.path().parent_path();
     const std::string name = scan.Directory() ? path.filename().native() : path.stem().native();
-    return FolderItem(path.parent_path() / (name + " book"));
+    return FolderItem(path.parent_path() / (name + kBookEnding));
 }
 
 NewBookDialog::NewBookDialog(const FolderItem& scan, const std::vector<std::string>& languages, Host& host,
                              QWidget* parent)
     : QDialog(parent), host_(host), folder_(new QLineEdit(pathToQ(proposedBookFolder(scan).path()), this)),
-      languages_(new QListWidget(this)), spread_(new QCheckBox(QStringLiteral("Each picture shows &two pages"), this)),
+      choose_(new PushButton(QStringLiteral("&Choose…"), this)), languages_(new QListWidget(this)),
+      spread_(new QCheckBox(QStringLiteral("Each picture shows &two pages"), this)),
       ok_(new PushButton(QStringLiteral("&Read the book"), this)) {
     setObjectName(QStringLiteral("NewBookDialog"));
     setWindowTitle(QStringLiteral("New book"));
@@ -66,12 +74,12 @@ NewBookDialog::NewBookDialog(const FolderItem& scan, const std::vector<std::stri
 
 void NewBookDialog::makeLayout(const FolderItem& scan) {
     folder_->setMinimumWidth(kFolderDigits * folder_->fontMetrics().horizontalAdvance(u'0'));
-    auto* choose = new PushButton(QStringLiteral("&Choose…"), this);
-    choose->setAutoDefault(false);
-    connect(choose, &QPushButton::clicked, this, &NewBookDialog::chooseFolder);
+    choose_->setAutoDefault(false);
+    connect(choose_, &QPushButton::clicked, this, &NewBookDialog::chooseFolder);
     auto* folderRow = new QHBoxLayout;
     folderRow->addWidget(folder_, 1);
-    folderRow->addWidget(choose);
+    folderRow->addSpacing(kBetweenButtons);
+    folderRow->addWidget(choose_);
 
     auto* scanName = new QLabel(pathToQ(scan.path()), this);
     scanName->setTextFormat(Qt::PlainText);
@@ -82,6 +90,7 @@ void NewBookDialog::makeLayout(const FolderItem& scan) {
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cancel);
+    buttons->addSpacing(kBetweenButtons);
     buttons->addWidget(ok_);
     ok_->setDefault(true);
 
@@ -89,6 +98,7 @@ void NewBookDialog::makeLayout(const FolderItem& scan) {
     form->setVerticalSpacing(12);
     form->addRow(QStringLiteral("Scan"), scanName);
     form->addRow(QStringLiteral("&Working folder"), folderRow);
+    form->addRow(QString(), new QLabel(QStringLiteral("Your work on the book is kept here. The scan is not changed.")));
     form->addRow(QStringLiteral("&Languages"), languages_);
     if (languages_->count() == 0) {
         languages_->hide();
@@ -102,9 +112,8 @@ void NewBookDialog::makeLayout(const FolderItem& scan) {
         missing->setWordWrap(true);
         form->addRow(QString(), missing);
     } else {
-        auto* more = new QLabel(QStringLiteral("More languages are in packages such as tesseract-ocr-lat."), this);
-        more->setForegroundRole(QPalette::PlaceholderText);
-        form->addRow(QString(), more);
+        form->addRow(QString(), new QLabel(QStringLiteral("Tick the languages of the headwords. Packages such as "
+                                                          "tesseract-ocr-lat add others.")));
     }
     form->addRow(QString(), spread_);
     form->addRow(buttons);
@@ -133,6 +142,24 @@ void NewBookDialog::fillLanguages(const std::vector<std::string>& languages) {
                                2 * languages_->frameWidth());
 }
 
+void NewBookDialog::showBook(const BookFolder& book) {
+    setWindowTitle(QStringLiteral("Languages and pages"));
+    folder_->setText(pathToQ(book.folder().path()));
+    folder_->setReadOnly(true);
+    choose_->setEnabled(false);
+    ok_->setText(QStringLiteral("&Read again"));
+    spread_->setChecked(book.settings().pages.spread);
+    const std::vector<std::string>& chosen = book.settings().languages;
+    for (int row = 0; row < languages_->count(); ++row) {
+        QListWidgetItem& item = *languages_->item(row);
+        const bool isChosen = std::find(chosen.begin(), chosen.end(), codeOf(item)) != chosen.end();
+        item.setCheckState(isChosen ? Qt::Checked : Qt::Unchecked);
+        if (isChosen)
+            languages_->setCurrentRow(row);
+    }
+    languages_->setFocus();
+}
+
 FolderItem NewBookDialog::folder() const {
     return FolderItem(pathFromQ(folder_->text().trimmed()));
 }
@@ -141,7 +168,7 @@ std::vector<std::string> NewBookDialog::languages() const {
     std::vector<std::string> codes;
     for (int row = 0; row < languages_->count(); ++row)
         if (languages_->item(row)->checkState() == Qt::Checked)
-            codes.push_back(fromQ(languages_->item(row)->data(Qt::UserRole).toString()));
+            codes.push_back(codeOf(*languages_->item(row)));
     return codes;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/FolderItem.h"
+#include "book/BookFolder.h"
 
 #include <QDialog>
 
@@ -16,6 +16,9 @@ namespace velmarin {
 
 class Host;
 
+/// At the end of the names of working folders that are proposed.
+inline constexpr const char* kBookEnding = " book";
+
 /// The working folder that is proposed for the book of a scan: beside it, by its name.
 FolderItem proposedBookFolder(const FolderItem& scan);
 
@@ -25,6 +28,9 @@ class NewBookDialog : public QDialog {
   public:
     /// @param languages those that can be read, as Tesseract calls them
     NewBookDialog(const FolderItem& scan, const std::vector<std::string>& languages, Host& host, QWidget* parent);
+
+    /// Asks how the scan of a book that exists is to be read.
+    void showBook(const BookFolder& book);
 
     FolderItem folder() const;
     /// The main one first.
@@ -39,6 +45,7 @@ class NewBookDialog : public QDialog {
 
     Host& host_;
     QLineEdit* folder_;
+    QPushButton* choose_;
     QListWidget* languages_;
     QCheckBox* spread_;
     QPushButton* ok_;

@@ -18,6 +18,7 @@ class PageListPane : public QWidget {
     void showRows();
     void showChangedRows(const std::vector<std::size_t>& rows);
     void showCurrentRow();
+    QTreeView& view() const { return *view_; }
     QCheckBox* doubtfulOnly() const { return doubtfulOnly_; }
 
   signals:

@@ -2,6 +2,7 @@
 
 #include "draft/DraftOrder.h"
 #include "platform/QtText.h"
+#include "store/DictionaryItem.h"
 #include "text/NumberText.h"
 #include "view/SmartCanvas.h"
 #include "workshop/PageTable.h"
@@ -18,8 +19,6 @@ constexpr int kLeastNeighborHeight = 40;
 constexpr int kLeastStripHeight = 72;
 /// The height of the current page's strip, in heights of its neighbors.
 constexpr int kStripShare = 4;
-/// PageView::Mode: the page as high as the canvas; a press shows the lens.
-constexpr int kFitHeight = 5;
 
 QString numberOf(const DraftPage& page) {
     return page.number.empty() ? toQ(page.page) : QStringLiteral("Page %1").arg(toQ(page.number));
@@ -53,7 +52,6 @@ PageStage::PageStage(WorkshopModel& model, Host& host, QWidget* form, QWidget* p
     strip_->setObjectName(QStringLiteral("Strip"));
     strip_->setMinimumHeight(kLeastStripHeight);
     canvas_->setObjectName(QStringLiteral("WholePage"));
-    canvas_->setMode(kFitHeight);
     canvas_->view().UseMouseWheel = true;
     canvas_->hide();
     makeLayout(form);
@@ -62,7 +60,6 @@ PageStage::PageStage(WorkshopModel& model, Host& host, QWidget* form, QWidget* p
 
 PageStage::Neighbor PageStage::makeNeighbor(int by) {
     Neighbor neighbor{plainLabel(this), new StripView(StripView::Look::Dimmed, this), by};
-    neighbor.caption->setForegroundRole(QPalette::PlaceholderText);
     neighbor.strip->setMinimumHeight(kLeastNeighborHeight);
     neighbor.strip->setCursor(Qt::PointingHandCursor);
     connect(neighbor.strip, &StripView::clicked, this, [this, by] { emit stepped(by); });
@@ -121,7 +118,9 @@ void PageStage::showWords() {
         const DraftPage* page = pageAt(neighbor.by);
         neighbor.caption->setText(page == nullptr ? QString() : captionOf(*page));
     }
-    heading_->setText(model_.current() ? heading() : QStringLiteral("Each page appears here once it is read."));
+    heading_->setText(
+        model_.current() ? heading() : QStringLiteral("The pages appear here as soon as the first of them are read."));
+    heading_->setToolTip(heading_->text().toHtmlEscaped());
 }
 
 QString PageStage::heading() const {
@@ -148,7 +147,8 @@ void PageStage::showStrip(StripView& strip, const DraftPage* page) {
     else if (!decoded->picture)
         strip.showNotice(QStringLiteral("%1 cannot be shown: %2").arg(toQ(page->page), toQ(decoded->reason)));
     else
-        strip.showPage(decoded->picture, model_.book().headStrip(page->page));
+        strip.showPage(decoded->picture, model_.book().headStrip(page->page),
+                       &strip == strip_ ? model_.book().headWords(page->page) : std::vector<PageBox>());
     strip.setAccessibleName(QStringLiteral("Head of %1").arg(numberOf(*page)));
 }
 
@@ -158,6 +158,7 @@ void PageStage::showWholePage() {
         return;
     const DecodedPicture* decoded = shelf_.find(model_.book().picture(page->page));
     canvas_->dropImage();
+    canvas_->setMode(kAdjustByWidth); // from its top
     if (decoded != nullptr && decoded->picture) {
         canvas_->SetPicture(decoded->picture);
         onCanvas_ = page->page;
@@ -175,6 +176,11 @@ void PageStage::setWholePage(bool whole) {
         widget->setVisible(!whole);
     canvas_->setVisible(whole);
     showWholePage();
+}
+
+void PageStage::scroll(bool down) {
+    if (whole_)
+        canvas_->mJumpScroll_vertical(down ? 1 : 0);
 }
 
 void PageStage::dropPictures() {

@@ -30,6 +30,8 @@ class PageStage : public QWidget {
 
     void setWholePage(bool whole);
     bool wholePage() const { return whole_; }
+    /// Scrolls the whole page, if it is shown, by a screenful.
+    void scroll(bool down);
     StripView& strip() const { return *strip_; }
 
   signals:

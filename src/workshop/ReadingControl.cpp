@@ -11,6 +11,20 @@
 
 namespace velmarin {
 
+namespace {
+
+/// What is to be done when all pages are read.
+QString textOfEnd(std::size_t doubtful) {
+    if (doubtful == 0)
+        return QStringLiteral("All pages are read, and none is doubtful. “Try it…” in the menu “Book” tries a word.");
+    return QStringLiteral("All pages are read. Look at the %1: if the words are right, press Return; if not, type "
+                          "the right ones first.")
+        .arg(doubtful == 1 ? QStringLiteral("doubtful one")
+                           : toQ(Format(static_cast<double>(doubtful), "#,##0")) + QStringLiteral(" doubtful ones"));
+}
+
+} // namespace
+
 ReadingControl::ReadingControl(ScannedBook& book, WorkshopModel& model, ReadingBar& bar, NoticeBar& notice)
     : book_(book), model_(model), bar_(bar), notice_(notice), run_(book.folder(), this) {
     connect(&run_, &ReadingRun::progressed, this, [this](const ReadingProgress& progress) {
@@ -69,8 +83,12 @@ void ReadingControl::end(const BookReadingResult& result) {
         bar_.showDone();
     else
         bar_.showStopped();
-    if (!result.result)
-        notice_.tell(QStringLiteral("The book cannot be read: ") + toQ(result.result.failure().message()));
+    if (result.result && !result.stopped && result.read > 0 && result.failures.empty())
+        notice_.tell(textOfEnd(model_.counts().toLookAt()));
+    else if (!result.result)
+        notice_.tell(QStringLiteral("The book cannot be read: %1. “Languages and pages…” in the menu “Book” chooses "
+                                    "how it is read.")
+                         .arg(toQ(result.result.failure().message())));
     else if (!result.failures.empty())
         notice_.tell(QStringLiteral("%1 pages cannot be read, the first of them because: %2")
                          .arg(toQ(Str(static_cast<std::int64_t>(result.failures.size()))),

@@ -2,6 +2,8 @@
 
 #include <exception>
 
+#include <sys/resource.h>
+
 namespace velmarin {
 
 namespace {
@@ -11,12 +13,16 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::seconds kBetweenReadings(2);
 /// The share of the time that goes into showing what was read, at most.
 constexpr int kShareOfReadings = 10;
+/// Of fewer pages it is not known where their guide words are.
+constexpr std::size_t kFewestPages = 20;
+constexpr int kNiceness = 5;
 
 } // namespace
 
 ReadingRun::ReadingRun(BookFolder& book, QObject* parent) : QObject(parent), book_(book) {}
 
 ReadingRun::~ReadingRun() {
+    ending_ = true;
     stop();
     if (running())
         thread_.join();
@@ -31,6 +37,8 @@ void ReadingRun::start() {
 }
 
 void ReadingRun::work() {
+    // The threads and programs that read inherit it, so that the window stays quick while they use all processors.
+    ::setpriority(PRIO_PROCESS, 0, kNiceness);
     BookReadingResult result;
     try {
         handOverReadings();
@@ -51,11 +59,13 @@ void ReadingRun::work() {
 void ReadingRun::report(const ReadingProgress& progress) {
     QMetaObject::invokeMethod(
         this, [this, progress] { emit progressed(progress); }, Qt::QueuedConnection);
-    if (Clock::now() >= nextReadings_)
+    if (Clock::now() >= nextReadings_ && progress.done >= kFewestPages)
         handOverReadings();
 }
 
 void ReadingRun::handOverReadings() {
+    if (ending_)
+        return;
     const Clock::time_point began = Clock::now();
     auto readings = std::make_shared<const BookReadings>(book_);
     QMetaObject::invokeMethod(

@@ -37,6 +37,7 @@ class ReadingRun : public QObject {
 
     BookFolder& book_;
     std::atomic<bool> stop_ = false;
+    std::atomic<bool> ending_ = false; ///< what is read now is not to be shown
     std::chrono::steady_clock::time_point nextReadings_ = {};
     std::thread thread_;
 };

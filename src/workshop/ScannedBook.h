@@ -26,6 +26,7 @@ class ScannedBook : public WorkshopBook {
     std::string name() const override;
     FolderItem picture(const std::string& page) const override;
     PageBox headStrip(const std::string& page) const override { return readings_->headStrip(page); }
+    std::vector<PageBox> headWords(const std::string& page) const override { return readings_->headWords(page); }
     const PageGuess* guess(const std::string& page) const override { return readings_->guess(page); }
     KeyRule keyRule() const override { return readings_->keyRule(); }
     IndexOrder indexOrder() const override { return readings_->indexOrder(); }

@@ -2,6 +2,8 @@
 
 #include "scan/PageText.h"
 
+#include <vector>
+
 namespace velmarin {
 
 /// The part of a strip that is kept in view when it is wider than the view.
@@ -22,6 +24,18 @@ struct StripPlan {
     PageBox target = {}; ///< in pixels of the view
     PageBox strip = {};  ///< the strip itself, in pixels of the view; around it is what follows on the page
 };
+
+/// A part of a strip, and where it is drawn.
+struct StripPiece {
+    PageBox source = {}; ///< in pixels of the picture
+    PageBox target = {}; ///< in pixels of the view
+};
+
+/// The words of a strip, enlarged side by side without the blank between them, at the top of the view. Each is as near
+/// to its place on the page as the others let it be. Empty if they would not be larger than in planStrip.
+///
+/// @param words their boxes on the page, from left to right
+std::vector<StripPiece> planWords(const StripRequest& request, const std::vector<PageBox>& words);
 
 /// The strip as large as the view allows, and as much of the page below it (above it, if it is at the foot of the page)
 /// as there is room for. Nothing is enlarged more than twice.

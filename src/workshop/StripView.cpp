@@ -15,6 +15,7 @@ namespace {
 constexpr double kDimmed = 0.55;
 /// How much of the background covers what follows the strip on its page.
 constexpr int kFade = 150;
+constexpr int kBelowWords = 6;
 
 QRect rectOf(const PageBox& box) {
     return {box.x, box.y, box.width, box.height};
@@ -26,9 +27,10 @@ StripView::StripView(Look look, QWidget* parent) : QWidget(parent), look_(look) 
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-void StripView::showPage(Picture picture, const PageBox& strip) {
+void StripView::showPage(Picture picture, const PageBox& strip, std::vector<PageBox> words) {
     picture_ = std::move(picture);
     strip_ = strip;
+    words_ = std::move(words);
     notice_.clear();
     update();
 }
@@ -52,7 +54,7 @@ void StripView::setSide(StripSide side) {
 void StripView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     if (picture_)
-        return paintStrip(painter, event->rect());
+        return paintPage(painter, event->rect());
     painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, notice_);
 }
@@ -62,16 +64,37 @@ void StripView::mousePressEvent(QMouseEvent* event) {
         emit clicked();
 }
 
-void StripView::paintStrip(QPainter& painter, const QRect& exposed) {
-    const StripPlan plan = planStrip({.pageWidth = picture_.Width(),
-                                      .pageHeight = picture_.Height(),
-                                      .strip = strip_,
-                                      .width = width(),
-                                      .height = height(),
-                                      .zoom = zoom_,
-                                      .side = side_});
+StripRequest StripView::request(int height) const {
+    return {.pageWidth = picture_.Width(),
+            .pageHeight = picture_.Height(),
+            .strip = strip_,
+            .width = width(),
+            .height = height,
+            .zoom = zoom_,
+            .side = side_};
+}
+
+void StripView::paintPage(QPainter& painter, const QRect& exposed) {
     if (look_ == Look::Dimmed)
         painter.setOpacity(kDimmed);
+    paintStrip(painter, exposed, paintWords(painter, exposed));
+}
+
+int StripView::paintWords(QPainter& painter, const QRect& exposed) {
+    int bottom = 0;
+    for (const StripPiece& piece : planWords(request(height()), words_)) {
+        const PageBox &to = piece.target, &from = piece.source;
+        CommandPainter(painter, wordRenderer_, exposed, devicePixelRatioF())(
+            PictureDrawn{picture_, to.x, to.y, to.width, to.height, from.x, from.y, from.width, from.height});
+        bottom = to.bottom() + kBelowWords;
+    }
+    return bottom;
+}
+
+void StripView::paintStrip(QPainter& painter, const QRect& exposed, int top) {
+    StripPlan plan = planStrip(request(height() - top));
+    plan.target.y += top;
+    plan.strip.y += top;
     const PageBox &to = plan.target, &from = plan.source;
     CommandPainter(painter, renderer_, exposed, devicePixelRatioF())(
         PictureDrawn{picture_, to.x, to.y, to.width, to.height, from.x, from.y, from.width, from.height});

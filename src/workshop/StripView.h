@@ -18,7 +18,8 @@ class StripView : public QWidget {
 
     /// @param picture nil: nothing to show yet
     /// @param strip   the head, in pixels of the picture; empty if unknown
-    void showPage(Picture picture, const PageBox& strip);
+    /// @param words   to be enlarged above it
+    void showPage(Picture picture, const PageBox& strip, std::vector<PageBox> words = {});
     /// Shows words in place of a page.
     void showNotice(const QString& text);
 
@@ -34,15 +35,20 @@ class StripView : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
 
   private:
-    void paintStrip(QPainter& painter, const QRect& exposed);
+    void paintPage(QPainter& painter, const QRect& exposed);
+    /// Returns the height that they take.
+    int paintWords(QPainter& painter, const QRect& exposed);
+    void paintStrip(QPainter& painter, const QRect& exposed, int top);
+    StripRequest request(int height) const;
 
     Look look_;
     Picture picture_;
     PageBox strip_;
+    std::vector<PageBox> words_;
     QString notice_;
     double zoom_ = 1;
     StripSide side_ = StripSide::Left;
-    PageRenderer renderer_;
+    PageRenderer renderer_, wordRenderer_; ///< each keeps what it has drawn at its scale
 };
 
 } // namespace velmarin

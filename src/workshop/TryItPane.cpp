@@ -1,5 +1,6 @@
 #include "workshop/TryItPane.h"
 
+#include "controls/ScreenFit.h"
 #include "platform/QtText.h"
 #include "store/DictionaryItem.h"
 #include "view/SmartCanvas.h"
@@ -7,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -25,7 +27,7 @@ TryItPane::TryItPane(const WorkshopModel& model, Host& host, QWidget* parent)
     setObjectName(QStringLiteral("TryItPane"));
     setWindowTitle(QStringLiteral("Try it"));
     setMinimumSize(kLeastSize);
-    resize(kFirstSize);
+    resize(firstPlace(kFirstSize, 0, screen()->availableGeometry()).size());
     auto* label = new QLabel(QStringLiteral("&Word:"), this);
     label->setBuddy(wordEF_);
     wordEF_->setObjectName(QStringLiteral("TryEF"));

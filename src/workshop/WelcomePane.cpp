@@ -48,7 +48,6 @@ WelcomePane::WelcomePane(QWidget* parent) : QWidget(parent) {
         button->setAccessibleDescription(what);
         auto* label = new QLabel(what, inner);
         label->setWordWrap(true);
-        label->setForegroundRole(QPalette::PlaceholderText);
         connect(button, &QPushButton::clicked, this, wanted);
         column->addWidget(button);
         column->addWidget(label);
@@ -61,6 +60,8 @@ WelcomePane::WelcomePane(QWidget* parent) : QWidget(parent) {
         &WelcomePane::folderWanted);
     add("OpenBookBT", QStringLiteral("Open a b&ook…"), QStringLiteral("Go on with a book that you have begun"),
         &WelcomePane::bookWanted);
+    add("OpenDictionaryBT", QStringLiteral("Correct a &dictionary…"),
+        QStringLiteral("A word of a dictionary that you have opens a wrong page"), &WelcomePane::dictionaryWanted);
     auto* outer = new QVBoxLayout(this);
     outer->addStretch(1);
     auto* middle = new QHBoxLayout;

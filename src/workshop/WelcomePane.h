@@ -12,6 +12,7 @@ class WelcomePane : public QWidget {
 
   signals:
     void bookWanted();
+    void dictionaryWanted();
     void scanWanted();
     void folderWanted();
 };

@@ -24,6 +24,8 @@ class WorkshopBook {
     virtual FolderItem picture(const std::string& page) const = 0;
     /// What a person must see of the picture to read the guide words; empty if unknown.
     virtual PageBox headStrip(const std::string& page) const = 0;
+    /// The words in that strip, from left to right; empty if they are not known.
+    virtual std::vector<PageBox> headWords(const std::string& page) const = 0;
     /// All that the words of the page may be; nullptr if it was not read.
     virtual const PageGuess* guess(const std::string& page) const = 0;
     virtual KeyRule keyRule() const = 0;

@@ -13,7 +13,9 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QSplitter>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -47,12 +49,16 @@ WorkshopDesk::WorkshopDesk(std::unique_ptr<WorkshopBook> book, Host& host, QWidg
     column->addWidget(notice_);
     column->addWidget(splitter_, 1);
     column->addWidget(makeBar());
+    for (QWidget* each : notice_->findChildren<QPushButton*>())
+        setTabOrder(&list_->view(), each); // what is told does not come between the fields
     connect(list_, &PageListPane::picked, this, &WorkshopDesk::select);
     connect(list_, &PageListPane::entered, form_, &GuideForm::takeFocus);
     connect(stage_, &PageStage::stepped, this, &WorkshopDesk::step);
     connect(form_, &GuideForm::sideChanged, &stage_->strip(), &StripView::setSide);
     saveAgain_.setInterval(kSaveAgain);
     connect(&saveAgain_, &QTimer::timeout, this, [this] { model_.saveAgain(); });
+    countsLater_.setSingleShot(true);
+    connect(&countsLater_, &QTimer::timeout, this, &WorkshopDesk::showCountsNow);
     lookOutside_.start(kLookOutside);
     connect(&lookOutside_, &QTimer::timeout, this, [this] { model_.lookOutside(); });
 }
@@ -177,6 +183,11 @@ void WorkshopDesk::showCurrentPage() {
 }
 
 void WorkshopDesk::showCounts() {
+    // A progress bar repaints the window at once, which would show the old page once more.
+    countsLater_.start();
+}
+
+void WorkshopDesk::showCountsNow() {
     const DraftCounts counts = model_.counts();
     const int all = static_cast<int>(model_.draft().pages.size());
     counts_->setText(all == 0 ? QString() : toQ(counts.text()));
@@ -187,7 +198,8 @@ void WorkshopDesk::showCounts() {
 }
 
 void WorkshopDesk::showAllDone() {
-    notice_->tell(QStringLiteral("No page is left to look at."));
+    notice_->tell(
+        QStringLiteral("No page is left to look at. “Make dictionary…” in the menu “Book” is the next step."));
 }
 
 void WorkshopDesk::showSaved(const Result& result) {

@@ -71,6 +71,7 @@ class WorkshopDesk : public QWidget, public WorkshopDisplay {
     QWidget* makeWork();
     QWidget* makeButtons();
     QWidget* makeBar();
+    void showCountsNow();
 
     std::unique_ptr<WorkshopBook> book_;
     WorkshopModel model_;
@@ -83,7 +84,7 @@ class WorkshopDesk : public QWidget, public WorkshopDisplay {
     QLabel* counts_;
     ProgressBar* share_;
     QHBoxLayout* bar_;
-    QTimer saveAgain_, lookOutside_;
+    QTimer saveAgain_, lookOutside_, countsLater_;
 };
 
 } // namespace velmarin

@@ -74,6 +74,8 @@ void WorkshopMenus::fillFile(QMenu& menu) {
     add("Open a &scan…", {}, &WorkshopMenusPort::chooseScan);
     add("Open a &folder of page images…", {}, &WorkshopMenusPort::chooseFolder);
     menu.addSeparator();
+    add("Correct a &dictionary…", {}, &WorkshopMenusPort::correctDictionary);
+    menu.addSeparator();
     add("&Quit", Qt::CTRL | Qt::Key_Q, &WorkshopMenusPort::closeWindow);
 }
 
@@ -126,9 +128,16 @@ void WorkshopMenus::fillScan(QMenu& menu) {
 }
 
 void WorkshopMenus::fillView(QMenu& menu) {
-    wholePage_ = addItem(menu, QStringLiteral("&Whole page"), Qt::Key_F4,
-                         [this](WorkshopDesk& desk) { desk.stage().setWholePage(wholePage_->isChecked()); });
+    wholePage_ = addItem(menu, QStringLiteral("&Whole page"), Qt::Key_F4, [this](WorkshopDesk& desk) {
+        desk.stage().setWholePage(wholePage_->isChecked());
+        refresh();
+    });
     wholePage_->setCheckable(true);
+    for (const bool down : {false, true})
+        addItem(
+            menu, down ? QStringLiteral("Scroll d&own") : QStringLiteral("Scroll &up"),
+            Qt::CTRL | (down ? Qt::Key_Down : Qt::Key_Up), [down](WorkshopDesk& desk) { desk.stage().scroll(down); },
+            [](WorkshopDesk& desk) { return desk.stage().wholePage(); });
     addItem(menu, QStringLiteral("&Doubtful pages only"), Qt::CTRL | Qt::Key_D,
             [](WorkshopDesk& desk) { desk.list().doubtfulOnly()->toggle(); });
     menu.addSeparator();

@@ -30,6 +30,8 @@ class WorkshopMenusPort {
     virtual void chooseScan() = 0;
     /// Asks for a scan that is a folder of pictures.
     virtual void chooseFolder() = 0;
+    /// Lets a dictionary that exists be corrected.
+    virtual void correctDictionary() = 0;
     virtual void closeWindow() = 0;
 };
 

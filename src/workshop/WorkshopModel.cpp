@@ -40,10 +40,7 @@ PageWords wordsOf(const DraftPage& page) {
 void WorkshopModel::open(Draft draft) {
     draft_ = std::move(draft);
     history_.clear();
-    const auto doubtful = std::find_if(draft_.pages.begin(), draft_.pages.end(), isDoubtful);
-    current_.reset();
-    if (!draft_.pages.empty())
-        current_ = doubtful == draft_.pages.end() ? 0 : static_cast<std::size_t>(doubtful - draft_.pages.begin());
+    current_ = firstToLookAt();
     findVisibleRows();
     display_->showCurrentPage();
     display_->showCounts();
@@ -65,10 +62,10 @@ void WorkshopModel::takeRead(Draft draft) {
     if (draft == draft_)
         return;
     std::swap(draft_, draft);
-    const std::size_t place = current_.value_or(0);
+    const std::optional<std::size_t> place = current_;
     current_ = rowOf(page);
     if (!current_ && !draft_.pages.empty())
-        current_ = std::min(place, draft_.pages.size() - 1);
+        current_ = place ? std::min(*place, draft_.pages.size() - 1) : firstToLookAt();
     findVisibleRows();
     if (currentChanged)
         display_->showCurrentPage();
@@ -223,6 +220,13 @@ void WorkshopModel::findVisibleRows() {
         if (!doubtfulOnly_ || row == current_ || isDoubtful(draft_.pages[row]))
             visible_.push_back(row);
     display_->showRows();
+}
+
+std::optional<std::size_t> WorkshopModel::firstToLookAt() const {
+    if (draft_.pages.empty())
+        return std::nullopt;
+    const auto doubtful = std::find_if(draft_.pages.begin(), draft_.pages.end(), isDoubtful);
+    return doubtful == draft_.pages.end() ? 0 : static_cast<std::size_t>(doubtful - draft_.pages.begin());
 }
 
 std::optional<std::size_t> WorkshopModel::rowOf(const std::string& page) const {

@@ -84,6 +84,8 @@ class WorkshopModel {
     void showChanges(const Draft& before);
     void save();
     void findVisibleRows();
+    /// The first doubtful page, or else the first one; nullopt if there is no page.
+    std::optional<std::size_t> firstToLookAt() const;
     std::optional<std::size_t> rowOf(const std::string& page) const;
 
     WorkshopBook& book_;

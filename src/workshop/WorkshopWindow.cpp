@@ -18,9 +18,9 @@
 #include <QCoreApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegion>
 #include <QScreen>
 
-#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -30,8 +30,14 @@ namespace {
 
 constexpr QSize kFirstSize(1100, 760);
 constexpr QSize kLeastSize(720, 480);
-/// No display system makes larger windows.
-constexpr int kWidest = 32000;
+
+/// Whether all of a window is visible, as after a start with the same screens.
+bool isOnScreens(const WindowPlace& place) {
+    QRegion rest(place);
+    for (const QRect& screen : screenAreas())
+        rest -= screen;
+    return rest.isEmpty();
+}
 
 } // namespace
 
@@ -48,6 +54,7 @@ void WorkshopWindow::showWelcome() {
     connect(welcome, &WelcomePane::bookWanted, this, &WorkshopWindow::chooseBook);
     connect(welcome, &WelcomePane::scanWanted, this, &WorkshopWindow::chooseScan);
     connect(welcome, &WelcomePane::folderWanted, this, &WorkshopWindow::chooseFolder);
+    connect(welcome, &WelcomePane::dictionaryWanted, this, &WorkshopWindow::dictionaryWanted);
     setCentralWidget(welcome);
 }
 
@@ -111,11 +118,12 @@ void WorkshopWindow::openBook(std::unique_ptr<WorkshopBook> book, Draft draft) {
 void WorkshopWindow::rememberPlacement(const FolderItem& preferencesFolder) {
     preferencesFolder_ = preferencesFolder;
     placement_ = readWorkshopPlacement(preferencesFolder).value_or(WorkshopPlacement());
-    WindowPlace place = firstPlace(kFirstSize, 0, screen()->availableGeometry());
-    if (const WindowPlacement& saved = placement_.window; saved.width > 0)
-        place = withinReach({saved.left, saved.top, std::clamp(saved.width, kLeastSize.width(), kWidest),
-                             std::clamp(saved.height, kLeastSize.height(), kWidest)},
-                            screenAreas());
+    const WindowPlacement& saved = placement_.window;
+    const bool known = saved.width > 0;
+    WindowPlace place =
+        firstPlace(known ? QSize(saved.width, saved.height) : kFirstSize, 0, screen()->availableGeometry());
+    if (const WindowPlace last(saved.left, saved.top, saved.width, saved.height); known && isOnScreens(last))
+        place = last;
     move(place.topLeft());
     resize(place.size());
     if (placement_.maximized)
@@ -138,6 +146,9 @@ void WorkshopWindow::endNow() {
     if (desk_ != nullptr)
         desk_->keepChanges();
     keepPlacement();
+    emit ending();
+    if (reading_ != nullptr && reading_->running())
+        std::_Exit(EXIT_SUCCESS); // a page takes seconds to read; each that is read is kept, and others are read again
     QCoreApplication::exit(EXIT_SUCCESS); // quit() would close the windows first, which may ask
 }
 

@@ -40,10 +40,17 @@ class WorkshopWindow : public QMainWindow, private WorkshopMenusPort {
 
     WorkshopMenus& menus() const { return *menus_; }
 
+  signals:
+    /// A dictionary that exists is to be corrected.
+    void dictionaryWanted();
+    /// The program is about to end by endNow.
+    void ending();
+
   protected:
     void closeEvent(QCloseEvent* event) override;
 
   private:
+    void correctDictionary() override { emit dictionaryWanted(); }
     void closeWindow() override { close(); }
     void showWelcome();
     void keepPlacement();

@@ -36,7 +36,7 @@ TEST(DraftOrder, TellsWhyARowIsDoubtful) {
     const char* reasons[] = {"",
                              "",
                              "no guide word was read",
-                             "read with a confidence of 40 in a hundred",
+                             "compare with the page, letter by letter",
                              "",
                              "",
                              "‘aba’ comes before ‘abide’ on page 16",

@@ -23,6 +23,7 @@ struct ScriptedBook : WorkshopBook {
         return found == pictures.end() ? FolderItem() : found->second;
     }
     PageBox headStrip(const std::string&) const override { return {}; }
+    std::vector<PageBox> headWords(const std::string&) const override { return {}; }
     const PageGuess* guess(const std::string& page) const override {
         const auto found = guesses.find(page);
         return found == guesses.end() ? nullptr : &found->second;

@@ -62,6 +62,10 @@ TEST(MakeDialogTest, MakesTheDictionaryThatItSays) {
     const std::string text = "“xx” on page 2 (p2.bmp), after “ac” and before “ad”";
     const auto& summary = control<QPlainTextEdit>(dialog, "SummaryEF");
     EXPECT_TRUE(QTest::qWaitFor([&] { return summary.toPlainText().contains(toQ(text)); })) << text;
+    host.onYield = [&] { QTest::mouseClick(&control<QPushButton>(dialog, "CancelBT"), Qt::LeftButton); };
+    QTest::keyClick(&control<QLineEdit>(dialog, "AlikeEF"), Qt::Key_Return);
+    EXPECT_EQ(std::distance(fs::directory_iterator(files.at("DictionaryFolder/English")), {}), 1) << "cancelled";
+    host.onYield = {};
     QTest::keyClick(&control<QLineEdit>(dialog, "AlikeEF"), Qt::Key_Return);
 
     EXPECT_EQ(group, "English");

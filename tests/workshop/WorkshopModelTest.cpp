@@ -240,6 +240,21 @@ TEST(StripPlan, ShowsTheStripAndWhatFollows) {
     }
 }
 
+TEST(StripPlan, EnlargesWordsThatHaveRoom) {
+    const StripRequest request{2000, 3000, {100, 50, 1800, 60}, 500, 240};
+    // A word of two parts, and one that would leave the view.
+    const std::vector<StripPiece> pieces =
+        planWords(request, {{100, 60, 100, 30}, {210, 60, 60, 30}, {1700, 60, 200, 30}});
+    ASSERT_EQ(pieces.size(), 2U);
+    EXPECT_EQ(pieces[0].source.x, 85);
+    EXPECT_EQ(pieces[0].source.right(), 285);
+    EXPECT_GE(pieces[0].target.x, 0);
+    EXPECT_LE(pieces[0].target.right(), pieces[1].target.x);
+    EXPECT_LE(pieces[1].target.right(), request.width);
+    EXPECT_GT(pieces[1].target.width, pieces[1].source.width / 3);
+    EXPECT_TRUE(planWords(request, {{100, 60, 1700, 30}}).empty()) << "the line is full";
+}
+
 TEST(PageChanges, TurnFromWhereThePageIs) {
     BookSettings settings;
     settings.pages.turned = {{.pages = {1, kLastPage}, .degrees = 180}};

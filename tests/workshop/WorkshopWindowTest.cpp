@@ -86,7 +86,7 @@ TEST(WorkshopWindow, APersonSetsTheDoubtfulPagesByKeys) {
     run.key(Qt::Key_F3, Qt::ShiftModifier);
     run.key(Qt::Key_Return);
     run.key(Qt::Key_Return);
-    EXPECT_EQ(run.window.desk()->notice().text(), QStringLiteral("No page is left to look at."));
+    EXPECT_TRUE(run.window.desk()->notice().text().startsWith(QStringLiteral("No page is left to look at.")));
     EXPECT_EQ(rowsOf(run.book->savedDraft), "a+ b! c~ e! g+ x!");
 }
 

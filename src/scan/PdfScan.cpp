@@ -115,7 +115,9 @@ class PdfPageReader {
         ScannedPage taken = extracted(image, folder);
         if (!taken.problem.empty())
             return taken;
-        const int side = std::min(kLikenessSide, std::max(taken.picture.Width(), taken.picture.Height()));
+        const int longer = std::max(taken.picture.Width(), taken.picture.Height());
+        // poppler makes a stencil darker when it reduces it.
+        const int side = image.type == "stencil" ? longer : std::min(kLikenessSide, longer);
         const ToolAnswer small = render(side * kPointsPerInch / std::max(page.width, page.height), {"-gray"});
         if (!small.ok())
             return failed(small);

@@ -54,7 +54,8 @@ struct PdfCase {
 };
 
 TEST(ScanSource, TakesPagesOutOfPdf) {
-    const Picture ink = printedPage(kWide, kHigh, 1, 1), grey = printedPage(kWide, kHigh, 8, 2);
+    const Picture ink = printedPage(kWide, kHigh, 1, 1), grey = printedPage(kWide, kHigh, 8, 2),
+                  large = printedPage(3 * kWide, 3 * kHigh, 1, 3);
     const std::string fax = pdfImage(ink, "CCITTFaxDecode"), photograph = pdfImage(grey, "DCTDecode");
     const std::vector<PdfCase> cases{
         {"1 bit, without coding", {drawImage(), {pdfImage(ink, "")}}, "p0001.tif", ink},
@@ -76,7 +77,15 @@ TEST(ScanSource, TakesPagesOutOfPdf) {
         {"two pictures", {drawImage() + drawImage(1, "144 0 0 192 0 0"), {fax, photograph}}, "p0014.png"},
         {"text", {drawWords({{20, "Abacus"}, {200, "Abbot"}})}, "p0015.tif"},
         {"flat colors", {"1 0 0 rg 50 50 100 100 re f"}, "p0016.png"},
-        {"two inches", {drawWords({{20, "A"}}), {}, "", "0 0 144 144"}, "p0017.tif", {}, 0, 300, 300}};
+        // Drawn a little smaller than the page, as if the page were rounded to points.
+        {"large stencil",
+         {drawImage(0, "287.6 0 0 383.6 0 0"), {pdfImage(large, "CCITTFaxDecode", "/ImageMask true")}},
+         "p0017.tif",
+         large,
+         0,
+         3 * kWide,
+         3 * kHigh},
+        {"two inches", {drawWords({{20, "A"}}), {}, "", "0 0 144 144"}, "p0018.tif", {}, 0, 300, 300}};
     std::vector<test::PdfPageText> pages;
     for (const PdfCase& each : cases)
         pages.push_back(each.page);

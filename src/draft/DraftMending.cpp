@@ -101,8 +101,9 @@ class Rows {
         const bool words = !first.empty() || !last.empty();
         const std::size_t outside = guesses_.size() - (run_.end - run_.begin);
         row.confidence = kConfidenceOfFrontMatter;
+        const bool mostly = outside * kMostOutside > guesses_.size();
         row.state = words ? PageState::Mended : PageState::Certain;
-        if (words && (page + 1 == run_.begin || page == run_.end || outside * kMostOutside > guesses_.size())) {
+        if (mostly || (words && (page + 1 == run_.begin || page == run_.end))) {
             row.first = first.empty() ? "" : first.front().text;
             row.last = last.empty() ? "" : last.front().text;
             row.confidence = 0;

@@ -181,6 +181,49 @@ TEST(ScanSource, TurnsAndCuts) {
     }
 }
 
+TEST(ScanSource, FindsThePagesOfTextFilesOfManyPages) {
+    const auto hocr = [](const std::string& title, const std::string& word) {
+        return "<div class='ocr_page' title='" + title + "bbox 0 0 9 9'><span class='ocrx_word' title='bbox 1 1 5 5'>" +
+               word + "</span></div>";
+    };
+    const auto alto = [](const std::string& word) {
+        return "<a:Page WIDTH='9' HEIGHT='9'><a:String CONTENT='" + word + "' WIDTH='3' HEIGHT='3'/></a:Page>";
+    };
+    const std::string head = "<html><head><meta content='ocr_page'/></head><body>", a = hocr("", "a"),
+                      b = hocr("", "b");
+    const struct {
+        const char* what;
+        const char* file;
+        std::string text;
+        std::string words; ///< of both pages
+    } cases[] = {{"by name", "scan/book.hocr",
+                  head + hocr("image \"D:\\s;\\P2.TIF\"; ", "b") + hocr("image x/p1.tif; ", "a"), "ab"},
+                 {"in order", "scan/book.html", head + a + b, "ab"},
+                 {"named as a page", "scan/p1.hocr", head + a + b, "ab"},
+                 {"of another book", "scan/book.hocr", head + a + b + a, "--"},
+                 {"one page", "scan/p2.hocr", head + b, "-b"},
+                 {"ALTO", "scan/book.xml",
+                  "<a:alto xmlns:a='x'><a:Layout>" + alto("a") + alto("b") + "</a:Layout></a:alto>", "ab"},
+                 {"beside a TIFF", "scan.hocr",
+                  head + hocr("image \"scan.tif\"; ", "a") + hocr("image \"scan.tif\"; ", "b"), "ab"}};
+    const Picture ink = printedPage(300, 400, 1, 1);
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        const TempFolder folder;
+        folder.write("scan/p1.tif", *encodePicture(ink, "tif"));
+        folder.write("scan/p2.tif", *encodePicture(ink, "tif"));
+        folder.write("scan.tif", test::tiffOf({ink, ink}, COMPRESSION_CCITTFAX4));
+        folder.write(each.file, each.text);
+        const auto scan = opened(folder.at(fs::path(each.file).has_parent_path() ? "scan" : "scan.tif"));
+        std::string words;
+        for (const std::size_t page : {0, 1}) {
+            const auto texts = scan->textOf(page, {}, {folder.at("scan/p1.tif")});
+            words += texts.at(0) ? texts[0]->lines.at(0).words.at(0).text : "-";
+        }
+        EXPECT_EQ(words, each.words);
+    }
+}
+
 TEST(ScanSource, ReadsTheTextOfPdfAndDjvu) {
     const Picture ink = printedPage(kWide, kHigh, 1, 8);
     const std::string words = drawWords({{20, "Abacus"}, {200, "Abb\\351"}}), image = pdfImage(ink, "");

@@ -53,16 +53,26 @@ struct Request {
     BookSettings settings = {};
 };
 
+/// Why a table cannot be used; empty if it can.
+std::string problemOf(std::string_view text, const SeparatedValues& table) {
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF"))
+        return "it is UTF-16; save it as UTF-8";
+    if (!isValidUtf8(text))
+        return "it is not UTF-8";
+    if (!table.isWhole())
+        return "a field begins with a quote (\") that is never closed";
+    if (!table.hasColumn("page") || !(table.hasColumn("first") || table.hasColumn("headword")))
+        return "its first row needs the columns \"page\" and \"first\" or \"headword\"";
+    return {};
+}
+
 std::optional<SeparatedValues> readTable(const std::string& path, Session& session) {
     const auto text = readWholeFile(FolderItem(path));
-    if (!text || !isValidUtf8(*text)) {
-        session.couldNot(path + (text ? ": it is not UTF-8" : ": it could not be read"));
-        return std::nullopt;
-    }
-    SeparatedValues table = SeparatedValues::parse(*text);
-    if (table.hasColumn("page") && (table.hasColumn("first") || table.hasColumn("headword")))
+    auto table = text ? std::optional(SeparatedValues::parse(*text)) : std::nullopt;
+    const std::string problem = text ? problemOf(*text, *table) : "it could not be read";
+    if (problem.empty())
         return table;
-    session.couldNot(path + ": its first row needs the columns \"page\" and \"first\" or \"headword\"");
+    session.couldNot(path + ": " + problem);
     return std::nullopt;
 }
 
@@ -94,10 +104,10 @@ Status make(const Request& request, Session& session) {
     IndexPlan plan = planIndex(read.entries, rule, book.order);
     book.pages = read.pages;
     book.lines = std::move(plan.lines);
-    if (!writeDictionary(book, *place, session))
-        return Status::CouldNot;
     for (const TableProblem& each : read.problems)
         session.out().record({"unused", Str(static_cast<std::int64_t>(each.row)), each.what});
+    if (!writeDictionary(book, *place, session))
+        return Status::CouldNot;
     reportMisplaced(read.entries, read.pages, plan.misplaced, session);
     reportMade(book, request.target, session);
     return read.problems.empty() ? Status::Done : Status::NothingFound;

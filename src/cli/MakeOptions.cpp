@@ -74,7 +74,13 @@ std::optional<NewPlace> newPlace(const std::string& argument, Session& session) 
     const std::filesystem::path above = group.parent_path().empty() ? "." : group.parent_path();
     if (!folderArgument(isThere ? group.string() : above.string(), session))
         return std::nullopt;
-    return NewPlace{FolderItem(isThere ? group : above / group.filename()), target.filename().string()};
+    NewPlace place{FolderItem(isThere ? group : above / group.filename()), target.filename().string()};
+    // Told again when it is written; here so that no work is in vain.
+    if (isMemberName(place.name) && place.group.Child(place.name).occupied()) {
+        session.couldNot(Failure{place.group.Child(place.name), kNameIsTaken}.message());
+        return std::nullopt;
+    }
+    return place;
 }
 
 bool writeDictionary(const NewDictionary& dictionary, const NewPlace& place, Session& session) {

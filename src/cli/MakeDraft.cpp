@@ -32,14 +32,16 @@ Reads the guide words of a scanned book. SOURCE is a folder of page images, a TI
 of several pages, a PDF or a DjVu file; nothing is written to it. BOOK is a new or
 empty folder, or one that the command has made before: then it reads the pages that
 are not read yet, and with another --lang or --turn those that it changes. Options
-are kept in BOOK; "--no-spread" and the like take them back. Pages are counted from 1 in the order of SOURCE.
+are kept in BOOK; "--no-spread" and the like take them back. Pages are counted from
+1 in the order of SOURCE.
 
 The result is BOOK/draft.tsv, a table with the columns page, number, first, last,
 confidence and state (certain, mended, doubtful, set). Any spreadsheet edits it.
 Rows with the state "set" stay when the command runs again. "make build" makes the
 dictionary.
 
-Text that the scan has itself is used first; the rest is read by Tesseract, whose
+Text that the scan has itself is used first, or that files beside it have: hOCR or
+ALTO, of single pages or of the whole book. The rest is read by Tesseract, whose
 languages are installed as packages such as tesseract-ocr-lat. An interrupt
 (Ctrl-C) stops the command; it goes on with the next call.
 

@@ -32,8 +32,9 @@ void takeSwitch(const CLI::Option* option, bool& value) {
 
 SettingsChange addOrderOptions(CLI::App& command) {
     const CLI::Option* ignore =
-        addOption(command, "--ignore", "CHARACTERS", "Characters that the book's order ignores");
-    const CLI::Option* alike = addOption(command, "--alike", "PAIRS", "Letters that the book sorts as others");
+        addOption(command, "--ignore", "CHARACTERS", "Characters that the book's order ignores: \"-' \"");
+    const CLI::Option* alike =
+        addOption(command, "--alike", "PAIRS", "Letters that the book sorts as others: \"ä=ae, ø=o\"");
     const CLI::Option* spanish = addSwitch(command, "spanish", "\"ch\" and \"ll\" are letters of their own");
     const CLI::Option* ijuv = addSwitch(command, "ijuv", "i and j are one letter, and so are u and v");
     return [=](BookSettings& settings, Session& session) {

@@ -45,8 +45,8 @@ One of first and headword is needed. Guide words are enough to find every word.
 
 SOURCE is the folder of the pages, whose names sort in page order (p2 before p10),
 or a TIFF of several pages, a PDF or a DjVu file, whose pages the table calls p0001,
-p0002 and so on.
-The dictionary is the new folder GROUP/NAME; nothing is replaced. A new group is made.
+p0002 and so on. The dictionary is the new folder GROUP/NAME; nothing is replaced.
+A new group is made.
 
 Headwords that break the order are listed. Each opens its own page, and the words
 around it are found as if it were not there.

@@ -185,7 +185,10 @@ Result BookFolder::loadDraft(Draft& draft) const {
     const auto text = readWholeFile(item);
     auto read = text ? parseDraft(*text) : std::nullopt;
     if (!read)
-        return Failure{item, text ? "it is not a draft: its first row has no column \"page\"" : "it could not be read"};
+        return Failure{item, text
+                                 ? "it is not a draft: its first row has no column \"page\", or a quote in it is never "
+                                   "closed"
+                                 : "it could not be read"};
     draft = std::move(*read);
     setEditedRows(draft, item, mendedFile());
     return {};

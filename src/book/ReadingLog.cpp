@@ -3,12 +3,14 @@
 #include "files/ReadOnlyFile.h"
 #include "files/SystemCalls.h"
 #include "text/StringFields.h"
+#include "text/Utf8.h"
 
 #include <nlohmann/json.hpp>
 
 #include <array>
 #include <cerrno>
 #include <optional>
+#include <vector>
 
 namespace velmarin {
 
@@ -36,12 +38,29 @@ namespace {
 
 constexpr std::chrono::seconds kBetweenFlushes(3);
 
+/// JSON is UTF-8. The name of a page that is not is kept as an array of its bytes.
+Json inUtf8(Json reading) {
+    Json& page = reading["reading"]["page"];
+    if (const std::string& name = page.get_ref<const std::string&>(); !isValidUtf8(name))
+        page = Json(std::vector<std::uint8_t>(name.begin(), name.end()));
+    return reading;
+}
+
+Json withNameOfPage(Json reading) {
+    Json& page = reading["reading"]["page"];
+    if (page.is_array()) {
+        const auto bytes = page.get<std::vector<std::uint8_t>>();
+        page = std::string(bytes.begin(), bytes.end());
+    }
+    return reading;
+}
+
 std::optional<LoggedReading> parseReading(std::string_view line) {
     const Json json = Json::parse(line, nullptr, false);
     if (!json.is_object())
         return std::nullopt;
     try {
-        return json.get<LoggedReading>();
+        return withNameOfPage(json).get<LoggedReading>();
     } catch (const Json::exception&) {
         return std::nullopt;
     }
@@ -73,7 +92,7 @@ Result ReadingLog::open(const FolderItem& file) {
 }
 
 Result ReadingLog::add(const LoggedReading& reading) {
-    if (!file_.addLine(Json(reading).dump(-1, ' ', false, Json::error_handler_t::replace)))
+    if (!file_.addLine(inUtf8(reading).dump(-1, ' ', false, Json::error_handler_t::replace)))
         return failed();
     return std::chrono::steady_clock::now() - flushed_ < kBetweenFlushes ? Result() : flush();
 }

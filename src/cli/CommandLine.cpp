@@ -2,6 +2,7 @@
 
 #include "cli/Commands.h"
 #include "cli/Operands.h"
+#include "text/FindReplace.h"
 
 #include <exception>
 #include <memory>
@@ -13,8 +14,8 @@ namespace velmarin {
 
 namespace {
 
-constexpr const char* kDescription = "Velmarin from a terminal: looks up words in scanned dictionaries, and checks,\n"
-                                     "installs, updates and exports dictionaries.\n"
+constexpr const char* kDescription = "Velmarin from a terminal: looks up words in scanned dictionaries, and makes,\n"
+                                     "checks, installs, updates and exports dictionaries.\n"
                                      "\"velmarin-cli COMMAND --help\" explains a command.\n";
 
 constexpr const char* kHelp = R"help(Input and output:
@@ -50,13 +51,17 @@ constexpr Command (*kCommands[])() = {groupsCommand, dictionariesCommand,  keyCo
                                       checkCommand,  installCommand,       updateCommand, exportCommand,
                                       makeCommand,   userDictionaryCommand};
 
-/// CLI11's layout, with "..." after operands that can be repeated.
+/// CLI11's layout, with "..." after operands that can be repeated, and without the values of switches.
 class HelpLayout : public CLI::Formatter {
   public:
     std::string make_option_usage(const CLI::Option* option) const override {
         const bool many = option->get_items_expected_max() >= CLI::detail::expected_max_vector_size;
         const std::string name = make_option_name(option, true) + (many ? "..." : "");
         return option->get_required() ? name : "[" + name + "]";
+    }
+
+    std::string make_option_name(const CLI::Option* option, bool positional) const override {
+        return ReplaceAllB(CLI::Formatter::make_option_name(option, positional), "{false}", "");
     }
 };
 

@@ -42,11 +42,12 @@ confidence and state (certain, mended, doubtful, set). Any spreadsheet edits it.
 Rows with the state "set" stay when the command runs again. "make build" makes the
 dictionary.
 
-Text that the scan has itself is used first; the rest is read by Tesseract, whose
+Text that the scan has itself is used first, or that files beside it have: hOCR or
+ALTO, of single pages or of the whole book. The rest is read by Tesseract, whose
 languages are installed as packages such as tesseract-ocr-lat. What is read is
 compared with the word lists of the system (packages such as wamerican-insane or
-wfrench) and those of --words, such as the file "ind" of another dictionary. An interrupt
-(Ctrl-C) stops the command; it goes on with the next call.
+wfrench) and those of --words, such as the file "ind" of another dictionary.
+An interrupt (Ctrl-C) stops the command; it goes on with the next call.
 
 Exit status: 0 all pages read, 1 stopped, 2 failure, at least in part.
 

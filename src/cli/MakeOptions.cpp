@@ -32,8 +32,9 @@ void takeSwitch(const CLI::Option* option, bool& value) {
 
 SettingsChange addOrderOptions(CLI::App& command) {
     const CLI::Option* ignore =
-        addOption(command, "--ignore", "CHARACTERS", "Characters that the book's order ignores");
-    const CLI::Option* alike = addOption(command, "--alike", "PAIRS", "Letters that the book sorts as others");
+        addOption(command, "--ignore", "CHARACTERS", "Characters that the book's order ignores: \"-' \"");
+    const CLI::Option* alike =
+        addOption(command, "--alike", "PAIRS", "Letters that the book sorts as others: \"ä=ae, ø=o\"");
     const CLI::Option* spanish = addSwitch(command, "spanish", "\"ch\" and \"ll\" are letters of their own");
     const CLI::Option* ijuv = addSwitch(command, "ijuv", "i and j are one letter, and so are u and v");
     return [=](BookSettings& settings, Session& session) {
@@ -74,7 +75,13 @@ std::optional<NewPlace> newPlace(const std::string& argument, Session& session) 
     const std::filesystem::path above = group.parent_path().empty() ? "." : group.parent_path();
     if (!folderArgument(isThere ? group.string() : above.string(), session))
         return std::nullopt;
-    return NewPlace{FolderItem(isThere ? group : above / group.filename()), target.filename().string()};
+    NewPlace place{FolderItem(isThere ? group : above / group.filename()), target.filename().string()};
+    // Told again when it is written; here so that no work is in vain.
+    if (isMemberName(place.name) && place.group.Child(place.name).occupied()) {
+        session.couldNot(Failure{place.group.Child(place.name), kNameIsTaken}.message());
+        return std::nullopt;
+    }
+    return place;
 }
 
 bool writeDictionary(const NewDictionary& dictionary, const NewPlace& place, Session& session) {

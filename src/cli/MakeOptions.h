@@ -37,7 +37,8 @@ struct NewPlace {
     FolderItem group;
     std::string name;
 };
-/// The group may be missing, the folder that holds it may not: nullopt with a failure of the session.
+/// The group may be missing, the folder that holds it may not, and the name must be free: nullopt with a failure of the
+/// session.
 std::optional<NewPlace> newPlace(const std::string& argument, Session& session);
 
 /// Writes the dictionary, and notes while it waits for another run. False with a failure of the session.

@@ -54,7 +54,7 @@ std::string formatDraft(const Draft& draft) {
 
 std::optional<Draft> parseDraft(std::string_view text) {
     const SeparatedValues table = SeparatedValues::parse(text);
-    if (!table.hasColumn("page"))
+    if (!table.isWhole() || !table.hasColumn("page"))
         return std::nullopt;
     Draft draft;
     for (std::size_t row = 0; row < table.rowCount(); ++row) {

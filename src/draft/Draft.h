@@ -47,7 +47,7 @@ struct Draft {
 std::string formatDraft(const Draft& draft);
 /// Reads what formatDraft writes, and what a spreadsheet makes of it: columns by name in any order, of which only
 /// `page` is needed. A row whose state is missing or unknown counts as Doubtful, and one that names no page is left
-/// out. nullopt if there is no column `page`.
+/// out. nullopt if there is no column `page`, or if a quote is never closed.
 std::optional<Draft> parseDraft(std::string_view text);
 
 /// Copies to the rows of `draft` what people add and no reading gives (errata), from the rows of `before` by page

@@ -94,15 +94,16 @@ class Rows {
         return mended ? PageState::Mended : PageState::Certain;
     }
 
-    /// A page before or after the alphabet. Its words are titles, unless it is the next one, or so many pages are
-    /// outside that the order is not that of the book.
+    /// A page before or after the alphabet. Its words are titles, and without words it is front matter or an appendix,
+    /// unless it is the next one, or so many pages are outside that the order is not that of the book.
     DraftPage outsideRow(std::size_t page, DraftPage row) const {
         const std::vector<Guess>&first = guesses_[page].first, &last = guesses_[page].last;
         const bool words = !first.empty() || !last.empty();
         const std::size_t outside = guesses_.size() - (run_.end - run_.begin);
         row.confidence = kConfidenceOfFrontMatter;
+        const bool mostly = outside * kMostOutside > guesses_.size();
         row.state = words ? PageState::Mended : PageState::Certain;
-        if (words && (page + 1 == run_.begin || page == run_.end || outside * kMostOutside > guesses_.size())) {
+        if (mostly || page + 1 == run_.begin || page == run_.end) {
             row.first = first.empty() ? "" : first.front().text;
             row.last = last.empty() ? "" : last.front().text;
             row.confidence = 0;

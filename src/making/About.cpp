@@ -1,18 +1,8 @@
 #include "making/About.h"
 
-#include <algorithm>
+#include "making/OneLine.h"
 
 namespace velmarin {
-
-namespace {
-
-std::string inOneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
-    return text;
-}
-
-} // namespace
 
 std::string aboutText(const About& about) {
     const struct {

@@ -1,11 +1,13 @@
 #include "making/IndexPlan.h"
 
 #include "making/LongestRun.h"
+#include "making/OneLine.h"
 #include "text/LetterCase.h"
 #include "text/UnicodeForms.h"
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace velmarin {
 
@@ -41,18 +43,36 @@ const SortedLine* lineFor(const std::vector<SortedLine>& lines, const std::strin
     return greater == lines.begin() ? nullptr : &*(greater - 1);
 }
 
+/// What a search makes of the headword, as a reader types it.
+std::string typedWord(const BookEntry& entry, const IndexOrder& order) {
+    return Uppercase(querySearchWord(composedForm(entry.headword), order));
+}
+
 /// The lines of the entries that keep the order, one for each key.
 std::vector<SortedLine> linesInOrder(const std::vector<BookEntry>& entries, const std::vector<std::size_t>& run,
-                                     const std::vector<std::string>& keys, const std::vector<std::string>& words) {
+                                     const std::vector<std::string>& keys, const std::vector<std::string>& words,
+                                     const IndexOrder& order) {
     std::vector<SortedLine> lines;
+    const auto isTyped = [&](std::size_t i) { return typedWord(entries[i], order) == words[i]; };
+    std::size_t taken = 0; // the entry of the last line
     for (const std::size_t i : run) {
         SortedLine made{words[i], lineOf(entries[i], keys[i])};
-        if (lines.empty() || lines.back().word != words[i])
+        if (lines.empty() || lines.back().word != words[i]) {
             lines.push_back(std::move(made));
-        else if (entries[i].after)
-            lines.back() = std::move(made);
-        else
-            std::move(made.line.errata.begin(), made.line.errata.end(), std::back_inserter(lines.back().line.errata));
+            taken = i;
+            continue;
+        }
+        SortedLine& last = lines.back();
+        if (entries[i].after) {
+            last = std::move(made);
+            continue;
+        }
+        // The other one gets a line of its own where its typed form sorts.
+        if (!isTyped(taken) && isTyped(i)) {
+            std::swap(last, made);
+            taken = i;
+        }
+        std::move(made.line.errata.begin(), made.line.errata.end(), std::back_inserter(last.line.errata));
     }
     return lines;
 }
@@ -82,7 +102,7 @@ std::vector<SortedLine> linesOfTypedForms(const std::vector<BookEntry>& entries,
     for (const BookEntry& entry : entries) {
         if (entry.after)
             continue;
-        const std::string word = Uppercase(querySearchWord(composedForm(entry.headword), order));
+        const std::string word = typedWord(entry, order);
         const SortedLine* found = lineFor(lines, word);
         const bool taken = found != nullptr && found->word == word;
         if (taken || word.empty() || (found != nullptr && found->line.page == entry.page && entry.errata.empty()))
@@ -124,14 +144,16 @@ std::vector<IndexLine> merged(std::vector<SortedLine> lines, std::vector<SortedL
 
 } // namespace
 
-IndexPlan planIndex(const std::vector<BookEntry>& entries, const KeyRule& rule, const IndexOrder& order) {
+IndexPlan planIndex(std::vector<BookEntry> entries, const KeyRule& rule, const IndexOrder& order) {
     std::vector<std::string> keys, words;
+    for (BookEntry& entry : entries)
+        entry.headword = inOneLine(std::move(entry.headword)); // a cell of a spreadsheet may have several
     for (const BookEntry& entry : entries) {
         keys.push_back(keyOf(entry, rule, order));
         words.push_back(indexSearchWord(keys.back(), order));
     }
     const std::vector<std::size_t> run = longestRun(words);
-    std::vector<SortedLine> lines = linesInOrder(entries, run, keys, words);
+    std::vector<SortedLine> lines = linesInOrder(entries, run, keys, words, order);
     std::vector<SortedLine> typed = linesOfTypedForms(entries, lines, order);
     return {.lines = merged(std::move(lines), std::move(typed)), .misplaced = misplacedEntries(entries.size(), run)};
 }

@@ -48,9 +48,8 @@ struct IndexPlan {
 ///
 /// The longest run of entries whose keys never descend makes the lines. All others, and headwords whose key sorts
 /// elsewhere than what a reader types, get a line where the typed form sorts, and after it one that returns to the page
-/// of the line before, so that no other word is led astray. Of entries with the same key the first counts, of those
-/// after it the last;
-/// the errata of all are kept.
-IndexPlan planIndex(const std::vector<BookEntry>& entries, const KeyRule& rule, const IndexOrder& order);
+/// of the line before, so that no other word is led astray. Of entries with the same key the first counts, or the one
+/// that is typed so; of those after it the last. The errata of all are kept.
+IndexPlan planIndex(std::vector<BookEntry> entries, const KeyRule& rule, const IndexOrder& order);
 
 } // namespace velmarin

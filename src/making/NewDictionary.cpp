@@ -7,6 +7,7 @@
 #include "files/SystemCalls.h"
 #include "files/TreeCopy.h"
 #include "maintenance/LockedFolder.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -24,7 +25,7 @@ constexpr std::string_view kEndOfMark = "_>";
 
 bool canBeMarked(const std::string& file) {
     return isMemberName(file) && file.find(kEndOfMark) == std::string::npos &&
-           file.find_first_of("\t\r\n") == std::string::npos;
+           file.find_first_of("\t\r\n") == std::string::npos && isValidUtf8(file);
 }
 
 std::string indText(const NewDictionary& book) {
@@ -81,7 +82,7 @@ class Writer {
         for (const fs::path& folder : {group_.path(), group_.path().parent_path()})
             clearLeftovers(folder, work_);
         if (!newGroup && group_.Child(name_).occupied())
-            return Failure{target_, "an item of that name is already there"};
+            return Failure{target_, kNameIsTaken};
         auto staged = StagedMembers::in(home.path());
         if (!staged)
             return Failure{home, "nothing can be written there: " + errorInWords(errno)};
@@ -105,7 +106,8 @@ class Writer {
             return Failure{target_, book_.pages.empty() ? "it has no pages" : "it has no headwords"};
         for (const BookPage& page : book_.pages)
             if (!canBeMarked(page.file))
-                return Failure{book_.pageFolder.Child(page.file), "its name cannot be written in a dictionary"};
+                return Failure{book_.pageFolder.Child(page.file),
+                               "its name cannot be written in a dictionary: rename it"};
         for (const IndexLine& line : book_.lines)
             for (const std::string& file : line.errata)
                 if (!canBeMarked(file) || book_.extraPageFolder.isNil())

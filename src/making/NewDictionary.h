@@ -24,6 +24,9 @@ struct NewDictionary {
     About about = {};
 };
 
+/// Why a dictionary cannot get a name.
+inline constexpr const char* kNameIsTaken = "an item of that name is already there";
+
 /// Writes a dictionary into a group, as docs/dictionary-format.md describes it, with a closing line. It appears,
 /// flushed to the disk, only when all of it is written, and never replaces anything. If it fails, nothing of it is
 /// left. A group that does not exist is made with it.

@@ -51,7 +51,8 @@ struct Collector {
     }
 };
 
-std::vector<Row> rowsOf(std::string_view text, char separator) {
+/// False if the text ends in a quoted field.
+bool readRows(std::string_view text, char separator, std::vector<Row>& rows) {
     csv_parser parser;
     // All line ends are reported, so that rows are counted as a spreadsheet shows them.
     csv_init(&parser, CSV_REPALL_NL);
@@ -59,12 +60,16 @@ std::vector<Row> rowsOf(std::string_view text, char separator) {
     csv_set_space_func(&parser, [](unsigned char) { return 0; });
     Collector found;
     const bool parsed =
-        csv_parse(&parser, text.data(), text.size(), Collector::field, Collector::rowEnd, &found) == text.size() &&
-        csv_fini(&parser, Collector::field, Collector::rowEnd, &found) == 0;
+        csv_parse(&parser, text.data(), text.size(), Collector::field, Collector::rowEnd, &found) == text.size();
+    // Only an open quote at the end is an error; quotes inside a field are not.
+    csv_set_opts(&parser, CSV_REPALL_NL | CSV_STRICT | CSV_STRICT_FINI);
+    const bool ended = parsed && csv_fini(&parser, Collector::field, Collector::rowEnd, &found) == 0;
+    const int error = csv_error(&parser);
     csv_free(&parser);
-    if (!parsed) // without strict mode there is no other error
+    if (!ended && error != CSV_EPARSE)
         throw std::bad_alloc();
-    return std::move(found.rows);
+    rows = std::move(found.rows);
+    return ended;
 }
 
 } // namespace
@@ -73,8 +78,10 @@ SeparatedValues SeparatedValues::parse(std::string_view text) {
     if (text.starts_with(kByteOrderMark))
         text.remove_prefix(kByteOrderMark.size());
     SeparatedValues table;
+    std::vector<Row> rows;
+    table.whole_ = readRows(text, separatorOf(text), rows);
     bool header = true;
-    for (Row& row : rowsOf(text, separatorOf(text))) {
+    for (Row& row : rows) {
         if (header) {
             table.columns_ = std::move(row.fields);
             header = false;

@@ -14,6 +14,8 @@ class SeparatedValues {
   public:
     static SeparatedValues parse(std::string_view text);
 
+    /// False if a quote is opened and never closed: the rows after it are missing.
+    bool isWhole() const { return whole_; }
     std::size_t rowCount() const { return rows_.size(); }
     /// Names of columns are compared without case.
     bool hasColumn(std::string_view name) const { return column(name).has_value(); }
@@ -29,6 +31,7 @@ class SeparatedValues {
     std::vector<std::string> columns_;
     std::vector<std::vector<std::string>> rows_;
     std::vector<std::size_t> numbers_;
+    bool whole_ = true;
 };
 
 /// A field as it is written in a table with TABs: in quotes if it has a TAB, a line end, or begins with a quote.

@@ -3,7 +3,7 @@
 #include "files/ReadOnlyFile.h"
 #include "scan/PageOrder.h"
 #include "scan/ScannedPage.h"
-#include "scan/XmlText.h"
+#include "scan/TextFiles.h"
 #include "store/FileNames.h"
 #include "store/ImageIndex.h"
 #include "text/LetterCase.h"
@@ -15,8 +15,6 @@ namespace velmarin {
 
 namespace {
 
-constexpr std::uint64_t kMostTextBytes = std::uint64_t{64} << 20;
-
 /// Formats whose files are copied as they are if they need no change, and how their extension is spelled then.
 constexpr std::pair<const char*, const char*> kKeptFormats[] = {
     {"tif", "tif"}, {"tiff", "tif"}, {"jpg", "jpg"}, {"jpeg", "jpg"}, {"png", "png"}};
@@ -24,7 +22,7 @@ constexpr std::pair<const char*, const char*> kKeptFormats[] = {
 class FolderScan : public ScanSource {
   public:
     FolderScan(const FolderItem& folder, std::vector<std::string> names)
-        : ScanSource(folder, names.size()), names_(std::move(names)) {}
+        : ScanSource(folder, names.size()), names_(std::move(names)), texts_(folder, names_) {}
 
   private:
     std::filesystem::path ownFile(std::size_t page) const override { return item().path() / names_[page]; }
@@ -47,21 +45,10 @@ class FolderScan : public ScanSource {
         return result;
     }
 
-    std::optional<PageText> text(std::size_t page, const PageOptions&) const override {
-        for (const char* extension : {".hocr", ".html", ".htm", ".xml"}) {
-            std::filesystem::path beside = ownFile(page);
-            beside.replace_extension(extension);
-            const auto bytes = readWholeFile(FolderItem(beside), kMostTextBytes);
-            if (!bytes)
-                continue;
-            auto read = std::string_view(extension) == ".xml" ? readAlto(*bytes) : readHocr(*bytes);
-            if (read)
-                return read;
-        }
-        return std::nullopt;
-    }
+    std::optional<PageText> text(std::size_t page, const PageOptions&) const override { return texts_.textOf(page); }
 
     std::vector<std::string> names_;
+    TextFiles texts_;
 };
 
 } // namespace

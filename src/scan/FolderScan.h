@@ -4,8 +4,8 @@
 
 namespace velmarin {
 
-/// Opens a folder of page pictures, whose names sort in page order. A text layer is a file beside a picture with its
-/// name and the extension "hocr", "html", "htm" or "xml".
+/// Opens a folder of page pictures, whose names sort in page order. Text layers are files beside the pictures
+/// (TextFiles).
 OpenedScan openFolderScan(const FolderItem& folder);
 
 } // namespace velmarin

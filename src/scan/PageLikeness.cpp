@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace velmarin {
 
@@ -13,12 +14,22 @@ namespace {
 constexpr int kBlur = 1;       ///< pixels to each side
 constexpr int kNeighbours = 3; ///< side of the square of pixels that a pixel is compared with
 constexpr int kTolerance = 64; ///< greys
+/// Pixels at each edge that are not compared: makers of PDF round the size of a page to whole points.
+constexpr int kEdge = 3;
 constexpr double kMaxStretch = 1.03;
 /// One pixel in so many may differ: fewer than a small digit has.
 constexpr int kPixelsPerDifference = 50'000;
 
 PixPtr greyOf(const Picture& picture) {
     return PixPtr(picture.depth() == 32 ? pixConvertRGBToLuminance(picture.pix()) : pixConvertTo8(picture.pix(), 0));
+}
+
+/// The page in grey, no larger than kLikenessSide; null if memory fails.
+PixPtr smallPage(const Picture& rendered) {
+    PixPtr grey = greyOf(rendered);
+    const float scale =
+        static_cast<float>(kLikenessSide) / static_cast<float>(std::max(rendered.Width(), rendered.Height()));
+    return grey && scale < 1 ? PixPtr(pixScaleAreaMap(grey.get(), scale, scale)) : std::move(grey);
 }
 
 PixPtr blurred(const PixPtr& pix) {
@@ -30,10 +41,10 @@ std::int64_t outliers(Pix* one, Pix* other) {
     const PixPtr low(pixErodeGray(other, kNeighbours, kNeighbours));
     const PixPtr high(pixDilateGray(other, kNeighbours, kNeighbours));
     std::int64_t count = 0;
-    for (int y = 0; low && high && y < pixGetHeight(one); ++y) {
+    for (int y = kEdge; low && high && y < pixGetHeight(one) - kEdge; ++y) {
         const auto row = [&](Pix* pix) { return pixGetData(pix) + std::ptrdiff_t{y} * pixGetWpl(pix); };
         const l_uint32 *pixels = row(one), *least = row(low.get()), *most = row(high.get());
-        for (int x = 0; x < pixGetWidth(one); ++x) {
+        for (int x = kEdge; x < pixGetWidth(one) - kEdge; ++x) {
             const auto at = [x](const l_uint32* line) { return static_cast<int>(GET_DATA_BYTE(line, x)); };
             const int pixel = at(pixels);
             count += pixel + kTolerance < at(least) || pixel - kTolerance > at(most) ? 1 : 0;
@@ -64,7 +75,7 @@ PixPtr inSizeOf(const Picture& picture, Pix* page) {
 
 std::optional<PageLikeness> likenessOf(const Picture& embedded, const Picture& rendered) {
     silenceLeptonica();
-    const PixPtr page = blurred(greyOf(rendered));
+    const PixPtr page = blurred(smallPage(rendered));
     if (!page)
         return std::nullopt;
     for (const int turn : {0, 90, 180, 270}) {

@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
+#include <system_error>
 
 namespace velmarin {
 
@@ -32,6 +33,15 @@ bool isBlank(const Picture& picture) {
     if (picture.depth() != 1)
         return false; // the depth is the smallest that holds the pixels
     return pixZero(picture.pix(), &blank) == 0 && blank != 0;
+}
+
+/// Whether pdfimages can write the picture there, in several threads: on a full disk it succeeds with half a picture.
+bool hasRoomFor(const PdfImage& image, const std::filesystem::path& folder) {
+    constexpr std::uintmax_t kBytesOfColor = 3, kPixelsOfInk = 8, kAtOnce = 4;
+    const auto pixels = static_cast<std::uintmax_t>(image.width) * static_cast<std::uintmax_t>(image.height);
+    std::error_code error;
+    const std::uintmax_t room = std::filesystem::space(folder, error).available;
+    return error || room / kAtOnce > (image.ink ? pixels / kPixelsOfInk : pixels * kBytesOfColor);
 }
 
 /// One page of a PDF, which is looked at in steps that can each be stopped.
@@ -53,6 +63,8 @@ class PdfPageReader {
             return failed(list);
         const std::vector<PdfImage> images = pdfImages(list.output);
         if (list.ok() && images.size() == 1) {
+            if (!hasRoomFor(images.front(), folder))
+                return ScannedPage::failed(errorInWords(ENOSPC));
             ScannedPage whole = embedded(images.front(), page, folder);
             if (whole.problem.empty() || whole.stopped)
                 return whole;
@@ -115,7 +127,9 @@ class PdfPageReader {
         ScannedPage taken = extracted(image, folder);
         if (!taken.problem.empty())
             return taken;
-        const int side = std::min(kLikenessSide, std::max(taken.picture.Width(), taken.picture.Height()));
+        const int longer = std::max(taken.picture.Width(), taken.picture.Height());
+        // poppler makes a stencil darker when it reduces it.
+        const int side = image.type == "stencil" ? longer : std::min(kLikenessSide, longer);
         const ToolAnswer small = render(side * kPointsPerInch / std::max(page.width, page.height), {"-gray"});
         if (!small.ok())
             return failed(small);

@@ -62,6 +62,7 @@ std::vector<PdfImage> pdfImages(std::string_view told) {
         images.push_back({.type = words[2],
                           .width = integer(words[3]).value_or(0),
                           .height = integer(words[4]).value_or(0),
+                          .ink = words[6] == "1" && words[7] == "1",
                           .coding = words[8]});
     }
     return images;

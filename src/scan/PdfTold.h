@@ -24,6 +24,7 @@ PdfPage pdfPage(std::string_view told);
 struct PdfImage {
     std::string type; ///< "image", "stencil", "mask" or "smask"
     int width = 0, height = 0;
+    bool ink = false;   ///< 1 bit a pixel
     std::string coding; ///< "image" for none with loss, "jpeg", "jpx", "ccitt", "jbig2"
 };
 std::vector<PdfImage> pdfImages(std::string_view told);

@@ -37,9 +37,8 @@ class ScanSource {
     /// that covers the page is rendered. Turning and cutting a JPEG codes it once more.
     PagePictures takeOut(std::size_t page, const PageOptions& options, const std::filesystem::path& folder) const;
 
-    /// The text that the scan itself has for the page, or that a file beside its picture has (hOCR: .hocr, .html; ALTO:
-    /// .xml). One for each of `pictures`, as takeOut gave them with the same options, in pixels of that picture;
-    /// nullopt if there is none.
+    /// The text that the scan itself has for the page, or that a file beside it has (TextFiles). One for each of
+    /// `pictures`, as takeOut gave them with the same options, in pixels of that picture; nullopt if there is none.
     std::vector<std::optional<PageText>> textOf(std::size_t page, const PageOptions& options,
                                                 const std::vector<std::filesystem::path>& pictures) const;
 

@@ -194,14 +194,17 @@ std::vector<std::uint64_t> tiffPages(const FolderItem& file, std::size_t most) {
     const Source source(std::move(*opened));
     std::vector<std::uint64_t> pages;
     std::set<std::uint64_t> seen;
-    for (bool more = source.tiff() != nullptr; more && seen.size() < most;
-         more = TIFFReadDirectory(source.tiff()) == 1) {
+    for (bool more = source.tiff() != nullptr; more && seen.size() < most;) {
         const std::uint64_t offset = TIFFCurrentDirOffset(source.tiff());
         if (!seen.insert(offset).second)
             break;
         constexpr std::uint32_t kNoPages = FILETYPE_REDUCEDIMAGE | FILETYPE_MASK;
         if ((tag<std::uint32_t>(source.tiff(), TIFFTAG_SUBFILETYPE) & kNoPages) == 0)
             pages.push_back(offset);
+        const bool last = TIFFLastDirectory(source.tiff()) == 1;
+        more = !last && TIFFReadDirectory(source.tiff()) == 1;
+        if (!last && !more)
+            pages.push_back(source.size());
     }
     return pages;
 }

@@ -10,7 +10,8 @@
 namespace velmarin {
 
 /// Where the pages of a TIFF file begin, in their order. Reduced pictures and masks of other pages are left out. A
-/// chain that returns to itself or cannot be read ends there; at most `most` pages.
+/// chain that returns to itself or cannot be read ends there, with the end of the file as a last page, which tiffPage
+/// cannot read, so that the loss is told; at most `most` pages.
 std::vector<std::uint64_t> tiffPages(const FolderItem& file, std::size_t most);
 
 /// A page of a TIFF as a file of its own.

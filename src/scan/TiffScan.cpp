@@ -1,6 +1,7 @@
 #include "scan/TiffScan.h"
 
 #include "scan/ScannedPage.h"
+#include "scan/TextFiles.h"
 #include "scan/TiffPages.h"
 #include "view/Decoders.h"
 
@@ -13,7 +14,7 @@ constexpr std::size_t kMostPages = 100'000;
 class TiffScan : public ScanSource {
   public:
     TiffScan(const FolderItem& file, std::vector<std::uint64_t> pages)
-        : ScanSource(file, pages.size()), pages_(std::move(pages)) {}
+        : ScanSource(file, pages.size()), pages_(std::move(pages)), texts_(file, pages_.size()) {}
 
   private:
     ScannedPage scanned(std::size_t page, const PageOptions&, const std::filesystem::path&) const override {
@@ -30,7 +31,10 @@ class TiffScan : public ScanSource {
         return result;
     }
 
+    std::optional<PageText> text(std::size_t page, const PageOptions&) const override { return texts_.textOf(page); }
+
     std::vector<std::uint64_t> pages_;
+    TextFiles texts_;
 };
 
 } // namespace

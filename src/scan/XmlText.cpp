@@ -92,6 +92,26 @@ std::optional<PageText> withSize(PageText text, int width, int height) {
     return text.width > 0 && text.height > 0 ? std::optional(std::move(text)) : std::nullopt;
 }
 
+/// The parts that begin with a tag in which `mark` occurs and that `take` takes.
+template <typename Take> std::vector<TextPart> partsWith(std::string_view all, std::string_view mark, Take take) {
+    std::vector<TextPart> parts;
+    for (std::size_t at = all.find(mark); at != std::string_view::npos; at = all.find(mark, at + 1)) {
+        TextPart part{.image = {}, .from = all.rfind('<', at)};
+        const std::size_t end = all.find('>', at);
+        if (part.from == std::string_view::npos || (!parts.empty() && part.from == parts.back().from))
+            continue;
+        pugi::xml_document tag;
+        parse(tag, all.substr(part.from, end == std::string_view::npos ? end : end + 1 - part.from));
+        if (!take(tag.first_child(), part))
+            continue;
+        if (!parts.empty())
+            parts.back().size = part.from - parts.back().from;
+        part.size = all.size() - part.from;
+        parts.push_back(std::move(part));
+    }
+    return parts;
+}
+
 // hOCR
 
 bool hasClass(const pugi::xml_node& node, std::string_view wanted) {
@@ -143,10 +163,23 @@ TextWord hocrWord(const pugi::xml_node& node) {
     return word;
 }
 
+/// The file name in the title of a page: "image "scans/p1.tif"; bbox 0 0 600 800".
+std::string imageOf(std::string_view title) {
+    constexpr std::string_view kName = "image ";
+    title.remove_prefix(std::min(title.find(kName), title.size()));
+    title.remove_prefix(std::min(kName.size(), title.size()));
+    const bool quoted = title.starts_with('"') || title.starts_with('\'');
+    const std::size_t end = quoted ? title.find(title.front(), 1) : title.find(';');
+    title = title.substr(quoted ? 1 : 0, end == std::string_view::npos ? end : end - (quoted ? 1 : 0));
+    const std::size_t folder = title.find_last_of("/\\");
+    return std::string(folder == std::string_view::npos ? title : title.substr(folder + 1));
+}
+
 /// HTML as XML: from its body on, with the tags closed that have no content.
 std::string closedTags(std::string_view html) {
     constexpr std::string_view kOpenTags[] = {"<br", "<hr", "<img", "<meta", "<link", "<input", "<wbr"};
-    html.remove_prefix(std::min(html.find("<body"), html.size()));
+    if (const std::size_t body = html.find("<body"); body != std::string_view::npos)
+        html.remove_prefix(body);
     std::string xml;
     while (!html.empty()) {
         const std::size_t tag = std::min(html.find('<'), html.size());
@@ -235,6 +268,17 @@ std::optional<PageText> readHocr(std::string_view html) {
         linesOf(
             page, isHocrLine, [](const pugi::xml_node& node) { return hasClass(node, "ocrx_word"); }, hocrWord),
         box.right(), box.bottom());
+}
+
+std::vector<TextPart> hocrParts(std::string_view html) {
+    return partsWith(html, "ocr_page", [](const pugi::xml_node& node, TextPart& part) {
+        part.image = imageOf(node.attribute("title").value());
+        return hasClass(node, "ocr_page");
+    });
+}
+
+std::vector<TextPart> altoParts(std::string_view xml) {
+    return partsWith(xml, "Page", [](const pugi::xml_node& node, TextPart&) { return nameOf(node) == "Page"; });
 }
 
 std::optional<PageText> readAlto(std::string_view xml) {

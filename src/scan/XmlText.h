@@ -2,8 +2,11 @@
 
 #include "scan/PageText.h"
 
+#include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace velmarin {
 
@@ -17,6 +20,17 @@ std::optional<PageText> readHocr(std::string_view html);
 /// The first page of ALTO (Library of Congress, versions 1 to 4), in its own unit. The page is as large as it says;
 /// otherwise, as its text is.
 std::optional<PageText> readAlto(std::string_view xml);
+
+/// A page in hOCR or ALTO of many, as a part of its bytes. readHocr reads it as it is, readAlto after
+/// "<alto>".
+struct TextPart {
+    std::string image; ///< the file name of its picture; empty if it is not told
+    std::size_t from = 0, size = 0;
+};
+
+/// The pages of hOCR and ALTO in their order.
+std::vector<TextPart> hocrParts(std::string_view html);
+std::vector<TextPart> altoParts(std::string_view xml);
 
 /// A page as `pdftotext -bbox-layout` writes it, in tenths of a point; width and height are those of the page before it
 /// is turned for display.

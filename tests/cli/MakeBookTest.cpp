@@ -257,7 +257,7 @@ TEST_F(MakeBookTest, BuildsWhateverTheDraftSays) {
          "misplaced\tp3.png\tch\t'dextans\tll\nmisplaced\tp3.png\tcz\t'dextans\tll\nmade\tG/D\t15\n", 0},
         {"p2.png\ta__DLM__b\t<@_x_>\tset\np4.png\t\"b\tc\"\t—\tdoubtful\np9.png\td\t\tset\n",
          "doubtful\tp1.png\tno guide word was read\ndoubtful\tp3.png\tno guide word was read\n"
-         "removed\tp9.png\nmisplaced\tp2.png\ta__DLM__b\t\t<@_x_>\nmade\tG/D\t7\n",
+         "removed\tp9.png\nmisplaced\tp2.png\ta__DLM__b\t\t<@_x_>\nmade\tG/D\t9\n",
          1},
     };
     for (const auto& c : cases) {

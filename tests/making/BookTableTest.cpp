@@ -42,6 +42,8 @@ TEST(SeparatedValues, ReadsWhatSpreadsheetsSave) {
         EXPECT_EQ(table.field(0, "last"), "");
     }
     EXPECT_EQ(SeparatedValues::parse("").rowCount(), 0U);
+    EXPECT_TRUE(SeparatedValues::parse("page\n\"a\"").isWhole());
+    EXPECT_FALSE(SeparatedValues::parse("page\n\"a\nb\n").isWhole());
 }
 
 TEST(BookTable, FindsPagesAndTakesWhatIsKnownOfThem) {

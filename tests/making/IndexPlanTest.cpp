@@ -65,6 +65,11 @@ TEST(IndexPlan, LeadsEveryWordToItsPage) {
          {{"recap", 0}, {"re-fuse", 1}, {"re-fuse", 2}, {"zoo", 3}},
          rule("-", ""),
          {{"re-fuse", 1}, {"refuse", 1}}},
+        {"of words with one key, the one that is typed so",
+         {{"recap", 0}, {"re-fuse", 1}, {"refuse", 2}, {"zoo", 3}},
+         rule("-", ""),
+         {{"re-fuse", 1}, {"refuse", 2}, {"refusal", 0}}},
+        {"a cell with line ends", {{"red\ndeer", 0}, {"reed", 1}}, {}, {{"red deer", 0}, {"reed", 1}}},
         {"a key that sorts elsewhere than the typed form",
          {{"recap", 0}, {"reform", 1}, {"re-fuse", 2}, {"zoo", 3}},
          rule("-", ""),
@@ -84,6 +89,8 @@ TEST(IndexPlan, LeadsEveryWordToItsPage) {
         for (const Misplaced& each : plan.misplaced)
             misplaced.push_back(each.entry);
         EXPECT_EQ(misplaced, c.misplaced);
+        for (const IndexLine& line : plan.lines)
+            EXPECT_EQ((line.key + line.note).find('\n'), std::string::npos);
     }
 }
 

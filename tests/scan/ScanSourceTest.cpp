@@ -55,7 +55,8 @@ struct PdfCase {
 };
 
 TEST(ScanSource, TakesPagesOutOfPdf) {
-    const Picture ink = printedPage(kWide, kHigh, 1, 1), grey = printedPage(kWide, kHigh, 8, 2);
+    const Picture ink = printedPage(kWide, kHigh, 1, 1), grey = printedPage(kWide, kHigh, 8, 2),
+                  large = printedPage(3 * kWide, 3 * kHigh, 1, 3);
     const std::string fax = pdfImage(ink, "CCITTFaxDecode"), photograph = pdfImage(grey, "DCTDecode");
     const std::vector<PdfCase> cases{
         {"1 bit, without coding", {drawImage(), {pdfImage(ink, "")}}, "p0001.tif", ink},
@@ -77,7 +78,15 @@ TEST(ScanSource, TakesPagesOutOfPdf) {
         {"two pictures", {drawImage() + drawImage(1, "144 0 0 192 0 0"), {fax, photograph}}, "p0014.png"},
         {"text", {drawWords({{20, "Abacus"}, {200, "Abbot"}})}, "p0015.tif"},
         {"flat colors", {"1 0 0 rg 50 50 100 100 re f"}, "p0016.png"},
-        {"two inches", {drawWords({{20, "A"}}), {}, "", "0 0 144 144"}, "p0017.tif", {}, 0, 300, 300}};
+        // Drawn a little smaller than the page, as if the page were rounded to points.
+        {"large stencil",
+         {drawImage(0, "287.6 0 0 383.6 0 0"), {pdfImage(large, "CCITTFaxDecode", "/ImageMask true")}},
+         "p0017.tif",
+         large,
+         0,
+         3 * kWide,
+         3 * kHigh},
+        {"two inches", {drawWords({{20, "A"}}), {}, "", "0 0 144 144"}, "p0018.tif", {}, 0, 300, 300}};
     std::vector<test::PdfPageText> pages;
     for (const PdfCase& each : cases)
         pages.push_back(each.page);
@@ -170,6 +179,49 @@ TEST(ScanSource, TurnsAndCuts) {
                   std::vector{folder.at("pages/p0002a.jpg")});
         EXPECT_EQ(folder.read("pages/p0002a.jpg"), folder.read("scan/p10.JPEG")) << "one page";
         EXPECT_EQ(scan->takeOut(1, {}, folder.at("pages")).files, std::vector{folder.at("scan/p10.JPEG")});
+    }
+}
+
+TEST(ScanSource, FindsThePagesOfTextFilesOfManyPages) {
+    const auto hocr = [](const std::string& title, const std::string& word) {
+        return "<div class='ocr_page' title='" + title + "bbox 0 0 9 9'><span class='ocrx_word' title='bbox 1 1 5 5'>" +
+               word + "</span></div>";
+    };
+    const auto alto = [](const std::string& word) {
+        return "<a:Page WIDTH='9' HEIGHT='9'><a:String CONTENT='" + word + "' WIDTH='3' HEIGHT='3'/></a:Page>";
+    };
+    const std::string head = "<html><head><meta content='ocr_page'/></head><body>", a = hocr("", "a"),
+                      b = hocr("", "b");
+    const struct {
+        const char* what;
+        const char* file;
+        std::string text;
+        std::string words; ///< of both pages
+    } cases[] = {{"by name", "scan/book.hocr",
+                  head + hocr("image \"D:\\s;\\P2.TIF\"; ", "b") + hocr("image x/p1.tif; ", "a"), "ab"},
+                 {"in order", "scan/book.html", head + a + b, "ab"},
+                 {"named as a page", "scan/p1.hocr", head + a + b, "ab"},
+                 {"of another book", "scan/book.hocr", head + a + b + a, "--"},
+                 {"one page", "scan/p2.hocr", head + b, "-b"},
+                 {"ALTO", "scan/book.xml",
+                  "<a:alto xmlns:a='x'><a:Layout>" + alto("a") + alto("b") + "</a:Layout></a:alto>", "ab"},
+                 {"beside a TIFF", "scan.hocr",
+                  head + hocr("image \"scan.tif\"; ", "a") + hocr("image \"scan.tif\"; ", "b"), "ab"}};
+    const Picture ink = printedPage(300, 400, 1, 1);
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.what);
+        const TempFolder folder;
+        folder.write("scan/p1.tif", *encodePicture(ink, "tif"));
+        folder.write("scan/p2.tif", *encodePicture(ink, "tif"));
+        folder.write("scan.tif", test::tiffOf({ink, ink}, COMPRESSION_CCITTFAX4));
+        folder.write(each.file, each.text);
+        const auto scan = opened(folder.at(fs::path(each.file).has_parent_path() ? "scan" : "scan.tif"));
+        std::string words;
+        for (const std::size_t page : {0, 1}) {
+            const auto texts = scan->textOf(page, {}, {folder.at("scan/p1.tif")});
+            words += texts.at(0) ? texts[0]->lines.at(0).words.at(0).text : "-";
+        }
+        EXPECT_EQ(words, each.words);
     }
 }
 

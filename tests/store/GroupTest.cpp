@@ -177,7 +177,7 @@ TEST(WindowPlacement, IsReadBackAndMissingNumbersAreZero) {
     };
     EXPECT_EQ(rewritten("-12\t34\t800\t600\t\n"), "-12\t34\t800\t600\t\n");
     EXPECT_EQ(rewritten("1\t2"), "1\t2\t0\t0\t\n");
-    EXPECT_EQ(rewritten(""), "0\t0\t0\t0\t\n");
+    EXPECT_EQ(rewritten("\n"), "0\t0\t0\t0\t\n");
     EXPECT_EQ(rewritten("a\t2.9\t99999999999\t4\t5\t6\r\n9"), "0\t2\t2147483647\t4\t\n");
     EXPECT_FALSE(writeWindowPlacement(missing, {}));
     EXPECT_FALSE(readWindowPlacement(missing));

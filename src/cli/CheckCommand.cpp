@@ -4,6 +4,7 @@
 #include "cli/Operands.h"
 #include "side/UserDictionary.h"
 #include "text/LetterCase.h"
+#include "text/NilObjectException.h"
 
 #include <unordered_set>
 
@@ -68,8 +69,12 @@ class Checker {
     void check(const FolderItem& folder) {
         if (session_.out().failed() || !checked_.insert(folder.AbsolutePath()).second)
             return;
-        for (const Finding& finding : checkDictionary(folder, images_))
-            write(finding);
+        try {
+            for (const Finding& finding : checkDictionary(folder, images_))
+                write(finding);
+        } catch (const NilObjectException& unreadable) {
+            session_.couldNot(unreadable.what());
+        }
         session_.out().flush();
     }
 

@@ -107,7 +107,7 @@ class DictionaryChecker {
         if (!format.Exists())
             return;
         const auto file = ReadOnlyFile::open(format);
-        const std::string start = file ? readFileStart(*file, kFormatBytes) : std::string();
+        const std::string start = (file ? readFileStart(*file, kFormatBytes) : std::nullopt).value_or("");
         LineReader asRead(start);
         checkLines(format, findings_, [&](const std::string& line, std::uint64_t number) {
             if (number <= kFormatLines && asRead.ReadLine() != line)

@@ -41,8 +41,8 @@ checkLines(const FolderItem& file, std::vector<Finding>& findings,
         findings.push_back({file.path(), 0, "is longer than 256 MiB, and is not read"});
         return std::nullopt;
     }
-    LineScanner lines(*opened);
     std::uint64_t number = 0;
+    LineScanner lines(*opened);
     for (std::string_view next; lines.next(next);) {
         const std::string line(next);
         ++number;

@@ -25,7 +25,7 @@ std::optional<ReadOnlyFile> ReadOnlyFile::open(const FolderItem& item) {
     // Asked before opening as well, since to open a device can already set it going.
     errno = 0;
     if (!item.regularFile()) {
-        errno = errno == 0 ? EINVAL : errno;
+        errno = item.Directory() ? EISDIR : errno == 0 ? EINVAL : errno;
         return std::nullopt;
     }
     Descriptor opened;

@@ -3,6 +3,7 @@
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
 #include "side/UserDictionary.h"
+#include "store/GroupPreferences.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
 
@@ -60,6 +61,16 @@ bool canBeChecked(const FolderItem& folder) {
     return !folders.dictionaries.empty() || !folders.unreadable.empty();
 }
 
+/// Reports preferences of a group that cannot be read.
+void checkPreferences(const FolderItem& group, Session& session) {
+    try {
+        if (const FolderItem file = group.Child("DictionaryPreferences.txt"); file.Exists())
+            readGroupPreferences(file);
+    } catch (const NilObjectException& unreadable) {
+        session.couldNot(unreadable.what());
+    }
+}
+
 /// Writes the findings of each dictionary as soon as it is checked.
 class Checker {
   public:
@@ -107,6 +118,7 @@ Status checkAll(const std::vector<std::string>& arguments, Images images, Sessio
         const GroupFolders folders = foldersIn(folder);
         for (const Failure& unreadable : folders.unreadable)
             session.couldNot(unreadable);
+        checkPreferences(folder, session);
         for (const FolderItem& dictionary : folders.dictionaries)
             checker.check(dictionary);
     }

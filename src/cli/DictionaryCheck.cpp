@@ -9,10 +9,13 @@
 #include "files/Leftovers.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
+#include "files/SystemCalls.h"
 #include "store/DictionaryItem.h"
 #include "store/TxtLine.h"
+#include "text/NilObjectException.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 
 namespace velmarin {
@@ -134,6 +137,8 @@ class DictionaryChecker {
             return;
         }
         const FolderListing mImg(folder);
+        if (!mImg.listed())
+            throw NilObjectException("\"" + folder.path().native() + "\" could not be read: " + errorInWords(errno));
         const auto list = checkPageList(mImg, findings_);
         if (text_) {
             const std::vector<NamedPicture> found = text_->pages.findIn(mImg, findings_);

@@ -2,7 +2,11 @@
 
 #include "files/LineScanner.h"
 #include "files/ReadOnlyFile.h"
+#include "files/SystemCalls.h"
+#include "text/NilObjectException.h"
 #include "text/Utf8.h"
+
+#include <cerrno>
 
 namespace velmarin {
 
@@ -34,6 +38,8 @@ checkLines(const FolderItem& file, std::vector<Finding>& findings,
            const std::function<void(const std::string& line, std::uint64_t number)>& each) {
     const auto opened = ReadOnlyFile::open(file);
     if (!opened) {
+        if (file.regularFile())
+            throw NilObjectException("\"" + file.path().native() + "\" could not be read: " + errorInWords(errno));
         findings.push_back({file.path(), 0, "is not a file that can be read"});
         return std::nullopt;
     }

@@ -16,6 +16,9 @@ class Host {
     /// A modal message with an OK button. Text in UTF-8; line ends CR, LF or CR LF.
     virtual void MsgBox(std::string_view text) = 0;
 
+    /// The same with details that the user may open.
+    virtual void MsgBoxWithDetails(std::string_view text, std::string_view details) = 0;
+
     enum class Answer { Yes = 6, No = 7 };
     /// A modal question with the buttons Yes and No. Closing it means No.
     virtual Answer askYesNo(std::string_view text) = 0;

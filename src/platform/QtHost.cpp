@@ -51,14 +51,16 @@ QWidget* dialogParent() {
 
 /// The button that closed a box. The box may die with its parent while it is up, which counts as closing it.
 QMessageBox::StandardButton run(QMessageBox::Icon icon, std::string_view text, QMessageBox::StandardButtons buttons,
-                                QMessageBox::StandardButton escape) {
+                                QMessageBox::StandardButton escape, std::string_view details = {}) {
     const QString whole = shownText(text);
     const QString shown = firstLines(whole);
     QPointer<QMessageBox> box =
         new QMessageBox(icon, QGuiApplication::applicationDisplayName(), shown, buttons, dialogParent());
     // These texts contain names of files and dictionaries: nothing in them is markup.
     box->setTextFormat(Qt::PlainText);
-    if (shown != whole)
+    if (!details.empty())
+        box->setDetailedText(shownText(details));
+    else if (shown != whole)
         box->setDetailedText(whole);
     box->setEscapeButton(escape);
     const int result = box->exec();
@@ -74,6 +76,10 @@ QtHost::QtHost(Clock clock) : clock_(std::move(clock)) {}
 
 void QtHost::MsgBox(std::string_view text) {
     run(QMessageBox::Warning, text, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+void QtHost::MsgBoxWithDetails(std::string_view text, std::string_view details) {
+    run(QMessageBox::Warning, text, QMessageBox::Ok, QMessageBox::Ok, details);
 }
 
 Host::Answer QtHost::askYesNo(std::string_view text) {
@@ -146,6 +152,11 @@ void QtHost::Yield() {
 
 void UnwatchedHost::MsgBox(std::string_view text) {
     std::cerr << "velmarin: " << text << '\n';
+}
+
+void UnwatchedHost::MsgBoxWithDetails(std::string_view text, std::string_view details) {
+    MsgBox(text);
+    MsgBox(details);
 }
 
 Host::Answer UnwatchedHost::askYesNo(std::string_view text) {

@@ -18,6 +18,7 @@ class QtHost : public Host {
 
     /// A text of more than some dozen lines is shown in part, with the whole of it one click away.
     void MsgBox(std::string_view text) override;
+    void MsgBoxWithDetails(std::string_view text, std::string_view details) override;
     Answer askYesNo(std::string_view text) override;
 
     bool AsyncShiftKey() override;
@@ -45,6 +46,7 @@ class QtHost : public Host {
 class UnwatchedHost : public QtHost {
   public:
     void MsgBox(std::string_view text) override;
+    void MsgBoxWithDetails(std::string_view text, std::string_view details) override;
     Answer askYesNo(std::string_view text) override;
 };
 

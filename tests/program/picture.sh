@@ -18,8 +18,9 @@ refused() {
     [ ! -e refused.png ] || fail "$* made a picture"
 }
 refused 'no group called "Nowhere"' --group Nowhere banana
-refused 'the group "Bad" could not be opened' --group Bad
 refused 'only be searched in a group' banana
+./velmarin --picture bad.png --group Bad 2>said && grep -q 'Bad/DictionaryPreferences.txt" could not' said ||
+    fail "preferences that cannot be read are not named: $(cat said)"
 status=0
 ./velmarin --picture missing/x.png --group Two 2>said || status=$?
 [ $status -eq 2 ] || fail "a picture that cannot be written ended with $status"

@@ -117,15 +117,21 @@ TEST(ReadGroup, ADictionaryThatCannotBeReadKeepsItsPlaceIfItIsListed) {
     for (const char* name : {"a", "B"})
         fs::permissions(own / name, fs::perms(0755));
     EXPECT_EQ(shown(refused), "Name|1| C:1:3 D:1:- a:1:-");
-    EXPECT_EQ(refused.failures.size(), 3u);
+    EXPECT_EQ(refused.failures.size(), 4u);
 }
 
-TEST(ReadGroup, ThrowsIfTheFolderOrItsPreferencesCannotBeRead) {
+TEST(ReadGroup, ThrowsIfTheFolderCannotBeReadButNotForItsPreferences) {
     const TempFolder folder;
     three().writeTo(folder.path());
-    folder.fifo("G/DictionaryPreferences.txt");
-    for (const FolderItem& item : {FolderItem(), FolderItem(folder.write("file", "")), FolderItem(folder.at("G"))})
+    folder.unreadable("G/DictionaryPreferences.txt");
+    for (const FolderItem& item : {FolderItem(), FolderItem(folder.write("file", ""))})
         EXPECT_THROW(readGroup(item), NilObjectException);
+    const Group read = readGroup(FolderItem(folder.at("G")));
+    EXPECT_EQ(shown(read), "|0| a:2:3 B:2:3 C:2:3");
+    EXPECT_FALSE(read.preferencesRead);
+    ASSERT_EQ(read.failures.size(), 1U);
+    EXPECT_NE(read.failures[0].find("/G/DictionaryPreferences.txt\" could not be read: Input/output error"),
+              std::string::npos);
 }
 
 TEST(ListGroups, GivesTheVisibleFoldersAndLinksToFolders) {

@@ -1,6 +1,8 @@
 #include "controls/Artwork.h"
 #include "platform/Desktop.h"
+#include "platform/DisplayGuard.h"
 #include "platform/EndSignals.h"
+#include "platform/ImageFile.h"
 #include "platform/QtHost.h"
 #include "platform/QtText.h"
 #include "shell/Application.h"
@@ -19,6 +21,7 @@
 #include <chrono>
 #include <filesystem>
 #include <iostream>
+#include <memory>
 #include <string>
 
 namespace {
@@ -52,9 +55,9 @@ void savePicture(const std::string& file, const QImage& before = {}) {
         const QImage now = window != nullptr ? window->grab().toImage() : QImage();
         if (now.isNull() || now != before)
             return savePicture(file, now);
-        const bool saved = now.save(velmarin::toQ(file));
+        const velmarin::Result saved = velmarin::saveImage(now, file);
         if (!saved)
-            std::cerr << "velmarin-workshop: the picture could not be written: " << file << '\n';
+            std::cerr << "velmarin-workshop: the picture could not be written: " << saved.failure().message() << '\n';
         QCoreApplication::exit(saved ? 0 : 2);
     });
 }
@@ -82,7 +85,10 @@ int correctDictionary(velmarin::Host& host, const Request& request) {
         host.MsgBox(opened.failure().message() + ".");
         return 2;
     }
-    const velmarin::EndSignals endSignals([&window] { window.endNow(); });
+    const velmarin::EndSignals endSignals([&window, &host] {
+        host.endSoon();
+        window.endNow();
+    });
     window.show();
     return velmarin::Application::exec();
 }
@@ -100,7 +106,10 @@ int makeBook(velmarin::Host& host, const Request& request) {
     if (!velmarin::pFiMod_UserPrefContainer.isNil())
         window.rememberPlacement(velmarin::pFiMod_UserPrefContainer);
     velmarin::addBookCommands(window, host, applicationFolder());
-    const velmarin::EndSignals endSignals([&window] { window.endNow(); });
+    const velmarin::EndSignals endSignals([&window, &host] {
+        host.endSoon();
+        window.endNow();
+    });
     window.show();
     QTimer::singleShot(0, &window, [&] {
         if (!request.bookOrScan.empty())
@@ -131,7 +140,9 @@ int main(int argc, char** argv) {
 
     QCoreApplication::setApplicationName(QStringLiteral("Velmarin Workshop"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELMARIN_VERSION));
+    auto opening = std::make_unique<velmarin::DisplayGuard>("velmarin-workshop");
     velmarin::Application qt(argc, argv);
+    opening.reset();
     velmarin::Application::setWindowIcon(velmarin::programIcon());
     velmarin::QtHost host;
     qt.setHost(&host);

@@ -11,6 +11,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -182,6 +183,8 @@ bool lowerLimit(int which, const rlimit& wanted) {
         ::sigaction(SIGPIPE, &standard, nullptr);
         ::sigaction(SIGXCPU, &standard, nullptr);
         ::sigaction(SIGXFSZ, &standard, nullptr);
+        // A caller that is killed does not leave it running.
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         sigset_t none;
         sigemptyset(&none);
         return ::sigprocmask(SIG_SETMASK, &none, nullptr) == 0;

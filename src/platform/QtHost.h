@@ -32,6 +32,8 @@ class QtHost : public Host {
     /// Also false if `item` does not exist, whatever the desktop does with that.
     bool Launch(const std::filesystem::path& item) override;
 
+    void endSoon() override;
+
     /// Pumps at most every 30 ms. A call from inside a pump (by a handler that runs a loop of its own) does nothing.
     void Yield() override;
 
@@ -39,6 +41,7 @@ class QtHost : public Host {
     Clock clock_;
     std::chrono::steady_clock::time_point lastPump_{};
     bool pumping_ = false;
+    bool ending_ = false;
     std::filesystem::path lastFolder_;
 };
 

@@ -46,6 +46,7 @@ class ScriptedHost : public Host {
                                        FolderChoice choice = FolderChoice::Existing) override;
     std::filesystem::path GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) override;
     bool Launch(const std::filesystem::path& item) override;
+    void endSoon() override {}
     void Yield() override;
 
   private:

@@ -20,6 +20,9 @@ constexpr const char* kHelp = R"help(Columns:
 
 Without any problem, the output is one line: "No problems in 3 dictionaries."
 
+Of problems in one file that differ only in names and numbers, 100 are written;
+the last of them says how many more there are.
+
 Each FOLDER is a dictionary or a group. Of a group, all dictionaries are checked,
 and also folders that have members of a dictionary but no FW, which the program
 ignores. Other files and folders are passed over with a note, so that patterns
@@ -81,27 +84,29 @@ class Checker {
         if (session_.out().failed() || !checked_.insert(folder.AbsolutePath()).second)
             return;
         try {
-            for (const Finding& finding : checkDictionary(folder, images_))
-                write(finding);
+            checkDictionary(folder, images_, [this](const Finding& finding) { write(finding); });
+            ++whole_;
         } catch (const NilObjectException& unreadable) {
             session_.couldNot(unreadable.what());
         }
-        session_.out().flush();
     }
 
-    std::size_t count() const { return checked_.size(); }
+    /// How many dictionaries were checked to their end.
+    std::size_t count() const { return whole_; }
     bool anyFinding() const { return anyFinding_; }
 
   private:
     void write(const Finding& finding) {
         const std::string line = finding.line == 0 ? std::string() : std::to_string(finding.line);
         session_.out().record({finding.file.native(), line, finding.problem});
+        session_.out().flush();
         anyFinding_ = true;
     }
 
     Session& session_;
     Images images_;
     std::unordered_set<std::string> checked_;
+    std::size_t whole_ = 0;
     bool anyFinding_ = false;
 };
 

@@ -34,7 +34,7 @@ std::string inQuotes(std::string_view text) {
 }
 
 std::optional<std::uint64_t>
-checkLines(const FolderItem& file, std::vector<Finding>& findings,
+checkLines(const FolderItem& file, Findings& findings,
            const std::function<void(const std::string& line, std::uint64_t number)>& each) {
     const auto opened = ReadOnlyFile::open(file);
     if (!opened) {

@@ -365,6 +365,12 @@ TEST(FilesThatCannotBeShown, AreRefused) {
     }
 }
 
+/// Leptonica reads past the smaller components of this picture.
+TEST_F(DamagedFiles, ThatEndTheirDecoderEndNothingElse) {
+    const DecodedPicture result = decodePicture(FolderItem(SUBSAMPLED_JPEG_2000));
+    EXPECT_TRUE(result.picture || result.reason.starts_with("its decoder failed")) << result.reason;
+}
+
 TEST(Scripts, WithThePictureExtensionsAreNotPictures) {
     // What GraphicsMagick would read, run or fetch if it chose the format itself.
     const char* const scripts[] = {"push graphic-context\nviewbox 0 0 9 9\nfill 'url(https://example.org/x.png)'\n",

@@ -4,20 +4,21 @@
 #include "view/DecodeByHelper.h"
 #include "view/RareDecoders.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
 #include <new>
-#include <string>
+#include <string_view>
 
 #include <allheaders.h>
 #include <linux/audit.h>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -61,18 +62,14 @@ void enterSandbox() {
 #endif
 }
 
-std::string input() {
-    std::string bytes;
-    for (constexpr std::size_t kPiece = std::size_t{1} << 20;;) {
-        const std::size_t had = bytes.size();
-        bytes.resize(had + kPiece);
-        const ssize_t got = ::pread(kDecoderInput, bytes.data() + had, kPiece, static_cast<off_t>(had));
-        if (got < 0 && errno != EINTR)
-            return {};
-        bytes.resize(had + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-        if (got == 0)
-            return bytes;
-    }
+/// The bytes of the picture. If the file shrinks meanwhile, the process ends.
+std::string_view input() {
+    struct stat found {};
+    if (::fstat(kDecoderInput, &found) != 0 || found.st_size == 0)
+        return {};
+    const auto size = static_cast<std::size_t>(found.st_size);
+    const void* bytes = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, kDecoderInput, 0);
+    return bytes == MAP_FAILED ? std::string_view() : std::string_view(static_cast<const char*>(bytes), size);
 }
 
 bool answer(const DecodedPix& decoded) {
@@ -92,9 +89,8 @@ bool answer(const DecodedPix& decoded) {
            (size == 0 || writeAll(kDecoderOutput, bytes(pixGetData(decoded.pix.get()), size)));
 }
 
-DecodedPix decode(PictureFormat format) {
+DecodedPix decode(PictureFormat format, std::string_view bytes) {
     try {
-        const std::string bytes = input();
         return bytes.empty() ? DecodedPix::failed("it could not be read") : decodeRare(format, bytes);
     } catch (const std::bad_alloc&) {
         return DecodedPix::noMemory();
@@ -107,8 +103,9 @@ int main(int argc, char** argv) {
     if (argc != 2)
         return EXIT_FAILURE;
     const auto format = static_cast<PictureFormat>(std::atoi(argv[1]));
-    prepareRareDecoders();
+    prepareRareDecoder(format);
+    const std::string_view bytes = input();
     enterSandbox();
     // Nothing is cleaned up: the memory goes with the process.
-    ::_exit(answer(decode(format)) ? EXIT_SUCCESS : EXIT_FAILURE);
+    ::_exit(answer(decode(format, bytes)) ? EXIT_SUCCESS : EXIT_FAILURE);
 }

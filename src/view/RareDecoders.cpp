@@ -32,8 +32,10 @@ DecodedPix decodeRare(PictureFormat format, std::string_view bytes) {
     return DecodedPix::failed("its format is not decoded here");
 }
 
-void prepareRareDecoders() {
-    initializeMagick();
+void prepareRareDecoder(PictureFormat format) {
+    // Most BMP files do not need it; for the others it does without those files.
+    if (format != PictureFormat::Bmp && format != PictureFormat::Jpeg2000)
+        initializeMagick();
 }
 
 } // namespace velmarin

@@ -10,7 +10,7 @@ namespace velmarin {
 /// Decodes a picture of a format that isRareFormat. Only in the helper program: see DecodeByHelper.h.
 DecodedPix decodeRare(PictureFormat format, std::string_view bytes);
 
-/// Loads what the libraries read from the disk when they are first used.
-void prepareRareDecoders();
+/// Reads what the decoder of a format would read from the disk later.
+void prepareRareDecoder(PictureFormat format);
 
 } // namespace velmarin

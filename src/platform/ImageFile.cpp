@@ -14,7 +14,8 @@ Result saveImage(const QImage& image, const std::string& file) {
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     if (extension.size() < 2 || !image.save(&buffer, extension.c_str() + 1))
-        return Failure{FolderItem(path), "it could not be written: there is no picture format \"" + extension + "\""};
+        return Failure{FolderItem(path),
+                       "it could not be written: the picture format \"" + extension + "\" is unknown"};
     return writeFileAtomically(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 

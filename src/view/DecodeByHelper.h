@@ -18,7 +18,7 @@ inline constexpr int kDecoderOutput = 4;
 
 /// What precedes the rows, which are those of a Pix: 32-bit words in the order of the processor.
 struct DecodedHeader {
-    std::uint32_t width = 0, height = 0, depth = 0; ///< 0 if there is no picture
+    std::uint32_t width = 0, height = 0, depth = 0; ///< 0 if the decoder failed
     char reason[244] = {};                          ///< as in DecodedPix, ended by a zero
 };
 

@@ -56,7 +56,7 @@ DecodedPicture asPicture(DecodedPix decoded) {
 
 DecodedPicture decodePicture(const FolderItem& file) {
     const std::string extension = mFiMod_GetExtensionFromFileName(file.isNil() ? "" : file.Name());
-    // A file that is no picture is not read whole.
+    // A file of another kind is not read whole.
     const auto opened = file.isNil() ? std::nullopt : ReadOnlyFile::open(file);
     const auto start = opened ? readFileStart(*opened, kStart) : std::nullopt;
     if (start && !start->empty()) {

@@ -9,7 +9,6 @@
 #include <set>
 
 #include <allheaders.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <zlib.h>
 
@@ -350,25 +349,17 @@ TEST(FilesThatCannotBeShown, AreRefused) {
         {"a.ppm", "P6\n60000 60000\n255\nxxx", ""},
         {"b.ppm", "P6\n20000 20000\n255\nxxx", ""},
     };
-    const auto mostMemory = [] {
-        rusage usage{};
-        ::getrusage(RUSAGE_SELF, &usage);
-        return usage.ru_maxrss;
-    };
-    const long before = mostMemory();
+    const long before = test::mostMemory();
     for (const auto& c : cases) {
         const DecodedPicture result = decoded(c.name, c.bytes);
-        EXPECT_LT(mostMemory() - before, 200'000) << c.name << ", in KB";
+        EXPECT_LT(test::mostMemory() - before, 200'000) << c.name << ", in KB";
         EXPECT_TRUE(result.picture.isNil()) << c.name;
         EXPECT_NE(result.reason, "") << c.name;
         EXPECT_NE(result.reason.find(c.reason), std::string::npos) << c.name << ": " << result.reason;
     }
-}
-
-/// Leptonica reads past the smaller components of this picture.
-TEST_F(DamagedFiles, ThatEndTheirDecoderEndNothingElse) {
-    const DecodedPicture result = decodePicture(FolderItem(SUBSAMPLED_JPEG_2000));
-    EXPECT_TRUE(result.picture || result.reason.starts_with("its decoder failed")) << result.reason;
+    // Leptonica reads past the smaller components of this picture.
+    const DecodedPicture ended = decodePicture(FolderItem(SUBSAMPLED_JPEG_2000));
+    EXPECT_TRUE(ended.picture || ended.reason.starts_with("its decoder failed")) << ended.reason;
 }
 
 TEST(Scripts, WithThePictureExtensionsAreNotPictures) {

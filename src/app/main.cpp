@@ -1,5 +1,6 @@
 #include "controls/Artwork.h"
 #include "files/FolderItem.h"
+#include "platform/DisplayGuard.h"
 #include "platform/EndSignals.h"
 #include "platform/QtHost.h"
 #include "platform/QtText.h"
@@ -35,7 +36,9 @@ int main(int argc, char** argv) {
 
     QCoreApplication::setApplicationName(QStringLiteral("Velmarin"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELMARIN_VERSION));
+    auto opening = std::make_unique<velmarin::DisplayGuard>("velmarin");
     velmarin::Application qt(argc, argv);
+    opening.reset();
     velmarin::Application::setWindowIcon(velmarin::programIcon());
     std::unique_ptr<velmarin::Host> host;
     if (request.pictureFile.empty())

@@ -1,6 +1,8 @@
 #include "controls/Artwork.h"
 #include "platform/Desktop.h"
+#include "platform/DisplayGuard.h"
 #include "platform/EndSignals.h"
+#include "platform/ImageFile.h"
 #include "platform/QtHost.h"
 #include "platform/QtText.h"
 #include "scan/OpenScan.h"
@@ -54,9 +56,9 @@ void savePicture(const std::string& file, const QImage& before = {}) {
         const QImage now = window != nullptr ? window->grab().toImage() : QImage();
         if (now.isNull() || now != before)
             return savePicture(file, now);
-        const bool saved = now.save(velmarin::toQ(file));
+        const velmarin::Result saved = velmarin::saveImage(now, file);
         if (!saved)
-            std::cerr << "velmarin-workshop: the picture could not be written: " << file << '\n';
+            std::cerr << "velmarin-workshop: the picture could not be written: " << saved.failure().message() << '\n';
         QCoreApplication::exit(saved ? 0 : 2);
     });
 }
@@ -94,7 +96,10 @@ int correctDictionary(velmarin::Host& host, const Request& request) {
     const auto window = openDictionary(host, request.dictionary, request.bookOrScan.native());
     if (window == nullptr)
         return 2;
-    const velmarin::EndSignals endSignals([&window] { window->endNow(); });
+    const velmarin::EndSignals endSignals([&window, &host] {
+        host.endSoon();
+        window->endNow();
+    });
     return velmarin::Application::exec();
 }
 
@@ -124,7 +129,10 @@ int makeBook(velmarin::Host& host, const Request& request) {
         window.rememberPlacement(velmarin::pFiMod_UserPrefContainer);
     velmarin::addBookCommands(window, host, applicationFolder());
     QObject::connect(&window, &velmarin::WorkshopWindow::dictionaryWanted, [&] { chooseDictionary(window, host); });
-    const velmarin::EndSignals endSignals([&window] { window.endNow(); });
+    const velmarin::EndSignals endSignals([&window, &host] {
+        host.endSoon();
+        window.endNow();
+    });
     window.show();
     QTimer::singleShot(0, &window, [&] {
         if (!request.bookOrScan.empty())
@@ -155,7 +163,9 @@ int main(int argc, char** argv) {
 
     QCoreApplication::setApplicationName(QStringLiteral("Velmarin Workshop"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELMARIN_VERSION));
+    auto opening = std::make_unique<velmarin::DisplayGuard>("velmarin-workshop");
     velmarin::Application qt(argc, argv);
+    opening.reset();
     velmarin::Application::setWindowIcon(velmarin::programIcon());
     velmarin::QtHost host;
     qt.setHost(&host);

@@ -9,6 +9,7 @@
 #include "scan/PageOrder.h"
 #include "store/FileNames.h"
 #include "store/ImageIndex.h"
+#include "text/NilObjectException.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -96,7 +97,7 @@ Result BookFolder::readSettings() {
     const FolderItem item = file(kSettings);
     const auto text = readWholeFile(item);
     if (!text)
-        return item.occupied() ? Failure{item, "it could not be read"}
+        return item.occupied() ? Failure{item, "it could not be read: " + errorInWords(errno)}
                                : Failure{folder_, "it is not the folder of a book"};
     auto settings = parseBookSettings(*text);
     if (!settings)
@@ -183,14 +184,18 @@ Result BookFolder::loadDraft(Draft& draft) const {
     if (!item.occupied())
         return {};
     const auto text = readWholeFile(item);
-    auto read = text ? parseDraft(*text) : std::nullopt;
+    if (!text)
+        return Failure{item, "it could not be read: " + errorInWords(errno)};
+    auto read = parseDraft(*text);
     if (!read)
-        return Failure{item, text
-                                 ? "it is not a draft: its first row has no column \"page\", or a quote in it is never "
-                                   "closed"
-                                 : "it could not be read"};
+        return Failure{item,
+                       "it is not a draft: its first row has no column \"page\", or a quote in it is never closed"};
+    try {
+        setEditedRows(*read, item, mendedFile());
+    } catch (const NilObjectException& unreadable) {
+        return Failure{item, unreadable.what()};
+    }
     draft = std::move(*read);
-    setEditedRows(draft, item, mendedFile());
     return {};
 }
 

@@ -25,8 +25,7 @@ bool sameWords(const DraftPage& one, const DraftPage& other) {
 
 std::unordered_map<std::string, DraftPage> keptRows(const FolderItem& file) {
     std::unordered_map<std::string, DraftPage> rows;
-    const auto text = readWholeFile(file);
-    Draft kept = text ? parseDraft(*text).value_or(Draft()) : Draft();
+    Draft kept = parseDraft(readFileIfAny(file)).value_or(Draft());
     for (DraftPage& row : kept.pages) {
         const std::string page = row.page;
         rows.emplace(page, std::move(row));

@@ -70,7 +70,7 @@ std::optional<LoggedReading> parseReading(std::string_view line) {
 
 Readings readReadings(const FolderItem& file) {
     Readings readings;
-    const std::string text = readWholeFile(file).value_or("");
+    const std::string text = readFileIfAny(file);
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
         if (auto read = parseReading(std::string_view(text).substr(begin, end - begin))) {

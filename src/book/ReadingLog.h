@@ -26,7 +26,7 @@ using Readings = std::unordered_map<std::string, LoggedReading>;
 
 /// The readings of a book: a file of JSON, one line for each, in the order in which they were made. Of several lines of
 /// a page the last one counts. A line that a kill or a full disk has cut short is passed over. Empty if the file is
-/// missing.
+/// missing; NilObjectException if it cannot be read.
 Readings readReadings(const FolderItem& file);
 
 /// Adds readings to that file.

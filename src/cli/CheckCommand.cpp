@@ -3,7 +3,9 @@
 #include "cli/FolderArgument.h"
 #include "cli/Operands.h"
 #include "side/UserDictionary.h"
+#include "store/GroupPreferences.h"
 #include "text/LetterCase.h"
+#include "text/NilObjectException.h"
 
 #include <unordered_set>
 
@@ -17,6 +19,9 @@ constexpr const char* kHelp = R"help(Columns:
   3  the problem
 
 Without any problem, the output is one line: "No problems in 3 dictionaries."
+
+Of problems in one file that differ only in names and numbers, 100 are written;
+the last of them says how many more there are.
 
 Each FOLDER is a dictionary or a group. Of a group, all dictionaries are checked,
 and also folders that have members of a dictionary but no FW, which the program
@@ -59,6 +64,16 @@ bool canBeChecked(const FolderItem& folder) {
     return !folders.dictionaries.empty() || !folders.unreadable.empty();
 }
 
+/// Reports preferences of a group that cannot be read.
+void checkPreferences(const FolderItem& group, Session& session) {
+    try {
+        if (const FolderItem file = group.Child("DictionaryPreferences.txt"); file.Exists())
+            readGroupPreferences(file);
+    } catch (const NilObjectException& unreadable) {
+        session.couldNot(unreadable.what());
+    }
+}
+
 /// Writes the findings of each dictionary as soon as it is checked.
 class Checker {
   public:
@@ -68,24 +83,30 @@ class Checker {
     void check(const FolderItem& folder) {
         if (session_.out().failed() || !checked_.insert(folder.AbsolutePath()).second)
             return;
-        for (const Finding& finding : checkDictionary(folder, images_))
-            write(finding);
-        session_.out().flush();
+        try {
+            checkDictionary(folder, images_, [this](const Finding& finding) { write(finding); });
+            ++whole_;
+        } catch (const NilObjectException& unreadable) {
+            session_.couldNot(unreadable.what());
+        }
     }
 
-    std::size_t count() const { return checked_.size(); }
+    /// How many dictionaries were checked to their end.
+    std::size_t count() const { return whole_; }
     bool anyFinding() const { return anyFinding_; }
 
   private:
     void write(const Finding& finding) {
         const std::string line = finding.line == 0 ? std::string() : std::to_string(finding.line);
         session_.out().record({finding.file.native(), line, finding.problem});
+        session_.out().flush();
         anyFinding_ = true;
     }
 
     Session& session_;
     Images images_;
     std::unordered_set<std::string> checked_;
+    std::size_t whole_ = 0;
     bool anyFinding_ = false;
 };
 
@@ -102,6 +123,7 @@ Status checkAll(const std::vector<std::string>& arguments, Images images, Sessio
         const GroupFolders folders = foldersIn(folder);
         for (const Failure& unreadable : folders.unreadable)
             session.couldNot(unreadable);
+        checkPreferences(folder, session);
         for (const FolderItem& dictionary : folders.dictionaries)
             checker.check(dictionary);
     }

@@ -9,10 +9,13 @@
 #include "files/Leftovers.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
+#include "files/SystemCalls.h"
 #include "store/DictionaryItem.h"
 #include "store/TxtLine.h"
+#include "text/NilObjectException.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 
 namespace velmarin {
@@ -28,7 +31,7 @@ struct TextSummary {
 };
 
 /// `closingLine` is the number of the closing entry, 0 if there is none. Its line is never shown and needs no page.
-TextSummary checkText(const FolderItem& txt, std::uint64_t closingLine, std::vector<Finding>& findings) {
+TextSummary checkText(const FolderItem& txt, std::uint64_t closingLine, Findings& findings) {
     TextSummary summary(txt);
     summary.lines = checkLines(txt, findings, [&](const std::string& line, std::uint64_t number) {
         const TxtLine parsed = parseTxtLine(line);
@@ -43,7 +46,7 @@ TextSummary checkText(const FolderItem& txt, std::uint64_t closingLine, std::vec
 }
 
 void compareLengths(const FolderItem& ind, std::uint64_t entries, const FolderItem& txt, std::uint64_t lines,
-                    std::vector<Finding>& findings) {
+                    Findings& findings) {
     const std::string numbers = " (ind has " + std::to_string(entries) + ", txt " + std::to_string(lines) + ")";
     if (entries > lines)
         findings.push_back(
@@ -54,7 +57,7 @@ void compareLengths(const FolderItem& ind, std::uint64_t entries, const FolderIt
 
 /// Reports existing pages that stepping cannot reach.
 void compareWithPageList(const PictureNames& named, const std::vector<NamedPicture>& found, const PageListSummary& list,
-                         std::vector<Finding>& findings) {
+                         Findings& findings) {
     for (const NamedPicture& page : found) {
         if (!list.pages.has(page.name))
             findings.push_back({page.namedIn, page.line,
@@ -64,7 +67,7 @@ void compareWithPageList(const PictureNames& named, const std::vector<NamedPictu
 }
 
 /// A required member; nullopt, with a finding, if it is missing.
-std::optional<FolderItem> neededMember(const FolderListing& members, const char* name, std::vector<Finding>& findings) {
+std::optional<FolderItem> neededMember(const FolderListing& members, const char* name, Findings& findings) {
     FolderItem item = members.Child(name);
     if (item.Exists())
         return item;
@@ -80,7 +83,7 @@ class DictionaryChecker {
   public:
     explicit DictionaryChecker(const FolderItem& folder) : members_(folder) {}
 
-    std::vector<Finding> run(Images images) {
+    void run(Images images, const std::function<void(const Finding&)>& write) {
         if (holdsInterruptedSwap(members_.folder().path()))
             findings_.push_back({members_.folder().path(), 0, kInterruptedUpdate});
         if (!members_.has("FW"))
@@ -95,10 +98,15 @@ class DictionaryChecker {
             checkTxt(*txt, ind);
         if (mImg)
             checkPages(*mImg);
+        const auto writeSorted = [&] {
+            for (const Finding& finding : sorted(findings_.take(), {ind, txt}))
+                write(finding);
+        };
+        writeSorted();
+        // Decoding takes long: the other findings are written before.
         if (images == Images::Decode)
             checkPictures(pictures_, findings_);
-        sortFindings({ind, txt});
-        return std::move(findings_);
+        writeSorted();
     }
 
   private:
@@ -107,7 +115,7 @@ class DictionaryChecker {
         if (!format.Exists())
             return;
         const auto file = ReadOnlyFile::open(format);
-        const std::string start = file ? readFileStart(*file, kFormatBytes) : std::string();
+        const std::string start = (file ? readFileStart(*file, kFormatBytes) : std::nullopt).value_or("");
         LineReader asRead(start);
         checkLines(format, findings_, [&](const std::string& line, std::uint64_t number) {
             if (number <= kFormatLines && asRead.ReadLine() != line)
@@ -134,6 +142,8 @@ class DictionaryChecker {
             return;
         }
         const FolderListing mImg(folder);
+        if (!mImg.listed())
+            throw NilObjectException("\"" + folder.path().native() + "\" could not be read: " + errorInWords(errno));
         const auto list = checkPageList(mImg, findings_);
         if (text_) {
             const std::vector<NamedPicture> found = text_->pages.findIn(mImg, findings_);
@@ -150,7 +160,8 @@ class DictionaryChecker {
     }
 
     /// First the findings without a line, then `ind`, `txt` and the image index, each by line.
-    void sortFindings(const std::vector<std::optional<FolderItem>>& files) {
+    static std::vector<Finding> sorted(std::vector<Finding> findings,
+                                       const std::vector<std::optional<FolderItem>>& files) {
         const auto rank = [&](const Finding& finding) {
             if (finding.line == 0)
                 return std::size_t{0};
@@ -160,15 +171,16 @@ class DictionaryChecker {
             }
             return files.size() + 1;
         };
-        std::stable_sort(findings_.begin(), findings_.end(), [&](const Finding& a, const Finding& b) {
+        std::stable_sort(findings.begin(), findings.end(), [&](const Finding& a, const Finding& b) {
             const std::size_t rankOfA = rank(a);
             const std::size_t rankOfB = rank(b);
             return rankOfA != rankOfB ? rankOfA < rankOfB : a.line < b.line;
         });
+        return findings;
     }
 
     FolderListing members_;
-    std::vector<Finding> findings_;
+    Findings findings_;
     std::vector<NamedPicture> pictures_;
     std::optional<IndexSummary> index_;
     std::optional<TextSummary> text_;
@@ -176,8 +188,8 @@ class DictionaryChecker {
 
 } // namespace
 
-std::vector<Finding> checkDictionary(const FolderItem& folder, Images images) {
-    return DictionaryChecker(folder).run(images);
+void checkDictionary(const FolderItem& folder, Images images, const std::function<void(const Finding&)>& write) {
+    DictionaryChecker(folder).run(images, write);
 }
 
 } // namespace velmarin

@@ -12,6 +12,9 @@
 #include <system_error>
 #include <unordered_set>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace velmarin {
 
 namespace fs = std::filesystem;
@@ -39,13 +42,19 @@ bool meansNotAFolder(const std::error_code& error) {
 }
 
 /// Reports the unreadable folders of a group, except dictionaries that readGroup has read (which may be entered but not
-/// listed) or has reported itself.
+/// listed) or has reported itself, and the unreadable folders of pages.
 void reportUnreadable(const FolderItem& folder, const Group& group, Session& session) {
     std::unordered_set<std::string> read;
-    for (const auto& item : group.dictionaries)
+    for (const auto& item : group.dictionaries) {
         read.insert(item->DictionaryFolderitem.AbsolutePath());
+        const std::error_code error = item->loaded ? folderError(item->ImageFolder.path()) : std::error_code();
+        if (error && !meansNotAFolder(error))
+            session.couldNot({item->ImageFolder, error.message()});
+    }
     for (const Failure& unreadable : foldersIn(folder).unreadable) {
-        if (!read.contains(unreadable.item.AbsolutePath()))
+        // readGroup has reported what may not be entered.
+        const bool reported = ::faccessat(AT_FDCWD, unreadable.item.path().c_str(), X_OK, AT_EACCESS) != 0;
+        if (!reported && !read.contains(unreadable.item.AbsolutePath()))
             session.couldNot(unreadable);
     }
 }

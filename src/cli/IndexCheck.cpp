@@ -57,7 +57,7 @@ bool isClosingWord(std::string_view searchWord) {
     return count >= 2;
 }
 
-std::optional<IndexSummary> checkIndex(const FolderItem& ind, const IndexOrder& order, std::vector<Finding>& findings) {
+std::optional<IndexSummary> checkIndex(const FolderItem& ind, const IndexOrder& order, Findings& findings) {
     std::string before;
     const auto lines = checkLines(ind, findings, [&](const std::string& line, std::uint64_t number) {
         std::string word = indexSearchWord(line, order);

@@ -17,7 +17,7 @@ struct IndexSummary {
 };
 
 /// Checks an `ind`: order, closing entry, encoding. Returns nullopt, with a finding, if it cannot be read.
-std::optional<IndexSummary> checkIndex(const FolderItem& ind, const IndexOrder& order, std::vector<Finding>& findings);
+std::optional<IndexSummary> checkIndex(const FolderItem& ind, const IndexOrder& order, Findings& findings);
 
 /// Whether a search word looks like an entry that was added to sort after all others: it begins with a private-use
 /// character or one beyond these, such as U+10FFFD, or consists of one letter or digit at least twice, as "ZZZZ" and

@@ -2,7 +2,11 @@
 
 #include "files/LineScanner.h"
 #include "files/ReadOnlyFile.h"
+#include "files/SystemCalls.h"
+#include "text/NilObjectException.h"
 #include "text/Utf8.h"
+
+#include <cerrno>
 
 namespace velmarin {
 
@@ -30,10 +34,12 @@ std::string inQuotes(std::string_view text) {
 }
 
 std::optional<std::uint64_t>
-checkLines(const FolderItem& file, std::vector<Finding>& findings,
+checkLines(const FolderItem& file, Findings& findings,
            const std::function<void(const std::string& line, std::uint64_t number)>& each) {
     const auto opened = ReadOnlyFile::open(file);
     if (!opened) {
+        if (file.regularFile())
+            throw NilObjectException("\"" + file.path().native() + "\" could not be read: " + errorInWords(errno));
         findings.push_back({file.path(), 0, "is not a file that can be read"});
         return std::nullopt;
     }
@@ -41,8 +47,8 @@ checkLines(const FolderItem& file, std::vector<Finding>& findings,
         findings.push_back({file.path(), 0, "is longer than 256 MiB, and is not read"});
         return std::nullopt;
     }
-    LineScanner lines(*opened);
     std::uint64_t number = 0;
+    LineScanner lines(*opened);
     for (std::string_view next; lines.next(next);) {
         const std::string line(next);
         ++number;

@@ -16,26 +16,25 @@ struct IndexLines {
     std::uint64_t count = 0;
     /// The last line with a page name.
     std::uint64_t lastNamed = 1;
-    std::vector<std::uint64_t> empty;
-    std::vector<std::uint64_t> withoutCaption;
 };
 
-std::optional<IndexLines> readIndexLines(const FolderItem& file, bool captioned, std::vector<Finding>& findings) {
-    IndexLines lines{.first = {}, .names = PictureNames(file.path()), .empty = {}, .withoutCaption = {}};
+std::optional<IndexLines> readIndexLines(const FolderItem& file, bool captioned, Findings& findings) {
+    IndexLines lines{.first = {}, .names = PictureNames(file.path())};
     const auto count = checkLines(file, findings, [&](const std::string& line, std::uint64_t number) {
         if (number == 1) {
             lines.first = line;
             return;
         }
         const std::string_view name = captioned ? NthField(line, "\t", 1) : std::string_view(line);
-        if (name.empty()) {
-            lines.empty.push_back(number);
+        if (name.empty())
             return;
-        }
+        // Empty lines at the end are beyond the count and do no harm.
+        for (std::uint64_t empty = lines.lastNamed + 1; empty < number; ++empty)
+            findings.push_back({file.path(), empty, "names no page"});
         lines.lastNamed = number;
         lines.names.add(name, number);
         if (captioned && NthField(line, "\t", 2).empty())
-            lines.withoutCaption.push_back(number);
+            findings.push_back({file.path(), number, "has no caption: a TAB separates name and caption"});
     });
     if (!count)
         return std::nullopt;
@@ -49,14 +48,14 @@ bool beginsWithDigit(std::string_view text) {
 }
 
 /// The program uses no more than kMostPages pages.
-void checkLimit(const std::filesystem::path& file, std::uint64_t pages, std::vector<Finding>& findings) {
+void checkLimit(const std::filesystem::path& file, std::uint64_t pages, Findings& findings) {
     if (pages > kMostPages)
         findings.push_back(
             {file, 0,
              "has " + std::to_string(pages) + " pages; only the first " + std::to_string(kMostPages) + " are used"});
 }
 
-void checkCount(const FolderItem& file, const IndexLines& lines, std::vector<Finding>& findings) {
+void checkCount(const FolderItem& file, const IndexLines& lines, Findings& findings) {
     const std::uint64_t pages = lines.lastNamed - 1;
     if (pages == 0) {
         findings.push_back({file.path(), 1, "lists no pages"});
@@ -70,7 +69,7 @@ void checkCount(const FolderItem& file, const IndexLines& lines, std::vector<Fin
 }
 
 std::optional<PageListSummary> checkImageIndex(const FolderItem& file, bool captioned, const FolderListing& mImg,
-                                               std::vector<Finding>& findings) {
+                                               Findings& findings) {
     const auto lines = readIndexLines(file, captioned, findings);
     if (!lines)
         return std::nullopt;
@@ -78,13 +77,6 @@ std::optional<PageListSummary> checkImageIndex(const FolderItem& file, bool capt
     summary.name = file.Name();
     checkLimit(file.path(), lines->lastNamed - 1, findings);
     checkCount(file, *lines, findings);
-    for (const std::uint64_t number : lines->empty) {
-        // Empty lines at the end are beyond the count and do no harm.
-        if (number < lines->lastNamed)
-            findings.push_back({file.path(), number, "names no page"});
-    }
-    for (const std::uint64_t number : lines->withoutCaption)
-        findings.push_back({file.path(), number, "has no caption: a TAB separates name and caption"});
     for (const std::string& name : lines->names.names())
         summary.pages.set(name, 0);
     summary.pictures = lines->names.findIn(mImg, findings);
@@ -93,7 +85,7 @@ std::optional<PageListSummary> checkImageIndex(const FolderItem& file, bool capt
 
 } // namespace
 
-std::optional<PageListSummary> checkPageList(const FolderListing& mImg, std::vector<Finding>& findings) {
+std::optional<PageListSummary> checkPageList(const FolderListing& mImg, Findings& findings) {
     if (const FolderItem captioned = mImg.Child("ImageIndex2"); captioned.Exists())
         return checkImageIndex(captioned, true, mImg, findings);
     if (const FolderItem plain = mImg.Child("ImageIndex"); plain.Exists())

@@ -18,6 +18,6 @@ struct PageListSummary {
 
 /// Checks the image index that the program would use or, without one, whether one can be made. Returns nullopt, with a
 /// finding, if there is no page list.
-std::optional<PageListSummary> checkPageList(const FolderListing& mImg, std::vector<Finding>& findings);
+std::optional<PageListSummary> checkPageList(const FolderListing& mImg, Findings& findings);
 
 } // namespace velmarin

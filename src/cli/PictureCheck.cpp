@@ -41,7 +41,7 @@ std::vector<const NamedPicture*> distinctFiles(const std::vector<NamedPicture>& 
 
 } // namespace
 
-void checkPictures(const std::vector<NamedPicture>& pictures, std::vector<Finding>& findings) {
+void checkPictures(const std::vector<NamedPicture>& pictures, Findings& findings) {
     const std::vector<const NamedPicture*> distinct = distinctFiles(pictures);
     std::vector<std::string> faults(distinct.size());
     std::atomic<std::size_t> next = 0;

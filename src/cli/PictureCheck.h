@@ -7,6 +7,6 @@
 namespace velmarin {
 
 /// Decodes each picture once, in several threads. Those that cannot be decoded completely are findings.
-void checkPictures(const std::vector<NamedPicture>& pictures, std::vector<Finding>& findings);
+void checkPictures(const std::vector<NamedPicture>& pictures, Findings& findings);
 
 } // namespace velmarin

@@ -18,7 +18,7 @@ std::string PictureNames::furtherLines(const std::string& name) const {
     return more == 1 ? "; one more line names it" : "; " + std::to_string(more) + " more lines name it";
 }
 
-std::vector<NamedPicture> PictureNames::findIn(const FolderListing& folder, std::vector<Finding>& findings) const {
+std::vector<NamedPicture> PictureNames::findIn(const FolderListing& folder, Findings& findings) const {
     std::vector<NamedPicture> found;
     for (const std::string& name : names_) {
         const std::uint64_t line = firstLine(name);

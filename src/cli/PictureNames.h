@@ -34,7 +34,7 @@ class PictureNames {
     std::string furtherLines(const std::string& name) const;
 
     /// The pictures that exist in `folder`. Each missing one is a finding.
-    std::vector<NamedPicture> findIn(const FolderListing& folder, std::vector<Finding>& findings) const;
+    std::vector<NamedPicture> findIn(const FolderListing& folder, Findings& findings) const;
 
   private:
     struct Mention {

@@ -41,8 +41,12 @@ bool SmallTabBar::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const int tab = tabAt(help->pos());
-        const bool cut = tab >= 0 && shownCaption(tab) != tabWhatsThis(tab);
-        showPlainToolTip(help->globalPos(), cut ? tabWhatsThis(tab) : QString(), this);
+        QStringList lines;
+        if (tab >= 0 && shownCaption(tab) != tabWhatsThis(tab))
+            lines << tabWhatsThis(tab);
+        if (!tabToolTip(tab).isEmpty())
+            lines << tabToolTip(tab);
+        showPlainToolTip(help->globalPos(), lines.join(u'\n'), this);
         return true;
     }
     return QTabBar::event(event);

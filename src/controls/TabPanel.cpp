@@ -55,6 +55,10 @@ void TabPanel::setCaption(int panel, std::string_view caption) {
     bar_->setCaption(panel, toQ(caption));
 }
 
+void TabPanel::setNote(int panel, std::string_view note) {
+    bar_->setTabToolTip(panel, toQ(note));
+}
+
 QWidget* TabPanel::insertPanel(int position, std::string_view caption) {
     const int place = std::clamp(position, 0, PanelCount());
     auto* page = new TabPage(this);

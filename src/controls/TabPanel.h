@@ -29,6 +29,8 @@ class TabPanel : public QWidget {
 
     std::string caption(int panel) const;
     void setCaption(int panel, std::string_view caption);
+    /// A text for the tool tip of the tab, after a caption that is elided.
+    void setNote(int panel, std::string_view note);
 
     /// Inserts a panel at `position`, clamped to 0..`PanelCount`, and returns its page. The panel in front stays in
     /// front; the first panel of all comes to the front.

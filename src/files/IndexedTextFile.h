@@ -25,6 +25,7 @@ class IndexedTextFile {
         std::string text;
     };
     /// Line `number`, counted from 1, without its end (and without what LineScanner leaves out of a huge one).
+    /// Raises NilObjectException if the disk fails.
     Line line(std::uint64_t number);
 
   private:

@@ -26,7 +26,7 @@ bool LineScanner::refill() {
     at_ = 0;
     if (window_.size() - filled_ < kWindow)
         window_.resize(std::min(window_.size() * 2, kLongestLine + 2 * kWindow));
-    const std::size_t got = file_.read(readTo_, window_.data() + filled_, window_.size() - filled_);
+    const std::size_t got = file_.readOrRaise(readTo_, window_.data() + filled_, window_.size() - filled_);
     readTo_ += got;
     filled_ += got;
     ended_ = got == 0;

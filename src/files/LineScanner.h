@@ -16,7 +16,7 @@ class LineScanner {
     explicit LineScanner(const ReadOnlyFile& file, std::uint64_t offset = 0);
 
     /// False at the end of the file. The view is valid until the next call. Bytes of a line after the first
-    /// kLongestLine are left out.
+    /// kLongestLine are left out. Raises NilObjectException, as the constructor does, if the disk fails.
     bool next(std::string_view& line);
     /// Where the next line begins, in bytes.
     std::uint64_t position() const { return readTo_ - (filled_ - at_); }

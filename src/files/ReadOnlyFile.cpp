@@ -1,6 +1,8 @@
 #include "files/ReadOnlyFile.h"
 
-#include <algorithm>
+#include "files/SystemCalls.h"
+#include "text/NilObjectException.h"
+
 #include <cerrno>
 #include <ctime>
 #include <utility>
@@ -10,11 +12,20 @@
 
 namespace velmarin {
 
+namespace {
+
+/// With the reason in errno.
+NilObjectException notRead(const FolderItem& item) {
+    return NilObjectException("\"" + item.path().native() + "\" could not be read: " + errorInWords(errno));
+}
+
+} // namespace
+
 std::optional<ReadOnlyFile> ReadOnlyFile::open(const FolderItem& item) {
     // Asked before opening as well, since to open a device can already set it going.
     errno = 0;
     if (!item.regularFile()) {
-        errno = errno == 0 ? EINVAL : errno;
+        errno = item.Directory() ? EISDIR : errno == 0 ? EINVAL : errno;
         return std::nullopt;
     }
     Descriptor opened;
@@ -22,9 +33,13 @@ std::optional<ReadOnlyFile> ReadOnlyFile::open(const FolderItem& item) {
         opened = Descriptor(::open(item.path().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
     while (!opened && errno == EINTR);
     struct stat found {};
-    if (!opened || ::fstat(opened.number(), &found) != 0 || !S_ISREG(found.st_mode))
+    if (!opened || ::fstat(opened.number(), &found) != 0)
         return std::nullopt;
-    return ReadOnlyFile(std::move(opened));
+    if (!S_ISREG(found.st_mode)) {
+        errno = EINVAL;
+        return std::nullopt;
+    }
+    return ReadOnlyFile(item, std::move(opened));
 }
 
 FileStamp ReadOnlyFile::stamp() const {
@@ -37,17 +52,26 @@ FileStamp ReadOnlyFile::stamp() const {
             .changedNanoseconds = std::int64_t{found.st_ctim.tv_sec} * 1'000'000'000 + found.st_ctim.tv_nsec};
 }
 
-std::size_t ReadOnlyFile::read(std::uint64_t offset, char* to, std::size_t count) const {
+std::optional<std::size_t> ReadOnlyFile::read(std::uint64_t offset, char* to, std::size_t count) const {
     std::size_t done = 0;
     while (done < count) {
         const ssize_t got = ::pread(descriptor_.number(), to + done, count - done, static_cast<off_t>(offset + done));
         if (got < 0 && errno == EINTR)
             continue;
-        if (got <= 0)
+        if (got < 0)
+            return std::nullopt;
+        if (got == 0)
             break;
         done += static_cast<std::size_t>(got);
     }
     return done;
+}
+
+std::size_t ReadOnlyFile::readOrRaise(std::uint64_t offset, char* to, std::size_t count) const {
+    const auto got = read(offset, to, count);
+    if (!got)
+        throw notRead(item_);
+    return *got;
 }
 
 bool settled(const FileStamp& stamp) {
@@ -62,25 +86,37 @@ std::optional<std::string> readWholeFile(const FolderItem& item, std::uint64_t l
     if (!file)
         return std::nullopt;
     const std::uint64_t size = file->stamp().size;
-    if (size > limit)
-        return std::nullopt;
     std::string text;
     // One byte more than the size tells that the file has not grown; files without a size of their own are read on.
     for (std::size_t want = static_cast<std::size_t>(size) + 1;; want = text.size() + (std::size_t{1} << 16)) {
         const std::size_t had = text.size();
-        text.resize(want);
-        const std::size_t got = file->read(had, text.data() + had, want - had);
-        text.resize(had + got);
-        if (text.size() > limit)
+        if (size > limit || had > limit) {
+            errno = EFBIG;
             return std::nullopt;
-        if (text.size() < want)
+        }
+        text.resize(want);
+        const auto got = file->read(had, text.data() + had, want - had);
+        if (!got)
+            return std::nullopt;
+        text.resize(had + *got);
+        if (text.size() < want && text.size() <= limit)
             return text;
     }
 }
 
-std::string readFileStart(const ReadOnlyFile& file, std::size_t most) {
-    std::string text(std::min<std::uint64_t>(most, file.stamp().size), '\0');
-    text.resize(file.read(0, text.data(), text.size()));
+std::string readFileIfAny(const FolderItem& item) {
+    auto text = readWholeFile(item);
+    if (!text && errno != ENOENT)
+        throw notRead(item);
+    return std::move(text).value_or("");
+}
+
+std::optional<std::string> readFileStart(const ReadOnlyFile& file, std::size_t most) {
+    std::string text(most, '\0');
+    const auto got = file.read(0, text.data(), text.size());
+    if (!got)
+        return std::nullopt;
+    text.resize(*got);
     return text;
 }
 

@@ -11,6 +11,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
@@ -29,15 +30,18 @@ struct Pipe {
     Descriptor from, to;
 };
 
-/// A pipe whose ends are none of the three standard descriptors, which the child replaces.
+/// The last descriptor that a child replaces: after the three standard ones, those that it is given.
+constexpr int kLastReplaced = 4;
+
+/// A pipe whose ends are none of the descriptors that the child replaces.
 std::optional<Pipe> makePipe() {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
         return std::nullopt;
     Pipe pipe{Descriptor(ends[0]), Descriptor(ends[1])};
     for (Descriptor* end : {&pipe.from, &pipe.to}) {
-        if (end->number() <= STDERR_FILENO)
-            *end = Descriptor(::fcntl(end->number(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+        if (end->number() <= kLastReplaced)
+            *end = Descriptor(::fcntl(end->number(), F_DUPFD_CLOEXEC, kLastReplaced + 1));
         if (!*end)
             return std::nullopt;
     }
@@ -127,6 +131,7 @@ struct Start {
     std::vector<char*> arguments = {};
     std::array<std::pair<int, rlimit>, 4> limits = {};
     int output = -1, errors = -1, failure = -1;
+    std::array<int, 2> given = {-1, -1};
 };
 
 rlim_t orUnlimited(std::uint64_t limit) {
@@ -171,6 +176,10 @@ bool lowerLimit(int which, const rlimit& wanted) {
             ::fcntl(STDIN_FILENO, F_SETFD, 0);
         // Libraries may have opened files that children inherit. Older systems do not have the call.
         ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
+        for (std::size_t i = 0; i < start.given.size(); ++i) {
+            if (start.given[i] >= 0 && ::dup2(start.given[i], STDERR_FILENO + 1 + static_cast<int>(i)) < 0)
+                return false;
+        }
         for (const auto& [which, limit] : start.limits) {
             if (!lowerLimit(which, limit))
                 return false;
@@ -182,6 +191,8 @@ bool lowerLimit(int which, const rlimit& wanted) {
         ::sigaction(SIGPIPE, &standard, nullptr);
         ::sigaction(SIGXCPU, &standard, nullptr);
         ::sigaction(SIGXFSZ, &standard, nullptr);
+        // A caller that is killed does not leave it running.
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
         sigset_t none;
         sigemptyset(&none);
         return ::sigprocmask(SIG_SETMASK, &none, nullptr) == 0;
@@ -204,6 +215,13 @@ std::optional<pid_t> start(const ChildProgram& program, const Descriptor& output
     prepared.output = output.number();
     prepared.errors = errors.number();
     prepared.failure = failure->to.number();
+    std::array<Descriptor, 2> given;
+    for (std::size_t i = 0; i < program.descriptors.size() && i < given.size(); ++i) {
+        given[i] = Descriptor(::fcntl(program.descriptors[i], F_DUPFD_CLOEXEC, kLastReplaced + 1));
+        if (!given[i])
+            return std::nullopt;
+        prepared.given[i] = given[i].number();
+    }
 
     // No handler of the parent's may run in the child.
     sigset_t all, before;

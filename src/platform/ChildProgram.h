@@ -26,6 +26,7 @@ struct ChildProgram {
     std::filesystem::path file = {};         ///< an absolute path: see programOnPath
     std::vector<std::string> arguments = {}; ///< without the program's name; no shell reads them
     std::filesystem::path folder = {};       ///< its working folder; empty: the caller's
+    std::vector<int> descriptors = {};       ///< what it has as descriptors 3 and 4; it inherits no others
     ChildLimits limits = {};
     /// Called about fifty times a second; if it returns false, the program is stopped. Empty: never.
     std::function<bool()> mayContinue = {};

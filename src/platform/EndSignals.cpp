@@ -1,5 +1,6 @@
 #include "platform/EndSignals.h"
 
+#include <QGuiApplication>
 #include <QSocketNotifier>
 
 #include <array>
@@ -33,6 +34,7 @@ void setHandler(void (*handler)(int)) {
 } // namespace
 
 EndSignals::EndSignals(std::function<void()> end) {
+    session_ = QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp, [end] { end(); });
     if (::pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         return;
     notifier_ = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
@@ -46,6 +48,7 @@ EndSignals::EndSignals(std::function<void()> end) {
 }
 
 EndSignals::~EndSignals() {
+    QObject::disconnect(session_);
     if (!notifier_)
         return;
     setHandler(SIG_DFL);

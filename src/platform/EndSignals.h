@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QObject>
+
 #include <functional>
 #include <memory>
 
@@ -7,8 +9,9 @@ class QSocketNotifier;
 
 namespace velmarin {
 
-/// Calls `end` from the event loop when the session or a user asks the process to go (SIGTERM, SIGINT, SIGHUP), so that
-/// it ends as by its own menu. While one exists, these signals do nothing else. Needs a QApplication; one at a time.
+/// Calls `end` from the event loop when the session or a user asks the process to go (SIGTERM, SIGINT, SIGHUP, or
+/// the end of the desktop session), so that it ends as by its own menu. While one exists, these signals do nothing
+/// else. Needs a QApplication; one at a time.
 class EndSignals {
   public:
     explicit EndSignals(std::function<void()> end);
@@ -18,6 +21,7 @@ class EndSignals {
 
   private:
     std::unique_ptr<QSocketNotifier> notifier_;
+    QMetaObject::Connection session_;
 };
 
 } // namespace velmarin

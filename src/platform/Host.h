@@ -16,6 +16,9 @@ class Host {
     /// A modal message with an OK button. Text in UTF-8; line ends CR, LF or CR LF.
     virtual void MsgBox(std::string_view text) = 0;
 
+    /// The same with details that the user may open.
+    virtual void MsgBoxWithDetails(std::string_view text, std::string_view details) = 0;
+
     enum class Answer { Yes = 6, No = 7 };
     /// A modal question with the buttons Yes and No. Closing it means No.
     virtual Answer askYesNo(std::string_view text) = 0;
@@ -36,6 +39,10 @@ class Host {
 
     /// Opens a file or folder in the host's own browser. False if the host could not.
     virtual bool Launch(const std::filesystem::path& item) = 0;
+
+    /// Closes all boxes and dialogs as if dismissed. From then on texts that would be boxes go to standard error, and
+    /// after two seconds the process ends, whatever it waits for.
+    virtual void endSoon() = 0;
 
     /// Lets waiting events run, at most every 30 ms: cheap enough to call in the innermost pass of a long loop.
     virtual void Yield() = 0;

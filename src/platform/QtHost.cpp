@@ -5,16 +5,20 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPointer>
 #include <QUrl>
 
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <utility>
+
+#include <unistd.h>
 
 namespace velmarin {
 
@@ -23,6 +27,7 @@ namespace {
 constexpr std::chrono::milliseconds kPumpInterval{30};
 constexpr qsizetype kShownCharacters = 2000;
 constexpr qsizetype kShownLines = 24;
+constexpr unsigned kSecondsToEnd = 2;
 
 QString shownText(std::string_view text) {
     QString shown = toQ(text);
@@ -44,6 +49,11 @@ QString firstLines(const QString& text) {
     return length == text.size() ? text : text.left(length).trimmed() + QChar(0x2026);
 }
 
+/// What would be a box.
+void say(std::string_view text) {
+    std::cerr << "velmarin: " << text << '\n';
+}
+
 QWidget* dialogParent() {
     QWidget* modal = QApplication::activeModalWidget();
     return modal != nullptr ? modal : QApplication::activeWindow();
@@ -51,14 +61,16 @@ QWidget* dialogParent() {
 
 /// The button that closed a box. The box may die with its parent while it is up, which counts as closing it.
 QMessageBox::StandardButton run(QMessageBox::Icon icon, std::string_view text, QMessageBox::StandardButtons buttons,
-                                QMessageBox::StandardButton escape) {
+                                QMessageBox::StandardButton escape, std::string_view details = {}) {
     const QString whole = shownText(text);
     const QString shown = firstLines(whole);
     QPointer<QMessageBox> box =
         new QMessageBox(icon, QGuiApplication::applicationDisplayName(), shown, buttons, dialogParent());
     // These texts contain names of files and dictionaries: nothing in them is markup.
     box->setTextFormat(Qt::PlainText);
-    if (shown != whole)
+    if (!details.empty())
+        box->setDetailedText(shownText(details));
+    else if (shown != whole)
         box->setDetailedText(whole);
     box->setEscapeButton(escape);
     const int result = box->exec();
@@ -73,10 +85,24 @@ QMessageBox::StandardButton run(QMessageBox::Icon icon, std::string_view text, Q
 QtHost::QtHost(Clock clock) : clock_(std::move(clock)) {}
 
 void QtHost::MsgBox(std::string_view text) {
+    if (ending_)
+        return say(text);
     run(QMessageBox::Warning, text, QMessageBox::Ok, QMessageBox::Ok);
 }
 
+void QtHost::MsgBoxWithDetails(std::string_view text, std::string_view details) {
+    if (ending_) {
+        say(text);
+        return say(details);
+    }
+    run(QMessageBox::Warning, text, QMessageBox::Ok, QMessageBox::Ok, details);
+}
+
 Host::Answer QtHost::askYesNo(std::string_view text) {
+    if (ending_) {
+        say(text);
+        return Answer::No;
+    }
     const auto button = run(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
     return button == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
@@ -132,6 +158,19 @@ bool QtHost::Launch(const std::filesystem::path& item) {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(pathToQ(whole)));
 }
 
+void QtHost::endSoon() {
+    ending_ = true;
+    struct sigaction end {};
+    end.sa_handler = [](int) { std::_Exit(EXIT_SUCCESS); };
+    ::sigaction(SIGALRM, &end, nullptr);
+    ::alarm(kSecondsToEnd);
+    while (QWidget* popup = QApplication::activePopupWidget())
+        popup->close();
+    for (QWidget* each : QApplication::topLevelWidgets())
+        if (auto* dialog = qobject_cast<QDialog*>(each); dialog != nullptr && dialog->isVisible())
+            dialog->reject();
+}
+
 void QtHost::Yield() {
     if (pumping_ || clock_() - lastPump_ < kPumpInterval)
         return;
@@ -145,7 +184,12 @@ void QtHost::Yield() {
 }
 
 void UnwatchedHost::MsgBox(std::string_view text) {
-    std::cerr << "velmarin: " << text << '\n';
+    say(text);
+}
+
+void UnwatchedHost::MsgBoxWithDetails(std::string_view text, std::string_view details) {
+    MsgBox(text);
+    MsgBox(details);
 }
 
 Host::Answer UnwatchedHost::askYesNo(std::string_view text) {

@@ -18,6 +18,7 @@ class QtHost : public Host {
 
     /// A text of more than some dozen lines is shown in part, with the whole of it one click away.
     void MsgBox(std::string_view text) override;
+    void MsgBoxWithDetails(std::string_view text, std::string_view details) override;
     Answer askYesNo(std::string_view text) override;
 
     bool AsyncShiftKey() override;
@@ -31,6 +32,8 @@ class QtHost : public Host {
     /// Also false if `item` does not exist, whatever the desktop does with that.
     bool Launch(const std::filesystem::path& item) override;
 
+    void endSoon() override;
+
     /// Pumps at most every 30 ms. A call from inside a pump (by a handler that runs a loop of its own) does nothing.
     void Yield() override;
 
@@ -38,6 +41,7 @@ class QtHost : public Host {
     Clock clock_;
     std::chrono::steady_clock::time_point lastPump_{};
     bool pumping_ = false;
+    bool ending_ = false;
     std::filesystem::path lastFolder_;
 };
 
@@ -45,6 +49,7 @@ class QtHost : public Host {
 class UnwatchedHost : public QtHost {
   public:
     void MsgBox(std::string_view text) override;
+    void MsgBoxWithDetails(std::string_view text, std::string_view details) override;
     Answer askYesNo(std::string_view text) override;
 };
 

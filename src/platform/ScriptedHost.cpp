@@ -21,6 +21,11 @@ void ScriptedHost::MsgBox(std::string_view text) {
     messages.emplace_back(text);
 }
 
+void ScriptedHost::MsgBoxWithDetails(std::string_view text, std::string_view moreText) {
+    messages.emplace_back(text);
+    details.emplace_back(moreText);
+}
+
 Host::Answer ScriptedHost::askYesNo(std::string_view text) {
     questions.emplace_back(text);
     return takeFirst(answers, Answer::No);

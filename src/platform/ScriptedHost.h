@@ -27,6 +27,7 @@ class ScriptedHost : public Host {
     std::function<void()> onYield;
 
     std::vector<std::string> messages;
+    std::vector<std::string> details; ///< of the messages that have them
     std::vector<std::string> questions;
     std::vector<std::string> prompts;            ///< of both kinds of dialogs
     std::vector<std::filesystem::path> openedAt; ///< of the folder dialogs
@@ -36,6 +37,7 @@ class ScriptedHost : public Host {
     int yields = 0;
 
     void MsgBox(std::string_view text) override;
+    void MsgBoxWithDetails(std::string_view text, std::string_view moreText) override;
     Answer askYesNo(std::string_view text) override;
     bool AsyncShiftKey() override;
     bool AsyncCommandKey() override;
@@ -44,6 +46,7 @@ class ScriptedHost : public Host {
                                        FolderChoice choice = FolderChoice::Existing) override;
     std::filesystem::path GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) override;
     bool Launch(const std::filesystem::path& item) override;
+    void endSoon() override {}
     void Yield() override;
 
   private:

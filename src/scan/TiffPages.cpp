@@ -56,13 +56,16 @@ class Source {
 
     TIFF* tiff() const { return tiff_.get(); }
     std::uint64_t size() const { return size_; }
+    /// Whether the disk failed: what was read until then is not all.
+    bool failed() const { return failed_; }
 
   private:
     static tmsize_t read(thandle_t handle, void* to, tmsize_t count) {
         auto& self = *static_cast<Source*>(handle);
         const auto got = self.file_.read(self.at_, static_cast<char*>(to), static_cast<std::size_t>(count));
-        self.at_ += got;
-        return static_cast<tmsize_t>(got);
+        self.failed_ = self.failed_ || !got;
+        self.at_ += got.value_or(0);
+        return got ? static_cast<tmsize_t>(*got) : -1;
     }
     static toff_t seek(thandle_t handle, toff_t offset, int whence) {
         auto& self = *static_cast<Source*>(handle);
@@ -72,6 +75,7 @@ class Source {
 
     ReadOnlyFile file_;
     std::uint64_t size_, at_ = 0;
+    bool failed_ = false;
     TiffFile tiff_;
 };
 
@@ -206,6 +210,8 @@ std::vector<std::uint64_t> tiffPages(const FolderItem& file, std::size_t most) {
         if (!last && !more)
             pages.push_back(source.size());
     }
+    if (source.failed())
+        pages.clear();
     return pages;
 }
 

@@ -2,6 +2,8 @@
 
 #include "store/TextFileLines.h"
 #include "text/LetterCase.h"
+#include "text/Message.h"
+#include "text/NilObjectException.h"
 #include "text/StringFields.h"
 
 #include <string>
@@ -12,14 +14,19 @@ namespace velmarin {
 namespace {
 
 std::string readTxtLine(DictionaryItem& item, std::size_t number) {
-    const IndexedTextFile::Line line = item.txtLines.line(number);
-    if (line.status != IndexedTextFile::Status::NoFile)
-        return line.text;
-    // The plain reader reports a missing file.
-    std::vector<std::string> lines;
-    const int n = static_cast<int>(number);
-    mFiMod_GetTextFiLinesByLineNums(item.TxtFi, {n, n}, lines);
-    return Join(lines, "\r");
+    try {
+        const IndexedTextFile::Line line = item.txtLines.line(number);
+        if (line.status != IndexedTextFile::Status::NoFile)
+            return line.text;
+        // The plain reader reports a missing file.
+        std::vector<std::string> lines;
+        const int n = static_cast<int>(number);
+        mFiMod_GetTextFiLinesByLineNums(item.TxtFi, {n, n}, lines);
+        return Join(lines, "\r");
+    } catch (const NilObjectException& unreadable) {
+        MsgBox(unreadable.what());
+        return {};
+    }
 }
 
 bool independentAt(const std::vector<std::shared_ptr<DictionaryItem>>& dictionaries, int index) {

@@ -9,6 +9,7 @@ void GroupModel::leave() {
     pDictionaryItem.clear();
     pDictionaryGroupFolder = FolderItem();
     pDicGroupName.clear();
+    preferencesRead = true;
 }
 
 std::shared_ptr<DictionaryItem> GroupModel::dictionary(int index) const {

@@ -14,6 +14,8 @@ struct GroupModel {
     /// Nil before the first pick and after the window has been closed.
     FolderItem pDictionaryGroupFolder;
     std::string pDicGroupName;
+    /// False if the group has preferences that could not be read; they are then not written either.
+    bool preferencesRead = true;
     /// Set by a group of kFewestForList dictionaries or more, and never cleared.
     bool pListMode = false;
     /// True while the window restores its state: control events then write no preferences.

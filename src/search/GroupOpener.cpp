@@ -5,6 +5,7 @@
 #include "search/PageTabs.h"
 #include "search/SearchModel.h"
 #include "text/NilObjectException.h"
+#include "text/StringFields.h"
 
 #include <utility>
 
@@ -17,7 +18,8 @@ void GroupOpener::read(const FolderItem& folder) {
     group_.pDictionaryGroupFolder = folder;
     group_.pDicGroupName = read.groupName;
     group_.pDictionaryItem = std::move(read.dictionaries);
-    complete_ = read.failures.empty();
+    group_.preferencesRead = read.preferencesRead;
+    failures_ = std::move(read.failures);
     search_.setSeparately(read.separately);
 }
 
@@ -25,10 +27,10 @@ void GroupOpener::mInitialize() {
     tabs_.reset();
     if (group_.dictionaryCount() >= kFewestForList)
         showInList();
-    else if (!showInTabs())
-        complete_ = false;
-    if (!complete_)
-        throw NilObjectException("A dictionary of this group could not be read.");
+    else
+        showInTabs();
+    if (!failures_.empty())
+        throw NilObjectException(Join(failures_, "\n"));
 }
 
 void GroupOpener::leave() {
@@ -47,23 +49,25 @@ void GroupOpener::showInList() {
     hits_.showList();
 }
 
-bool GroupOpener::showInTabs() {
-    bool complete = true;
+void GroupOpener::showInTabs() {
     for (int i = 0; i < group_.dictionaryCount(); ++i) {
-        const DictionaryItem& item = *group_.dictionary(i);
+        DictionaryItem& item = *group_.dictionary(i);
         if (i == 0)
             tabs_.setCaption(0, item.name);
         else
             tabs_.mMakeNewTB(item);
         try {
             tabs_.mMakeBVjump(i);
-        } catch (const NilObjectException&) {
+        } catch (const NilObjectException& failure) {
             // A dictionary without pages does not keep the others from their tabs.
-            complete = false;
+            if (item.failure.empty()) {
+                item.failure = failure.what();
+                failures_.push_back(item.failure);
+            }
         }
+        tabs_.setFailure(i, item.failure);
         tabs_.tab(i).setFitValue(item.ImageMode);
     }
-    return complete;
 }
 
 } // namespace velmarin

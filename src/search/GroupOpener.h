@@ -2,6 +2,9 @@
 
 #include "files/FolderItem.h"
 
+#include <string>
+#include <vector>
+
 namespace velmarin {
 
 class HitModel;
@@ -19,24 +22,23 @@ class GroupOpener {
     /// Leaves the present group, and reads the dictionaries of `folder` with its name and its check box, without
     /// showing them. Raises NilObjectException for a folder that cannot be read, and has no group then.
     void read(const FolderItem& folder);
-    /// Shows what was read. Raises NilObjectException if a dictionary could not be opened or has no pages, after all
-    /// others are shown.
+    /// Shows what was read. Raises NilObjectException, with a line for each, if something could not be read or a
+    /// dictionary has no pages, after all others are shown.
     void mInitialize();
     /// Drops the group and all that is shown of it.
     void leave();
 
   private:
     void showInList();
-    /// False if a dictionary has no list of pages.
-    bool showInTabs();
+    void showInTabs();
 
     GroupModel& group_;
     PageTabs& tabs_;
     HitModel& hits_;
     SearchModel& search_;
     Host& host_;
-    /// Whether every dictionary of the group could be opened.
-    bool complete_ = true;
+    /// What could not be read of the group.
+    std::vector<std::string> failures_;
 };
 
 } // namespace velmarin

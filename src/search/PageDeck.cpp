@@ -55,6 +55,10 @@ void PageDeck::setTabCaption(int tab, const std::string& caption) {
     TB_->setCaption(tab, caption);
 }
 
+void PageDeck::setTabFailure(int tab, const std::string& failure) {
+    TB_->setNote(tab, failure);
+}
+
 void PageDeck::bringTabToFront(int tab) {
     TB_->setValue(tab);
 }

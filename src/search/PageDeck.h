@@ -33,6 +33,7 @@ class PageDeck : public QObject, public TabDisplay {
     PageDisplay& addTab(const std::string& caption) override;
     void removeLaterTabs() override;
     void setTabCaption(int tab, const std::string& caption) override;
+    void setTabFailure(int tab, const std::string& failure) override;
     void bringTabToFront(int tab) override;
     void openErratum(const FolderItem& file, int frontTab) override;
 

@@ -37,6 +37,7 @@ void PageTabs::reset() {
     display_->removeLaterTabs();
     tabs_.front().reset();
     setCaption(0, kFirstCaption);
+    setFailure(0, "");
 }
 
 void PageTabs::mMakeNewTB(const DictionaryItem& item) {

@@ -29,6 +29,7 @@ class PageTabs {
     /// Removes every tab but the first, and resets that.
     void reset();
     void setCaption(int index, const std::string& caption) { display_->setTabCaption(index, caption); }
+    void setFailure(int index, const std::string& failure) { display_->setTabFailure(index, failure); }
     /// Adds a tab for `item`.
     void mMakeNewTB(const DictionaryItem& item);
     /// Reads the page list of a dictionary into it and into its jump menu, and enables the page controls accordingly.

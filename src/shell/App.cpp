@@ -117,6 +117,10 @@ void App::FileQuit_Action(int) {
 }
 
 void App::quit() {
+    host_.endSoon();
+    // What runs now may not come to its end.
+    for (const auto& window : windows_.MainWinList())
+        window->mWritePreferences_DicGroup();
     busy_.whenStopped([this] {
         pageImages_.close();
         for (const auto& window : windows_.MainWinList())

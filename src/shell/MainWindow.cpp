@@ -155,7 +155,7 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& folder) {
             showNoGroup(failure.what());
             services_.windows.rebuildSelectedDic();
         }
-        services_.host.MsgBox("Error: ReadDictionaryFolder 0");
+        services_.host.MsgBoxWithDetails("Error: ReadDictionaryFolder 0", failure.what());
     }
     if (hasGroup())
         services_.windows.setWinItemText(pMyIndex, group().pDicGroupName);

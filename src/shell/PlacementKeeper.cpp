@@ -14,8 +14,7 @@ namespace velmarin {
 
 namespace {
 
-/// In pixels, width and height: no display system makes larger windows, and no desktop is as large.
-constexpr int kWidestWindow = 32000;
+/// In pixels: no desktop is as large.
 constexpr int kFarthest = 1 << 20;
 
 } // namespace
@@ -32,8 +31,10 @@ void PlacementKeeper::restore() {
     if (!saved)
         return;
     const QWidget& content = *window_.centralWidget();
-    const int width = std::clamp(saved->width, content.minimumWidth(), kWidestWindow);
-    const int height = std::clamp(saved->height, content.minimumHeight(), kWidestWindow);
+    // A window takes memory for its whole area, seen or not.
+    const QSize largest = (2 * window_.screen()->virtualSize()).expandedTo(content.minimumSize());
+    const int width = std::clamp(saved->width, content.minimumWidth(), largest.width());
+    const int height = std::clamp(saved->height, content.minimumHeight(), largest.height());
     const WindowPlace place =
         withinReach({std::clamp(saved->left, -kFarthest, kFarthest), std::clamp(saved->top, -kFarthest, kFarthest),
                      width, height + window_.menuBar()->heightForWidth(width)},

@@ -8,7 +8,7 @@ namespace velmarin {
 
 void PreferenceWriter::writeGroup(const GroupModel& group, bool separately) {
     const FolderItem& folder = group.pDictionaryGroupFolder;
-    if (folder.isNil())
+    if (folder.isNil() || !group.preferencesRead)
         return;
     GroupPreferences preferences;
     preferences.groupName = group.pDicGroupName;

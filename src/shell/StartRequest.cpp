@@ -1,5 +1,6 @@
 #include "shell/StartRequest.h"
 
+#include "platform/ImageFile.h"
 #include "platform/QtText.h"
 #include "search/QueryBar.h"
 #include "shell/GroupPicker.h"
@@ -7,6 +8,7 @@
 #include "shell/NoGroupNotice.h"
 
 #include <QCoreApplication>
+#include <QImage>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QTimer>
@@ -58,8 +60,8 @@ void runStartRequest(MainWindow& window, const StartRequest& request) {
     }
     // One turn of the event loop later everything is laid out and painted.
     QTimer::singleShot(0, &window, [&window, file = request.pictureFile] {
-        const bool saved = window.grab().save(toQ(file));
-        QCoreApplication::exit(saved ? 0 : fail("the picture could not be written: " + file));
+        const Result saved = saveImage(window.grab().toImage(), file);
+        QCoreApplication::exit(saved ? 0 : fail("the picture could not be written: " + saved.failure().message()));
     });
 }
 

@@ -75,7 +75,8 @@ std::optional<DictZip> DictZip::open(const FolderItem& file) {
 }
 
 bool DictZip::readHeader() {
-    const std::string header = readFileStart(file_, kLongestHeader);
+    std::string header(kLongestHeader, '\0');
+    header.resize(file_.readOrRaise(0, header.data(), header.size()));
     const std::string_view bytes = header;
     if (!bytes.starts_with(kGzipMagic))
         return true;
@@ -107,7 +108,7 @@ bool DictZip::readHeader() {
 
 std::optional<std::string> DictZip::chunk(std::size_t number) const {
     std::string packed(chunkAt_[number + 1] - chunkAt_[number], '\0');
-    if (file_.read(chunkAt_[number], packed.data(), packed.size()) != packed.size())
+    if (file_.readOrRaise(chunkAt_[number], packed.data(), packed.size()) != packed.size())
         return std::nullopt;
     std::string text(chunkLength_, '\0');
     z_stream stream{};
@@ -132,7 +133,7 @@ std::optional<std::string> DictZip::read(std::uint64_t offset, std::uint64_t siz
     std::string text;
     if (chunkLength_ == 0) {
         text.resize(size);
-        if (file_.read(offset, text.data(), size) != size)
+        if (file_.readOrRaise(offset, text.data(), size) != size)
             return std::nullopt;
         return text;
     }

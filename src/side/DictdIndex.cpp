@@ -123,7 +123,7 @@ std::optional<DictdIndex::Line> DictdIndex::lineAt(std::uint64_t begin) const {
     std::string text;
     while (text.size() < kLongestLine && begin + text.size() < size_) {
         char block[256];
-        const std::size_t got = file_.read(begin + text.size(), block, sizeof block);
+        const std::size_t got = file_.readOrRaise(begin + text.size(), block, sizeof block);
         if (got == 0)
             break;
         const std::string_view read(block, got);
@@ -142,7 +142,8 @@ std::optional<DictdIndex::Line> DictdIndex::lineAt(std::uint64_t begin) const {
 std::uint64_t DictdIndex::lineStartAfter(std::uint64_t position, std::uint64_t limit) const {
     while (position < limit) {
         char block[256];
-        const std::size_t got = file_.read(position, block, std::min<std::uint64_t>(sizeof block, limit - position));
+        const std::size_t got =
+            file_.readOrRaise(position, block, std::min<std::uint64_t>(sizeof block, limit - position));
         if (got == 0)
             break;
         const std::size_t end = std::string_view(block, got).find('\n');

@@ -3,6 +3,7 @@
 #include "files/LineReader.h"
 #include "side/DictZip.h"
 #include "side/DictdIndex.h"
+#include "text/NilObjectException.h"
 #include "text/StringFields.h"
 #include "text/Utf8.h"
 
@@ -43,7 +44,7 @@ std::string nameIn(std::string_view entry) {
     return {};
 }
 
-/// One dictionary's name and its answer; empty if it has none.
+/// One dictionary's name and its answer; empty if it has none. Raises NilObjectException if the disk fails.
 std::string answerOf(const FolderItem& folder, const std::string& stem, std::string_view word) {
     const auto index = DictdIndex::open(folder.Child(stem + std::string(kIndexEnd)));
     if (!index)
@@ -88,7 +89,12 @@ std::string DictionaryService::TextDefinition(std::string_view text, int start, 
     for (const std::string& name : listNames(folder_.path()).value_or(std::vector<std::string>())) {
         if (!name.ends_with(kIndexEnd) || answer.size() > kLongestAnswer)
             continue;
-        const std::string found = answerOf(folder_, name.substr(0, name.size() - kIndexEnd.size()), word);
+        std::string found;
+        try {
+            found = answerOf(folder_, name.substr(0, name.size() - kIndexEnd.size()), word);
+        } catch (const NilObjectException& unreadable) {
+            found = unreadable.what();
+        }
         if (!found.empty())
             answer += (answer.empty() ? "" : "\n\n\n") + found;
         if (yield)

@@ -20,7 +20,8 @@ class DictionaryService {
 
     /// The definitions of the `length` characters of `text` that begin at the character `start` (from 0), from all
     /// dictionaries that have them, in the order of their file names, each under the dictionary's name. Empty if none
-    /// has them. Lines and blanks are kept. The answer is valid UTF-8; damaged parts of a dictionary are left out.
+    /// has them. Lines and blanks are kept. The answer is valid UTF-8; damaged parts of a dictionary are left out,
+    /// and one that the disk cannot read has the reason as its answer.
     /// `yield` is called after each dictionary and may let events run.
     std::string TextDefinition(std::string_view text, int start, int length,
                                const std::function<void()>& yield = {}) const;

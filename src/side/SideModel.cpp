@@ -7,6 +7,7 @@
 #include "side/SourceTable.h"
 #include "side/UserDictionary.h"
 #include "side/UserDictionaryMaker.h"
+#include "text/NilObjectException.h"
 
 #include <algorithm>
 #include <utility>
@@ -69,7 +70,13 @@ SideModel::SideModel(SideDisplay& display, AnswerText& text, MainWindowPort& mai
 SideModel::~SideModel() = default;
 
 void SideModel::open() {
-    mSetPref();
+    try {
+        mSetPref();
+    } catch (const NilObjectException& unreadable) {
+        // They remain as they are: the window saves nothing.
+        services_.host.MsgBox(unreadable.what());
+        return;
+    }
     if (!shut_)
         settingsAtOpening_ = settings();
 }
@@ -256,7 +263,7 @@ void SideModel::mSetPref() {
 }
 
 void SideModel::Event_Close(int width) {
-    // A window that is closed while it reads its settings has none to save.
+    // A window that is closed while it reads its settings, or could not read them, has none to save.
     if (!settingsAtOpening_)
         return;
     SubwindowSettings now = settings();

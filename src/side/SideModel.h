@@ -112,7 +112,7 @@ class SideModel final : private LookUpPort {
     SideServices services_;
     FolderItem groupFolder_;
     SubwindowSettings settings_;
-    /// Empty until the window is open.
+    /// Empty until the window is open, and if its settings could not be read.
     std::optional<SubwindowSettings> settingsAtOpening_;
     UserDictionaryList userDictionaries_;
     std::string word_;

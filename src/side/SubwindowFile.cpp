@@ -3,12 +3,15 @@
 #include "files/AtomicFile.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
+#include "files/SystemCalls.h"
 #include "side/SourceTable.h"
 #include "store/BooleanText.h"
 #include "text/LetterCase.h"
+#include "text/NilObjectException.h"
 #include "text/NumberText.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 
 namespace velmarin {
@@ -90,10 +93,14 @@ FolderItem subwindowFile(const FolderItem& groupFolder) {
 }
 
 std::optional<SubwindowSettings> readSubwindow(const FolderItem& groupFolder) {
-    const auto file = ReadOnlyFile::open(subwindowFile(groupFolder));
-    if (!file)
+    const FolderItem item = subwindowFile(groupFolder);
+    if (!item.Exists())
         return std::nullopt;
-    return parseSubwindow(readFileStart(*file, kMostRead));
+    const auto file = ReadOnlyFile::open(item);
+    const auto text = file ? readFileStart(*file, kMostRead) : std::nullopt;
+    if (!text)
+        throw NilObjectException("\"" + item.path().native() + "\" could not be read: " + errorInWords(errno));
+    return parseSubwindow(*text);
 }
 
 Result writeSubwindow(const FolderItem& groupFolder, const SubwindowSettings& settings) {

@@ -38,7 +38,7 @@ std::string subwindowText(const SubwindowSettings& settings);
 
 /// The settings are kept for each group, in the file `Subwindow` of its folder.
 FolderItem subwindowFile(const FolderItem& groupFolder);
-/// Returns nullopt if the group has no such file, or it cannot be read.
+/// Returns nullopt if the group has no such file. Raises NilObjectException if it cannot be read.
 std::optional<SubwindowSettings> readSubwindow(const FolderItem& groupFolder);
 Result writeSubwindow(const FolderItem& groupFolder, const SubwindowSettings& settings);
 

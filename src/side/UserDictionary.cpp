@@ -18,6 +18,7 @@
 #include "side/UserDictionaryIndex.h"
 #include "store/BackupFolder.h"
 #include "text/FindReplace.h"
+#include "text/NilObjectException.h"
 #include "text/Utf8.h"
 
 #include <array>
@@ -91,7 +92,7 @@ class LinePieces {
         for (std::size_t searched = 0; taken_ == 0; searched = buffer_.size()) {
             const std::size_t had = buffer_.size();
             buffer_.resize(had + kPiece);
-            buffer_.resize(had + file_.read(at_, buffer_.data() + had, kPiece));
+            buffer_.resize(had + file_.readOrRaise(at_, buffer_.data() + had, kPiece));
             at_ += buffer_.size() - had;
             taken_ = buffer_.size() == had ? had : endOfLines(searched);
             if (buffer_.empty())
@@ -153,10 +154,13 @@ class Build {
           work_([&progress](const WorkDone&) { progress.yield(); }) {}
 
     BuildResult run(ExistingDictionary earlier, const FolderItem& backups) {
-        const Result built = build(earlier, backups);
-        result_.ok = static_cast<bool>(built);
-        if (!built)
-            result_.reason = built.failure().message();
+        try {
+            if (const Result built = build(earlier, backups); !built)
+                result_.reason = built.failure().message();
+        } catch (const NilObjectException& unreadable) {
+            result_.reason = unreadable.what();
+        }
+        result_.ok = result_.reason.empty();
         return result_;
     }
 

@@ -3,10 +3,12 @@
 #include "files/FolderListing.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
+#include "files/SystemCalls.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace velmarin {
 
@@ -17,10 +19,11 @@ constexpr std::uint64_t kLargestIndex = std::uint64_t{1} << 28;
 
 void readFormat(const FolderItem& file, DictionaryItem& item) {
     const auto opened = ReadOnlyFile::open(file);
-    if (!opened)
-        throw NilObjectException("The number format \"" + file.path().native() + "\" could not be opened.");
-    const std::string text = readFileStart(*opened, kFormatBytes);
-    LineReader lines(text);
+    const auto text = opened ? readFileStart(*opened, kFormatBytes) : std::nullopt;
+    if (!text)
+        throw NilObjectException("The number format \"" + file.path().native() +
+                                 "\" could not be read: " + errorInWords(errno));
+    LineReader lines(*text);
     item.order.FormatFom = lines.ReadLine();
     item.Independent = equalStrings(lines.ReadLine(), "true");
 }
@@ -28,7 +31,8 @@ void readFormat(const FolderItem& file, DictionaryItem& item) {
 void readIndex(const FolderItem& file, DictionaryItem& item) {
     const auto text = readWholeFile(file, kLargestIndex);
     if (!text)
-        throw NilObjectException("The index \"" + file.path().native() + "\" could not be opened.");
+        throw NilObjectException("The index \"" + file.path().native() +
+                                 "\" could not be read: " + errorInWords(errno));
     HeadwordIndex words;
     words.reserve(static_cast<std::size_t>(std::count(text->begin(), text->end(), '\n')) + 1, text->size());
     for (LineReader lines(*text); !lines.EOF_();) {

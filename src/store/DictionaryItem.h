@@ -35,6 +35,8 @@ struct DictionaryItem {
 
     /// Whether MakeDictionaryItem found all that a search needs.
     bool loaded = false;
+    /// What could not be read of it, and why; empty if all could.
+    std::string failure;
     /// TxtFi with the places of its lines.
     IndexedTextFile txtLines;
 };

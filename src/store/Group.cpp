@@ -79,24 +79,38 @@ bool appendAndLoad(const FolderItem& folder, int imageMode, Group& into) {
     item->ImageMode = imageMode;
     into.dictionaries.push_back(item);
     try {
-        return MakeDictionaryItem(folder, *item, static_cast<int>(into.dictionaries.size()) - 1);
+        if (MakeDictionaryItem(folder, *item, static_cast<int>(into.dictionaries.size()) - 1))
+            return true;
+        if (const int error = accessError(folder, X_OK); error != 0)
+            item->failure = unreadable(folder, error);
+    } catch (const NilObjectException& failure) {
+        item->failure = failure.what();
+    }
+    if (!item->failure.empty())
+        into.failures.push_back(item->failure);
+    return false;
+}
+
+GroupPreferences preferencesOf(const FolderItem& file, Group& into) {
+    try {
+        return readGroupPreferences(file);
     } catch (const NilObjectException& failure) {
         into.failures.emplace_back(failure.what());
-        return false;
+        into.preferencesRead = false;
+        return {};
     }
 }
 
 void readListed(const FolderItem& file, const FolderListing& members, FoundDictionaries& found, Group& into,
                 const std::function<void()>& afterEach) {
-    const GroupPreferences preferences = readGroupPreferences(file);
+    const GroupPreferences preferences = preferencesOf(file, into);
     into.groupName = preferences.groupName;
     into.separately = preferences.separately;
     for (const GroupPreferences::Entry& entry : preferences.dictionaries) {
         const FolderItem folder = members.Child(entry.name);
         if (!found.take(folder))
             continue;
-        if (const int error = accessError(folder, X_OK); !appendAndLoad(folder, entry.ImageMode, into) && error != 0)
-            into.failures.push_back(unreadable(folder, error));
+        appendAndLoad(folder, entry.ImageMode, into);
         if (afterEach)
             afterEach();
     }

@@ -19,9 +19,11 @@ struct Group {
     /// In display order: those of the preferences file (kept even if they fail to load), then the others by name
     /// (kept only if they load, with "Adjust by width").
     DictionaryList dictionaries;
-    /// The messages of exceptions that MakeDictionaryItem raised. A dictionary that the preferences name stays in the
-    /// list, empty, so that it keeps its place; the other dictionaries are read as usual.
+    /// What could not be read, with its name and the reason: dictionaries, folders that may be dictionaries, and the
+    /// preferences. A dictionary that the preferences name stays in the list, empty, so that it keeps its place.
     std::vector<std::string> failures;
+    /// False if there are preferences that could not be read: they must not be written back.
+    bool preferencesRead = true;
 };
 
 /// Reads a group. A folder that does not exist is made, with the message "Threre are no dictionaries.". `afterEach` is
@@ -31,8 +33,8 @@ struct Group {
 /// the link's. Where two names lead to one folder it is listed once: under the name in the preferences file, else under
 /// the folder's own name, else under the first link's.
 ///
-/// A nil folder, one that cannot be listed or entered, and a preferences file that cannot be opened raise
-/// NilObjectException: none of them is a group without dictionaries.
+/// A nil folder, and one that cannot be listed or entered, raise NilObjectException: they are no group without
+/// dictionaries.
 Group readGroup(const FolderItem& group, const std::function<void()>& afterEach = {});
 
 } // namespace velmarin

@@ -3,11 +3,13 @@
 #include "files/AtomicFile.h"
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
+#include "files/SystemCalls.h"
 #include "store/BooleanText.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
 
+#include <cerrno>
 #include <cstdint>
 
 namespace velmarin {
@@ -42,7 +44,8 @@ std::string formatGroupPreferences(const GroupPreferences& preferences) {
 GroupPreferences readGroupPreferences(const FolderItem& file) {
     const auto text = readWholeFile(file, kLargestPreferences);
     if (!text)
-        throw NilObjectException("The preferences \"" + file.path().native() + "\" could not be opened.");
+        throw NilObjectException("The preferences \"" + file.path().native() +
+                                 "\" could not be read: " + errorInWords(errno));
     return parseGroupPreferences(*text);
 }
 

@@ -2,6 +2,7 @@
 
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
+#include "files/SystemCalls.h"
 #include "store/ImageIndex.h"
 #include "text/NilObjectException.h"
 #include "text/NumberText.h"
@@ -9,6 +10,7 @@
 #include "text/UnicodeForms.h"
 
 #include <algorithm>
+#include <cerrno>
 
 namespace velmarin {
 
@@ -21,7 +23,8 @@ constexpr std::uint64_t kLargestImageIndex = std::uint64_t{1} << 26;
 PageList readImageIndex(const FolderItem& file, bool captioned) {
     const auto text = readWholeFile(file, kLargestImageIndex);
     if (!text)
-        throw NilObjectException("The page list \"" + file.path().native() + "\" could not be opened.");
+        throw NilObjectException("The page list \"" + file.path().native() +
+                                 "\" could not be read: " + errorInWords(errno));
     LineReader lines(*text);
     const std::int64_t promised = std::int64_t{toInt32(CDbl(lines.ReadLine()))} + 1;
     PageList pages;

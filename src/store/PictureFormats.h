@@ -8,8 +8,8 @@
 
 namespace velmarin {
 
-/// The formats of page images. Each has a row in PictureFormats.cpp, and a decoder in view/Decoders.cpp, which does not
-/// compile without it.
+/// The formats of page images. Each has a row in PictureFormats.cpp, and a decoder in view/RareDecoders.cpp, which does
+/// not compile without it.
 enum class PictureFormat { Jpeg, Png, Tiff, Bmp, Jpeg2000, Gif, WebP, Pnm, Pict, Pcx, Tga };
 
 /// The extensions of the files that a new `ImageIndex` lists, in small letters without the dot.

@@ -20,7 +20,7 @@ constexpr std::uint64_t kLargestPlacement = std::uint64_t{1} << 16;
 
 std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder, const char* file) {
     const auto text = readWholeFile(preferencesFolder.Child(file), kLargestPlacement);
-    if (!text)
+    if (!text || text->empty())
         return std::nullopt;
     const std::string_view line = LineReader(*text).ReadLine();
     const auto number = [&](std::size_t n) { return toInt32(CDbl(NthField(line, "\t", n))); };

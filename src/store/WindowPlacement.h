@@ -15,7 +15,7 @@ struct WindowPlacement {
     int left = 0, top = 0, width = 0, height = 0;
     friend bool operator==(const WindowPlacement&, const WindowPlacement&) = default;
 };
-/// Missing numbers are 0; nothing for a file that is missing or unreadable.
+/// Missing numbers are 0; nullopt for a file that is missing, unreadable or empty, as a power loss can leave it.
 std::optional<WindowPlacement> readWindowPlacement(const FolderItem& preferencesFolder,
                                                    const char* file = kMainWindowPlacement);
 Result writeWindowPlacement(const FolderItem& preferencesFolder, const WindowPlacement& placement,

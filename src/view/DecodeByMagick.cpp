@@ -38,27 +38,6 @@ void unregisterOtherFormats(ExceptionInfo& exception) {
         UnregisterMagickInfo(name.c_str());
 }
 
-void initializeMagick() {
-    static const bool done = [] {
-        ExceptionInfo ignored;
-        GetExceptionInfo(&ignored);
-        InitializeMagickEx(nullptr, MAGICK_OPT_NO_SIGNAL_HANDER, &ignored);
-        unregisterOtherFormats(ignored);
-        DestroyExceptionInfo(&ignored);
-        SetErrorHandler([](ExceptionType, const char*, const char*) {});
-        SetWarningHandler([](ExceptionType, const char*, const char*) {});
-        SetMagickResourceLimit(ThreadsResource, 1);
-        SetMagickResourceLimit(WidthResource, kMaxSide);
-        SetMagickResourceLimit(HeightResource, kMaxSide);
-        SetMagickResourceLimit(PixelsResource, kMaxMagickMemory / 8);
-        SetMagickResourceLimit(MemoryResource, kMaxMagickMemory);
-        SetMagickResourceLimit(MapResource, 0);
-        SetMagickResourceLimit(DiskResource, 0);
-        return true;
-    }();
-    static_cast<void>(done);
-}
-
 struct Exception {
     ExceptionInfo info;
     Exception() { GetExceptionInfo(&info); }
@@ -95,6 +74,27 @@ DecodedPix toPix(const Image* image) {
 }
 
 } // namespace
+
+void initializeMagick() {
+    static const bool done = [] {
+        ExceptionInfo ignored;
+        GetExceptionInfo(&ignored);
+        InitializeMagickEx(nullptr, MAGICK_OPT_NO_SIGNAL_HANDER, &ignored);
+        unregisterOtherFormats(ignored);
+        DestroyExceptionInfo(&ignored);
+        SetErrorHandler([](ExceptionType, const char*, const char*) {});
+        SetWarningHandler([](ExceptionType, const char*, const char*) {});
+        SetMagickResourceLimit(ThreadsResource, 1);
+        SetMagickResourceLimit(WidthResource, kMaxSide);
+        SetMagickResourceLimit(HeightResource, kMaxSide);
+        SetMagickResourceLimit(PixelsResource, kMaxMagickMemory / 8);
+        SetMagickResourceLimit(MemoryResource, kMaxMagickMemory);
+        SetMagickResourceLimit(MapResource, 0);
+        SetMagickResourceLimit(DiskResource, 0);
+        return true;
+    }();
+    static_cast<void>(done);
+}
 
 DecodedPix decodeByMagick(std::string_view bytes, const char* format) {
     initializeMagick();

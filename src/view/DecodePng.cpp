@@ -53,8 +53,10 @@ class PngReader {
   private:
     void readHeader() {
         png_set_user_limits(png_, PNG_UINT_31_MAX, PNG_UINT_31_MAX);
+        // All but palette, transparency and pixels is passed over. To libpng a chunk that exceeds a limit is a benign
+        // error, which it reports after it has taken the memory.
+        png_set_keep_unknown_chunks(png_, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
         png_set_chunk_malloc_max(png_, kMaxChunkMemory);
-        png_set_chunk_cache_max(png_, 100);
         png_set_read_fn(png_, this, [](png_structp png, png_bytep to, std::size_t count) {
             auto* self = static_cast<PngReader*>(png_get_io_ptr(png));
             if (count > self->bytes_.size() - self->at_)

@@ -4,10 +4,8 @@
 #include "store/FileNames.h"
 #include "store/PictureFormats.h"
 #include "text/NumberText.h"
-#include "view/DecodeByLeptonica.h"
-#include "view/DecodeByMagick.h"
+#include "view/DecodeByHelper.h"
 #include "view/DecodeJpeg.h"
-#include "view/DecodePict.h"
 #include "view/DecodePng.h"
 #include "view/DecodeTiff.h"
 
@@ -17,10 +15,14 @@ namespace velmarin {
 namespace {
 
 constexpr std::uint64_t kMaxFileSize = std::uint64_t{1} << 31;
+/// Enough to recognize every format.
+constexpr std::size_t kStart = 1024;
+
+constexpr const char* kUnknown = "its content is not a picture in a known format";
 
 DecodedPix decodeAs(std::optional<PictureFormat> format, std::string_view bytes) {
     if (!format)
-        return DecodedPix::failed("its content is not a picture in a known format");
+        return DecodedPix::failed(kUnknown);
     switch (*format) {
     case PictureFormat::Jpeg:
         return decodeJpeg(bytes);
@@ -28,24 +30,9 @@ DecodedPix decodeAs(std::optional<PictureFormat> format, std::string_view bytes)
         return decodePng(bytes);
     case PictureFormat::Tiff:
         return decodeTiff(bytes);
-    case PictureFormat::Bmp:
-        return decodeBmp(bytes);
-    case PictureFormat::Jpeg2000:
-        return decodeJpeg2000(bytes);
-    case PictureFormat::Gif:
-        return decodeByMagick(bytes, "GIF");
-    case PictureFormat::WebP:
-        return decodeByMagick(bytes, "WEBP");
-    case PictureFormat::Pnm:
-        return decodeByMagick(bytes, "PNM");
-    case PictureFormat::Pict:
-        return decodePict(bytes);
-    case PictureFormat::Pcx:
-        return decodeByMagick(bytes, "PCX");
-    case PictureFormat::Tga:
-        return decodeByMagick(bytes, "TGA");
+    default:
+        return decodeByHelper(*format, bytes);
     }
-    return {};
 }
 
 std::optional<std::string> readPictureFile(const FolderItem& file, std::string& reason) {
@@ -68,11 +55,22 @@ DecodedPicture asPicture(DecodedPix decoded) {
 } // namespace
 
 DecodedPicture decodePicture(const FolderItem& file) {
+    const std::string extension = mFiMod_GetExtensionFromFileName(file.isNil() ? "" : file.Name());
+    // A file of another kind is not read whole.
+    const auto opened = file.isNil() ? std::nullopt : ReadOnlyFile::open(file);
+    const auto start = opened ? readFileStart(*opened, kStart) : std::nullopt;
+    if (start && !start->empty()) {
+        const auto format = pictureFormat(*start, extension);
+        if (!format)
+            return {Picture(), kUnknown};
+        if (isRareFormat(*format))
+            return asPicture(decodeByHelper(*format, opened->descriptor()));
+    }
     std::string reason;
     const std::optional<std::string> bytes = readPictureFile(file, reason);
     if (!bytes)
         return {Picture(), reason};
-    return decodePictureBytes(*bytes, mFiMod_GetExtensionFromFileName(file.Name()));
+    return decodePictureBytes(*bytes, extension);
 }
 
 DecodedPicture decodePictureBytes(std::string_view bytes, std::string_view extension) {

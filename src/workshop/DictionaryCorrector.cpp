@@ -58,7 +58,11 @@ Result DictionaryCorrector::open(const FolderItem& folder, const FolderItem& cor
     corrector.unsaved_.clear();
     corrector.file_ = correctionsFile(corrections, dictionary);
     clearLeftovers(corrector.file_.path().parent_path(), quiet);
-    corrector.kept_ = parseCorrections(readWholeFile(corrector.file_).value_or(""));
+    try {
+        corrector.kept_ = parseCorrections(readFileIfAny(corrector.file_));
+    } catch (const NilObjectException& error) {
+        return Failure{dictionary, std::string("its corrections could not be read: ") + error.what()};
+    }
     return {};
 }
 

@@ -20,7 +20,7 @@ constexpr std::uint64_t kLargest = 4096;
 
 std::optional<WorkshopPlacement> readWorkshopPlacement(const FolderItem& preferencesFolder) {
     const auto text = readWholeFile(preferencesFolder.Child(kFile), kLargest);
-    if (!text)
+    if (!text || text->empty())
         return std::nullopt;
     const std::string_view line = LineReader(*text).ReadLine();
     const auto number = [&](std::size_t n) { return toInt32(CDbl(NthField(line, "\t", n))); };

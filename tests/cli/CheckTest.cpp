@@ -149,6 +149,15 @@ TEST_F(Check, FaultsOfImageIndexAndOtherMembers) {
           "mImg\t\thas neither a picture nor an image index\ntxt\t1\tnames \"p\", which is not in mImg\n"},
          {"Format with a long second line", sound().member("Format", "000\n" + std::string(1 << 16, ' ') + "\n"),
           "Format\t2\tgoes beyond 64 KiB; only the first 64 KiB are read\n"}});
+    std::string hundred =
+        "Many/D/ind\t200000\tno closing entry: the last one, \"\", is never shown; one that sorts after all "
+        "others should follow it\n";
+    for (int line = 1; line <= 100; ++line)
+        hundred +=
+            "Many/D/txt\t" + std::to_string(line) + "\tnames no page" + (line < 100 ? "\n" : "; and 199,900 more\n");
+    const std::string empty(200'000, '\n');
+    sound().member("ind", empty).member("txt", empty).writeTo(folder_.at("Many"));
+    expectRun({{"check", "Many/D"}, hundred, "", 1});
     const fs::path own = sound().without("txt").writeTo(folder_.path());
     folder_.fifo("D/txt");
     fs::resize_file(own / "ind", std::uintmax_t{1} << 40);

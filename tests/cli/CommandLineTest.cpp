@@ -68,9 +68,10 @@ TEST_F(CommandLine, FolderWithoutPermissionIsNamed) {
         GTEST_SKIP() << "the program is where only root can start it";
     fs::permissions(folder_.at("G/closed"), fs::perms::none);
     fs::permissions(folder_.at("listed"), fs::perms{0444});
+    const std::string closed = "The folder \"G/closed\" could not be read";
     const std::pair<Arguments, std::string> rows[] = {
         {"groups G/closed", "G/closed"},  {"groups listed", "listed"}, {"dictionaries listed", "listed"},
-        {"dictionaries G", "G/closed"},   {"search G a", "G/closed"},  {"check listed", "listed"},
+        {"dictionaries G", closed},       {"search G a", closed},      {"check listed", "listed"},
         {"check G/closed", "G/closed"},   {"check G", "G/closed"},     {"export listed G", "listed"},
         {"export G/closed G", "G/closed"}};
     for (const auto& [arguments, named] : rows) {

@@ -84,7 +84,7 @@ TEST_F(ListCommands, DictionariesHaveColumnsAndAnOrder) {
     expectRun({{"dictionaries", "G"}, rows, "G/Both: an update was interrupted: run the update again"});
     fs::remove_all(folder_.at("G/Both/.velmarin-1-0.swap"));
     fs::create_directory(folder_.at("G/Broken/ind"));
-    expectRun({{"dictionaries", "G"}, rows, "The index \"G/Broken/ind\" could not be opened.", 2});
+    expectRun({{"dictionaries", "G"}, rows, "The index \"G/Broken/ind\" could not be read: Is a directory", 2});
 }
 
 /// "G" has plain words with errata (as "One" has), Spanish ones, and a dictionary that does not load; "Numbered" an

@@ -3,10 +3,12 @@
 #include "files/LineScanner.h"
 #include "files/ReadOnlyFile.h"
 #include "support/TempFolder.h"
+#include "text/NilObjectException.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <functional>
 #include <random>
 
 namespace velmarin {
@@ -159,6 +161,27 @@ TEST(ReadWholeFile, HoldsToItsLimit) {
     EXPECT_FALSE(readWholeFile(FolderItem(folder.at("sparse"))));
     EXPECT_TRUE(readWholeFile(FolderItem("/proc/version"))->starts_with("Linux version"));
     EXPECT_FALSE(readWholeFile(FolderItem("/proc/version"), 10));
+}
+
+TEST(DiskErrors, AreNoEndOfAFile) {
+    const TempFolder folder;
+    folder.unreadable("bad");
+    const FolderItem bad(folder.at("bad"));
+    const auto file = ReadOnlyFile::open(bad);
+    char byte = 0;
+    EXPECT_FALSE(file->read(0, &byte, 1));
+    EXPECT_FALSE(readWholeFile(bad) || readFileStart(*file, 1));
+    EXPECT_EQ(readFileIfAny(FolderItem(folder.at("missing"))), "");
+    for (const auto& read : std::initializer_list<std::function<void()>>{
+             [&] { readFileIfAny(bad); }, [&] { linesInFile(bad); }, [&] { IndexedTextFile(bad).line(1); }}) {
+        try {
+            read();
+            ADD_FAILURE();
+        } catch (const NilObjectException& failure) {
+            EXPECT_NE(std::string(failure.what()).find("bad\" could not be read: Input/output error"),
+                      std::string::npos);
+        }
+    }
 }
 
 TEST(LineScanner, CutsALineThatIsNoLine) {

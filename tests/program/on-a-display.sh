@@ -14,6 +14,7 @@ ended() {
 }
 trap ended EXIT
 cp "$program" "$folder/velmarin"
+cp "$(dirname "$program")/velmarin-decode" "$folder"
 "$groups" "$folder"
 export XDG_CONFIG_HOME=$folder/config XDG_RUNTIME_DIR=$folder/runtime QT_QPA_PLATFORM=xcb LSAN_OPTIONS=detect_leaks=0
 mkdir -m 700 "$XDG_RUNTIME_DIR"

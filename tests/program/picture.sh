@@ -5,6 +5,7 @@
 for picture in none word list; do
     [ "$(head -c 4 $picture.png | tail -c 3)" = PNG ] || fail "$picture.png is not a picture"
 done
+cp word.png before.png
 ! cmp -s none.png word.png || fail "the word changed nothing"
 
 mkdir DictionaryFolder/Bad DictionaryFolder/Bad/DictionaryPreferences.txt
@@ -18,12 +19,19 @@ refused() {
     [ ! -e refused.png ] || fail "$* made a picture"
 }
 refused 'no group called "Nowhere"' --group Nowhere banana
-refused 'the group "Bad" could not be opened' --group Bad
 refused 'only be searched in a group' banana
+./velmarin --picture bad.png --group Bad 2>said && grep -q 'Bad/DictionaryPreferences.txt" could not' said ||
+    fail "preferences that cannot be read are not named: $(cat said)"
 status=0
 ./velmarin --picture missing/x.png --group Two 2>said || status=$?
 [ $status -eq 2 ] || fail "a picture that cannot be written ended with $status"
 status=0
 env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ./velmarin 2>said || status=$?
 [ $status -eq 2 ] && grep -q 'no display' said || fail "a missing display is not said"
+status=0
+DISPLAY=:98765 ./velmarin 2>said || status=$?
+[ $status -eq 2 ] && grep -q 'display :98765 could not be reached' said || fail "an unreachable display: $status"
+status=0
+(ulimit -f 1 && trap '' XFSZ && exec ./velmarin --picture word.png --group Two) 2>said || status=$?
+[ $status -eq 2 ] && cmp -s word.png before.png || fail "a full disk breaks the old picture: $status $(cat said)"
 [ "$(./velmarin --version | cut -d' ' -f1)" = velmarin ] || fail "no version"

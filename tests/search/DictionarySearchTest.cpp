@@ -73,6 +73,9 @@ TEST(HitSelection, AMissingTxtIsReportedAndCountsAsALineWithoutMarkup) {
     EXPECT_EQ(result.line.imageName, "");
     EXPECT_EQ(messages.texts,
               std::vector<std::string>{"mFiMod_GetTextFiLinesByLineNums_StringArray,TextFileFi does not exist."});
+    folder.unreadable("D/txt");
+    EXPECT_EQ(searchDictionary("B", item, SearchForm::Tab).line.imageName, "");
+    EXPECT_NE(messages.texts.back().find("/D/txt\" could not be read: Input/output error"), std::string::npos);
 }
 
 TEST(TxtLine, MarkupGivesThePageAndTheErrata) {

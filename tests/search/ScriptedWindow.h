@@ -159,6 +159,7 @@ class ScriptedWindow : TabDisplay, HitDisplay, SearchDisplay {
         return captions.push_back(caption), pages.emplace_back();
     }
     void removeLaterTabs() override { pages.resize(1), captions.resize(1); }
+    void setTabFailure(int, const std::string&) override {}
     void setTabCaption(int tab, const std::string& text) override { captions.at(static_cast<std::size_t>(tab)) = text; }
     void bringTabToFront(int tab) override { front = tab; }
     void openErratum(const FolderItem& file, int frontTab) override {

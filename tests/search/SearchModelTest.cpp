@@ -89,8 +89,7 @@ TEST(GroupOpener, LeavingDropsAllButListModeAndTheCheckBox) {
     ScriptedWindow window;
     window.open(fruits("G", 2).preferences("G\t1\t\n"));
     window.walk({{"search banana", "A/2 2 1 2:2"}, {"last", "- - 0"}, {"search banana", "B/2 2 1 2:2"}});
-    std::filesystem::create_directories(window.folder.path() / "Bad" / "DictionaryPreferences.txt");
-    EXPECT_THROW(window.open(fruits("Bad", 1)), NilObjectException);
+    EXPECT_THROW(window.model.opener.read(FolderItem(window.folder.write("Bad", "a file"))), NilObjectException);
     EXPECT_EQ(window.state(), "- - 0 off");
     EXPECT_EQ(Join(window.captions, ","), "Tab 0");
     EXPECT_TRUE(window.model.group.pDictionaryGroupFolder.isNil());

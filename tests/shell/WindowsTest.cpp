@@ -113,12 +113,10 @@ TEST(Windows, WithoutGroupsTheToolTipOfThePopUpSaysWhereTheyBelong) {
 }
 
 TEST(Windows, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
-    Started run({fruitGroup("Good", 2), fruitGroup("Bad", 1), fruitGroup("Gone", 1), GroupBuilder("Empty")});
-    const auto unreadable = run.groupFolder("Bad") / "DictionaryPreferences.txt";
-    std::filesystem::create_directory(unreadable);
+    Started run({fruitGroup("Good", 2), fruitGroup("Gone", 1), GroupBuilder("Empty")});
     std::filesystem::remove_all(run.groupFolder("Gone"));
     run.files.write("DictionaryFolder/Gone", "a file, which cannot be listed");
-    for (const std::string group : {"Bad", "Gone", "Empty"}) {
+    for (const std::string group : {"Gone", "Empty"}) {
         SCOPED_TRACE(group);
         const bool isRead = group == "Empty";
         run.pick("Good");
@@ -133,10 +131,26 @@ TEST(Windows, AGroupThatCannotBeReadLeavesAWindowWithoutAGroup) {
         for (const char* control : {"OKBT", "SeparatelyCB", "SubWinBV"})
             EXPECT_EQ(run.control<QWidget>(control).isEnabled(), isRead) << control;
     }
-    std::filesystem::remove(unreadable);
-    run.pick("Bad");
+    run.pick("Good");
     EXPECT_EQ(run.host.messages, std::vector<std::string>{});
     EXPECT_FALSE(run.label("NoticeST").isVisible());
+}
+
+TEST(Windows, WhatCannotBeReadOfAGroupIsToldWithItsNameAndStays) {
+    Started run(
+        {fruitGroup("Good", 2).dictionary(fruit("Bad").without("ind").member("ind/x", "")), fruitGroup("Unread", 2)});
+    run.files.write("DictionaryFolder/Good/DictionaryPreferences.txt", "Good\t0\t\nBad\t1\n");
+    run.files.unreadable("DictionaryFolder/Unread/DictionaryPreferences.txt");
+    run.pick("Good");
+    EXPECT_EQ(run.host.messages, std::vector<std::string>{"Error: ReadDictionaryFolder 0"});
+    EXPECT_NE(run.host.details[0].find("/Good/Bad/ind\" could not be read: Is a directory"), std::string::npos);
+    EXPECT_NE(run.window().findChild<QTabBar*>()->tabToolTip(0).indexOf("/Good/Bad/ind"), -1);
+    run.pick("Unread");
+    EXPECT_EQ(run.host.details.size(), 2U);
+    run.search("banana");
+    EXPECT_TRUE(run.canvas().hasImage());
+    run.pick("Good");
+    EXPECT_TRUE(std::filesystem::is_symlink(run.groupFolder("Unread") / "DictionaryPreferences.txt"));
 }
 
 TEST(Windows, OrderFitsAndTheCheckBoxAreSavedAndAClosedWindowComesBackWithoutAGroup) {
@@ -185,11 +199,12 @@ TEST(Windows, OnlyTheFirstSavesItsPlacementAndAllTakeIt) {
 
 TEST(StartRequest, AWordWithoutAGroupWaitsForAPickAndIsSearchedOnce) {
     const std::pair<const char*, const char*> cases[] = {
-        {"", ""}, {"Nonsense", "There is no group called ‘Nonsense’"}, {"Bad", "DictionaryPreferences.txt"}};
+        {"", ""}, {"Nonsense", "There is no group called ‘Nonsense’"}, {"Bad", "DictionaryFolder/Bad"}};
     for (const auto& [group, reason] : cases) {
         SCOPED_TRACE(group);
         Started run({fruitGroup("Good", 2), fruitGroup("Bad", 1)});
-        std::filesystem::create_directory(run.groupFolder("Bad") / "DictionaryPreferences.txt");
+        std::filesystem::remove_all(run.groupFolder("Bad"));
+        run.files.write("DictionaryFolder/Bad", "a file, which cannot be listed");
         runStartRequest(run.window(), {.group = group, .word = "banana"});
         const QLabel& notice = run.label("NoticeST");
         EXPECT_TRUE(notice.isVisible());

@@ -178,6 +178,12 @@ TEST(DamagedDictionary, DoesNotKeepTheOthersFromAnswering) {
         const DictionaryService service(FolderItem(folder.path()));
         EXPECT_EQ(service.TextDefinition("amo", 0, 3), "Latin - Français\n\namo\n   aimer");
     }
+    const TempFolder folder;
+    latin().writeTo(folder, "lat", 50);
+    fs::remove(folder.at("lat.dict.dz"));
+    folder.unreadable("lat.dict.dz");
+    EXPECT_NE(DictionaryService(FolderItem(folder.path())).TextDefinition("amo", 0, 3).find("could not be read"),
+              std::string::npos);
 }
 
 TEST(IndexOrder, BisectionFindsWhatALinearSearchFinds) {

@@ -142,5 +142,14 @@ TEST_F(Model, ClosedWhileItReadsItsSettingsLeavesThemAlone) {
     EXPECT_EQ(display.released, 1);
 }
 
+TEST_F(Model, SettingsThatCannotBeReadAreToldAndStay) {
+    groupFolder.unreadable("Subwindow");
+    open().setFontRow(7);
+    model->close(400);
+    EXPECT_TRUE(fs::is_symlink(groupFolder.at("Subwindow")));
+    ASSERT_EQ(host.messages.size(), 1U);
+    EXPECT_NE(host.messages[0].find("/Subwindow\" could not be read: Input/output error"), std::string::npos);
+}
+
 } // namespace
 } // namespace velmarin

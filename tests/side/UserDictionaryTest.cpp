@@ -136,6 +136,8 @@ TEST(BuildRefused, LeavesAnEarlierDictionaryAsItIs) {
         const char* reason;
     } cases[] = {{[](Built&, const fs::path& source) { fs::create_directory(source); }, "could not be read"},
                  {[](Built& earlier, const fs::path& source) { earlier.folder.fifo(source); }, "could not be read"},
+                 {[](Built& earlier, const fs::path& source) { earlier.folder.unreadable(source); },
+                  "source\" could not be read: Input/output error"},
                  {[](Built& earlier, const fs::path& source) { earlier.folder.link(source, "Latin/Text.txt"); },
                   "is the data file itself"},
                  {[](Built& earlier, const fs::path& source) {

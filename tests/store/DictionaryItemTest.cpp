@@ -77,7 +77,12 @@ TEST(MakeDictionaryItem, NamesWhatExistsAndCannotBeOpened) {
     with("ind/inside", "").without("ind").writeTo(folder.at("ind"));
     one().without("ind").writeTo(folder.at("fifo"));
     folder.fifo("fifo/Dic/ind");
-    for (const char* file : {"Format/Dic/Format", "ind/Dic/ind", "fifo/Dic/ind"}) {
+    one().without("ind").writeTo(folder.at("bad"));
+    folder.unreadable("bad/Dic/ind");
+    one().writeTo(folder.at("bad Format"));
+    folder.unreadable("bad Format/Dic/Format");
+    for (const char* file :
+         {"Format/Dic/Format", "ind/Dic/ind", "fifo/Dic/ind", "bad/Dic/ind", "bad Format/Dic/Format"}) {
         DictionaryItem item;
         try {
             MakeDictionaryItem(FolderItem(folder.at(file).parent_path()), item, 0);

@@ -117,15 +117,21 @@ TEST(ReadGroup, ADictionaryThatCannotBeReadKeepsItsPlaceIfItIsListed) {
     for (const char* name : {"a", "B"})
         fs::permissions(own / name, fs::perms(0755));
     EXPECT_EQ(shown(refused), "Name|1| C:1:3 D:1:- a:1:-");
-    EXPECT_EQ(refused.failures.size(), 3u);
+    EXPECT_EQ(refused.failures.size(), 4u);
 }
 
-TEST(ReadGroup, ThrowsIfTheFolderOrItsPreferencesCannotBeRead) {
+TEST(ReadGroup, ThrowsIfTheFolderCannotBeReadButNotForItsPreferences) {
     const TempFolder folder;
     three().writeTo(folder.path());
-    folder.fifo("G/DictionaryPreferences.txt");
-    for (const FolderItem& item : {FolderItem(), FolderItem(folder.write("file", "")), FolderItem(folder.at("G"))})
+    folder.unreadable("G/DictionaryPreferences.txt");
+    for (const FolderItem& item : {FolderItem(), FolderItem(folder.write("file", ""))})
         EXPECT_THROW(readGroup(item), NilObjectException);
+    const Group read = readGroup(FolderItem(folder.at("G")));
+    EXPECT_EQ(shown(read), "|0| a:2:3 B:2:3 C:2:3");
+    EXPECT_FALSE(read.preferencesRead);
+    ASSERT_EQ(read.failures.size(), 1U);
+    EXPECT_NE(read.failures[0].find("/G/DictionaryPreferences.txt\" could not be read: Input/output error"),
+              std::string::npos);
 }
 
 TEST(ListGroups, GivesTheVisibleFoldersAndLinksToFolders) {
@@ -177,7 +183,7 @@ TEST(WindowPlacement, IsReadBackAndMissingNumbersAreZero) {
     };
     EXPECT_EQ(rewritten("-12\t34\t800\t600\t\n"), "-12\t34\t800\t600\t\n");
     EXPECT_EQ(rewritten("1\t2"), "1\t2\t0\t0\t\n");
-    EXPECT_EQ(rewritten(""), "0\t0\t0\t0\t\n");
+    EXPECT_EQ(rewritten("\n"), "0\t0\t0\t0\t\n");
     EXPECT_EQ(rewritten("a\t2.9\t99999999999\t4\t5\t6\r\n9"), "0\t2\t2147483647\t4\t\n");
     EXPECT_FALSE(writeWindowPlacement(missing, {}));
     EXPECT_FALSE(readWindowPlacement(missing));

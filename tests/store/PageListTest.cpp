@@ -58,7 +58,9 @@ TEST(PageList, ThrowsWithoutIndexAndPicture) {
     folder.write("dir/ImageIndex/p.tif", "");
     fs::create_directories(folder.at("fifo"));
     folder.fifo("fifo/ImageIndex2");
-    for (const char* name : {"empty", "dir", "fifo", "missing", "empty/notes.txt"})
+    fs::create_directories(folder.at("bad"));
+    folder.unreadable("bad/ImageIndex");
+    for (const char* name : {"empty", "dir", "fifo", "bad", "missing", "empty/notes.txt"})
         EXPECT_THROW(readPageList(FolderItem(folder.at(name))), NilObjectException) << name;
     EXPECT_THROW(readPageList(FolderItem()), NilObjectException);
 }

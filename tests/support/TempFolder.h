@@ -26,6 +26,8 @@ class TempFolder {
     /// Writes a file and returns its path.
     std::filesystem::path write(const std::filesystem::path& name, std::string_view bytes) const;
     void fifo(const std::filesystem::path& name) const;
+    /// A regular file of which no byte can be read: EIO.
+    void unreadable(const std::filesystem::path& name) const { link(name, "/proc/self/mem"); }
     void link(const std::filesystem::path& name, const std::filesystem::path& target) const;
 
     std::string read(const std::filesystem::path& name) const { return readFile(at(name)); }

@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include <jpeglib.h>
+#include <sys/resource.h>
 #include <tiffio.h>
 
 namespace velmarin::test {
@@ -208,6 +209,12 @@ std::string pict(const std::vector<PictMapLayout>& maps, int version) {
 
 std::string smallPict() {
     return pict({{0x90, 8, 1, "f000 0f00", ""}});
+}
+
+long mostMemory() {
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_maxrss;
 }
 
 } // namespace velmarin::test

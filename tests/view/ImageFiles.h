@@ -56,4 +56,7 @@ std::string pict(const std::vector<PictMapLayout>& maps, int version = 2);
 /// A PICT of 8 by 2 pixels of ink: "0000ffff/ffff0000" as text.
 std::string smallPict();
 
+/// The most memory that this process has had, in KB.
+long mostMemory();
+
 } // namespace velmarin::test

@@ -5,9 +5,15 @@
 #include "store/GroupPreferences.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
+#include "threads/WorkerPool.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <future>
+#include <iterator>
 #include <unordered_map>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -73,38 +79,90 @@ class FoundDictionaries {
     std::unordered_map<std::string, FolderItem> left_;
 };
 
-/// Appends a dictionary and loads it; false if it does not load.
-bool appendAndLoad(const FolderItem& folder, int imageMode, Group& into) {
-    auto item = std::make_shared<DictionaryItem>();
-    item->ImageMode = imageMode;
-    into.dictionaries.push_back(item);
+/// What came of loading a dictionary.
+struct LoadOutcome {
+    bool complete = false;
+    std::vector<std::string> failures;
+};
+
+/// A dictionary of the group on its way into the list.
+struct Candidate {
+    FolderItem folder;
+    std::shared_ptr<DictionaryItem> item;
+    /// Whether the preferences name it, so that it keeps its place even if it does not load.
+    bool listed;
+};
+
+LoadOutcome load(const Candidate& candidate, bool findTxtLines) {
+    LoadOutcome outcome;
+    const int refused = candidate.listed ? accessError(candidate.folder, X_OK) : 0;
     try {
-        return MakeDictionaryItem(folder, *item, static_cast<int>(into.dictionaries.size()) - 1);
+        outcome.complete = MakeDictionaryItem(candidate.folder, *candidate.item, 0);
+        if (outcome.complete && findTxtLines)
+            candidate.item->txtLines.findLines();
     } catch (const NilObjectException& failure) {
-        into.failures.emplace_back(failure.what());
-        return false;
+        outcome.failures.emplace_back(failure.what());
     }
+    if (!outcome.complete && refused != 0)
+        outcome.failures.push_back(unreadable(candidate.folder, refused));
+    return outcome;
 }
 
-void readListed(const FolderItem& file, const FolderListing& members, FoundDictionaries& found, Group& into,
-                const std::function<void()>& afterEach) {
-    const GroupPreferences preferences = readGroupPreferences(file);
-    into.groupName = preferences.groupName;
-    into.separately = preferences.separately;
-    for (const GroupPreferences::Entry& entry : preferences.dictionaries) {
-        const FolderItem folder = members.Child(entry.name);
-        if (!found.take(folder))
+std::vector<Candidate> candidatesIn(const FolderListing& members, Group& into) {
+    FoundDictionaries found(members);
+    std::vector<Candidate> candidates;
+    const auto add = [&](const FolderItem& folder, int imageMode, bool listed) {
+        auto item = std::make_shared<DictionaryItem>();
+        item->ImageMode = imageMode;
+        candidates.push_back({folder, std::move(item), listed});
+    };
+    if (const FolderItem file = members.Child("DictionaryPreferences.txt"); file.Exists()) {
+        const GroupPreferences preferences = readGroupPreferences(file);
+        into.groupName = preferences.groupName;
+        into.separately = preferences.separately;
+        for (const GroupPreferences::Entry& entry : preferences.dictionaries)
+            if (const FolderItem folder = members.Child(entry.name); found.take(folder))
+                add(folder, entry.ImageMode, true);
+    }
+    for (const FolderItem& folder : found.left())
+        add(folder, kAdjustByWidth, false);
+    return candidates;
+}
+
+/// Loads all on the threads of a pool, and takes what loads into `into`, in order.
+void loadAll(const std::vector<Candidate>& candidates, const GroupReading& how, Group& into) {
+    if (candidates.empty())
+        return;
+    constexpr std::chrono::milliseconds kBetweenCalls{20};
+    WorkerPool pool(std::min(WorkerPool::coreCount(), static_cast<unsigned>(candidates.size())));
+    std::vector<std::future<LoadOutcome>> outcomes;
+    for (const Candidate& candidate : candidates)
+        outcomes.push_back(pool.run([&] { return load(candidate, how.findTxtLines); }));
+    const auto goOn = [&](std::size_t done) {
+        if (how.goesOn && !how.goesOn(done, candidates.size()) && !into.stopped) {
+            into.stopped = true;
+            pool.drop();
+        }
+    };
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        // Also after a stop: what has begun may wait for a disk, and the window is to live on.
+        while (outcomes[i].wait_for(kBetweenCalls) != std::future_status::ready)
+            goOn(i);
+        if (into.stopped)
             continue;
-        if (const int error = accessError(folder, X_OK); !appendAndLoad(folder, entry.ImageMode, into) && error != 0)
-            into.failures.push_back(unreadable(folder, error));
-        if (afterEach)
-            afterEach();
+        LoadOutcome outcome = outcomes[i].get();
+        if (candidates[i].listed || outcome.complete) {
+            candidates[i].item->TabNum = static_cast<int>(into.dictionaries.size());
+            into.dictionaries.push_back(candidates[i].item);
+        }
+        std::move(outcome.failures.begin(), outcome.failures.end(), std::back_inserter(into.failures));
+        goOn(i + 1);
     }
 }
 
 } // namespace
 
-Group readGroup(const FolderItem& group, const std::function<void()>& afterEach) {
+Group readGroup(const FolderItem& group, const GroupReading& how) {
     Group into;
     if (!group.Exists()) {
         group.CreateAsFolder();
@@ -113,15 +171,7 @@ Group readGroup(const FolderItem& group, const std::function<void()>& afterEach)
     const FolderListing members(group);
     if (const int error = accessError(group, R_OK | X_OK); error != 0 || !members.listed())
         throw NilObjectException(unreadable(group, error != 0 ? error : EIO));
-    FoundDictionaries found(members);
-    if (const FolderItem file = members.Child("DictionaryPreferences.txt"); file.Exists())
-        readListed(file, members, found, into, afterEach);
-    for (const FolderItem& folder : found.left()) {
-        if (!appendAndLoad(folder, kAdjustByWidth, into))
-            into.dictionaries.pop_back();
-        if (afterEach)
-            afterEach();
-    }
+    loadAll(candidatesIn(members, into), how, into);
     return into;
 }
 

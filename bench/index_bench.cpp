@@ -1,6 +1,7 @@
 // Loading an index, beside the plainest loop that could do it: one pass, one table look-up a character, one buffer. The
 // loop knows neither "__DLM__" nor CR ends, checks no order and trusts its input to be UTF-8.
 
+#include "MadeDictionaries.h"
 #include "files/FolderItem.h"
 #include "store/DictionaryItem.h"
 #include "text/SearchWord.h"
@@ -8,75 +9,24 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
-#include <random>
 #include <string>
 #include <vector>
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
 using namespace velmarin;
+using namespace velmarin::bench;
 namespace fs = std::filesystem;
 
 constexpr std::size_t kLines = 200'000;
-
-/// A folder below that of temporary files, removed at the end.
-class ScratchFolder {
-  public:
-    ScratchFolder() {
-        std::string name = (fs::temp_directory_path() / "index_bench-XXXXXX").native();
-        path_ = mkdtemp(name.data());
-    }
-    ~ScratchFolder() { fs::remove_all(path_); }
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    const fs::path& path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
-
-std::vector<std::string> sortedWords(const std::vector<std::string>& letters, std::size_t shortest,
-                                     std::size_t longest) {
-    std::mt19937 engine(1);
-    std::uniform_int_distribution<std::size_t> length(shortest, longest), letter(0, letters.size() - 1);
-    std::vector<std::string> words(kLines);
-    for (std::string& word : words)
-        for (std::size_t left = length(engine); left > 0; --left)
-            word += letters[letter(engine)];
-    std::sort(words.begin(), words.end(),
-              [](const auto& a, const auto& b) { return mSub_MakeSearchWord(a) < mSub_MakeSearchWord(b); });
-    return words;
-}
-
-std::vector<std::string> letters(char32_t first, char32_t last) {
-    std::vector<std::string> all;
-    for (char32_t c = first; c <= last; ++c)
-        appendUtf8(all.emplace_back(), c);
-    return all;
-}
-
-void writeDictionary(const fs::path& folder, const std::vector<std::string>& words, const char* afterWord) {
-    fs::create_directories(folder / "mImg");
-    std::ofstream(folder / "FW");
-    std::ofstream ind(folder / "ind"), txt(folder / "txt");
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        ind << words[i] << afterWord << '\n';
-        txt << words[i] << " <@_page" << i / 40 << ".tif_>\n";
-    }
-}
 
 /// The dictionaries that are loaded, made once.
 const fs::path& dictionaries() {
@@ -86,10 +36,10 @@ const fs::path& dictionaries() {
         auto accented = english;
         for (const char* letter : {"é", "à", "ü", "ß", "ñ"})
             accented.emplace_back(letter);
-        writeDictionary(folder.path() / "English", sortedWords(english, 5, 13), "");
-        writeDictionary(folder.path() / "marked", sortedWords(english, 5, 13), "__DLM__n.");
-        writeDictionary(folder.path() / "accented", sortedWords(accented, 5, 13), "");
-        writeDictionary(folder.path() / "Japanese", sortedWords(letters(U'ぁ', U'ん'), 3, 8), "");
+        writeDictionary(folder.path() / "English", sortedWords(kLines, english, 5, 13), "");
+        writeDictionary(folder.path() / "marked", sortedWords(kLines, english, 5, 13), "__DLM__n.");
+        writeDictionary(folder.path() / "accented", sortedWords(kLines, accented, 5, 13), "");
+        writeDictionary(folder.path() / "Japanese", sortedWords(kLines, letters(U'ぁ', U'ん'), 3, 8), "");
         return true;
     }();
     benchmark::DoNotOptimize(made);

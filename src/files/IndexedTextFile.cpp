@@ -2,6 +2,8 @@
 
 #include "files/LineScanner.h"
 
+#include <algorithm>
+
 namespace velmarin {
 
 IndexedTextFile::IndexedTextFile(FolderItem file) : file_(std::move(file)) {}
@@ -25,7 +27,9 @@ IndexedTextFile::Line IndexedTextFile::line(std::uint64_t number) {
     std::string_view text;
     const std::uint64_t before = number - 1;
     if (before < places_.lines) {
-        LineScanner lines(*file, places_.everyNth[before / LinePlaces::kStep]);
+        const std::size_t known = before / LinePlaces::kStep;
+        const std::uint64_t piece = std::clamp<std::uint64_t>(places_.bytesFrom(known), 3, LineScanner::kWindow);
+        LineScanner lines(*file, places_.everyNth[known], static_cast<std::size_t>(piece));
         for (std::uint64_t i = 0; i <= before % LinePlaces::kStep; ++i)
             lines.next(text);
         return {.status = Status::Found, .text = std::string(text)};

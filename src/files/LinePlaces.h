@@ -19,6 +19,11 @@ struct LinePlaces {
     /// Where the line after these begins, or the end of the file.
     std::uint64_t end = 0;
 
+    /// How many bytes of known lines begin at everyNth[i].
+    std::uint64_t bytesFrom(std::size_t i) const {
+        return (i + 1 < everyNth.size() ? everyNth[i + 1] : end) - everyNth[i];
+    }
+
     /// Adds the line after the known ones, which ends before `next`.
     void add(std::uint64_t next) {
         if (lines % kStep == 0)

@@ -24,10 +24,10 @@ Lines linesInMemory(const std::string& text) {
     return lines;
 }
 
-Lines linesInFile(const FolderItem& item) {
+Lines linesInFile(const FolderItem& item, std::size_t piece = LineScanner::kWindow) {
     Lines lines;
     const auto file = ReadOnlyFile::open(item);
-    LineScanner scanner(*file);
+    LineScanner scanner(*file, 0, piece);
     for (std::string_view line; scanner.next(line);)
         lines.emplace_back(line);
     return lines;
@@ -90,7 +90,8 @@ TEST(LineEnds, AreTakenAlikeByEveryReader) {
         const FolderItem item(folder.write("txt", text));
         IndexedTextFile indexed(item);
         EXPECT_EQ(linesInMemory(text), lines);
-        EXPECT_EQ(linesInFile(item), lines);
+        for (const std::size_t piece : {kWindow, std::size_t{5}})
+            EXPECT_EQ(linesInFile(item, piece), lines);
         EXPECT_EQ(linesByNumber(indexed), lines);
         expectPlaces(item, placesByLine(text));
     }

@@ -55,6 +55,9 @@ inline std::vector<std::string> letters(char32_t first, char32_t last) {
     return all;
 }
 
+inline constexpr std::size_t kLinesAPage = 40;
+
+/// A dictionary without pictures. `afterWord` follows the word in each line of `ind`.
 inline void writeDictionary(const std::filesystem::path& folder, const std::vector<std::string>& words,
                             const char* afterWord) {
     std::filesystem::create_directories(folder / "mImg");
@@ -62,8 +65,12 @@ inline void writeDictionary(const std::filesystem::path& folder, const std::vect
     std::ofstream ind(folder / "ind"), txt(folder / "txt");
     for (std::size_t i = 0; i < words.size(); ++i) {
         ind << words[i] << afterWord << '\n';
-        txt << words[i] << " <@_page" << i / 40 << ".tif_>\n";
+        txt << words[i] << " <@_page" << i / kLinesAPage << ".tif_>\n";
     }
+    std::ofstream pages(folder / "mImg" / "ImageIndex");
+    pages << (words.size() - 1) / kLinesAPage << '\n';
+    for (std::size_t page = 0; page * kLinesAPage < words.size(); ++page)
+        pages << "page" << page << ".tif\n";
 }
 
 } // namespace velmarin::bench

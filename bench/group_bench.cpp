@@ -3,16 +3,16 @@
 #include "MadeDictionaries.h"
 #include "search/DictionarySearch.h"
 #include "store/Group.h"
-#include "threads/WorkerPool.h"
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
-#include <memory>
+#include <fstream>
+#include <map>
 #include <string>
 
 #include <malloc.h>
 #include <sched.h>
+#include <unistd.h>
 
 namespace {
 
@@ -71,15 +71,18 @@ void open(benchmark::State& state) {
     }
 }
 
-std::size_t allocated() {
-    const auto now = mallinfo2();
-    return now.uordblks + now.hblkhd;
+/// The memory of the process that is in use, in bytes.
+std::size_t resident() {
+    malloc_trim(0);
+    std::size_t size = 0, pages = 0;
+    std::ifstream("/proc/self/statm") >> size >> pages;
+    return pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
 }
 
 /// A query in every dictionary of a group. Before the first ones, all is read again.
 void query(benchmark::State& state, bool first) {
     const FolderItem folder(group(static_cast<std::size_t>(state.range(0)), static_cast<std::size_t>(state.range(1))));
-    const std::size_t before = allocated();
+    const std::size_t before = resident();
     Group read = readGroup(folder, {.findTxtLines = true, .goesOn = {}});
     std::size_t words = 0, lines = 0;
     for (const auto& item : read.dictionaries) {
@@ -87,7 +90,7 @@ void query(benchmark::State& state, bool first) {
         for (std::size_t i = 0; i < item->IND.size(); ++i)
             words += item->IND[i].size();
     }
-    state.counters["memory/allowed"] = static_cast<double>(allocated() - before) /
+    state.counters["memory/allowed"] = static_cast<double>(resident() - before) /
                                        (1.3 * static_cast<double>(words) + 4.0 * static_cast<double>(lines));
     for (auto _ : state) {
         if (first) {

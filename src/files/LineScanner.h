@@ -13,7 +13,7 @@ namespace velmarin {
 class LineScanner {
   public:
     /// `file` must outlive the scanner; `offset` is where a line begins. `piece` is how much is read at a time, at
-    /// least 1: less for one who wants a few lines only.
+    /// least 3 (a byte-order mark): less for a caller that wants a few lines only.
     explicit LineScanner(const ReadOnlyFile& file, std::uint64_t offset = 0, std::size_t piece = kWindow);
 
     /// False at the end of the file. The view is valid until the next call. Bytes of a line after the first

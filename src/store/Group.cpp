@@ -136,6 +136,7 @@ void loadAll(const std::vector<Candidate>& candidates, const GroupReading& how, 
     constexpr std::chrono::milliseconds kBetweenCalls{20};
     WorkerPool pool(std::min(WorkerPool::coreCount(), static_cast<unsigned>(candidates.size())));
     std::vector<std::future<LoadOutcome>> outcomes;
+    outcomes.reserve(candidates.size());
     for (const Candidate& candidate : candidates)
         outcomes.push_back(pool.run([&] { return load(candidate, how.findTxtLines); }));
     const auto goOn = [&](std::size_t done) {

@@ -13,9 +13,9 @@
 
 namespace velmarin {
 
-/// A few threads for work without side effects: reading, decoding, reducing. Whoever needs them makes a pool and ends
-/// it; there is none that lives as long as the program. Windows, messages and the models of windows belong to the main
-/// thread and are not to be touched by the work.
+/// A few threads for work without side effects: reading, decoding, reducing. A caller that needs them makes a pool and
+/// ends it; there is none that lives as long as the program. Windows, messages and the models of windows belong to the
+/// main thread and are not to be touched by the work.
 class WorkerPool {
   public:
     /// As many threads as the process has processor cores.

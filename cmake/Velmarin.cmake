@@ -2,6 +2,7 @@
 
 option(VELMARIN_WERROR "Treat warnings as errors" ON)
 option(VELMARIN_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(VELMARIN_SANITIZE_THREADS "Build with ThreadSanitizer" OFF)
 
 add_library(velmarin_options INTERFACE)
 target_compile_features(velmarin_options INTERFACE cxx_std_20)
@@ -12,6 +13,10 @@ if(VELMARIN_SANITIZE)
   target_compile_options(velmarin_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                     -fno-omit-frame-pointer)
   target_link_options(velmarin_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(VELMARIN_SANITIZE_THREADS)
+  target_compile_options(velmarin_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  target_link_options(velmarin_options INTERFACE -fsanitize=thread)
 endif()
 
 option(VELMARIN_PCH "Compile the headers of the libraries once a target: most of a build's time goes into reading them" OFF)
@@ -58,7 +63,7 @@ function(velmarin_test name)
   cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE velmarin_options velmarin_test_support ${ARG_LINKS})
-  if(VELMARIN_SANITIZE)
+  if(VELMARIN_SANITIZE OR VELMARIN_SANITIZE_THREADS)
     # With the sanitizers g++ 12 takes parts of std::regex for uninitialised, and strings of a computed length for ones
     # of any length; they are not.
     # Tests run once after they are compiled: without optimisation both together take less.

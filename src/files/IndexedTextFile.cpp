@@ -2,6 +2,8 @@
 
 #include "files/LineScanner.h"
 
+#include <algorithm>
+
 namespace velmarin {
 
 IndexedTextFile::IndexedTextFile(FolderItem file) : file_(std::move(file)) {}
@@ -11,9 +13,7 @@ void IndexedTextFile::forgetPlacesUnlessSame(const FileStamp& stamp) {
         return;
     stamp_ = stamp;
     wasSettled_ = settled(stamp);
-    everyNth_.clear();
-    knownLines_ = 0;
-    knownTo_ = 0;
+    places_ = {};
 }
 
 IndexedTextFile::Line IndexedTextFile::line(std::uint64_t number) {
@@ -26,26 +26,29 @@ IndexedTextFile::Line IndexedTextFile::line(std::uint64_t number) {
 
     std::string_view text;
     const std::uint64_t before = number - 1;
-    if (before < knownLines_) {
-        LineScanner lines(*file, everyNth_[before / kStep]);
-        for (std::uint64_t i = 0; i <= before % kStep; ++i)
+    if (before < places_.lines) {
+        const std::size_t known = before / LinePlaces::kStep;
+        const std::uint64_t piece = std::clamp<std::uint64_t>(places_.bytesFrom(known), 3, LineScanner::kWindow);
+        LineScanner lines(*file, places_.everyNth[known], static_cast<std::size_t>(piece));
+        for (std::uint64_t i = 0; i <= before % LinePlaces::kStep; ++i)
             lines.next(text);
         return {.status = Status::Found, .text = std::string(text)};
     }
-    LineScanner lines(*file, knownTo_);
+    LineScanner lines(*file, places_.end);
     while (lines.next(text)) {
-        notePlace(knownTo_);
-        ++knownLines_;
-        knownTo_ = lines.position();
-        if (knownLines_ == number)
+        places_.add(lines.position());
+        if (places_.lines == number)
             return {.status = Status::Found, .text = std::string(text)};
     }
     return {.status = Status::NoSuchLine, .text = {}};
 }
 
-void IndexedTextFile::notePlace(std::uint64_t place) {
-    if (knownLines_ % kStep == 0)
-        everyNth_.push_back(place);
+void IndexedTextFile::findLines() {
+    const auto file = file_.isNil() ? std::nullopt : ReadOnlyFile::open(file_);
+    if (!file)
+        return;
+    forgetPlacesUnlessSame(file->stamp());
+    places_ = findLinePlaces(*file);
 }
 
 } // namespace velmarin

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "files/FolderItem.h"
+#include "files/LinePlaces.h"
 #include "files/ReadOnlyFile.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace velmarin {
 
@@ -28,21 +28,16 @@ class IndexedTextFile {
     /// Raises NilObjectException if the disk fails.
     Line line(std::uint64_t number);
 
-  private:
-    /// The interval, in lines, at which places are noted.
-    static constexpr std::uint64_t kStep = 64;
+    /// Finds where all lines begin, in one pass, so that no later question has to.
+    void findLines();
 
+  private:
     void forgetPlacesUnlessSame(const FileStamp& stamp);
-    /// `place` is where the line after the known ones begins.
-    void notePlace(std::uint64_t place);
 
     FolderItem file_;
     FileStamp stamp_;
     bool wasSettled_ = false;
-    /// Where lines 1, 1 + kStep, 1 + 2 kStep ... begin, as far as known.
-    std::vector<std::uint64_t> everyNth_;
-    std::uint64_t knownLines_ = 0;
-    std::uint64_t knownTo_ = 0;
+    LinePlaces places_;
 };
 
 } // namespace velmarin

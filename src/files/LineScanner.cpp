@@ -8,8 +8,8 @@
 
 namespace velmarin {
 
-LineScanner::LineScanner(const ReadOnlyFile& file, std::uint64_t offset)
-    : file_(file), window_(kWindow), readTo_(offset) {
+LineScanner::LineScanner(const ReadOnlyFile& file, std::uint64_t offset, std::size_t piece)
+    : file_(file), piece_(piece), window_(piece), readTo_(offset) {
     refill();
     if (offset == 0 && std::string_view(window_.data(), filled_).starts_with(kByteOrderMark))
         at_ = nextLf_ = nextCr_ = kByteOrderMark.size();
@@ -24,7 +24,7 @@ bool LineScanner::refill() {
     nextCr_ -= std::min(at_, nextCr_);
     filled_ -= at_;
     at_ = 0;
-    if (window_.size() - filled_ < kWindow)
+    if (window_.size() - filled_ < piece_)
         window_.resize(std::min(window_.size() * 2, kLongestLine + 2 * kWindow));
     const std::size_t got = file_.readOrRaise(readTo_, window_.data() + filled_, window_.size() - filled_);
     readTo_ += got;

@@ -12,8 +12,9 @@ namespace velmarin {
 /// Lines end as in LineReader; a byte-order mark at the start of the file belongs to no line.
 class LineScanner {
   public:
-    /// `file` must outlive the scanner; `offset` is where a line begins.
-    explicit LineScanner(const ReadOnlyFile& file, std::uint64_t offset = 0);
+    /// `file` must outlive the scanner; `offset` is where a line begins. `piece` is how much is read at a time, at
+    /// least 3 (a byte-order mark): less for a caller that wants a few lines only.
+    explicit LineScanner(const ReadOnlyFile& file, std::uint64_t offset = 0, std::size_t piece = kWindow);
 
     /// False at the end of the file. The view is valid until the next call. Bytes of a line after the first
     /// kLongestLine are left out. Raises NilObjectException, as the constructor does, if the disk fails.
@@ -22,7 +23,7 @@ class LineScanner {
     std::uint64_t position() const { return readTo_ - (filled_ - at_); }
 
     static constexpr std::size_t kLongestLine = std::size_t{1} << 24;
-    /// How much is read at a time.
+    /// How much is read at a time by default.
     static constexpr std::size_t kWindow = std::size_t{1} << 16;
 
   private:
@@ -30,6 +31,7 @@ class LineScanner {
     std::size_t find(char wanted, std::size_t& known) const;
 
     const ReadOnlyFile& file_;
+    std::size_t piece_;
     std::vector<char> window_;
     std::uint64_t readTo_;
     std::size_t at_ = 0;

@@ -11,9 +11,15 @@
 
 namespace velmarin {
 
-void GroupOpener::read(const FolderItem& folder) {
+bool GroupOpener::read(const FolderItem& folder, const Watch& watch) {
     leave();
-    Group read = readGroup(folder, [this] { host_.Yield(); });
+    const auto goesOn = [&](std::size_t done, std::size_t of) {
+        host_.Yield();
+        return !watch || watch(done, of);
+    };
+    Group read = readGroup(folder, {.findTxtLines = true, .goesOn = goesOn});
+    if (read.stopped)
+        return false;
     // Set last: a group that was read in part must not be written back.
     group_.pDictionaryGroupFolder = folder;
     group_.pDicGroupName = read.groupName;
@@ -21,6 +27,7 @@ void GroupOpener::read(const FolderItem& folder) {
     group_.preferencesRead = read.preferencesRead;
     failures_ = std::move(read.failures);
     search_.setSeparately(read.separately);
+    return true;
 }
 
 void GroupOpener::mInitialize() {

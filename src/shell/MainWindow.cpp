@@ -17,17 +17,23 @@
 #include "side/SubWindow.h"
 #include "side/SubwindowFile.h"
 #include "text/NilObjectException.h"
+#include "text/NumberText.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
+#include <QShortcut>
 
 namespace velmarin {
 
 namespace {
 
 constexpr const char* kTitleWithoutGroup = "VELMARIN";
+/// An opening that takes no longer shows no progress, which would only flash.
+constexpr qint64 kUnnoticedMilliseconds = 300;
 
 } // namespace
 
@@ -146,7 +152,11 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& folder) {
     parts_.notice->setReason("");
     try {
         setTitle("");
-        model().opener.read(folder);
+        if (!readGroup(folder)) {
+            showNoGroup("The opening of this group was stopped.");
+            services_.windows.rebuildSelectedDic();
+            return;
+        }
         setTitle(group().pDicGroupName);
         mSetSize();
         model().opener.mInitialize();
@@ -159,6 +169,21 @@ void MainWindow::ReadDictionaryFolder(const FolderItem& folder) {
     }
     if (hasGroup())
         services_.windows.setWinItemText(pMyIndex, group().pDicGroupName);
+}
+
+bool MainWindow::readGroup(const FolderItem& folder) {
+    bool stopped = false;
+    const QShortcut escape(Qt::Key_Escape, this, [&stopped] { stopped = true; });
+    QElapsedTimer time;
+    time.start();
+    const auto showAndGoOn = [&](std::size_t done, std::size_t of) {
+        if (time.hasExpired(kUnnoticedMilliseconds))
+            parts_.notice->setProgress("Opening the group: " + Str(static_cast<std::int64_t>(done)) + " of " +
+                                       Str(static_cast<std::int64_t>(of)) + " dictionaries. Esc stops it.");
+        return !stopped && !services_.busy.stopWanted();
+    };
+    const auto endProgress = qScopeGuard([this] { parts_.notice->setProgress({}); });
+    return model().opener.read(folder, showAndGoOn);
 }
 
 void MainWindow::mSetSize() {

@@ -28,6 +28,11 @@ void NoGroupNotice::setReason(std::string reason) {
     show();
 }
 
+void NoGroupNotice::setProgress(std::string progress) {
+    progress_ = std::move(progress);
+    show();
+}
+
 void NoGroupNotice::setWaitingWord(std::string word) {
     word_ = std::move(word);
     show();
@@ -40,8 +45,9 @@ std::string NoGroupNotice::takeWaitingWord() {
 }
 
 void NoGroupNotice::show() {
-    std::string text = reason_;
-    if (!word_.empty())
+    const bool inProgress = !progress_.empty();
+    std::string text = inProgress ? progress_ : reason_;
+    if (!inProgress && !word_.empty())
         text += (text.empty() ? "" : "\n\n") + ("Choose a group to search for ‘" + word_ + "’.");
     // A path has no spaces at which a line could break.
     const QString shown = toQ(text).replace(u'/', QStringLiteral("/\u200b"));
@@ -50,7 +56,7 @@ void NoGroupNotice::show() {
     NoticeST_->setText(shown);
     NoticeST_->setVisible(!text.empty());
     NoticeST_->raise();
-    if (!text.empty()) {
+    if (!text.empty() && !inProgress) {
         QAccessibleEvent alert(NoticeST_, QAccessible::Alert);
         QAccessible::updateAccessibility(&alert);
     }

@@ -4,10 +4,10 @@
 #include "files/LineReader.h"
 #include "files/ReadOnlyFile.h"
 #include "files/SystemCalls.h"
+#include "store/IndexWords.h"
 #include "text/LetterCase.h"
 #include "text/NilObjectException.h"
 
-#include <algorithm>
 #include <cerrno>
 
 namespace velmarin {
@@ -33,14 +33,7 @@ void readIndex(const FolderItem& file, DictionaryItem& item) {
     if (!text)
         throw NilObjectException("The index \"" + file.path().native() +
                                  "\" could not be read: " + errorInWords(errno));
-    HeadwordIndex words;
-    words.reserve(static_cast<std::size_t>(std::count(text->begin(), text->end(), '\n')) + 1, text->size());
-    for (LineReader lines(*text); !lines.EOF_();) {
-        if (!words.append(indexSearchWord(lines.ReadLine(), item.order)))
-            throw NilObjectException("The index \"" + file.path().native() + "\" is too long.");
-    }
-    words.finish();
-    item.IND = std::move(words);
+    item.IND = HeadwordIndex(readIndexWords(*text, item.order));
 }
 
 } // namespace

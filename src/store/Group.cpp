@@ -5,9 +5,15 @@
 #include "store/GroupPreferences.h"
 #include "text/Message.h"
 #include "text/NilObjectException.h"
+#include "threads/WorkerPool.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <future>
+#include <iterator>
 #include <unordered_map>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -73,21 +79,28 @@ class FoundDictionaries {
     std::unordered_map<std::string, FolderItem> left_;
 };
 
-/// Appends a dictionary and loads it; false if it does not load.
-bool appendAndLoad(const FolderItem& folder, int imageMode, Group& into) {
-    auto item = std::make_shared<DictionaryItem>();
-    item->ImageMode = imageMode;
-    into.dictionaries.push_back(item);
+/// A dictionary of the group on its way into the list.
+struct Candidate {
+    FolderItem folder;
+    std::shared_ptr<DictionaryItem> item;
+    /// Whether the preferences name it, so that it keeps its place even if it does not load.
+    bool listed;
+};
+
+/// Whether it loads. If it does not, its item has the reason, if there is one to tell.
+bool load(const Candidate& candidate, bool findTxtLines) {
+    DictionaryItem& item = *candidate.item;
     try {
-        if (MakeDictionaryItem(folder, *item, static_cast<int>(into.dictionaries.size()) - 1))
+        if (MakeDictionaryItem(candidate.folder, item, 0)) {
+            if (findTxtLines)
+                item.txtLines.findLines();
             return true;
-        if (const int error = accessError(folder, X_OK); error != 0)
-            item->failure = unreadable(folder, error);
+        }
+        if (const int error = accessError(candidate.folder, X_OK); error != 0)
+            item.failure = unreadable(candidate.folder, error);
     } catch (const NilObjectException& failure) {
-        item->failure = failure.what();
+        item.failure = failure.what();
     }
-    if (!item->failure.empty())
-        into.failures.push_back(item->failure);
     return false;
 }
 
@@ -101,24 +114,64 @@ GroupPreferences preferencesOf(const FolderItem& file, Group& into) {
     }
 }
 
-void readListed(const FolderItem& file, const FolderListing& members, FoundDictionaries& found, Group& into,
-                const std::function<void()>& afterEach) {
-    const GroupPreferences preferences = preferencesOf(file, into);
-    into.groupName = preferences.groupName;
-    into.separately = preferences.separately;
-    for (const GroupPreferences::Entry& entry : preferences.dictionaries) {
-        const FolderItem folder = members.Child(entry.name);
-        if (!found.take(folder))
+std::vector<Candidate> candidatesIn(const FolderListing& members, Group& into) {
+    FoundDictionaries found(members);
+    std::vector<Candidate> candidates;
+    const auto add = [&](const FolderItem& folder, int imageMode, bool listed) {
+        auto item = std::make_shared<DictionaryItem>();
+        item->ImageMode = imageMode;
+        candidates.push_back({folder, std::move(item), listed});
+    };
+    if (const FolderItem file = members.Child("DictionaryPreferences.txt"); file.Exists()) {
+        const GroupPreferences preferences = preferencesOf(file, into);
+        into.groupName = preferences.groupName;
+        into.separately = preferences.separately;
+        for (const GroupPreferences::Entry& entry : preferences.dictionaries)
+            if (const FolderItem folder = members.Child(entry.name); found.take(folder))
+                add(folder, entry.ImageMode, true);
+    }
+    for (const FolderItem& folder : found.left())
+        add(folder, kAdjustByWidth, false);
+    return candidates;
+}
+
+/// Loads all on the threads of a pool, and takes what loads into `into`, in order.
+void loadAll(const std::vector<Candidate>& candidates, const GroupReading& how, Group& into) {
+    if (candidates.empty())
+        return;
+    constexpr std::chrono::milliseconds kBetweenCalls{20};
+    WorkerPool pool(std::min(WorkerPool::coreCount(), static_cast<unsigned>(candidates.size())));
+    std::vector<std::future<bool>> outcomes;
+    outcomes.reserve(candidates.size());
+    for (const Candidate& candidate : candidates)
+        outcomes.push_back(pool.run([&] { return load(candidate, how.findTxtLines); }));
+    const auto goOn = [&](std::size_t done) {
+        if (how.goesOn && !how.goesOn(done, candidates.size()) && !into.stopped) {
+            into.stopped = true;
+            pool.drop();
+        }
+    };
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        // Also after a stop: what has begun may wait for a disk, and the window is to live on.
+        while (outcomes[i].wait_for(kBetweenCalls) != std::future_status::ready)
+            goOn(i);
+        if (into.stopped)
             continue;
-        appendAndLoad(folder, entry.ImageMode, into);
-        if (afterEach)
-            afterEach();
+        const bool complete = outcomes[i].get();
+        const std::shared_ptr<DictionaryItem>& item = candidates[i].item;
+        if (candidates[i].listed || complete) {
+            item->TabNum = static_cast<int>(into.dictionaries.size());
+            into.dictionaries.push_back(item);
+        }
+        if (!item->failure.empty())
+            into.failures.push_back(item->failure);
+        goOn(i + 1);
     }
 }
 
 } // namespace
 
-Group readGroup(const FolderItem& group, const std::function<void()>& afterEach) {
+Group readGroup(const FolderItem& group, const GroupReading& how) {
     Group into;
     if (!group.Exists()) {
         group.CreateAsFolder();
@@ -127,15 +180,7 @@ Group readGroup(const FolderItem& group, const std::function<void()>& afterEach)
     const FolderListing members(group);
     if (const int error = accessError(group, R_OK | X_OK); error != 0 || !members.listed())
         throw NilObjectException(unreadable(group, error != 0 ? error : EIO));
-    FoundDictionaries found(members);
-    if (const FolderItem file = members.Child("DictionaryPreferences.txt"); file.Exists())
-        readListed(file, members, found, into, afterEach);
-    for (const FolderItem& folder : found.left()) {
-        if (!appendAndLoad(folder, kAdjustByWidth, into))
-            into.dictionaries.pop_back();
-        if (afterEach)
-            afterEach();
-    }
+    loadAll(candidatesIn(members, into), how, into);
     return into;
 }
 

@@ -1,6 +1,9 @@
 #include "store/HeadwordIndex.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstring>
 #include <limits>
 
 namespace velmarin {
@@ -22,51 +25,87 @@ template <typename Greater> std::size_t firstWhere(std::size_t size, Greater gre
     return low;
 }
 
+/// The first bytes of a word as a number, filled up with zeros: a word with a smaller number sorts before one with a
+/// greater. `end` is how far may be read.
+std::uint64_t leadingBytes(std::string_view word, const char* end) {
+    constexpr std::size_t kBytes = sizeof(std::uint64_t);
+    const std::size_t length = std::min(word.size(), kBytes);
+    std::uint64_t number = 0;
+    if (end - word.data() < std::ptrdiff_t{kBytes})
+        std::memcpy(&number, word.data(), length);
+    else
+        std::memcpy(&number, word.data(), kBytes);
+    const std::uint64_t bigEndian = std::endian::native == std::endian::big ? number : __builtin_bswap64(number);
+    return length == 0 ? 0 : bigEndian >> 8 * (kBytes - length) << 8 * (kBytes - length);
+}
+
+/// Gives back room that is not used, if it is worth a copy.
+template <typename Container> void trim(Container& container) {
+    if (container.capacity() - container.size() > container.size() / 8)
+        container.shrink_to_fit();
+}
+
 } // namespace
 
-void HeadwordIndex::reserve(std::size_t entries, std::size_t bytes) {
-    ends_.reserve(std::min(entries, kMost));
-    text_.reserve(std::min(bytes, kMost));
+HeadwordIndex::HeadwordIndex(IndexWords words) : words_(std::move(words)), sorted_(inOrder()) {
+    finish();
+}
+
+bool HeadwordIndex::inOrder() const {
+    const char* const end = words_.text.data() + words_.text.size();
+    std::uint64_t before = 0;
+    for (std::size_t i = 0; i < size(); ++i) {
+        const std::string_view word = (*this)[i];
+        const std::uint64_t leading = leadingBytes(word, end);
+        if (leading < before || (leading == before && i > 0 && word < (*this)[i - 1]))
+            return false;
+        before = leading;
+    }
+    return true;
 }
 
 bool HeadwordIndex::append(std::string_view word) {
-    if (word.size() > kMost - text_.size() || ends_.size() == kMost)
+    if (word.size() > kMost - words_.text.size() || words_.ends.size() == kMost)
         return false;
-    if (!ends_.empty() && word < (*this)[size() - 1])
+    if (!words_.ends.empty() && word < (*this)[size() - 1])
         sorted_ = false;
-    text_.append(word);
-    ends_.push_back(static_cast<std::uint32_t>(text_.size()));
+    words_.text.append(word);
+    words_.ends.push_back(static_cast<std::uint32_t>(words_.text.size()));
     return true;
 }
 
 void HeadwordIndex::finish() {
-    text_.shrink_to_fit();
-    ends_.shrink_to_fit();
-    runningMaximum_.clear();
+    trim(words_.text);
+    trim(words_.ends);
+    greatestSoFar_.clear();
     if (sorted_)
         return;
-    runningMaximum_.resize(size());
     std::uint32_t greatest = 0;
-    for (std::uint32_t i = 0; i < runningMaximum_.size(); ++i) {
+    for (std::uint32_t i = 0; i < size(); ++i) {
         if ((*this)[greatest] < (*this)[i])
             greatest = i;
-        runningMaximum_[i] = greatest;
+        if (i % kBlock == kBlock - 1)
+            greatestSoFar_.push_back(greatest);
     }
 }
 
 std::size_t HeadwordIndex::size() const {
-    return ends_.size();
+    return words_.ends.size();
 }
 
 std::string_view HeadwordIndex::operator[](std::size_t i) const {
-    const std::size_t begin = i == 0 ? 0 : ends_[i - 1];
-    return std::string_view(text_).substr(begin, ends_[i] - begin);
+    const std::size_t begin = i == 0 ? 0 : words_.ends[i - 1];
+    return std::string_view(words_.text).substr(begin, words_.ends[i] - begin);
 }
 
 std::size_t HeadwordIndex::firstGreater(std::string_view word) const {
     if (sorted_)
         return firstWhere(size(), [&](std::size_t i) { return word < (*this)[i]; });
-    return firstWhere(runningMaximum_.size(), [&](std::size_t i) { return word < (*this)[runningMaximum_[i]]; });
+    std::size_t i = kBlock * firstWhere(greatestSoFar_.size(),
+                                        [&](std::size_t block) { return word < (*this)[greatestSoFar_[block]]; });
+    while (i < size() && !(word < (*this)[i]))
+        ++i;
+    return i;
 }
 
 } // namespace velmarin

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "store/IndexWords.h"
+
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -10,10 +11,12 @@ namespace velmarin {
 /// The search words of one dictionary in file order (`IND`): one buffer of text with 32-bit offsets.
 ///
 /// firstGreater finds the first entry greater than the word, as a loop from the front would, in any list. It bisects
-/// over the running maximum of the entries, which is stored only if the list is not sorted.
+/// over the running maximum of the entries, which is stored only if the list is not sorted, for one entry in kBlock.
 class HeadwordIndex {
   public:
-    void reserve(std::size_t entries, std::size_t bytes);
+    HeadwordIndex() = default;
+    /// The words of a whole index, finished.
+    explicit HeadwordIndex(IndexWords words);
     /// `word` is an upper-case form; words are compared by bytes. False if the buffer would exceed 4 GiB.
     bool append(std::string_view word);
     /// To be called once after the last append.
@@ -26,9 +29,13 @@ class HeadwordIndex {
     std::size_t firstGreater(std::string_view word) const;
 
   private:
-    std::string text_;
-    std::vector<std::uint32_t> ends_;
-    std::vector<std::uint32_t> runningMaximum_;
+    static constexpr std::size_t kBlock = 16;
+
+    bool inOrder() const;
+
+    IndexWords words_;
+    /// The number of the greatest among the entries up to the end of each full block.
+    std::vector<std::uint32_t> greatestSoFar_;
     bool sorted_ = true;
 };
 

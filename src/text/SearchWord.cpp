@@ -1,72 +1,18 @@
 #include "text/SearchWord.h"
 
-#include "text/CharacterFolding.h"
 #include "text/FindReplace.h"
 #include "text/Grep.h"
-#include "text/LetterCase.h"
+#include "text/NormalForms.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
-#include <stdexcept>
 
 namespace velmarin {
 
-namespace {
-
-/// The normal form of every character of the Basic Multilingual Plane, computed from the row tables.
-class NormalForms {
-  public:
-    NormalForms() : forms_(kPlaneSize) {
-        for (char32_t c = 0; c < kPlaneSize; ++c) {
-            char bytes[4];
-            set(c, std::string_view(bytes, encodeUtf8(capitalOf(c), bytes)));
-        }
-        for (const FoldingTable* table : tables())
-            for (const FoldingRow& row : table->rows)
-                set(decodeUtf8(row.find, 0).value, Uppercase(chain(row.find)));
-    }
-
-    /// `unit` must be less than kPlaneSize.
-    std::string_view of(char32_t unit) const { return {forms_[unit].bytes, forms_[unit].length}; }
-
-    static constexpr char32_t kPlaneSize = 0x10000;
-
-  private:
-    struct Form {
-        char bytes[7];
-        std::uint8_t length;
-    };
-
-    static std::vector<const FoldingTable*> tables() {
-        return {&zenToHanAlphTable(),  &zenToHanMarkTable(), &zenToHanNumTable(),
-                &zenToHanSpaceTable(), &kataToHiraTable(),   &removeAccentTable()};
-    }
-
-    static std::string chain(std::string text) {
-        for (const FoldingTable* table : tables())
-            text = table->apply(text);
-        return text;
-    }
-
-    void set(char32_t c, std::string_view form) {
-        Form& entry = forms_.at(c);
-        if (form.size() > sizeof entry.bytes)
-            throw std::length_error("a conversion row is longer than a form can hold");
-        std::memcpy(entry.bytes, form.data(), form.size());
-        entry.length = static_cast<std::uint8_t>(form.size());
-    }
-
-    std::vector<Form> forms_;
-};
-
-} // namespace
-
 void appendSearchWord(std::string& words, std::string_view text) {
-    static const NormalForms forms;
+    const NormalForms& forms = NormalForms::table();
     for (std::size_t pos = 0; pos < text.size();) {
         const std::size_t from = pos;
         while (pos < text.size() && isAscii(text[pos]))
@@ -78,10 +24,8 @@ void appendSearchWord(std::string& words, std::string_view text) {
         if (pos == text.size())
             return;
         const Utf8Unit unit = decodeUtf8(text, pos);
-        if (unit.value < NormalForms::kPlaneSize)
-            words += forms.of(unit.value);
-        else
-            appendUtf8(words, capitalOf(unit.value));
+        char form[NormalForms::kRoom];
+        words.append(form, forms.write(unit.value, form));
         pos += unit.length;
     }
 }

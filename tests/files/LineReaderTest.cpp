@@ -26,10 +26,10 @@ Lines linesInMemory(const std::string& text) {
     return lines;
 }
 
-Lines linesInFile(const FolderItem& item) {
+Lines linesInFile(const FolderItem& item, std::size_t piece = LineScanner::kWindow) {
     Lines lines;
     const auto file = ReadOnlyFile::open(item);
-    LineScanner scanner(*file);
+    LineScanner scanner(*file, 0, piece);
     for (std::string_view line; scanner.next(line);)
         lines.emplace_back(line);
     return lines;
@@ -43,6 +43,22 @@ Lines linesByNumber(IndexedTextFile& file) {
             return lines;
         lines.push_back(line.text);
     }
+}
+
+/// The places that reading line by line finds.
+LinePlaces placesByLine(const std::string& text) {
+    LinePlaces places;
+    for (LineReader reader(text); !reader.EOF_();) {
+        reader.ReadLine();
+        places.add(reader.position());
+    }
+    return places;
+}
+
+void expectPlaces(const FolderItem& item, const LinePlaces& expected) {
+    const LinePlaces found = findLinePlaces(*ReadOnlyFile::open(item));
+    EXPECT_EQ(found.lines, expected.lines);
+    EXPECT_EQ(found.everyNth, expected.everyNth);
 }
 
 std::string x(std::size_t count) {
@@ -76,15 +92,17 @@ TEST(LineEnds, AreTakenAlikeByEveryReader) {
         const FolderItem item(folder.write("txt", text));
         IndexedTextFile indexed(item);
         EXPECT_EQ(linesInMemory(text), lines);
-        EXPECT_EQ(linesInFile(item), lines);
+        for (const std::size_t piece : {kWindow, std::size_t{5}})
+            EXPECT_EQ(linesInFile(item, piece), lines);
         EXPECT_EQ(linesByNumber(indexed), lines);
+        expectPlaces(item, placesByLine(text));
     }
 }
 
 TEST(IndexedTextFile, AnswersAsTheReaderOfAllLinesInAnyOrderOfQuestions) {
     std::mt19937 random(11);
     const TempFolder folder;
-    std::vector<fs::path> files = {OLD_FILE}; // only in such a file are places remembered
+    std::vector<fs::path> files = {OLD_FILE, OLD_FILE}; // only in such a file are places remembered
     for (int round = 0; round < 11; ++round) {
         std::string text;
         for (int i = 0; i < 40'000; ++i)
@@ -94,6 +112,9 @@ TEST(IndexedTextFile, AnswersAsTheReaderOfAllLinesInAnyOrderOfQuestions) {
     for (const fs::path& path : files) {
         const Lines lines = linesInMemory(test::readFile(path));
         IndexedTextFile file{FolderItem(path)};
+        expectPlaces(file.item(), placesByLine(test::readFile(path)));
+        if (&path == &files.front())
+            file.findLines();
         for (int question = 0; question < 60; ++question) {
             const std::uint64_t number = random() % (lines.size() + 3);
             const auto answer = file.line(number);

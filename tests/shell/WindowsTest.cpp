@@ -153,6 +153,33 @@ TEST(Windows, WhatCannotBeReadOfAGroupIsToldWithItsNameAndStays) {
     EXPECT_TRUE(std::filesystem::is_symlink(run.groupFolder("Unread") / "DictionaryPreferences.txt"));
 }
 
+TEST(Windows, AnOpeningIsStoppedByEscapeOrTheCloseOfTheWindow) {
+    Started run({fruitGroup("Few", 2), fruitGroup("Many", 30)});
+    const auto preferences = run.groupFolder("Many") / "DictionaryPreferences.txt";
+    for (const bool byKey : {true, false}) {
+        run.pick("Few");
+        bool stopped = false;
+        run.host.onYield = [&] {
+            if (std::exchange(stopped, true))
+                return;
+            if (byKey)
+                QTest::keyClick(&run.window(), Qt::Key_Escape);
+            else
+                run.window().close();
+        };
+        run.pick("Many");
+        QTest::qWait(0);
+        EXPECT_EQ(shownGroup(run), "");
+        EXPECT_EQ(run.window().isVisible(), byKey);
+        EXPECT_EQ(run.label("NoticeST").isVisible(), byKey) << "it says why there is no group";
+        EXPECT_EQ(run.host.messages, std::vector<std::string>{});
+        EXPECT_FALSE(std::filesystem::exists(preferences));
+    }
+    run.window().bringToFront();
+    run.pick("Many");
+    EXPECT_EQ(shownGroup(run), "Many");
+}
+
 TEST(Windows, OrderFitsAndTheCheckBoxAreSavedAndAClosedWindowComesBackWithoutAGroup) {
     Started run({fruitGroup("G", 3).preferences("Fruit\t1\t\nC\t1\nA\t0\nGone\t2\n"), fruitGroup("H", 1)});
     const auto saved = [&run] { return run.files.read("DictionaryFolder/G/DictionaryPreferences.txt"); };

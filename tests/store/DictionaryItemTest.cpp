@@ -1,6 +1,8 @@
 #include "store/DictionaryItem.h"
+#include "files/LineReader.h"
 #include "store/DictionaryMembers.h"
 #include "support/DictionaryBuilder.h"
+#include "support/RandomText.h"
 #include "support/TempFolder.h"
 #include "text/NilObjectException.h"
 
@@ -113,6 +115,27 @@ TEST(DicOrNot, TakesAFolderWithOneOfTheMembers) {
     EXPECT_THROW(mSub_DicOrNot(FolderItem()), NilObjectException);
 }
 
+TEST(IndexWords, AreThoseOfEachLineInEveryOrder) {
+    RandomText random({"ch",      "cH",     "ll", "Ll",     "l",      "C",        "jv",   "JV",
+                       "__DLM__", "__DLM_", "_",  "\r",     "\n",     "\r\n",     "\n",   "カ",
+                       "ß",       "É",      "ｊ", "\u0283", "\u0250", "\xE3\x82", "word", "\xEF\xBB\xBF"},
+                      7);
+    for (int round = 0; round < 400; ++round) {
+        std::string ind;
+        // Most are short; a few are longer than what is read at a time.
+        for (std::size_t lines = round % 40 == 0 ? 8000 : random.below(8); lines > 0; --lines)
+            ind += random(12);
+        const IndexOrder order{.SpanishMode = round % 2 == 0, .IJUVMode = round % 3 == 0, .FormatFom = {}};
+        std::string text;
+        std::vector<std::uint32_t> ends;
+        for (LineReader lines(ind); !lines.EOF_();)
+            ends.push_back(static_cast<std::uint32_t>((text += indexSearchWord(lines.ReadLine(), order)).size()));
+        const IndexWords words = readIndexWords(ind, order);
+        ASSERT_EQ(words.text, text) << "round " << round;
+        ASSERT_EQ(words.ends, ends) << "round " << round;
+    }
+}
+
 /// The definition: from the front, the first entry that sorts after the word.
 std::size_t plainLoop(const Words& words, const std::string& word) {
     const auto greater = [&](const std::string& each) { return word < each; };
@@ -138,12 +161,17 @@ TEST(HeadwordIndex, FindsTheFirstGreaterEntryOfAnyListAsThePlainLoopDoes) {
         for (const std::string& word : words)
             EXPECT_TRUE(index.append(word));
         index.finish();
+        IndexWords whole;
+        for (const std::string& word : words)
+            whole.ends.push_back(static_cast<std::uint32_t>((whole.text += word).size()));
+        const HeadwordIndex ofWhole(std::move(whole));
         ASSERT_EQ(index.size(), words.size());
         for (std::size_t i = 0; i < words.size(); ++i)
             ASSERT_EQ(index[i], words[i]);
         for (int question = 0; question < 20; ++question) {
             const std::string word = randomWord(random);
             ASSERT_EQ(index.firstGreater(word), plainLoop(words, word)) << "round " << round;
+            ASSERT_EQ(ofWhole.firstGreater(word), plainLoop(words, word)) << "round " << round;
         }
     }
 }

@@ -80,7 +80,8 @@ TEST(ReadGroup, GivesTheDictionariesInDisplayOrder) {
         SCOPED_TRACE(each.reason);
         const TempFolder folder;
         int calls = 0;
-        const Group read = readGroup(FolderItem(each.group.writeTo(folder.path())), [&] { ++calls; });
+        const auto count = [&](std::size_t, std::size_t) { return ++calls > 0; };
+        const Group read = readGroup(FolderItem(each.group.writeTo(folder.path())), {.goesOn = count});
         EXPECT_EQ(shown(read), each.shown);
         EXPECT_GE(calls, static_cast<int>(read.dictionaries.size()));
     }
@@ -118,6 +119,26 @@ TEST(ReadGroup, ADictionaryThatCannotBeReadKeepsItsPlaceIfItIsListed) {
         fs::permissions(own / name, fs::perms(0755));
     EXPECT_EQ(shown(refused), "Name|1| C:1:3 D:1:- a:1:-");
     EXPECT_EQ(refused.failures.size(), 4u);
+}
+
+TEST(ReadGroup, StopsWhenItIsTold) {
+    const TempFolder folder;
+    GroupBuilder many = group();
+    for (char name = 'a'; name <= 'z'; ++name)
+        many = many.dictionary(good(std::string(1, name)));
+    const FolderItem own(many.writeTo(folder.path()));
+    for (const std::size_t last : {1u, 7u, 26u, 27u}) {
+        std::size_t before = 0;
+        const auto until = [&](std::size_t done, std::size_t of) {
+            EXPECT_EQ(of, 26u);
+            EXPECT_LE(before, done);
+            before = done;
+            return done < last;
+        };
+        const Group read = readGroup(own, {.findTxtLines = true, .goesOn = until});
+        EXPECT_EQ(read.stopped, last <= 26u);
+        EXPECT_EQ(read.dictionaries.size(), std::min<std::size_t>(last, 26u));
+    }
 }
 
 TEST(ReadGroup, ThrowsIfTheFolderCannotBeReadButNotForItsPreferences) {

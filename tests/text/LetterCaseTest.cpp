@@ -1,5 +1,5 @@
 #include "text/LetterCase.h"
-#include "RandomText.h"
+#include "support/RandomText.h"
 #include "text/UnicodeForms.h"
 #include "text/Utf8.h"
 

@@ -1,5 +1,5 @@
 #include "text/SearchWord.h"
-#include "RandomText.h"
+#include "support/RandomText.h"
 #include "text/CharacterFolding.h"
 #include "text/FindReplace.h"
 #include "text/LetterCase.h"

@@ -1,5 +1,5 @@
 #include "text/StringFields.h"
-#include "RandomText.h"
+#include "support/RandomText.h"
 #include "text/FindReplace.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"

@@ -131,8 +131,9 @@ std::vector<LineBand> linesOf(const std::vector<PageBox>& letters, const TextCol
             continue;
         LineBand line{rows.begin, rows.end, column.right, column.left};
         for (const PageBox* box : inColumn) {
-            const int middle = box->y + box->height / 2;
-            if (middle < rows.begin || middle >= rows.end)
+            // Of a bent line some letters are above or below most others: they have their larger part in it.
+            const int common = std::min(rows.end, box->bottom()) - std::max(rows.begin, box->y);
+            if (2 * common < std::min(rows.size(), box->height))
                 continue;
             line.left = std::min(line.left, box->x);
             line.right = std::max(line.right, box->right());

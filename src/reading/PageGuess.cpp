@@ -3,7 +3,9 @@
 #include "reading/GuideLayout.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <string_view>
 
 namespace velmarin {
 
@@ -19,13 +21,26 @@ constexpr std::size_t kMostReadings = 6;
 /// its end is not sure.
 constexpr double kEntryAlone = 0.6;
 
-/// The headword at the beginning of an entry: the bold words, or those before the first mark that ends a headword.
+/// Word classes and genders as dictionaries abbreviate them after a headword. "a" is none: many headwords go on with
+/// it.
+bool isClass(const std::string& word) {
+    constexpr std::array<std::string_view, 36> kClasses{
+        "s",   "n",   "m",    "f",    "v",   "adj",  "adv",  "subst", "sf",   "sm",   "nm",   "nf",
+        "vt",  "vi",  "va",   "vn",   "vr",  "tr",   "intr", "refl",  "prep", "pron", "conj", "interj",
+        "num", "art", "part", "masc", "fem", "neut", "pl",   "sing",  "sb",   "subs", "n.m",  "n.f"};
+    return std::find(kClasses.begin(), kClasses.end(), word) != kClasses.end();
+}
+
+/// The headword at the beginning of an entry: the bold words, or those before the first mark or word class that ends a
+/// headword.
 Guess headwordOf(const TextLine& line) {
     Guess found{.text = {}, .confidence = 1};
     const bool bold = !line.words.empty() && line.words.front().bold;
-    for (std::size_t i = 0; i < line.words.size() && i < 4; ++i) {
+    for (std::size_t i = 0; i < line.words.size() && (bold || i < 4); ++i) {
         const TextWord& word = line.words[i];
         if ((bold && !word.bold) || word.text.starts_with('(') || word.text.starts_with('['))
+            break;
+        if (i > 0 && isClass(word.text.substr(0, word.text.find_last_not_of(".,;:") + 1)))
             break;
         found.text += (i == 0 ? "" : " ") + word.text;
         found.confidence = std::min(found.confidence, word.confidence);

@@ -25,6 +25,16 @@ std::vector<PageBox> lettersOf(const StraightPage& page) {
     return letters;
 }
 
+// The big letters that open a part of the alphabet.
+std::vector<PageBox> initialsOf(const StraightPage& page) {
+    std::vector<PageBox> initials = componentsOf(page.ink.get());
+    std::erase_if(initials, [&](const PageBox& box) {
+        return box.height < 2.2 * page.xHeight || box.height > 12 * page.xHeight || box.width > 12 * page.xHeight ||
+               box.width < 0.2 * box.height;
+    });
+    return initials;
+}
+
 double pitchOf(const std::vector<TextColumn>& columns) {
     std::vector<double> distances;
     for (const TextColumn& column : columns) {
@@ -55,9 +65,10 @@ struct EdgeRow {
 // Takes rows away from the top of the columns while they look like a head.
 class EdgeFinder {
   public:
-    EdgeFinder(std::vector<TextColumn> columns, double pitch, double xHeight, RuleCover cover)
-        : columns_(std::move(columns)), pitch_(pitch), xHeight_(xHeight), cover_(std::move(cover)),
-          taken_(columns_.size()) {}
+    EdgeFinder(std::vector<TextColumn> columns, std::vector<PageBox> initials, double pitch, double xHeight,
+               RuleCover cover)
+        : columns_(std::move(columns)), initials_(std::move(initials)), pitch_(pitch), xHeight_(xHeight),
+          cover_(std::move(cover)), taken_(columns_.size()) {}
 
     // Finds the last of the first rows whose score is at least `least`, and up to two rows near above it. What is
     // farther above is dirt at the edge of the page.
@@ -135,11 +146,20 @@ class EdgeFinder {
             const LineBand& next = columns_[i].lines[taken[i]];
             below = std::min(below, next.top);
             const bool inRow = std::ranges::find(row.columns, i) != row.columns.end();
+            if (initialBetween(columns_[i], row.box.bottom(), next.top))
+                continue; // which has white around it, in the midst of the text too
             least = std::min(least, next.middle() - (inRow ? columns_[i].lines[taken[i] - 1].middle()
                                                            : row.box.y + row.box.height / 2.0));
         }
         row.farther = pitch_ > 0 && least < 1e9 ? least / pitch_ : 0;
         row.ruled = cover_(row.box.y + row.box.height / 2, std::max(below, row.box.bottom()) + 1) > 0.5;
+    }
+
+    bool initialBetween(const TextColumn& column, int top, int bottom) const {
+        return std::ranges::any_of(initials_, [&](const PageBox& box) {
+            const int x = box.x + box.width / 2, y = box.y + box.height / 2;
+            return x >= column.left && x < column.right && y >= top && y < bottom;
+        });
     }
 
     std::optional<double> nextMiddle(const std::vector<std::size_t>& taken) const {
@@ -154,6 +174,7 @@ class EdgeFinder {
     double textWidth() const { return std::max(1, columns_.back().right - columns_.front().left); }
 
     std::vector<TextColumn> columns_;
+    std::vector<PageBox> initials_;
     double pitch_, xHeight_;
     RuleCover cover_;
     std::vector<std::size_t> taken_; // lines that belong to the head, by column
@@ -209,9 +230,10 @@ std::vector<PageBox> joinedRows(const std::vector<PageBox>& rows, double xHeight
 void findHeadAndFoot(const StraightPage& page, PageLayout& layout) {
     const int height = pixGetHeight(page.ink.get());
     const RuleCover cover = ruleCoverOf(page, layout.columns.front().left, layout.columns.back().right);
-    EdgeFinder head(layout.columns, layout.linePitch, page.xHeight, cover);
+    const std::vector<PageBox> initials = initialsOf(page);
+    EdgeFinder head(layout.columns, initials, layout.linePitch, page.xHeight, cover);
     head.find(2);
-    EdgeFinder foot(upsideDown(layout.columns, height), layout.linePitch, page.xHeight,
+    EdgeFinder foot(upsideDown(layout.columns, height), {}, layout.linePitch, page.xHeight,
                     [&](int top, int bottom) { return cover(height - bottom, height - top); });
     foot.find(3);
     if (!head.found().empty() && head.found().front().y < height / 3)

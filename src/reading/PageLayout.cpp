@@ -10,7 +10,8 @@ namespace velmarin {
 
 namespace {
 
-constexpr int kMostRows = 6; // at an edge of the page that may belong to its head, with dirt above it
+constexpr double kLetters = 0.75; // of the length of a line, the part that is not white between letters and words
+constexpr int kMostRows = 6;      // at an edge of the page that may belong to its head, with dirt above it
 
 // Which part of the width of the text has a rule across it, somewhere between two heights.
 using RuleCover = std::function<double(int top, int bottom)>;
@@ -56,7 +57,7 @@ struct EdgeRow {
     // How much speaks for a head. A line of the text has at most 1. A short one that nothing parts from the next may be
     // an entry, or the end of one at the top of the only column that reaches so high.
     int score() const {
-        if (!ruled && farther < 1.15 && (columns.size() < 2 || asText))
+        if (!ruled && farther < (asText ? 1.35 : columns.size() < 2 ? 1.15 : 0))
             return 0;
         return (ruled ? 3 : 0) + (farther >= 1.35) + (farther >= 1.15) + (filled < 0.7) + (filled < 0.4);
     }
@@ -112,7 +113,7 @@ class EdgeFinder {
             bottom = std::max(bottom, line.bottom);
             left = std::min(left, line.left);
             right = std::max(right, line.right);
-            letters += line.right - line.left;
+            letters += std::min<double>(line.right - line.left, line.covered / kLetters);
             row.columns.push_back(i);
             ++taken[i];
         }
@@ -205,7 +206,7 @@ std::vector<TextColumn> upsideDown(std::vector<TextColumn> columns, int height) 
     for (TextColumn& column : columns) {
         std::ranges::reverse(column.lines);
         for (LineBand& line : column.lines)
-            line = {height - line.bottom, height - line.top, line.left, line.right};
+            line = {height - line.bottom, height - line.top, line.left, line.right, line.covered};
     }
     return columns;
 }

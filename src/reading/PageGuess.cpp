@@ -1,5 +1,6 @@
 #include "reading/PageGuess.h"
 
+#include "reading/GreekLetters.h"
 #include "reading/GuideLayout.h"
 
 #include <algorithm>
@@ -119,6 +120,22 @@ int entryInHead(const std::vector<HeadPart>& parts, const std::vector<Guess>& en
     return 0;
 }
 
+/// Gives the words of a book that is set in type with a kappa like chi their other readings.
+void considerKappa(std::vector<std::vector<HeadPart>>& pages, std::vector<std::vector<Guess>>& entries) {
+    KappaCount count;
+    for (const auto& parts : pages)
+        for (const HeadPart& part : parts)
+            count.add(part.readings.empty() ? "" : part.readings.front().text);
+    if (!count.readAsChi())
+        return;
+    for (auto& parts : pages)
+        for (HeadPart& part : parts)
+            part.readings = withKappa(part.readings);
+    for (auto& words : entries)
+        for (Guess& word : words)
+            word = withKappa({word}).front();
+}
+
 std::vector<Guess> readingsOf(const std::optional<HeadPart>& part) {
     return part ? part->readings : std::vector<Guess>();
 }
@@ -134,6 +151,7 @@ std::vector<PageGuess> guessGuideWords(const std::vector<PageReading>& readings)
         parts.push_back(text ? headPartsOf(reading, joint) : std::vector<HeadPart>());
         entries.push_back(text ? entriesOn(reading) : std::vector<Guess>());
     }
+    considerKappa(parts, entries);
     claimNumbers(parts);
     removeRunningTitles(parts);
     std::vector<int> firstIsEntry;

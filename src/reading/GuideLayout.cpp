@@ -162,9 +162,7 @@ GuideLayout::Kind kindOfSingles(const std::vector<double>& middles, const std::v
     const bool bothSides = std::min(left, right) * 4 > std::max(left, right);
     if (bothSides && votesRight <= 0)
         return votesLeft < 0 ? GuideLayout::Kind::Last : GuideLayout::Kind::Mirrored;
-    // Without a vote the word at the right is the last, as where books have both.
-    const int votes = votesLeft + votesRight;
-    return votes < 0 || (votes == 0 && left == 0 && right > 0) ? GuideLayout::Kind::Last : GuideLayout::Kind::First;
+    return votesLeft + votesRight < 0 ? GuideLayout::Kind::Last : GuideLayout::Kind::First;
 }
 
 /// The first and the last of the words of a page: those that are joined, or else those nearest to where the book has

@@ -112,9 +112,13 @@ int entryInHead(const std::vector<HeadPart>& parts, const std::vector<Guess>& en
         if (part.number || entries.size() < 2)
             continue;
         const std::string letters = lettersOf(part.readings.front().text);
-        if (letters == lettersOf(entries.front().text))
+        const auto is = [&](const Guess& entry) {
+            const std::string other = lettersOf(entry.text);
+            return letters == other || almostSame(letters, other);
+        };
+        if (is(entries.front()))
             return 1;
-        if (letters == lettersOf(entries.back().text))
+        if (is(entries.back()))
             return -1;
     }
     return 0;

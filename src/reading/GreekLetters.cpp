@@ -49,4 +49,47 @@ std::string plainGreek(std::string_view text) {
     return greek ? composedForm(plain) : std::string(text);
 }
 
+void KappaCount::add(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const Utf8Unit unit = decodeUtf8(text, at);
+        kappas += unit.value == U'κ' ? 1 : 0;
+        chis += unit.value == U'χ' ? 1 : 0;
+        at += unit.length;
+    }
+}
+
+std::vector<Guess> withKappa(const std::vector<Guess>& readings) {
+    constexpr std::string_view kChi = "χ", kKappa = "κ";
+    constexpr double kAll = 0.75, kOneLeft = 0.15, kAsRead = 0.2; // of the confidence of the reading
+    std::vector<Guess> wider;
+    const auto add = [&](std::string text, double confidence) {
+        if (std::none_of(wider.begin(), wider.end(), [&](const Guess& each) { return each.text == text; }))
+            wider.push_back({std::move(text), confidence});
+    };
+    for (const Guess& reading : readings) {
+        std::vector<std::size_t> chis;
+        for (std::size_t at = reading.text.find(kChi); at != std::string::npos; at = reading.text.find(kChi, at + 1))
+            chis.push_back(at);
+        if (chis.empty()) {
+            add(reading.text, reading.confidence);
+            continue;
+        }
+        const auto without = [&](std::size_t left) { // both letters have two bytes
+            std::string text = reading.text;
+            for (const std::size_t at : chis)
+                if (at != left)
+                    text.replace(at, kChi.size(), kKappa);
+            return text;
+        };
+        add(without(std::string::npos), kAll * reading.confidence);
+        for (const std::size_t left : chis)
+            if (chis.size() > 1)
+                add(without(left), kOneLeft * reading.confidence);
+        add(reading.text, kAsRead * reading.confidence);
+    }
+    std::stable_sort(wider.begin(), wider.end(),
+                     [](const Guess& a, const Guess& b) { return a.confidence > b.confidence; });
+    return wider;
+}
+
 } // namespace velmarin

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <utility>
 
 namespace velmarin {
 
@@ -14,6 +15,8 @@ constexpr std::size_t kMostParts = 9;
 constexpr double kLineReach = 0.06;
 /// How far, of the page's width, a number may be from where numbers are.
 constexpr double kNumberReach = 0.06;
+/// How far, of the page's height, parts of one line are from each other.
+constexpr double kSameLine = 0.012;
 constexpr std::size_t kLeastNumbers = 3; // that show a place
 constexpr std::size_t kLeastLetters = 4; // of a word that is not a misread number
 
@@ -96,6 +99,24 @@ std::optional<double> placeOfNumbers(const std::vector<std::vector<HeadPart>>& p
                                                                                            : std::nullopt;
 }
 
+bool sameLine(const HeadPart& one, const HeadPart& other) {
+    return one.foot == other.foot && std::abs(one.y - other.y) < kSameLine;
+}
+
+/// Whether most pages with guide words and a number have them in one line.
+bool numbersInLine(const std::vector<std::vector<HeadPart>>& pages, const GuideLayout& layout) {
+    std::size_t both = 0, inLine = 0;
+    for (const auto& parts : pages) {
+        const auto number = std::find_if(parts.begin(), parts.end(), [](const HeadPart& part) { return part.number; });
+        const auto words = wordsAtGuideLine(parts, layout.foot, layout.y);
+        if (number == parts.end() || words.empty())
+            continue;
+        ++both;
+        inLine += sameLine(*number, words.front()) ? 1 : 0;
+    }
+    return inLine >= kLeastNumbers && inLine * 10 > both * 7;
+}
+
 /// A place of page numbers, in the head or in the foot.
 struct NumberPlace {
     bool foot = false;
@@ -142,6 +163,20 @@ GuideLayout::Kind kindOfSingles(const std::vector<double>& middles, const std::v
     if (bothSides && votesRight <= 0)
         return votesLeft < 0 ? GuideLayout::Kind::Last : GuideLayout::Kind::Mirrored;
     return votesLeft + votesRight < 0 ? GuideLayout::Kind::Last : GuideLayout::Kind::First;
+}
+
+/// The first and the last of the words of a page: those that are joined, or else those nearest to where the book has
+/// them.
+std::pair<HeadPart, HeadPart> outermost(const std::vector<HeadPart>& words, const GuideLayout& layout) {
+    const auto joined = std::find_if(words.begin(), words.end(), [](const HeadPart& part) { return part.joined; });
+    if (joined != words.begin() && joined != words.end())
+        return {*(joined - 1), *joined};
+    const auto nearest = [&](auto distance) {
+        return *std::min_element(words.begin(), words.end(),
+                                 [&](const HeadPart& a, const HeadPart& b) { return distance(a) < distance(b); });
+    };
+    return {nearest([&](const HeadPart& part) { return std::abs(part.left - layout.first); }),
+            nearest([&](const HeadPart& part) { return std::abs(part.right - layout.last); })};
 }
 
 } // namespace
@@ -204,6 +239,7 @@ GuideLayout guideLayoutOf(const std::vector<std::vector<HeadPart>>& pages, const
             lines.push_back(words.front().y);
     layout.y = median(lines, 0);
     layout.number = placeOfNumbers(pages);
+    layout.numberInLine = numbersInLine(pages, layout);
 
     std::vector<double> firsts, lasts, singles(pages.size(), -1);
     std::size_t withWords = 0;
@@ -231,6 +267,8 @@ PlacedParts placedParts(const std::vector<HeadPart>& parts, const GuideLayout& l
     if (layout.kind == GuideLayout::Kind::None)
         return placed;
     std::vector<HeadPart> words = wordsAtGuideLine(parts, layout.foot, layout.y);
+    if (placed.number && layout.numberInLine) // what is elsewhere is dirt, or text
+        std::erase_if(words, [&](const HeadPart& part) { return !sameLine(part, *placed.number); });
     if (!placed.number && layout.number) {
         const auto roman = std::find_if(words.begin(), words.end(), [&](const HeadPart& part) {
             return looksRoman(part.readings[0].text) && atNumber(part, layout);
@@ -242,12 +280,7 @@ PlacedParts placedParts(const std::vector<HeadPart>& parts, const GuideLayout& l
     }
     if (words.empty())
         return placed;
-    const auto nearest = [&](auto distance) {
-        return *std::min_element(words.begin(), words.end(),
-                                 [&](const HeadPart& a, const HeadPart& b) { return distance(a) < distance(b); });
-    };
-    const HeadPart first = nearest([&](const HeadPart& part) { return std::abs(part.left - layout.first); });
-    const HeadPart last = nearest([&](const HeadPart& part) { return std::abs(part.right - layout.last); });
+    const auto [first, last] = outermost(words, layout);
     const HeadPart& single = words.front();
     const bool one = first.left == last.left;
     switch (layout.kind) {

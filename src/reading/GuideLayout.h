@@ -21,6 +21,7 @@ struct GuideLayout {
     double y = 0;                      ///< of their line, of the page's height
     double first = 0;                  ///< Pair: where the first words begin
     double last = 1;                   ///< Pair: where the last words end
+    bool numberInLine = false;         ///< the page numbers are in the line of the guide words
     std::optional<double> number = {}; ///< Pair: the middle of the page numbers, if they have one place
 };
 

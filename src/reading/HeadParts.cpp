@@ -246,19 +246,24 @@ std::vector<Guess> figuresOf(const TextWord& word) {
     return figures;
 }
 
-/// Which words of a line belong together.
-std::vector<std::vector<TextWord>> groupsOf(const std::vector<Piece>& pieces, double height) {
-    std::vector<std::vector<TextWord>> groups;
+/// Words of a line that belong together.
+struct Group {
+    std::vector<TextWord> words;
+    bool afterJoint = false;
+};
+
+std::vector<Group> groupsOf(const std::vector<Piece>& pieces, double height) {
+    std::vector<Group> groups;
     bool afterNumber = false;
     for (const Piece& piece : pieces) {
-        const double gap = groups.empty() ? 0 : piece.word.box.x - groups.back().back().box.right();
+        const double gap = groups.empty() ? 0 : piece.word.box.x - groups.back().words.back().box.right();
         const bool number = isNumber(piece.word);
         // The digit of a homograph, as in "bow 2".
         if (number && !groups.empty() && !afterNumber && gap < height / 2 && digitsMeant(piece.word.text).size() == 1)
             continue;
         if (groups.empty() || number || afterNumber || piece.afterJoint || gap > kPartGap * height)
-            groups.emplace_back();
-        groups.back().push_back(piece.word);
+            groups.push_back({{}, piece.afterJoint});
+        groups.back().words.push_back(piece.word);
         afterNumber = number;
     }
     return groups;
@@ -284,13 +289,14 @@ void appendParts(const PageText& text, bool foot, const GuideJoint& joint, std::
         if (pieces.empty())
             continue;
         const double height = heightOf(pieces);
-        for (const std::vector<TextWord>& group : groupsOf(pieces, height)) {
+        for (const auto& [group, afterJoint] : groupsOf(pieces, height)) {
             const bool number = isNumber(group.front());
             HeadPart part{.left = group.front().box.x / std::max(width, 1.0),
                           .right = group.back().box.right() / std::max(width, 1.0),
                           .y = (group.front().box.y + group.front().box.height / 2.0) / std::max(text.height, 1),
                           .foot = foot,
                           .line = i,
+                          .joined = afterJoint,
                           .number = number,
                           .readings = readingsOf(group, height, number)};
             if (group.size() == 1)

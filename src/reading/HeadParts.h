@@ -15,6 +15,7 @@ struct HeadPart {
     double y = 0;               ///< the middle of its line, of the page's height
     bool foot = false;
     std::size_t line = 0; ///< of the head or foot
+    bool joined = false;  ///< a dash or a word joins it to the part before it, as the second guide word of "AAR–ABB"
     bool number = false;  ///< has digits, or what is taken for them, and no other letters
     std::vector<Guess> readings = {};
     std::vector<Guess> figures = {}; ///< of a short part: the numbers that it may be, misread

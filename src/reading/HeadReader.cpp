@@ -56,7 +56,8 @@ class PageInWork {
                 return line;
             }
         }
-        return readRow(recognizer_, picture_, page_, row, effort);
+        return readRow(recognizer_, picture_, page_, row, effort,
+                       effort == Effort::Quick ? RowEnd::Sharp : RowEnd::Open);
     }
 
     void readRows(const std::vector<PageBox>& rows, PageText& text) {
@@ -70,7 +71,7 @@ class PageInWork {
     void readEntries() {
         for (std::size_t i = 0; i < layout_.columns.size(); ++i) {
             auto& column = reading_.entryStarts.emplace_back();
-            const std::vector<EntryLine> entries = entryLinesOf(page_, layout_.columns[i]);
+            const std::vector<EntryLine> entries = entryLinesOf(picture_, page_, layout_.columns[i]);
             for (std::size_t j = 0; j < entries.size(); ++j) {
                 const bool first = i == 0 && j < kEntries;
                 const bool last = i + 1 == layout_.columns.size() && j + kEntries >= entries.size();
@@ -80,13 +81,16 @@ class PageInWork {
         }
     }
 
+    // The bold words of an entry's first line, or else the first words of it.
     TextLine startOf(const EntryLine& entry) {
-        const int width = std::min(entry.box.width, static_cast<int>(12 * page_.xHeight));
+        const bool bold = entry.boldEnd > 0;
+        const int width =
+            bold ? entry.boldEnd - entry.box.x : std::min(entry.box.width, static_cast<int>(12 * page_.xHeight));
         TextLine line = lineAt({entry.box.x, entry.box.y, width, entry.box.height}, Effort::Quick);
-        if (width < entry.box.width && line.words.size() > 1)
+        if (!bold && width < entry.box.width && line.words.size() > 1)
             line.words.pop_back(); // it is cut
-        if (!line.words.empty())
-            line.words.front().bold = entry.bold;
+        for (TextWord& word : line.words)
+            word.bold = bold;
         return line;
     }
 

@@ -68,8 +68,10 @@ double usualCover(const std::vector<int>& cover) {
 
 // The stretches of text, without what is too narrow for a column: the edge of the facing page, dirt, a rule.
 std::vector<Interval> textStretches(const std::vector<int>& cover, double xHeight) {
-    const double least = std::max(1.0, 0.12 * usualCover(cover));
-    std::vector<Interval> stretches = stretchesOf(cover, least, static_cast<int>(0.5 * xHeight));
+    constexpr double kFewLines = 8; // whose words may end at one place by chance
+    const double usual = usualCover(cover), least = std::max(1.0, 0.12 * usual);
+    const double gap = (usual < kFewLines ? 1.5 : 0.5) * xHeight;
+    std::vector<Interval> stretches = stretchesOf(cover, least, static_cast<int>(gap));
     int widest = 0;
     for (const Interval& stretch : stretches)
         widest = std::max(widest, stretch.size());
@@ -129,13 +131,15 @@ std::vector<LineBand> linesOf(const std::vector<PageBox>& letters, const TextCol
     for (const Interval& rows : stretchesOf(withoutValleys(profile, xHeight), std::max(2.0, 0.5 * xHeight), 0)) {
         if (rows.size() < 0.35 * xHeight)
             continue;
-        LineBand line{rows.begin, rows.end, column.right, column.left};
+        LineBand line{rows.begin, rows.end, column.right, column.left, 0};
         for (const PageBox* box : inColumn) {
-            const int middle = box->y + box->height / 2;
-            if (middle < rows.begin || middle >= rows.end)
+            // Of a bent line some letters are above or below most others: they have their larger part in it.
+            const int common = std::min(rows.end, box->bottom()) - std::max(rows.begin, box->y);
+            if (2 * common < std::min(rows.size(), box->height))
                 continue;
             line.left = std::min(line.left, box->x);
             line.right = std::max(line.right, box->right());
+            line.covered += box->width;
         }
         if (line.left < line.right)
             lines.push_back(line);
@@ -150,7 +154,7 @@ std::vector<TextColumn> columnsOf(const StraightPage& page, const std::vector<Pa
         return {};
     const int width = pixGetWidth(page.ink.get()), height = pixGetHeight(page.ink.get());
     const Interval rows = rowsOfText(letters);
-    const int margin = rows.size() / 12;
+    const int margin = std::min(rows.size() / 3, std::max(rows.size() / 12, static_cast<int>(2 * page.xHeight)));
     const std::vector<int> cover = coverAcross(letters, width, {rows.begin + margin, rows.end - margin}, page.xHeight);
     std::vector<TextColumn> columns;
     std::vector<Interval> stretches = textStretches(cover, page.xHeight);

@@ -10,6 +10,7 @@ namespace velmarin {
 struct LineBand {
     int top = 0, bottom = 0;
     int left = 0, right = 0; ///< of its ink
+    int covered = 0;         ///< the widths of its letters together
 
     int height() const { return bottom - top; }
     double middle() const { return (top + bottom) / 2.0; }

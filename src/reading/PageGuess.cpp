@@ -1,9 +1,12 @@
 #include "reading/PageGuess.h"
 
+#include "reading/GreekLetters.h"
 #include "reading/GuideLayout.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <string_view>
 
 namespace velmarin {
 
@@ -19,13 +22,26 @@ constexpr std::size_t kMostReadings = 6;
 /// its end is not sure.
 constexpr double kEntryAlone = 0.6;
 
-/// The headword at the beginning of an entry: the bold words, or those before the first mark that ends a headword.
+/// Word classes and genders as dictionaries abbreviate them after a headword. "a" is none: many headwords go on with
+/// it.
+bool isClass(const std::string& word) {
+    constexpr std::array<std::string_view, 36> kClasses{
+        "s",   "n",   "m",    "f",    "v",   "adj",  "adv",  "subst", "sf",   "sm",   "nm",   "nf",
+        "vt",  "vi",  "va",   "vn",   "vr",  "tr",   "intr", "refl",  "prep", "pron", "conj", "interj",
+        "num", "art", "part", "masc", "fem", "neut", "pl",   "sing",  "sb",   "subs", "n.m",  "n.f"};
+    return std::find(kClasses.begin(), kClasses.end(), word) != kClasses.end();
+}
+
+/// The headword at the beginning of an entry: the bold words, or those before the first mark or word class that ends a
+/// headword.
 Guess headwordOf(const TextLine& line) {
     Guess found{.text = {}, .confidence = 1};
     const bool bold = !line.words.empty() && line.words.front().bold;
-    for (std::size_t i = 0; i < line.words.size() && i < 4; ++i) {
+    for (std::size_t i = 0; i < line.words.size() && (bold || i < 4); ++i) {
         const TextWord& word = line.words[i];
         if ((bold && !word.bold) || word.text.starts_with('(') || word.text.starts_with('['))
+            break;
+        if (i > 0 && isClass(word.text.substr(0, word.text.find_last_not_of(".,;:") + 1)))
             break;
         found.text += (i == 0 ? "" : " ") + word.text;
         found.confidence = std::min(found.confidence, word.confidence);
@@ -96,12 +112,32 @@ int entryInHead(const std::vector<HeadPart>& parts, const std::vector<Guess>& en
         if (part.number || entries.size() < 2)
             continue;
         const std::string letters = lettersOf(part.readings.front().text);
-        if (letters == lettersOf(entries.front().text))
+        const auto is = [&](const Guess& entry) {
+            const std::string other = lettersOf(entry.text);
+            return letters == other || almostSame(letters, other);
+        };
+        if (is(entries.front()))
             return 1;
-        if (letters == lettersOf(entries.back().text))
+        if (is(entries.back()))
             return -1;
     }
     return 0;
+}
+
+/// Gives the words of a book that is set in type with a kappa like chi their other readings.
+void considerKappa(std::vector<std::vector<HeadPart>>& pages, std::vector<std::vector<Guess>>& entries) {
+    KappaCount count;
+    for (const auto& parts : pages)
+        for (const HeadPart& part : parts)
+            count.add(part.readings.empty() ? "" : part.readings.front().text);
+    if (!count.readAsChi())
+        return;
+    for (auto& parts : pages)
+        for (HeadPart& part : parts)
+            part.readings = withKappa(part.readings);
+    for (auto& words : entries)
+        for (Guess& word : words)
+            word = withKappa({word}).front();
 }
 
 std::vector<Guess> readingsOf(const std::optional<HeadPart>& part) {
@@ -119,6 +155,7 @@ std::vector<PageGuess> guessGuideWords(const std::vector<PageReading>& readings)
         parts.push_back(text ? headPartsOf(reading, joint) : std::vector<HeadPart>());
         entries.push_back(text ? entriesOn(reading) : std::vector<Guess>());
     }
+    considerKappa(parts, entries);
     claimNumbers(parts);
     removeRunningTitles(parts);
     std::vector<int> firstIsEntry;

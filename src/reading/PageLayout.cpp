@@ -10,7 +10,8 @@ namespace velmarin {
 
 namespace {
 
-constexpr int kMostRows = 6; // at an edge of the page that may belong to its head, with dirt above it
+constexpr double kLetters = 0.75; // of the length of a line, the part that is not white between letters and words
+constexpr int kMostRows = 6;      // at an edge of the page that may belong to its head, with dirt above it
 
 // Which part of the width of the text has a rule across it, somewhere between two heights.
 using RuleCover = std::function<double(int top, int bottom)>;
@@ -23,6 +24,16 @@ std::vector<PageBox> lettersOf(const StraightPage& page) {
                box.width > 12 * page.xHeight;
     });
     return letters;
+}
+
+// The big letters that open a part of the alphabet.
+std::vector<PageBox> initialsOf(const StraightPage& page) {
+    std::vector<PageBox> initials = componentsOf(page.ink.get());
+    std::erase_if(initials, [&](const PageBox& box) {
+        return box.height < 2.2 * page.xHeight || box.height > 12 * page.xHeight || box.width > 12 * page.xHeight ||
+               box.width < 0.2 * box.height;
+    });
+    return initials;
 }
 
 double pitchOf(const std::vector<TextColumn>& columns) {
@@ -46,7 +57,7 @@ struct EdgeRow {
     // How much speaks for a head. A line of the text has at most 1. A short one that nothing parts from the next may be
     // an entry, or the end of one at the top of the only column that reaches so high.
     int score() const {
-        if (!ruled && farther < 1.15 && (columns.size() < 2 || asText))
+        if (!ruled && farther < (asText ? 1.35 : columns.size() < 2 ? 1.15 : 0))
             return 0;
         return (ruled ? 3 : 0) + (farther >= 1.35) + (farther >= 1.15) + (filled < 0.7) + (filled < 0.4);
     }
@@ -55,9 +66,10 @@ struct EdgeRow {
 // Takes rows away from the top of the columns while they look like a head.
 class EdgeFinder {
   public:
-    EdgeFinder(std::vector<TextColumn> columns, double pitch, double xHeight, RuleCover cover)
-        : columns_(std::move(columns)), pitch_(pitch), xHeight_(xHeight), cover_(std::move(cover)),
-          taken_(columns_.size()) {}
+    EdgeFinder(std::vector<TextColumn> columns, std::vector<PageBox> initials, double pitch, double xHeight,
+               RuleCover cover)
+        : columns_(std::move(columns)), initials_(std::move(initials)), pitch_(pitch), xHeight_(xHeight),
+          cover_(std::move(cover)), taken_(columns_.size()) {}
 
     // Finds the last of the first rows whose score is at least `least`, and up to two rows near above it. What is
     // farther above is dirt at the edge of the page.
@@ -101,7 +113,7 @@ class EdgeFinder {
             bottom = std::max(bottom, line.bottom);
             left = std::min(left, line.left);
             right = std::max(right, line.right);
-            letters += line.right - line.left;
+            letters += std::min<double>(line.right - line.left, line.covered / kLetters);
             row.columns.push_back(i);
             ++taken[i];
         }
@@ -135,11 +147,20 @@ class EdgeFinder {
             const LineBand& next = columns_[i].lines[taken[i]];
             below = std::min(below, next.top);
             const bool inRow = std::ranges::find(row.columns, i) != row.columns.end();
+            if (initialBetween(columns_[i], row.box.bottom(), next.top))
+                continue; // which has white around it, in the midst of the text too
             least = std::min(least, next.middle() - (inRow ? columns_[i].lines[taken[i] - 1].middle()
                                                            : row.box.y + row.box.height / 2.0));
         }
         row.farther = pitch_ > 0 && least < 1e9 ? least / pitch_ : 0;
         row.ruled = cover_(row.box.y + row.box.height / 2, std::max(below, row.box.bottom()) + 1) > 0.5;
+    }
+
+    bool initialBetween(const TextColumn& column, int top, int bottom) const {
+        return std::ranges::any_of(initials_, [&](const PageBox& box) {
+            const int x = box.x + box.width / 2, y = box.y + box.height / 2;
+            return x >= column.left && x < column.right && y >= top && y < bottom;
+        });
     }
 
     std::optional<double> nextMiddle(const std::vector<std::size_t>& taken) const {
@@ -154,6 +175,7 @@ class EdgeFinder {
     double textWidth() const { return std::max(1, columns_.back().right - columns_.front().left); }
 
     std::vector<TextColumn> columns_;
+    std::vector<PageBox> initials_;
     double pitch_, xHeight_;
     RuleCover cover_;
     std::vector<std::size_t> taken_; // lines that belong to the head, by column
@@ -184,7 +206,7 @@ std::vector<TextColumn> upsideDown(std::vector<TextColumn> columns, int height) 
     for (TextColumn& column : columns) {
         std::ranges::reverse(column.lines);
         for (LineBand& line : column.lines)
-            line = {height - line.bottom, height - line.top, line.left, line.right};
+            line = {height - line.bottom, height - line.top, line.left, line.right, line.covered};
     }
     return columns;
 }
@@ -209,9 +231,10 @@ std::vector<PageBox> joinedRows(const std::vector<PageBox>& rows, double xHeight
 void findHeadAndFoot(const StraightPage& page, PageLayout& layout) {
     const int height = pixGetHeight(page.ink.get());
     const RuleCover cover = ruleCoverOf(page, layout.columns.front().left, layout.columns.back().right);
-    EdgeFinder head(layout.columns, layout.linePitch, page.xHeight, cover);
+    const std::vector<PageBox> initials = initialsOf(page);
+    EdgeFinder head(layout.columns, initials, layout.linePitch, page.xHeight, cover);
     head.find(2);
-    EdgeFinder foot(upsideDown(layout.columns, height), layout.linePitch, page.xHeight,
+    EdgeFinder foot(upsideDown(layout.columns, height), {}, layout.linePitch, page.xHeight,
                     [&](int top, int bottom) { return cover(height - bottom, height - top); });
     foot.find(3);
     if (!head.found().empty() && head.found().front().y < height / 3)

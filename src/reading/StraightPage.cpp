@@ -137,24 +137,80 @@ PixPtr rulesAlong(Pix* ink, double xHeight, bool upright) {
     const PixPtr lines = closed ? brick(pixOpenBrick, closed.get(), length) : nullptr;
     if (!lines)
         return nullptr;
-    const int thick = std::max(4, static_cast<int>(0.5 * xHeight));
+    const int thick = std::max(6, static_cast<int>(0.9 * xHeight));
     const PixPtr seed(pixOpenBrick(nullptr, lines.get(), upright ? thick : 1, upright ? 1 : thick));
     const PixPtr solid(seed ? pixSeedfillBinary(nullptr, seed.get(), lines.get(), 8) : nullptr);
     return PixPtr(solid ? pixSubtract(nullptr, lines.get(), solid.get()) : nullptr);
 }
 
+// The part of a line's length that has some of `hanging` beside it.
+double hungPart(Pix* hanging, const PageBox& line, bool upright, int reach) {
+    const PixPtr part =
+        cutOut(hanging, {line.x - reach, line.y - reach, line.width + 2 * reach, line.height + 2 * reach});
+    Numa* counts = !part     ? nullptr
+                   : upright ? pixCountPixelsByRow(part.get(), nullptr)
+                             : pixCountPixelsByColumn(part.get());
+    int hung = 0;
+    for (int i = 0; i < numaGetCount(counts); ++i) {
+        l_int32 count = 0;
+        numaGetIValue(counts, i, &count);
+        hung += count > 0;
+    }
+    numaDestroy(&counts);
+    return static_cast<double>(hung) / (upright ? line.height : line.width);
+}
+
+// Removes from `lines` the upper and lower edges of words in thick, worn type, whose letters touch: the rest of the
+// letters hangs on them.
+void removeEdgesOfWords(Pix* lines, Pix* ink, double xHeight, bool upright) {
+    constexpr double kMostHung = 0.3;
+    const int near = std::max(2, static_cast<int>(0.35 * xHeight)), reach = near + 2;
+    const auto widened = [&](int by) {
+        return PixPtr(pixDilateBrick(nullptr, lines, upright ? 2 * by + 1 : 1, upright ? 1 : 2 * by + 1));
+    };
+    const PixPtr inner = widened(near), outer = widened(reach);
+    const PixPtr connected(pixSeedfillBinary(nullptr, lines, ink, 8));
+    const PixPtr around(inner && outer ? pixSubtract(nullptr, outer.get(), inner.get()) : nullptr),
+        hanging(around && connected ? pixAnd(nullptr, around.get(), connected.get()) : nullptr);
+    if (!hanging)
+        return;
+    for (const PageBox& line : componentsOf(lines)) {
+        if (hungPart(hanging.get(), line, upright, reach) > kMostHung)
+            pixRasterop(lines, line.x, line.y, line.width, line.height, PIX_CLR, nullptr, 0, 0);
+    }
+}
+
 PixPtr rulesOf(Pix* ink, double xHeight) {
     PixPtr rules = rulesAlong(ink, xHeight, false);
     const PixPtr upright = rulesAlong(ink, xHeight, true);
-    if (upright)
+    if (rules)
+        removeEdgesOfWords(rules.get(), ink, xHeight, false);
+    if (upright) {
+        removeEdgesOfWords(upright.get(), ink, xHeight, true);
         pixOr(rules.get(), rules.get(), upright.get());
+    }
     return rules;
 }
 
-void removeRules(Pix* ink, Pix* rules) {
+// Removes the rules, and what else of a broken upright one is left in its way: it would be taken for letters beside
+// the columns.
+void removeRules(Pix* ink, Pix* rules, double xHeight) {
     const PixPtr wide(pixDilateBrick(nullptr, rules, 1, 3));
     if (wide)
         pixSubtract(ink, ink, wide.get());
+    const int narrow = std::max(3, static_cast<int>(0.5 * xHeight)), way = static_cast<int>(16 * xHeight);
+    for (const PageBox& rule : componentsOf(rules)) {
+        if (rule.height < 3 * rule.width)
+            continue;
+        const PageBox around{rule.x - 2, rule.y - way, rule.width + 4, rule.height + 2 * way};
+        const PixPtr part = cutOut(ink, around);
+        for (const PageBox& piece : part ? componentsOf(part.get()) : std::vector<PageBox>()) {
+            const bool inside = piece.x > 0 && piece.right() < pixGetWidth(part.get()) && piece.width <= narrow;
+            if (inside)
+                pixRasterop(ink, std::max(0, around.x) + piece.x, std::max(0, around.y) + piece.y, piece.width,
+                            piece.height, PIX_CLR, nullptr, 0, 0);
+        }
+    }
 }
 
 double skewOf(Pix* ink) {
@@ -258,7 +314,7 @@ StraightPage straightenPage(const Picture& picture) {
                              L_BRING_IN_WHITE, 0, 0));
     page.rules = page.ink ? rulesOf(page.ink.get(), page.xHeight) : nullptr;
     if (page.rules)
-        removeRules(page.ink.get(), page.rules.get());
+        removeRules(page.ink.get(), page.rules.get(), page.xHeight);
     return page;
 }
 

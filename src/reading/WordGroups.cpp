@@ -157,7 +157,7 @@ Strip stripOf(const Picture& picture, const StraightPage& page, const PageBox& b
 
 } // namespace
 
-std::vector<WordGroup> wordGroupsOf(const Picture& picture, const StraightPage& page, const PageBox& row) {
+std::vector<WordGroup> wordGroupsOf(const Picture& picture, const StraightPage& page, const PageBox& row, RowEnd end) {
     const int margin = static_cast<int>(1.2 * page.xHeight);
     const PageBox cut{row.x - margin, row.y - margin, row.width + 2 * margin, row.height + 2 * margin};
     Strip strip = stripOf(picture, page, cut);
@@ -166,6 +166,8 @@ std::vector<WordGroup> wordGroupsOf(const Picture& picture, const StraightPage& 
     const double scale = page.straightening.reduction, letterHeight = page.xHeight * scale;
     const int inset = static_cast<int>(margin * scale);
     std::vector<PageBox> parts = partsOfRow(strip, inset, pixGetHeight(strip.ink.get()) - inset, letterHeight);
+    if (end == RowEnd::Sharp)
+        std::erase_if(parts, [&](const PageBox& part) { return part.x > inset + row.width * scale; });
     strip.capitalHeight = capitalHeightOf(parts, letterHeight);
     std::vector<WordGroup> groups;
     for (const Glyphs& glyphs : partedByWhite(glyphsOf(std::move(parts)), strip.capitalHeight)) {

@@ -13,8 +13,12 @@ struct WordGroup {
     double capitalHeight = 0; ///< in pixels of `grey`
 };
 
+/// Whether letters that begin beyond the right end of a row belong to it.
+enum class RowEnd { Open, Sharp };
+
 /// The groups of a row of text, from left to right. They are parted by wide white. Letters that are spaced out are
 /// moved together.
-std::vector<WordGroup> wordGroupsOf(const Picture& picture, const StraightPage& page, const PageBox& row);
+std::vector<WordGroup> wordGroupsOf(const Picture& picture, const StraightPage& page, const PageBox& row,
+                                    RowEnd end = RowEnd::Open);
 
 } // namespace velmarin

@@ -330,9 +330,9 @@ bool isNumber(const std::string& text) {
 }
 
 TextLine readRow(Recognizer& recognizer, const Picture& picture, const StraightPage& page, const PageBox& row,
-                 Effort effort) {
+                 Effort effort, RowEnd end) {
     TextLine line{{}, page.straightening.onPage(row)};
-    for (const WordGroup& group : wordGroupsOf(picture, page, row)) {
+    for (const WordGroup& group : wordGroupsOf(picture, page, row, end)) {
         for (TextWord& word : readGroup(recognizer, group, effort)) {
             word.box = page.straightening.onPage(word.box);
             line.words.push_back(std::move(word));

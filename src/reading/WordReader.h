@@ -14,7 +14,7 @@ enum class Effort { Full, Quick };
 /// readings vote: a word's confidence says how likely it is right, and its other readings are those that lost. Boxes
 /// are in pixels of the page picture; `words` is empty if nothing was read.
 TextLine readRow(Recognizer& recognizer, const Picture& picture, const StraightPage& page, const PageBox& row,
-                 Effort effort = Effort::Full);
+                 Effort effort = Effort::Full, RowEnd end = RowEnd::Open);
 
 /// Whether a text consists of digits.
 bool isNumber(const std::string& text);

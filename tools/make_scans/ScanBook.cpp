@@ -178,6 +178,27 @@ constexpr std::array<Row, 5> kBooks{{{"english", english, 85},
 
 } // namespace
 
+bool varyLayout(ScanBook& book, std::string_view name) {
+    ScanLayout& layout = book.layout;
+    if (name == "left")
+        layout.head = HeadStyle::Left;
+    else if (name == "right")
+        layout.head = HeadStyle::Right;
+    else if (name == "columns")
+        layout.head = HeadStyle::Columns;
+    else if (name == "foot")
+        layout.headAtFoot = true;
+    else if (name == "no-rule")
+        layout.rule = false;
+    else if (name == "title")
+        layout.title = layout.outerNumber = true;
+    else if (name == "line-numbers")
+        layout.lineNumbers = true;
+    else
+        return false;
+    return true;
+}
+
 std::vector<std::string_view> scanBookNames() {
     std::vector<std::string_view> names;
     for (const Row& row : kBooks)

@@ -14,10 +14,13 @@ namespace velmarin {
 
 /// How the guide words of a book are arranged.
 enum class HeadStyle : std::uint8_t {
-    Split,  ///< the first at the left, the last at the right
-    Joined, ///< "FIRST–LAST" in the middle
-    First,  ///< the first alone, at the outer corner
-    None,   ///< no guide words
+    Split,   ///< the first at the left, the last at the right
+    Joined,  ///< "FIRST–LAST" in the middle
+    First,   ///< the first alone, at the outer corner
+    Left,    ///< the first alone, at the left of each page
+    Right,   ///< the last alone, at the right of each page
+    Columns, ///< one over each column: the first that begins in it, over the last one the last of the page
+    None,    ///< no guide words
 };
 
 /// What is printed around the columns.
@@ -36,6 +39,9 @@ struct ScanLayout {
     bool letterPages = false;
     std::size_t plateEvery = 0; ///< pages between two plates; 0 for none
     int firstNumber = 1;        ///< printed on the first page of text
+    bool headAtFoot = false;    ///< guide words and number are below the columns
+    bool title = false;         ///< a running title in the middle of the head, the number at the outer corner
+    bool lineNumbers = false;   ///< of every fifth line, in the margins
 };
 
 /// A book to be scanned: its articles are in the book's own order.
@@ -45,6 +51,10 @@ struct ScanBook {
     std::string languages;  ///< for the recognizer, such as "eng"
     std::string alike = {}; ///< how the book sorts, as making/KeyRule reads it
 };
+
+/// Changes a book's layout: "left", "right" or "columns" places its guide words, "foot" puts them below the columns,
+/// "no-rule", "title" and "line-numbers" change what else is printed. False for another name.
+bool varyLayout(ScanBook& book, std::string_view name);
 
 /// The names of the books that scanBook makes.
 std::vector<std::string_view> scanBookNames();

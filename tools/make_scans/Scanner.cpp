@@ -266,4 +266,16 @@ Raster spreadOf(const Raster& left, const Raster& right) {
     return both;
 }
 
+Raster onTable(const Raster& scan) {
+    const int margin = scan.width / 15, patch = scan.width / 12;
+    Raster table(scan.width + 2 * margin, scan.height + 3 * margin + patch, 0);
+    for (int y = 0; y < scan.height; ++y)
+        std::memcpy(table.row(margin + y) + margin, scan.row(y), static_cast<std::size_t>(scan.width));
+    for (int i = 0; i < 8; ++i)
+        for (int y = 0; y < patch; ++y)
+            std::memset(table.row(scan.height + 2 * margin + y) + margin + i * patch, i % 2 == 0 ? 255 - 30 * i : 0,
+                        static_cast<std::size_t>(patch));
+    return table;
+}
+
 } // namespace velmarin

@@ -32,4 +32,7 @@ Raster scanned(const OpenBook& book, const ScannerSettings& settings);
 /// Puts two scans beside each other, the gutter between them, as a scan of an open book has them.
 Raster spreadOf(const Raster& left, const Raster& right);
 
+/// Puts a scan on a black table, with a strip of grey patches, as used to check colors, below it.
+Raster onTable(const Raster& scan);
+
 } // namespace velmarin

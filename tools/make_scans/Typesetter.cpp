@@ -118,9 +118,15 @@ void Typesetter::addPage(std::size_t part, std::size_t page, bool opensLetter) {
             const std::string& word = book_.book.articles[article].guide;
             return layout.capitals ? Uppercase(word) : word;
         };
-        made.first = guide(layout.running ? flow[set.lines.front().line].article : set.firstArticle);
-        if (layout.head != HeadStyle::First)
+        if (layout.head != HeadStyle::Right)
+            made.first = guide(layout.running ? flow[set.lines.front().line].article : set.firstArticle);
+        if (layout.head != HeadStyle::First && layout.head != HeadStyle::Left)
             made.last = guide(set.lastArticle);
+        for (int column = 1; layout.head == HeadStyle::Columns && column + 1 < book_.book.design.columns; ++column) {
+            const auto opening = std::ranges::find_if(
+                set.lines, [&](const SetLine& line) { return line.column == column && flow[line.line].opensArticle; });
+            made.between.push_back(opening == set.lines.end() ? "" : guide(flow[opening->line].article));
+        }
     }
     places_.push_back({part, page});
     printed_.push_back(std::move(made));
@@ -140,9 +146,11 @@ void Typesetter::drawHead(cairo_t* context, const PrintedPage& page, bool recto)
     const double left = design.sideMargin;
     const double right = design.pageWidth - design.sideMargin;
     const double middle = design.pageWidth / 2.0;
+    const double baseline =
+        layout.headAtFoot ? design.textBottom + design.head * 1.9 : static_cast<double>(design.headBaseline);
     const auto guide = [&](const std::string& word, double x, double anchor) {
         if (!word.empty())
-            drawText(context, layout.bold ? bold(word) : escaped(word), x, design.headBaseline, anchor);
+            drawText(context, layout.bold ? bold(word) : escaped(word), x, baseline, anchor);
     };
     if (layout.head == HeadStyle::Joined)
         guide(page.last.empty() || page.last == page.first ? page.first : page.first + "–" + page.last, middle, 0.5);
@@ -151,18 +159,25 @@ void Typesetter::drawHead(cairo_t* context, const PrintedPage& page, bool recto)
     else {
         guide(page.first, left, 0);
         guide(page.last == page.first ? "" : page.last, right, 1);
+        for (std::size_t i = 0; i < page.between.size(); ++i)
+            guide(page.between[i], left + static_cast<double>(i + 1) * (design.columnWidth() + design.gutter), 0);
     }
+    if (layout.title)
+        drawText(context, "DICTIONARY OF WORDS", middle, baseline, 0.5);
     const bool outer = layout.outerNumber;
+    const double number =
+        layout.head == HeadStyle::Columns || layout.title ? design.headBaseline - design.head * 1.3 : baseline;
     drawText(context, page.number,
              !outer  ? middle
              : recto ? right
                      : left,
-             layout.numberAtFoot ? design.textBottom + design.head * 1.9 : design.headBaseline,
+             layout.numberAtFoot ? design.textBottom + design.head * 1.9 : number,
              !outer  ? 0.5
              : recto ? 1
                      : 0);
-    if (layout.rule && !page.first.empty()) {
-        cairo_rectangle(context, left, design.headBaseline + design.head * 0.45, right - left, design.dpi / 100.0);
+    if (layout.rule && !(page.first.empty() && page.last.empty())) {
+        cairo_rectangle(context, left, layout.headAtFoot ? baseline - design.head * 1.1 : baseline + design.head * 0.45,
+                        right - left, design.dpi / 100.0);
         cairo_fill(context);
     }
 }
@@ -179,6 +194,9 @@ void Typesetter::drawColumns(cairo_t* context, const Place& place) const {
         cairo_move_to(context, design.sideMargin + set.column * step + line.x, design.textTop + set.baseline);
         pango_cairo_show_layout_line(context, line.line.get());
     }
+    for (double y = 5 * design.bodyLeading; book_.layout.lineNumbers && y < foot; y += 5 * design.bodyLeading)
+        drawText(context, "<small>" + std::to_string(static_cast<int>(y / design.bodyLeading)) + "</small>",
+                 design.sideMargin * 0.75, design.textTop + y, 1);
     for (int column = 1; column < design.columns && book_.layout.columnRules; ++column) {
         cairo_rectangle(context, design.sideMargin + column * step - design.gutter / 2.0, design.textTop,
                         design.dpi / 150.0, foot);

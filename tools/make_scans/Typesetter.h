@@ -18,6 +18,7 @@ namespace velmarin {
 /// What is printed on one page. Empty texts are not printed.
 struct PrintedPage {
     std::string number = {}, first = {}, last = {};
+    std::vector<std::string> between = {};   ///< guide words over the columns between the first and the last
     std::vector<std::string> headwords = {}; ///< of the articles that begin on it
     bool plate = false;
 };

@@ -6,6 +6,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include <CLI/CLI.hpp>
 
@@ -26,7 +27,8 @@ struct Order {
     std::size_t pages = 100;
     int dpi = 300;
     std::uint64_t seed = 1;
-    bool spread = false, part = false;
+    bool spread = false, part = false, table = false;
+    std::vector<std::string> varied;
     unsigned threads = std::max(std::thread::hardware_concurrency(), 1U);
 };
 
@@ -86,6 +88,8 @@ class ScanRun {
         Raster scan = scanOf(page);
         if (order_.spread && page + 1 < count_)
             scan = spreadOf(scan, scanOf(page + 1));
+        if (order_.table)
+            scan = onTable(scan);
         writeScan(fs::path(order_.folder) / "scan" / nameOf(page), scan, order_.tone, order_.dpi, wear_.jpegQuality);
     }
 
@@ -103,6 +107,9 @@ void make(const Order& order) {
     const auto wear = wearOf(order.level);
     if (!book || !wear)
         throw std::runtime_error("no book or level of that name");
+    for (const std::string& name : order.varied)
+        if (!varyLayout(*book, name))
+            throw std::runtime_error("no layout is called \"" + name + "\"");
     const Typesetter typesetter(std::move(*book), order.dpi);
     fs::create_directories(fs::path(order.folder) / "scan");
     ScanRun run(order, *wear, typesetter);
@@ -143,6 +150,10 @@ int main(int argc, char** argv) {
     app.add_option("--dict-dir", order.dictFolder, "The folder with the .index and .dict.dz files")
         ->capture_default_str();
     app.add_option("--threads", order.threads)->check(CLI::Range(1, 64));
+    app.add_option("--layout", order.varied,
+                   "Change the book's layout: left, right, columns, foot, no-rule, title, line-numbers")
+        ->delimiter(',');
+    app.add_flag("--table", order.table, "On a black table, with a color target");
     app.add_flag("--spread", order.spread, "Two pages a picture");
     app.add_flag("--part", order.part,
                  "As a part of a large book: its articles follow each other, from a place by the seed");

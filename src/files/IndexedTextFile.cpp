@@ -1,6 +1,7 @@
 #include "files/IndexedTextFile.h"
 
 #include "files/LineScanner.h"
+#include "text/NilObjectException.h"
 
 #include <algorithm>
 
@@ -48,7 +49,11 @@ void IndexedTextFile::findLines() {
     if (!file)
         return;
     forgetPlacesUnlessSame(file->stamp());
-    places_ = findLinePlaces(*file);
+    try {
+        places_ = findLinePlaces(*file);
+    } catch (const NilObjectException&) {
+        places_ = {};
+    }
 }
 
 } // namespace velmarin

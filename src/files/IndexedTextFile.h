@@ -28,7 +28,8 @@ class IndexedTextFile {
     /// Raises NilObjectException if the disk fails.
     Line line(std::uint64_t number);
 
-    /// Finds where all lines begin, in one pass, so that no later question has to.
+    /// Finds where all lines begin, in one pass, so that no later question has to. If the disk fails, the
+    /// question meets it again and tells it.
     void findLines();
 
   private:

@@ -56,7 +56,7 @@ LinePlaces findLinePlaces(const ReadOnlyFile& file) {
     std::vector<char> window(LineScanner::kWindow + 1);
     std::uint64_t offset = 0;
     for (bool last = false; !last;) {
-        const std::size_t got = file.read(offset, window.data(), LineScanner::kWindow);
+        const std::size_t got = file.readOrRaise(offset, window.data(), LineScanner::kWindow);
         last = got < LineScanner::kWindow;
         window[got] = '\0';
         // A CR at the end of the window may have its LF after it: it is read again.

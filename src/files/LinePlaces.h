@@ -33,7 +33,8 @@ struct LinePlaces {
     }
 };
 
-/// The places of all lines: for each line what LineScanner finds, but counted block by block.
+/// The places of all lines: for each line what LineScanner finds, but counted block by block. Raises
+/// NilObjectException if the disk fails.
 LinePlaces findLinePlaces(const ReadOnlyFile& file);
 
 } // namespace velmarin

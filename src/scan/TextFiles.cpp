@@ -39,8 +39,14 @@ std::optional<std::string> readPart(const FolderItem& item, std::uint64_t from, 
         return std::nullopt;
     std::string bytes(size, '\0');
     std::size_t got = 0;
-    while (const std::size_t more = got < size ? file->read(from + got, bytes.data() + got, size - got) : 0)
-        got += more;
+    while (got < size) {
+        const auto more = file->read(from + got, bytes.data() + got, size - got);
+        if (!more)
+            return std::nullopt;
+        if (*more == 0)
+            break;
+        got += *more;
+    }
     bytes.resize(got);
     return bytes;
 }

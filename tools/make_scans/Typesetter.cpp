@@ -194,8 +194,8 @@ void Typesetter::drawColumns(cairo_t* context, const Place& place) const {
         cairo_move_to(context, design.sideMargin + set.column * step + line.x, design.textTop + set.baseline);
         pango_cairo_show_layout_line(context, line.line.get());
     }
-    for (double y = 5 * design.bodyLeading; book_.layout.lineNumbers && y < foot; y += 5 * design.bodyLeading)
-        drawText(context, "<small>" + std::to_string(static_cast<int>(y / design.bodyLeading)) + "</small>",
+    for (double y = 5 * design.body.leading; book_.layout.lineNumbers && y < foot; y += 5 * design.body.leading)
+        drawText(context, "<small>" + std::to_string(static_cast<int>(y / design.body.leading)) + "</small>",
                  design.sideMargin * 0.75, design.textTop + y, 1);
     for (int column = 1; column < design.columns && book_.layout.columnRules; ++column) {
         cairo_rectangle(context, design.sideMargin + column * step - design.gutter / 2.0, design.textTop,

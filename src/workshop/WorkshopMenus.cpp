@@ -65,18 +65,18 @@ void WorkshopMenus::refresh() {
 }
 
 void WorkshopMenus::fillFile(QMenu& menu) {
-    const auto add = [&](const char* text, const QKeySequence& key, void (WorkshopMenusPort::*command)()) {
+    const auto add = [&](const char* text, const QKeySequence& key, auto command) {
         QAction* item = menu.addAction(QString::fromUtf8(text));
         item->setShortcut(key);
-        connect(item, &QAction::triggered, this, [this, command] { (window_.*command)(); });
+        connect(item, &QAction::triggered, this, command);
     };
-    add("&Open a book…", QKeySequence::Open, &WorkshopMenusPort::chooseBook);
-    add("Open a &scan…", {}, &WorkshopMenusPort::chooseScan);
-    add("Open a &folder of page images…", {}, &WorkshopMenusPort::chooseFolder);
+    add("&Open a book…", QKeySequence::Open, [this] { window_.chooseBook(); });
+    add("Open a &scan…", {}, [this] { window_.chooseScan(); });
+    add("Open a &folder of page images…", {}, [this] { window_.chooseFolder(); });
     menu.addSeparator();
-    add("Correct a &dictionary…", {}, &WorkshopMenusPort::correctDictionary);
+    add("Correct a &dictionary…", {}, [this] { window_.correctDictionary(); });
     menu.addSeparator();
-    add("&Quit", Qt::CTRL | Qt::Key_Q, &WorkshopMenusPort::closeWindow);
+    add("&Quit", Qt::CTRL | Qt::Key_Q, [this] { window_.closeWindow(); });
 }
 
 void WorkshopMenus::fillEdit(QMenu& menu) {

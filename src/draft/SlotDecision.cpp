@@ -11,7 +11,7 @@ namespace velmarin {
 namespace {
 
 /// If the best reading is wrong, one of the others is right at most this likely: if it breaks the order, and if not.
-constexpr double kOthersRight = 0.9, kOthersRightInOrder = 0.5;
+constexpr double kOthersRight = 0.9, kOthersRightInOrder = 0.8;
 constexpr double kTrustOfConfused = 0.3;
 /// Where an entry begins is less sure than where a guide word is, unless its initial is new: pages on which a letter
 /// begins often have no guide words.

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kLeastLetters = 4; // bytes; a shorter word is found by chance
 // What remains of the doubt in a known word, and in one that is unknown or may be misread in both places.
-constexpr double kDoubtOfKnown = 0.1, kDoubtOfUnknown = 0.5, kLeastConfidence = 0.5;
+constexpr double kDoubtOfKnown = 0.3, kDoubtOfUnknown = 0.5, kLeastConfidence = 0.9;
 // Of two readings, the one that an entry begins with: known, or as unknown as the other.
 constexpr double kReplacedByKnown = 0.97, kReplaced = 0.4;
 

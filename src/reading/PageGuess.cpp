@@ -14,7 +14,7 @@ namespace {
 
 /// What remains of the doubt in a guide word that is also read at the beginning of an entry: its broken type may be
 /// misread alike there.
-constexpr double kDoubtOfTwice = 0.4;
+constexpr double kDoubtOfTwice = 0.6;
 /// An entry's beginning that is almost the guide word, as another reading of it.
 constexpr double kAlmostSame = 0.4;
 constexpr std::size_t kMostReadings = 6;
@@ -83,6 +83,17 @@ void confirmBest(std::vector<Guess>& readings) {
         readings[i].confidence = std::min(readings[i].confidence, 1 - best);
 }
 
+std::ptrdiff_t blanksIn(const std::string& text) {
+    return std::count(text.begin(), text.end(), ' ');
+}
+
+/// The words of the best reading are joined, or parted, in the entry: a blank counts in the order of a book.
+void doubtBlanks(std::vector<Guess>& readings, const Guess& entry) {
+    constexpr double kAsLikely = 0.5;
+    readings.front().confidence = std::min(readings.front().confidence, kAsLikely);
+    readings.push_back({entry.text, kAsLikely});
+}
+
 /// Compares the readings of a guide word with the entries of its page.
 void testByEntries(std::vector<Guess>& readings, const std::vector<Guess>& entries) {
     if (readings.empty())
@@ -93,7 +104,10 @@ void testByEntries(std::vector<Guess>& readings, const std::vector<Guess>& entri
         const auto same = std::find_if(readings.begin(), readings.end(),
                                        [&](const Guess& each) { return lettersOf(each.text) == letters; });
         if (same == readings.begin()) {
-            confirmBest(readings);
+            if (blanksIn(entry.text) == blanksIn(same->text))
+                confirmBest(readings);
+            else
+                doubtBlanks(readings, entry);
             break;
         }
         if (same != readings.end())

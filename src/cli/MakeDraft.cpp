@@ -10,10 +10,12 @@
 #include "scan/OpenScan.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <optional>
+#include <system_error>
 
 namespace velmarin {
 
@@ -92,11 +94,13 @@ bool takeNumbers(const CLI::Option* option, BookSettings& settings, Session& ses
 bool takeWordLists(const CLI::Option* option, BookSettings& settings, Session& session) {
     std::vector<std::string> lists;
     for (const std::string& each : operands(option)) {
-        if (!ReadOnlyFile::open(FolderItem(each))) {
-            session.couldNot("--words: " + each + " cannot be read");
+        std::error_code error; // for an empty name, which cannot be read either
+        lists.push_back(std::filesystem::absolute(each, error));
+        const bool hasName = isValidUtf8(lists.back()); // the settings are JSON
+        if (!hasName || !ReadOnlyFile::open(FolderItem(each))) {
+            session.couldNot("--words: " + each + (hasName ? " cannot be read" : ": its path is not UTF-8"));
             return false;
         }
-        lists.push_back(std::filesystem::absolute(each));
     }
     if (!lists.empty())
         settings.wordLists = std::move(lists);

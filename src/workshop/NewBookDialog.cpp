@@ -149,7 +149,8 @@ void NewBookDialog::showBook(const BookFolder& book) {
     choose_->setEnabled(false);
     ok_->setText(QStringLiteral("&Read again"));
     spread_->setChecked(book.settings().pages.spread);
-    const std::vector<std::string>& chosen = book.settings().languages;
+    languagesBefore_ = book.settings().languages;
+    const std::vector<std::string>& chosen = languagesBefore_;
     for (int row = 0; row < languages_->count(); ++row) {
         QListWidgetItem& item = *languages_->item(row);
         const bool isChosen = std::find(chosen.begin(), chosen.end(), codeOf(item)) != chosen.end();
@@ -169,6 +170,9 @@ std::vector<std::string> NewBookDialog::languages() const {
     for (int row = 0; row < languages_->count(); ++row)
         if (languages_->item(row)->checkState() == Qt::Checked)
             codes.push_back(codeOf(*languages_->item(row)));
+    std::ranges::stable_sort(codes, {}, [this](const std::string& code) {
+        return std::ranges::find(languagesBefore_, code) - languagesBefore_.begin();
+    });
     return codes;
 }
 

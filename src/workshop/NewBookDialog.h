@@ -33,7 +33,7 @@ class NewBookDialog : public QDialog {
     void showBook(const BookFolder& book);
 
     FolderItem folder() const;
-    /// The main one first.
+    /// Those of the book that exists in the order that they have there, the main one first; the others by name.
     std::vector<std::string> languages() const;
     bool spread() const;
 
@@ -47,6 +47,7 @@ class NewBookDialog : public QDialog {
     QLineEdit* folder_;
     QPushButton* choose_;
     QListWidget* languages_;
+    std::vector<std::string> languagesBefore_; ///< of the book that exists
     QCheckBox* spread_;
     QPushButton* ok_;
 };

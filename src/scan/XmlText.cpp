@@ -94,17 +94,19 @@ std::optional<PageText> withSize(PageText text, int width, int height) {
 
 /// The parts that begin with a tag in which `mark` occurs and that `take` takes.
 template <typename Take> std::vector<TextPart> partsWith(std::string_view all, std::string_view mark, Take take) {
-    constexpr std::size_t kLongestTag = 4096; // in a file without tags each mark would be searched for one otherwise
     std::vector<TextPart> parts;
-    std::size_t end = 0; // of the tag
+    std::size_t end = 0; // of what was searched: nothing is searched twice, as a hostile file would have it
     for (std::size_t at = all.find(mark); at != std::string_view::npos; at = all.find(mark, std::max(end, at + 1))) {
-        const std::size_t first = std::max(end, at - std::min(at, kLongestTag));
-        const std::size_t begin = all.substr(first, at - first).rfind('<');
-        const std::size_t rest = all.substr(at, kLongestTag).find_first_of("<>");
-        if (begin == std::string_view::npos || rest == std::string_view::npos || all[at + rest] == '<')
+        const std::size_t begin = all.substr(end, at - end).rfind('<');
+        if (begin == std::string_view::npos) {
+            end = at;
             continue;
-        TextPart part{.image = {}, .from = first + begin};
-        end = at + rest + 1;
+        }
+        TextPart part{.image = {}, .from = end + begin};
+        end = std::min(all.find_first_of("<>", at), all.size());
+        if (end == all.size() || all[end] == '<')
+            continue;
+        ++end;
         pugi::xml_document tag;
         parse(tag, all.substr(part.from, end - part.from));
         if (!take(tag.first_child(), part))

@@ -18,8 +18,7 @@ Result makeBook(BookFolder& book, const FolderItem& scan, const NewBookDialog& a
     if (const Result made = book.openFor(scan, asked.folder()); !made)
         return made;
     BookSettings settings = book.settings();
-    settings.languages = asked.languages();
-    settings.pages.spread = asked.spread();
+    asked.choice().applyTo(settings);
     return book.saveSettings(std::move(settings));
 }
 

@@ -15,7 +15,7 @@ bool isBook(const FolderItem& folder) {
 }
 
 Result makeBook(BookFolder& book, const FolderItem& scan, const NewBookDialog& asked) {
-    if (const Result made = book.openFor(scan, asked.folder()); !made)
+    if (Result made = book.openFor(scan, asked.folder()); !made)
         return made;
     BookSettings settings = book.settings();
     asked.choice().applyTo(settings);

@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <optional>
-#include <system_error>
 
 namespace velmarin {
 
@@ -36,8 +35,8 @@ constexpr const char* kHelp = R"help(Columns:
 Reads the guide words of a scanned book. Nothing is written to SOURCE. BOOK is a
 new or empty folder, or one that the command has made before: then it reads the
 pages that are not read yet, and with another --lang, --words or --turn those that
-it changes. Options are kept in BOOK; "--no-spread" and the like take them back.
-Pages are counted from 1 in the order of SOURCE.
+it changes. Options are kept in BOOK; --no-spread, --words "" and the like take them
+back. Pages are counted from 1 in the order of SOURCE.
 
 The result is BOOK/draft.tsv, a table with the columns page, number, first, last,
 confidence and state (certain, mended, doubtful, set). Any spreadsheet edits it.
@@ -94,15 +93,16 @@ bool takeNumbers(const CLI::Option* option, BookSettings& settings, Session& ses
 bool takeWordLists(const CLI::Option* option, BookSettings& settings, Session& session) {
     std::vector<std::string> lists;
     for (const std::string& each : operands(option)) {
-        std::error_code error; // for an empty name, which cannot be read either
-        lists.push_back(std::filesystem::absolute(each, error));
+        if (each.empty())
+            continue; // takes back the lists that the book has
+        lists.push_back(std::filesystem::absolute(each));
         const bool hasName = isValidUtf8(lists.back()); // the settings are JSON
         if (!hasName || !ReadOnlyFile::open(FolderItem(each))) {
             session.couldNot("--words: " + each + (hasName ? " cannot be read" : ": its path is not UTF-8"));
             return false;
         }
     }
-    if (!lists.empty())
+    if (option->count() > 0)
         settings.wordLists = std::move(lists);
     return true;
 }

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <chrono>
-#include <mutex>
+#include <exception>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -33,10 +34,20 @@ class PageThreads {
     }
 
   private:
+    PagePictures takeOut(std::size_t page, const PageOptions& options) const {
+        try {
+            return scan_.takeOut(page, options, folder_);
+        } catch (const std::bad_alloc&) {
+            return {.result = Failure{FolderItem(folder_), "a page needs more memory than there is"}};
+        } catch (const std::exception& error) {
+            return {.result = Failure{FolderItem(folder_), error.what()}};
+        }
+    }
+
     void work() {
         const PageOptions options{.mayContinue = [this] { return !stop_ && !failed_; }};
         for (std::size_t page = next_++; page < names_.size() && !failed_; page = next_++) {
-            const PagePictures pictures = scan_.takeOut(page, options, folder_);
+            const PagePictures pictures = takeOut(page, options);
             if (pictures.result)
                 names_[page] = pictures.files.front().filename().string();
             else if (!failed_.exchange(true))

@@ -200,8 +200,12 @@ Result BookFolder::loadDraft(Draft& draft) const {
 }
 
 Result BookFolder::saveDraft(const Draft& draft) const {
-    if (Result kept = keepMendedRows(draft, mendedFile()); !kept)
-        return kept;
+    try {
+        if (Result kept = keepMendedRows(draft, mendedFile()); !kept)
+            return kept;
+    } catch (const NilObjectException& unreadable) {
+        return Failure{mendedFile(), unreadable.what()};
+    }
     return velmarin::saveDraft(draft, draftFile().path());
 }
 

@@ -10,6 +10,7 @@
 #include "scan/OpenScan.h"
 #include "text/NumberText.h"
 #include "text/StringFields.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -33,20 +34,22 @@ constexpr const char* kHelp = R"help(Columns:
 
 Reads the guide words of a scanned book. Nothing is written to SOURCE. BOOK is a
 new or empty folder, or one that the command has made before: then it reads the
-pages that are not read yet, and with another --lang or --turn those that it
-changes. Options are kept in BOOK; "--no-spread" and the like take them back. Pages
-are counted from 1 in the order of SOURCE.
+pages that are not read yet, and with another --lang, --words or --turn those that
+it changes. Options are kept in BOOK; --no-spread, --words "" and the like take them
+back. Pages are counted from 1 in the order of SOURCE.
 
 The result is BOOK/draft.tsv, a table with the columns page, number, first, last,
 confidence and state (certain, mended, doubtful, set). Any spreadsheet edits it.
 Rows with the state "set" stay when the command runs again. "make build" makes the
 dictionary.
 
-Text that the scan has itself is used first, or that files beside it have: hOCR or
-ALTO, of single pages or of the whole book. The rest is read by Tesseract, whose
-languages are installed as packages such as tesseract-ocr-lat. What is read is
-compared with the word lists of the system (packages such as wamerican-insane or
-wfrench) and those of --words, such as the file "ind" of another dictionary.
+The text of a PDF or DjVu file is used first, or that of files beside a folder or a
+TIFF: hOCR or ALTO, of single pages or of the whole book. The rest is read by
+Tesseract, whose languages are installed as packages such as tesseract-ocr-lat. What
+is read is compared with the word lists of the system (packages such as
+wamerican-insane or wfrench) and those of --words, such as the file "ind" of another
+dictionary.
+
 An interrupt (Ctrl-C) stops the command; it goes on with the next call.
 
 Exit status: 0 all pages read, 1 stopped, 2 failure, at least in part.
@@ -90,13 +93,16 @@ bool takeNumbers(const CLI::Option* option, BookSettings& settings, Session& ses
 bool takeWordLists(const CLI::Option* option, BookSettings& settings, Session& session) {
     std::vector<std::string> lists;
     for (const std::string& each : operands(option)) {
-        if (!ReadOnlyFile::open(FolderItem(each))) {
-            session.couldNot("--words: " + each + " cannot be read");
+        if (each.empty())
+            continue; // takes back the lists that the book has
+        lists.push_back(std::filesystem::absolute(each));
+        const bool hasName = isValidUtf8(lists.back()); // the settings are JSON
+        if (!hasName || !ReadOnlyFile::open(FolderItem(each))) {
+            session.couldNot("--words: " + each + (hasName ? " cannot be read" : ": its path is not UTF-8"));
             return false;
         }
-        lists.push_back(std::filesystem::absolute(each));
     }
-    if (!lists.empty())
+    if (option->count() > 0)
         settings.wordLists = std::move(lists);
     return true;
 }
@@ -110,7 +116,7 @@ std::optional<int> parseDpi(const std::string& text) {
 SettingsChange addScanOptions(CLI::App& command) {
     const CLI::Option* languages = addOption(command, "--lang", "LANGUAGES", "What is printed, such as lat+eng");
     const CLI::Option* words =
-        addOption(command, "--words", "FILE", "A list of words that it may have, one a line, or an index file")
+        addOption(command, "--words", "FILE", "A list of words that the book may have, one a line, or an index file")
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     const CLI::Option* spread = addSwitch(command, "spread", "Each picture has two pages, side by side");
     const CLI::Option* rightToLeft = addSwitch(command, "right-to-left", "Of the two, the right one comes first");

@@ -148,7 +148,7 @@ class EdgeFinder {
             below = std::min(below, next.top);
             const bool inRow = std::ranges::find(row.columns, i) != row.columns.end();
             if (initialBetween(columns_[i], row.box.bottom(), next.top))
-                continue; // which has white around it, in the midst of the text too
+                continue; // there is white around an initial within the text, too
             least = std::min(least, next.middle() - (inRow ? columns_[i].lines[taken[i] - 1].middle()
                                                            : row.box.y + row.box.height / 2.0));
         }

@@ -18,7 +18,7 @@ std::vector<int> columnSums(Pix* ink) {
     return sums;
 }
 
-// Ink of which a pixel around is taken away: what the edges of strokes have, and what is left.
+// How much ink each column of pixels has, and how much of it is not at the edge of a stroke.
 struct Strokes {
     std::vector<int> ink, inner;
 

@@ -1,11 +1,11 @@
 #include "reading/Recognizer.h"
 
+#include "text/LetterCase.h"
+
 #include <tesseract/baseapi.h>
 #include <tesseract/resultiterator.h>
 
 #include <omp.h>
-
-#include "text/LetterCase.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,20 +1,20 @@
 #include "reading/WordList.h"
 
+#include "files/LineScanner.h"
+#include "files/ReadOnlyFile.h"
+#include "reading/HeadParts.h"
+#include "text/NilObjectException.h"
+
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <system_error>
-#include <utility>
-
-#include "files/LineScanner.h"
-#include "files/ReadOnlyFile.h"
-#include "reading/HeadParts.h"
 
 namespace velmarin {
 
 namespace {
 
-/// How the lists of a language are called, and whether its words begin with capitals that are not names. Names are
+/// How a list of a language is called, and whether its words begin with capitals that are not names. Names are
 /// left out: few dictionaries have them, and many are a headword but for a letter.
 struct ListName {
     std::string_view language, name;
@@ -82,11 +82,15 @@ void WordList::add(const FolderItem& file, Names names) {
     const auto opened = ReadOnlyFile::open(file);
     if (!opened)
         return;
-    LineScanner lines(*opened);
-    for (std::string_view line; lines.next(line);) {
-        const bool capital = !line.empty() && line.front() >= 'A' && line.front() <= 'Z';
-        if (!capital || names == Names::AreWords)
-            words_.push_back(hashOf(line.substr(0, line.find("__DLM__"))));
+    try {
+        LineScanner lines(*opened);
+        for (std::string_view line; lines.next(line);) {
+            const bool capital = !line.empty() && line.front() >= 'A' && line.front() <= 'Z';
+            if (!capital || names == Names::AreWords)
+                words_.push_back(hashOf(line.substr(0, line.find("__DLM__"))));
+        }
+    } catch (const NilObjectException&) {
+        // The disk failed. The words before that place are of use.
     }
     std::ranges::sort(words_);
     const auto again = std::ranges::unique(words_);

@@ -3,7 +3,6 @@
 #include "files/FolderItem.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,7 +26,7 @@ class WordList {
     bool has(std::string_view word) const;
 
   private:
-    // Hashes, sorted: of a million words no two meet by chance more often than once in 10 million lists.
+    // Hashes, sorted. Of a million words, one has the hash of a wrong reading once in 10 million million readings.
     std::vector<std::uint64_t> words_ = {};
 };
 

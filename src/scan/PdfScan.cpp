@@ -35,6 +35,12 @@ bool isBlank(const Picture& picture) {
     return pixZero(picture.pix(), &blank) == 0 && blank != 0;
 }
 
+/// Whether a picture may be taken as it is, by its kind and size.
+bool isUsable(const PdfImage& image) {
+    return (image.type == "image" || image.type == "stencil") && image.width > 0 && image.height > 0 &&
+           static_cast<double>(image.width) * image.height <= kMostPixels;
+}
+
 /// Whether pdfimages can write the picture there, in several threads: on a full disk it succeeds with half a picture.
 bool hasRoomFor(const PdfImage& image, const std::filesystem::path& folder) {
     constexpr std::uintmax_t kBytesOfColor = 3, kPixelsOfInk = 8, kAtOnce = 4;
@@ -62,7 +68,7 @@ class PdfPageReader {
         if (list.stopped)
             return failed(list);
         const std::vector<PdfImage> images = pdfImages(list.output);
-        if (list.ok() && images.size() == 1) {
+        if (list.ok() && images.size() == 1 && isUsable(images.front())) {
             if (!hasRoomFor(images.front(), folder))
                 return ScannedPage::failed(errorInWords(ENOSPC));
             ScannedPage whole = embedded(images.front(), page, folder);
@@ -121,9 +127,6 @@ class PdfPageReader {
 
     /// The only picture on the page, without loss, if it looks as the page does.
     ScannedPage embedded(const PdfImage& image, const PdfPage& page, const std::filesystem::path& folder) const {
-        if ((image.type != "image" && image.type != "stencil") || image.width < 1 || image.height < 1 ||
-            static_cast<double>(image.width) * image.height > kMostPixels)
-            return ScannedPage::failed("the picture cannot be used");
         ScannedPage taken = extracted(image, folder);
         if (!taken.problem.empty())
             return taken;

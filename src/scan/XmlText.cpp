@@ -95,13 +95,20 @@ std::optional<PageText> withSize(PageText text, int width, int height) {
 /// The parts that begin with a tag in which `mark` occurs and that `take` takes.
 template <typename Take> std::vector<TextPart> partsWith(std::string_view all, std::string_view mark, Take take) {
     std::vector<TextPart> parts;
-    for (std::size_t at = all.find(mark); at != std::string_view::npos; at = all.find(mark, at + 1)) {
-        TextPart part{.image = {}, .from = all.rfind('<', at)};
-        const std::size_t end = all.find('>', at);
-        if (part.from == std::string_view::npos || (!parts.empty() && part.from == parts.back().from))
+    std::size_t end = 0; // of what was searched: nothing is searched twice, as a hostile file would have it
+    for (std::size_t at = all.find(mark); at != std::string_view::npos; at = all.find(mark, std::max(end, at + 1))) {
+        const std::size_t begin = all.substr(end, at - end).rfind('<');
+        if (begin == std::string_view::npos) {
+            end = at;
             continue;
+        }
+        TextPart part{.image = {}, .from = end + begin};
+        end = std::min(all.find_first_of("<>", at), all.size());
+        if (end == all.size() || all[end] == '<')
+            continue;
+        ++end;
         pugi::xml_document tag;
-        parse(tag, all.substr(part.from, end == std::string_view::npos ? end : end + 1 - part.from));
+        parse(tag, all.substr(part.from, end - part.from));
         if (!take(tag.first_child(), part))
             continue;
         if (!parts.empty())

@@ -56,10 +56,7 @@ void changeReading(WorkshopDesk& desk, Host& host) {
     dialog.showBook(book);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    reading->changeSettings([languages = dialog.languages(), spread = dialog.spread()](BookSettings& settings) {
-        settings.languages = languages;
-        settings.pages.spread = spread;
-    });
+    reading->changeSettings([choice = dialog.choice()](BookSettings& settings) { choice.applyTo(settings); });
 }
 
 } // namespace

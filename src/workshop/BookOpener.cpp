@@ -15,11 +15,10 @@ bool isBook(const FolderItem& folder) {
 }
 
 Result makeBook(BookFolder& book, const FolderItem& scan, const NewBookDialog& asked) {
-    if (const Result made = book.openFor(scan, asked.folder()); !made)
+    if (Result made = book.openFor(scan, asked.folder()); !made)
         return made;
     BookSettings settings = book.settings();
-    settings.languages = asked.languages();
-    settings.pages.spread = asked.spread();
+    asked.choice().applyTo(settings);
     return book.saveSettings(std::move(settings));
 }
 

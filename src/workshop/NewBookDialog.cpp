@@ -3,6 +3,7 @@
 #include "controls/PushButton.h"
 #include "platform/Host.h"
 #include "platform/QtText.h"
+#include "text/Utf8.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -17,7 +18,7 @@ namespace velmarin {
 
 namespace {
 
-constexpr int kLanguageRows = 7;
+constexpr int kLanguageRows = 7, kWordListRows = 2;
 constexpr int kBetweenButtons = 6;
 /// The width of the folder's field, in digits.
 constexpr int kFolderDigits = 56;
@@ -40,6 +41,10 @@ QString languageName(const std::string& code) {
                                             : QStringLiteral("%1 (%2)").arg(QLocale::languageToString(language), shown);
 }
 
+int heightOf(const QListWidget& list, int rows) {
+    return rows * (list.fontMetrics().lineSpacing() + 4) + 2 * list.frameWidth();
+}
+
 std::string codeOf(const QListWidgetItem& language) {
     return fromQ(language.data(Qt::UserRole).toString());
 }
@@ -53,16 +58,23 @@ FolderItem proposedBookFolder(const FolderItem& scan) {
     return FolderItem(path.parent_path() / (name + kBookEnding));
 }
 
+void ReadingChoice::applyTo(BookSettings& settings) const {
+    settings.languages = languages;
+    settings.wordLists = wordLists;
+    settings.pages.spread = spread;
+}
+
 NewBookDialog::NewBookDialog(const FolderItem& scan, const std::vector<std::string>& languages, Host& host,
                              QWidget* parent)
     : QDialog(parent), host_(host), folder_(new QLineEdit(pathToQ(proposedBookFolder(scan).path()), this)),
       choose_(new PushButton(QStringLiteral("&Choose…"), this)), languages_(new QListWidget(this)),
-      spread_(new QCheckBox(QStringLiteral("Each picture shows &two pages"), this)),
+      wordLists_(new QListWidget(this)), spread_(new QCheckBox(QStringLiteral("Each picture shows &two pages"), this)),
       ok_(new PushButton(QStringLiteral("&Read the book"), this)) {
     setObjectName(QStringLiteral("NewBookDialog"));
     setWindowTitle(QStringLiteral("New book"));
     folder_->setObjectName(QStringLiteral("FolderEF"));
     languages_->setObjectName(QStringLiteral("LanguagesLB"));
+    wordLists_->setObjectName(QStringLiteral("WordListsLB"));
     ok_->setObjectName(QStringLiteral("ReadBT"));
     fillLanguages(languages);
     makeLayout(scan);
@@ -115,11 +127,31 @@ void NewBookDialog::makeLayout(const FolderItem& scan) {
         form->addRow(QString(), new QLabel(QStringLiteral("Tick the languages of the headwords. Packages such as "
                                                           "tesseract-ocr-lat add others.")));
     }
+    addWordLists(*form);
     form->addRow(QString(), spread_);
     form->addRow(buttons);
     // A layout in a row is named by the label only if the label knows its field.
     if (auto* label = qobject_cast<QLabel*>(form->labelForField(folderRow)))
         label->setBuddy(folder_);
+}
+
+void NewBookDialog::addWordLists(QFormLayout& form) {
+    wordLists_->setAccessibleName(QStringLiteral("Word lists"));
+    wordLists_->setFixedHeight(heightOf(*wordLists_, kWordListRows));
+    auto* add = new PushButton(QStringLiteral("&Add…"), this);
+    add->setObjectName(QStringLiteral("AddWordListBT"));
+    add->setAutoDefault(false);
+    add->setAccessibleName(QStringLiteral("Add a word list"));
+    connect(add, &QPushButton::clicked, this, &NewBookDialog::chooseWordList);
+    auto* row = new QHBoxLayout;
+    row->addWidget(wordLists_, 1);
+    row->addSpacing(kBetweenButtons);
+    row->addWidget(add, 0, Qt::AlignTop);
+    form.addRow(QStringLiteral("W&ord lists"), row);
+    if (auto* label = qobject_cast<QLabel*>(form.labelForField(row)))
+        label->setBuddy(wordLists_);
+    form.addRow(QString(), new QLabel(QStringLiteral("Words that the book may have, such as the file “ind” of another "
+                                                     "dictionary. May stay empty.")));
 }
 
 void NewBookDialog::fillLanguages(const std::vector<std::string>& languages) {
@@ -138,8 +170,7 @@ void NewBookDialog::fillLanguages(const std::vector<std::string>& languages) {
     for (int row = 0; row < languages_->count(); ++row)
         if (languages_->item(row)->checkState() == Qt::Checked)
             languages_->setCurrentRow(row);
-    languages_->setFixedHeight(kLanguageRows * (languages_->fontMetrics().lineSpacing() + 4) +
-                               2 * languages_->frameWidth());
+    languages_->setFixedHeight(heightOf(*languages_, kLanguageRows));
 }
 
 void NewBookDialog::showBook(const BookFolder& book) {
@@ -149,7 +180,8 @@ void NewBookDialog::showBook(const BookFolder& book) {
     choose_->setEnabled(false);
     ok_->setText(QStringLiteral("&Read again"));
     spread_->setChecked(book.settings().pages.spread);
-    const std::vector<std::string>& chosen = book.settings().languages;
+    languagesBefore_ = book.settings().languages;
+    const std::vector<std::string>& chosen = languagesBefore_;
     for (int row = 0; row < languages_->count(); ++row) {
         QListWidgetItem& item = *languages_->item(row);
         const bool isChosen = std::find(chosen.begin(), chosen.end(), codeOf(item)) != chosen.end();
@@ -157,6 +189,8 @@ void NewBookDialog::showBook(const BookFolder& book) {
         if (isChosen)
             languages_->setCurrentRow(row);
     }
+    for (const std::string& list : book.settings().wordLists)
+        showWordList(list);
     languages_->setFocus();
 }
 
@@ -169,11 +203,18 @@ std::vector<std::string> NewBookDialog::languages() const {
     for (int row = 0; row < languages_->count(); ++row)
         if (languages_->item(row)->checkState() == Qt::Checked)
             codes.push_back(codeOf(*languages_->item(row)));
+    std::ranges::stable_sort(codes, {}, [this](const std::string& code) {
+        return std::ranges::find(languagesBefore_, code) - languagesBefore_.begin();
+    });
     return codes;
 }
 
-bool NewBookDialog::spread() const {
-    return spread_->isChecked();
+ReadingChoice NewBookDialog::choice() const {
+    ReadingChoice choice{.languages = languages(), .wordLists = {}, .spread = spread_->isChecked()};
+    for (int row = 0; row < wordLists_->count(); ++row)
+        if (wordLists_->item(row)->checkState() == Qt::Checked)
+            choice.wordLists.push_back(pathFromQ(wordLists_->item(row)->text()).native());
+    return choice;
 }
 
 void NewBookDialog::chooseFolder() {
@@ -181,6 +222,23 @@ void NewBookDialog::chooseFolder() {
         "Where is the working folder of the book to be?", folder().path().parent_path(), Host::FolderChoice::MayBeNew);
     if (!chosen.empty())
         folder_->setText(pathToQ(chosen));
+}
+
+void NewBookDialog::chooseWordList() {
+    const std::filesystem::path chosen =
+        host_.GetOpenFile("Choose a list of words, one a line, or the file \"ind\" of a dictionary.", {});
+    if (!isValidUtf8(chosen.native()))
+        host_.MsgBox("The path of the list is not UTF-8."); // which the settings are
+    else if (!chosen.empty())
+        showWordList(chosen);
+}
+
+void NewBookDialog::showWordList(const std::filesystem::path& file) {
+    auto* item = new QListWidgetItem(pathToQ(file), wordLists_);
+    item->setToolTip(item->text().toHtmlEscaped());
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+    item->setCheckState(Qt::Checked);
+    wordLists_->setCurrentItem(item);
 }
 
 void NewBookDialog::refresh() {

@@ -23,6 +23,13 @@ QString textOfEnd(std::size_t doubtful) {
                            : toQ(Format(static_cast<double>(doubtful), "#,##0")) + QStringLiteral(" doubtful ones"));
 }
 
+QString textOfFailures(const Failures& failures) {
+    const QString first = toQ(failures.front().message());
+    return failures.size() == 1
+               ? QStringLiteral("One page cannot be read: ") + first
+               : QStringLiteral("%1 pages cannot be read. The first of them: %2").arg(failures.size()).arg(first);
+}
+
 } // namespace
 
 ReadingControl::ReadingControl(ScannedBook& book, WorkshopModel& model, ReadingBar& bar, NoticeBar& notice)
@@ -90,9 +97,7 @@ void ReadingControl::end(const BookReadingResult& result) {
                                     "how it is read.")
                          .arg(toQ(result.result.failure().message())));
     else if (!result.failures.empty())
-        notice_.tell(QStringLiteral("%1 pages cannot be read, the first of them because: %2")
-                         .arg(toQ(Str(static_cast<std::int64_t>(result.failures.size()))),
-                              toQ(result.failures.front().message())));
+        notice_.tell(textOfFailures(result.failures));
 }
 
 } // namespace velmarin

@@ -1,5 +1,6 @@
 #include "workshop/CorrectionWindow.h"
 #include "workshop/MakeDialog.h"
+#include "workshop/NewBookDialog.h"
 
 #include "platform/QtText.h"
 #include "platform/ScriptedHost.h"
@@ -7,6 +8,7 @@
 #include "support/TempFolder.h"
 
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
@@ -32,6 +34,30 @@ void type(QWidget& window, const char* name, const char* text) {
     line.setFocus();
     line.selectAll();
     QTest::keyClicks(&line, QString::fromUtf8(text));
+}
+
+TEST(NewBookDialogTest, ChangesHowABookIsRead) {
+    const test::TempFolder files;
+    files.write("scan/p1.bmp", test::oneBitBmp());
+    BookFolder book;
+    ASSERT_TRUE(book.openFor(FolderItem(files.at("scan")), FolderItem(files.at("book"))));
+    BookSettings settings = book.settings();
+    settings.languages = {"lat", "eng"};
+    settings.wordLists = {"/old"};
+    ASSERT_TRUE(book.saveSettings(settings));
+    ScriptedHost host;
+    host.files = {"/bad\xFF", "/new"};
+    NewBookDialog dialog(book.source(), {"deu", "eng", "lat"}, host, nullptr);
+    dialog.showBook(book);
+    auto& add = control<QPushButton>(dialog, "AddWordListBT");
+    add.click();
+    add.click();
+    EXPECT_EQ(host.messages.size(), 1U);
+    control<QListWidget>(dialog, "WordListsLB").item(0)->setCheckState(Qt::Unchecked);
+    control<QListWidget>(dialog, "LanguagesLB").item(1)->setCheckState(Qt::Checked); // German
+    dialog.choice().applyTo(settings);
+    EXPECT_EQ(settings.languages, (std::vector<std::string>{"lat", "eng", "deu"}));
+    EXPECT_EQ(settings.wordLists, std::vector<std::string>{"/new"});
 }
 
 TEST(MakeDialogTest, MakesTheDictionaryThatItSays) {

@@ -2,6 +2,7 @@
 
 #include "draft/Confusions.h"
 #include "draft/ReadingTrust.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -125,7 +126,10 @@ class Decider {
 
     double trustOfEntry(std::size_t slot, const std::string& word) const {
         const std::string_view before = bounds_[slot].before;
-        return before.empty() || !word.starts_with(before.front()) ? kTrustOfNewLetter : kTrustOfEntry;
+        const auto initialOf = [](std::string_view text) {
+            return text.substr(0, text.empty() ? 0 : decodeUtf8(text, 0).length);
+        };
+        return !before.empty() && initialOf(word) != initialOf(before) ? kTrustOfNewLetter : kTrustOfEntry;
     }
 
     /// For a slot of which no reading fits.

@@ -78,7 +78,7 @@ void addOptions(CLI::App& options, Request& request) {
     options.set_version_flag("--version", "velmarin-workshop " VELMARIN_VERSION);
 }
 
-/// Null, and told, if the dictionary cannot be opened.
+/// Null, after a message, if the dictionary cannot be opened.
 std::unique_ptr<velmarin::CorrectionWindow>
 openDictionary(velmarin::Host& host, const std::filesystem::path& dictionary, const std::string& word) {
     auto window = std::make_unique<velmarin::CorrectionWindow>(host, velmarin::correctionsFolder(),

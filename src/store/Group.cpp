@@ -79,7 +79,7 @@ class FoundDictionaries {
     std::unordered_map<std::string, FolderItem> left_;
 };
 
-/// A dictionary of the group on its way into the list.
+/// A folder that becomes a dictionary of the group, if it loads.
 struct Candidate {
     FolderItem folder;
     std::shared_ptr<DictionaryItem> item;
@@ -87,7 +87,7 @@ struct Candidate {
     bool listed;
 };
 
-/// Whether it loads. If it does not, its item has the reason, if there is one to tell.
+/// Loads a dictionary. If it returns false, the item has the reason, unless a member is only missing.
 bool load(const Candidate& candidate, bool findTxtLines) {
     DictionaryItem& item = *candidate.item;
     try {

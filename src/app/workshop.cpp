@@ -58,7 +58,7 @@ void savePicture(const std::string& file, const QImage& before = {}) {
             return savePicture(file, now);
         const velmarin::Result saved = velmarin::saveImage(now, file);
         if (!saved)
-            std::cerr << "velmarin-workshop: the picture could not be written: " << saved.failure().message() << '\n';
+            std::cerr << "velmarin-workshop: " << saved.failure().message() << '\n';
         QCoreApplication::exit(saved ? 0 : 2);
     });
 }

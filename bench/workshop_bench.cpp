@@ -7,12 +7,10 @@
 
 #include <algorithm>
 #include <atomic>
-#include <charconv>
 #include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -21,12 +19,12 @@
 
 #include <CLI/CLI.hpp>
 
+#include "MeasuredScan.h"
 #include "book/BookFolder.h"
 #include "book/DraftRun.h"
 #include "draft/DraftEntries.h"
 #include "draft/DraftMending.h"
 #include "making/IndexPlan.h"
-#include "making/SeparatedValues.h"
 #include "reading/PageGuess.h"
 #include "store/HeadwordIndex.h"
 #include "text/LetterCase.h"
@@ -36,56 +34,13 @@
 namespace {
 
 using namespace velmarin;
+using namespace velmarin::bench;
 namespace fs = std::filesystem;
 
 struct Options {
     std::string scan, book, source = "scan", languages = "eng", ignore, alike, words;
     bool ijuv = false, spread = false, details = false;
 };
-
-struct TruePage {
-    std::string page, number, first, last;
-    std::vector<std::string> headwords = {};
-
-    /// What a person who looks at the page enters.
-    DraftPage asSet() const {
-        const std::string& opening = first.empty() && !headwords.empty() ? headwords.front() : first;
-        return {
-            .page = page, .number = number, .first = opening, .last = last, .confidence = 100, .state = PageState::Set};
-    }
-};
-
-/// A scan, its truth, and the order of its book.
-struct Measured {
-    std::vector<TruePage> pages;
-    KeyRule rule;
-    IndexOrder order;
-
-    std::string wordOf(const std::string& headword) const { return indexSearchWord(rule.keyOf(headword), order); }
-};
-
-std::string contents(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-Measured measuredScan(const Options& options) {
-    Measured made{.pages = {},
-                  .rule = KeyRule::parse(options.ignore, options.alike).value_or(KeyRule()),
-                  .order = {.SpanishMode = false, .IJUVMode = options.ijuv, .FormatFom = {}}};
-    const auto truth = SeparatedValues::parse(contents(fs::path(options.scan) / "truth.tsv"));
-    for (std::size_t i = 0; i < truth.rowCount(); ++i) {
-        const auto field = [&](const char* name) { return std::string(truth.field(i, name)); };
-        made.pages.push_back({field("page"), field("number"), field("first"), field("last")});
-    }
-    const auto headwords = SeparatedValues::parse(contents(fs::path(options.scan) / "headwords.tsv"));
-    for (std::size_t i = 0; i < headwords.rowCount(); ++i) {
-        std::size_t row = 0;
-        std::from_chars(headwords.field(i, "row").begin(), headwords.field(i, "row").end(), row);
-        made.pages.at(row - 1).headwords.emplace_back(headwords.field(i, "headword"));
-    }
-    return made;
-}
 
 /// Counts by how many letters two words differ.
 std::size_t distance(const std::string& one, const std::string& other) {
@@ -363,7 +318,8 @@ Draft corrected(const Measured& book, const std::vector<PageGuess>& guesses, con
 }
 
 void measure(const Options& options) {
-    Measured book = measuredScan(options);
+    Measured book = measuredScan(options.scan, KeyRule::parse(options.ignore, options.alike).value_or(KeyRule()),
+                                 {.SpanishMode = false, .IJUVMode = options.ijuv, .FormatFom = {}});
     const std::vector<PageReading> readings = readPages(options);
     if (readings.size() != book.pages.size())
         throw std::runtime_error(std::to_string(readings.size()) + " pages, not " + std::to_string(book.pages.size()));

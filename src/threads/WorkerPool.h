@@ -18,7 +18,7 @@ namespace velmarin {
 /// thread, and the work must not touch them.
 class WorkerPool {
   public:
-    /// As many threads as the process has processor cores.
+    /// As many threads as the machine has processor cores.
     WorkerPool() : WorkerPool(coreCount()) {}
     /// At least one; fewer than asked for if the system starts no more. Throws std::system_error if it starts none.
     explicit WorkerPool(unsigned threads);

@@ -62,11 +62,11 @@ void open(benchmark::State& state) {
     const FolderItem folder(group(static_cast<std::size_t>(state.range(0)), static_cast<std::size_t>(state.range(1))));
     const OnCores cores(static_cast<int>(state.range(2)));
     for (auto _ : state) {
-        const Group read = readGroup(folder, {.findTxtLines = true, .goesOn = {}});
+        Group read = readGroup(folder, {.findTxtLines = true, .onProgress = {}});
         if (std::ssize(read.dictionaries) != state.range(0))
             state.SkipWithError("dictionaries are missing");
         state.PauseTiming();
-        { const Group left = std::move(const_cast<Group&>(read)); }
+        read = {};
         state.ResumeTiming();
     }
 }
@@ -83,7 +83,7 @@ std::size_t resident() {
 void query(benchmark::State& state, bool first) {
     const FolderItem folder(group(static_cast<std::size_t>(state.range(0)), static_cast<std::size_t>(state.range(1))));
     const std::size_t before = resident();
-    Group read = readGroup(folder, {.findTxtLines = true, .goesOn = {}});
+    Group read = readGroup(folder, {.findTxtLines = true, .onProgress = {}});
     std::size_t words = 0, lines = 0;
     for (const auto& item : read.dictionaries) {
         lines += item->IND.size();
@@ -95,7 +95,7 @@ void query(benchmark::State& state, bool first) {
     for (auto _ : state) {
         if (first) {
             state.PauseTiming();
-            read = readGroup(folder, {.findTxtLines = true, .goesOn = {}});
+            read = readGroup(folder, {.findTxtLines = true, .onProgress = {}});
             state.ResumeTiming();
         }
         for (const auto& item : read.dictionaries)

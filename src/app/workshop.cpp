@@ -58,7 +58,7 @@ void savePicture(const std::string& file, const QImage& before = {}) {
             return savePicture(file, now);
         const velmarin::Result saved = velmarin::saveImage(now, file);
         if (!saved)
-            std::cerr << "velmarin-workshop: the picture could not be written: " << saved.failure().message() << '\n';
+            std::cerr << "velmarin-workshop: " << saved.failure().message() << '\n';
         QCoreApplication::exit(saved ? 0 : 2);
     });
 }
@@ -78,7 +78,7 @@ void addOptions(CLI::App& options, Request& request) {
     options.set_version_flag("--version", "velmarin-workshop " VELMARIN_VERSION);
 }
 
-/// Null, and told, if the dictionary cannot be opened.
+/// Null, after a message, if the dictionary cannot be opened.
 std::unique_ptr<velmarin::CorrectionWindow>
 openDictionary(velmarin::Host& host, const std::filesystem::path& dictionary, const std::string& word) {
     auto window = std::make_unique<velmarin::CorrectionWindow>(host, velmarin::correctionsFolder(),

@@ -84,32 +84,42 @@ class DictionaryChecker {
     explicit DictionaryChecker(const FolderItem& folder) : members_(folder) {}
 
     void run(Images images, const std::function<void(const Finding&)>& write) {
+        try {
+            checkMembers();
+        } catch (const NilObjectException&) {
+            writeFindings(write);
+            throw;
+        }
+        // Decoding takes long: the other findings are written before.
+        writeFindings(write);
+        if (images == Images::Decode)
+            checkPictures(pictures_, findings_);
+        writeFindings(write);
+    }
+
+  private:
+    void checkMembers() {
         if (holdsInterruptedSwap(members_.folder().path()))
             findings_.push_back({members_.folder().path(), 0, kInterruptedUpdate});
         if (!members_.has("FW"))
             findings_.push_back({members_.folder().path() / "FW", 0, "is missing: groups do not show the dictionary"});
         checkFormat();
-        const auto ind = neededMember(members_, "ind", findings_);
-        const auto txt = neededMember(members_, "txt", findings_);
+        ind_ = neededMember(members_, "ind", findings_);
+        txt_ = neededMember(members_, "txt", findings_);
         const auto mImg = neededMember(members_, "mImg", findings_);
-        if (ind)
-            checkInd(*ind);
-        if (txt)
-            checkTxt(*txt, ind);
+        if (ind_)
+            checkInd(*ind_);
+        if (txt_)
+            checkTxt(*txt_, ind_);
         if (mImg)
             checkPages(*mImg);
-        const auto writeSorted = [&] {
-            for (const Finding& finding : sorted(findings_.take(), {ind, txt}))
-                write(finding);
-        };
-        writeSorted();
-        // Decoding takes long: the other findings are written before.
-        if (images == Images::Decode)
-            checkPictures(pictures_, findings_);
-        writeSorted();
     }
 
-  private:
+    void writeFindings(const std::function<void(const Finding&)>& write) {
+        for (const Finding& finding : sorted(findings_.take(), {ind_, txt_}))
+            write(finding);
+    }
+
     void checkFormat() {
         const FolderItem format = members_.Child("Format");
         if (!format.Exists())
@@ -180,6 +190,7 @@ class DictionaryChecker {
     }
 
     FolderListing members_;
+    std::optional<FolderItem> ind_, txt_;
     Findings findings_;
     std::vector<NamedPicture> pictures_;
     std::optional<IndexSummary> index_;

@@ -8,6 +8,7 @@
 #include "text/LetterCase.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <unordered_set>
@@ -53,7 +54,8 @@ void reportUnreadable(const FolderItem& folder, const Group& group, Session& ses
     }
     for (const Failure& unreadable : foldersIn(folder).unreadable) {
         // readGroup has reported what may not be entered.
-        const bool reported = ::faccessat(AT_FDCWD, unreadable.item.path().c_str(), X_OK, AT_EACCESS) != 0;
+        const bool reported =
+            ::faccessat(AT_FDCWD, unreadable.item.path().c_str(), X_OK, AT_EACCESS) != 0 && errno == EACCES;
         if (!reported && !read.contains(unreadable.item.AbsolutePath()))
             session.couldNot(unreadable);
     }

@@ -76,7 +76,7 @@ std::optional<NewPlace> newPlace(const std::string& argument, Session& session) 
     if (!folderArgument(isThere ? group.string() : above.string(), session))
         return std::nullopt;
     NewPlace place{FolderItem(isThere ? group : above / group.filename()), target.filename().string()};
-    // Told again when it is written; here so that no work is in vain.
+    // Checked again as the dictionary is written; here before the long work.
     if (isMemberName(place.name) && place.group.Child(place.name).occupied()) {
         session.couldNot(Failure{place.group.Child(place.name), kNameIsTaken}.message());
         return std::nullopt;

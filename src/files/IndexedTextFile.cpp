@@ -32,7 +32,8 @@ IndexedTextFile::Line IndexedTextFile::line(std::uint64_t number) {
         const std::uint64_t piece = std::clamp<std::uint64_t>(places_.bytesFrom(known), 3, LineScanner::kWindow);
         LineScanner lines(*file, places_.everyNth[known], static_cast<std::size_t>(piece));
         for (std::uint64_t i = 0; i <= before % LinePlaces::kStep; ++i)
-            lines.next(text);
+            if (!lines.next(text)) // the file has just been cut short
+                return {.status = Status::NoSuchLine, .text = {}};
         return {.status = Status::Found, .text = std::string(text)};
     }
     LineScanner lines(*file, places_.end);

@@ -28,8 +28,8 @@ class IndexedTextFile {
     /// Raises NilObjectException if the disk fails.
     Line line(std::uint64_t number);
 
-    /// Finds where all lines begin, in one pass, so that no later question has to. If the disk fails, the
-    /// question meets it again and tells it.
+    /// Finds where all lines begin, in one pass, so that no call of line() has to. If the disk fails, the next call of
+    /// line() raises.
     void findLines();
 
   private:

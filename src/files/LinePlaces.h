@@ -19,7 +19,7 @@ struct LinePlaces {
     /// Where the line after these begins, or the end of the file.
     std::uint64_t end = 0;
 
-    /// How many bytes of known lines begin at everyNth[i].
+    /// How many bytes the known lines have from everyNth[i] to the next kept place, or to `end`.
     std::uint64_t bytesFrom(std::size_t i) const {
         return (i + 1 < everyNth.size() ? everyNth[i + 1] : end) - everyNth[i];
     }

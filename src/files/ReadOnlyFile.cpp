@@ -53,18 +53,7 @@ FileStamp ReadOnlyFile::stamp() const {
 }
 
 std::optional<std::size_t> ReadOnlyFile::read(std::uint64_t offset, char* to, std::size_t count) const {
-    std::size_t done = 0;
-    while (done < count) {
-        const ssize_t got = ::pread(descriptor_.number(), to + done, count - done, static_cast<off_t>(offset + done));
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return std::nullopt;
-        if (got == 0)
-            break;
-        done += static_cast<std::size_t>(got);
-    }
-    return done;
+    return readAt(descriptor_.number(), offset, to, count);
 }
 
 std::size_t ReadOnlyFile::readOrRaise(std::uint64_t offset, char* to, std::size_t count) const {

@@ -23,6 +23,22 @@ bool isDiskError(int error) {
     return error == EIO || error == ENOSPC || error == EDQUOT || error == EFBIG || error == EROFS;
 }
 
+std::optional<std::size_t> readAt(int descriptor, std::uint64_t offset, void* to, std::size_t count) {
+    std::size_t done = 0;
+    while (done < count) {
+        const ssize_t got =
+            ::pread(descriptor, static_cast<char*>(to) + done, count - done, static_cast<off_t>(offset + done));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return std::nullopt;
+        if (got == 0)
+            break;
+        done += static_cast<std::size_t>(got);
+    }
+    return done;
+}
+
 bool writeAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t done = ::write(descriptor, bytes.data(), bytes.size());

@@ -14,14 +14,17 @@
 
 namespace velmarin {
 
-// The system calls by which files and folders change, each with the retries and fallbacks that file systems need. A
-// function that returns false has set errno.
+// The system calls that read and change files and folders, each with the retries and fallbacks that file systems need.
+// A function that returns false or nullopt has set errno.
 
 /// What the system says of an error number.
 std::string errorInWords(int error);
 
 /// Whether an error comes from the disk rather than from the request: full, over the quota, failing, read-only.
 bool isDiskError(int error);
+
+/// Reads `count` bytes from `offset` of an open file, fewer only at its end. The position of the file does not change.
+std::optional<std::size_t> readAt(int descriptor, std::uint64_t offset, void* to, std::size_t count);
 
 /// Writes all bytes. A device that takes none counts as full.
 bool writeAll(int descriptor, std::string_view bytes);

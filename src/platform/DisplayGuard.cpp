@@ -18,8 +18,10 @@ QtMessageHandler handlerBefore = nullptr;
 void onMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     if (type != QtFatalMsg)
         return handlerBefore(type, context, text);
-    const char* display = std::getenv("DISPLAY");
-    std::cerr << programName << ": the display " << (display == nullptr ? "" : display) << " could not be reached\n";
+    std::cerr << programName << ": the display ";
+    if (const char* display = std::getenv("DISPLAY"); display != nullptr)
+        std::cerr << display << ' ';
+    std::cerr << "could not be reached\n";
     std::_Exit(kFailed);
 }
 

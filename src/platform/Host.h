@@ -40,8 +40,8 @@ class Host {
     /// Opens a file or folder in the host's own browser. False if the host could not.
     virtual bool Launch(const std::filesystem::path& item) = 0;
 
-    /// Closes all boxes and dialogs as if dismissed. From then on texts that would be boxes go to standard error, and
-    /// after two seconds the process ends, whatever it waits for.
+    /// Closes all boxes and dialogs as if dismissed. From then on none is shown: the texts of boxes go to standard
+    /// error, and dialogs count as cancelled. After two seconds the process ends, whatever it waits for.
     virtual void endSoon() = 0;
 
     /// Lets waiting events run, at most every 30 ms: cheap enough to call in the innermost pass of a long loop.

@@ -49,7 +49,7 @@ QString firstLines(const QString& text) {
     return length == text.size() ? text : text.left(length).trimmed() + QChar(0x2026);
 }
 
-/// What would be a box.
+/// Prints the text of a box that is not shown.
 void say(std::string_view text) {
     std::cerr << "velmarin: " << text << '\n';
 }
@@ -121,6 +121,8 @@ bool QtHost::AsyncOptionKey() {
 
 std::filesystem::path QtHost::SelectFolder(std::string_view prompt, const std::filesystem::path& openAt,
                                            FolderChoice choice) {
+    if (ending_)
+        return {};
     // The dialog may be deleted with its parent while it is up, which counts as a cancel.
     const QPointer<FolderDialog> dialog =
         new FolderDialog(shownText(prompt), pathToQ(openAt.empty() ? lastFolder_ : openAt), choice, dialogParent());
@@ -135,6 +137,8 @@ std::filesystem::path QtHost::SelectFolder(std::string_view prompt, const std::f
 }
 
 std::filesystem::path QtHost::GetOpenFile(std::string_view prompt, const std::vector<std::string>& extensions) {
+    if (ending_)
+        return {};
     QStringList patterns;
     for (const std::string& extension : extensions)
         patterns << QLatin1String("*") + toQ(extension);

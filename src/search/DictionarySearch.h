@@ -28,7 +28,7 @@ struct SearchResult {
 /// A search from a tab applies the Spanish or IJUV order of the dictionary to the query; one in list mode does not.
 enum class SearchForm { Tab, List };
 
-/// Finds `query` (as typed) in one dictionary, independent or not. A missing `txt`, and one that cannot be read, is
+/// Finds `query` (as typed) in one dictionary, independent or not. A `txt` that is missing or cannot be read is
 /// reported, and counts as a line without markup.
 SearchResult searchDictionary(std::string_view query, DictionaryItem& item, SearchForm form);
 

@@ -11,13 +11,13 @@
 
 namespace velmarin {
 
-bool GroupOpener::read(const FolderItem& folder, const Watch& watch) {
+bool GroupOpener::read(const FolderItem& folder, const OnGroupProgress& onProgress) {
     leave();
-    const auto goesOn = [&](std::size_t done, std::size_t of) {
+    const auto yieldAndReport = [&](std::size_t done, std::size_t of) {
         host_.Yield();
-        return !watch || watch(done, of);
+        return !onProgress || onProgress(done, of);
     };
-    Group read = readGroup(folder, {.findTxtLines = true, .goesOn = goesOn});
+    Group read = readGroup(folder, {.findTxtLines = true, .onProgress = yieldAndReport});
     if (read.stopped)
         return false;
     // Set last: a group that was read in part must not be written back.

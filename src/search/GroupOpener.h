@@ -1,9 +1,8 @@
 #pragma once
 
 #include "files/FolderItem.h"
+#include "store/Group.h"
 
-#include <cstddef>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,13 +20,10 @@ class GroupOpener {
     GroupOpener(GroupModel& group, PageTabs& tabs, HitModel& hits, SearchModel& search, Host& host)
         : group_(group), tabs_(tabs), hits_(hits), search_(search), host_(host) {}
 
-    /// Told how many dictionaries of how many are read, with a Yield before; false stops the reading.
-    using Watch = std::function<bool(std::size_t done, std::size_t of)>;
-
     /// Leaves the present group, and reads the dictionaries of `folder` with its name and its check box, without
-    /// showing them. False if `watch` has stopped it. Raises NilObjectException for a folder that cannot be read. In
-    /// both cases there is no group then.
-    bool read(const FolderItem& folder, const Watch& watch = {});
+    /// showing them. A Yield precedes each call of `onProgress`. False if that has stopped the reading. Raises
+    /// NilObjectException for a folder that cannot be read. In both cases there is no group then.
+    bool read(const FolderItem& folder, const OnGroupProgress& onProgress = {});
     /// Shows what was read. Raises NilObjectException, with a line for each, if something could not be read or a
     /// dictionary has no pages, after all others are shown.
     void mInitialize();

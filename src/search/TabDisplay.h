@@ -17,7 +17,7 @@ class TabDisplay {
     /// Removes all tabs but the first.
     virtual void removeLaterTabs() = 0;
     virtual void setTabCaption(int tab, const std::string& caption) = 0;
-    /// Shows what could not be read of the tab's dictionary in its tool tip; nothing if it is empty.
+    /// Shows what could not be read of the tab's dictionary in its tool tip; an empty text removes it.
     virtual void setTabFailure(int tab, const std::string& failure) = 0;
     virtual void bringTabToFront(int tab) = 0;
     /// Opens a further page of an entry, chosen while `frontTab` is in front. The file may not exist.

@@ -118,7 +118,7 @@ void App::FileQuit_Action(int) {
 
 void App::quit() {
     host_.endSoon();
-    // What runs now may not come to its end.
+    // Saved first: the process may end before the work that is under way.
     for (const auto& window : windows_.MainWinList())
         window->mWritePreferences_DicGroup();
     busy_.whenStopped([this] {

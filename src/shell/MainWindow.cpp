@@ -176,14 +176,14 @@ bool MainWindow::readGroup(const FolderItem& folder) {
     const QShortcut escape(Qt::Key_Escape, this, [&stopped] { stopped = true; });
     QElapsedTimer time;
     time.start();
-    const auto showAndGoOn = [&](std::size_t done, std::size_t of) {
+    const auto showProgress = [&](std::size_t done, std::size_t of) {
         if (time.hasExpired(kUnnoticedMilliseconds))
             parts_.notice->setProgress("Opening the group: " + Str(static_cast<std::int64_t>(done)) + " of " +
                                        Str(static_cast<std::int64_t>(of)) + " dictionaries. Esc stops it.");
         return !stopped && !services_.busy.stopWanted();
     };
     const auto endProgress = qScopeGuard([this] { parts_.notice->setProgress({}); });
-    return model().opener.read(folder, showAndGoOn);
+    return model().opener.read(folder, showProgress);
 }
 
 void MainWindow::mSetSize() {

@@ -70,8 +70,8 @@ class MainWindow : public QMainWindow, private GroupPort {
     void groupChanged() override;
 
     void makeMenus();
-    /// Reads a group, and shows how far that is if it takes long. False if Escape, or the closing of a window, has
-    /// stopped it.
+    /// Reads a group, and shows the progress if it takes long. False if Escape, or the closing of a window, has stopped
+    /// it.
     bool readGroup(const FolderItem& folder);
     void Event_Activate();
     void Event_Moved();

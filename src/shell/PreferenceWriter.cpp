@@ -8,15 +8,17 @@ namespace velmarin {
 
 void PreferenceWriter::writeGroup(const GroupModel& group, bool separately) {
     const FolderItem& folder = group.pDictionaryGroupFolder;
-    if (folder.isNil() || !group.preferencesRead)
+    if (folder.isNil())
         return;
+    const FolderItem file(folder.path() / "DictionaryPreferences.txt");
+    if (!group.preferencesRead)
+        return note(file.path().string(), Failure{file, "it could not be read, and is not replaced"});
     GroupPreferences preferences;
     preferences.groupName = group.pDicGroupName;
     preferences.separately = separately;
     for (const auto& item : group.pDictionaryItem)
         preferences.dictionaries.push_back({item->name, item->ImageMode});
-    note((folder.path() / "DictionaryPreferences.txt").string(),
-         writeGroupPreferences(folder, preferences, newDicPref_));
+    note(file.path().string(), writeGroupPreferences(folder, preferences, newDicPref_));
 }
 
 std::optional<WindowPlacement> PreferenceWriter::placement() const {

@@ -25,8 +25,8 @@ class PreferenceWriter {
                      const std::vector<std::string>& newDicPref)
         : report_(std::move(report)), preferencesFolder_(preferencesFolder), newDicPref_(newDicPref) {}
 
-    /// Writes `DictionaryPreferences.txt` of the group; does nothing if there is none, its folder is
-    /// gone, or the file could not be read.
+    /// Writes `DictionaryPreferences.txt` of the group; does nothing if there is none or its folder is gone. A file
+    /// that could not be read is not replaced, which is reported as a failure.
     void writeGroup(const GroupModel& group, bool separately);
     /// The last placement of the first window, saved or not; nullopt if it was never saved or moved.
     std::optional<WindowPlacement> placement() const;

@@ -61,7 +61,7 @@ void runStartRequest(MainWindow& window, const StartRequest& request) {
     // One turn of the event loop later everything is laid out and painted.
     QTimer::singleShot(0, &window, [&window, file = request.pictureFile] {
         const Result saved = saveImage(window.grab().toImage(), file);
-        QCoreApplication::exit(saved ? 0 : fail("the picture could not be written: " + saved.failure().message()));
+        QCoreApplication::exit(saved ? 0 : fail(saved.failure().message()));
     });
 }
 

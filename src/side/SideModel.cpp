@@ -73,7 +73,7 @@ void SideModel::open() {
     try {
         mSetPref();
     } catch (const NilObjectException& unreadable) {
-        // They remain as they are: the window saves nothing.
+        // The file stays as it is: this window saves no settings.
         services_.host.MsgBox(unreadable.what());
         return;
     }

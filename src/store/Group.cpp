@@ -32,8 +32,8 @@ std::string unreadable(const FolderItem& folder, int error) {
     return "The folder \"" + folder.path().native() + "\" could not be read: " + errorInWords(error);
 }
 
-/// Whether a folder may be a dictionary of its group. One that may not be entered hides its mark: it keeps its place
-/// where the preferences list it, and is passed over otherwise, since it does not load.
+/// Whether a folder may be a dictionary of its group. One that may not be entered hides its mark: it does not load, so
+/// it keeps its place if the preferences list it and is left out otherwise, and is reported in both cases.
 bool mayBeDictionary(const FolderItem& item) {
     return item.resolved().Visible() && item.Directory() &&
            (item.Child("FW").Exists() || accessError(item, X_OK) == EACCES);
@@ -79,7 +79,7 @@ class FoundDictionaries {
     std::unordered_map<std::string, FolderItem> left_;
 };
 
-/// A dictionary of the group on its way into the list.
+/// A folder that becomes a dictionary of the group, if it loads.
 struct Candidate {
     FolderItem folder;
     std::shared_ptr<DictionaryItem> item;
@@ -87,7 +87,7 @@ struct Candidate {
     bool listed;
 };
 
-/// Whether it loads. If it does not, its item has the reason, if there is one to tell.
+/// Loads a dictionary. If it returns false, the item has the reason, unless a member is only missing.
 bool load(const Candidate& candidate, bool findTxtLines) {
     DictionaryItem& item = *candidate.item;
     try {
@@ -145,16 +145,16 @@ void loadAll(const std::vector<Candidate>& candidates, const GroupReading& how, 
     outcomes.reserve(candidates.size());
     for (const Candidate& candidate : candidates)
         outcomes.push_back(pool.run([&] { return load(candidate, how.findTxtLines); }));
-    const auto goOn = [&](std::size_t done) {
-        if (how.goesOn && !how.goesOn(done, candidates.size()) && !into.stopped) {
+    const auto reportProgress = [&](std::size_t done) {
+        if (how.onProgress && !how.onProgress(done, candidates.size()) && !into.stopped) {
             into.stopped = true;
             pool.drop();
         }
     };
     for (std::size_t i = 0; i < candidates.size(); ++i) {
-        // Also after a stop: what has begun may wait for a disk, and the window is to live on.
+        // Also after a stop: what has begun may wait for a disk, and the window must stay alive.
         while (outcomes[i].wait_for(kBetweenCalls) != std::future_status::ready)
-            goOn(i);
+            reportProgress(i);
         if (into.stopped)
             continue;
         const bool complete = outcomes[i].get();
@@ -165,7 +165,7 @@ void loadAll(const std::vector<Candidate>& candidates, const GroupReading& how, 
         }
         if (!item->failure.empty())
             into.failures.push_back(item->failure);
-        goOn(i + 1);
+        reportProgress(i + 1);
     }
 }
 

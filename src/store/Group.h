@@ -13,13 +13,15 @@ namespace velmarin {
 
 using DictionaryList = std::vector<std::shared_ptr<DictionaryItem>>;
 
+/// Called on the thread that reads a group, after each dictionary and while the next one is read, with the number of
+/// dictionaries that are read and of all. It can keep a window alive. False stops the reading.
+using OnGroupProgress = std::function<bool(std::size_t done, std::size_t of)>;
+
 /// How a group is to be read.
 struct GroupReading {
     /// Whether the places of the lines of each `txt` are found too, so that the first search need not.
     bool findTxtLines = false;
-    /// Called from the calling thread after each dictionary, and while the next is being read, with the number of
-    /// dictionaries that are done and that of all. It can keep a window alive. False stops the reading.
-    std::function<bool(std::size_t done, std::size_t of)> goesOn = {};
+    OnGroupProgress onProgress = {};
 };
 
 /// A group as read from its folder.
@@ -34,7 +36,7 @@ struct Group {
     std::vector<std::string> failures;
     /// False if there are preferences that could not be read: they must not be written back.
     bool preferencesRead = true;
-    /// Whether the reading was stopped, so that not all dictionaries are there.
+    /// Whether `onProgress` stopped the reading. Dictionaries may be missing then.
     bool stopped = false;
 };
 
@@ -45,8 +47,8 @@ struct Group {
 /// the link's. Where two names lead to one folder it is listed once: under the name in the preferences file, else under
 /// the folder's own name, else under the first link's.
 ///
-/// A nil folder, and one that cannot be listed or entered, raise NilObjectException: they are no group without
-/// dictionaries.
+/// Raises NilObjectException for a nil folder, and for one that cannot be listed or entered, instead of returning an
+/// empty group.
 Group readGroup(const FolderItem& group, const GroupReading& how = {});
 
 } // namespace velmarin

@@ -15,7 +15,7 @@ namespace velmarin {
 class HeadwordIndex {
   public:
     HeadwordIndex() = default;
-    /// The words of a whole index, finished.
+    /// The words of a whole index; finish() need not be called.
     explicit HeadwordIndex(IndexWords words);
     /// `word` is an upper-case form; words are compared by bytes. False if the buffer would exceed 4 GiB.
     bool append(std::string_view word);

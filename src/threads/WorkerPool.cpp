@@ -1,7 +1,7 @@
 #include "threads/WorkerPool.h"
 
 #include <algorithm>
-#include <system_error>
+#include <exception>
 
 namespace velmarin {
 
@@ -9,10 +9,10 @@ WorkerPool::WorkerPool(unsigned threads) {
     for (unsigned i = 0; i < std::max(threads, 1u); ++i) {
         try {
             threads_.emplace_back([this] { work(); });
-        } catch (const std::system_error&) {
+        } catch (const std::exception&) { // no thread, or no memory for one
             if (threads_.empty())
                 throw;
-            break; // fewer do it as well
+            break; // fewer threads do the same work
         }
     }
 }

@@ -13,14 +13,14 @@
 
 namespace velmarin {
 
-/// A few threads for work without side effects: reading, decoding, reducing. A caller that needs them makes a pool and
-/// ends it; there is none that lives as long as the program. Windows, messages and the models of windows belong to the
-/// main thread and are not to be touched by the work.
+/// A few threads for work without side effects: reading, decoding, scaling. A caller makes a pool for one job and
+/// destroys it; no pool lives as long as the program. Windows, messages and the models of windows belong to the main
+/// thread, and the work must not touch them.
 class WorkerPool {
   public:
-    /// As many threads as the process has processor cores.
+    /// As many threads as the machine has processor cores.
     WorkerPool() : WorkerPool(coreCount()) {}
-    /// At least one. Throws std::system_error if not even one can be started.
+    /// At least one; fewer than asked for if the system starts no more. Throws std::system_error if it starts none.
     explicit WorkerPool(unsigned threads);
     /// Drops the work that has not begun, and waits for the end of what has.
     ~WorkerPool();

@@ -5,14 +5,11 @@
 #include "platform/ChildProgram.h"
 #include "view/Picture.h"
 
-#include <algorithm>
-#include <cerrno>
 #include <chrono>
 #include <filesystem>
 #include <string>
 
 #include <sys/mman.h>
-#include <unistd.h>
 
 namespace velmarin {
 
@@ -37,23 +34,10 @@ Descriptor fileInMemory() {
     return Descriptor(::memfd_create("picture", MFD_CLOEXEC));
 }
 
-bool readAt(int file, std::uint64_t offset, void* to, std::size_t count) {
-    for (std::size_t done = 0; done < count;) {
-        const ssize_t got =
-            ::pread(file, static_cast<char*>(to) + done, count - done, static_cast<off_t>(offset + done));
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got <= 0)
-            return false;
-        done += static_cast<std::size_t>(got);
-    }
-    return true;
-}
-
 /// The answer of a helper that has ended, which may be anything.
 DecodedPix answerIn(int file) {
     DecodedHeader header;
-    if (!readAt(file, 0, &header, sizeof header))
+    if (readAt(file, 0, &header, sizeof header) != sizeof header)
         return DecodedPix::failed("its decoder gave no answer");
     header.reason[sizeof header.reason - 1] = '\0';
     std::string reason = header.reason;
@@ -66,7 +50,7 @@ DecodedPix answerIn(int file) {
     if (!pix)
         return DecodedPix::noMemory();
     const std::size_t size = std::size_t{4} * static_cast<std::size_t>(pixGetWpl(pix.get())) * header.height;
-    if (!readAt(file, sizeof header, pixGetData(pix.get()), size))
+    if (readAt(file, sizeof header, pixGetData(pix.get()), size) != size)
         return DecodedPix::failed("its decoder gave a wrong answer");
     return {std::move(pix), std::move(reason)};
 }

@@ -63,7 +63,7 @@ DecodedPicture decodePicture(const FolderItem& file) {
         const auto format = pictureFormat(*start, extension);
         if (!format)
             return {Picture(), kUnknown};
-        if (isRareFormat(*format))
+        if (isRareFormat(*format) && opened->stamp().size <= kMaxFileSize)
             return asPicture(decodeByHelper(*format, opened->descriptor()));
     }
     std::string reason;

@@ -33,7 +33,7 @@ DecodedPix decodeRare(PictureFormat format, std::string_view bytes) {
 }
 
 void prepareRareDecoder(PictureFormat format) {
-    // Most BMP files do not need it; for the others it does without those files.
+    // GraphicsMagick decodes none of JPEG 2000 and few of BMP, for which it needs no files.
     if (format != PictureFormat::Bmp && format != PictureFormat::Jpeg2000)
         initializeMagick();
 }

@@ -9,6 +9,8 @@
 #include <QCheckBox>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace velmarin::test {
 namespace {
 
@@ -151,6 +153,8 @@ TEST(Windows, WhatCannotBeReadOfAGroupIsToldWithItsNameAndStays) {
     EXPECT_TRUE(run.canvas().hasImage());
     run.pick("Good");
     EXPECT_TRUE(std::filesystem::is_symlink(run.groupFolder("Unread") / "DictionaryPreferences.txt"));
+    EXPECT_EQ(std::ranges::count_if(run.host.messages, [](const auto& text) { return text.ends_with("not replaced"); }),
+              1);
 }
 
 TEST(Windows, AnOpeningIsStoppedByEscapeOrTheCloseOfTheWindow) {

@@ -81,7 +81,7 @@ TEST(ReadGroup, GivesTheDictionariesInDisplayOrder) {
         const TempFolder folder;
         int calls = 0;
         const auto count = [&](std::size_t, std::size_t) { return ++calls > 0; };
-        const Group read = readGroup(FolderItem(each.group.writeTo(folder.path())), {.goesOn = count});
+        const Group read = readGroup(FolderItem(each.group.writeTo(folder.path())), {.onProgress = count});
         EXPECT_EQ(shown(read), each.shown);
         EXPECT_GE(calls, static_cast<int>(read.dictionaries.size()));
     }
@@ -135,7 +135,7 @@ TEST(ReadGroup, StopsWhenItIsTold) {
             before = done;
             return done < last;
         };
-        const Group read = readGroup(own, {.findTxtLines = true, .goesOn = until});
+        const Group read = readGroup(own, {.findTxtLines = true, .onProgress = until});
         EXPECT_EQ(read.stopped, last <= 26u);
         EXPECT_EQ(read.dictionaries.size(), std::min<std::size_t>(last, 26u));
     }

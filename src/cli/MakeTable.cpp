@@ -76,9 +76,14 @@ std::string problemOf(std::string_view text, const SeparatedValues& table) {
 }
 
 std::optional<SeparatedValues> readTable(const std::string& path, Session& session) {
-    const auto text = readWholeFile(FolderItem(path));
-    auto table = text ? std::optional(SeparatedValues::parse(*text)) : std::nullopt;
-    const std::string problem = text ? problemOf(*text, *table) : "it could not be read";
+    const FolderItem file(path);
+    const auto text = file.isNil() ? std::nullopt : readWholeFile(file);
+    if (!text) {
+        session.couldNot(path + ": it could not be read: " + errorInWords(file.isNil() ? ENOENT : errno));
+        return std::nullopt;
+    }
+    SeparatedValues table = SeparatedValues::parse(*text);
+    const std::string problem = problemOf(*text, table);
     if (problem.empty())
         return table;
     session.couldNot(path + ": " + problem);
@@ -119,8 +124,7 @@ std::optional<Pages> pagesOfFile(const FolderItem& file, const NewPlace& place, 
 }
 
 std::optional<Pages> pagesOf(const std::string& source, const NewPlace& place, Session& session) {
-    const FolderItem item(source);
-    if (item.Exists() && !item.Directory())
+    if (const FolderItem item(source); !item.isNil() && item.Exists() && !item.Directory())
         return pagesOfFile(item, place, session);
     const auto folder = folderArgument(source, session);
     if (!folder)

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -33,9 +35,17 @@ class ReadingThreads {
         : book_(book), scan_(scan), taker_(taker), pages_(std::move(pages)), stop_(stop),
           words_(pages_.empty() ? nullptr : wordsFor(book.settings())) {
         const std::size_t cores = std::max(std::thread::hardware_concurrency(), 1U);
-        running_ = std::min(cores, pages_.size());
-        for (std::size_t i = running_; i > 0; --i)
-            threads_.emplace_back([this] { work(); });
+        const std::size_t wanted = std::min(cores, pages_.size());
+        running_ = wanted;
+        try {
+            while (threads_.size() < wanted)
+                threads_.emplace_back([this] { work(); });
+        } catch (const std::system_error&) { // fewer threads read as well
+            if (threads_.empty())
+                throw;
+            const std::lock_guard lock(mutex_);
+            running_ -= wanted - threads_.size();
+        }
     }
     ~ReadingThreads() { end(); }
     ReadingThreads(const ReadingThreads&) = delete;
@@ -56,6 +66,18 @@ class ReadingThreads {
     bool mayContinue() const { return !stop_ && !ended_; }
 
     void work() {
+        try {
+            readAll();
+        } catch (const std::exception& error) { // memory ended before the first page
+            const std::lock_guard lock(mutex_);
+            read_.emplace_back(0, ReadScanPage{.result = Failure{book_.folder(), error.what()}, .fatal = true});
+        }
+        const std::lock_guard lock(mutex_);
+        --running_;
+        changed_.notify_one();
+    }
+
+    void readAll() {
         ScanPageReader reader(book_, scan_, taker_, words_);
         for (std::size_t i = next_++; i < pages_.size() && mayContinue(); i = next_++) {
             PageOptions options = pageOptions(book_.settings().pages, pages_[i]);
@@ -67,9 +89,6 @@ class ReadingThreads {
             read_.emplace_back(pages_[i], std::move(page));
             changed_.notify_one();
         }
-        const std::lock_guard lock(mutex_);
-        --running_;
-        changed_.notify_one();
     }
 
     const BookFolder& book_;

@@ -178,6 +178,7 @@ TEST(Windows, AnOpeningIsStoppedByEscapeOrTheCloseOfTheWindow) {
         EXPECT_EQ(run.label("NoticeST").isVisible(), byKey) << "it says why there is no group";
         EXPECT_EQ(run.host.messages, std::vector<std::string>{});
         EXPECT_FALSE(std::filesystem::exists(preferences));
+        run.host.onYield = {};
     }
     run.window().bringToFront();
     run.pick("Many");

@@ -9,62 +9,61 @@
 #include <algorithm>
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 namespace velmarin {
 namespace {
 
+constexpr int kClippingRegion = 0x01;
+constexpr int kLongComment = 0xa1;
+
+/// Opcodes that draw nothing and whose operands have one length, with that length in bytes.
+constexpr std::pair<int, std::size_t> kFixedOperands[] = {
+    {0x00, 0},    // no operation
+    {0x1c, 0},    // highlighting
+    {0x1e, 0},    // default highlighting
+    {0x04, 1},    // text face
+    {0x03, 2},    // text font
+    {0x05, 2},    // text mode
+    {0x0d, 2},    // text size
+    {0x08, 2},    // pen mode
+    {0x15, 2},    // fraction of the pen position
+    {0x16, 2},    // extra width of characters
+    {0xa0, 2},    // short comment
+    {0x06, 4},    // extra width of spaces
+    {0x07, 4},    // pen size
+    {0x0b, 4},    // oval size
+    {0x0c, 4},    // origin
+    {0x0e, 4},    // old foreground color
+    {0x0f, 4},    // old background color
+    {0x1a, 6},    // foreground color
+    {0x1b, 6},    // background color
+    {0x1d, 6},    // highlight color
+    {0x1f, 6},    // color for arithmetic modes
+    {0x02, 8},    // background pattern
+    {0x09, 8},    // pen pattern
+    {0x0a, 8},    // fill pattern
+    {0x10, 8},    // text ratio
+    {0x0c00, 24}, // header
+};
+
 /// Skips the operands of an opcode that draws nothing. False for all others.
 bool skipOperands(PictReader& in, int opcode) {
-    switch (opcode) {
-    case 0x00: // no operation
-    case 0x1c: // highlighting
-    case 0x1e:
-        return true;
-    case 0x01: // clipping region
+    for (const auto& [known, bytes] : kFixedOperands)
+        if (opcode == known) {
+            in.skip(bytes);
+            return true;
+        }
+    if (opcode == kClippingRegion) {
         in.skipRegion();
         return true;
-    case 0x04: // text face
-        in.skip(1);
-        return true;
-    case 0x03: // text font, mode, size
-    case 0x05:
-    case 0x0d:
-    case 0x08: // pen mode
-    case 0x15: // fraction of the pen position
-    case 0x16: // extra width of characters
-    case 0xa0: // short comment
-        in.skip(2);
-        return true;
-    case 0x06: // extra width of spaces
-    case 0x07: // pen size
-    case 0x0b: // oval size
-    case 0x0c: // origin
-    case 0x0e: // old colors
-    case 0x0f:
-        in.skip(4);
-        return true;
-    case 0x1a: // colors
-    case 0x1b:
-    case 0x1d:
-    case 0x1f:
-        in.skip(6);
-        return true;
-    case 0x02: // patterns
-    case 0x09:
-    case 0x0a:
-    case 0x10: // text ratio
-        in.skip(8);
-        return true;
-    case 0xa1: // long comment
+    }
+    if (opcode == kLongComment) {
         in.skip(2);
         in.skip(static_cast<std::size_t>(in.word()));
         return true;
-    case 0x0c00: // header
-        in.skip(24);
-        return true;
-    default:
-        return false;
     }
+    return false;
 }
 
 /// Draws the pixel maps of a PICT, a single one or one per band, as scanning programs write them. GraphicsMagick draws
